@@ -1,0 +1,21 @@
+#pragma once
+
+#include "common/program_values.h"
+#include "platform/record_set.h"
+
+namespace saldoro {
+
+/**
+ * Composes the statement of the payment that @p fatture, an open set of the ledger's payments,
+ * stands on: labelled lines joined by CR LF, in the layout for professionals when the kind is
+ * exactly "P" and in the one for companies otherwise. The text goes to values.TestoPagamento and
+ * the payment's gross amount is added to values.TotaleLiquidato; other amounts count only for
+ * professionals.
+ *
+ * Null texts and dates read as empty, a null AltriImporti01 as 0. Any other null throws
+ * DatabaseError, a sum beyond the currency range OverflowError; both name the payment as far as
+ * its number is known and leave @p values as they were.
+ */
+void ComponiTestoPagamento(RecordSet &fatture, ProgramValues &values);
+
+} // namespace saldoro
