@@ -1,0 +1,41 @@
+# Warnings, sanitizers and the shared settings of every target of the project.
+
+add_library(saldoro_settings INTERFACE)
+target_include_directories(saldoro_settings INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_definitions(saldoro_settings INTERFACE
+  QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+target_compile_options(saldoro_settings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wduplicated-cond -Wlogical-op)
+if(SALDORO_STRICT)
+  target_compile_options(saldoro_settings INTERFACE -Werror)
+endif()
+if(SALDORO_SANITIZE)
+  target_compile_options(saldoro_settings INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(saldoro_settings INTERFACE -fsanitize=address,undefined)
+endif()
+if(SALDORO_COVERAGE)
+  target_compile_options(saldoro_settings INTERFACE --coverage -O0)
+  target_link_options(saldoro_settings INTERFACE --coverage)
+endif()
+
+# saldoro_library(<folder> SOURCES ... LIBS ...): the one library of a folder under src/.
+function(saldoro_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+  # BOOTSTRAP: sources not written yet are left out.
+  foreach(source IN LISTS ARG_SOURCES)
+    if(NOT EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${source})
+      list(REMOVE_ITEM ARG_SOURCES ${source})
+      message(STATUS "${name}: ${source} not there yet")
+    endif()
+  endforeach()
+  if(NOT ARG_SOURCES)
+    add_library(saldoro_${name} INTERFACE)
+    target_link_libraries(saldoro_${name} INTERFACE saldoro_settings ${ARG_LIBS})
+    return()
+  endif()
+  add_library(saldoro_${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(saldoro_${name} PUBLIC saldoro_settings ${ARG_LIBS})
+endfunction()

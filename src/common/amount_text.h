@@ -1,0 +1,36 @@
+#pragma once
+
+#include "common/currency.h"
+
+#include <QString>
+
+namespace saldoro {
+
+/**
+ * The amount in Italian notation whatever the machine's settings: "." between groups of three
+ * digits, "," before exactly two decimals, a leading minus sign for every negative value. The
+ * four decimals held are rounded half away from zero: 0,005 shows 0,01 and -0,005 shows -0,01.
+ */
+QString FormatImporto(Currency amount);
+
+/** "€ " followed by FormatImporto, or the empty text for an amount of exactly zero. */
+QString FormatImportoEuro(Currency amount);
+
+/** Rewrites an amount in Italian notation to plain form: every "." goes, then the first "," turns
+ *  into "."; later commas stay. The argument is rewritten and also returned. */
+QString PuntoDecimale(QString &text);
+
+/**
+ * Reads an amount in Italian notation: PuntoDecimale on the argument (which stays rewritten), then
+ * LeadingNumber, converted to currency. A text without a number gives 0. Throws OverflowError
+ * beyond the currency range.
+ */
+Currency ImportoDaTesto(QString &text);
+
+/** The same for a text that is not to be rewritten. */
+Currency ImportoDaTesto(QString &&text);
+
+/** A text made safe between single quotes in a criterion: every apostrophe doubled. */
+QString RaddoppiaApici(const QString &text);
+
+} // namespace saldoro

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "common/program_values.h"
+
+#include <QString>
+
+namespace saldoro {
+
+/**
+ * The shared archives tree of the suite. Every path is ArchiveRoot followed by one of these, then
+ * plain concatenation; nothing adds or removes a separator. Only the three marked "used" matter to
+ * this program, the others are names of the tree that must not be given another sense.
+ */
+namespace ArchiveFolders {
+inline constexpr QStringView Zelt = u"\\ARCHIVI.QX\\ZELT";
+inline constexpr QStringView Lavori = u"\\ARCHIVI.QX\\ZELT\\LAVORI";
+inline constexpr QStringView Update = u"\\ARCHIVI.QX\\ZELT\\UPDATE";           // used
+inline constexpr QStringView Appalti = u"\\ARCHIVI.QX\\ZELT\\LAVORI\\APPALTI"; // used
+inline constexpr QStringView TxtBase = u"\\ARCHIVI.QX\\ZELT\\LAVORI\\TXTBASE";
+inline constexpr QStringView Rubriche = u"\\ARCHIVI.QX\\ZELT\\LAVORI\\RUBRICHE";
+inline constexpr QStringView Tabelle = u"\\ARCHIVI.QX\\ZELT\\LAVORI\\TABELLE"; // used
+inline constexpr QStringView Person = u"\\ARCHIVI.QX\\ZELT\\PERSON";
+inline constexpr QStringView Ente = u"\\ARCHIVI.QX\\ZELT\\PERSON\\ENTE";
+inline constexpr QStringView Utenti = u"\\ARCHIVI.QX\\ZELT\\PERSON\\UTENTI";
+inline constexpr QStringView Setup = u"\\ARCHIVI.QX\\ZELT\\PERSON\\SETUP";
+inline constexpr QStringView Internet = u"\\ARCHIVI.QX\\ZELT\\INTERNET";
+inline constexpr QStringView Publicazione = u"\\ARCHIVI.QX\\ZELT\\INTERNET\\PUBLICAZIONE";
+inline constexpr QStringView LavoriInCorso = u"\\ARCHIVI.QX\\ZELT\\INTERNET\\LAVORIINCORSO";
+} // namespace ArchiveFolders
+
+/** Folder of the current contract project, without a trailing backslash. */
+QString ProjectFolder(const ProgramValues &values);
+
+/** The payment ledger of the project, "...\Saldoro.mdb". */
+QString LedgerPath(const ProgramValues &values);
+/** The contract database of the project, "...\Appalto.mdb". */
+QString ContractPath(const ProgramValues &values);
+/** The companies database of the project, "...\AZIDB.mdb". */
+QString CompaniesPath(const ProgramValues &values);
+/** The codes database shared by all projects, "...\chiavi.mdb". */
+QString CodesPath(const ProgramValues &values);
+/** The update folder, with its trailing backslash. */
+QString UpdateFolder(const ProgramValues &values);
+
+} // namespace saldoro

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <compare>
+
+namespace saldoro {
+
+/**
+ * An amount of money: signed 64-bit fixed point with four decimals, held as a count of
+ * ten-thousandths. All arithmetic is exact; a result beyond the range throws OverflowError.
+ */
+class Currency
+{
+public:
+    constexpr Currency() = default;
+
+    /** The value of @p tenThousandths / 10,000. */
+    static constexpr Currency fromScaled(qint64 tenThousandths)
+    {
+        Currency result;
+        result.m_scaled = tenThousandths;
+        return result;
+    }
+
+    /** A whole number of euros; throws OverflowError beyond the range. */
+    static Currency fromWhole(qint64 euros);
+
+    /** Nearest ten-thousandth of @p value, ties to even. Throws OverflowError beyond the range
+     *  and for a value that is no number. */
+    static Currency fromDouble(double value);
+
+    /** The count of ten-thousandths, as stored in the databases. */
+    constexpr qint64 scaled() const { return m_scaled; }
+
+    /** Nearest double; exact only up to 2^53 ten-thousandths. For rates and percentages, never
+     *  for sums. */
+    double toDouble() const;
+
+    Currency operator+(Currency other) const;
+    Currency operator-(Currency other) const;
+    Currency &operator+=(Currency other) { return *this = *this + other; }
+
+    constexpr auto operator<=>(const Currency &) const = default;
+
+private:
+    qint64 m_scaled = 0;
+};
+
+} // namespace saldoro

@@ -1,0 +1,19 @@
+#include "common/ending.h"
+
+namespace saldoro {
+
+namespace {
+bool endingNow = false; // user-interface thread only
+} // namespace
+
+bool IsEnding()
+{
+    return endingNow;
+}
+
+void SetEnding(bool ending)
+{
+    endingNow = ending;
+}
+
+} // namespace saldoro

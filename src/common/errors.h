@@ -1,0 +1,103 @@
+#pragma once
+
+#include <QList>
+#include <QPair>
+#include <QString>
+
+#include <exception>
+
+namespace saldoro {
+
+/**
+ * Root of every error of the program. Its text is Italian and meant for the person at the screen:
+ * what happened, where (file, table, field, payment...) and what to do about it.
+ *
+ * Code lets these pass; only the last-resort handler around the event loop shows them.
+ */
+class SaldoroError : public std::exception
+{
+public:
+    /** @param problem one Italian sentence saying what is wrong.
+     *  @param remedy one Italian sentence saying what the user can do; may be empty. */
+    explicit SaldoroError(QString problem, QString remedy = {});
+
+    /** Adds a line such as "Pagamento: 12". A label that is already present is kept as it is, so
+     *  the place nearest to the fault wins. */
+    void addDetail(const QString &label, const QString &value);
+
+    const QString &problem() const { return m_problem; }
+    const QString &remedy() const { return m_remedy; }
+
+    /** Value of a detail line, or an empty text when there is none of that label. */
+    QString detail(const QString &label) const;
+
+    /** The whole report: problem, details one a line, remedy. */
+    QString message() const;
+
+    /** The same report in UTF-8; valid as long as the error. */
+    const char *what() const noexcept override;
+
+private:
+    QString m_problem;
+    QString m_remedy;
+    QList<QPair<QString, QString>> m_details;
+    mutable QByteArray m_what;
+};
+
+/** A result that a currency value, a counter or a whole number cannot hold. */
+class OverflowError : public SaldoroError
+{
+public:
+    using SaldoroError::SaldoroError;
+};
+
+/** An index beyond the bounds of a fixed table, such as the pick list of cost items. */
+class BoundsError : public SaldoroError
+{
+public:
+    using SaldoroError::SaldoroError;
+};
+
+/** A file other than a database that cannot be read or written. */
+class FileError : public SaldoroError
+{
+public:
+    /** @param path the machine's path of the file, shown as detail "File". */
+    FileError(const QString &path, const QString &problem, const QString &remedy = {});
+};
+
+/** What a database operation can run into. */
+enum class DatabaseFault
+{
+    FileMissing,       ///< no such file, or its folder is missing
+    FileExists,        ///< creation found a file of that name
+    NotADatabase,      ///< the file is there but is no database, or is damaged
+    Locked,            ///< another program kept the file for the whole time-out
+    ReadOnly,          ///< the file, the medium or the record set accepts no change
+    DiskFull,          ///< no room left, or an input/output failure
+    TableMissing,      ///< the query names a table that the file does not hold
+    FieldMissing,      ///< no field of that name in the record set
+    SyntaxError,       ///< a query or criterion that cannot be read
+    NoCurrentRecord,   ///< a field was asked for without a current record
+    NullValue,         ///< a null was read where a value is needed
+    TypeMismatch,      ///< the stored or given value is not of the type asked for
+    FieldTooSmall,     ///< a text longer than its field, or a number beyond its range
+    ZeroLengthRefused, ///< an empty text for a field that does not accept one
+    RecordGone,        ///< the record was deleted meanwhile by another program
+    Other              ///< anything else that the engine reports
+};
+
+/** A failure of the database layer; details "File", "Tabella" and "Campo" as far as known. */
+class DatabaseError : public SaldoroError
+{
+public:
+    DatabaseError(DatabaseFault fault, const QString &file, const QString &table = {},
+                  const QString &field = {}, const QString &extra = {});
+
+    DatabaseFault fault() const { return m_fault; }
+
+private:
+    DatabaseFault m_fault;
+};
+
+} // namespace saldoro

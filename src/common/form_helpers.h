@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace saldoro {
+
+/** Twips are twentieths of a point, 1,440 to the inch; the size in pixels of the screen that
+ *  @p widget is on. */
+int TwipsToPixels(int twips, const QWidget &widget);
+
+/** Keeps a window above all windows that are not topmost, for its lifetime. Its size is kept; it
+ *  moves to the top-left corner of the screen, so callers centre it right afterwards. To be called
+ *  before the window is shown. */
+void SetTopMost(QWidget &window);
+
+/** Centres a window on its screen: half the screen's size minus half the window's, which is
+ *  negative for a window larger than the screen. */
+void CentraForm(QWidget &form);
+
+/** The key code of Enter, as handed to InvioTab. */
+inline constexpr int EnterKeyCode = 13;
+
+/** For Enter, sends a Tab keystroke to the active window, so that the focus moves on once the
+ *  present key press has been handled, and returns 0; any other code is returned unchanged. */
+int InvioTab(int keyCode);
+
+/** Asks a question with Yes and No, No being preset, under the application's title; true when the
+ *  answer is Yes. */
+bool ChiediConferma(const QString &question);
+
+} // namespace saldoro

@@ -1,0 +1,65 @@
+#include "common/message_box.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <utility>
+
+namespace saldoro {
+
+namespace {
+
+MessageAnswerer &currentAnswerer()
+{
+    static MessageAnswerer answerer;
+    return answerer;
+}
+
+QMessageBox::Icon iconOf(MessageKind kind)
+{
+    switch (kind) {
+    case MessageKind::Information:
+        return QMessageBox::Information;
+    case MessageKind::Critical:
+        return QMessageBox::Critical;
+    case MessageKind::Question:
+        return QMessageBox::Question;
+    }
+    return QMessageBox::NoIcon;
+}
+
+MessageAnswer ask(QMessageBox &box)
+{
+    QPushButton *yes = box.addButton(QStringLiteral("&Sì"), QMessageBox::YesRole);
+    QPushButton *no = box.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
+    box.setDefaultButton(no);
+    box.setEscapeButton(no);
+    box.exec();
+    return box.clickedButton() == yes ? MessageAnswer::Yes : MessageAnswer::No;
+}
+
+} // namespace
+
+MessageAnswer ShowMessage(MessageKind kind, const QString &text)
+{
+    if (currentAnswerer())
+        return currentAnswerer()(kind, text);
+    QMessageBox box(iconOf(kind), QApplication::applicationDisplayName(), text,
+                    QMessageBox::NoButton, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    // The program's windows stay above others; a box below them could not be answered.
+    box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    if (kind == MessageKind::Question)
+        return ask(box);
+    box.addButton(QMessageBox::Ok);
+    box.exec();
+    return MessageAnswer::Ok;
+}
+
+MessageAnswerer ReplaceMessageBoxes(MessageAnswerer answerer)
+{
+    return std::exchange(currentAnswerer(), std::move(answerer));
+}
+
+} // namespace saldoro

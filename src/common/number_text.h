@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+namespace saldoro {
+
+/**
+ * Lenient reading of the number that a text begins with, used wherever a typed number is taken:
+ * blanks (space, tab, line ends) are ignored anywhere, then an optional sign, digits with at most
+ * one "." and an optional exponent are read up to the first character that cannot continue the
+ * number. No number gives 0. A number beyond the range of a double gives infinity.
+ */
+double LeadingNumber(const QString &text);
+
+/** Plain decimal text of a rate: "." as decimal point, up to 15 significant digits, no blanks, no
+ *  trailing zeros, e.g. 22, 22.5, 0.5. */
+QString RateText(double value);
+
+/** A whole number in signed form: one blank in front of a number that is not negative. */
+QString SignedNumberText(qint32 value);
+
+} // namespace saldoro

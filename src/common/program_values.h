@@ -1,0 +1,28 @@
+#pragma once
+
+#include "common/currency.h"
+
+#include <QString>
+
+namespace saldoro {
+
+/** The values that live for a whole run and are shared by its parts; passed in, never global. */
+struct ProgramValues
+{
+    /** In front of every archive path; no trailing backslash; may be empty. */
+    QString ArchiveRoot;
+    /** Code of the contract project, also the name of its folder; taken verbatim. */
+    QString ProjectCode;
+    /** The program's own build text, e.g. 10167. */
+    QString ProgramBuild;
+    /** Number of the payment that the next invoice form opens or creates. */
+    qint32 CurrentPaymentNumber = 0;
+    /** Mandate note composed by the last save of an invoice form. */
+    QString MandateText;
+    /** Statement of the payment that was composed last. */
+    QString TestoPagamento;
+    /** Running sum of the payments of one kind. */
+    Currency TotaleLiquidato;
+};
+
+} // namespace saldoro

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+namespace saldoro {
+
+/** Number of characters (code points) of a text; a character beyond the basic plane is one. */
+qsizetype CharacterCount(const QString &text);
+
+/** The first @p count characters, the whole text when it has fewer. Never splits a character. */
+QString LeftCharacters(const QString &text, qsizetype count);
+
+/** The text cut or padded on the right with blanks to exactly @p width characters. */
+QString FixedWidth(const QString &text, qsizetype width);
+
+} // namespace saldoro
