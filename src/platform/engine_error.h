@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+namespace saldoro {
+
+/** Beginning of the names of the constraints that refuse empty texts; the field's name follows. */
+inline constexpr QStringView ZeroLengthConstraint = u"ZeroLength ";
+
+/**
+ * Throws the DatabaseError that stands for the result code @p code of the engine.
+ *
+ * @param message the engine's own words; names of tables and fields are taken from them.
+ * @param path the file, as a path of the machine.
+ * @param table the table in work, or empty when several or none.
+ */
+[[noreturn]] void ThrowEngineError(int code, const QString &message, const QString &path,
+                                   const QString &table);
+
+} // namespace saldoro

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/database.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace saldoro {
+
+/**
+ * Creates an empty payment ledger, the file "\Saldoro.mdb" in @p projectFolder (an archive path
+ * without a trailing backslash). The folder must exist. Tables `Fatture` and `Spese`, no keys, no
+ * indexes. A failure in between leaves the file as it is. Returns the open ledger, which the
+ * program keeps until it ends; everyone else opens the file anew.
+ */
+Database CreateLedgerDatabase(const QString &projectFolder);
+
+/** Most characters of the ledger's text columns, for entry fields and writers. */
+namespace LedgerSize {
+inline constexpr int Creditore = 60;
+inline constexpr int NFat = 10;
+inline constexpr int Descrizione = 50;
+inline constexpr int Cod = 10;
+} // namespace LedgerSize
+
+} // namespace saldoro

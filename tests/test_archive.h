@@ -1,0 +1,34 @@
+#pragma once
+
+#include "archive_builder.h"
+#include "common/archive_folders.h"
+
+#include <QTemporaryDir>
+
+namespace saldoro {
+
+/** A temporary archive with one project, and its databases as text for comparison. */
+class TestArchive
+{
+public:
+    explicit TestArchive(const QString &projectCode = QStringLiteral("00112"));
+
+    ArchiveBuilder &build() { return m_builder; }
+    const ProgramValues &values() const { return m_builder.values(); }
+
+    /** Rows of @p sql on an archive path, one a line, cells joined by "|"; a null reads "-", a
+     *  currency value its count of ten-thousandths, a date as stored. Read with the engine's own
+     *  calls, past the database layer. */
+    QString rows(const QString &archivePath, const QString &sql) const;
+    QString ledgerRows(const QString &sql) const { return rows(LedgerPath(values()), sql); }
+    QString contractRows(const QString &sql) const { return rows(ContractPath(values()), sql); }
+
+    /** Runs one statement past the database layer, to plant what other programs may leave. */
+    void execute(const QString &archivePath, const QString &sql) const;
+
+private:
+    QTemporaryDir m_folder;
+    ArchiveBuilder m_builder;
+};
+
+} // namespace saldoro
