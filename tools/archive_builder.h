@@ -2,6 +2,7 @@
 
 #include "common/currency.h"
 #include "common/program_values.h"
+#include "platform/database.h"
 #include "platform/record_set.h"
 
 #include <QList>
@@ -15,6 +16,33 @@ namespace saldoro {
 /** Field names and what to write into them. */
 using FieldList = QList<QPair<QString, NewValue>>;
 
+/** A row of a codes table: the program's own code, the suite's code and its description. */
+struct CodeMapping
+{
+    QString internalCode;
+    QString externalCode;
+    QString description;
+};
+
+/** All internal codes that the program uses, with made-up external ones. */
+QList<CodeMapping> StandardCodes();
+
+/** Adds rows to one table whose file stays open meanwhile; each row is on disk when add() returns.
+ */
+class RowAppender
+{
+public:
+    /** @p path is an archive path. */
+    RowAppender(const QString &path, const QString &table);
+
+    /** A new row; fields not named stay null. */
+    void add(const FieldList &fields);
+
+private:
+    Database m_database;
+    RecordSet m_records;
+};
+
 /**
  * Makes archives as the suite would: the folder tree below a root, the suite's databases with
  * their tables, an empty ledger, and rows in all of them. Serves the demo archive and the tests.
@@ -26,12 +54,12 @@ public:
     /** Makes the folders and empty databases of a project below @p root (a machine path). */
     ArchiveBuilder(const QString &root, const QString &projectCode);
 
-    /** ArchiveRoot, ProjectCode and build text for programs that work on this archive. */
+    /** ArchiveRoot and ProjectCode for programs that work on this archive. */
     const ProgramValues &values() const { return m_values; }
 
     void addCode(const QString &internalCode, const QString &externalCode,
                  const QString &description);
-    /** The internal codes that the program uses, mapped to made-up external ones. */
+    /** The codes of StandardCodes(). */
     void addStandardCodes();
     /** A row of the contract sheet; fields not named stay null. */
     void addSheetItem(const FieldList &fields);

@@ -1,0 +1,61 @@
+#include "store/ledger.h"
+
+#include "platform/table_def.h"
+
+namespace saldoro {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr QStringView LedgerLocale = u";LANGID=0x0409;CP=1252;COUNTRY=0";
+
+void appendEmptiable(TableDef &table, const QString &name, FieldType type, int size = 0)
+{
+    table.appendField(name, type, size);
+    table.field(name).allowZeroLength = true;
+}
+
+TableDef paymentsTable()
+{
+    TableDef table(u"Fatture"_s);
+    table.appendField(u"AziProf"_s, FieldType::Text, 1);
+    table.appendField(u"Npag"_s, FieldType::Long);
+    table.appendField(u"Creditore"_s, FieldType::Text, LedgerSize::Creditore);
+    appendEmptiable(table, u"NFat"_s, FieldType::Text, LedgerSize::NFat);
+    appendEmptiable(table, u"Del"_s, FieldType::Date);
+    appendEmptiable(table, u"Memo"_s, FieldType::Memo);
+    appendEmptiable(table, u"Descrizione"_s, FieldType::Text, LedgerSize::Descrizione);
+    for (const QString &amount :
+         {u"Aliquota"_s, u"Importo"_s, u"ImportoIVA"_s, u"AliquotaRA"_s, u"ImportoPrest"_s,
+          u"Contributo"_s, u"CassaPrev"_s, u"ImportoRA"_s, u"AltriImporti01"_s}) {
+        table.appendField(amount, FieldType::Currency);
+    }
+    return table;
+}
+
+TableDef allocationsTable()
+{
+    TableDef table(u"Spese"_s);
+    table.appendField(u"RelNpag"_s, FieldType::Long);
+    table.appendField(u"Cod"_s, FieldType::Text, LedgerSize::Cod);
+    table.appendField(u"Descrizione"_s, FieldType::Text, LedgerSize::Descrizione);
+    table.appendField(u"Importo"_s, FieldType::Currency);
+    return table;
+}
+
+} // namespace
+
+Database CreateLedgerDatabase(const QString &projectFolder)
+{
+    const QString path = projectFolder + u"\\Saldoro.mdb"_s;
+    // The file is made and let go of, then opened as everyone else opens it: whatever stands in
+    // the way of that shows here and not at the first payment.
+    Database::create(path, LedgerLocale.toString()).close();
+    Database ledger = Database::open(path);
+    ledger.appendTableDef(paymentsTable());
+    ledger.appendTableDef(allocationsTable());
+    return ledger;
+}
+
+} // namespace saldoro
