@@ -1,0 +1,27 @@
+#pragma once
+
+#include "common/program_values.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace saldoro {
+
+/** The contractor of the contract. */
+struct Contractor
+{
+    /** Identity in the register of companies; 0 or less when there is no link, -1 when the
+     *  contract sheet names no contractor. */
+    qint32 IdImpresa = -1;
+    /** The creditor that a new payment starts with; no value when no contractor is named. */
+    std::optional<QString> name;
+    /** Whether it is an association of companies, whose principals may be listed. */
+    bool isAssociation = false;
+};
+
+/** Looks the contractor up in the contract sheet and, when linked, in the register of companies.
+ *  A contractor without a link value (null) throws NullValue; database errors pass. */
+Contractor LoadContractor(const ProgramValues &values);
+
+} // namespace saldoro

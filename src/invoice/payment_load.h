@@ -1,0 +1,21 @@
+#pragma once
+
+#include "common/program_values.h"
+#include "invoice/amount_chain.h"
+#include "invoice/payment_record.h"
+#include "platform/text_table.h"
+
+namespace saldoro {
+
+/**
+ * Reads a payment into an invoice form. @p record comes with what the form shows before (for a
+ * company the contractor's name as creditor), @p grid prepared with its header alone.
+ *
+ * A number that the ledger does not hold is a new payment: it takes the notes of the last payment
+ * stored and keeps everything else. Allocations and mandate note are read in both cases. An amount
+ * that is null shows as the empty text and counts as 0 in the totals. Database errors pass.
+ */
+void LoadPagamento(const ProgramValues &values, qint32 paymentNumber, PaymentRecord &record,
+                   AmountChain &amounts, TextTable &grid);
+
+} // namespace saldoro
