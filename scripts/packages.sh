@@ -1,0 +1,34 @@
+# Sourced by the other scripts: which Debian packages each kind of work needs, and how to get those
+# that are missing.
+
+BUILD_PACKAGES=(build-essential cmake ninja-build qt6-base-dev qt6-base-dev-tools libsqlite3-dev
+    fonts-dejavu-core)
+TEST_PACKAGES=(git clang-format clang-tidy libreoffice-writer-nogui pandoc python3)
+BENCH_PACKAGES=(libbenchmark-dev)
+PICTURE_PACKAGES=(xvfb openbox xdotool imagemagick)
+
+# need_packages NAME... installs those that are not there yet.
+need_packages() {
+    local missing=() name
+    for name in "$@"; do
+        [ "$(dpkg-query -W -f '${Status}' "$name" 2>/dev/null)" = 'install ok installed' ] \
+            || missing+=("$name")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || {
+            printf 'Mancano i pacchetti: %s\nInstallarli come amministratore (apt-get install) e riprovare.\n' \
+                "${missing[*]}" >&2
+            return 1
+        }
+        as_root=(sudo)
+    fi
+    printf 'Installazione dei pacchetti mancanti: %s\n' "${missing[*]}"
+    if ! { "${as_root[@]}" apt-get -qq update \
+        && "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get -qq install -y --no-install-recommends "${missing[@]}" >/dev/null; }; then
+        printf 'I pacchetti mancanti non sono stati installati: controllare la connessione e le fonti dei pacchetti.\n' >&2
+        return 1
+    fi
+}

@@ -1,0 +1,44 @@
+#!/usr/bin/env bash
+# Everything that must hold before a change goes in: installs what is missing, builds with warnings
+# as errors, runs the tests twice (plain, and under address and undefined-behaviour sanitizers) and
+# checks formatting, static analysis and the rules of the house.
+#
+#   scripts/test.sh            all of it
+#   scripts/test.sh --quick    plain build and tests only
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+
+started=$SECONDS
+step() { printf '\n== %s (%d s)\n' "$1" "$((SECONDS - started))"; }
+
+step 'packages'
+need_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
+launcher=()
+if command -v ccache >/dev/null; then
+    export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+    launcher=(-DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+fi
+
+build_and_test() { # PRESET [CMAKE OPTION...]
+    cmake --preset "$1" "${launcher[@]}" "${@:2}" >"build/$1.configure.log" 2>&1 || {
+        cat "build/$1.configure.log"
+        return 1
+    }
+    cmake --build --preset "$1"
+    ctest --preset "$1" --parallel "$(nproc)"
+}
+
+mkdir -p build
+step 'build and tests'
+build_and_test dev
+[ "${1:-}" = --quick ] && exit 0
+
+step 'build and tests under sanitizers'
+# Whole folders are compiled at once here: the same code in a third of the time.
+build_and_test sanitize -DCMAKE_UNITY_BUILD=ON
+
+step 'lint'
+scripts/lint.sh build/dev
+
+step 'done'
