@@ -5,6 +5,7 @@ BUILD_PACKAGES=(build-essential cmake ninja-build qt6-base-dev qt6-base-dev-tool
     fonts-dejavu-core)
 TEST_PACKAGES=(git clang-format clang-tidy libreoffice-writer-nogui pandoc python3)
 BENCH_PACKAGES=(libbenchmark-dev)
+WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix dpkg-dev tcl perl wine wine64 zip nsis fonts-dejavu-core)
 PICTURE_PACKAGES=(xvfb openbox xdotool imagemagick)
 
 # need_packages NAME... installs those that are not there yet.

@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# Cross-builds a stand-alone 64-bit Saldoro.exe on Debian 12, runs the tests under Wine off screen,
+# and packs a zip and an installer.
+#
+#   scripts/build-windows.sh [FOLDER]     default build/windows; the toolkit is kept beside it
+#
+# The first run builds the toolkit too (about a quarter of an hour); later ones take minutes.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+build=${1:-build/windows}
+toolkit=$PWD/build/windows-toolkit
+
+step() { printf '\n== %s\n' "$*"; }
+fail() {
+    printf 'build-windows: %s\n' "$*" >&2
+    exit 1
+}
+
+step 'packages'
+need_packages "${BUILD_PACKAGES[@]}" "${WINDOWS_PACKAGES[@]}"
+
+step 'toolkit'
+scripts/windows-toolkit.sh "$toolkit"
+export SALDORO_WINDOWS_TOOLKIT=$toolkit/qt
+
+step 'configure and build'
+cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+    -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/windows-toolchain.cmake" \
+    -DCMAKE_PREFIX_PATH="$toolkit/qt" -DQT_HOST_PATH=/usr \
+    -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake -Wno-dev
+cmake --build "$build"
+
+step 'only system libraries are needed'
+imports=$(x86_64-w64-mingw32-objdump -p "$build/src/app/Saldoro.exe" | sed -n 's/.*DLL Name: //p')
+printf '%s\n' "$imports"
+if grep -iE 'qt6|libstdc|libgcc|winpthread|sqlite' <<<"$imports"; then
+    fail 'Saldoro.exe needs a library that Windows does not have'
+fi
+
+step 'tests under Wine'
+export WINEPREFIX=$PWD/$build/wine WINEDEBUG=-all WINEARCH=win64
+export WINEQT_QPA_PLATFORM=offscreen WINEQT_FORCE_STDERR_LOGGING=1
+scripts/wine-prefix.sh "$WINEPREFIX"
+ctest --test-dir "$build" --output-on-failure --parallel 2
+
+step 'zip and installer'
+(cd "$build" && cpack -G 'ZIP;NSIS')
+ls -l "$build"/*.zip "$build"/*.exe
