@@ -34,7 +34,10 @@ struct Cell
 class CellTable
 {
 public:
-    explicit CellTable(int columnCount = 0) : m_columnCount(static_cast<size_t>(columnCount)) {}
+    explicit CellTable(int columnCount = 0)
+        : m_columnCount(static_cast<size_t>(columnCount))
+    {
+    }
 
     int columnCount() const { return static_cast<int>(m_columnCount); }
     int rowCount() const

@@ -24,7 +24,7 @@ struct ColumnInfo
     ColumnKind kind = ColumnKind::Undeclared;
     int size = 0; ///< most characters of a text, 0 without a bound
     bool allowsZeroLength = true;
-    bool isGenerated = false;     ///< computed by the file, never written
+    bool isGenerated = false;      ///< computed by the file, never written
     bool hasRequiredValue = false; ///< not null, but with a default of the file's own
 };
 

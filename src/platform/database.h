@@ -37,7 +37,15 @@ public:
     /** As open(), but no change can reach the file through it. */
     static Database openReadOnly(const QString &path);
 
-    /** Adds an empty table with the fields of @p table in their order. */
+    Database(Database &&other) noexcept;
+    /** Closes what was open here before. */
+    Database &operator=(Database &&other) noexcept;
+    Database(const Database &) = delete;
+    Database &operator=(const Database &) = delete;
+    ~Database();
+
+    /** Adds an empty table with the fields of @p table in their order. Throws Other when the file
+     *  has a table of that name. */
     void appendTableDef(const TableDef &table);
 
     /** The names of the tables and stored queries in the file, in alphabetical order. */
@@ -51,6 +59,9 @@ public:
      */
     RecordSet openRecordSet(const QString &sql) const;
 
+    /** Waits @p milliseconds for a locked file from now on, instead of LockWaitMilliseconds. */
+    void setLockWait(int milliseconds);
+
     /** Closes the file; record sets opened from it keep what they have read but can't write. Also
      *  done by the destructor. */
     void close();
@@ -60,6 +71,7 @@ public:
 
 private:
     explicit Database(std::shared_ptr<DatabaseFile> file);
+    const std::shared_ptr<DatabaseFile> &file() const;
     std::shared_ptr<DatabaseFile> m_file;
 };
 

@@ -9,6 +9,7 @@ namespace saldoro {
 /** Whether changes can reach the file. */
 enum class FileAccess
 {
+    Create, ///< as ReadWrite; the file is empty and becomes a database without tables
     ReadWrite,
     ReadOnly
 };
@@ -42,7 +43,7 @@ public:
     [[noreturn]] void fail(int code, const QString &table) const;
 
 private:
-    void prepareConnection();
+    void connect(FileAccess access, int lockWaitMilliseconds);
 
     QString m_path;
     sqlite3 *m_handle = nullptr;

@@ -5,7 +5,7 @@
 namespace saldoro {
 
 /** Beginning of the names of the constraints that refuse empty texts; the field's name follows. */
-inline constexpr QStringView ZeroLengthConstraint = u"ZeroLength ";
+inline constexpr QLatin1StringView ZeroLengthConstraint("ZeroLength ");
 
 /**
  * Throws the DatabaseError that stands for the result code @p code of the engine.

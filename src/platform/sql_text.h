@@ -8,7 +8,7 @@ namespace saldoro {
 inline constexpr const char *TextCollationName = "SALDORO";
 
 /** The position of a record in its table, as the engine calls it. */
-inline constexpr QStringView RowIdName = u"_rowid_";
+inline constexpr QLatin1StringView RowIdName("_rowid_");
 
 /** A query as it goes to the engine. */
 struct EngineQuery

@@ -1,0 +1,53 @@
+#include "platform/machine_path.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStringList>
+
+namespace saldoro {
+
+#ifndef Q_OS_WIN
+namespace {
+
+/** The entry of @p folder that @p name means, or @p name itself when there is none. */
+QString entryFor(const QString &folder, const QString &name)
+{
+    if (QFileInfo::exists(folder + name))
+        return name;
+    const QStringList entries =
+        QDir(folder.isEmpty() ? QStringLiteral(".") : folder)
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System, QDir::Unsorted);
+    QString best;
+    for (const QString &entry : entries) {
+        if (entry.compare(name, Qt::CaseInsensitive) == 0 && (best.isNull() || entry < best))
+            best = entry;
+    }
+    return best.isNull() ? name : best;
+}
+
+} // namespace
+#endif
+
+QString MachinePath(const QString &archivePath)
+{
+#ifdef Q_OS_WIN
+    return archivePath;
+#else
+    const QString plain = QString(archivePath).replace(u'\\', u'/');
+    QString path = plain.startsWith(u'/') ? QStringLiteral("/") : QString();
+    const QStringList names = plain.split(u'/', Qt::SkipEmptyParts);
+    for (qsizetype place = 0; place < names.size(); ++place) {
+        path += entryFor(path, names[place]);
+        if (place + 1 < names.size())
+            path += u'/';
+    }
+    return path;
+#endif
+}
+
+bool ArchivePathExists(const QString &archivePath)
+{
+    return QFileInfo::exists(MachinePath(archivePath));
+}
+
+} // namespace saldoro

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/column_info.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+namespace saldoro {
+
+class DatabaseFile;
+
+/** Whether the file has a table (not a stored query) of that name, letter case ignored. */
+bool HasTable(const std::shared_ptr<DatabaseFile> &file, const QString &table);
+
+/** Adds to @p columns of @p table what the writing of records has to know: which ones refuse empty
+ *  texts, which the file computes, which can't be left null. */
+void CompleteColumns(const std::shared_ptr<DatabaseFile> &file, const QString &table,
+                     std::vector<ColumnInfo> &columns);
+
+} // namespace saldoro

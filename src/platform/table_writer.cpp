@@ -1,0 +1,113 @@
+#include "platform/table_writer.h"
+
+#include "common/errors.h"
+#include "platform/database_file.h"
+#include "platform/sql_text.h"
+
+#include <QStringList>
+
+#include <optional>
+#include <utility>
+
+namespace saldoro {
+
+namespace {
+
+/** Runs a writing statement to its end and gives the row it returned, if any. */
+std::optional<WrittenRow> run(Statement &statement, size_t columnCount)
+{
+    std::optional<WrittenRow> row;
+    while (statement.step()) {
+        row = WrittenRow{statement.whole(0), CellTable(static_cast<int>(columnCount))};
+        statement.appendRow(row->cells, 1);
+    }
+    return row;
+}
+
+} // namespace
+
+TableWriter::TableWriter(std::shared_ptr<DatabaseFile> file, QString table,
+                         const std::vector<ColumnInfo> *columns)
+    : m_file(std::move(file))
+    , m_table(std::move(table))
+    , m_columns(columns)
+{
+}
+
+QString TableWriter::columnName(int column) const
+{
+    return QuotedName((*m_columns)[static_cast<size_t>(column)].name);
+}
+
+QString TableWriter::returning() const
+{
+    QStringList names{QString(RowIdName)};
+    for (const ColumnInfo &column : *m_columns)
+        names.append(QuotedName(column.name));
+    return QStringLiteral(" RETURNING ") + names.join(QStringLiteral(", "));
+}
+
+bool TableWriter::writesAtInsertion(int column, const RecordChanges &values) const
+{
+    const ColumnInfo &info = (*m_columns)[static_cast<size_t>(column)];
+    return values.contains(column) || !(info.isGenerated || info.hasRequiredValue);
+}
+
+WrittenRow TableWriter::insert(const RecordChanges &values) const
+{
+    QStringList names;
+    QStringList marks;
+    std::vector<StoredValue> written;
+    for (int column = 0; column < static_cast<int>(m_columns->size()); ++column) {
+        if (!writesAtInsertion(column, values))
+            continue;
+        const auto value = values.find(column);
+        names.append(columnName(column));
+        marks.append(QStringLiteral("?"));
+        written.push_back(value == values.end() ? StoredValue() : value->second);
+    }
+    const QString comma = QStringLiteral(", ");
+    Statement statement(m_file,
+                        QStringLiteral("INSERT INTO ") + QuotedName(m_table) + u'(' +
+                            names.join(comma) + QStringLiteral(") VALUES (") + marks.join(comma) +
+                            u')' + returning(),
+                        m_table);
+    for (size_t place = 0; place < written.size(); ++place)
+        statement.bind(static_cast<int>(place) + 1, written[place]);
+    std::optional<WrittenRow> row = run(statement, m_columns->size());
+    if (!row)
+        throw DatabaseError(DatabaseFault::Other, m_file->path(), m_table);
+    return std::move(*row);
+}
+
+WrittenRow TableWriter::update(qint64 rowId, const RecordChanges &changes) const
+{
+    QStringList settings;
+    for (const auto &[column, value] : changes)
+        settings.append(columnName(column) + QStringLiteral(" = ?"));
+    Statement statement(m_file,
+                        QStringLiteral("UPDATE ") + QuotedName(m_table) + QStringLiteral(" SET ") +
+                            settings.join(QStringLiteral(", ")) + QStringLiteral(" WHERE ") +
+                            RowIdName + QStringLiteral(" = ?") + returning(),
+                        m_table);
+    int position = 0;
+    for (const auto &[column, value] : changes)
+        statement.bind(++position, value);
+    statement.bind(++position, rowId);
+    std::optional<WrittenRow> row = run(statement, m_columns->size());
+    if (!row)
+        throw DatabaseError(DatabaseFault::RecordGone, m_file->path(), m_table);
+    return std::move(*row);
+}
+
+void TableWriter::remove(qint64 rowId) const
+{
+    Statement statement(m_file,
+                        QStringLiteral("DELETE FROM ") + QuotedName(m_table) +
+                            QStringLiteral(" WHERE ") + RowIdName + QStringLiteral(" = ?"),
+                        m_table);
+    statement.bind(1, rowId);
+    run(statement, m_columns->size());
+}
+
+} // namespace saldoro
