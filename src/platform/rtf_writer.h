@@ -18,9 +18,15 @@ struct RtfFont
 
 /**
  * Writes @p text as an RTF document of Italian text in one font to @p device, in pieces, so that
- * memory does not grow with the text. Characters outside the ASCII range are written as Unicode
- * with a fallback, control characters and braces are escaped, CR LF, CR and LF are one line break
- * each. Returns false when the device refuses a write.
+ * memory does not grow with the text. Returns false when the device refuses a write.
+ *
+ * The file is plain ASCII. Each CR LF, CR and LF is one \par; a text that ends in a line break
+ * gets one more, because word processors take the last \par for the end of the line before it.
+ * Characters beyond ASCII are \u numbers, in two halves beyond the basic plane, each with the byte
+ * of code page 1252, or "?", as a fallback for old readers; half a pair is written as U+FFFD.
+ * Braces and backslashes are escaped, tabs are \tab. The other control characters are byte
+ * escapes: readers may show or drop them, word processors drop those below the blank. NUL is left
+ * out, since some readers take it for the end of the text.
  */
 bool WriteRtf(QIODevice &device, const QString &text, const RtfFont &font);
 

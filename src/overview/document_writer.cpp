@@ -1,0 +1,131 @@
+#include "overview/document_writer.h"
+
+#include "common/archive_folders.h"
+#include "common/errors.h"
+#include "common/text_cut.h"
+#include "overview/frm_elab.h"
+#include "overview/payment_statement.h"
+#include "platform/database.h"
+#include "store/code_lookups.h"
+
+#include <array>
+#include <limits>
+
+namespace saldoro {
+
+namespace {
+
+/** The suite's readers go by the item; they give the tag of these entries no meaning. */
+constexpr qint16 RegisterTag = 0;
+constexpr qint16 TotalTag = 0;
+
+/** What the two runs over the payments differ in; the codes are internal ones. */
+struct Run
+{
+    QString sql;
+    QString earlierCode;
+    QString lastCode;
+    QString totalCode;
+};
+
+QString documentName(const ProgramValues &values, const QString &internalCode)
+{
+    return CodiceEsterno(values, internalCode) + QStringLiteral(".rtf");
+}
+
+void saveDocument(const ProgramValues &values, const RichTextBox &box, const QString &internalCode)
+{
+    box.saveFile(ProjectFolder(values) + u'\\' + documentName(values, internalCode));
+}
+
+void registerDocument(const ProgramValues &values, const QString &internalCode)
+{
+    ScriviVoceFile(values, CodiceEsterno(values, internalCode), RegisterTag,
+                   DescrizioneFunzione(values, internalCode), documentName(values, internalCode));
+}
+
+QString overviewLine(const TextTable &overview, int row)
+{
+    constexpr std::array<qsizetype, 5> widths = {5, 35, 17, 17, 17};
+    QString line;
+    for (int column = 0; column < static_cast<int>(widths.size()); ++column) {
+        line += FixedWidth(overview.text(row, column), widths.at(static_cast<size_t>(column)));
+        if (column == 1)
+            line += QStringLiteral("  ");
+    }
+    return line + QStringLiteral("\r\n");
+}
+
+/** Number of payments in the set, which the documents count in 16 bits. */
+qint16 paymentCount(RecordSet &fatture)
+{
+    fatture.moveLast();
+    const int count = fatture.recordCount();
+    if (count > std::numeric_limits<qint16>::max())
+        throw OverflowError(
+            QStringLiteral("I pagamenti di un tipo sono più di 32.767: i documenti non possono "
+                           "essere scritti."),
+            QStringLiteral("Rivolgersi all'assistenza per dividere il registro dei pagamenti."));
+    fatture.moveFirst();
+    return static_cast<qint16>(count);
+}
+
+void composeStatements(RecordSet &fatture, ProgramValues &values, FrmElab &form)
+{
+    if (fatture.isEmpty())
+        return;
+    const qint16 count = paymentCount(fatture);
+    for (int number = 1; number < count; ++number) {
+        ComponiTestoPagamento(fatture, values);
+        form.listBox().appendText(QStringLiteral("\r\n"));
+        form.listBox().appendText(values.TestoPagamento);
+        fatture.moveNext();
+    }
+    ComponiTestoPagamento(fatture, values);
+    form.lastPaymentBox().setText(values.TestoPagamento);
+}
+
+void writeRun(ProgramValues &values, FrmElab &form, const Run &run)
+{
+    const Database ledger = Database::open(LedgerPath(values));
+    RecordSet fatture = ledger.openRecordSet(run.sql);
+    form.listBox().setText(QString());
+    values.TotaleLiquidato = Currency();
+    composeStatements(fatture, values, form);
+    saveDocument(values, form.lastPaymentBox(), run.lastCode);
+    saveDocument(values, form.listBox(), run.earlierCode);
+    fatture.close();
+    registerDocument(values, run.earlierCode);
+    registerDocument(values, run.lastCode);
+    AggiornaVoceImporto(values, run.totalCode, TotalTag, values.TotaleLiquidato);
+}
+
+} // namespace
+
+void WriteProjectDocuments(ProgramValues &values, const TextTable &overview)
+{
+    FrmElab form;
+    form.listBox().setText(QString());
+    for (int row = 1; row < overview.rows(); ++row) {
+        form.setFontName(QStringLiteral("Courier New"));
+        form.listBox().appendText(overviewLine(overview, row));
+    }
+    saveDocument(values, form.listBox(), QStringLiteral("QDP"));
+    registerDocument(values, QStringLiteral("QDP"));
+    ScriviProspettoRtf(values, form);
+}
+
+void ScriviProspettoRtf(ProgramValues &values, FrmElab &form)
+{
+    writeRun(values, form,
+             {QStringLiteral("SELECT * FROM Fatture  WHERE AziProf = 'A' ORDER BY Npag "),
+              QStringLiteral("P98"), QStringLiteral("P99"), QStringLiteral("QS1A")});
+    const Currency companies = values.TotaleLiquidato;
+    writeRun(values, form,
+             {QStringLiteral("SELECT * FROM Fatture  WHERE AziProf = 'P' ORDER BY Npag "),
+              QStringLiteral("P98P"), QStringLiteral("P99P"), QStringLiteral("QS1P")});
+    AggiornaVoceImporto(values, QStringLiteral("QS1T"), TotalTag,
+                        companies + values.TotaleLiquidato);
+}
+
+} // namespace saldoro

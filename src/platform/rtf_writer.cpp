@@ -1,0 +1,159 @@
+#include "platform/rtf_writer.h"
+
+#include <QByteArray>
+#include <QIODevice>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace saldoro {
+
+namespace {
+
+constexpr char32_t ReplacementCharacter = 0xFFFD;
+
+/** What the bytes 80 to 9F stand for in code page 1252; 0 where they stand for nothing. */
+constexpr std::array<char16_t, 32> UpperControls1252 = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+/** The byte of code page 1252 for a character beyond ASCII, "?" when it has none. */
+unsigned char codePageByte(char16_t unit)
+{
+    if (unit >= 0xA0 && unit <= 0xFF)
+        return static_cast<unsigned char>(unit);
+    const auto *const found = std::find(UpperControls1252.begin(), UpperControls1252.end(), unit);
+    if (unit == 0 || found == UpperControls1252.end())
+        return '?';
+    return static_cast<unsigned char>(0x80 + std::distance(UpperControls1252.begin(), found));
+}
+
+/** Collects bytes and hands them to the device in large pieces. */
+class PieceWriter
+{
+public:
+    explicit PieceWriter(QIODevice &device)
+        : m_device(device)
+    {
+    }
+
+    void put(char byte)
+    {
+        if (m_used == m_piece.size())
+            flush();
+        m_piece[m_used++] = byte;
+    }
+    void put(QByteArrayView bytes)
+    {
+        for (const char byte : bytes)
+            put(byte);
+    }
+    /** Writes what is left; false when any write was refused. */
+    bool finish()
+    {
+        flush();
+        return m_good;
+    }
+
+private:
+    void flush()
+    {
+        const auto size = static_cast<qint64>(m_used);
+        m_good = m_good && m_device.write(m_piece.data(), size) == size;
+        m_used = 0;
+    }
+
+    QIODevice &m_device;
+    std::array<char, 65536> m_piece;
+    std::size_t m_used = 0;
+    bool m_good = true;
+};
+
+void putByteEscape(PieceWriter &out, unsigned char byte)
+{
+    constexpr QByteArrayView digits = "0123456789abcdef";
+    out.put("\\'");
+    out.put(digits[byte >> 4U]);
+    out.put(digits[byte & 15U]);
+}
+
+/** A character beyond ASCII, or one half of one beyond the basic plane. The number is signed and
+ *  of 16 bits; the fallback is always a byte escape, since some readers drop all plain text that
+ *  follows the number up to the next control word. */
+void putUnicode(PieceWriter &out, char16_t unit)
+{
+    out.put("\\u");
+    out.put(QByteArray::number(static_cast<qint16>(unit)));
+    putByteEscape(out, codePageByte(unit));
+}
+
+void putAscii(PieceWriter &out, char character)
+{
+    if (character == '\\' || character == '{' || character == '}') {
+        out.put('\\');
+        out.put(character);
+    } else if (character == '\t') {
+        out.put("\\tab ");
+    } else if (character >= ' ' && character != '\x7f') {
+        out.put(character);
+    } else if (character != '\0') {
+        putByteEscape(out, static_cast<unsigned char>(character));
+    }
+}
+
+bool isHalfOfPair(const QString &text, qsizetype index)
+{
+    const QChar unit = text[index];
+    if (unit.isHighSurrogate())
+        return index + 1 < text.size() && text[index + 1].isLowSurrogate();
+    return index > 0 && text[index - 1].isHighSurrogate();
+}
+
+void putBody(PieceWriter &out, const QString &text)
+{
+    for (qsizetype index = 0; index < text.size(); ++index) {
+        const char16_t unit = text[index].unicode();
+        if (unit == u'\n' || unit == u'\r') {
+            if (unit == u'\r' && index + 1 < text.size() && text[index + 1] == u'\n')
+                ++index;
+            out.put("\\par\r\n");
+        } else if (unit < 0x80) {
+            putAscii(out, static_cast<char>(unit));
+        } else if (text[index].isSurrogate() && !isHalfOfPair(text, index)) {
+            putUnicode(out, ReplacementCharacter);
+        } else {
+            putUnicode(out, unit);
+        }
+    }
+}
+
+void putHeader(PieceWriter &out, const RtfFont &font)
+{
+    out.put("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0");
+    out.put(font.fixedPitch ? "\\fmodern\\fprq1" : "\\fswiss\\fprq2");
+    out.put("\\fcharset0 ");
+    putBody(out, font.name);
+    out.put(";}}\r\n\\pard\\lang1040\\f0\\fs");
+    out.put(QByteArray::number(font.halfPoints));
+    // The blank belongs to the control word, so that one at the start of the text is kept.
+    out.put(' ');
+}
+
+} // namespace
+
+bool WriteRtf(QIODevice &device, const QString &text, const RtfFont &font)
+{
+    PieceWriter out(device);
+    putHeader(out, font);
+    putBody(out, text);
+    // Readers take a last \par as the end of the paragraph before it, not as the start of one
+    // more: an empty last line needs its own.
+    if (text.endsWith(u'\n') || text.endsWith(u'\r'))
+        out.put("\\par\r\n");
+    out.put("}\r\n");
+    return out.finish();
+}
+
+} // namespace saldoro
