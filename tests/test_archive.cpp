@@ -2,6 +2,8 @@
 
 #include "platform/machine_path.h"
 
+#include <QDir>
+#include <QFile>
 #include <QStringList>
 
 #include <memory>
@@ -47,10 +49,33 @@ QString cellText(sqlite3_stmt *statement, int column)
     return QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
 }
 
+void copyFiles(const QString &from, const QString &to)
+{
+    QDir().mkpath(to);
+    for (const QString &file : QDir(from).entryList(QDir::Files)) {
+        QFile::copy(from + u'/' + file, to + u'/' + file);
+    }
+}
+
+/** A new archive, copied from one that is made once: making it syncs every table to the disk. */
+ArchiveBuilder emptyArchive(const QString &root, const QString &projectCode)
+{
+    static const QTemporaryDir templateFolder;
+    static const ProgramValues empty =
+        ArchiveBuilder(templateFolder.path(), QStringLiteral("empty")).values();
+    ArchiveBuilder archive = ArchiveBuilder::ofExisting(root, projectCode);
+    copyFiles(MachinePath(ProjectFolder(empty)), MachinePath(ProjectFolder(archive.values())));
+    for (const QStringView folder : {ArchiveFolders::Tabelle, ArchiveFolders::Update}) {
+        copyFiles(MachinePath(empty.ArchiveRoot + folder.toString()),
+                  MachinePath(root + folder.toString()));
+    }
+    return archive;
+}
+
 } // namespace
 
 TestArchive::TestArchive(const QString &projectCode)
-    : m_builder(m_folder.path(), projectCode)
+    : m_builder(emptyArchive(m_folder.path(), projectCode))
 {
 }
 

@@ -82,6 +82,14 @@ void makeFolder(const QString &archivePath)
     }
 }
 
+ProgramValues projectValues(const QString &root, const QString &projectCode)
+{
+    ProgramValues values;
+    values.ArchiveRoot = root;
+    values.ProjectCode = projectCode;
+    return values;
+}
+
 NewValue amountOrNull(std::optional<Currency> amount)
 {
     return amount ? NewValue(*amount) : NewValue();
@@ -120,10 +128,19 @@ void RowAppender::add(const FieldList &fields)
     m_records.update();
 }
 
-ArchiveBuilder::ArchiveBuilder(const QString &root, const QString &projectCode)
+ArchiveBuilder::ArchiveBuilder(ProgramValues values)
+    : m_values(std::move(values))
 {
-    m_values.ArchiveRoot = root;
-    m_values.ProjectCode = projectCode;
+}
+
+ArchiveBuilder ArchiveBuilder::ofExisting(const QString &root, const QString &projectCode)
+{
+    return ArchiveBuilder(projectValues(root, projectCode));
+}
+
+ArchiveBuilder::ArchiveBuilder(const QString &root, const QString &projectCode)
+    : ArchiveBuilder(projectValues(root, projectCode))
+{
     makeFolder(ProjectFolder(m_values));
     makeFolder(root + ArchiveFolders::Tabelle.toString());
     makeFolder(UpdateFolder(m_values));

@@ -54,6 +54,9 @@ public:
     /** Makes the folders and empty databases of a project below @p root (a machine path). */
     ArchiveBuilder(const QString &root, const QString &projectCode);
 
+    /** For adding to a project that is there already. */
+    static ArchiveBuilder ofExisting(const QString &root, const QString &projectCode);
+
     /** ArchiveRoot and ProjectCode for programs that work on this archive. */
     const ProgramValues &values() const { return m_values; }
 
@@ -75,6 +78,8 @@ public:
                        std::optional<Currency> amount);
 
 private:
+    explicit ArchiveBuilder(ProgramValues values);
+
     ProgramValues m_values;
 };
 
