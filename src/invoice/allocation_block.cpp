@@ -1,0 +1,190 @@
+#include "invoice/allocation_block.h"
+
+#include "common/amount_text.h"
+#include "common/archive_folders.h"
+#include "common/errors.h"
+#include "common/form_helpers.h"
+#include "common/message_box.h"
+#include "common/number_text.h"
+#include "common/text_cut.h"
+#include "invoice/stored_allocations.h"
+
+#include <utility>
+
+namespace saldoro {
+
+namespace {
+
+/** Characters of a pick list's line that hold the code. */
+constexpr qsizetype CodeWidth = 5;
+
+/** Columns of the overview's table. */
+enum OverviewColumn
+{
+    VoceColumn = 0,
+    DescriColumn = 1,
+    DisponibilitaColumn = 4
+};
+
+QString pickLine(const TextTable &overview, int row)
+{
+    QString line = overview.text(row, VoceColumn).trimmed();
+    // Only padded: a longer code stays readable as a whole.
+    if (const qsizetype missing = CodeWidth - CharacterCount(line); missing > 0)
+        line += QString(missing, u' ');
+    return line + overview.text(row, DescriColumn) + QStringLiteral(" L.") +
+           overview.text(row, DisponibilitaColumn);
+}
+
+} // namespace
+
+AllocationBlock::AllocationBlock(const TextTable &overview, TextTable &grid)
+    : m_overview(overview)
+    , m_grid(grid)
+    , m_totalText(FormatImporto(Currency()))
+{
+}
+
+void AllocationBlock::prepareGrid()
+{
+    const TextTable::BulkChange change(m_grid);
+    m_grid.setRows(1);
+    m_grid.setColumns(ColumnCount);
+    m_grid.setText(0, CodColumn, QStringLiteral("Cod"));
+    m_grid.setText(0, DescrizioneColumn, QStringLiteral("Descrizione"));
+    m_grid.setText(0, ImportoColumn, QStringLiteral("Importo"));
+}
+
+bool AllocationBlock::CekCodCaricato(const QString &code) const
+{
+    const QString wanted = code.trimmed();
+    for (int row = 1; row < m_grid.rows(); ++row) {
+        if (m_grid.text(row, CodColumn).trimmed() == wanted)
+            return false;
+    }
+    return true;
+}
+
+QStringList AllocationBlock::openPickList()
+{
+    m_pickLines.clear();
+    m_pickDescriptions.clear();
+    for (int row = 1; row < m_overview.rows(); ++row) {
+        if (!CekCodCaricato(m_overview.text(row, VoceColumn)))
+            continue;
+        if (m_pickLines.size() == PickListSize)
+            throw BoundsError(
+                QStringLiteral("Le voci di spesa da offrire sono più di %1.").arg(PickListSize),
+                QStringLiteral("Ridurre le voci della scheda dell'appalto."));
+        m_pickLines.append(pickLine(m_overview, row));
+        m_pickDescriptions.append(m_overview.text(row, DescriColumn));
+    }
+    if (m_pickLines.isEmpty()) {
+        ShowMessage(MessageKind::Information,
+                    QStringLiteral("Nessun elemento da inserire disponibile"));
+    } else {
+        m_grid.setRows(m_grid.rows() + 1);
+        setCurrent(m_grid.rows() - 1, CodColumn);
+    }
+    return m_pickLines;
+}
+
+void AllocationBlock::pick(int line)
+{
+    if (line < 0 || line >= m_pickLines.size())
+        throw BoundsError(QStringLiteral("La riga scelta non è tra le voci di spesa offerte."));
+    m_grid.setText(m_grid.row(), CodColumn, LeftCharacters(m_pickLines[line], CodeWidth).trimmed());
+    m_grid.setText(m_grid.row(), DescrizioneColumn, m_pickDescriptions[line]);
+    m_grid.setColumn(ImportoColumn);
+}
+
+void AllocationBlock::leavePickList()
+{
+    setCurrent(m_grid.rows() - 1, CodColumn);
+    if (m_grid.currentText().isEmpty())
+        m_grid.setRows(m_grid.rows() - 1);
+    m_grid.setColumn(ImportoColumn);
+}
+
+bool AllocationBlock::isCurrentCellEditable() const
+{
+    return m_grid.column() == ImportoColumn && m_grid.row() > 0;
+}
+
+void AllocationBlock::editorEntered()
+{
+    m_editRow = m_grid.row();
+    m_editColumn = m_grid.column();
+}
+
+void AllocationBlock::editorConfirmed(const QString &editorText)
+{
+    writeCurrentAmount(editorText);
+    RecalcAllocationTotal();
+}
+
+void AllocationBlock::editorLeft(const QString &editorText)
+{
+    const int row = m_grid.row();
+    const int column = m_grid.column();
+    setCurrent(m_editRow, m_editColumn);
+    writeCurrentAmount(editorText);
+    RecalcAllocationTotal();
+    setCurrent(row, column);
+}
+
+void AllocationBlock::writeCurrentAmount(const QString &editorText)
+{
+    m_grid.setCurrentText(FormatImporto(Currency::fromDouble(LeadingNumber(editorText))));
+}
+
+void AllocationBlock::deleteCurrentRow(const ProgramValues &values, qint32 paymentNumber)
+{
+    m_grid.setColumn(CodColumn);
+    if (m_grid.rows() <= 1 || m_grid.row() < 1)
+        return;
+    const QString code = m_grid.currentText();
+    const bool confirmed =
+        ChiediConferma(QStringLiteral("Vuoi eliminare il Cod. ") + code + QStringLiteral("?"));
+    if (confirmed) {
+        const Database ledger = Database::open(LedgerPath(values));
+        RecordSet allocations = OpenAllocations(ledger, paymentNumber);
+        if (FindAllocation(allocations, code))
+            allocations.deleteRecord();
+        removeCurrentRow();
+    }
+    RecalcAllocationTotal();
+}
+
+void AllocationBlock::removeCurrentRow()
+{
+    const TextTable::BulkChange change(m_grid);
+    for (int row = m_grid.row() + 1; row < m_grid.rows(); ++row) {
+        for (int column = 0; column < ColumnCount; ++column)
+            m_grid.setText(row - 1, column, m_grid.text(row, column));
+    }
+    m_grid.setRows(m_grid.rows() - 1);
+}
+
+void AllocationBlock::RecalcAllocationTotal()
+{
+    Currency total;
+    for (int row = 1; row < m_grid.rows(); ++row)
+        total += ImportoDaTesto(m_grid.text(row, ImportoColumn));
+    m_totalText = FormatImporto(total);
+    m_grid.setColumn(ImportoColumn);
+}
+
+bool AllocationBlock::confirmTotal(const QString &invoiceTotalText) const
+{
+    return m_totalText == invoiceTotalText ||
+           ChiediConferma(QStringLiteral("Gli importi non coincidono continuare ? "));
+}
+
+void AllocationBlock::setCurrent(int row, int column)
+{
+    m_grid.setRow(row);
+    m_grid.setColumn(column);
+}
+
+} // namespace saldoro

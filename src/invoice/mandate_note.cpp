@@ -1,0 +1,32 @@
+#include "invoice/mandate_note.h"
+
+#include "common/text_cut.h"
+
+namespace saldoro {
+
+QString ComposeMandateNote(const QString &mandato, const QString &mandatoDell)
+{
+    return QStringLiteral("Mandato nr.") + mandato + QStringLiteral(" del ") + mandatoDell;
+}
+
+MandateNote ParseMandateNote(const QString &note, CreditorKind kind)
+{
+    constexpr qsizetype dateLength = 10;
+    const qsizetype word = note.indexOf(u"del");
+    const qsizetype end = word < 0 ? note.size() : word;
+    const qsizetype point = note.indexOf(u'.');
+    const qsizetype start = point >= 0 && point < end ? point + 1 : 0;
+
+    MandateNote result;
+    result.mandato = note.mid(start, end - start).trimmed();
+    if (word < 0)
+        return result;
+    // The professional's date skips one character more, the blank behind "del".
+    if (kind == CreditorKind::Professional)
+        result.mandatoDell = LeftCharacters(note.mid(word + 4), dateLength).trimmed();
+    else
+        result.mandatoDell = note.mid(word + 3).trimmed();
+    return result;
+}
+
+} // namespace saldoro

@@ -1,0 +1,117 @@
+#include "invoice/payment_save.h"
+
+#include "common/amount_text.h"
+#include "common/archive_folders.h"
+#include "common/number_text.h"
+#include "common/text_cut.h"
+#include "invoice/allocation_block.h"
+#include "invoice/mandate_note.h"
+#include "invoice/stored_allocations.h"
+#include "platform/database.h"
+#include "store/code_lookups.h"
+#include "store/ledger.h"
+
+namespace saldoro {
+
+namespace {
+
+/** What to write where the ledger takes null but no empty text. */
+NewValue textOrNull(const QString &text)
+{
+    return text.isEmpty() ? NewValue() : NewValue(text);
+}
+
+NewValue dateOrNull(const QString &boxText)
+{
+    return boxText == EmptyDateText ? NewValue() : textOrNull(boxText);
+}
+
+QString kindCode(CreditorKind kind)
+{
+    return kind == CreditorKind::Company ? QStringLiteral("A") : QStringLiteral("P");
+}
+
+Currency storedValue(const AmountChain &amounts, int field)
+{
+    const QString text = amounts.text(field);
+    return amounts.field(field).role == AmountRole::Rate ? Currency::fromDouble(LeadingNumber(text))
+                                                         : ImportoDaTesto(QString(text));
+}
+
+void fillPayment(RecordSet &payments, qint32 paymentNumber, const PaymentRecord &record,
+                 const AmountChain &amounts)
+{
+    payments.set(QStringLiteral("AziProf"), kindCode(amounts.kind()));
+    payments.set(QStringLiteral("Npag"), paymentNumber);
+    payments.set(QStringLiteral("Creditore"), textOrNull(record.creditore));
+    payments.set(QStringLiteral("NFat"), record.nFat);
+    payments.set(QStringLiteral("Del"), dateOrNull(record.del));
+    payments.set(QStringLiteral("Memo"), record.memo);
+    payments.set(QStringLiteral("Descrizione"), record.descrizione);
+    for (const StoredAmount &item : amounts.storedAmounts())
+        payments.set(item.column, storedValue(amounts, item.field));
+}
+
+void writePayment(RecordSet &payments, qint32 paymentNumber, const PaymentRecord &record,
+                  const AmountChain &amounts)
+{
+    bool found = false;
+    if (!payments.isEmpty()) {
+        payments.findFirst(QStringLiteral("Npag =") + QString::number(paymentNumber));
+        found = !payments.noMatch();
+    }
+    if (found)
+        payments.edit();
+    else
+        payments.addNew();
+    fillPayment(payments, paymentNumber, record, amounts);
+    payments.update();
+}
+
+void writeAllocation(RecordSet &allocations, qint32 paymentNumber, const TextTable &grid, int row)
+{
+    const QString code = grid.text(row, AllocationBlock::CodColumn);
+    if (FindAllocation(allocations, code)) {
+        allocations.edit();
+    } else {
+        const QString description = grid.text(row, AllocationBlock::DescrizioneColumn);
+        allocations.addNew();
+        allocations.set(QStringLiteral("RelNpag"), paymentNumber);
+        allocations.set(QStringLiteral("Cod"), textOrNull(code));
+        allocations.set(QStringLiteral("Descrizione"),
+                        textOrNull(LeftCharacters(description, LedgerSize::Descrizione)));
+    }
+    allocations.set(QStringLiteral("Importo"),
+                    ImportoDaTesto(grid.text(row, AllocationBlock::ImportoColumn)));
+    allocations.update();
+}
+
+void writeLedger(const ProgramValues &values, qint32 paymentNumber, const PaymentRecord &record,
+                 const AmountChain &amounts, const TextTable &grid)
+{
+    const Database ledger = Database::open(LedgerPath(values));
+    RecordSet payments = ledger.openRecordSet(QStringLiteral("SELECT *") +
+                                              QStringLiteral(" FROM Fatture WHERE AziProf = '") +
+                                              kindCode(amounts.kind()) + QStringLiteral("' "));
+    RecordSet allocations = OpenAllocations(ledger, paymentNumber);
+    writePayment(payments, paymentNumber, record, amounts);
+    for (int row = 1; row < grid.rows(); ++row)
+        writeAllocation(allocations, paymentNumber, grid, row);
+}
+
+} // namespace
+
+void SavePagamento(ProgramValues &values, qint32 paymentNumber, const PaymentRecord &record,
+                   const AmountChain &amounts, const TextTable &grid)
+{
+    writeLedger(values, paymentNumber, record, amounts, grid);
+
+    constexpr qint16 noFunction = 0;
+    values.MandateText = ComposeMandateNote(record.mandato, record.mandatoDell);
+    ScriviVoceStringa(values, VoceMandato(values, paymentNumber), noFunction,
+                      QStringLiteral("Pag. N.") + QString::number(paymentNumber) +
+                          QStringLiteral(" - ") + record.creditore,
+                      values.MandateText);
+}
+
+} // namespace saldoro

@@ -1,0 +1,100 @@
+#include "invoice/professional_amounts.h"
+
+#include "common/number_text.h"
+
+namespace saldoro {
+
+ProfessionalAmounts::ProfessionalAmounts()
+    : AmountChain({{QStringLiteral("Text4_0"), AmountRole::Typed},
+                   {QStringLiteral("Text4_1"), AmountRole::Typed},
+                   {QStringLiteral("Text4_2"), AmountRole::Typed},
+                   {QStringLiteral("Text2_0"), AmountRole::Derived},
+                   {QStringLiteral("Text2_1"), AmountRole::Rate},
+                   {QStringLiteral("Text2_2"), AmountRole::Derived},
+                   {QStringLiteral("Text2_5"), AmountRole::Typed},
+                   {QStringLiteral("Text2_3"), AmountRole::Derived},
+                   {QStringLiteral("Text2_4"), AmountRole::Derived},
+                   {QStringLiteral("Text5_0"), AmountRole::Rate},
+                   {QStringLiteral("Text5_1"), AmountRole::Derived},
+                   {QStringLiteral("Text5_2"), AmountRole::Derived}})
+{
+}
+
+void ProfessionalAmounts::left(int position)
+{
+    switch (static_cast<Position>(position)) {
+    case Prestazione:
+    case Contributo:
+    case CassaPrev:
+        leftFees(position);
+        return;
+    case SoggettaIva:
+    case AliquotaIva:
+    case ImportoIva:
+    case AltriImporti:
+    case TotaleFattura:
+    case SoggettaRA:
+        leftVat(position);
+        return;
+    case AliquotaRA:
+    case ImportoRA:
+    case Netto:
+        leftWithholding(position);
+        return;
+    }
+    field(position); // out of range: the bounds error
+}
+
+void ProfessionalAmounts::leftFees(int position)
+{
+    showTyped(position);
+    show(SoggettaIva, amount(Prestazione) + amount(Contributo) + amount(CassaPrev));
+    show(SoggettaRA, amount(Prestazione) + amount(Contributo));
+}
+
+void ProfessionalAmounts::leftVat(int position)
+{
+    if (position == AliquotaIva) {
+        // A text test: 0,00 counts as an amount that the user wants, unlike the withholding's.
+        if (text(ImportoIva).isEmpty() || text(ImportoIva) == u"0")
+            show(ImportoIva, share(SoggettaIva, AliquotaIva));
+        showRate(AliquotaIva);
+    } else if (position != SoggettaRA && position != AltriImporti) {
+        // Those two keep the plain form that they were typed in.
+        showTyped(position);
+    }
+    show(TotaleFattura, amount(SoggettaIva) + amount(ImportoIva) + amount(AltriImporti));
+}
+
+void ProfessionalAmounts::leftWithholding(int position)
+{
+    if (position == AliquotaRA) {
+        if (LeadingNumber(text(ImportoRA)) == 0.0)
+            show(ImportoRA, share(SoggettaRA, AliquotaRA));
+        showRate(AliquotaRA);
+    } else if (position == ImportoRA) {
+        showTyped(ImportoRA);
+    }
+    show(Netto, amount(TotaleFattura) - amount(ImportoRA));
+}
+
+const QList<StoredAmount> &ProfessionalAmounts::storedAmounts() const
+{
+    static const QList<StoredAmount> columns{
+        {QStringLiteral("Aliquota"), AliquotaIva},       {QStringLiteral("AliquotaRA"), AliquotaRA},
+        {QStringLiteral("Importo"), SoggettaIva},        {QStringLiteral("ImportoIVA"), ImportoIva},
+        {QStringLiteral("ImportoPrest"), Prestazione},   {QStringLiteral("Contributo"), Contributo},
+        {QStringLiteral("CassaPrev"), CassaPrev},        {QStringLiteral("ImportoRA"), ImportoRA},
+        {QStringLiteral("AltriImporti01"), AltriImporti}};
+    return columns;
+}
+
+void ProfessionalAmounts::fillDerived(const QList<Currency> &stored)
+{
+    const Currency total = stored[SoggettaIva] + stored[ImportoIva] + stored[AltriImporti];
+    show(TotaleFattura, total);
+    show(Netto, total - stored[ImportoRA]);
+    show(SoggettaRA, amount(Prestazione) + amount(Contributo));
+}
+
+} // namespace saldoro
