@@ -1,0 +1,115 @@
+#include "overview/availability_overview.h"
+
+#include "common/amount_text.h"
+#include "common/archive_folders.h"
+#include "common/errors.h"
+#include "platform/database.h"
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void appendBudgetRow(TextTable &overview, const RecordSet &budget, int code, int description,
+                     int amount)
+{
+    const int row = overview.rows();
+    overview.setRows(row + 1);
+    overview.setRow(row);
+    try {
+        overview.setText(row, OverviewColumn::Cod, budget.field(code).text());
+        overview.setText(row, OverviewColumn::Descrizione, budget.field(description).text());
+        const auto amountOrNone = budget.field(amount).currencyOrNone();
+        overview.setText(row, OverviewColumn::Spesa,
+                         amountOrNone ? FormatImporto(*amountOrNone) : u"0"_s);
+    } catch (SaldoroError &error) {
+        error.addDetail(u"Voce"_s, overview.text(row, OverviewColumn::Cod));
+        error.addDetail(u"Riga"_s, QString::number(row));
+        throw;
+    }
+}
+
+void appendBudgetRows(TextTable &overview, RecordSet &budget)
+{
+    if (budget.eof())
+        return;
+    const int code = budget.column(u"Voce"_s);
+    const int description = budget.column(u"Descri"_s);
+    const int amount = budget.column(u"Importo"_s);
+    for (; !budget.eof(); budget.moveNext())
+        appendBudgetRow(overview, budget, code, description, amount);
+}
+
+/** Everything that the ledger allocates to a cost item, whatever the payment. */
+Currency paidOn(RecordSet &spese, const QString &code)
+{
+    const QString criterion = u"Cod = '"_s + code + u'\'';
+    Currency paid;
+    spese.findFirst(criterion);
+    if (spese.noMatch())
+        return paid;
+    const int amount = spese.column(u"Importo"_s);
+    for (; !spese.noMatch(); spese.findNext(criterion)) {
+        try {
+            paid += spese.field(amount).currency();
+        } catch (SaldoroError &error) {
+            error.addDetail(u"Pagamento"_s, spese.field(u"RelNpag"_s).textOrEmpty());
+            throw;
+        }
+    }
+    return paid;
+}
+
+void fillAmounts(TextTable &overview, int row, RecordSet &spese)
+{
+    const QString code = overview.text(row, OverviewColumn::Cod);
+    try {
+        const Currency paid = paidOn(spese, code);
+        const Currency budget = ImportoDaTesto(overview.text(row, OverviewColumn::Spesa));
+        overview.setText(row, OverviewColumn::Spesa, FormatImporto(budget));
+        overview.setText(row, OverviewColumn::Pagato, FormatImporto(paid));
+        overview.setText(row, OverviewColumn::Disponibilita, FormatImporto(budget - paid));
+    } catch (SaldoroError &error) {
+        error.addDetail(u"Voce"_s, code);
+        throw;
+    }
+}
+
+} // namespace
+
+void PrepareAvailabilityOverview(TextTable &overview)
+{
+    const TextTable::BulkChange change(overview);
+    overview.setColumns(OverviewColumn::Count);
+    overview.setRows(1);
+    overview.setText(0, OverviewColumn::Cod, u"Cod"_s);
+    overview.setText(0, OverviewColumn::Descrizione, u"Descrizione"_s);
+    overview.setText(0, OverviewColumn::Spesa, u"Spesa"_s);
+    overview.setText(0, OverviewColumn::Pagato, u"Pagato"_s);
+    overview.setText(0, OverviewColumn::Disponibilita, u"Disponibilità"_s);
+}
+
+void FillAvailabilityOverview(TextTable &overview, const ProgramValues &values)
+{
+    Database contract = Database::open(ContractPath(values));
+    RecordSet budget = contract.openRecordSet(u"SELECT * FROM UltimaPerVariante ORDER BY Voce"_s);
+    const Database ledger = Database::open(LedgerPath(values));
+    RecordSet spese = ledger.openRecordSet(u"SELECT * FROM Spese"_s);
+
+    const TextTable::BulkChange change(overview);
+    overview.setRows(1);
+    appendBudgetRows(overview, budget);
+    budget.close();
+    contract.close();
+
+    const int lastRow = overview.rows() - 1;
+    for (int row = 1; row <= lastRow; ++row) {
+        overview.setRow(row);
+        overview.setColumn(OverviewColumn::Cod);
+        if (!spese.isEmpty())
+            fillAmounts(overview, row, spese);
+    }
+}
+
+} // namespace saldoro

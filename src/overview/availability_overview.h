@@ -1,0 +1,36 @@
+#pragma once
+
+#include "common/program_values.h"
+#include "platform/text_table.h"
+
+namespace saldoro {
+
+/** Columns of the overview; the invoice forms and the documents read it by these places. */
+namespace OverviewColumn {
+inline constexpr int Cod = 0;
+inline constexpr int Descrizione = 1;
+inline constexpr int Spesa = 2;
+inline constexpr int Pagato = 3;
+inline constexpr int Disponibilita = 4;
+inline constexpr int Count = 5;
+} // namespace OverviewColumn
+
+/** Cuts the table down to its header: five columns with their headings. */
+void PrepareAvailabilityOverview(TextTable &overview);
+
+/**
+ * Rebuilds the rows below the header of a prepared table: one for each cost item of the contract's
+ * latest variant, in the order of the codes, with its budget, what the ledger allocates to it, and
+ * the rest. The current row is the last one afterwards.
+ *
+ * The budget that the rest is taken from is the text of "Spesa", so it has the two decimals shown.
+ * Allocations to codes outside the budget count nowhere. A ledger without any allocation leaves
+ * "Pagato" and "Disponibilità" blank and "Spesa" as first written, "0" for a null budget.
+ *
+ * Throws DatabaseError, also for a null code, description or allocated amount and for a code that
+ * holds an apostrophe, and OverflowError; details "Voce", and "Pagamento" for an allocation. The
+ * rows written so far stay.
+ */
+void FillAvailabilityOverview(TextTable &overview, const ProgramValues &values);
+
+} // namespace saldoro

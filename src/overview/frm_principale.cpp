@@ -1,0 +1,245 @@
+#include "overview/frm_principale.h"
+
+#include "common/ending.h"
+#include "common/form_helpers.h"
+#include "overview/availability_overview.h"
+#include "overview/document_writer.h"
+#include "overview/payment_actions.h"
+#include "overview/payments_list.h"
+#include "platform/flex_grid.h"
+
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QPushButton>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** First size of the window, 900 by 620 pixels on a screen of 96 dots to the inch. */
+constexpr int WidthInTwips = 13500;
+constexpr int HeightInTwips = 9300;
+
+QLabel *makeHeading(const QString &name, const QString &text, QWidget *buddy)
+{
+    auto *heading = new QLabel(text, buddy->parentWidget());
+    heading->setObjectName(name);
+    heading->setBuddy(buddy);
+    QFont font = heading->font();
+    font.setBold(true);
+    heading->setFont(font);
+    return heading;
+}
+
+void describe(QWidget &widget, const QString &objectName, const QString &name, const QString &hint)
+{
+    widget.setObjectName(objectName);
+    widget.setAccessibleName(name);
+    widget.setAccessibleDescription(hint);
+    widget.setToolTip(hint);
+}
+
+QPushButton *addButton(QBoxLayout &row, const QString &objectName, const QString &caption,
+                       const QString &hint)
+{
+    auto *button = new QPushButton(caption);
+    describe(*button, objectName, QString(caption).remove(u'&'), hint);
+    button->setAutoDefault(true); // so that Enter presses the button that has the focus
+    row.addWidget(button);
+    return button;
+}
+
+} // namespace
+
+FrmPrincipale::FrmPrincipale(ProgramValues &values)
+    : m_values(values)
+    , m_payments(new FlexGrid(FlexGrid::Selection::Rows, this))
+    , m_overview(new FlexGrid(FlexGrid::Selection::Rows, this))
+{
+    setObjectName(u"FrmPrincipale"_s);
+    prepareGrids();
+    arrange();
+    resize(TwipsToPixels(WidthInTwips, *this), TwipsToPixels(HeightInTwips, *this));
+}
+
+void FrmPrincipale::prepareGrids()
+{
+    describe(*m_payments, u"MSFlexGrid1"_s, u"Saldoro effettuati"_s,
+             u"Pagamenti già registrati: Invio apre quello scelto, Canc lo elimina"_s);
+    PreparePaymentsList(payments());
+    m_payments->setLeastWidth(PaymentColumn::Nr, 400);
+    m_payments->setLeastWidth(PaymentColumn::Data, 1000);
+    m_payments->setLeastWidth(PaymentColumn::Importo, 1800);
+    m_payments->setLeastWidth(PaymentColumn::Euro, 400);
+    m_payments->setRestColumn(PaymentColumn::Creditore);
+    m_payments->setRightAligned({PaymentColumn::Importo});
+
+    describe(*m_overview, u"MSFlexGrid2"_s, u"Quadro di disponibilità"_s,
+             u"Spesa prevista, pagata e ancora disponibile di ogni voce"_s);
+    PrepareAvailabilityOverview(overview());
+    m_overview->setLeastWidth(OverviewColumn::Cod, 400);
+    m_overview->setRestColumn(OverviewColumn::Descrizione);
+    const QList<int> amounts = {OverviewColumn::Spesa, OverviewColumn::Pagato,
+                                OverviewColumn::Disponibilita};
+    for (const int column : amounts)
+        m_overview->setLeastWidth(column, 1100);
+    m_overview->setRightAligned(amounts);
+}
+
+void FrmPrincipale::arrange()
+{
+    auto *whole = new QVBoxLayout(this);
+    whole->addWidget(makeHeading(u"Label1_0"_s, u"&Saldoro effettuati"_s, m_payments));
+    whole->addWidget(m_payments, 1);
+    whole->addSpacing(whole->spacing());
+    whole->addWidget(makeHeading(u"Label1_1"_s, u"&Quadro di disponibilità"_s, m_overview));
+    whole->addWidget(m_overview, 1);
+    whole->addSpacing(whole->spacing());
+    whole->addLayout(makeButtons());
+}
+
+QLayout *FrmPrincipale::makeButtons()
+{
+    auto *row = new QHBoxLayout;
+    row->addStretch(1);
+    auto *nuovo = addButton(*row, u"Command1"_s, u"&Nuovo"_s, u"Registra un nuovo pagamento"_s);
+    m_modify = addButton(*row, u"Command3"_s, u"&Modifica"_s, u"Apre il pagamento scelto"_s);
+    auto *elimina = addButton(*row, u"Command4"_s, u"&Elimina"_s,
+                              u"Elimina il pagamento scelto, dopo averne chiesto conferma"_s);
+    auto *chiudi =
+        addButton(*row, u"Command2"_s, u"&Chiudi"_s, u"Chiude e scrive i documenti del progetto"_s);
+    m_modify->setEnabled(false);
+    connect(nuovo, &QPushButton::clicked, this, &FrmPrincipale::addPayment);
+    connect(m_modify, &QPushButton::clicked, this, &FrmPrincipale::CaricaFattura);
+    connect(elimina, &QPushButton::clicked, this, &FrmPrincipale::deletePayment);
+    connect(chiudi, &QPushButton::clicked, this, &FrmPrincipale::unload);
+    connect(m_payments, &FlexGrid::activated, this, &FrmPrincipale::activatePayment);
+    connect(m_payments, &FlexGrid::deletePressed, this, &FrmPrincipale::deletePayment);
+    return row;
+}
+
+TextTable &FrmPrincipale::payments()
+{
+    return m_payments->table();
+}
+
+TextTable &FrmPrincipale::overview()
+{
+    return m_overview->table();
+}
+
+const TextTable &FrmPrincipale::overviewTable() const
+{
+    return m_overview->table();
+}
+
+void FrmPrincipale::load()
+{
+    SetTopMost(*this);
+    CentraForm(*this);
+    {
+        PaymentsReader reader(m_values);
+        setWindowTitle(u"SALDORO APPALTO ("_s + m_values.ProjectCode + u')');
+        PrepareAvailabilityOverview(overview());
+        PreparePaymentsList(payments());
+        m_modify->setEnabled(false);
+        reader.fill(payments());
+        m_modify->setEnabled(payments().rows() > 1);
+    }
+    LoadArrayProspettoSaldoro();
+    m_loaded = true;
+}
+
+void FrmPrincipale::LoadArrayProspettoSaldoro()
+{
+    FillAvailabilityOverview(overview(), m_values);
+}
+
+void FrmPrincipale::RefreshProspetto()
+{
+    LoadArrayProspettoSaldoro();
+}
+
+void FrmPrincipale::finish()
+{
+    if (!m_loaded)
+        return;
+    WriteProjectDocuments(m_values, overviewTable());
+    m_loaded = false;
+    hide();
+}
+
+void FrmPrincipale::unload()
+{
+    if (!m_loaded)
+        return;
+    finish();
+    emit unloaded();
+}
+
+void FrmPrincipale::reload()
+{
+    finish();
+    load();
+    show();
+}
+
+void FrmPrincipale::setInUse(bool inUse)
+{
+    if (inUse == isEnabled())
+        return;
+    if (!inUse)
+        m_focusBefore = focusWidget();
+    setEnabled(inUse);
+    if (inUse && m_focusBefore)
+        m_focusBefore->setFocus();
+}
+
+void FrmPrincipale::addPayment()
+{
+    setInUse(false);
+    m_values.CurrentPaymentNumber = payments().rows();
+    emit nuovoRequested();
+}
+
+void FrmPrincipale::CaricaFattura()
+{
+    if (const auto kind = OpenPayment(m_values, payments().row()))
+        emit openPaymentRequested(*kind);
+}
+
+void FrmPrincipale::activatePayment()
+{
+    if (m_modify->isEnabled())
+        CaricaFattura();
+}
+
+void FrmPrincipale::deletePayment()
+{
+    if (payments().rows() == 1)
+        return;
+    const int row = payments().row();
+    if (!ChiediConferma(u"Sei sicuro di vole eliminare il pagamento N°"_s + QString::number(row)))
+        return;
+    DeletePayment(m_values, row);
+    load();
+}
+
+void FrmPrincipale::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(isEnabled() || IsEnding());
+    if (event->isAccepted() && !IsEnding())
+        unload();
+}
+
+void FrmPrincipale::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (!event->spontaneous())
+        m_payments->setFocus();
+}
+
+} // namespace saldoro

@@ -1,0 +1,75 @@
+#include "overview/payment_actions.h"
+
+#include "common/archive_folders.h"
+#include "common/errors.h"
+#include "platform/database.h"
+#include "store/code_lookups.h"
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** Deletes what meets the criterion, looking from the start each time. */
+void deleteMatching(RecordSet &records, const QString &criterion)
+{
+    records.findFirst(criterion);
+    while (!records.noMatch()) {
+        records.deleteRecord();
+        records.findFirst(criterion);
+    }
+    records.close();
+}
+
+QString kindText(const ProgramValues &values, RecordSet &fatture)
+{
+    fatture.findFirst(u"Npag ="_s + QString::number(values.CurrentPaymentNumber));
+    // After a failed find there is no current record, and the first one decides.
+    if (fatture.noMatch())
+        fatture.moveFirst();
+    return fatture.field(u"AziProf"_s).text();
+}
+
+void deleteFromLedger(const ProgramValues &values, const QString &number)
+{
+    const Database ledger = Database::open(LedgerPath(values));
+    RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture ORDER BY Npag "_s);
+    RecordSet spese = ledger.openRecordSet(u"SELECT * FROM Spese ORDER BY RelNpag"_s);
+    deleteMatching(fatture, u"Npag = "_s + number);
+    deleteMatching(spese, u"RelNpag = "_s + number);
+}
+
+} // namespace
+
+std::optional<CreditorKind> OpenPayment(ProgramValues &values, qint32 row)
+{
+    const Database ledger = Database::open(LedgerPath(values));
+    RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture "_s);
+    values.CurrentPaymentNumber = row;
+    try {
+        const QString kind = kindText(values, fatture);
+        if (kind == "A"_L1)
+            return CreditorKind::Company;
+        if (kind == "P"_L1)
+            return CreditorKind::Professional;
+        return std::nullopt;
+    } catch (SaldoroError &error) {
+        error.addDetail(u"Pagamento"_s, QString::number(row));
+        throw;
+    }
+}
+
+void DeletePayment(const ProgramValues &values, qint32 row)
+{
+    const QString number = QString::number(row);
+    try {
+        EliminaVociLike(values, VoceMandato(values, row));
+        deleteFromLedger(values, number);
+    } catch (SaldoroError &error) {
+        error.addDetail(u"Pagamento"_s, number);
+        throw;
+    }
+}
+
+} // namespace saldoro

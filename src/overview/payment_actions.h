@@ -1,0 +1,34 @@
+#pragma once
+
+#include "common/creditor_kind.h"
+#include "common/program_values.h"
+
+#include <QtGlobal>
+
+#include <optional>
+
+namespace saldoro {
+
+/*
+ * What the buttons do to the payment of a list row. The number that these go by is the row's index
+ * in the list (1 for the first payment), not the number shown in it: they are the same as long as
+ * no payment was deleted, and a row whose index is no payment number any more is "stale".
+ */
+
+/**
+ * Makes @p row the current payment number and returns the kind of form to open it with; no value
+ * for a payment of any other kind. For a stale row the kind is that of the first payment in the
+ * ledger. Throws DatabaseError, NullValue for a payment without kind and NoCurrentRecord for a
+ * ledger without payments.
+ */
+std::optional<CreditorKind> OpenPayment(ProgramValues &values, qint32 row);
+
+/**
+ * Deletes a payment, each record on its own: first its mandate note in the contract database, then
+ * all payments of that number, then all their allocations. A stale row loses its mandate note only.
+ * The remaining payments keep their numbers. Throws DatabaseError; what was deleted before stays
+ * deleted.
+ */
+void DeletePayment(const ProgramValues &values, qint32 row);
+
+} // namespace saldoro
