@@ -1,0 +1,234 @@
+#include "invoice/allocation_frame.h"
+
+#include "invoice/form_fields.h"
+#include "invoice/popup_list.h"
+#include "platform/flex_grid.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int codTwips = 900;
+constexpr int importoTwips = 1700;
+constexpr int leastVisibleRows = 5;
+
+} // namespace
+
+AllocationFrame::AllocationFrame(const QString &caption, const Sources &sources, FormFields &fields,
+                                 QWidget *form)
+    : QGroupBox(caption, form)
+    , m_values(sources.values)
+    , m_fields(fields)
+    , m_grid(new FlexGrid(FlexGrid::Selection::Cell, this))
+    , m_editor(new QLineEdit(this))
+    , m_list(new PopupList(form))
+    , m_invoiceTotal(new QLabel(this))
+    , m_total(new QLineEdit(this))
+    , m_block(sources.overview, m_grid->table())
+{
+    setObjectName(u"Frame2"_s);
+    addGrid();
+    addEditor();
+    addPickList();
+    auto *bottom = new QHBoxLayout;
+    bottom->addLayout(makeButtons());
+    bottom->addStretch(1);
+    bottom->addLayout(makeTotals());
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_grid, 1);
+    layout->addLayout(bottom);
+}
+
+TextTable &AllocationFrame::table()
+{
+    return m_grid->table();
+}
+
+void AllocationFrame::prepare(qint32 paymentNumber)
+{
+    m_paymentNumber = paymentNumber;
+    m_editor->hide();
+    m_list->hide();
+    m_block.prepareGrid();
+}
+
+void AllocationFrame::recalculate()
+{
+    m_block.RecalcAllocationTotal();
+    showTotal();
+}
+
+void AllocationFrame::showInvoiceTotal(const QString &text)
+{
+    m_invoiceTotal->setText(text);
+}
+
+bool AllocationFrame::confirmTotal(const QString &invoiceTotal) const
+{
+    return m_block.confirmTotal(invoiceTotal);
+}
+
+void AllocationFrame::resizeEvent(QResizeEvent *event)
+{
+    QGroupBox::resizeEvent(event);
+    placeEditor();
+}
+
+void AllocationFrame::addGrid()
+{
+    m_block.prepareGrid();
+    Describe(*m_grid, u"MSFlexGrid1"_s, u"Conti di Spesa"_s,
+             u"Voci di spesa su cui è ripartito il pagamento; Invio o doppio clic "
+             u"sull'importo per modificarlo"_s);
+    m_grid->setLeastWidth(AllocationBlock::CodColumn, codTwips);
+    m_grid->setLeastWidth(AllocationBlock::ImportoColumn, importoTwips);
+    m_grid->setRestColumn(AllocationBlock::DescrizioneColumn);
+    m_grid->setRightAligned({AllocationBlock::ImportoColumn});
+    m_grid->setMinimumHeight(leastVisibleRows * 2 * fontMetrics().height());
+    connect(m_grid, &FlexGrid::activated, this, [this] {
+        if (m_fields.focus().moveTo(*m_grid) && m_block.isCurrentCellEditable())
+            openEditor();
+    });
+    for (const QScrollBar *bar : {m_grid->verticalScrollBar(), m_grid->horizontalScrollBar()})
+        connect(bar, &QScrollBar::valueChanged, this, &AllocationFrame::placeEditor);
+}
+
+void AllocationFrame::addEditor()
+{
+    Describe(*m_editor, u"edtTxt"_s, u"Importo"_s,
+             u"Importo della voce di spesa, con il punto per i decimali"_s);
+    m_editor->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_editor->setFrame(false);
+    m_editor->hide();
+    connect(m_editor, &QLineEdit::returnPressed, this, &AllocationFrame::editorConfirmed);
+    const auto entered = [this] {
+        m_block.editorEntered();
+        m_editor->selectAll();
+    };
+    m_fields.focus().watch(*m_editor, entered, [this] {
+        editorLeft();
+        return Leaving::Allowed;
+    });
+}
+
+void AllocationFrame::addPickList()
+{
+    Describe(*m_list, u"List1"_s, u"Voci di spesa"_s,
+             u"Frecce e Invio, o un clic, per scegliere la voce di spesa; Esc per "
+             u"rinunciare"_s);
+    connect(m_list, &PopupList::picked, this, &AllocationFrame::itemPicked);
+    connect(m_list, &PopupList::dismissed, m_grid, [this] { m_fields.focus().moveTo(*m_grid); });
+    m_fields.focus().watch(*m_list, {}, [this] {
+        pickListLeft();
+        return Leaving::Allowed;
+    });
+}
+
+QBoxLayout *AllocationFrame::makeButtons()
+{
+    QPushButton *insert =
+        MakeButton(*this, u"Command3"_s, u"&Inserisci"_s,
+                   u"Aggiunge una voce di spesa scelta dal quadro di disponibilità"_s);
+    QPushButton *remove =
+        MakeButton(*this, u"Command4"_s, u"&Elimina"_s,
+                   u"Elimina subito la voce di spesa corrente, anche dall'archivio"_s);
+    m_fields.addButton(*insert, [this] { insertItem(); });
+    m_fields.addButton(*remove, [this] { deleteItem(); });
+    auto *row = new QHBoxLayout;
+    row->addWidget(insert);
+    row->addWidget(remove);
+    return row;
+}
+
+QLayout *AllocationFrame::makeTotals()
+{
+    Describe(*m_total, u"Text3"_s, u"Totale Conti"_s,
+             u"Somma degli importi ripartiti sulle voci di spesa"_s);
+    m_total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_total->setReadOnly(true);
+    m_total->setFocusPolicy(Qt::ClickFocus);
+    m_invoiceTotal->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_invoiceTotal->setTextFormat(Qt::PlainText);
+    auto *totals = new QGridLayout;
+    totals->addWidget(new QLabel(u"Totale Conti"_s, this), 0, 0);
+    totals->addWidget(m_total, 0, 1);
+    totals->addWidget(new QLabel(u"Totale Fattura"_s, this), 1, 0);
+    totals->addWidget(m_invoiceTotal, 1, 1);
+    return totals;
+}
+
+void AllocationFrame::insertItem()
+{
+    const QStringList lines = m_block.openPickList();
+    if (lines.isEmpty())
+        return;
+    const QPoint corner = m_grid->mapTo(window(), QPoint(0, m_grid->height() / 4));
+    m_list->open(lines, QRect(corner, QSize(m_grid->width(), window()->height() - corner.y())));
+}
+
+void AllocationFrame::itemPicked(int line)
+{
+    m_block.pick(line);
+    // The list closes with a choice, which is not the same as being left.
+    m_fields.focus().forget();
+    openEditor();
+    m_list->hide();
+}
+
+void AllocationFrame::pickListLeft()
+{
+    m_block.leavePickList();
+    m_list->hide();
+}
+
+void AllocationFrame::deleteItem()
+{
+    m_block.deleteCurrentRow(m_values, m_paymentNumber);
+    showTotal();
+}
+
+void AllocationFrame::openEditor()
+{
+    m_grid->scrollTo(m_grid->currentIndex());
+    m_editor->setText(m_grid->table().currentText());
+    m_editor->show();
+    placeEditor();
+    m_editor->raise();
+    m_fields.focus().moveTo(*m_editor);
+}
+
+void AllocationFrame::placeEditor()
+{
+    const QRect cell = m_grid->currentCellRect();
+    m_editor->setGeometry(QRect(m_grid->mapTo(this, cell.topLeft()), cell.size()));
+}
+
+void AllocationFrame::editorConfirmed()
+{
+    m_block.editorConfirmed(m_editor->text());
+    m_fields.focus().moveTo(*m_grid);
+}
+
+// The focus is elsewhere by now, so hiding the editor does not move it.
+void AllocationFrame::editorLeft()
+{
+    m_block.editorLeft(m_editor->text());
+    m_editor->hide();
+    showTotal();
+    m_grid->setFocus(Qt::OtherFocusReason);
+}
+
+void AllocationFrame::showTotal()
+{
+    m_total->setText(m_block.totalText());
+}
+
+} // namespace saldoro

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "invoice/payment_record.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QGridLayout;
+class QHBoxLayout;
+class QPushButton;
+
+namespace saldoro {
+
+class DateBox;
+class EntryField;
+class FormFields;
+class PopupList;
+
+/**
+ * The head of an invoice form: the creditor with the buttons that offer names for him in a pick
+ * list, and the invoice's number, date and description.
+ */
+class CreditorFields : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /** Gives the names that a button offers. */
+    using Names = std::function<QStringList()>;
+
+    /** @p fields must outlive the block; the pick list floats over @p form. */
+    CreditorFields(const QString &dateBoxName, FormFields &fields, QWidget *form);
+
+    /** Adds a button behind the creditor. Its list is shown even when @p names gives none. */
+    QPushButton *addSearch(const QString &objectName, const QString &caption, const QString &hint,
+                           Names names);
+
+    void showRecord(const PaymentRecord &record);
+    void readInto(PaymentRecord &record) const;
+
+    QString creditor() const;
+    void focusCreditor();
+
+signals:
+    void creditorChanged(const QString &creditor);
+
+private:
+    void addCreditor(QGridLayout &grid);
+    void addInvoice(QGridLayout &grid, const QString &dateBoxName);
+    void addList();
+    void offer(const QStringList &names);
+
+    FormFields &m_fields;
+    EntryField *m_creditor;
+    QHBoxLayout *m_searches;
+    EntryField *m_number;
+    DateBox *m_date;
+    EntryField *m_description;
+    PopupList *m_list;
+};
+
+} // namespace saldoro

@@ -1,0 +1,116 @@
+#include "invoice/form_fields.h"
+
+#include "common/date_text.h"
+#include "common/form_helpers.h"
+#include "platform/date_box.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+
+#include <utility>
+
+namespace saldoro {
+
+namespace {
+
+Leaving leaveDate(DateBox &box)
+{
+    const QDate day = DataDaTesto(box.writtenPart());
+    if (day.isValid()) {
+        box.setDateText(FormatData(day));
+        return Leaving::Allowed;
+    }
+    return box.isBlank() ? Leaving::Allowed : Leaving::Refused;
+}
+
+} // namespace
+
+void Describe(QWidget &control, const QString &objectName, const QString &accessibleName,
+              const QString &hint)
+{
+    control.setObjectName(objectName);
+    control.setAccessibleName(accessibleName);
+    control.setAccessibleDescription(hint);
+    control.setToolTip(hint);
+}
+
+QPushButton *MakeButton(QWidget &parent, const QString &objectName, const QString &caption,
+                        const QString &hint)
+{
+    auto *button = new QPushButton(caption, &parent);
+    Describe(*button, objectName, QString(caption).remove(u'&'), hint);
+    return button;
+}
+
+QLabel *LabelFor(QWidget &field, const QString &caption)
+{
+    auto *label = new QLabel(caption, field.parentWidget());
+    label->setBuddy(&field);
+    return label;
+}
+
+FormFields::FormFields(QWidget &window)
+    : m_focus(window)
+{
+}
+
+void FormFields::addLine(QLineEdit &line, FieldFocus::Entered entered, FieldFocus::Left left)
+{
+    line.installEventFilter(this);
+    const auto enter = [&line, entered = std::move(entered)] {
+        if (entered)
+            entered();
+        line.selectAll();
+    };
+    m_focus.watch(line, enter, std::move(left));
+}
+
+void FormFields::addDate(DateBox &box)
+{
+    addLine(box, {}, [&box] { return leaveDate(box); });
+}
+
+void FormFields::addButton(QPushButton &button, std::function<void()> action)
+{
+    // Enter presses the button that has the focus, in a plain window too.
+    button.setAutoDefault(true);
+    button.setFocusPolicy(Qt::StrongFocus);
+    connect(&button, &QPushButton::clicked, this, [this, &button, action = std::move(action)] {
+        if (m_focus.moveTo(button))
+            action();
+    });
+}
+
+bool FormFields::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *line = qobject_cast<QLineEdit *>(watched);
+    if (!line)
+        return false;
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key != Qt::Key_Return && key != Qt::Key_Enter)
+            return false;
+        moveOn(*line);
+        return true;
+    }
+    if (event->type() == QEvent::FocusIn) {
+        const bool byMouse = static_cast<QFocusEvent *>(event)->reason() == Qt::MouseFocusReason;
+        m_clickedInto = byMouse ? line : nullptr;
+    }
+    // The press has put the cursor where it fell; only now can the whole text be selected.
+    if (event->type() == QEvent::MouseButtonRelease &&
+        std::exchange(m_clickedInto, nullptr) == line && !line->hasSelectedText())
+        line->selectAll();
+    return false;
+}
+
+void FormFields::moveOn(QWidget &line)
+{
+    InvioTab(EnterKeyCode);
+    // A key that is already waiting must reach the next field, not this one.
+    QCoreApplication::sendPostedEvents(&line, QEvent::KeyPress);
+}
+
+} // namespace saldoro

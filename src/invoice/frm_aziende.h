@@ -1,0 +1,26 @@
+#pragma once
+
+#include "invoice/contractor.h"
+#include "invoice/invoice_form.h"
+
+namespace saldoro {
+
+/** The form of a payment to a company; a new one starts with the contractor as creditor. */
+class FrmAziende : public InvoiceForm
+{
+    Q_OBJECT
+
+public:
+    /** @p values and @p overview, the table of cost items, must outlive the form. */
+    FrmAziende(ProgramValues &values, const TextTable &overview);
+
+protected:
+    PaymentRecord startRecord() override;
+    QStringList searchCreditors(const QString &typed) const override;
+
+private:
+    QPushButton *m_principals;
+    Contractor m_contractor;
+};
+
+} // namespace saldoro

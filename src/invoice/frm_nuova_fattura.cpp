@@ -1,0 +1,92 @@
+#include "invoice/frm_nuova_fattura.h"
+
+#include "common/ending.h"
+#include "common/form_helpers.h"
+
+#include <QCloseEvent>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template <class Button>
+Button *addButton(QBoxLayout &layout, const QString &name, const QString &text, const QString &hint)
+{
+    auto *button = new Button(text);
+    button->setObjectName(name);
+    button->setToolTip(hint);
+    button->setAccessibleDescription(hint);
+    layout.addWidget(button);
+    return button;
+}
+
+} // namespace
+
+FrmNuovaFattura::FrmNuovaFattura()
+{
+    setObjectName(u"FrmNuovaFattura"_s);
+    setWindowTitle(u"Tipo Fattura"_s);
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(makeOptions());
+    layout->addLayout(makeButtons());
+    SetTopMost(*this);
+    adjustSize();
+    CentraForm(*this);
+}
+
+QWidget *FrmNuovaFattura::makeOptions()
+{
+    auto *frame = new QGroupBox(u"Fattura da:"_s, this);
+    frame->setObjectName(u"Frame2"_s);
+    auto *options = new QVBoxLayout(frame);
+    m_company = addButton<QRadioButton>(*options, u"Option3"_s, u"&Impresa"_s,
+                                        u"Il pagamento è per un'impresa"_s);
+    addButton<QRadioButton>(*options, u"Option4"_s, u"&Professionista"_s,
+                            u"Il pagamento è per un professionista"_s);
+    m_company->setChecked(true);
+    return frame;
+}
+
+QLayout *FrmNuovaFattura::makeButtons()
+{
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    auto *proceedButton = addButton<QPushButton>(*buttons, u"Command1"_s, u"&Continua"_s,
+                                                 u"Apre la fattura da compilare"_s);
+    auto *cancelButton = addButton<QPushButton>(*buttons, u"Command2"_s, u"&Annulla"_s,
+                                                u"Torna alla schermata principale"_s);
+    proceedButton->setDefault(true);
+    connect(proceedButton, &QPushButton::clicked, this, &FrmNuovaFattura::proceed);
+    connect(cancelButton, &QPushButton::clicked, this, &FrmNuovaFattura::unload);
+    return buttons;
+}
+
+void FrmNuovaFattura::reject() {}
+
+void FrmNuovaFattura::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(m_answered || IsEnding());
+}
+
+void FrmNuovaFattura::proceed()
+{
+    setEnabled(false);
+    emit continued(m_company->isChecked() ? CreditorKind::Company : CreditorKind::Professional);
+    unload();
+}
+
+void FrmNuovaFattura::unload()
+{
+    m_answered = true;
+    close();
+    emit finished();
+}
+
+} // namespace saldoro

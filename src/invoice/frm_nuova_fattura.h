@@ -1,0 +1,44 @@
+#pragma once
+
+#include "common/creditor_kind.h"
+
+#include <QDialog>
+
+class QAbstractButton;
+
+namespace saldoro {
+
+/**
+ * The chooser of the kind of a new payment's creditor, company or professional. Its two buttons
+ * are the only way out; Enter is "Continua". It stays above the other windows.
+ */
+class FrmNuovaFattura : public QDialog
+{
+    Q_OBJECT
+
+public:
+    FrmNuovaFattura();
+
+    /** Does nothing: Esc is no way out. */
+    void reject() override;
+
+signals:
+    /** "Continua" was pressed: the form of @p kind is to be opened. finished() follows. */
+    void continued(saldoro::CreditorKind kind);
+    /** The dialog is closed, by either button. */
+    void finished();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    QWidget *makeOptions();
+    QLayout *makeButtons();
+    void proceed();
+    void unload();
+
+    QAbstractButton *m_company = nullptr;
+    bool m_answered = false;
+};
+
+} // namespace saldoro

@@ -1,0 +1,148 @@
+#include "invoice/invoice_form.h"
+
+#include "common/ending.h"
+#include "common/form_helpers.h"
+#include "common/number_text.h"
+#include "invoice/allocation_frame.h"
+#include "invoice/creditor_fields.h"
+#include "invoice/note_fields.h"
+#include "invoice/payment_load.h"
+#include "invoice/payment_save.h"
+
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <utility>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+InvoiceForm::InvoiceForm(ProgramValues &values, const TextTable &overview,
+                         std::unique_ptr<AmountChain> amounts, const InvoiceFormLook &look)
+    : m_values(values)
+    , m_amounts(std::move(amounts))
+    , m_fields(*this)
+    , m_number(new QLabel(this))
+    , m_creditor(new CreditorFields(look.dateBoxName, m_fields, this))
+    , m_amountFields(new AmountFields(*m_amounts, look.amountRows, m_fields, this))
+    , m_notes(new NoteFields(m_fields, this))
+    , m_allocation(new AllocationFrame(look.allocationCaption, {overview, values}, m_fields, this))
+{
+    setWindowTitle(look.title);
+    m_number->setObjectName(u"Label2"_s);
+    m_number->setTextFormat(Qt::PlainText);
+    QFont heading = m_number->font();
+    heading.setBold(true);
+    m_number->setFont(heading);
+    m_creditor->addSearch(u"Command5"_s, u"&Ricerca"_s, look.searchHint,
+                          [this] { return searchCreditors(m_creditor->creditor()); });
+    arrange(look.notesPlace);
+    connect(m_creditor, &CreditorFields::creditorChanged, this, &InvoiceForm::followCreditor);
+    connect(&m_amountFields->box(m_amounts->totalField()), &QLineEdit::textChanged, m_allocation,
+            &AllocationFrame::showInvoiceTotal);
+}
+
+InvoiceForm::~InvoiceForm() = default;
+
+void InvoiceForm::load()
+{
+    SetTopMost(*this);
+    adjustSize();
+    CentraForm(*this);
+    m_paymentNumber = m_values.CurrentPaymentNumber;
+    m_fields.focus().forget();
+    loadPayment();
+    m_number->setText(u"Pagamento N. "_s + SignedNumberText(m_paymentNumber));
+    followCreditor();
+    m_allocation->recalculate();
+    m_creditor->focusCreditor();
+    m_open = true;
+}
+
+void InvoiceForm::closeEvent(QCloseEvent *event)
+{
+    event->accept();
+    if (!IsEnding() && std::exchange(m_open, false))
+        emit unloaded();
+}
+
+void InvoiceForm::arrange(NotesPlace notesPlace)
+{
+    auto *left = new QVBoxLayout;
+    auto *right = new QVBoxLayout;
+    left->addWidget(m_amountFields);
+    if (notesPlace == NotesPlace::BelowAmounts)
+        left->addWidget(m_notes, 1);
+    else
+        right->addWidget(m_notes);
+    right->addWidget(m_allocation, 1);
+    auto *columns = new QHBoxLayout;
+    columns->addLayout(left);
+    columns->addLayout(right, 1);
+    auto *whole = new QVBoxLayout(this);
+    whole->addWidget(m_number);
+    whole->addWidget(m_creditor);
+    whole->addLayout(columns, 1);
+    whole->addLayout(makeButtons());
+}
+
+QLayout *InvoiceForm::makeButtons()
+{
+    auto *row = new QHBoxLayout;
+    row->addStretch(1);
+    m_confirm = MakeButton(*this, u"Command1"_s, u"&Conferma"_s, u"Salva il pagamento e chiude"_s);
+    row->addWidget(m_confirm);
+    m_fields.addButton(*m_confirm, [this] { confirm(); });
+    // Giving up is always possible, also from a date that cannot be left.
+    QPushButton *cancel = MakeButton(*this, u"Command2"_s, u"&Annulla"_s,
+                                     u"Chiude senza salvare; le voci già eliminate "
+                                     u"restano eliminate"_s);
+    row->addWidget(cancel);
+    cancel->setAutoDefault(true);
+    connect(cancel, &QPushButton::clicked, this, &QWidget::close);
+    return row;
+}
+
+void InvoiceForm::followCreditor()
+{
+    m_confirm->setEnabled(!m_creditor->creditor().isEmpty());
+}
+
+void InvoiceForm::loadPayment()
+{
+    PaymentRecord record = startRecord();
+    m_allocation->prepare(m_paymentNumber);
+    for (int i = 0; i < m_amounts->fieldCount(); ++i)
+        m_amounts->setText(i, {});
+    {
+        const TextTable::BulkChange filling(m_allocation->table());
+        LoadPagamento(m_values, m_paymentNumber, record, *m_amounts, m_allocation->table());
+    }
+    m_creditor->showRecord(record);
+    m_amountFields->showAll();
+    m_notes->showRecord(record);
+}
+
+void InvoiceForm::confirm()
+{
+    const QString total = m_amountFields->box(m_amounts->totalField()).text();
+    if (!m_allocation->confirmTotal(total))
+        return;
+    m_amountFields->readAll();
+    SavePagamento(m_values, m_paymentNumber, record(), *m_amounts, m_allocation->table());
+    close();
+}
+
+PaymentRecord InvoiceForm::record() const
+{
+    PaymentRecord shown;
+    m_creditor->readInto(shown);
+    m_notes->readInto(shown);
+    return shown;
+}
+
+} // namespace saldoro

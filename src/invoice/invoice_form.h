@@ -1,0 +1,100 @@
+#pragma once
+
+#include "common/program_values.h"
+#include "invoice/amount_fields.h"
+#include "invoice/form_fields.h"
+#include "invoice/payment_record.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class QLabel;
+class QPushButton;
+
+namespace saldoro {
+
+class AllocationFrame;
+class CreditorFields;
+class NoteFields;
+class TextTable;
+
+/** Where an invoice form has room for mandate and note. */
+enum class NotesPlace
+{
+    BelowAmounts,
+    AboveAllocations
+};
+
+/** What tells the two invoice forms apart at sight. */
+struct InvoiceFormLook
+{
+    QString title;
+    QString dateBoxName;
+    QString allocationCaption;
+    QString searchHint;
+    NotesPlace notesPlace = NotesPlace::BelowAmounts;
+    QList<AmountRow> amountRows;
+};
+
+/**
+ * The form of one payment: creditor, invoice, amounts, mandate, note and allocations. It loads the
+ * payment that is current when load() is called and keeps that number until it closes, whatever
+ * becomes current meanwhile. "Conferma" saves and closes; every other way of closing saves nothing.
+ *
+ * Errors of the databases and of the arithmetic pass through load() and through the event loop.
+ */
+class InvoiceForm : public QWidget
+{
+    Q_OBJECT
+
+public:
+    ~InvoiceForm() override;
+
+    /** Fills the form from the databases, centres it and sets the first focus; to be called before
+     *  it is shown. */
+    void load();
+
+    qint32 paymentNumber() const { return m_paymentNumber; }
+
+signals:
+    /** The form has closed, once for each load(). Not sent while the program is ending. */
+    void unloaded();
+
+protected:
+    /** @p values and @p overview, the table of cost items, must outlive the form. */
+    InvoiceForm(ProgramValues &values, const TextTable &overview,
+                std::unique_ptr<AmountChain> amounts, const InvoiceFormLook &look);
+
+    const ProgramValues &values() const { return m_values; }
+    CreditorFields &creditorFields() { return *m_creditor; }
+
+    /** What the form shows before the payment is read. */
+    virtual PaymentRecord startRecord() { return {}; }
+    /** The creditors that "Ricerca" offers. */
+    virtual QStringList searchCreditors(const QString &typed) const = 0;
+
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void arrange(NotesPlace notesPlace);
+    QLayout *makeButtons();
+    void followCreditor();
+    void loadPayment();
+    void confirm();
+    PaymentRecord record() const;
+
+    ProgramValues &m_values;
+    std::unique_ptr<AmountChain> m_amounts;
+    FormFields m_fields;
+    QLabel *m_number;
+    CreditorFields *m_creditor;
+    AmountFields *m_amountFields;
+    NoteFields *m_notes;
+    AllocationFrame *m_allocation;
+    QPushButton *m_confirm = nullptr;
+    qint32 m_paymentNumber = 0;
+    bool m_open = false;
+};
+
+} // namespace saldoro

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "invoice/payment_record.h"
+
+#include <QWidget>
+
+class QLineEdit;
+
+namespace saldoro {
+
+class DateBox;
+class FormFields;
+class NoteBox;
+
+/** Number and date of a payment's mandate, and the note of the payment. */
+class NoteFields : public QWidget
+{
+public:
+    /** @p fields must outlive the block. */
+    NoteFields(FormFields &fields, QWidget *parent);
+
+    void showRecord(const PaymentRecord &record);
+    void readInto(PaymentRecord &record) const;
+
+private:
+    QLineEdit *m_mandate;
+    DateBox *m_mandateDate;
+    NoteBox *m_note;
+};
+
+} // namespace saldoro

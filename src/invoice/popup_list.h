@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QListWidget>
+
+namespace saldoro {
+
+/**
+ * A pick list that floats over its form until a line is chosen. A click or Enter picks, the arrows
+ * move. It never closes by itself: whoever opened it closes it after a pick, and when it loses the
+ * focus.
+ */
+class PopupList : public QListWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PopupList(QWidget *form);
+
+    /** Shows @p lines at the top left corner of @p area (in the form's coordinates), as wide as it
+     *  and as high as they need up to its height, and takes the focus. */
+    void open(const QStringList &lines, const QRect &area);
+
+signals:
+    void picked(int index, const QString &line);
+    /** Esc was pressed: the focus is to be taken elsewhere. */
+    void dismissed();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void pick(const QListWidgetItem *chosen);
+};
+
+} // namespace saldoro
