@@ -170,10 +170,15 @@ void RecordSetData::requireField(int column)
         throw error(DatabaseFault::NoCurrentRecord, m_rows.column(column).name);
 }
 
-void RecordSetData::begin(Change change)
+void RecordSetData::requireUpdatable() const
 {
     if (m_access == RecordAccess::ReadOnly)
         throw error(DatabaseFault::ReadOnly);
+}
+
+void RecordSetData::begin(Change change)
+{
+    requireUpdatable();
     if (!m_columnsComplete) {
         std::vector<ColumnInfo> columns = m_rows.columns();
         CompleteColumns(m_file, m_table, columns);
@@ -227,10 +232,11 @@ void RecordSetData::deleteRecord()
 {
     rows();
     requireRecord();
-    begin(Change::None);
+    requireUpdatable();
     writer().remove(m_rows.rowId(m_row));
     m_rows.remove(m_row);
     m_position = Position::OnDeleted;
+    m_change = Change::None;
 }
 
 } // namespace saldoro

@@ -88,6 +88,7 @@ private:
     void read();
     void goTo(int row, Position otherwise);
     void requireRecord() const;
+    void requireUpdatable() const;
     void begin(Change change);
     void find(const QString &criterion, int after);
     int matchAfter(int row, const Criterion &criterion);

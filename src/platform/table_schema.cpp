@@ -11,8 +11,10 @@ namespace {
 /** The statement that created the table; no text when there is no such table. */
 QString definitionOf(const std::shared_ptr<DatabaseFile> &file, const QString &table)
 {
-    Statement query(file, QStringLiteral("SELECT sql FROM sqlite_master WHERE type = 'table' "
-                                         "AND name = ? COLLATE NOCASE"));
+    Statement query(file,
+                    QStringLiteral("SELECT sql FROM sqlite_master WHERE type = 'table' "
+                                   "AND name = ? COLLATE NOCASE"),
+                    table);
     query.bind(1, table.toUtf8());
     return query.step() ? query.text(0) : QString();
 }
@@ -28,8 +30,10 @@ void CompleteColumns(const std::shared_ptr<DatabaseFile> &file, const QString &t
                      std::vector<ColumnInfo> &columns)
 {
     const QString definition = definitionOf(file, table);
-    Statement query(file, QStringLiteral("SELECT name, \"notnull\", dflt_value IS NOT NULL, hidden "
-                                         "FROM pragma_table_xinfo(?)"));
+    Statement query(file,
+                    QStringLiteral("SELECT name, \"notnull\", dflt_value IS NOT NULL, hidden "
+                                   "FROM pragma_table_xinfo(?)"),
+                    table);
     query.bind(1, table.toUtf8());
     while (query.step()) {
         const QString name = query.text(0);

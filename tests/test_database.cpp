@@ -1,0 +1,311 @@
+#include "database_probe.h"
+#include "platform/machine_path.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+
+#include <thread>
+
+using namespace saldoro;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TableDef allTypes()
+{
+    TableDef table(u"Tipi"_s);
+    table.appendField(u"Codice"_s, FieldType::Text, 5);
+    table.appendField(u"Libero"_s, FieldType::Text, 5);
+    table.appendField(u"Note"_s, FieldType::Memo);
+    table.appendField(u"Breve"_s, FieldType::Integer);
+    table.appendField(u"Lungo"_s, FieldType::Long);
+    table.appendField(u"Soldi"_s, FieldType::Currency);
+    table.appendField(u"Tasso"_s, FieldType::Double);
+    table.appendField(u"Del"_s, FieldType::Date);
+    table.field(u"LIBERO"_s).allowZeroLength = true;
+    return table;
+}
+
+void writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+} // namespace
+
+class DatabaseTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_folder;
+    int m_files = 0;
+
+    QString newPath() { return m_folder.filePath(u"prova%1.mdb"_s.arg(++m_files)); }
+
+    Database created(const QString &path)
+    {
+        Database database = Database::create(path, u";LANGID=0x0409;CP=1252;COUNTRY=0"_s);
+        database.appendTableDef(allTypes());
+        return database;
+    }
+
+private slots:
+    void aNewFileHoldsWhatWasDefined()
+    {
+        const QString path = newPath();
+        const Database database = created(path);
+        QCOMPARE(database.tableNames(), QStringList{u"Tipi"_s});
+        DirectConnection direct(path);
+        QCOMPARE(direct.run(u"SELECT name, type, [notnull], dflt_value, pk "
+                            "FROM pragma_table_info('Tipi')"_s),
+                 u"Codice|TEXT(5)|0|-|0\nLibero|TEXT(5)|0|-|0\nNote|MEMO TEXT|0|-|0\n"
+                 "Breve|INTEGER16|0|-|0\nLungo|LONG|0|-|0\nSoldi|CURRENCY|0|-|0\n"
+                 "Tasso|DOUBLE|0|-|0\nDel|DATETIME|0|-|0"_s);
+        QCOMPARE(direct.run(u"SELECT count(*) FROM sqlite_master"_s), u"1"_s);
+        // The file itself refuses what another program would write past this layer.
+        QCOMPARE(direct.run(u"INSERT INTO Tipi(Libero) VALUES('')"_s), QString());
+        QVERIFY(direct.run(u"INSERT INTO Tipi(Codice) VALUES('')"_s).startsWith(u"error"));
+        QVERIFY(direct.run(u"INSERT INTO Tipi(Del) VALUES('')"_s).startsWith(u"error"));
+        QCOMPARE(FaultOf([&] { created(path); }), Fault(DatabaseFault::FileExists));
+    }
+
+    void aCreatedFileIsADatabaseBeforeItsFirstTable()
+    {
+        const QString path = newPath();
+        Database database = Database::create(path, {});
+        database = Database::open(path);
+        QCOMPARE(database.tableNames(), QStringList());
+        QCOMPARE(FaultOf([&] { (void)database.openRecordSet(u"SELECT * FROM Fatture "_s); }),
+                 Fault(DatabaseFault::TableMissing, u"Fatture"_s));
+    }
+
+    void filesThatCannotBeOpened_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<DatabaseFault>("fault");
+        const QString text = m_folder.filePath(u"testo.mdb"_s);
+        writeFile(text, QByteArray(4096, 'x'));
+        const QString empty = m_folder.filePath(u"vuoto.mdb"_s);
+        writeFile(empty, {});
+        const QString damaged = newPath();
+        created(damaged);
+        QFile file(damaged);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.seek(100)); // the list of tables, behind the intact header
+        file.write(QByteArray(2000, '\x7f'));
+        file.close();
+        QTest::newRow("missing") << m_folder.filePath(u"manca.mdb"_s) << DatabaseFault::FileMissing;
+        QTest::newRow("folder missing")
+            << m_folder.filePath(u"manca/x.mdb"_s) << DatabaseFault::FileMissing;
+        QTest::newRow("no name") << QString() << DatabaseFault::FileMissing;
+        QTest::newRow("a text") << text << DatabaseFault::NotADatabase;
+        QTest::newRow("empty") << empty << DatabaseFault::NotADatabase;
+        QTest::newRow("a folder") << m_folder.path() << DatabaseFault::NotADatabase;
+        QTest::newRow("damaged") << damaged << DatabaseFault::NotADatabase;
+    }
+
+    void filesThatCannotBeOpened()
+    {
+        QFETCH(QString, path);
+        QFETCH(DatabaseFault, fault);
+        const bool existed = QFile::exists(path);
+        QCOMPARE(FaultOf([&] { Database::open(path); }), Fault(fault));
+        QCOMPARE(FaultOf([&] { Database::openReadOnly(path); }), Fault(fault));
+        QCOMPARE(QFile::exists(path), existed);
+    }
+
+    void creationNeedsItsFolder()
+    {
+        const QString path = m_folder.filePath(u"manca/nuovo.mdb"_s);
+        try {
+            Database::create(path, {});
+            QFAIL("created");
+        } catch (const DatabaseError &error) {
+            QCOMPARE(error.fault(), DatabaseFault::FileMissing);
+            QCOMPARE(error.detail(u"File"_s), path);
+        }
+        QVERIFY(!QDir(m_folder.filePath(u"manca"_s)).exists());
+    }
+
+    void queriesThatCannotBeRead_data()
+    {
+        QTest::addColumn<QString>("sql");
+        QTest::addColumn<QString>("fault");
+        const QString none = Fault(DatabaseFault::SyntaxError);
+        const QString inTable = Fault(DatabaseFault::SyntaxError, u"Tipi"_s);
+        QTest::newRow("table") << u"SELECT * FROM Manca ORDER BY x"_s
+                               << Fault(DatabaseFault::TableMissing, u"Manca"_s);
+        QTest::newRow("field in order")
+            << u"SELECT * FROM Tipi ORDER BY Manca "_s
+            << Fault(DatabaseFault::FieldMissing, u"Tipi"_s, u"Manca"_s);
+        QTest::newRow("field in condition")
+            << u"SELECT * FROM Tipi WHERE manca = 1"_s
+            << Fault(DatabaseFault::FieldMissing, u"Tipi"_s, u"manca"_s);
+        QTest::newRow("field of a join")
+            << u"SELECT a.Lungo FROM Tipi a INNER JOIN Tipi b ON a.Lungo = b.No"_s
+            << Fault(DatabaseFault::FieldMissing, {}, u"No"_s);
+        QTest::newRow("incomplete") << u"SELECT * FROM Tipi WHERE Lungo = "_s << inTable;
+        QTest::newRow("open quote") << u"SELECT * FROM Tipi WHERE Codice = 'x"_s << inTable;
+        QTest::newRow("empty") << u" "_s << none;
+        QTest::newRow("two at once") << u"SELECT 1; SELECT 2"_s << none;
+        QTest::newRow("a change") << u"DELETE FROM Tipi"_s << none;
+    }
+
+    void queriesThatCannotBeRead()
+    {
+        QFETCH(QString, sql);
+        const Database database = created(newPath());
+        QTEST(FaultOf([&] { (void)database.openRecordSet(sql); }), "fault");
+    }
+
+    void aClosedFileIsNotWritten()
+    {
+        const QString path = newPath();
+        Database database = created(path);
+        DirectConnection(path).run(u"INSERT INTO Tipi(Lungo) VALUES(1),(2)"_s);
+        RecordSet read = database.openRecordSet(u"SELECT * FROM Tipi ORDER BY Lungo"_s);
+        RecordSet unread = database.openRecordSet(u"SELECT * FROM Tipi"_s);
+        QCOMPARE(read.recordCount(), 2);
+        database.close();
+        QCOMPARE(Walk(read, u"Lungo"_s), u"1 2"_s);
+        read.moveFirst();
+        const QString closed = Fault(DatabaseFault::Other, u"Tipi"_s);
+        QVERIFY(FaultOf([&] { read.deleteRecord(); }).startsWith(closed.first(2)));
+        QVERIFY(FaultOf([&] { (void)unread.eof(); }).startsWith(closed.first(2)));
+        QVERIFY(!FaultOf([&] { (void)database.tableNames(); }).isEmpty());
+        QCOMPARE(DirectConnection(path).run(u"SELECT count(*) FROM Tipi"_s), u"2"_s);
+    }
+
+    void readOnlyAccessReadsAndRefusesChanges()
+    {
+        const QString path = newPath();
+        created(path);
+        DirectConnection(path).run(u"INSERT INTO Tipi(Lungo) VALUES(7)"_s);
+        const Database database = Database::openReadOnly(path);
+        RecordSet set = database.openRecordSet(u"SELECT * FROM Tipi"_s);
+        QCOMPARE(Walk(set, u"Lungo"_s), u"7"_s);
+        set.addNew();
+        set.set(u"Lungo"_s, 8);
+        QCOMPARE(FaultOf([&] { set.update(); }), Fault(DatabaseFault::ReadOnly, u"Tipi"_s));
+        set.moveFirst();
+        QCOMPARE(FaultOf([&] { set.deleteRecord(); }), Fault(DatabaseFault::ReadOnly, u"Tipi"_s));
+        QCOMPARE(Walk(set, u"Lungo"_s), u"7"_s);
+    }
+
+    void aWriteWaitsForAnotherProgram()
+    {
+        const QString path = newPath();
+        const Database database = created(path);
+        RecordSet set = database.openRecordSet(u"SELECT * FROM Tipi"_s);
+        QVERIFY(set.isEmpty());
+        DirectConnection other(path);
+        QCOMPARE(other.run(u"BEGIN EXCLUSIVE; INSERT INTO Tipi(Lungo) VALUES(1)"_s), QString());
+        std::thread releasing([&] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(300));
+            other.run(u"COMMIT"_s);
+        });
+        QElapsedTimer timer;
+        timer.start();
+        set.addNew();
+        set.set(u"Lungo"_s, 2);
+        const QString fault = FaultOf([&] { set.update(); });
+        releasing.join();
+        QCOMPARE(fault, QString());
+        QVERIFY(timer.elapsed() >= 250);
+        QCOMPARE(other.run(u"SELECT Lungo FROM Tipi ORDER BY Lungo"_s), u"1\n2"_s);
+    }
+
+    void aLockThatStaysIsReported_data()
+    {
+        QTest::addColumn<QString>("lock");
+        QTest::addColumn<bool>("stopsReading");
+        QTest::newRow("written by another") << u"BEGIN EXCLUSIVE"_s << true;
+        QTest::newRow("to be written") << u"BEGIN IMMEDIATE"_s << false;
+        // The change is made, and only its arrival in the file is refused.
+        QTest::newRow("read") << u"BEGIN; SELECT count(*) FROM Tipi"_s << false;
+    }
+
+    void aLockThatStaysIsReported()
+    {
+        QFETCH(QString, lock);
+        QFETCH(bool, stopsReading);
+        const QString path = newPath();
+        Database database = created(path);
+        DirectConnection other(path);
+        other.run(u"INSERT INTO Tipi(Lungo) VALUES(1)"_s);
+        database.setLockWait(50);
+        RecordSet set = database.openRecordSet(u"SELECT * FROM Tipi"_s);
+        QCOMPARE(Walk(set, u"Lungo"_s), u"1"_s);
+        RecordSet later = database.openRecordSet(u"SELECT * FROM Tipi"_s);
+        QVERIFY(!other.run(lock).startsWith(u"error"));
+        const QString locked = Fault(DatabaseFault::Locked, u"Tipi"_s);
+        QCOMPARE(FaultOf([&] {
+                     set.addNew();
+                     set.set(u"Lungo"_s, 2);
+                     set.update();
+                 }),
+                 locked);
+        set.moveFirst();
+        QCOMPARE(FaultOf([&] { set.deleteRecord(); }), locked);
+        QCOMPARE(FaultOf([&] {
+                     set.edit();
+                     set.set(u"Lungo"_s, 3);
+                     set.update();
+                 }),
+                 locked);
+        QCOMPARE(FaultOf([&] { (void)later.eof(); }), stopsReading ? locked : QString());
+        QCOMPARE(Walk(set, u"Lungo"_s), u"1"_s);
+        other.run(u"COMMIT"_s);
+        QCOMPARE(other.run(u"SELECT Lungo FROM Tipi"_s), u"1"_s);
+        QCOMPARE(Walk(later, u"Lungo"_s), u"1"_s);
+    }
+
+    void aWalkedSetLocksNothing()
+    {
+        const QString path = newPath();
+        const Database database = created(path);
+        DirectConnection other(path);
+        other.run(u"INSERT INTO Tipi(Lungo) VALUES(1),(2)"_s);
+        RecordSet set = database.openRecordSet(u"SELECT * FROM Tipi"_s);
+        QCOMPARE(set.field(u"Lungo"_s).integer(), 1);
+        QCOMPARE(other.run(u"BEGIN EXCLUSIVE; DELETE FROM Tipi; COMMIT"_s), QString());
+        set.moveNext();
+        QCOMPARE(set.field(u"Lungo"_s).integer(), 2);
+    }
+
+    void pathsAreFoundInAnyLetterCase()
+    {
+#ifdef Q_OS_WIN
+        QSKIP("the disk itself ignores letter case");
+#else
+        const QDir root(m_folder.path());
+        for (const QString &folder : {u"Archivi.QX/Zelt"_s, u"doppio/AB"_s, u"doppio/Ab"_s})
+            QVERIFY(root.mkpath(folder));
+        writeFile(root.filePath(u"Archivi.QX/Zelt/Lista.ini"_s), "x");
+        const QString base = QString(m_folder.path()).replace(u'/', u'\\');
+        const auto found = [&](const QString &path) {
+            return MachinePath(base + path).sliced(m_folder.path().size());
+        };
+        QCOMPARE(found(u"\\ARCHIVI.QX\\ZELT\\LISTA.INI"_s), u"/Archivi.QX/Zelt/Lista.ini"_s);
+        QCOMPARE(found(u"\\\\archivi.qx\\\\zelt"_s), u"/Archivi.QX/Zelt"_s);
+        QCOMPARE(found(u"\\ARCHIVI.QX\\NUOVO\\File.mdb"_s), u"/Archivi.QX/NUOVO/File.mdb"_s);
+        QCOMPARE(found(u"\\doppio\\Ab"_s), u"/doppio/Ab"_s);
+        QCOMPARE(found(u"\\DOPPIO\\aB"_s), u"/doppio/AB"_s);
+        QVERIFY(ArchivePathExists(base + u"\\archivi.QX\\zelt\\lista.INI"_s));
+        QVERIFY(!ArchivePathExists(base + u"\\archivi.QX\\altro\\lista.INI"_s));
+        const QString path = base + u"\\ARCHIVI.qx\\ZELT\\Nuovo.mdb"_s;
+        created(path);
+        QCOMPARE(Database::open(base + u"\\archivi.qx\\zelt\\NUOVO.MDB"_s).path(),
+                 root.filePath(u"Archivi.QX/Zelt/Nuovo.mdb"_s));
+        QCOMPARE(FaultOf([&] { created(base + u"\\ARCHIVI.qx\\ZELT\\NUOVO.mdb"_s); }),
+                 Fault(DatabaseFault::FileExists));
+#endif
+    }
+};
+
+QTEST_GUILESS_MAIN(DatabaseTest)
+#include "test_database.moc"
