@@ -2,17 +2,33 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace saldoro {
+
+/** Most characters that ReadIniString hands over. */
+inline constexpr qsizetype IniValueLimit = 254;
 
 /**
  * The value of a key of a section of an INI file, or the empty text when the file, the section or
- * the key is missing. Section and key ignore letter case; blanks around "=" and around the value
- * do not count; one pair of quotes around the value is dropped. At most 254 characters are read,
- * a NUL ends the value, trailing blanks are lost.
+ * the key is missing. At most IniValueLimit characters are read, a NUL ends the value, trailing
+ * blanks are lost. Nothing is thrown: a file that can't be read counts as missing.
  *
  * @param fileName archive path or path of the machine
  */
 QString ReadIniString(const QString &fileName, const QString &section, const QString &key);
+
+/**
+ * The same value whole, without limit and NUL rule; no value when file, section or key is missing.
+ *
+ * The same rules hold on every system. Section and key ignore letter case; of sections and keys
+ * that occur twice the first wins. Blanks around section, key, "=" and value do not count; one
+ * pair of quotes (" or ') around the value is dropped and keeps the blanks within. A line that
+ * begins with ";" is a comment. Text is UTF-8 (or what a byte order mark says); a file that is
+ * not valid UTF-8 is read as Windows-1252. Lines end with CR LF, LF or CR.
+ */
+std::optional<QString> FindIniValue(const QString &fileName, const QString &section,
+                                    const QString &key);
 
 /** The part of a text before its first NUL, or the whole text when it holds none. */
 QString TrimAtNul(const QString &text);

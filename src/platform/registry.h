@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 
 #include <optional>
@@ -25,16 +24,24 @@ enum class RegistryRoot
 /**
  * Reads a text value of the per-user settings: the value @p valueName of the key @p keyPath.
  * A missing key or value, and a value of another type than plain text, give no value. The text
- * ends at its first NUL.
+ * ends at its first NUL. Nothing is thrown.
  *
- * On Windows this is the registry. Elsewhere it is the file RegistryFilePath(): keys are
- * "[Software\...]" sections, values "name=text"; a type may be given in front of the text as in
- * "name=REG_EXPAND_SZ:text" or "name=REG_DWORD:5". Names ignore letter case.
+ * On Windows this is the registry itself. Elsewhere it is the file RegistryFilePath(), an INI
+ * file read by the rules of FindIniValue: a key is a section, its values are lines below it.
+ *
+ *     [Software\Dornvale\ZELT]
+ *     drivers=/srv/archivi
+ *
+ * A text that is to keep blanks at its ends stands in double quotes. A value of another type has
+ * the type in front, as in "name=REG_EXPAND_SZ:text" or "name=REG_DWORD:5" (also REG_BINARY);
+ * "REG_SZ:" in front states plain text outright.
  */
 std::optional<QString> ReadRegistryValue(RegistryRoot root, const QString &keyPath,
                                          const QString &valueName);
 
-/** The per-user settings file, where there is no registry; the empty text on Windows. */
+/** The per-user settings file, where there is no registry: "saldoro/registro.ini" in the folder
+ *  that XDG_CONFIG_HOME names, or in ~/.config when that is unset, empty or not absolute. The empty
+ *  text on Windows. */
 QString RegistryFilePath();
 
 } // namespace saldoro

@@ -1,0 +1,115 @@
+#include "platform/registry.h"
+
+#include "platform/ini_file.h"
+
+#ifdef Q_OS_WIN
+#include <QByteArray>
+
+#include <windows.h>
+#else
+#include <QDir>
+
+#include <array>
+#include <utility>
+#endif
+
+namespace saldoro {
+
+#ifdef Q_OS_WIN
+
+namespace {
+
+HKEY rootKey(RegistryRoot root)
+{
+    switch (root) {
+    case RegistryRoot::CurrentUser:
+        return HKEY_CURRENT_USER;
+    }
+    return nullptr;
+}
+
+/** Type and size are asked for first, so that only plain text is ever fetched. A key that could
+ *  not be opened makes the query itself fail. */
+std::optional<QString> queryRegistryValue(HKEY openKey, const QByteArray &valueName)
+{
+    DWORD type = 0;
+    DWORD size = 0;
+    if (RegQueryValueExA(openKey, valueName.constData(), nullptr, &type, nullptr, &size) !=
+            ERROR_SUCCESS ||
+        type != static_cast<DWORD>(RegistryType::String))
+        return std::nullopt;
+    QByteArray buffer(static_cast<qsizetype>(size), ' ');
+    if (RegQueryValueExA(openKey, valueName.constData(), nullptr, &type,
+                         reinterpret_cast<BYTE *>(buffer.data()), &size) != ERROR_SUCCESS)
+        return std::nullopt;
+    return TrimAtNul(QString::fromLocal8Bit(buffer));
+}
+
+} // namespace
+
+std::optional<QString> ReadRegistryValue(RegistryRoot root, const QString &keyPath,
+                                         const QString &valueName)
+{
+    HKEY key = nullptr;
+    RegOpenKeyA(rootKey(root), keyPath.toLocal8Bit().constData(), &key);
+    auto value = queryRegistryValue(key, valueName.toLocal8Bit());
+    RegCloseKey(key);
+    return value;
+}
+
+QString RegistryFilePath()
+{
+    return {};
+}
+
+#else
+
+namespace {
+
+struct TypedText
+{
+    RegistryType type;
+    QString text;
+};
+
+/** Splits the type off the front of a value of the settings file; plain text needs none. */
+TypedText typedText(const QString &value)
+{
+    constexpr std::array<std::pair<QStringView, RegistryType>, 4> prefixes = {{
+        {u"REG_SZ:", RegistryType::String},
+        {u"REG_EXPAND_SZ:", RegistryType::ExpandableString},
+        {u"REG_BINARY:", RegistryType::Binary},
+        {u"REG_DWORD:", RegistryType::Number},
+    }};
+    for (const auto &[prefix, type] : prefixes) {
+        if (value.startsWith(prefix, Qt::CaseInsensitive))
+            return {type, value.mid(prefix.size())};
+    }
+    return {RegistryType::String, value};
+}
+
+} // namespace
+
+std::optional<QString> ReadRegistryValue(RegistryRoot /*root*/, const QString &keyPath,
+                                         const QString &valueName)
+{
+    const auto value = FindIniValue(RegistryFilePath(), keyPath, valueName);
+    if (!value)
+        return std::nullopt;
+    const TypedText typed = typedText(*value);
+    if (typed.type != RegistryType::String)
+        return std::nullopt;
+    return TrimAtNul(typed.text);
+}
+
+QString RegistryFilePath()
+{
+    QString folder = qEnvironmentVariable("XDG_CONFIG_HOME");
+    if (!QDir::isAbsolutePath(folder))
+        folder = QDir::homePath() + QStringLiteral("/.config");
+    return folder + QStringLiteral("/saldoro/registro.ini");
+}
+
+#endif
+
+} // namespace saldoro
