@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QOperatingSystemVersion>
 
 #include <thread>
 
@@ -279,9 +280,8 @@ private slots:
 
     void pathsAreFoundInAnyLetterCase()
     {
-#ifdef Q_OS_WIN
-        QSKIP("the disk itself ignores letter case");
-#else
+        if (QOperatingSystemVersion::currentType() == QOperatingSystemVersion::Windows)
+            QSKIP("the disk itself ignores letter case");
         const QDir root(m_folder.path());
         for (const QString &folder : {u"Archivi.QX/Zelt"_s, u"doppio/AB"_s, u"doppio/Ab"_s})
             QVERIFY(root.mkpath(folder));
@@ -303,7 +303,6 @@ private slots:
                  root.filePath(u"Archivi.QX/Zelt/Nuovo.mdb"_s));
         QCOMPARE(FaultOf([&] { created(base + u"\\ARCHIVI.qx\\ZELT\\NUOVO.mdb"_s); }),
                  Fault(DatabaseFault::FileExists));
-#endif
     }
 };
 

@@ -98,22 +98,25 @@ QString Statement::text(int column) const
 
 void Statement::appendRow(CellTable &cells, int first) const
 {
+    // One look-up of the value instead of one for each of its properties: this is the loop that
+    // all reading goes through, and the connection is used by one thread only.
     const int end = first + cells.columnCount();
     for (int column = first; column < end; ++column) {
-        switch (sqlite3_column_type(m_statement, column)) {
+        sqlite3_value *value = sqlite3_column_value(m_statement, column);
+        switch (sqlite3_value_type(value)) {
         case SQLITE_NULL:
             cells.appendNull();
             break;
         case SQLITE_INTEGER:
-            cells.appendWhole(sqlite3_column_int64(m_statement, column));
+            cells.appendWhole(sqlite3_value_int64(value));
             break;
         case SQLITE_FLOAT:
-            cells.appendReal(sqlite3_column_double(m_statement, column));
+            cells.appendReal(sqlite3_value_double(value));
             break;
         default:
-            const auto *bytes = sqlite3_column_text(m_statement, column);
+            const auto *bytes = sqlite3_value_text(value);
             cells.appendText(reinterpret_cast<const char *>(bytes),
-                             static_cast<quint32>(sqlite3_column_bytes(m_statement, column)));
+                             static_cast<quint32>(sqlite3_value_bytes(value)));
         }
     }
 }

@@ -45,7 +45,7 @@ QString StoredText(const CellTable &cells, const Cell &cell, const ColumnInfo &c
     case CellType::Real:
         return RealText(column.kind == ColumnKind::Currency ? cell.real() / 10000 : cell.real());
     case CellType::Text: {
-        const QString text = QString::fromUtf8(cells.text(cell));
+        QString text = QString::fromUtf8(cells.text(cell));
         if (column.kind == ColumnKind::Date) {
             if (const auto day = DayFromStoredText(text))
                 return day->toString(QStringLiteral("dd/MM/yyyy"));

@@ -40,7 +40,7 @@ bool canHoldEmptyText(FieldType type)
 QString fieldSql(const FieldDef &field)
 {
     const QString name = QuotedName(field.name);
-    const QString declaration = name + u' ' + declaredType(field);
+    QString declaration = name + u' ' + declaredType(field);
     if (field.allowZeroLength || !canHoldEmptyText(field.type))
         return declaration;
     return declaration + QStringLiteral(" CONSTRAINT ") +
