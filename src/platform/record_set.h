@@ -31,8 +31,8 @@ public:
     QString textOrEmpty() const;
 
     /** A currency field's exact value; whole and floating numbers are converted (ties to even). A
-     *  whole number in a column without declared type (an expression of a stored query) is taken
-     *  as a count of ten-thousandths. */
+     *  number in a column without declared type (an expression of a stored query) is taken as a
+     *  count of ten-thousandths. */
     Currency currency() const;
     /** As currency(), a null giving no value. */
     std::optional<Currency> currencyOrNone() const;
@@ -96,7 +96,8 @@ public:
      * Finds the first record, or the next one after the current, that meets @p criterion:
      * "Field = literal" or "Field Like 'pattern'", blanks around the operator optional; a literal
      * is a whole number with optional sign or a quoted text with apostrophes doubled. A null meets
-     * no criterion. Without a match noMatch() becomes true and there is no current record.
+     * no criterion. Without a match noMatch() becomes true and there is no current record: only
+     * moveFirst(), moveLast() and findFirst() lead on from there, the others throw NoCurrentRecord.
      * Throws SyntaxError for anything else, TypeMismatch for a quoted text against a number field
      * or the other way round, FieldMissing.
      */
@@ -115,12 +116,14 @@ public:
      *  buffer, update() writes it. Throws ReadOnly on joins and stored queries. */
     void addNew();
     void edit();
-    /** Throws FieldTooSmall, ZeroLengthRefused, TypeMismatch, FieldMissing. */
+    /** Field values are read as stored, not from the buffer, and any move or find empties it.
+     *  Throws FieldTooSmall, ZeroLengthRefused, TypeMismatch, FieldMissing. */
     void set(const QString &name, const NewValue &value);
     /** Writes the buffer in one statement. After addNew() the current record is the one that was
      *  current before; after edit() the changed one. */
     void update();
-    /** Deletes the current record; it stays the (unreadable) position for moveNext/findNext. */
+    /** Deletes the current record; it stays the (unreadable) position for moveNext/findNext. One
+     *  that another program has deleted meanwhile is passed over without an error. */
     void deleteRecord();
 
     /** Lets go of the records. Any later use throws NoCurrentRecord. */
