@@ -1,6 +1,5 @@
 #include "invoice/form_fields.h"
 
-#include "common/date_text.h"
 #include "common/form_helpers.h"
 #include "platform/date_box.h"
 
@@ -17,12 +16,12 @@ namespace {
 
 Leaving leaveDate(DateBox &box)
 {
-    const QDate day = DataDaTesto(box.writtenPart());
-    if (day.isValid()) {
-        box.setDateText(FormatData(day));
-        return Leaving::Allowed;
-    }
-    return box.isBlank() ? Leaving::Allowed : Leaving::Refused;
+    const QString settled = box.settledText();
+    if (settled.isNull())
+        return Leaving::Refused;
+    if (settled != box.text())
+        box.setDateText(settled);
+    return Leaving::Allowed;
 }
 
 } // namespace

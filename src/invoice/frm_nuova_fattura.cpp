@@ -51,6 +51,9 @@ QWidget *FrmNuovaFattura::makeOptions()
     addButton<QRadioButton>(*options, u"Option4"_s, u"&Professionista"_s,
                             u"Il pagamento è per un professionista"_s);
     m_company->setChecked(true);
+    // By its mnemonic an option is chosen after a moment only; an Enter right behind must count.
+    for (QRadioButton *option : frame->findChildren<QRadioButton *>())
+        connect(option, &QRadioButton::pressed, option, [option] { option->setChecked(true); });
     return frame;
 }
 

@@ -1,0 +1,293 @@
+#include "form_driver.h"
+#include "platform/flex_grid.h"
+
+#include <QListWidget>
+
+using namespace saldoro;
+using namespace Qt::StringLiterals;
+
+/** The allocation frame in a real form: keys, clicks, editor, pick list, ledger. */
+class TestInvoiceAllocation : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { d.reset(); }
+
+    void insertsByKeyboard();
+    void abandonedInsertionLeavesNoRow_data();
+    void abandonedInsertionLeavesNoRow();
+    void nothingLeftToInsert();
+    void picksByMouse();
+    void editorOpensOnAmountsOnly();
+    void editorAlwaysReachesItsCell_data();
+    void editorAlwaysReachesItsCell();
+    void editorKeepsToItself();
+    void deletesAtOnce();
+    void confirmWithOpenEditor();
+    void followsTheOverview();
+    void closesWithPopUpsOpen();
+
+private:
+    void open(qint32 number)
+    {
+        d->open(CreditorKind::Professional, number);
+        m_grid = d->find<FlexGrid>(u"MSFlexGrid1"_s);
+        m_editor = d->find<QLineEdit>(u"edtTxt"_s);
+        m_list = d->find<QListWidget>(u"List1"_s);
+    }
+    /** Opens the editor of a row, by Enter on its amount. */
+    void edit(int row)
+    {
+        m_grid->setFocus();
+        m_grid->table().setRow(row);
+        m_grid->table().setColumn(2);
+        d->press(Qt::Key_Return);
+    }
+    void doubleClick(int row, int column)
+    {
+        const QRect cell = m_grid->visualRect(m_grid->model()->index(row - 1, column));
+        QTest::mouseClick(m_grid->viewport(), Qt::LeftButton, {}, cell.center());
+        QTest::mouseDClick(m_grid->viewport(), Qt::LeftButton, {}, cell.center());
+    }
+    QString stored() const
+    {
+        return d->archive.ledgerRows(u"SELECT RelNpag, Cod, Importo FROM Spese"_s);
+    }
+
+    std::unique_ptr<FormDriver> d;
+    FlexGrid *m_grid = nullptr;
+    QLineEdit *m_editor = nullptr;
+    QListWidget *m_list = nullptr;
+};
+
+void TestInvoiceAllocation::init()
+{
+    d = std::make_unique<FormDriver>();
+    ArchiveBuilder &build = d->archive.build();
+    build.addPayment({{u"AziProf"_s, u"P"_s}, {u"Npag"_s, 2}, {u"Creditore"_s, u"Arch. Sala"_s}});
+    build.addAllocation(2, u"A1"_s, u"Scavi e rinterri"_s, Currency::fromWhole(1300));
+    build.addAllocation(3, u"A1"_s, u"Scavi e rinterri"_s, Currency::fromWhole(9));
+    build.addAllocation(2, u"A2"_s, u"Murature"_s, Currency::fromWhole(45));
+}
+
+void TestInvoiceAllocation::insertsByKeyboard()
+{
+    open(1);
+    d->focus(u"Command3"_s);
+    d->press(Qt::Key_Return);
+    QVERIFY(m_list->isVisible() && m_list->hasFocus());
+    QCOMPARE(m_list->count(), 3);
+    QCOMPARE(m_list->item(0)->text(), u"A1   Scavi e rinterri L.12.500,00"_s);
+    d->press(Qt::Key_Down);
+    d->press(Qt::Key_Down);
+    d->press(Qt::Key_Return);
+    QVERIFY(m_list->isHidden());
+    QCOMPARE(d->focused(), u"edtTxt"_s);
+    const QRect cell = m_grid->currentCellRect();
+    QCOMPARE(m_editor->geometry().size(), cell.size());
+    QCOMPARE(m_editor->mapToGlobal(QPoint()), m_grid->mapToGlobal(cell.topLeft()));
+    d->type(u"1250.5"_s);
+    d->press(Qt::Key_Return);
+    QCOMPARE(d->allocations(), u"B10|Spese tecniche|1.250,50"_s);
+    QCOMPARE(d->text(u"Text3"_s), u"1.250,50"_s);
+    QVERIFY(m_editor->isHidden());
+    QCOMPARE(d->focused(), u"MSFlexGrid1"_s);
+    d->press(Qt::Key_I, Qt::AltModifier);
+    QTRY_COMPARE(d->focused(), u"List1"_s);
+    QCOMPARE(m_list->count(), 2);
+    QCOMPARE(m_list->currentRow(), 0);
+}
+
+void TestInvoiceAllocation::abandonedInsertionLeavesNoRow_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("clicked");
+    QTest::newRow("Esc") << int(Qt::Key_Escape) << QString();
+    QTest::newRow("Tab") << int(Qt::Key_Tab) << QString();
+    QTest::newRow("another field") << 0 << u"Text1_1"_s;
+    QTest::newRow("Inserisci again") << 0 << u"Command3"_s;
+    QTest::newRow("Elimina") << 0 << u"Command4"_s;
+}
+
+void TestInvoiceAllocation::abandonedInsertionLeavesNoRow()
+{
+    QFETCH(int, key);
+    QFETCH(QString, clicked);
+    open(2);
+    const QString before = d->allocations();
+    d->click(u"Command3"_s);
+    QCOMPARE(d->allocations(), before + u";||"_s);
+    if (key)
+        d->press(Qt::Key(key));
+    else
+        d->click(clicked);
+    if (clicked == u"Command3") {
+        QVERIFY(m_list->hasFocus());
+        d->press(Qt::Key_Escape);
+    }
+    QVERIFY(m_list->isHidden() && d->form->isVisible());
+    QCOMPARE(d->allocations(), before);
+    QVERIFY(QApplication::focusWidget() != nullptr);
+    QCOMPARE(m_grid->table().row(), 2);
+}
+
+void TestInvoiceAllocation::nothingLeftToInsert()
+{
+    open(2);
+    d->click(u"Command3"_s);
+    d->press(Qt::Key_Return);
+    d->press(Qt::Key_Return);
+    const QString whole = d->allocations();
+    QCOMPARE(whole.count(u';'), 2);
+    d->click(u"Command3"_s);
+    QCOMPARE(d->messages, QStringList(u"Nessun elemento da inserire disponibile"_s));
+    QVERIFY(m_list->isHidden());
+    QCOMPARE(d->allocations(), whole);
+}
+
+void TestInvoiceAllocation::picksByMouse()
+{
+    open(1);
+    d->click(u"Command3"_s);
+    QTest::mouseClick(m_list->viewport(), Qt::LeftButton, {},
+                      m_list->visualItemRect(m_list->item(1)).center());
+    d->type(u"800"_s);
+    d->click(u"Text1_1"_s);
+    QCOMPARE(d->allocations(), u"A2|Murature|800,00"_s);
+    QCOMPARE(d->text(u"Text3"_s), u"800,00"_s);
+}
+
+void TestInvoiceAllocation::editorOpensOnAmountsOnly()
+{
+    open(2);
+    doubleClick(1, 0);
+    QVERIFY(m_editor->isHidden());
+    doubleClick(2, 1);
+    QVERIFY(m_editor->isHidden());
+    d->press(Qt::Key_Return);
+    QVERIFY(m_editor->isHidden());
+    doubleClick(2, 2);
+    QVERIFY(m_editor->isVisible() && m_editor->hasFocus());
+    QCOMPARE(m_editor->text(), u"45,00"_s);
+    QCOMPARE(m_editor->selectedText(), u"45,00"_s);
+    d->type(u"46"_s);
+    d->press(Qt::Key_Return);
+    d->press(Qt::Key_Up);
+    d->press(Qt::Key_Return);
+    QCOMPARE(m_editor->text(), u"1.300,00"_s);
+    d->type(u"1234,56"_s);
+    d->press(Qt::Key_Return);
+    QCOMPARE(d->allocations(), u"A1|Scavi e rinterri|1.234,00;A2|Murature|46,00"_s);
+    QCOMPARE(d->text(u"Text3"_s), u"1.280,00"_s);
+}
+
+void TestInvoiceAllocation::editorAlwaysReachesItsCell_data()
+{
+    QTest::addColumn<QString>("leftBy");
+    for (const char *way : {"Enter", "Tab", "Backtab", "row", "Text4_0", "Command5", "Memo"})
+        QTest::newRow(way) << QString::fromLatin1(way);
+}
+
+void TestInvoiceAllocation::editorAlwaysReachesItsCell()
+{
+    QFETCH(QString, leftBy);
+    open(2);
+    edit(2);
+    d->type(u"77.1"_s);
+    if (leftBy == u"Enter")
+        d->press(Qt::Key_Enter);
+    else if (leftBy == u"Tab")
+        d->press(Qt::Key_Tab);
+    else if (leftBy == u"Backtab")
+        d->press(Qt::Key_Backtab, Qt::ShiftModifier);
+    else if (leftBy == u"row")
+        QTest::mouseClick(m_grid->viewport(), Qt::LeftButton, {},
+                          m_grid->visualRect(m_grid->model()->index(0, 1)).center());
+    else
+        d->click(leftBy);
+    QCOMPARE(d->allocations(), u"A1|Scavi e rinterri|1.300,00;A2|Murature|77,10"_s);
+    QCOMPARE(d->text(u"Text3"_s), u"1.377,10"_s);
+    QVERIFY(m_editor->isHidden());
+    QCOMPARE(d->focused(), leftBy == u"Command5" ? u"List2"_s : u"MSFlexGrid1"_s);
+}
+
+void TestInvoiceAllocation::editorKeepsToItself()
+{
+    open(2);
+    edit(2);
+    d->type(u"8"_s);
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Up, Qt::Key_Down, Qt::Key_Home})
+        d->press(key);
+    QVERIFY(m_editor->hasFocus());
+    QCOMPARE(m_grid->table().row(), 2);
+    QCOMPARE(m_editor->text(), u"8"_s);
+}
+
+void TestInvoiceAllocation::deletesAtOnce()
+{
+    open(2);
+    m_grid->table().setRow(1);
+    d->click(u"Command4"_s);
+    QCOMPARE(d->messages, QStringList(u"Vuoi eliminare il Cod. A1?"_s));
+    QCOMPARE(d->allocations().count(u';'), 1);
+    d->answer = MessageAnswer::Yes;
+    m_grid->table().setRow(1);
+    d->press(Qt::Key_E, Qt::AltModifier);
+    QTRY_COMPARE(d->allocations(), u"A2|Murature|45,00"_s);
+    QCOMPARE(d->text(u"Text3"_s), u"45,00"_s);
+    QCOMPARE(stored(), u"3|A1|90000\n2|A2|450000"_s);
+    d->click(u"Command3"_s);
+    QCOMPARE(m_list->item(0)->text().left(2), u"A1"_s);
+    d->press(Qt::Key_Return);
+    d->click(u"Command4"_s);
+    QCOMPARE(d->messages.last(), u"Vuoi eliminare il Cod. A1?"_s);
+    d->click(u"Command4"_s);
+    QCOMPARE(d->allocations(), QString());
+    const auto asked = d->messages.size();
+    d->click(u"Command4"_s);
+    QCOMPARE(d->messages.size(), asked);
+    d->click(u"Command2"_s);
+    QCOMPARE(stored(), u"3|A1|90000"_s);
+}
+
+void TestInvoiceAllocation::confirmWithOpenEditor()
+{
+    open(2);
+    d->focus(u"Text4_0"_s);
+    d->type(u"1301"_s);
+    d->press(Qt::Key_Return);
+    d->focus(u"Text2_0"_s);
+    edit(2);
+    d->type(u"1"_s);
+    d->click(u"Command1"_s);
+    QCOMPARE(d->messages, QStringList());
+    QCOMPARE(d->unloads, 1);
+    QCOMPARE(stored(), u"2|A1|13000000\n3|A1|90000\n2|A2|10000"_s);
+}
+
+void TestInvoiceAllocation::followsTheOverview()
+{
+    open(1);
+    d->overview.setText(1, 4, u"-5,00"_s);
+    d->click(u"Command3"_s);
+    QCOMPARE(m_list->item(0)->text(), u"A1   Scavi e rinterri L.-5,00"_s);
+}
+
+void TestInvoiceAllocation::closesWithPopUpsOpen()
+{
+    open(2);
+    edit(1);
+    d->type(u"5"_s);
+    d->form->close();
+    d->form.reset();
+    open(2);
+    d->click(u"Command3"_s);
+    d->form.reset();
+    QCOMPARE(d->unloads, 1);
+    QCOMPARE(stored().count(u'\n'), 2);
+}
+
+QTEST_MAIN(TestInvoiceAllocation)
+#include "test_invoice_allocation.moc"
