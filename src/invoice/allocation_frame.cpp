@@ -1,5 +1,6 @@
 #include "invoice/allocation_frame.h"
 
+#include "invoice/amount_fields.h"
 #include "invoice/form_fields.h"
 #include "invoice/popup_list.h"
 #include "platform/flex_grid.h"
@@ -19,6 +20,7 @@ namespace {
 constexpr int codTwips = 900;
 constexpr int importoTwips = 1700;
 constexpr int leastVisibleRows = 5;
+constexpr int leastVisibleCharacters = 56;
 
 } // namespace
 
@@ -92,7 +94,8 @@ void AllocationFrame::addGrid()
     m_grid->setLeastWidth(AllocationBlock::ImportoColumn, importoTwips);
     m_grid->setRestColumn(AllocationBlock::DescrizioneColumn);
     m_grid->setRightAligned({AllocationBlock::ImportoColumn});
-    m_grid->setMinimumHeight(leastVisibleRows * 2 * fontMetrics().height());
+    m_grid->setMinimumSize(leastVisibleCharacters * fontMetrics().averageCharWidth(),
+                           leastVisibleRows * 2 * fontMetrics().height());
     connect(m_grid, &FlexGrid::activated, this, [this] {
         if (m_fields.focus().moveTo(*m_grid) && m_block.isCurrentCellEditable())
             openEditor();
@@ -154,6 +157,7 @@ QLayout *AllocationFrame::makeTotals()
              u"Somma degli importi ripartiti sulle voci di spesa"_s);
     m_total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_total->setReadOnly(true);
+    m_total->setMinimumWidth(BoxWidth(*m_total, WidestAmount));
     m_total->setFocusPolicy(Qt::ClickFocus);
     m_invoiceTotal->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_invoiceTotal->setTextFormat(Qt::PlainText);

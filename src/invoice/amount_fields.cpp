@@ -20,16 +20,6 @@ enum LayoutColumn
     AmountPlace
 };
 
-/** Widest texts that are expected, for the least width of the boxes. */
-constexpr QStringView widestAmount = u"999.999.999,99";
-constexpr QStringView widestRate = u"99.99";
-
-int boxWidth(const QLineEdit &box, QStringView widest)
-{
-    const int frame = 2 * box.fontMetrics().averageCharWidth();
-    return box.fontMetrics().horizontalAdvance(widest.toString()) + frame;
-}
-
 QColor mixed(const QColor &base, const QColor &tint)
 {
     constexpr qreal tintShare = 0.14;
@@ -41,6 +31,12 @@ QColor mixed(const QColor &base, const QColor &tint)
 }
 
 } // namespace
+
+int BoxWidth(const QWidget &box, QStringView widest)
+{
+    const int frame = 2 * box.fontMetrics().averageCharWidth();
+    return box.fontMetrics().horizontalAdvance(widest.toString()) + frame;
+}
 
 AmountFields::AmountFields(AmountChain &chain, const QList<AmountRow> &rows, FormFields &fields,
                            QWidget *parent)
@@ -101,11 +97,11 @@ void AmountFields::addRow(QGridLayout &grid, const AmountRow &row, FormFields &f
     QLineEdit *rate = nullptr;
     if (!row.rateName.isEmpty()) {
         rate = addBox(row.rateName, row, fields);
-        rate->setFixedWidth(boxWidth(*rate, widestRate));
+        rate->setFixedWidth(BoxWidth(*rate, u"99.99"));
         grid.addWidget(rate, line, RatePlace);
     }
     QLineEdit *amount = addBox(row.amountName, row, fields);
-    amount->setMinimumWidth(boxWidth(*amount, widestAmount));
+    amount->setMinimumWidth(BoxWidth(*amount, WidestAmount));
     if (row.reach == Reach::OnRequest)
         amount->setFocusPolicy(Qt::ClickFocus);
     grid.addWidget(amount, line, AmountPlace);

@@ -11,6 +11,12 @@ namespace saldoro {
 
 class FormFields;
 
+/** Widest amount that is expected in a box. */
+inline constexpr QStringView WidestAmount = u"999.999.999,99";
+
+/** Least width in pixels of a box that shows @p widest. */
+int BoxWidth(const QWidget &box, QStringView widest);
+
 /** How the keyboard gets to an amount. */
 enum class Reach
 {

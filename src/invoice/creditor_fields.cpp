@@ -1,5 +1,6 @@
 #include "invoice/creditor_fields.h"
 
+#include "invoice/amount_fields.h"
 #include "invoice/entry_field.h"
 #include "invoice/form_fields.h"
 #include "invoice/popup_list.h"
@@ -92,6 +93,9 @@ void CreditorFields::addInvoice(QGridLayout &grid, const QString &dateBoxName)
     m_fields.addLine(*m_number);
     m_fields.addDate(*m_date);
     m_fields.addLine(*m_description);
+    m_number->setMinimumWidth(BoxWidth(*m_number, QString(LedgerSize::NFat, u'0')));
+    m_description->setMinimumWidth(
+        BoxWidth(*m_description, QString(LedgerSize::Descrizione, u'n')));
     auto *line = new QHBoxLayout;
     line->addWidget(m_number, 1);
     line->addWidget(LabelFor(*m_date, u"De&l"_s));

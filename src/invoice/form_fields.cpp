@@ -63,7 +63,13 @@ void FormFields::addLine(QLineEdit &line, FieldFocus::Entered entered, FieldFocu
             entered();
         line.selectAll();
     };
-    m_focus.watch(line, enter, std::move(left));
+    const auto leave = [&line, left = std::move(left)] {
+        const Leaving answer = left ? left() : Leaving::Allowed;
+        if (answer == Leaving::Allowed)
+            line.home(false); // a long text shows its beginning
+        return answer;
+    };
+    m_focus.watch(line, enter, leave);
 }
 
 void FormFields::addDate(DateBox &box)

@@ -10,6 +10,13 @@ NoteBox::NoteBox(QWidget *parent)
     setTabChangesFocus(true);
 }
 
+QSize NoteBox::minimumSizeHint() const
+{
+    constexpr int lines = 4;
+    constexpr int characters = 30;
+    return {characters * fontMetrics().averageCharWidth(), lines * fontMetrics().lineSpacing()};
+}
+
 void NoteBox::showNote(const QString &note)
 {
     m_shown = note;

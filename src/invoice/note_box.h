@@ -17,6 +17,10 @@ public:
     void showNote(const QString &note);
     QString note() const;
 
+    /** A few lines; a form may give it more. */
+    QSize sizeHint() const override { return minimumSizeHint(); }
+    QSize minimumSizeHint() const override;
+
 private:
     QString m_shown;
 };

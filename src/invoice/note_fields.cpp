@@ -24,8 +24,6 @@ NoteFields::NoteFields(FormFields &fields, QWidget *parent)
     Describe(*m_note, u"Memo"_s, u"Note"_s, u"Note libere; Invio va a capo, Tab passa oltre"_s);
     fields.addLine(*m_mandate);
     fields.addDate(*m_mandateDate);
-    constexpr int noteLines = 3;
-    m_note->setMinimumHeight((noteLines + 1) * m_note->fontMetrics().lineSpacing());
 
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins({});

@@ -10,8 +10,7 @@ PopupList::PopupList(QWidget *form)
     : QListWidget(form)
 {
     setUniformItemSizes(true);
-    setFrameShape(QFrame::Panel);
-    setLineWidth(2);
+    setFrameStyle(QFrame::Box | QFrame::Plain);
     setAutoFillBackground(true);
     hide();
     connect(this, &QListWidget::itemClicked, this, &PopupList::pick);
