@@ -1,0 +1,300 @@
+#include "common/errors.h"
+#include "invoice/company_amounts.h"
+#include "invoice/professional_amounts.h"
+
+#include <QMap>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <memory>
+
+using namespace saldoro;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::unique_ptr<AmountChain> chainOf(CreditorKind kind)
+{
+    if (kind == CreditorKind::Company)
+        return std::make_unique<CompanyAmounts>();
+    return std::make_unique<ProfessionalAmounts>();
+}
+
+QString stateOf(const AmountChain &chain)
+{
+    QStringList texts;
+    for (int position = 0; position < chain.fieldCount(); ++position)
+        texts.append(chain.text(position));
+    return texts.join(u'|');
+}
+
+/** Carries out "Name=text" (enter, type, leave), "Name" (enter, leave) or "Name:text" (as loaded,
+ *  without the focus). */
+void perform(AmountChain &chain, const QString &step)
+{
+    const QString name = step.section(QRegularExpression(u"[=:]"_s), 0, 0);
+    const int position = chain.position(name);
+    const QString typed = step.mid(name.size() + 1);
+    const bool withFocus = !step.mid(name.size()).startsWith(u':');
+    if (withFocus)
+        chain.entered(position);
+    if (step.size() > name.size())
+        chain.setText(position, typed);
+    if (withFocus)
+        chain.left(position);
+}
+
+/**
+ * What the fields must show, worked out in whole ten-thousandths and by field name. Only for whole
+ * rates and amounts of at most four decimals, where no rounding can be doubtful.
+ */
+class Oracle
+{
+public:
+    explicit Oracle(CreditorKind kind)
+        : m_company(kind == CreditorKind::Company)
+    {
+    }
+
+    QString &text(const QString &name) { return m_texts[name]; }
+
+    void enter(const QString &name) { text(name) = plain(text(name)); }
+
+    void leave(const QString &name)
+    {
+        if (m_company)
+            leaveCompany(name);
+        else if (name.startsWith(u"Text4"))
+            leaveFee(name);
+        else if (name.startsWith(u"Text2"))
+            leaveVat(name);
+        else
+            leaveWithholding(name);
+    }
+
+private:
+    static QString plain(const QString &text)
+    {
+        const QString undotted = text.split(u'.').join(QString());
+        const QString head = undotted.section(u',', 0, 0);
+        return head.size() == undotted.size() ? head : head + u'.' + undotted.section(u',', 1);
+    }
+
+    static qint64 leading(const QString &text)
+    {
+        static const QRegularExpression number(u"^([+-]?)(\\d*)(?:\\.(\\d{0,4}))?"_s);
+        const QRegularExpressionMatch match = number.match(QString(text).remove(u' '));
+        const QString decimals = match.captured(3).leftJustified(4, u'0');
+        const qint64 scaled = (match.captured(2) + decimals).toLongLong();
+        return match.captured(1) == u"-"_s ? -scaled : scaled;
+    }
+
+    static QString shown(qint64 scaled)
+    {
+        const qint64 cents = (qAbs(scaled) + 50) / 100;
+        QString text = QString::number(cents / 100);
+        static const QRegularExpression gap(u"(\\d)(?=(\\d{3})+$)"_s);
+        text.replace(gap, u"\\1."_s);
+        return (scaled < 0 ? u"-"_s : QString()) + text + u',' +
+               QString::number(cents % 100).rightJustified(2, u'0');
+    }
+
+    qint64 value(const QString &name) { return leading(plain(text(name))); }
+    void reshow(const QString &name) { text(name) = shown(leading(text(name))); }
+
+    /** Cents times a whole rate: ten-thousandths without a remainder. */
+    void applyRate(const QString &base, const QString &rate, const QString &target)
+    {
+        text(target) = shown(value(base) / 100 * (leading(text(rate)) / 10000));
+    }
+    void tidyRate(const QString &rate)
+    {
+        text(rate) = QString::number(leading(text(rate)) / 10000);
+    }
+
+    void leaveFee(const QString &name)
+    {
+        reshow(name);
+        const qint64 both = value(u"Text4_0"_s) + value(u"Text4_1"_s);
+        text(u"Text2_0"_s) = shown(both + value(u"Text4_2"_s));
+        text(u"Text2_4"_s) = shown(both);
+    }
+
+    void leaveVat(const QString &name)
+    {
+        if (QStringList{u"Text2_0"_s, u"Text2_2"_s, u"Text2_3"_s}.contains(name))
+            reshow(name);
+        if (name == u"Text2_1") {
+            if (QStringList{u"0"_s, QString()}.contains(text(u"Text2_2"_s)))
+                applyRate(u"Text2_0"_s, u"Text2_1"_s, u"Text2_2"_s);
+            tidyRate(name);
+        }
+        text(u"Text2_3"_s) = shown(value(u"Text2_0"_s) + value(u"Text2_2"_s) + value(u"Text2_5"_s));
+    }
+
+    void leaveWithholding(const QString &name)
+    {
+        if (name == u"Text5_1")
+            reshow(name);
+        if (name == u"Text5_0") {
+            if (leading(text(u"Text5_1"_s)) == 0)
+                applyRate(u"Text2_4"_s, u"Text5_0"_s, u"Text5_1"_s);
+            tidyRate(name);
+        }
+        text(u"Text5_2"_s) = shown(value(u"Text2_3"_s) - value(u"Text5_1"_s));
+    }
+
+    void leaveCompany(const QString &name)
+    {
+        if (name == u"Text2_3")
+            return;
+        if (name == u"Text2_1") {
+            applyRate(u"Text2_0"_s, u"Text2_1"_s, u"Text2_2"_s);
+            tidyRate(name);
+        } else {
+            reshow(name);
+        }
+        text(u"Text2_3"_s) = shown(value(u"Text2_0"_s) + value(u"Text2_2"_s));
+    }
+
+    QMap<QString, QString> m_texts;
+    bool m_company;
+};
+
+} // namespace
+
+class TestAmountChains : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void steps_data();
+    void steps();
+    void randomSessions_data();
+    void randomSessions();
+    void beyondTheRange();
+};
+
+void TestAmountChains::steps_data()
+{
+    QTest::addColumn<CreditorKind>("kind");
+    QTest::addColumn<QString>("script"); // each step and what all fields show after it
+
+    // fee | 4% | 2% | VAT base | rate | VAT | other | total | R.A. base | rate | R.A. | net
+    QTest::newRow("a fee note, then another fee")
+        << CreditorKind::Professional << uR"(Text4_0=2350 -> 2.350,00|||2.350,00|||||2.350,00|||
+Text4_1=94 -> 2.350,00|94,00||2.444,00|||||2.444,00|||
+Text4_2=48.88 -> 2.350,00|94,00|48,88|2.492,88|||||2.444,00|||
+Text2_1=22 -> 2.350,00|94,00|48,88|2.492,88|22|548,43||3.041,31|2.444,00|||
+Text5_0=20 -> 2.350,00|94,00|48,88|2.492,88|22|548,43||3.041,31|2.444,00|20|488,80|2.552,51
+Text4_0=1000,99 -> 1.000,00|94,00|48,88|1.142,88|22|548,43||3.041,31|1.094,00|20|488,80|2.552,51
+Text2_1=22.5 -> 1.000,00|94,00|48,88|1.142,88|22.5|548,43||1.691,31|1.094,00|20|488,80|2.552,51
+Text5_0 -> 1.000,00|94,00|48,88|1.142,88|22.5|548,43||1.691,31|1.094,00|20|488,80|1.202,51)"_s;
+    QTest::newRow("which zeros are computed anew")
+        << CreditorKind::Professional << uR"(Text4_0= -> 0,00|||0,00|||||0,00|||
+Text4_0=700 -> 700,00|||700,00|||||700,00|||
+Text2_2=0 -> 700,00|||700,00||0,00||700,00|700,00|||
+Text2_1=abc -> 700,00|||700,00|0|0,00||700,00|700,00|||
+Text2_1=10 -> 700,00|||700,00|10|0,00||700,00|700,00|||
+Text2_2:0 -> 700,00|||700,00|10|0||700,00|700,00|||
+Text2_1= 4,5 -> 700,00|||700,00|4|28,00||728,00|700,00|||
+Text5_1=0.40 -> 700,00|||700,00|4|28,00||728,00|700,00||0,40|727,60
+Text5_0=20% -> 700,00|||700,00|4|28,00||728,00|700,00|20|140,00|588,00
+Text5_0=30 -> 700,00|||700,00|4|28,00||728,00|700,00|30|140,00|588,00)"_s;
+    QTest::newRow("fields that keep their plain form")
+        << CreditorKind::Professional << uR"(Text2_0=100.5 -> |||100,50||||100,50||||
+Text2_5=7.20 -> |||100,50|||7.20|820,50||||
+Text2_5=7,20 -> |||100,50|||7,20|107,70||||
+Text2_5 -> |||100,50|||7.20|820,50||||
+Text2_4=731.5 -> |||100,50|||7.20|820,50|731.5|||
+Text5_0=20 -> |||100,50|||7.20|820,50|731.5|20|1.463,00|-642,50
+Text2_3=9 -> |||100,50|||7.20|820,50|731.5|20|1.463,00|-642,50
+Text5_2=9 -> |||100,50|||7.20|820,50|731.5|20|1.463,00|-642,50
+Text5_1 -> |||100,50|||7.20|820,50|731.5|20|1.463,00|-642,50)"_s;
+    QTest::newRow("company") << CreditorKind::Company << uR"(Text2_0=1850 -> 1.850,00|||1.850,00
+Text2_1=22 -> 1.850,00|22|407,00|2.257,00
+Text2_0=1000.005 -> 1.000,01|22|407,00|1.407,01
+Text2_2=400,9 -> 1.000,01|22|400,00|1.400,01
+Text2_3=77 -> 1.000,01|22|400,00|77
+Text2_1=10.5 -> 1.000,01|10.5|105,00|1.105,01
+Text2_3 -> 1.000,01|10.5|105,00|1105.01
+Text2_0=0.03 -> 0,03|10.5|105,00|105,03
+Text2_1=50 -> 0,03|50|0,02|0,05
+Text2_1= -> 0,03|0|0,00|0,03)"_s;
+}
+
+void TestAmountChains::steps()
+{
+    QFETCH(CreditorKind, kind);
+    QFETCH(QString, script);
+    const std::unique_ptr<AmountChain> chain = chainOf(kind);
+    for (const QString &line : script.split(u'\n')) {
+        const QString step = line.section(u" -> "_s, 0, 0);
+        perform(*chain, step);
+        QCOMPARE(step + u" -> "_s + stateOf(*chain), line);
+    }
+}
+
+void TestAmountChains::randomSessions_data()
+{
+    QTest::addColumn<CreditorKind>("kind");
+    QTest::newRow("professional") << CreditorKind::Professional;
+    QTest::newRow("company") << CreditorKind::Company;
+}
+
+void TestAmountChains::randomSessions()
+{
+    QFETCH(CreditorKind, kind);
+    const QStringList oddAmounts{u""_s,     u"0"_s,        u"12,5"_s, u"abc"_s,          u"-3.25"_s,
+                                 u"7."_s,   u"4.321,09"_s, u".5"_s,   u"1 2 3.4 euro"_s, u"-"_s,
+                                 u"0.005"_s};
+    const QStringList rates{u"22"_s, u"20%"_s,  u"4,5"_s, u""_s,
+                            u"-4"_s, u" 1 0"_s, u"x"_s,   u"100"_s};
+    QRandomGenerator random(20260);
+    for (int session = 0; session < 300; ++session) {
+        const std::unique_ptr<AmountChain> chain = chainOf(kind);
+        Oracle oracle(kind);
+        QStringList log;
+        for (int step = 0; step < 30; ++step) {
+            const int position = random.bounded(chain->fieldCount());
+            const AmountField &field = chain->field(position);
+            QString typed = QString::number(random.bounded(90000000) / 100.0, 'f', 2);
+            if (field.role == AmountRole::Rate)
+                typed = rates[random.bounded(rates.size())];
+            else if (random.bounded(3) == 0)
+                typed = oddAmounts[random.bounded(oddAmounts.size())];
+            const bool types = random.bounded(4) != 0;
+            oracle.enter(field.objectName);
+            if (types)
+                oracle.text(field.objectName) = typed;
+            oracle.leave(field.objectName);
+            log.append(types ? field.objectName + u'=' + typed : field.objectName);
+            perform(*chain, log.last());
+
+            QStringList expected;
+            for (int i = 0; i < chain->fieldCount(); ++i)
+                expected.append(oracle.text(chain->field(i).objectName));
+            QVERIFY2(stateOf(*chain) == expected.join(u'|'),
+                     qPrintable(log.join(u"; "_s) + u"\nshows  "_s + stateOf(*chain) +
+                                u"\nwanted "_s + expected.join(u'|')));
+        }
+    }
+}
+
+void TestAmountChains::beyondTheRange()
+{
+    const QList<std::pair<QString, QString>> cases{
+        {u"Text2_2:"_s, u"Text4_0=1e15"_s},
+        {u"Text4_1:900000000000000"_s, u"Text4_0=900000000000000"_s},
+        {u"Text2_0:900000000000000"_s, u"Text2_1=1000"_s},
+        {u"Text2_2:5,00"_s, u"Text2_1=1e999"_s}};
+    for (const auto &[before, step] : cases) {
+        ProfessionalAmounts chain;
+        perform(chain, before);
+        QVERIFY_THROWS_EXCEPTION(OverflowError, perform(chain, step));
+    }
+}
+
+QTEST_GUILESS_MAIN(TestAmountChains)
+#include "test_amount_chains.moc"

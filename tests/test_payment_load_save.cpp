@@ -1,0 +1,376 @@
+#include "common/errors.h"
+#include "invoice/allocation_block.h"
+#include "invoice/company_amounts.h"
+#include "invoice/contractor.h"
+#include "invoice/creditor_lists.h"
+#include "invoice/mandate_note.h"
+#include "invoice/payment_load.h"
+#include "invoice/payment_save.h"
+#include "invoice/professional_amounts.h"
+#include "test_archive.h"
+
+#include <QTest>
+
+#include <memory>
+
+using namespace saldoro;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** What an invoice form holds, without its widgets. */
+struct Form
+{
+    PaymentRecord record;
+    std::unique_ptr<AmountChain> amounts;
+    TextTable overview{5};
+    TextTable grid;
+    AllocationBlock block{overview, grid};
+
+    explicit Form(CreditorKind kind)
+    {
+        if (kind == CreditorKind::Company)
+            amounts = std::make_unique<CompanyAmounts>();
+        else
+            amounts = std::make_unique<ProfessionalAmounts>();
+        block.prepareGrid();
+    }
+    Form(CreditorKind kind, const TestArchive &archive, qint32 number)
+        : Form(kind)
+    {
+        LoadPagamento(archive.values(), number, record, *amounts, grid);
+    }
+
+    void addRow(const QString &code, const QString &description, const QString &amount)
+    {
+        const int row = grid.rows();
+        grid.setRows(row + 1);
+        grid.setText(row, 0, code);
+        grid.setText(row, 1, description);
+        grid.setText(row, 2, amount);
+    }
+
+    void setAmounts(const QStringList &texts)
+    {
+        for (int position = 0; position < texts.size(); ++position)
+            amounts->setText(position, texts[position]);
+    }
+
+    /** Texts, amounts, then a line for each allocation. */
+    QString state() const
+    {
+        QString text =
+            QStringList{record.creditore, record.nFat,    record.del,        record.descrizione,
+                        record.memo,      record.mandato, record.mandatoDell}
+                .join(u'|') +
+            u'\n';
+        for (int position = 0; position < amounts->fieldCount(); ++position)
+            text += amounts->text(position) + u'|';
+        for (int row = 1; row < grid.rows(); ++row)
+            text += u'\n' + grid.text(row, 0) + u'|' + grid.text(row, 1) + u'|' + grid.text(row, 2);
+        return text;
+    }
+};
+
+const QString PaymentsSql = u"SELECT * FROM Fatture ORDER BY rowid"_s;
+const QString AllocationsSql = u"SELECT * FROM Spese ORDER BY rowid"_s;
+const QString NotesSql = u"SELECT Voce, Funzione, Descri, Stringa FROM SchedaProgetto"_s;
+
+Form feeNote()
+{
+    Form form(CreditorKind::Professional);
+    form.record = {u"Studio dell'Orto"_s, u"7/B"_s, u"05/03/2004"_s, u"Secondo acconto"_s,
+                   u"riga 1\nriga 2"_s,   u"31"_s,  u"09/04/2004"_s};
+    form.setAmounts({u"1.200,00"_s, u"48,00"_s, u"24,96"_s, u"1.272,96"_s, u"22.5"_s, u"286,42"_s,
+                     u"10,50"_s, u"1.569,88"_s, u"1.248,00"_s, u"20"_s, u"249,60"_s,
+                     u"1.320,28"_s});
+    form.addRow(u"B1"_s, u"Scavi"_s, u"1.000,00"_s);
+    form.addRow(u"L'8"_s, QString(60, u'ò'), u"569,88"_s);
+    return form;
+}
+
+DatabaseFault faultOf(const std::function<void()> &action)
+{
+    try {
+        action();
+    } catch (const DatabaseError &error) {
+        return error.fault();
+    }
+    return DatabaseFault::Other;
+}
+
+} // namespace
+
+class TestPaymentLoadSave : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void professionalRoundTrip();
+    void companyWritesItsOwnColumns();
+    void nothingTypedStoresNulls();
+    void failuresLeaveWhatWasWritten();
+    void newPaymentTakesLastNotes();
+    void nullsShowEmpty_data();
+    void nullsShowEmpty();
+    void rowsWithoutCodeAreNotDoubled();
+    void mandateNotes_data();
+    void mandateNotes();
+    void contractor_data();
+    void contractor();
+    void creditorLists();
+};
+
+void TestPaymentLoadSave::professionalRoundTrip()
+{
+    TestArchive archive;
+    archive.build().addStandardCodes();
+    ProgramValues values = archive.values();
+    values.CurrentPaymentNumber = 99; // another form's business
+    Form form = feeNote();
+    SavePagamento(values, 3, form.record, *form.amounts, form.grid);
+    SavePagamento(values, 3, form.record, *form.amounts, form.grid);
+
+    const QString payment =
+        u"P|3|Studio dell'Orto|7/B|2004-03-05|riga 1\nriga 2|Secondo acconto|"
+        "225000|12729600|2864200|200000|12000000|480000|249600|2496000|105000"_s;
+    QCOMPARE(archive.ledgerRows(PaymentsSql), payment);
+    QCOMPARE(archive.ledgerRows(AllocationsSql),
+             u"3|B1|Scavi|10000000\n3|L'8|%1|5698800"_s.arg(QString(50, u'ò')));
+    QCOMPARE(archive.contractRows(NotesSql),
+             u"M0097_3|0|Pag. N.3 - Studio dell'Orto|Mandato nr.31 del 09/04/2004"_s);
+    QCOMPARE(values.MandateText, u"Mandato nr.31 del 09/04/2004"_s);
+
+    Form again(CreditorKind::Professional, archive, 3);
+    QCOMPARE(again.state(), form.state().replace(QString(60, u'ò'), QString(50, u'ò')));
+    QCOMPARE(again.grid.row(), 2);
+
+    // Editing: a row changed, one new; a row missing from the grid is not the save's business.
+    again.grid.setRows(2);
+    again.grid.setText(1, 2, u"1.100,00"_s);
+    again.grid.setText(1, 1, u"scritta solo all'inserimento"_s);
+    again.addRow(u"C2"_s, u"Ponteggi"_s, u"0,01"_s);
+    again.record.mandatoDell = u"__/__/____"_s;
+    again.record.nFat.clear();
+    SavePagamento(values, 3, again.record, *again.amounts, again.grid);
+    QCOMPARE(archive.ledgerRows(AllocationsSql),
+             u"3|B1|Scavi|11000000\n3|L'8|%1|5698800\n3|C2|Ponteggi|100"_s.arg(QString(50, u'ò')));
+    QCOMPARE(archive.ledgerRows(PaymentsSql), QString(payment).replace(u"7/B"_s, QString()));
+    QCOMPARE(Form(CreditorKind::Professional, archive, 3).record.mandatoDell, u"__/__/____"_s);
+}
+
+void TestPaymentLoadSave::companyWritesItsOwnColumns()
+{
+    TestArchive archive;
+    archive.build().addStandardCodes();
+    ProgramValues values = archive.values();
+    archive.build().addPayment({{u"AziProf"_s, u"P"_s}, {u"Npag"_s, 1}});
+    archive.build().addPayment(
+        {{u"AziProf"_s, u"A"_s}, {u"Npag"_s, 2}, {u"ImportoRA"_s, Currency::fromWhole(7)}});
+
+    Form form(CreditorKind::Company);
+    form.record.creditore = u"Cave Spa"_s;
+    form.setAmounts({u"1.000,00"_s, u"4"_s, u"40,00"_s, u"1040.00"_s});
+    for (const qint32 number : {1, 2})
+        SavePagamento(values, number, form.record, *form.amounts, form.grid);
+    // The professional's payment of the same number is another payment.
+    QCOMPARE(archive.ledgerRows(PaymentsSql),
+             u"P|1|-|-|-|-|-|-|-|-|-|-|-|-|-|-\n"
+             "A|2|Cave Spa||-|||40000|10000000|400000|-|-|-|-|70000|-\n"
+             "A|1|Cave Spa||-|||40000|10000000|400000|-|-|-|-|-|-"_s);
+    QCOMPARE(Form(CreditorKind::Company, archive, 2).state(),
+             u"Cave Spa||__/__/____||||__/__/____\n1.000,00|4|40,00|1.040,00|"_s);
+}
+
+void TestPaymentLoadSave::nothingTypedStoresNulls()
+{
+    TestArchive archive;
+    ProgramValues values = archive.values();
+    Form form(CreditorKind::Professional);
+    form.addRow(u"B1"_s, QString(), QString());
+    SavePagamento(values, 1, form.record, *form.amounts, form.grid);
+    QCOMPARE(archive.ledgerRows(PaymentsSql), u"P|1|-||-|||0|0|0|0|0|0|0|0|0"_s);
+    QCOMPARE(archive.ledgerRows(AllocationsSql), u"1|B1|-|0"_s);
+    // Without a mapped code the note's key has nothing before the number.
+    QCOMPARE(archive.contractRows(NotesSql), u"_1|0|Pag. N.1 - |Mandato nr. del __/__/____"_s);
+    QCOMPARE(Form(CreditorKind::Professional, archive, 1).state(),
+             u"||__/__/____||||__/__/____\n"
+             "0,00|0,00|0,00|0,00|0|0,00|0,00|0,00|0,00|0|0,00|0,00|\nB1||0,00"_s);
+}
+
+void TestPaymentLoadSave::failuresLeaveWhatWasWritten()
+{
+    TestArchive archive;
+    ProgramValues values = archive.values();
+    Form form = feeNote();
+    const auto save = [&] { SavePagamento(values, 1, form.record, *form.amounts, form.grid); };
+    form.record.creditore = QString(61, u'x');
+    QCOMPARE(faultOf(save), DatabaseFault::FieldTooSmall);
+    QCOMPARE(archive.ledgerRows(PaymentsSql), QString());
+
+    form.record.creditore = QString(60, u'x');
+    form.addRow(u"12345678901"_s, u"Codice lungo"_s, u"1,00"_s);
+    QCOMPARE(faultOf(save), DatabaseFault::FieldTooSmall);
+    QCOMPARE(archive.ledgerRows(u"SELECT Creditore FROM Fatture"_s), QString(60, u'x'));
+    QCOMPARE(archive.ledgerRows(u"SELECT Cod FROM Spese"_s), u"B1\nL'8"_s);
+    QCOMPARE(archive.contractRows(NotesSql), QString());
+    QCOMPARE(values.MandateText, QString());
+}
+
+void TestPaymentLoadSave::newPaymentTakesLastNotes()
+{
+    TestArchive archive;
+    const QString blank = u"||__/__/____||%1||__/__/____\n||||"_s;
+    QCOMPARE(Form(CreditorKind::Company, archive, 1).state(), blank.arg(QString()));
+    archive.build().addPayment({{u"Npag"_s, 9}, {u"Memo"_s, u"prima"_s}});
+    archive.build().addPayment({{u"Npag"_s, 8}, {u"Memo"_s, u"ultima\nriga"_s}});
+    archive.build().addAllocation(10, u"B1"_s, u"rimasta"_s, Currency::fromScaled(5));
+    QCOMPARE(Form(CreditorKind::Company, archive, 11).state(), blank.arg(u"ultima\nriga"_s));
+    QCOMPARE(Form(CreditorKind::Company, archive, 10).state(),
+             blank.arg(u"ultima\nriga"_s) + u"\nB1|rimasta|0,00"_s);
+
+    // A company's form starts with the contractor, which only a stored payment replaces.
+    for (const qint32 number : {9, 12}) {
+        Form form(CreditorKind::Company);
+        form.record.creditore = u"Appaltatore"_s;
+        LoadPagamento(archive.values(), number, form.record, *form.amounts, form.grid);
+        QCOMPARE(form.record.creditore, number == 12 ? u"Appaltatore"_s : QString());
+    }
+}
+
+void TestPaymentLoadSave::nullsShowEmpty_data()
+{
+    QTest::addColumn<CreditorKind>("kind");
+    QTest::addColumn<QString>("amounts");
+    // Totals are of the stored four decimals: 0,0049 and 0,0049 show as a cent together.
+    QTest::newRow("professional") << CreditorKind::Professional
+                                  << u"|3,00||0,00|||0,00|0,01|3,00|20.25|-1,00|1,01|"_s;
+    QTest::newRow("company") << CreditorKind::Company << u"0,00|||0,00|"_s;
+}
+
+void TestPaymentLoadSave::nullsShowEmpty()
+{
+    QFETCH(CreditorKind, kind);
+    TestArchive archive;
+    archive.build().addPayment({{u"AziProf"_s, u"?"_s},
+                                {u"Npag"_s, 5},
+                                {u"Del"_s, QString()},
+                                {u"Importo"_s, Currency::fromScaled(49)},
+                                {u"AltriImporti01"_s, Currency::fromScaled(49)},
+                                {u"Contributo"_s, Currency::fromWhole(3)},
+                                {u"AliquotaRA"_s, Currency::fromScaled(202500)},
+                                {u"ImportoRA"_s, Currency::fromWhole(-1)}});
+    archive.execute(LedgerPath(archive.values()), u"INSERT INTO Spese (RelNpag) VALUES (5)"_s);
+    QFETCH(QString, amounts);
+    QCOMPARE(Form(kind, archive, 5).state(),
+             u"||__/__/____||||__/__/____\n"_s + amounts + u"\n||"_s);
+}
+
+void TestPaymentLoadSave::rowsWithoutCodeAreNotDoubled()
+{
+    TestArchive archive;
+    ProgramValues values = archive.values();
+    archive.build().addAllocation(2, u"B1"_s, u"Scavi"_s, Currency::fromWhole(1));
+    archive.execute(LedgerPath(values), u"INSERT INTO Spese (RelNpag, Importo) VALUES (2, 500)"_s);
+    Form form(CreditorKind::Company, archive, 2);
+    form.grid.setText(2, 2, u"6,00"_s);
+    for (int pass = 0; pass < 2; ++pass)
+        SavePagamento(values, 2, form.record, *form.amounts, form.grid);
+    QCOMPARE(archive.ledgerRows(AllocationsSql), u"2|B1|Scavi|10000\n2|-|-|60000"_s);
+}
+
+void TestPaymentLoadSave::mandateNotes_data()
+{
+    QTest::addColumn<QString>("note");
+    QTest::addColumn<QString>("professional"); // number @ date
+    QTest::addColumn<QString>("company");
+    const QString rows = uR"(Mandato nr.1.2 del __/__/____ => 1.2 @ __/__/____ => 1.2 @ __/__/____
+Mandato nr. 5 del 07/08/2003 bis => 5 @ 07/08/2003 => 5 @ 07/08/2003 bis
+n.5del07/08/2003 => 5 @ 7/08/2003 => 5 @ 07/08/2003
+n.5 del mod. del 1/2 => 5 @ mod. del 1 => 5 @ mod. del 1/2
+Mandato nr.12 Del 3 => 12 Del 3 @  => 12 Del 3 @ 
+Mandato 12 del 3 => Mandato 12 @ 3 => Mandato 12 @ 3
+12 del 3.4 => 12 @ 3.4 => 12 @ 3.4
+nr.del =>  @  =>  @ 
+a mano => a mano @  => a mano @ 
+ =>  @  =>  @ )"_s;
+    for (const QString &row : rows.split(u'\n')) {
+        const QStringList cells = row.split(u" => "_s);
+        QTest::newRow(qPrintable(u"<%1>"_s.arg(cells[0]))) << cells[0] << cells[1] << cells[2];
+    }
+}
+
+void TestPaymentLoadSave::mandateNotes()
+{
+    QFETCH(QString, note);
+    for (const CreditorKind kind : {CreditorKind::Professional, CreditorKind::Company}) {
+        const MandateNote parsed = ParseMandateNote(note, kind);
+        QTEST(parsed.mandato + u" @ "_s + parsed.mandatoDell,
+              kind == CreditorKind::Company ? "company" : "professional");
+    }
+}
+
+void TestPaymentLoadSave::contractor_data()
+{
+    QTest::addColumn<NewValue>("link");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("no such item") << NewValue(qint32(-99)) << u"-1 - single"_s;
+    QTest::newRow("not linked") << NewValue(qint32(0)) << u"0 L'Arca single"_s;
+    QTest::newRow("association") << NewValue(qint32(11)) << u"11 L'Arca association"_s;
+    QTest::newRow("other letter case") << NewValue(qint32(12)) << u"12 L'Arca single"_s;
+    QTest::newRow("no kind") << NewValue(qint32(13)) << u"13 L'Arca single"_s;
+    QTest::newRow("not in the register") << NewValue(qint32(14)) << u"14 L'Arca single"_s;
+    QTest::newRow("no value") << NewValue() << u"null"_s;
+}
+
+void TestPaymentLoadSave::contractor()
+{
+    QFETCH(NewValue, link);
+    TestArchive archive;
+    archive.build().addStandardCodes();
+    archive.build().addCompany(11, u"L'Arca"_s, u"ATI"_s);
+    archive.build().addCompany(12, u"L'Arca"_s, u"ati"_s);
+    archive.execute(CompaniesPath(archive.values()), u"INSERT INTO Anag (ID) VALUES (13)"_s);
+    if (link != NewValue(qint32(-99)))
+        archive.build().addSheetItem(
+            {{u"Voce"_s, u"D0101"_s}, {u"Stringa"_s, u"L'Arca"_s}, {u"Link"_s, link}});
+    Contractor found;
+    const DatabaseFault fault = faultOf([&] { found = LoadContractor(archive.values()); });
+    QTEST(fault == DatabaseFault::NullValue
+              ? u"null"_s
+              : QString::number(found.IdImpresa) + u' ' + found.name.value_or(u"-"_s) +
+                    (found.isAssociation ? u" association"_s : u" single"_s),
+          "expected");
+}
+
+void TestPaymentLoadSave::creditorLists()
+{
+    TestArchive archive;
+    const ProgramValues &values = archive.values();
+    qint32 id = 0;
+    for (const QString &name :
+         {u"D'Este Srl"_s, u"Edil_1"_s, u"d'este bis"_s, u"Cave"_s, u"Fuori"_s}) {
+        archive.build().addCompany(++id, name, QString());
+        if (name != u"Fuori"_s)
+            archive.build().addParticipant(id, id);
+    }
+    QCOMPARE(ParticipatingCompanies(values, u"D'E"_s),
+             (QStringList{u"d'este bis"_s, u"D'Este Srl"_s}));
+    QCOMPARE(ParticipatingCompanies(values, u""_s).size(), 4);
+    QCOMPARE(ParticipatingCompanies(values, u"?d"_s), QStringList{u"Edil_1"_s});
+    QCOMPARE(ParticipatingCompanies(values, u"Fuori"_s), QStringList());
+
+    for (const qint32 member : {2, 5, 4})
+        archive.build().addPrincipal(1, member);
+    QCOMPARE(Principals(values, 1), (QStringList{u"Cave"_s, u"Edil_1"_s, u"Fuori"_s}));
+    QCOMPARE(Principals(values, 2), QStringList());
+
+    for (const QString &name : {u"Zeta"_s, u"  "_s, u" Arch. Rì "_s})
+        archive.build().addSheetItem({{u"Funzione"_s, 17}, {u"Stringa"_s, name}});
+    archive.build().addSheetItem({{u"Funzione"_s, 17}});
+    archive.build().addSheetItem({{u"Funzione"_s, 18}, {u"Stringa"_s, u"No"_s}});
+    QCOMPARE(ProfessionalCreditors(values), (QStringList{u"Zeta"_s, u"Arch. Rì"_s}));
+}
+
+QTEST_GUILESS_MAIN(TestPaymentLoadSave)
+#include "test_payment_load_save.moc"
