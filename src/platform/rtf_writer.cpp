@@ -60,8 +60,13 @@ public:
 private:
     void flush()
     {
+        // A device that runs full takes part of a piece first and says why only when asked again.
         const auto size = static_cast<qint64>(m_used);
-        m_good = m_good && m_device.write(m_piece.data(), size) == size;
+        for (qint64 written = 0; m_good && written < size;) {
+            const qint64 taken = m_device.write(m_piece.data() + written, size - written);
+            m_good = taken > 0;
+            written += taken;
+        }
         m_used = 0;
     }
 
@@ -111,10 +116,13 @@ bool isHalfOfPair(const QString &text, qsizetype index)
     return index > 0 && text[index - 1].isHighSurrogate();
 }
 
-void putBody(PieceWriter &out, const QString &text)
+/** Writes the text; true when it ends in a line break. */
+bool putText(PieceWriter &out, const QString &text)
 {
+    bool endsInBreak = false;
     for (qsizetype index = 0; index < text.size(); ++index) {
         const char16_t unit = text[index].unicode();
+        endsInBreak = unit == u'\n' || unit == u'\r' || (unit == 0 && endsInBreak);
         if (unit == u'\n' || unit == u'\r') {
             if (unit == u'\r' && index + 1 < text.size() && text[index + 1] == u'\n')
                 ++index;
@@ -127,6 +135,7 @@ void putBody(PieceWriter &out, const QString &text)
             putUnicode(out, unit);
         }
     }
+    return endsInBreak;
 }
 
 void putHeader(PieceWriter &out, const RtfFont &font)
@@ -134,7 +143,7 @@ void putHeader(PieceWriter &out, const RtfFont &font)
     out.put("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0");
     out.put(font.fixedPitch ? "\\fmodern\\fprq1" : "\\fswiss\\fprq2");
     out.put("\\fcharset0 ");
-    putBody(out, font.name);
+    putText(out, font.name);
     out.put(";}}\r\n\\pard\\lang1040\\f0\\fs");
     out.put(QByteArray::number(font.halfPoints));
     // The blank belongs to the control word, so that one at the start of the text is kept.
@@ -147,10 +156,9 @@ bool WriteRtf(QIODevice &device, const QString &text, const RtfFont &font)
 {
     PieceWriter out(device);
     putHeader(out, font);
-    putBody(out, text);
     // Readers take a last \par as the end of the paragraph before it, not as the start of one
     // more: an empty last line needs its own.
-    if (text.endsWith(u'\n') || text.endsWith(u'\r'))
+    if (putText(out, text))
         out.put("\\par\r\n");
     out.put("}\r\n");
     return out.finish();

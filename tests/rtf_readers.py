@@ -1,0 +1,152 @@
+#!/usr/bin/env python3
+"""Documents as readers of other makers see them: rtf_readers.py RTF_CASES_PROGRAM
+
+Two readers have to give back the texts that were meant, and the documents of a closed project have
+to hold the statements that this script composes from the databases by itself. Both have habits of
+their own, which are allowed for here and nowhere else:
+- the word processor drops control characters below the blank (other than tab);
+- the converter drops empty paragraphs, and reads a character beyond the basic plane as two
+  replacement characters.
+Exit status 77 means that a reader is not installed.
+"""
+
+import json
+import re
+import shutil
+import sqlite3
+import subprocess
+import sys
+import tempfile
+from decimal import ROUND_HALF_UP, Decimal
+from pathlib import Path
+
+
+def lines_of(text):
+    return re.split("\r\n|\r|\n", text)
+
+
+def word_processor_reads(documents, folder):
+    """The paragraphs of each document as the word processor exports them."""
+    subprocess.run(
+        ["soffice", f"-env:UserInstallation={(folder / 'profile').as_uri()}", "--headless",
+         "--convert-to", "txt:Text (encoded):UTF8", "--outdir", folder / "read", *documents],
+        check=True, capture_output=True, timeout=200)
+    read = {}
+    for document in documents:
+        text = (folder / "read" / document.name).with_suffix(".txt").read_bytes().decode("utf-8-sig")
+        assert text.endswith("\n"), document
+        read[document] = text[:-1].split("\n")
+    return read
+
+
+def converter_reads(document):
+    """The paragraphs of a document in the converter's own form; fixed pitch makes them code."""
+    run = subprocess.run(["pandoc", "-f", "rtf", "-t", "json", document], check=True,
+                         capture_output=True, timeout=200)
+    blocks = json.loads(run.stdout)["blocks"]
+    assert all(block["t"] == "CodeBlock" for block in blocks), document
+    return [block["c"][1] for block in blocks]
+
+
+def as_word_processor(text):
+    return [re.sub("[\0-\x08\x0b\x0c\x0e-\x1f]", "", line) for line in lines_of(text)]
+
+
+def as_converter(text):
+    lines = (re.sub("[\U00010000-\U0010ffff]", "\ufffd\ufffd", line) for line in lines_of(text))
+    return [line for line in lines if line]
+
+
+def amount(scaled):
+    cents = int(Decimal(scaled or 0).scaleb(-2).quantize(Decimal(1), ROUND_HALF_UP))
+    whole = f"{abs(cents) // 100:,}".replace(",", ".")
+    return f"{'-' if scaled < 0 else ''}{whole},{abs(cents) % 100:02}"
+
+
+def statement(row):
+    day = "/".join(reversed(row["Del"].split("-"))) if row["Del"] else ""
+    other = (row["AltriImporti01"] or 0) if row["AziProf"] == "P" else 0
+    number = (row["NFat"] or "").strip(" ")
+    entries = [
+        ("Numero Pagamento", row["Npag"]),
+        ("Creditore", row["Creditore"] or ""),
+        ("Descrizione", row["Descrizione"] or ""),
+        ("Titolo (fattura)", f"Nr. {number} del {day}"),
+        ("Importo totale pagato", amount(row["Importo"] + row["ImportoIVA"] + other)),
+    ]
+    if row["AziProf"] == "P":
+        entries += [("Altri Importi", amount(other)), "Elenco analitico voci spesa ",
+                    ("  Importo Prestazione", amount(row["ImportoPrest"])),
+                    ("  Contributo pre.le 4%", amount(row["Contributo"])),
+                    ("  Cassa Previdenza 2%", amount(row["CassaPrev"])),
+                    ("  Iva lavori", amount(row["ImportoIVA"])),
+                    ("  Importo R.A.", amount(row["ImportoRA"])), "  Note ..:"]
+    else:
+        entries += ["Elenco analitico voci spesa ", ("  Importo lavori", amount(row["Importo"])),
+                    ("  Iva lavori", amount(row["ImportoIVA"])), "Note ..:"]
+    lines = [entry if isinstance(entry, str) else f"{entry[0] + ' ':.<28}: {entry[1]}"
+             for entry in entries]
+    return "\r\n".join(lines + [row["Memo"] or ""])
+
+
+def cell(text, width):
+    return (text + " " * width)[:width]
+
+
+def project_texts(folder):
+    """What each document of the project has to say, by path."""
+    base = folder / "archive/ARCHIVI.QX/ZELT/LAVORI"
+    project = base / "APPALTI/00112"
+
+    def query(path, sql):
+        with sqlite3.connect(path) as database:
+            database.row_factory = sqlite3.Row
+            return database.execute(sql).fetchall()
+
+    names = dict(query(base / "TABELLE/chiavi.mdb", "SELECT CodInt, CodExt FROM Funzioni"))
+    items = query(project / "Appalto.mdb", "SELECT * FROM UltimaPerVariante ORDER BY rowid")
+    texts = {"QDP": "".join(
+        cell(item["Voce"], 5) + cell(item["Descri"], 35) + "  "
+        + 3 * cell(amount(item["Importo"]), 17) + "\r\n" for item in items)}
+    for kind, suffix in ("A", ""), ("P", "P"):
+        rows = query(project / "Saldoro.mdb",
+                     f"SELECT * FROM Fatture WHERE upper(AziProf) = '{kind}' ORDER BY Npag")
+        statements = [statement(row) for row in rows]
+        texts["P98" + suffix] = "".join("\r\n" + text for text in statements[:-1])
+        texts["P99" + suffix] = statements[-1]
+    return {project / (names[code] + ".rtf"): text for code, text in texts.items()}
+
+
+def difference(document, reader, read, meant):
+    if read == meant:
+        return None
+    place = next((i for i, pair in enumerate(zip(read, meant)) if pair[0] != pair[1]),
+                 min(len(read), len(meant)))
+    return (f"{document.name}, {reader}: {len(read)} lines for {len(meant)}, line {place}:\n"
+            f"  read  {str(read[place:place + 1])[:300]}\n"
+            f"  meant {str(meant[place:place + 1])[:300]}")
+
+
+def main(program):
+    missing = [name for name in ("soffice", "pandoc") if not shutil.which(name)]
+    if missing:
+        print("skipped, not installed:", *missing)
+        return 77
+    with tempfile.TemporaryDirectory() as name:
+        folder = Path(name)
+        subprocess.run([program, folder], check=True)
+        meant = {path.with_suffix(".rtf"): path.read_bytes().decode()
+                 for path in sorted((folder / "texts").glob("*.txt"))}
+        meant.update(project_texts(folder))
+        read = word_processor_reads(list(meant), folder)
+        failures = []
+        for document, text in meant.items():
+            failures += filter(None, [
+                difference(document, "word processor", read[document], as_word_processor(text)),
+                difference(document, "converter", converter_reads(document), as_converter(text))])
+    print(*failures, f"{len(meant)} documents, {len(failures)} failures", sep="\n")
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1]))
