@@ -10,8 +10,11 @@ class TextTableObserver
 {
 public:
     virtual ~TextTableObserver() = default;
-    /** Rows, columns or many cells changed; everything is to be read anew. */
+    /** Columns or many cells changed; everything is to be read anew. */
     virtual void tableReset() = 0;
+    /** Empty rows were appended or the last rows dropped; the rest stays as it was. The current row
+     *  may have moved with them. */
+    virtual void rowsChanged() = 0;
     /** One cell has a new text. */
     virtual void cellChanged(int row, int column) = 0;
     /** The current cell moved. */
@@ -27,16 +30,22 @@ class TextTable
 {
 public:
     explicit TextTable(int columns = 0);
+    ~TextTable() = default;
+    /** A copy has the texts and the current cell, not the view. */
+    TextTable(const TextTable &other);
+    TextTable &operator=(const TextTable &other);
 
     int rows() const { return static_cast<int>(m_cells.size()); }
     int columns() const { return m_columns; }
-    /** Appends empty rows or drops the last ones; there is always at least the header. The current
-     *  row moves to the last row when its own is dropped. */
+    /** Appends empty rows or drops the last ones. The current row moves to the last row when its
+     *  own is dropped. The header always stays: less than one row throws BoundsError. */
     void setRows(int rows);
-    /** Sets the number of columns; existing rows keep the texts of the columns that stay. */
+    /** Sets the number of columns; existing rows keep the texts of the columns that stay. The
+     *  current column moves to the last one when its own is dropped. */
     void setColumns(int columns);
 
     QString text(int row, int column) const;
+    /** Writes a cell; the current cell stays where it is. */
     void setText(int row, int column, const QString &text);
     /** Text of the current cell. */
     QString currentText() const { return text(m_row, m_column); }
@@ -44,6 +53,7 @@ public:
 
     int row() const { return m_row; }
     int column() const { return m_column; }
+    /** Makes a row current, 0 being the header. */
     void setRow(int row);
     void setColumn(int column);
 

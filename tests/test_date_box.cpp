@@ -1,0 +1,218 @@
+#include "platform/date_box.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace saldoro;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** Digits and slashes are typed; of the letters, A C V X are the keys with Ctrl, H E home and end,
+ *  B D backspace and delete, L R the arrows and S the right arrow with Shift. */
+void press(QWidget &box, const QString &keys)
+{
+    static const QHash<QChar, QPair<Qt::Key, Qt::KeyboardModifier>> named{
+        {u'A', {Qt::Key_A, Qt::ControlModifier}},    {u'C', {Qt::Key_C, Qt::ControlModifier}},
+        {u'V', {Qt::Key_V, Qt::ControlModifier}},    {u'X', {Qt::Key_X, Qt::ControlModifier}},
+        {u'H', {Qt::Key_Home, Qt::NoModifier}},      {u'E', {Qt::Key_End, Qt::NoModifier}},
+        {u'B', {Qt::Key_Backspace, Qt::NoModifier}}, {u'D', {Qt::Key_Delete, Qt::NoModifier}},
+        {u'L', {Qt::Key_Left, Qt::NoModifier}},      {u'R', {Qt::Key_Right, Qt::NoModifier}},
+        {u'S', {Qt::Key_Right, Qt::ShiftModifier}}};
+    for (const QChar key : keys) {
+        if (const auto found = named.constFind(key); found != named.cend())
+            QTest::keyClick(&box, found->first, found->second);
+        else
+            QTest::keyClick(&box, key.toLatin1());
+    }
+}
+
+/** A parent that writes down the keys that reach it. */
+class Parent : public QWidget
+{
+public:
+    QList<int> keys;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override { keys += event->key(); }
+};
+
+} // namespace
+
+class TestDateBox : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void keys_data();
+    void keys();
+    void pasting_data();
+    void pasting();
+    void settling_data();
+    void settling();
+    void clipboardTakesTheSelection();
+    void otherKeysGoOn();
+    void clickGoesWhereTheNextDigitIsDue();
+    void composedDigitsAreTyped();
+    void readOnlyBoxStaysAsItIs();
+};
+
+void TestDateBox::keys_data()
+{
+    QTest::addColumn<QString>("start");
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char *name, const QString &start, const QString &keys,
+                        const QString &text) { QTest::newRow(name) << start << keys << text; };
+    const QString date = u"25/12/2003"_s;
+    row("digits", {}, u"01022003"_s, u"01/02/2003"_s);
+    row("no more than eight digits", {}, u"010220037"_s, u"01/02/2003"_s);
+    row("short form", {}, u"1/2/03"_s, u"01/02/03__"_s);
+    row("slashes that are there already", {}, u"01/02/2003"_s, u"01/02/2003"_s);
+    row("slash before any digit", {}, u"/12"_s, u"12/__/____"_s);
+    row("slash twice", {}, u"1//2"_s, u"01/2_/____"_s);
+    row("slash in the year", {}, u"01020/3"_s, u"01/02/03__"_s);
+    row("letters", {}, u"a1-.b2 "_s, u"12/__/____"_s);
+    row("overtype", date, u"H0101"_s, u"01/01/2003"_s);
+    row("overtype the short way", date, u"H1/3/"_s, u"01/03/2003"_s);
+    row("slash behind a whole day", date, u"HRL1R"_s, u"15/12/2003"_s);
+    row("backspace over a slash", {}, u"123BB4"_s, u"14/__/____"_s);
+    row("backspace at the start", date, u"HB"_s, date);
+    row("delete from the start on", date, u"HDDD3"_s, u"3_/_2/2003"_s);
+    row("delete at the end", date, u"ED"_s, date);
+    row("end of what is written", {}, u"12HE3"_s, u"12/3_/____"_s);
+    row("left over a slash", {}, u"12L5"_s, u"15/__/____"_s);
+    row("selection deleted", date, u"HSSD"_s, u"__/12/2003"_s);
+    row("selection erased", date, u"HRSSB9"_s, u"29/_2/2003"_s);
+    row("selection typed over", date, u"A3"_s, u"3_/__/____"_s);
+    row("left of a selection", date, u"HRSSL9"_s, u"29/12/2003"_s);
+    row("right of a selection", date, u"HSR9"_s, u"29/12/2003"_s);
+    row("no date, typed over", u"non nota"_s, u"E1"_s, u"1_/__/____"_s);
+    row("no date, looked at", u"non nota"_s, u"HREL"_s, u"non nota"_s);
+    row("nearly a date", u"1/2/2003"_s, u"B"_s, u"__/__/____"_s);
+}
+
+void TestDateBox::keys()
+{
+    QFETCH(const QString, start);
+    QFETCH(const QString, keys);
+    DateBox box;
+    box.setDateText(start);
+    QCOMPARE(box.text(), start.isEmpty() ? u"__/__/____"_s : start);
+    QCOMPARE(box.isBlank(), start.isEmpty());
+    press(box, keys);
+    QTEST(box.text(), "text");
+}
+
+void TestDateBox::pasting_data()
+{
+    QTest::addColumn<QString>("clipboard");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("short") << u"1/2/2003"_s << u"01/02/2003"_s;
+    QTest::newRow("whole, blanks around") << u" 01/02/2003\n"_s << u"01/02/2003"_s;
+    QTest::newRow("digits alone") << u"01022003"_s << u"01/02/2003"_s;
+    QTest::newRow("short year") << u"1/2/03"_s << u"01/02/03__"_s;
+    QTest::newRow("part of a date") << u"0/7"_s << u"00/7_/____"_s;
+    QTest::newRow("no date") << u"1 gennaio"_s << u"25/12/1999"_s;
+    QTest::newRow("nothing") << QString() << u"25/12/1999"_s;
+}
+
+void TestDateBox::pasting()
+{
+    QFETCH(const QString, clipboard);
+    QGuiApplication::clipboard()->setText(clipboard);
+    DateBox box;
+    box.setDateText(u"25/12/1999"_s);
+    press(box, u"AV"_s);
+    QTEST(box.text(), "text");
+}
+
+void TestDateBox::settling_data()
+{
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("written");
+    QTest::addColumn<QString>("settled"); // empty: the box must not be left
+    QTest::newRow("blank") << u"__/__/____"_s << QString() << u"__/__/____"_s;
+    QTest::newRow("date") << u"29/02/2004"_s << u"29/02/2004"_s << u"29/02/2004"_s;
+    QTest::newRow("short year") << u"01/02/03__"_s << u"01/02/03"_s << u"01/02/2003"_s;
+    QTest::newRow("three digits of a year") << u"01/02/200_"_s << u"01/02/200"_s << QString();
+    QTest::newRow("half a date") << u"01/0_/____"_s << u"01/0"_s << QString();
+    QTest::newRow("begins with a gap") << u"_1/02/2003"_s << QString() << QString();
+    QTest::newRow("impossible day") << u"29/02/2003"_s << u"29/02/2003"_s << QString();
+    QTest::newRow("set by the program") << u"1/2/2003"_s << u"1/2/2003"_s << u"01/02/2003"_s;
+}
+
+void TestDateBox::settling()
+{
+    QFETCH(const QString, shown);
+    DateBox box;
+    box.setDateText(shown);
+    QTEST(box.writtenPart(), "written");
+    QTEST(box.settledText(), "settled");
+    QCOMPARE(box.settledText().isNull(), box.settledText().isEmpty());
+}
+
+void TestDateBox::clipboardTakesTheSelection()
+{
+    DateBox box;
+    box.setDateText(u"25/12/2003"_s);
+    QSignalSpy edited(&box, &QLineEdit::textEdited);
+    press(box, u"HSSC"_s);
+    QCOMPARE(QGuiApplication::clipboard()->text(), u"25/"_s);
+    QCOMPARE(edited.count(), 0);
+    press(box, u"AX"_s);
+    QCOMPARE(QGuiApplication::clipboard()->text(), u"25/12/2003"_s);
+    QVERIFY(box.isBlank());
+    QCOMPARE(edited.count(), 1);
+}
+
+void TestDateBox::otherKeysGoOn()
+{
+    Parent parent;
+    DateBox box(&parent);
+    DateBox next(&parent);
+    parent.show();
+    QVERIFY(QTest::qWaitForWindowActive(&parent));
+    box.setFocus();
+    QSignalSpy returned(&box, &QLineEdit::returnPressed);
+    for (const int key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_F1, Qt::Key_Tab})
+        QTest::keyClick(&box, static_cast<Qt::Key>(key));
+    QCOMPARE(parent.keys, (QList<int>{Qt::Key_Return, Qt::Key_Escape, Qt::Key_F1}));
+    QCOMPARE(returned.count(), 1);
+    QVERIFY(next.hasFocus());
+    QVERIFY(box.isBlank());
+}
+
+void TestDateBox::clickGoesWhereTheNextDigitIsDue()
+{
+    DateBox box;
+    box.show();
+    QVERIFY(QTest::qWaitForWindowActive(&box));
+    press(box, u"12"_s);
+    QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(box.width() - 8, box.height() / 2));
+    press(box, u"3"_s);
+    QCOMPARE(box.text(), u"12/3_/____"_s);
+}
+
+void TestDateBox::composedDigitsAreTyped()
+{
+    DateBox box;
+    QInputMethodEvent composed;
+    composed.setCommitString(u"1/x2"_s);
+    QCoreApplication::sendEvent(&box, &composed);
+    QCOMPARE(box.text(), u"01/2_/____"_s);
+}
+
+void TestDateBox::readOnlyBoxStaysAsItIs()
+{
+    DateBox box;
+    box.setDateText(u"25/12/2003"_s);
+    box.setReadOnly(true);
+    press(box, u"H1/BDAXVB"_s);
+    QCOMPARE(box.text(), u"25/12/2003"_s);
+}
+
+QTEST_MAIN(TestDateBox)
+#include "test_date_box.moc"
