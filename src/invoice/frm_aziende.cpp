@@ -8,9 +8,9 @@
 
 namespace saldoro {
 
-namespace {
-
 using namespace Qt::StringLiterals;
+
+namespace {
 
 InvoiceFormLook look()
 {

@@ -45,6 +45,8 @@ QWidget *FrmNuovaFattura::makeOptions()
 {
     auto *frame = new QGroupBox(u"Fattura da:"_s, this);
     frame->setObjectName(u"Frame2"_s);
+    constexpr int leastCharacters = 40; // leaves the window's title readable
+    frame->setMinimumWidth(leastCharacters * frame->fontMetrics().averageCharWidth());
     auto *options = new QVBoxLayout(frame);
     m_company = addButton<QRadioButton>(*options, u"Option3"_s, u"&Impresa"_s,
                                         u"Il pagamento è per un'impresa"_s);
