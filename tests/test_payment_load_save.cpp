@@ -111,12 +111,9 @@ private slots:
     void nothingTypedStoresNulls();
     void failuresLeaveWhatWasWritten();
     void newPaymentTakesLastNotes();
-    void nullsShowEmpty_data();
     void nullsShowEmpty();
     void rowsWithoutCodeAreNotDoubled();
-    void mandateNotes_data();
     void mandateNotes();
-    void contractor_data();
     void contractor();
     void creditorLists();
 };
@@ -238,22 +235,10 @@ void TestPaymentLoadSave::newPaymentTakesLastNotes()
     }
 }
 
-void TestPaymentLoadSave::nullsShowEmpty_data()
-{
-    QTest::addColumn<CreditorKind>("kind");
-    QTest::addColumn<QString>("amounts");
-    // Totals are of the stored four decimals: 0,0049 and 0,0049 show as a cent together.
-    QTest::newRow("professional") << CreditorKind::Professional
-                                  << u"|3,00||0,00|||0,00|0,01|3,00|20.25|-1,00|1,01|"_s;
-    QTest::newRow("company") << CreditorKind::Company << u"0,00|||0,00|"_s;
-}
-
 void TestPaymentLoadSave::nullsShowEmpty()
 {
-    QFETCH(CreditorKind, kind);
     TestArchive archive;
-    archive.build().addPayment({{u"AziProf"_s, u"?"_s},
-                                {u"Npag"_s, 5},
+    archive.build().addPayment({{u"Npag"_s, 5},
                                 {u"Del"_s, QString()},
                                 {u"Importo"_s, Currency::fromScaled(49)},
                                 {u"AltriImporti01"_s, Currency::fromScaled(49)},
@@ -261,9 +246,11 @@ void TestPaymentLoadSave::nullsShowEmpty()
                                 {u"AliquotaRA"_s, Currency::fromScaled(202500)},
                                 {u"ImportoRA"_s, Currency::fromWhole(-1)}});
     archive.execute(LedgerPath(archive.values()), u"INSERT INTO Spese (RelNpag) VALUES (5)"_s);
-    QFETCH(QString, amounts);
-    QCOMPARE(Form(kind, archive, 5).state(),
-             u"||__/__/____||||__/__/____\n"_s + amounts + u"\n||"_s);
+    // Totals are of the stored four decimals: 0,0049 and 0,0049 show as a cent together.
+    const QString state = u"||__/__/____||||__/__/____\n%1|\n||"_s;
+    QCOMPARE(Form(CreditorKind::Professional, archive, 5).state(),
+             state.arg(u"|3,00||0,00|||0,00|0,01|3,00|20.25|-1,00|1,01"_s));
+    QCOMPARE(Form(CreditorKind::Company, archive, 5).state(), state.arg(u"0,00|||0,00"_s));
 }
 
 void TestPaymentLoadSave::rowsWithoutCodeAreNotDoubled()
@@ -279,11 +266,9 @@ void TestPaymentLoadSave::rowsWithoutCodeAreNotDoubled()
     QCOMPARE(archive.ledgerRows(AllocationsSql), u"2|B1|Scavi|10000\n2|-|-|60000"_s);
 }
 
-void TestPaymentLoadSave::mandateNotes_data()
+void TestPaymentLoadSave::mandateNotes()
 {
-    QTest::addColumn<QString>("note");
-    QTest::addColumn<QString>("professional"); // number @ date
-    QTest::addColumn<QString>("company");
+    // note => number @ date of a professional => the same of a company
     const QString rows = uR"(Mandato nr.1.2 del __/__/____ => 1.2 @ __/__/____ => 1.2 @ __/__/____
 Mandato nr. 5 del 07/08/2003 bis => 5 @ 07/08/2003 => 5 @ 07/08/2003 bis
 n.5del07/08/2003 => 5 @ 7/08/2003 => 5 @ 07/08/2003
@@ -295,52 +280,37 @@ nr.del =>  @  =>  @
 a mano => a mano @  => a mano @ 
  =>  @  =>  @ )"_s;
     for (const QString &row : rows.split(u'\n')) {
-        const QStringList cells = row.split(u" => "_s);
-        QTest::newRow(qPrintable(u"<%1>"_s.arg(cells[0]))) << cells[0] << cells[1] << cells[2];
+        const QString note = row.section(u" => "_s, 0, 0);
+        const MandateNote professional = ParseMandateNote(note, CreditorKind::Professional);
+        const MandateNote company = ParseMandateNote(note, CreditorKind::Company);
+        QCOMPARE(u"%1 => %2 @ %3 => %4 @ %5"_s.arg(note, professional.mandato,
+                                                   professional.mandatoDell, company.mandato,
+                                                   company.mandatoDell),
+                 row);
     }
-}
-
-void TestPaymentLoadSave::mandateNotes()
-{
-    QFETCH(QString, note);
-    for (const CreditorKind kind : {CreditorKind::Professional, CreditorKind::Company}) {
-        const MandateNote parsed = ParseMandateNote(note, kind);
-        QTEST(parsed.mandato + u" @ "_s + parsed.mandatoDell,
-              kind == CreditorKind::Company ? "company" : "professional");
-    }
-}
-
-void TestPaymentLoadSave::contractor_data()
-{
-    QTest::addColumn<NewValue>("link");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no such item") << NewValue(qint32(-99)) << u"-1 - single"_s;
-    QTest::newRow("not linked") << NewValue(qint32(0)) << u"0 L'Arca single"_s;
-    QTest::newRow("association") << NewValue(qint32(11)) << u"11 L'Arca association"_s;
-    QTest::newRow("other letter case") << NewValue(qint32(12)) << u"12 L'Arca single"_s;
-    QTest::newRow("no kind") << NewValue(qint32(13)) << u"13 L'Arca single"_s;
-    QTest::newRow("not in the register") << NewValue(qint32(14)) << u"14 L'Arca single"_s;
-    QTest::newRow("no value") << NewValue() << u"null"_s;
 }
 
 void TestPaymentLoadSave::contractor()
 {
-    QFETCH(NewValue, link);
     TestArchive archive;
     archive.build().addStandardCodes();
     archive.build().addCompany(11, u"L'Arca"_s, u"ATI"_s);
     archive.build().addCompany(12, u"L'Arca"_s, u"ati"_s);
     archive.execute(CompaniesPath(archive.values()), u"INSERT INTO Anag (ID) VALUES (13)"_s);
-    if (link != NewValue(qint32(-99)))
-        archive.build().addSheetItem(
-            {{u"Voce"_s, u"D0101"_s}, {u"Stringa"_s, u"L'Arca"_s}, {u"Link"_s, link}});
-    Contractor found;
-    const DatabaseFault fault = faultOf([&] { found = LoadContractor(archive.values()); });
-    QTEST(fault == DatabaseFault::NullValue
-              ? u"null"_s
-              : QString::number(found.IdImpresa) + u' ' + found.name.value_or(u"-"_s) +
-                    (found.isAssociation ? u" association"_s : u" single"_s),
-          "expected");
+    const auto state = [&] {
+        const Contractor found = LoadContractor(archive.values());
+        return QString::number(found.IdImpresa) + u' ' + found.name.value_or(u"-"_s) +
+               (found.isAssociation ? u" association"_s : u""_s);
+    };
+    QCOMPARE(state(), u"-1 -"_s);
+    archive.build().addSheetItem({{u"Voce"_s, u"D0101"_s}, {u"Stringa"_s, u"L'Arca"_s}});
+    QCOMPARE(faultOf(state), DatabaseFault::NullValue);
+    // 12 is written in other letter case, 13 has no kind, 14 is not in the register.
+    for (const QString &link : {u"0"_s, u"11"_s, u"12"_s, u"13"_s, u"14"_s}) {
+        archive.execute(ContractPath(archive.values()),
+                        u"UPDATE SchedaProgetto SET Link = "_s + link);
+        QCOMPARE(state(), link + u" L'Arca"_s + (link == u"11"_s ? u" association"_s : u""_s));
+    }
 }
 
 void TestPaymentLoadSave::creditorLists()
