@@ -26,7 +26,7 @@ namespace {
 
 constexpr int PaymentCount = 3000;
 constexpr int ItemCount = 200;
-constexpr int RandomTexts = 12;
+constexpr int RandomTexts = 6;
 
 void writeCase(const QString &folder, const QString &name, const QString &text)
 {
@@ -61,7 +61,7 @@ void writeTexts(const QString &folder, std::mt19937 &random)
     }
     for (int number = 0; number < RandomTexts; ++number) {
         // A letter at the end: what stands last must not be one that a reader drops.
-        writeCase(folder, u"random-%1"_s.arg(number), HostileText(random, 400) + u'z');
+        writeCase(folder, u"random-%1"_s.arg(number), HostileText(random, 800) + u'z');
     }
 }
 

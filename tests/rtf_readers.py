@@ -17,6 +17,7 @@ import sqlite3
 import subprocess
 import sys
 import tempfile
+from concurrent.futures import ThreadPoolExecutor
 from decimal import ROUND_HALF_UP, Decimal
 from pathlib import Path
 
@@ -138,12 +139,15 @@ def main(program):
         meant = {path.with_suffix(".rtf"): path.read_bytes().decode()
                  for path in sorted((folder / "texts").glob("*.txt"))}
         meant.update(project_texts(folder))
-        read = word_processor_reads(list(meant), folder)
+        with ThreadPoolExecutor(max_workers=2) as pool:
+            processed = pool.submit(word_processor_reads, list(meant), folder)
+            converted = dict(zip(meant, pool.map(converter_reads, meant)))
         failures = []
         for document, text in meant.items():
+            read = processed.result()[document]
             failures += filter(None, [
-                difference(document, "word processor", read[document], as_word_processor(text)),
-                difference(document, "converter", converter_reads(document), as_converter(text))])
+                difference(document, "word processor", read, as_word_processor(text)),
+                difference(document, "converter", converted[document], as_converter(text))])
     print(*failures, f"{len(meant)} documents, {len(failures)} failures", sep="\n")
     return 1 if failures else 0
 

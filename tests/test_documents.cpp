@@ -43,10 +43,11 @@ class Project
 public:
     Project()
     {
-        for (const QString &code : {u"QDP"_s, u"P98"_s, u"P99"_s, u"P98P"_s, u"P99P"_s, u"QS1A"_s,
-                                    u"QS1P"_s, u"QS1T"_s}) {
-            archive.build().addCode(code, code + code, u"Descr. "_s + code);
-        }
+        archive.execute(
+            CodesPath(archive.values()),
+            u"INSERT INTO Funzioni (CodInt, CodExt, Desc)"
+            " SELECT value, value || value, 'Descr. ' || value FROM json_each("
+            "'[\"QDP\",\"P98\",\"P99\",\"P98P\",\"P99P\",\"QS1A\",\"QS1P\",\"QS1T\"]')"_s);
         values = archive.values();
         overview.setRows(1);
     }
