@@ -150,6 +150,7 @@ void FrmPrincipale::load()
         m_modify->setEnabled(payments().rows() > 1);
     }
     LoadArrayProspettoSaldoro();
+    m_overview->scrollToTop(); // its last item is current, but it is read from the start
     m_loaded = true;
 }
 
@@ -169,7 +170,6 @@ void FrmPrincipale::finish()
         return;
     WriteProjectDocuments(m_values, overviewTable());
     m_loaded = false;
-    hide();
 }
 
 void FrmPrincipale::unload()
@@ -177,6 +177,7 @@ void FrmPrincipale::unload()
     if (!m_loaded)
         return;
     finish();
+    hide();
     emit unloaded();
 }
 
@@ -185,6 +186,9 @@ void FrmPrincipale::reload()
     finish();
     load();
     show();
+    m_payments->setFocus(); // as at any opening, though a form on screen is not hidden in between
+    raise();
+    activateWindow();
 }
 
 void FrmPrincipale::setInUse(bool inUse)
@@ -238,8 +242,10 @@ void FrmPrincipale::closeEvent(QCloseEvent *event)
 void FrmPrincipale::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    if (!event->spontaneous())
-        m_payments->setFocus();
+    if (event->spontaneous())
+        return;
+    m_payments->setFocus();
+    m_overview->scrollToTop(); // a grid goes to its current row when it is first shown
 }
 
 } // namespace saldoro

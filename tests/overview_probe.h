@@ -1,0 +1,62 @@
+#pragma once
+
+#include "common/archive_folders.h"
+#include "common/errors.h"
+#include "platform/text_table.h"
+#include "test_archive.h"
+
+#include <QFileInfo>
+
+namespace saldoro {
+
+/** The rows below the header: cells joined by "|", rows by line ends; a blank cell is nothing. */
+inline QString BodyText(const TextTable &table)
+{
+    QStringList rows;
+    for (int row = 1; row < table.rows(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < table.columns(); ++column)
+            cells += table.text(row, column);
+        rows += cells.join(u'|');
+    }
+    return rows.join(u'\n');
+}
+
+/** Plants (AziProf, Npag, Creditore, Del, Importo, ImportoIVA, AltriImporti01) in Fatture; here as
+ *  below amounts are ten-thousandths. */
+inline void PlantPayments(const TestArchive &archive, const char *rows)
+{
+    archive.execute(LedgerPath(archive.values()),
+                    QStringLiteral("INSERT INTO Fatture (AziProf, Npag, Creditore, Del, Importo, "
+                                   "ImportoIVA, AltriImporti01) VALUES %1")
+                        .arg(QString::fromUtf8(rows)));
+}
+
+/** Plants (Voce, Descri, Importo) in the budget and (RelNpag, Cod, Importo) in Spese. */
+inline void PlantItems(const TestArchive &archive, const QString &budget, const QString &spese)
+{
+    if (!budget.isEmpty())
+        archive.execute(ContractPath(archive.values()),
+                        QStringLiteral("INSERT INTO UltimaPerVariante VALUES ") + budget);
+    if (!spese.isEmpty())
+        archive.execute(LedgerPath(archive.values()),
+                        QStringLiteral("INSERT INTO Spese (RelNpag, Cod, Importo) VALUES ") +
+                            spese);
+}
+
+/** What an action's error names: "file/table/field" and some more details; "none" without one. */
+template <class Action>
+QString FailurePlace(const Action &action)
+{
+    try {
+        action();
+    } catch (const SaldoroError &error) {
+        QString place = QFileInfo(error.detail(QStringLiteral("File"))).fileName();
+        for (const char *label : {"Tabella", "Campo", "Voce", "Pagamento", "Riga", "Creditore"})
+            place += u'/' + error.detail(QString::fromUtf8(label));
+        return place;
+    }
+    return QStringLiteral("none");
+}
+
+} // namespace saldoro
