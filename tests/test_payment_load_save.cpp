@@ -107,6 +107,7 @@ class TestPaymentLoadSave : public QObject
 
 private slots:
     void professionalRoundTrip();
+    void editedPaymentKeepsItsRows();
     void companyWritesItsOwnColumns();
     void nothingTypedStoresNulls();
     void failuresLeaveWhatWasWritten();
@@ -141,8 +142,17 @@ void TestPaymentLoadSave::professionalRoundTrip()
     Form again(CreditorKind::Professional, archive, 3);
     QCOMPARE(again.state(), form.state().replace(QString(60, u'ò'), QString(50, u'ò')));
     QCOMPARE(again.grid.row(), 2);
+}
 
-    // Editing: a row changed, one new; a row missing from the grid is not the save's business.
+void TestPaymentLoadSave::editedPaymentKeepsItsRows()
+{
+    TestArchive archive;
+    ProgramValues values = archive.values();
+    const Form form = feeNote();
+    SavePagamento(values, 3, form.record, *form.amounts, form.grid);
+    const QString payment = archive.ledgerRows(PaymentsSql);
+    Form again(CreditorKind::Professional, archive, 3);
+    // A row changed, one new; a row missing from the grid is not the save's business.
     again.grid.setRows(2);
     again.grid.setText(1, 2, u"1.100,00"_s);
     again.grid.setText(1, 1, u"scritta solo all'inserimento"_s);
@@ -244,12 +254,12 @@ void TestPaymentLoadSave::nullsShowEmpty()
                                 {u"AltriImporti01"_s, Currency::fromScaled(49)},
                                 {u"Contributo"_s, Currency::fromWhole(3)},
                                 {u"AliquotaRA"_s, Currency::fromScaled(202500)},
-                                {u"ImportoRA"_s, Currency::fromWhole(-1)}});
+                                {u"ImportoRA"_s, Currency::fromScaled(49)}});
     archive.execute(LedgerPath(archive.values()), u"INSERT INTO Spese (RelNpag) VALUES (5)"_s);
-    // Totals are of the stored four decimals: 0,0049 and 0,0049 show as a cent together.
+    // Totals are of the stored four decimals: twice 0,0049 is a cent, less 0,0049 none.
     const QString state = u"||__/__/____||||__/__/____\n%1|\n||"_s;
     QCOMPARE(Form(CreditorKind::Professional, archive, 5).state(),
-             state.arg(u"|3,00||0,00|||0,00|0,01|3,00|20.25|-1,00|1,01"_s));
+             state.arg(u"|3,00||0,00|||0,00|0,01|3,00|20.25|0,00|0,00"_s));
     QCOMPARE(Form(CreditorKind::Company, archive, 5).state(), state.arg(u"0,00|||0,00"_s));
 }
 
