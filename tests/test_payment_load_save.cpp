@@ -157,13 +157,14 @@ void TestPaymentLoadSave::editedPaymentKeepsItsRows()
     again.grid.setText(1, 2, u"1.100,00"_s);
     again.grid.setText(1, 1, u"scritta solo all'inserimento"_s);
     again.addRow(u"C2"_s, u"Ponteggi"_s, u"0,01"_s);
-    again.record.mandatoDell = u"__/__/____"_s;
+    again.record.mandatoDell = u"__/__/____ bis"_s;
     again.record.nFat.clear();
     SavePagamento(values, 3, again.record, *again.amounts, again.grid);
     QCOMPARE(archive.ledgerRows(AllocationsSql),
              u"3|B1|Scavi|11000000\n3|L'8|%1|5698800\n3|C2|Ponteggi|100"_s.arg(QString(50, u'ò')));
     QCOMPARE(archive.ledgerRows(PaymentsSql), QString(payment).replace(u"7/B"_s, QString()));
     QCOMPARE(Form(CreditorKind::Professional, archive, 3).record.mandatoDell, u"__/__/____"_s);
+    QCOMPARE(Form(CreditorKind::Company, archive, 3).record.mandatoDell, u"__/__/____ bis"_s);
 }
 
 void TestPaymentLoadSave::companyWritesItsOwnColumns()
