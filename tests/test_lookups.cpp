@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include <functional>
+#include <limits>
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
@@ -93,6 +94,10 @@ void TestLookups::ledgerHoldsTwoEmptyTables()
     QCOMPARE(archive.ledgerRows(u"SELECT count(*) FROM pragma_table_info('Fatture') WHERE pk"
                                 " OR \"notnull\" OR dflt_value IS NOT NULL"_s),
              u"0"_s);
+    QCOMPARE(archive.ledgerRows(u"SELECT count(*) FROM pragma_table_info('Fatture') WHERE"
+                                " type = 'CURRENCY' UNION ALL SELECT count(*) FROM"
+                                " pragma_table_info('Spese') WHERE type = 'CURRENCY'"_s),
+             u"9\n1"_s);
     QCOMPARE(archive.ledgerRows(u"SELECT (SELECT count(*) FROM Fatture)"
                                 " + (SELECT count(*) FROM Spese)"_s),
              u"0"_s);
@@ -145,10 +150,14 @@ void TestLookups::ledgerFieldTakesWhatItsDefinitionSays()
 void TestLookups::ledgerAcceptsAUsedNumber()
 {
     TestArchive archive;
-    archive.build().addPayment({{u"Npag"_s, 7}, {u"Importo"_s, Currency::fromScaled(-1)}});
-    archive.build().addPayment({{u"Npag"_s, 7}, {u"Del"_s, QDate(2025, 2, 28)}});
+    const qint32 number = std::numeric_limits<qint32>::max();
+    archive.build().addPayment({{u"Npag"_s, number}, {u"Importo"_s, Currency::fromScaled(-1)}});
+    archive.build().addPayment({{u"Npag"_s, number}, {u"Del"_s, QDate(2025, 2, 28)}});
+    archive.build().addAllocation(number, u"A01"_s, u"Lavori"_s, std::nullopt);
     QCOMPARE(archive.ledgerRows(u"SELECT Npag, Importo, Del, AziProf FROM Fatture"_s),
-             u"7|-1|-|-\n7|-|2025-02-28|-"_s);
+             u"2147483647|-1|-|-\n2147483647|-|2025-02-28|-"_s);
+    QCOMPARE(archive.ledgerRows(u"SELECT RelNpag, Cod, Importo FROM Spese"_s),
+             u"2147483647|A01|-"_s);
 }
 
 void TestLookups::ledgerIsNotCreatedOverAnother()
