@@ -4,7 +4,7 @@
 BUILD_PACKAGES=(build-essential cmake ninja-build qt6-base-dev qt6-base-dev-tools libsqlite3-dev
     fonts-dejavu-core)
 TEST_PACKAGES=(git clang-format clang-tidy libreoffice-writer-nogui pandoc python3)
-BENCH_PACKAGES=(libbenchmark-dev)
+BENCH_PACKAGES=(libbenchmark-dev python3)
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix dpkg-dev tcl perl wine wine64 zip nsis fonts-dejavu-core)
 PICTURE_PACKAGES=(xvfb openbox xdotool imagemagick)
 

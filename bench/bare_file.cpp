@@ -1,0 +1,103 @@
+#include "bare_file.h"
+
+#include "platform/machine_path.h"
+
+#include <sqlite3.h>
+#include <stdexcept>
+
+namespace saldoro {
+
+namespace {
+
+qint64 readColumn(sqlite3_stmt *statement, int column)
+{
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_INTEGER:
+        return sqlite3_column_int64(statement, column);
+    case SQLITE_FLOAT:
+        return static_cast<qint64>(sqlite3_column_double(statement, column));
+    case SQLITE_NULL:
+        return 0;
+    default: {
+        const unsigned char *text = sqlite3_column_text(statement, column);
+        return sqlite3_column_bytes(statement, column) + text[0];
+    }
+    }
+}
+
+} // namespace
+
+void BareStatement::Closer::operator()(sqlite3_stmt *statement) const
+{
+    sqlite3_finalize(statement);
+}
+
+BareStatement::BareStatement(sqlite3 *file, const char *sql)
+    : m_file(file)
+{
+    sqlite3_stmt *statement = nullptr;
+    check(sqlite3_prepare_v2(file, sql, -1, &statement, nullptr) == SQLITE_OK);
+    m_statement.reset(statement);
+}
+
+void BareStatement::bind(int position, qint64 value)
+{
+    check(sqlite3_bind_int64(m_statement.get(), position, value) == SQLITE_OK);
+}
+
+void BareStatement::bind(int position, const QByteArray &text)
+{
+    check(sqlite3_bind_text(m_statement.get(), position, text.constData(),
+                            static_cast<int>(text.size()), SQLITE_TRANSIENT) == SQLITE_OK);
+}
+
+void BareStatement::finish()
+{
+    int code = SQLITE_ROW;
+    while (code == SQLITE_ROW)
+        code = sqlite3_step(m_statement.get());
+    check(code == SQLITE_DONE);
+    sqlite3_reset(m_statement.get());
+}
+
+qint64 BareStatement::readAll()
+{
+    qint64 sum = 0;
+    int code = SQLITE_ROW;
+    while ((code = sqlite3_step(m_statement.get())) == SQLITE_ROW) {
+        const int columns = sqlite3_column_count(m_statement.get());
+        for (int column = 0; column < columns; ++column)
+            sum += readColumn(m_statement.get(), column);
+    }
+    check(code == SQLITE_DONE);
+    return sum;
+}
+
+void BareStatement::check(bool worked) const
+{
+    if (!worked)
+        throw std::runtime_error(sqlite3_errmsg(m_file));
+}
+
+void BareFile::Closer::operator()(sqlite3 *file) const
+{
+    sqlite3_close(file);
+}
+
+BareFile::BareFile(const QString &archivePath, Durability durability)
+{
+    sqlite3 *file = nullptr;
+    const int code = sqlite3_open_v2(MachinePath(archivePath).toUtf8().constData(), &file,
+                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    m_file.reset(file);
+    if (code != SQLITE_OK)
+        throw std::runtime_error(sqlite3_errmsg(file));
+    run(durability == Durability::Full ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = OFF");
+}
+
+qint64 BareFile::lastRowId() const
+{
+    return sqlite3_last_insert_rowid(m_file.get());
+}
+
+} // namespace saldoro

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace saldoro {
+
+/** What stands behind a write when it returns. */
+enum class Durability
+{
+    Full, ///< as the program writes: every statement is on the disk
+    None  ///< for preparing and clearing away what is measured
+};
+
+/** A prepared statement and nothing around it. Failures throw std::runtime_error. */
+class BareStatement
+{
+public:
+    /** Runs a change with these values, whole numbers or texts in UTF-8, in their order. */
+    template <typename... Values>
+    void run(const Values &...values)
+    {
+        int position = 0;
+        (bind(++position, values), ...);
+        finish();
+    }
+
+    /** Reads every column of every row; the sum of numbers and text sizes, so that none of the
+     *  reading can be left out. */
+    qint64 readAll();
+
+private:
+    friend class BareFile;
+    struct Closer
+    {
+        void operator()(sqlite3_stmt *statement) const;
+    };
+
+    BareStatement(sqlite3 *file, const char *sql);
+    void bind(int position, qint64 value);
+    void bind(int position, const QByteArray &text);
+    void finish();
+    void check(bool worked) const;
+
+    sqlite3 *m_file;
+    std::unique_ptr<sqlite3_stmt, Closer> m_statement;
+};
+
+/** One connection to a database file with nothing but the engine's own calls. */
+class BareFile
+{
+public:
+    /** @p archivePath is an archive path (backslashes). Throws std::runtime_error. */
+    explicit BareFile(const QString &archivePath, Durability durability = Durability::Full);
+
+    BareStatement prepare(const char *sql) { return {m_file.get(), sql}; }
+    void run(const char *sql) { prepare(sql).run(); }
+    qint64 readAll(const char *sql) { return prepare(sql).readAll(); }
+    /** Row id of the row that was inserted last. */
+    qint64 lastRowId() const;
+
+private:
+    struct Closer
+    {
+        void operator()(sqlite3 *file) const;
+    };
+
+    std::unique_ptr<sqlite3, Closer> m_file;
+};
+
+} // namespace saldoro

@@ -1,0 +1,50 @@
+#!/usr/bin/env bash
+# Measures the program beside its floor, the same rows and bytes with bare calls, in one run:
+# start-up, load, save, deletion and closing with 100 to 30,000 payments. Installs what is missing,
+# builds, and prints a table of medians, which is also left in build/bench/table.md.
+#
+#   scripts/bench.sh [--check] [TASK...]
+#
+# TASK is start-up, load, save, delete or close; all of them when none is named. With --check the
+# exit status is not zero when a target is missed. SALDORO_BENCH_REPETITIONS (default 9) is the
+# number of runs that each median is taken from. The archives go to build/bench/archives, so the
+# project has to lie on a real disk.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+
+check=()
+if [ "${1:-}" = --check ]; then
+    check=(--check)
+    shift
+fi
+tasks=$(tr ' ' '|' <<<"${*:-.*}")
+results=build/bench/results.json
+export TMPDIR=$PWD/build/bench/archives
+
+need_packages "${BUILD_PACKAGES[@]}" "${BENCH_PACKAGES[@]}"
+mkdir -p "$TMPDIR"
+cmake --preset bench >build/bench/configure.log 2>&1 || {
+    cat build/bench/configure.log
+    exit 1
+}
+cmake --build --preset bench --target saldoro_bench
+
+case $(stat -f -c %T "$TMPDIR") in
+tmpfs | ramfs) printf 'No disk below %s: writes cost nothing there and tell nothing.\n' "$TMPDIR" >&2 ;;
+esac
+# The runs of all tasks are mixed, so that a busy minute of the machine falls on both sides.
+build/bench/bench/saldoro_bench --benchmark_filter="^($tasks)/" --benchmark_min_time=0.05 \
+    --benchmark_repetitions="${SALDORO_BENCH_REPETITIONS:-9}" \
+    --benchmark_enable_random_interleaving=true --benchmark_report_aggregates_only=true \
+    --benchmark_out_format=json --benchmark_out="$results" >build/bench/results.txt 2>&1 || {
+    cat build/bench/results.txt
+    exit 1
+}
+
+status=0
+python3 bench/table.py "${check[@]}" "$results" >build/bench/table.md || status=$?
+cat build/bench/table.md
+printf '\n%s processors, %s\n' "$(nproc)" \
+    "$(sed -n 's/^model name[^:]*: //p' /proc/cpuinfo | head -n 1)"
+exit "$status"
