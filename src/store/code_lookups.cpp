@@ -30,8 +30,7 @@ struct OpenTable
 /** The code map, searched for an internal code; there may be no match. */
 OpenTable findCode(const ProgramValues &values, const QString &internalCode)
 {
-    OpenTable codes(Database::openReadOnly(CodesPath(values)),
-                    u"SELECT * FROM Funzioni ORDER BY CodInt"_s);
+    OpenTable codes(Database::open(CodesPath(values)), u"SELECT * FROM Funzioni ORDER BY CodInt"_s);
     codes.records.findFirst(u"CodInt = '"_s + internalCode + u"'"_s);
     return codes;
 }
@@ -41,10 +40,12 @@ QString contractSheetSql()
     return u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s;
 }
 
-/** The contract sheet, searched for the first item that matches; only for reading. */
+/** The contract sheet, searched for the first item that matches; only for reading. Opened for
+ *  writing all the same: a change that was cut short by a crash is undone by whoever opens the file
+ *  next, and that takes the right to write. */
 OpenTable findItemLike(const ProgramValues &values, const QString &pattern)
 {
-    OpenTable sheet(Database::openReadOnly(ContractPath(values)), contractSheetSql());
+    OpenTable sheet(Database::open(ContractPath(values)), contractSheetSql());
     sheet.records.findFirst(u"Voce Like '"_s + pattern + u"'"_s);
     return sheet;
 }
