@@ -92,11 +92,13 @@ void TestPaymentsList::decidesTheKindOfForm()
                     u"INSERT INTO Fatture (AziProf, Npag) VALUES ('P',2),('A',4),('X',3),('a',5),"
                     "(NULL,6)"_s);
     ProgramValues values = archive.values();
-    std::optional<CreditorKind> kind;
-    const QString failure = FailurePlace([&] { kind = OpenPayment(values, row); });
-    QString decided = failure == u"none" ? QString() : failure;
-    if (kind)
-        decided = *kind == CreditorKind::Company ? u"A"_s : u"P"_s;
+    QString decided;
+    const QString failure = FailurePlace([&] {
+        if (const auto kind = OpenPayment(values, row))
+            decided = *kind == CreditorKind::Company ? u"A"_s : u"P"_s;
+    });
+    if (failure != u"none")
+        decided = failure;
     QTEST(decided, "kind");
     QCOMPARE(values.CurrentPaymentNumber, row);
 }
