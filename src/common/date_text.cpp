@@ -30,11 +30,29 @@ int fullYear(const QString &text)
     return year < 100 ? -1 : year;
 }
 
+/** Writes @p value as @p count digits into @p text, the first at @p position. */
+void setDigits(QString &text, qsizetype position, int count, int value)
+{
+    for (qsizetype place = position + count - 1; place >= position; --place, value /= 10)
+        text[place] = QChar(u'0' + static_cast<char16_t>(value % 10));
+}
+
 } // namespace
 
 QString FormatData(QDate day)
 {
-    return day.isValid() ? day.toString(QStringLiteral("dd/MM/yyyy")) : QString();
+    if (!day.isValid())
+        return {};
+    // Long lists are full of dates: the digits are set one by one, without a format to interpret.
+    QString text = EmptyDateText.toString();
+    int year = 0;
+    int month = 0;
+    int dayOfMonth = 0;
+    day.getDate(&year, &month, &dayOfMonth);
+    setDigits(text, 0, 2, dayOfMonth);
+    setDigits(text, 3, 2, month);
+    setDigits(text, 6, 4, year);
+    return text;
 }
 
 QDate DataDaTesto(const QString &text)
