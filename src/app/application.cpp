@@ -1,0 +1,87 @@
+#include "app/application.h"
+
+#include "app/error_report.h"
+#include "common/ending.h"
+#include "common/message_box.h"
+
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include <stdexcept>
+
+namespace saldoro {
+
+Application::Application(int &argc, char **argv)
+    : QApplication(argc, argv)
+{
+    setApplicationName(QStringLiteral("Saldoro"));
+    setApplicationDisplayName(QStringLiteral("Saldoro"));
+    setQuitOnLastWindowClosed(false);
+    speakItalian();
+}
+
+/** Also the toolkit's own texts, where its translation is installed. */
+void Application::speakItalian()
+{
+    const QLocale italian(QLocale::Italian, QLocale::Italy);
+    QLocale::setDefault(italian);
+    auto *translator = new QTranslator(this);
+    if (translator->load(italian, QStringLiteral("qtbase"), QStringLiteral("_"),
+                         QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        installTranslator(translator);
+}
+
+int Application::run(const std::function<bool()> &startUp)
+{
+    try {
+        if (!startUp() && !IsEnding())
+            return 0;
+    } catch (...) {
+        endOnCurrentException();
+    }
+    // An error in a handler during start-up has asked for the end before there was a loop to end.
+    if (IsEnding())
+        return ErrorStatus;
+    const int status = exec();
+    return IsEnding() ? ErrorStatus : status;
+}
+
+bool Application::notify(QObject *receiver, QEvent *event)
+{
+    // The toolkit can't carry an exception through its event loops, so each one ends here.
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (...) {
+        endOnCurrentException();
+    }
+    return false;
+}
+
+/** To be called in a handler of all exceptions. */
+void Application::endOnCurrentException()
+{
+    try {
+        throw;
+    } catch (const std::exception &error) {
+        endWithReport(error);
+    } catch (...) {
+        endWithReport(std::runtime_error("?"));
+    }
+}
+
+/** The first error counts: what fails while it is shown, or on the way out, is its consequence. */
+void Application::endWithReport(const std::exception &error)
+{
+    if (IsEnding())
+        return;
+    SetEnding(true);
+    try {
+        ShowMessage(MessageKind::Critical, ErrorReport(error));
+    } catch (...) {
+        qCritical("Saldoro: %s", error.what());
+    }
+    exit(ErrorStatus);
+}
+
+} // namespace saldoro

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QApplication>
+
+#include <exception>
+#include <functional>
+
+namespace saldoro {
+
+/**
+ * The application object with the last-resort handler: an error that nothing has caught, in any
+ * event handler however deeply nested or during start-up, is shown to the user once and ends the
+ * program with status 1. From the report on no form does its closing work (see IsEnding()).
+ */
+class Application : public QApplication
+{
+    Q_OBJECT
+
+public:
+    /** Exit status after an error. */
+    static constexpr int ErrorStatus = 1;
+
+    /** As for QApplication; both must outlive the object. */
+    Application(int &argc, char **argv);
+
+    /**
+     * Runs @p startUp, then the event loop if it returned true, and returns the exit status. The
+     * program ends only by exit(), never by itself because a window closes.
+     */
+    int run(const std::function<bool()> &startUp);
+
+    bool notify(QObject *receiver, QEvent *event) override;
+
+private:
+    void speakItalian();
+    void endWithReport(const std::exception &error);
+    void endOnCurrentException();
+};
+
+} // namespace saldoro

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+#include <exception>
+
+namespace saldoro {
+
+/**
+ * The Italian text that the user gets to read about an error that ends the program: the error's
+ * own report, and for values in the databases that are missing or of the wrong type also the
+ * command that checks the ledger. Errors that are not the program's own are named unexpected.
+ */
+QString ErrorReport(const std::exception &error);
+
+} // namespace saldoro

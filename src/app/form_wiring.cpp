@@ -1,0 +1,122 @@
+#include "app/form_wiring.h"
+
+#include "common/ending.h"
+#include "invoice/frm_aziende.h"
+#include "invoice/frm_nuova_fattura.h"
+#include "invoice/frm_professionisti.h"
+#include "overview/frm_principale.h"
+
+#include <algorithm>
+
+namespace saldoro {
+
+namespace {
+
+void bringToFront(QWidget &form)
+{
+    form.show();
+    form.raise();
+    form.activateWindow();
+}
+
+std::unique_ptr<InvoiceForm> makeInvoiceForm(CreditorKind kind, ProgramValues &values,
+                                             const TextTable &overview)
+{
+    if (kind == CreditorKind::Company)
+        return std::make_unique<FrmAziende>(values, overview);
+    return std::make_unique<FrmProfessionisti>(values, overview);
+}
+
+/** Gives up a form that is in the midst of its own signal. */
+template <typename Form>
+void releaseLater(std::unique_ptr<Form> &form)
+{
+    form.release()->deleteLater();
+}
+
+} // namespace
+
+FormWiring::FormWiring(ProgramValues &values)
+    : m_values(values)
+{
+}
+
+FormWiring::~FormWiring() = default;
+
+InvoiceForm *FormWiring::invoiceForm(CreditorKind kind) const
+{
+    return m_invoices.at(static_cast<std::size_t>(kind)).get();
+}
+
+std::unique_ptr<InvoiceForm> &FormWiring::invoiceSlot(CreditorKind kind)
+{
+    return m_invoices.at(static_cast<std::size_t>(kind));
+}
+
+void FormWiring::showMainForm()
+{
+    if (!m_main)
+        makeMainForm();
+    if (!m_main->isLoaded())
+        m_main->load();
+    bringToFront(*m_main);
+}
+
+void FormWiring::makeMainForm()
+{
+    m_main = std::make_unique<FrmPrincipale>(m_values);
+    connect(m_main.get(), &FrmPrincipale::nuovoRequested, this, &FormWiring::showChooser);
+    connect(m_main.get(), &FrmPrincipale::openPaymentRequested, this, &FormWiring::showInvoiceForm);
+    connect(m_main.get(), &FrmPrincipale::unloaded, this, &FormWiring::announceLastForm);
+}
+
+void FormWiring::showChooser()
+{
+    m_main->setInUse(false);
+    if (!m_chooser) {
+        m_chooser = std::make_unique<FrmNuovaFattura>();
+        connect(m_chooser.get(), &FrmNuovaFattura::continued, this, &FormWiring::showInvoiceForm);
+        connect(m_chooser.get(), &FrmNuovaFattura::finished, this, &FormWiring::chooserFinished);
+    }
+    bringToFront(*m_chooser);
+}
+
+void FormWiring::chooserFinished()
+{
+    releaseLater(m_chooser);
+    m_main->setInUse(true);
+}
+
+void FormWiring::showInvoiceForm(CreditorKind kind)
+{
+    auto &slot = invoiceSlot(kind);
+    if (!slot) {
+        auto form = makeInvoiceForm(kind, m_values, m_main->overviewTable());
+        form->load();
+        connect(form.get(), &InvoiceForm::unloaded, this,
+                [this, kind] { invoiceFormUnloaded(kind); });
+        slot = std::move(form);
+    }
+    bringToFront(*slot);
+}
+
+/** What the form has saved shows by a reload of the main form, closed or not. */
+void FormWiring::invoiceFormUnloaded(CreditorKind kind)
+{
+    auto &slot = invoiceSlot(kind);
+    slot->hide(); // not to be seen while the documents of the main form are written
+    releaseLater(slot);
+    if (IsEnding())
+        return;
+    m_main->reload();
+}
+
+void FormWiring::announceLastForm()
+{
+    const bool invoiceOpen = std::any_of(m_invoices.begin(), m_invoices.end(),
+                                         [](const auto &form) { return form != nullptr; });
+    if (!invoiceOpen && !m_chooser && !IsEnding())
+        emit lastFormClosed();
+}
+
+} // namespace saldoro

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "common/program_values.h"
+
+#include <QString>
+
+namespace saldoro {
+
+/** The key of the suite's settings, below the current user's root. */
+inline constexpr QStringView SettingsKey = u"Software\\Dornvale\\ZELT";
+
+/** The build text of a version: major and minor as they are, then the last three digits of the
+ *  revision, padded with zeros. 1.0.167 gives 10167. */
+QString BuildText(int major, int minor, int revision);
+
+/** Sets ProgramBuild from the program's own version and ArchiveRoot from the per-user settings;
+ *  without the setting ArchiveRoot is empty. Throws nothing. */
+void InitInstallSettings(ProgramValues &values);
+
+} // namespace saldoro
