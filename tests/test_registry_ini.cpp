@@ -31,7 +31,6 @@ private slots:
     void registryValue_data();
     void registryValue();
     void registryFileFollowsTheEnvironment();
-    void commandLineTail_data();
     void commandLineTail();
 
 private:
@@ -144,28 +143,15 @@ void TestRegistryIni::registryFileFollowsTheEnvironment()
     QVERIFY(!ReadRegistryValue(RegistryRoot::CurrentUser, QStringLiteral("a"), QString()));
 }
 
-void TestRegistryIni::commandLineTail_data()
-{
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("tail");
-    QTest::newRow("none") << "Saldoro.exe"
-                          << "";
-    QTest::newRow("plain") << "Saldoro.exe /INI"
-                           << "/INI";
-    QTest::newRow("quoted name") << "\"C:\\Pro grammi\\Saldoro.exe\"  /INI"
-                                 << "/INI";
-    QTest::newRow("blanks kept") << "S.exe TUSMQDE7W00 112 "
-                                 << "TUSMQDE7W00 112 ";
-    QTest::newRow("quotes kept") << "S \"/INI\""
-                                 << "\"/INI\"";
-    QTest::newRow("empty") << ""
-                           << "";
-}
-
 void TestRegistryIni::commandLineTail()
 {
-    QFETCH(const QString, line);
-    QTEST(TailOfCommandLine(line), "tail");
+    const auto tail = [](const char *line) { return TailOfCommandLine(QString::fromUtf8(line)); };
+    QCOMPARE(tail(""), QString());
+    QCOMPARE(tail("Saldoro.exe"), QString());
+    QCOMPARE(tail("Saldoro.exe /INI"), QStringLiteral("/INI"));
+    QCOMPARE(tail("\"C:\\Pro grammi\\S.exe\"  /INI"), QStringLiteral("/INI"));
+    QCOMPARE(tail("S.exe TUSMQDE7W00 112 "), QStringLiteral("TUSMQDE7W00 112 "));
+    QCOMPARE(tail("S \"/INI\""), QStringLiteral("\"/INI\""));
 }
 
 QTEST_GUILESS_MAIN(TestRegistryIni)

@@ -1,0 +1,212 @@
+#include "app/application.h"
+#include "app/form_wiring.h"
+#include "common/ending.h"
+#include "common/message_box.h"
+#include "invoice/frm_nuova_fattura.h"
+#include "invoice/invoice_form.h"
+#include "overview/frm_principale.h"
+#include "overview_probe.h"
+#include "platform/flex_grid.h"
+#include "platform/machine_path.h"
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+using namespace saldoro;
+using namespace Qt::StringLiterals;
+
+/** The real forms tied together, over three payments of which the second is a professional's. */
+class TestWiring : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void newPaymentReachesTheList();
+    void annullaChangesNothing();
+    void eachKindOpensOnce();
+    void mainFormClosedFirstComesBack();
+    void mainFormStaysOutOfUseBelowTheChooser();
+    void errorEndsWithoutClosingWork();
+
+private:
+    static void click(const QWidget *form, const QString &name)
+    {
+        auto *button = form->findChild<QAbstractButton *>(name);
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+    }
+    TextTable &list() const { return main()->findChild<FlexGrid *>(u"MSFlexGrid1"_s)->table(); }
+    FrmPrincipale *main() const { return m_forms->mainForm(); }
+    InvoiceForm *company() const { return m_forms->invoiceForm(CreditorKind::Company); }
+    InvoiceForm *professional() const { return m_forms->invoiceForm(CreditorKind::Professional); }
+    void modify(int row) const
+    {
+        list().setRow(row);
+        click(main(), u"Command3"_s);
+    }
+    QStringList documents() const
+    {
+        return QDir(MachinePath(ProjectFolder(m_values))).entryList({u"*.rtf"_s});
+    }
+
+    std::unique_ptr<TestArchive> m_archive;
+    ProgramValues m_values;
+    std::unique_ptr<FormWiring> m_forms;
+    std::unique_ptr<QSignalSpy> m_ended;
+    QStringList m_messages;
+};
+
+void TestWiring::init()
+{
+    m_messages.clear();
+    m_archive = std::make_unique<TestArchive>();
+    m_archive->build().addStandardCodes();
+    PlantItems(*m_archive, u"('L1','Lavori',90000000)"_s, u"(1,'L1',1220000)"_s);
+    PlantPayments(*m_archive, "('A',1,'Rossi S.r.l.','2021-03-15',1000000,220000,NULL),"
+                              "('P',2,'Ing. Bò','2021-04-02',500000,110000,40000),"
+                              "('A',3,'Cave Unite','2021-05-20',250000,55000,NULL)");
+    m_archive->execute(LedgerPath(m_archive->values()),
+                       u"UPDATE Fatture SET Aliquota=220000, AliquotaRA=0, ImportoPrest=Importo, "
+                       "Contributo=0, CassaPrev=0, ImportoRA=0"_s);
+    m_values = m_archive->values();
+    ReplaceMessageBoxes([this](MessageKind kind, const QString &text) {
+        m_messages += text;
+        return kind == MessageKind::Question ? MessageAnswer::Yes : MessageAnswer::Ok;
+    });
+    m_forms = std::make_unique<FormWiring>(m_values);
+    m_ended = std::make_unique<QSignalSpy>(m_forms.get(), &FormWiring::lastFormClosed);
+    m_forms->showMainForm();
+    QVERIFY(QTest::qWaitForWindowActive(main()));
+}
+
+void TestWiring::cleanup()
+{
+    if (QTest::currentTestFailed())
+        qInfo() << "message boxes:" << m_messages;
+    m_forms.reset();
+    ReplaceMessageBoxes({});
+    SetEnding(false);
+}
+
+void TestWiring::newPaymentReachesTheList()
+{
+    click(main(), u"Command1"_s);
+    QVERIFY(m_forms->chooser()->isVisible());
+    QVERIFY(!main()->isEnabled());
+    click(m_forms->chooser(), u"Option4"_s);
+    click(m_forms->chooser(), u"Command1"_s);
+    QVERIFY(main()->isEnabled());
+    QVERIFY(!m_forms->chooser());
+    QVERIFY(!company());
+    QVERIFY(professional()->isVisible());
+
+    QVERIFY(QTest::qWaitForWindowActive(professional()));
+    QTest::keyClicks(QApplication::focusWidget(), u"Arch. Neri"_s);
+    professional()->findChild<QWidget *>(u"MaskEdBox1"_s)->setFocus();
+    QTest::keyClicks(QApplication::focusWidget(), u"05062021"_s);
+    click(professional(), u"Command1"_s);
+    QVERIFY(!professional());
+    QCOMPARE(m_archive->ledgerRows(u"SELECT AziProf, Creditore, Del FROM Fatture WHERE Npag=4"_s),
+             u"P|Arch. Neri|2021-06-05"_s);
+    QCOMPARE(m_messages, QStringList{u"Gli importi non coincidono continuare ? "_s});
+    QCOMPARE(list().text(4, 1), u"Arch. Neri"_s);
+    QVERIFY(main()->isVisible() && main()->isLoaded());
+    QCOMPARE(m_ended->count(), 0);
+}
+
+void TestWiring::annullaChangesNothing()
+{
+    const QString before = m_archive->ledgerRows(u"SELECT * FROM Fatture"_s);
+    click(main(), u"Command1"_s);
+    click(m_forms->chooser(), u"Command2"_s);
+    QVERIFY(!m_forms->chooser() && !company() && main()->isEnabled());
+    QCOMPARE(m_values.CurrentPaymentNumber, 4);
+    QCOMPARE(m_archive->ledgerRows(u"SELECT * FROM Fatture"_s), before);
+    QCOMPARE(documents(), QStringList());
+    click(main(), u"Command2"_s);
+    QCOMPARE(m_ended->count(), 1);
+    QVERIFY(!documents().isEmpty());
+}
+
+/** An open form comes to the front with its own payment, whatever has been asked for. */
+void TestWiring::eachKindOpensOnce()
+{
+    modify(1);
+    modify(2);
+    InvoiceForm *const first = company();
+    QTest::keyClicks(first->findChild<QWidget *>(u"Text1_0"_s), u"!"_s);
+    modify(3);
+    QCOMPARE(company(), first);
+    QCOMPARE(first->paymentNumber(), 1);
+    QCOMPARE(professional()->paymentNumber(), 2);
+    QVERIFY(QTest::qWaitForWindowActive(first));
+
+    click(first, u"Command1"_s); // saves, though payment 3 is current
+    QCOMPARE(list().text(1, 1), u"!Rossi S.r.l."_s);
+    QVERIFY(!company() && professional()->isVisible());
+    modify(3);
+    QCOMPARE(company()->paymentNumber(), 3);
+    QVERIFY(professional()->close() && company()->close());
+    QCOMPARE(m_ended->count(), 0);
+    QVERIFY(main()->close());
+    QCOMPARE(m_ended->count(), 1);
+}
+
+void TestWiring::mainFormClosedFirstComesBack()
+{
+    modify(1);
+    QVERIFY(main()->close());
+    QVERIFY(!main()->isVisible() && !documents().isEmpty());
+    QCOMPARE(m_ended->count(), 0);
+    m_archive->execute(LedgerPath(m_values), u"UPDATE Fatture SET Creditore='Altri'"_s);
+    click(company(), u"Command2"_s);
+    QVERIFY(!company() && main()->isVisible() && main()->isLoaded());
+    QCOMPARE(list().text(1, 1), u"Altri"_s);
+    QCOMPARE(m_ended->count(), 0);
+    click(main(), u"Command2"_s);
+    QCOMPARE(m_ended->count(), 1);
+}
+
+void TestWiring::mainFormStaysOutOfUseBelowTheChooser()
+{
+    modify(2);
+    click(main(), u"Command1"_s);
+    QVERIFY(professional()->close());
+    QVERIFY(main()->isVisible() && !main()->isEnabled() && m_forms->chooser()->isVisible());
+    click(m_forms->chooser(), u"Command1"_s);
+    QVERIFY(main()->isEnabled());
+    QCOMPARE(company()->paymentNumber(), 4);
+}
+
+/** The reload after a deletion meets a null; forms that close afterwards write nothing. */
+void TestWiring::errorEndsWithoutClosingWork()
+{
+    auto &application = *static_cast<Application *>(QCoreApplication::instance());
+    modify(1);
+    m_archive->execute(LedgerPath(m_values), u"UPDATE Fatture SET Importo=NULL WHERE Npag=2"_s);
+    QTimer::singleShot(0, main(), [this] {
+        list().setRow(3);
+        click(main(), u"Command4"_s);
+    });
+    QCOMPARE(application.run([] { return true; }), 1);
+    QCOMPARE(m_messages.size(), 2); // the question, then the report
+    for (const QString &part :
+         {u"Saldoro.mdb"_s, u"Fatture"_s, u"Importo"_s, u"Pagamento: 2"_s, u"saldoro-verifica"_s})
+        QVERIFY2(m_messages[1].contains(part), qUtf8Printable(m_messages[1]));
+    QVERIFY(company()->close() && main()->close());
+    QCOMPARE(documents(), QStringList());
+    QCOMPARE(m_ended->count(), 0);
+    QCOMPARE(m_archive->ledgerRows(u"SELECT Npag FROM Fatture"_s), u"1\n2"_s);
+}
+
+int main(int argc, char *argv[])
+{
+    Application application(argc, argv);
+    TestWiring test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "test_wiring.moc"
