@@ -75,13 +75,14 @@ void composeStatements(RecordSet &fatture, ProgramValues &values, FrmElab &form)
     if (fatture.isEmpty())
         return;
     const qint16 count = paymentCount(fatture);
+    const PaymentStatements statements(fatture);
     for (int number = 1; number < count; ++number) {
-        ComponiTestoPagamento(fatture, values);
+        statements.composeCurrent(values);
         form.listBox().appendText(QStringLiteral("\r\n"));
         form.listBox().appendText(values.TestoPagamento);
         fatture.moveNext();
     }
-    ComponiTestoPagamento(fatture, values);
+    statements.composeCurrent(values);
     form.lastPaymentBox().setText(values.TestoPagamento);
 }
 

@@ -4,36 +4,42 @@
 #include "common/date_text.h"
 #include "common/errors.h"
 
-#include <QStringList>
+#include <QStringView>
+
+#include <cstddef>
+#include <utility>
 
 namespace saldoro {
 
 namespace {
 
-/** The amounts that the layouts share; the sum is the payment's gross amount. */
-struct Gross
-{
-    Currency importo;
-    Currency iva;
-    Currency altri;
+using Field = PaymentStatements::Field;
 
-    Currency sum() const { return importo + iva + altri; }
+constexpr std::array<QStringView, 14> FieldNames = {
+    u"Npag",       u"AziProf",     u"Creditore", u"NFat",          u"Del",
+    u"Memo",       u"Descrizione", u"Importo",   u"ImportoIVA",    u"ImportoPrest",
+    u"Contributo", u"CassaPrev",   u"ImportoRA", u"AltriImporti01"};
+
+/** The values that the layouts share. */
+struct Payment
+{
+    bool professional = false;
+    Currency amount;
+    Currency tax;
+    Currency other;
+
+    Currency gross() const { return amount + tax + other; }
 };
 
-bool isProfessional(const RecordSet &fatture)
+Payment readPayment(const PaymentStatements &source)
 {
-    return fatture.field(QStringLiteral("AziProf")).textOrEmpty() == u'P';
-}
-
-Gross readGross(const RecordSet &fatture)
-{
-    Gross gross;
-    gross.importo = fatture.field(QStringLiteral("Importo")).currency();
-    gross.iva = fatture.field(QStringLiteral("ImportoIVA")).currency();
-    if (isProfessional(fatture))
-        gross.altri =
-            fatture.field(QStringLiteral("AltriImporti01")).currencyOrNone().value_or(Currency());
-    return gross;
+    Payment payment;
+    payment.professional = source.value(Field::Kind).textOrEmpty() == u'P';
+    payment.amount = source.value(Field::Amount).currency();
+    payment.tax = source.value(Field::Tax).currency();
+    if (payment.professional)
+        payment.other = source.value(Field::OtherAmounts).currencyOrNone().value_or(Currency());
+    return payment;
 }
 
 QString withoutOuterBlanks(const QString &text)
@@ -47,85 +53,121 @@ QString withoutOuterBlanks(const QString &text)
     return text.sliced(first, end - first);
 }
 
-QString title(const RecordSet &fatture)
+QString title(const PaymentStatements &source)
 {
-    const FieldValue day = fatture.field(QStringLiteral("Del"));
+    const FieldValue day = source.value(Field::InvoiceDay);
     return QStringLiteral("Nr. ") +
-           withoutOuterBlanks(fatture.field(QStringLiteral("NFat")).textOrEmpty()) +
+           withoutOuterBlanks(source.value(Field::InvoiceNumber).textOrEmpty()) +
            QStringLiteral(" del ") + (day.isNull() ? QString() : FormatData(day.date()));
 }
 
-QStringList commonLines(const RecordSet &fatture, const Gross &gross)
+/** A statement under way, taking its lines from the current payment. */
+class Lines
 {
-    const auto text = [&](const QString &field) { return fatture.field(field).textOrEmpty(); };
-    return {
-        QStringLiteral("Numero Pagamento ...........: ") +
-            fatture.field(QStringLiteral("Npag")).text(),
-        QStringLiteral("Creditore ..................: ") + text(QStringLiteral("Creditore")),
-        QStringLiteral("Descrizione ................: ") + text(QStringLiteral("Descrizione")),
-        QStringLiteral("Titolo (fattura) ...........: ") + title(fatture),
-        QStringLiteral("Importo totale pagato ......: ") + FormatImporto(gross.sum()),
-    };
+public:
+    explicit Lines(const PaymentStatements &source)
+        : m_source(source)
+    {
+        constexpr qsizetype UsualLength = 768;
+        m_text.reserve(UsualLength);
+    }
+
+    void add(QStringView label, const QString &value = {})
+    {
+        m_text += label;
+        m_text += value;
+        m_text += u"\r\n";
+    }
+    void addText(QStringView label, Field field)
+    {
+        add(label, m_source.value(field).textOrEmpty());
+    }
+    void addAmount(QStringView label, Currency amount) { add(label, FormatImporto(amount)); }
+    void addAmount(QStringView label, Field field)
+    {
+        addAmount(label, m_source.value(field).currency());
+    }
+
+    /** The whole statement, the payment's note being the last line. */
+    QString takeWithNote()
+    {
+        m_text += m_source.value(Field::Note).textOrEmpty();
+        return std::move(m_text);
+    }
+
+private:
+    const PaymentStatements &m_source;
+    QString m_text;
+};
+
+void addCommon(Lines &lines, const PaymentStatements &source, const Payment &payment)
+{
+    lines.add(u"Numero Pagamento ...........: ", source.value(Field::Number).text());
+    lines.addText(u"Creditore ..................: ", Field::Creditor);
+    lines.addText(u"Descrizione ................: ", Field::Description);
+    lines.add(u"Titolo (fattura) ...........: ", title(source));
+    lines.addAmount(u"Importo totale pagato ......: ", payment.gross());
 }
 
-QStringList professionalLines(const RecordSet &fatture, const Gross &gross)
+void addProfessional(Lines &lines, const Payment &payment)
 {
-    const auto amount = [&](const QString &field) {
-        return FormatImporto(fatture.field(field).currency());
-    };
-    return {
-        QStringLiteral("Altri Importi ..............: ") + FormatImporto(gross.altri),
-        QStringLiteral("Elenco analitico voci spesa "),
-        QStringLiteral("  Importo Prestazione ......: ") + amount(QStringLiteral("ImportoPrest")),
-        QStringLiteral("  Contributo pre.le 4% .....: ") + amount(QStringLiteral("Contributo")),
-        QStringLiteral("  Cassa Previdenza 2% ......: ") + amount(QStringLiteral("CassaPrev")),
-        QStringLiteral("  Iva lavori ...............: ") + FormatImporto(gross.iva),
-        QStringLiteral("  Importo R.A. .............: ") + amount(QStringLiteral("ImportoRA")),
-        QStringLiteral("  Note ..:"),
-    };
+    lines.addAmount(u"Altri Importi ..............: ", payment.other);
+    lines.add(u"Elenco analitico voci spesa ");
+    lines.addAmount(u"  Importo Prestazione ......: ", Field::Fee);
+    lines.addAmount(u"  Contributo pre.le 4% .....: ", Field::Contribution);
+    lines.addAmount(u"  Cassa Previdenza 2% ......: ", Field::Fund);
+    lines.addAmount(u"  Iva lavori ...............: ", payment.tax);
+    lines.addAmount(u"  Importo R.A. .............: ", Field::Withholding);
+    lines.add(u"  Note ..:");
 }
 
-QStringList companyLines(const Gross &gross)
+void addCompany(Lines &lines, const Payment &payment)
 {
-    return {
-        QStringLiteral("Elenco analitico voci spesa "),
-        QStringLiteral("  Importo lavori ...........: ") + FormatImporto(gross.importo),
-        QStringLiteral("  Iva lavori ...............: ") + FormatImporto(gross.iva),
-        QStringLiteral("Note ..:"),
-    };
+    lines.add(u"Elenco analitico voci spesa ");
+    lines.addAmount(u"  Importo lavori ...........: ", payment.amount);
+    lines.addAmount(u"  Iva lavori ...............: ", payment.tax);
+    lines.add(u"Note ..:");
 }
 
-QString statement(const RecordSet &fatture, const Gross &gross)
+QString statement(const PaymentStatements &source, const Payment &payment)
 {
-    QStringList lines = commonLines(fatture, gross);
-    lines += isProfessional(fatture) ? professionalLines(fatture, gross) : companyLines(gross);
-    lines += fatture.field(QStringLiteral("Memo")).textOrEmpty();
-    return lines.join(QStringLiteral("\r\n"));
-}
-
-void namePayment(SaldoroError &error, const RecordSet &fatture)
-{
-    if (fatture.eof())
-        return;
-    const FieldValue number = fatture.field(QStringLiteral("Npag"));
-    error.addDetail(QStringLiteral("Pagamento"), number.textOrEmpty());
+    Lines lines(source);
+    addCommon(lines, source, payment);
+    if (payment.professional)
+        addProfessional(lines, payment);
+    else
+        addCompany(lines, payment);
+    return lines.takeWithNote();
 }
 
 } // namespace
 
+PaymentStatements::PaymentStatements(const RecordSet &fatture)
+    : m_fatture(fatture)
+{
+    for (std::size_t field = 0; field < FieldNames.size(); ++field)
+        m_columns.at(field) = fatture.column(FieldNames.at(field).toString());
+}
+
 // The payment's mandate note is no part of its statement, so it is not looked up: a payment
 // without one would fail there for nothing.
-void ComponiTestoPagamento(RecordSet &fatture, ProgramValues &values)
+void PaymentStatements::composeCurrent(ProgramValues &values) const
 {
     try {
-        const Gross gross = readGross(fatture);
-        const Currency total = values.TotaleLiquidato + gross.sum();
-        values.TestoPagamento = statement(fatture, gross);
+        const Payment payment = readPayment(*this);
+        const Currency total = values.TotaleLiquidato + payment.gross();
+        values.TestoPagamento = statement(*this, payment);
         values.TotaleLiquidato = total;
     } catch (SaldoroError &error) {
-        namePayment(error, fatture);
+        if (!m_fatture.eof())
+            error.addDetail(QStringLiteral("Pagamento"), value(Field::Number).textOrEmpty());
         throw;
     }
+}
+
+void ComponiTestoPagamento(RecordSet &fatture, ProgramValues &values)
+{
+    PaymentStatements(fatture).composeCurrent(values);
 }
 
 } // namespace saldoro

@@ -5,13 +5,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <iterator>
 
 namespace saldoro {
 
 namespace {
 
-constexpr char32_t ReplacementCharacter = 0xFFFD;
+constexpr char16_t ReplacementCharacter = 0xFFFD;
 
 /** What the bytes 80 to 9F stand for in code page 1252; 0 where they stand for nothing. */
 constexpr std::array<char16_t, 32> UpperControls1252 = {
@@ -28,6 +29,12 @@ unsigned char codePageByte(char16_t unit)
     if (unit == 0 || found == UpperControls1252.end())
         return '?';
     return static_cast<unsigned char>(0x80 + std::distance(UpperControls1252.begin(), found));
+}
+
+bool standsForItself(QChar character)
+{
+    const char16_t unit = character.unicode();
+    return unit >= u' ' && unit < 0x7f && unit != u'\\' && unit != u'{' && unit != u'}';
 }
 
 /** Collects bytes and hands them to the device in large pieces. */
@@ -49,6 +56,19 @@ public:
     {
         for (const char byte : bytes)
             put(byte);
+    }
+    /** Writes characters up to the first that does not stand for itself; returns where that is. */
+    const QChar *putPlain(const QChar *from, const QChar *end)
+    {
+        while (from != end && standsForItself(*from)) {
+            if (m_used == m_piece.size())
+                flush();
+            const QChar *const full =
+                from + std::min(end - from, static_cast<std::ptrdiff_t>(m_piece.size() - m_used));
+            for (; from != full && standsForItself(*from); ++from)
+                m_piece[m_used++] = static_cast<char>(from->unicode());
+        }
+        return from;
     }
     /** Writes what is left; false when any write was refused. */
     bool finish()
@@ -101,39 +121,42 @@ void putAscii(PieceWriter &out, char character)
         out.put(character);
     } else if (character == '\t') {
         out.put("\\tab ");
-    } else if (character >= ' ' && character != '\x7f') {
-        out.put(character);
     } else if (character != '\0') {
         putByteEscape(out, static_cast<unsigned char>(character));
     }
 }
 
-bool isHalfOfPair(const QString &text, qsizetype index)
+bool isHalfAlone(const QChar *begin, const QChar *at, const QChar *end)
 {
-    const QChar unit = text[index];
-    if (unit.isHighSurrogate())
-        return index + 1 < text.size() && text[index + 1].isLowSurrogate();
-    return index > 0 && text[index - 1].isHighSurrogate();
+    if (at->isHighSurrogate())
+        return at + 1 == end || !at[1].isLowSurrogate();
+    return at->isLowSurrogate() && (at == begin || !at[-1].isHighSurrogate());
 }
 
 /** Writes the text; true when it ends in a line break. */
 bool putText(PieceWriter &out, const QString &text)
 {
     bool endsInBreak = false;
-    for (qsizetype index = 0; index < text.size(); ++index) {
-        const char16_t unit = text[index].unicode();
+    const QChar *const begin = text.constBegin();
+    const QChar *const end = text.constEnd();
+    for (const QChar *at = begin; at != end;) {
+        const QChar *const special = out.putPlain(at, end);
+        endsInBreak = endsInBreak && special == at;
+        at = special;
+        if (at == end)
+            break;
+        const char16_t unit = at->unicode();
         endsInBreak = unit == u'\n' || unit == u'\r' || (unit == 0 && endsInBreak);
         if (unit == u'\n' || unit == u'\r') {
-            if (unit == u'\r' && index + 1 < text.size() && text[index + 1] == u'\n')
-                ++index;
+            if (unit == u'\r' && at + 1 != end && at[1] == u'\n')
+                ++at;
             out.put("\\par\r\n");
         } else if (unit < 0x80) {
             putAscii(out, static_cast<char>(unit));
-        } else if (text[index].isSurrogate() && !isHalfOfPair(text, index)) {
-            putUnicode(out, ReplacementCharacter);
         } else {
-            putUnicode(out, unit);
+            putUnicode(out, isHalfAlone(begin, at, end) ? ReplacementCharacter : unit);
         }
+        ++at;
     }
     return endsInBreak;
 }
