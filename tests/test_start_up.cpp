@@ -50,6 +50,7 @@ private slots:
     void init();
     void cleanup();
     void buildText();
+    void ownVersion();
     void manifestText();
     void iniSwitch_data();
     void iniSwitch();
@@ -120,6 +121,19 @@ void TestStartUp::buildText()
     QCOMPARE(BuildText(1, 0, 3000), u"10000"_s);
 }
 
+/** On Windows this test's file carries a version resource, unlike the version it was built as. */
+void TestStartUp::ownVersion()
+{
+#ifdef Q_OS_WIN
+    const ProgramVersion expected{2, 3, 1005};
+#else
+    const ProgramVersion expected{VersionMajor, VersionMinor, VersionRevision};
+#endif
+    QCOMPARE(OwnVersion(), expected);
+    InitInstallSettings(m_values);
+    QCOMPARE(m_values.ProgramBuild, BuildText(expected.major, expected.minor, expected.revision));
+}
+
 void TestStartUp::manifestText()
 {
     const ManifestFacts facts = {
@@ -165,9 +179,9 @@ void TestStartUp::iniSwitch()
         return;
     }
     ManifestFacts facts = {ProgramName(),
-                           VersionMajor,
-                           VersionMinor,
-                           VersionRevision,
+                           OwnVersion().major,
+                           OwnVersion().minor,
+                           OwnVersion().revision,
                            ProgramFileTime().date(),
                            before.date(),
                            QTime::fromString(text.section(u"Time = "_s, 1).left(8), u"HH:mm:ss"_s)};
@@ -204,7 +218,8 @@ void TestStartUp::plantManifest(QString build) const
 {
     if (build.isNull())
         return;
-    const QString own = BuildText(VersionMajor, VersionMinor, VersionRevision);
+    const auto [major, minor, revision] = OwnVersion();
+    const QString own = BuildText(major, minor, revision);
     build.replace(u"%1"_s, own).replace(u"%2"_s, QString::number(own.toInt() + 1));
     writeFile(updatePath(ProgramName().toLower() + u".ini"_s),
               "[Configuration]\r\n" + build.toUtf8());

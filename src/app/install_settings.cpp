@@ -12,9 +12,15 @@ QString BuildText(int major, int minor, int revision)
     return QString::number(major) + QString::number(minor) + padded.last(revisionDigits);
 }
 
+ProgramVersion OwnVersion()
+{
+    return VersionResource().value_or(ProgramVersion{VersionMajor, VersionMinor, VersionRevision});
+}
+
 void InitInstallSettings(ProgramValues &values)
 {
-    values.ProgramBuild = BuildText(VersionMajor, VersionMinor, VersionRevision);
+    const ProgramVersion version = OwnVersion();
+    values.ProgramBuild = BuildText(version.major, version.minor, version.revision);
     values.ArchiveRoot = ReadRegistryValue(RegistryRoot::CurrentUser, SettingsKey.toString(),
                                            QStringLiteral("drivers"))
                              .value_or(QString());

@@ -1,7 +1,6 @@
 #include "app/update_manifest.h"
 
 #include "app/install_settings.h"
-#include "app/version.h"
 #include "common/date_text.h"
 #include "common/errors.h"
 #include "platform/machine_path.h"
@@ -18,10 +17,11 @@ namespace {
 
 ManifestFacts factsOfThisProgram()
 {
+    const ProgramVersion version = OwnVersion();
     return {ProgramName(),
-            VersionMajor,
-            VersionMinor,
-            VersionRevision,
+            version.major,
+            version.minor,
+            version.revision,
             ProgramFileTime().date(),
             QDate::currentDate(),
             QTime::currentTime()};
