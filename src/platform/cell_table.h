@@ -28,8 +28,8 @@ struct Cell
 
 /**
  * The values of many rows, packed: one array of small cells, row after row, and one buffer with
- * the bytes of all texts (UTF-8 as stored, not checked). Texts that were replaced stay in the
- * buffer; a record set lives too short for that to matter.
+ * the bytes of all texts (UTF-8). Texts that were replaced stay in the buffer; a record set lives
+ * too short for that to matter.
  */
 class CellTable
 {

@@ -128,6 +128,27 @@ RecordSet Database::openRecordSet(const QString &sql) const
         std::make_unique<RecordSetData>(m_file, std::move(*statement), query.singleTable, access));
 }
 
+QStringList Database::integrityReport() const
+{
+    Statement query(file(), QStringLiteral("PRAGMA integrity_check(20)"));
+    QStringList faults;
+    while (query.step())
+        faults.append(query.text(0));
+    return faults == QStringList(QStringLiteral("ok")) ? QStringList() : faults;
+}
+
+void Database::backUpTo(const QString &path) const
+{
+    createFile(path);
+    try {
+        DatabaseFile copy(path, FileAccess::Create, LockWaitMilliseconds);
+        file()->copyTo(copy);
+    } catch (...) {
+        QFile::remove(path); // nothing but the copy that did not succeed
+        throw;
+    }
+}
+
 void Database::setLockWait(int milliseconds)
 {
     file()->setLockWait(milliseconds);

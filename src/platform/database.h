@@ -59,6 +59,15 @@ public:
      */
     RecordSet openRecordSet(const QString &sql) const;
 
+    /** What the engine finds wrong with the file itself, one line for each fault and no more than
+     *  twenty, in the engine's own words; empty for a sound file. */
+    QStringList integrityReport() const;
+
+    /** Writes a whole copy of the file to @p path (of the machine), as it stands between two
+     *  changes of other programs, and flushes it to the disk. Never overwrites: throws FileExists,
+     *  ReadOnly, DiskFull; a copy that fails is taken away again. */
+    void backUpTo(const QString &path) const;
+
     /** Waits @p milliseconds for a locked file from now on, instead of LockWaitMilliseconds. */
     void setLockWait(int milliseconds);
 

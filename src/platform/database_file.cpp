@@ -86,6 +86,18 @@ void DatabaseFile::setLockWait(int milliseconds)
     sqlite3_busy_timeout(handle(), milliseconds);
 }
 
+void DatabaseFile::copyTo(DatabaseFile &copy) const
+{
+    sqlite3_backup *backup = sqlite3_backup_init(copy.handle(), "main", handle(), "main");
+    if (backup == nullptr)
+        copy.fail(sqlite3_errcode(copy.m_handle), {});
+    constexpr int AllPages = -1;
+    const int step = sqlite3_backup_step(backup, AllPages); // waits for a locked file
+    const int code = sqlite3_backup_finish(backup);
+    if (step != SQLITE_DONE)
+        copy.fail(code == SQLITE_OK ? step : code, {});
+}
+
 void DatabaseFile::close()
 {
     sqlite3_close_v2(m_handle);

@@ -36,6 +36,9 @@ public:
 
     void setLockWait(int milliseconds);
 
+    /** Puts the whole content of this file into @p copy and flushes that to the disk. */
+    void copyTo(DatabaseFile &copy) const;
+
     /** Closes the connection; statements that are still prepared only can be let go. */
     void close();
 

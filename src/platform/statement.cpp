@@ -2,11 +2,28 @@
 
 #include "common/errors.h"
 #include "platform/database_file.h"
+#include "platform/legacy_text.h"
 
 #include <sqlite3.h>
 #include <utility>
 
 namespace saldoro {
+
+namespace {
+
+void appendTextOf(CellTable &cells, sqlite3_value *value)
+{
+    const auto *bytes = reinterpret_cast<const char *>(sqlite3_value_text(value));
+    const QByteArrayView stored(bytes, sqlite3_value_bytes(value));
+    if (stored.isValidUtf8()) {
+        cells.appendText(stored.data(), static_cast<quint32>(stored.size()));
+        return;
+    }
+    const QByteArray readable = TextOfStoredBytes(stored).toUtf8();
+    cells.appendText(readable.constData(), static_cast<quint32>(readable.size()));
+}
+
+} // namespace
 
 Statement::Statement(std::shared_ptr<DatabaseFile> file, const QString &sql, const QString &table)
     : m_file(std::move(file))
@@ -114,9 +131,7 @@ void Statement::appendRow(CellTable &cells, int first) const
             cells.appendReal(sqlite3_value_double(value));
             break;
         default:
-            const auto *bytes = sqlite3_value_text(value);
-            cells.appendText(reinterpret_cast<const char *>(bytes),
-                             static_cast<quint32>(sqlite3_value_bytes(value)));
+            appendTextOf(cells, value);
         }
     }
 }

@@ -1,5 +1,7 @@
 #include "platform/text_collation.h"
 
+#include "platform/legacy_text.h"
+
 #include <algorithm>
 
 namespace saldoro {
@@ -20,7 +22,7 @@ bool isAsciiByte(char character)
 /** Base letters and accents apart, letter case removed. */
 QString folded(QByteArrayView text)
 {
-    return QString::fromUtf8(text).normalized(QString::NormalizationForm_D).toCaseFolded();
+    return TextOfStoredBytes(text).normalized(QString::NormalizationForm_D).toCaseFolded();
 }
 
 QString withoutAccents(const QString &decomposed)

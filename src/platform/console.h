@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace saldoro {
+
+/** Writes a text as it stands to the standard output or error stream, in UTF-8. A console shows
+ *  its accented letters. */
+void PrintOut(const QString &text);
+void PrintError(const QString &text);
+
+} // namespace saldoro

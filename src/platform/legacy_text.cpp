@@ -1,0 +1,30 @@
+#include "platform/legacy_text.h"
+
+#include <array>
+
+namespace saldoro {
+
+namespace {
+
+/** The characters of 0x80 to 0x9F; the five places without one stand for themselves. */
+constexpr std::array<char16_t, 32> UpperControls{
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+} // namespace
+
+QString TextOfStoredBytes(QByteArrayView bytes)
+{
+    if (bytes.isValidUtf8())
+        return QString::fromUtf8(bytes);
+    QString text = QString::fromLatin1(bytes);
+    for (QChar &character : text) {
+        const auto place = static_cast<size_t>(character.unicode()) - 0x80U;
+        if (character.unicode() >= 0x80 && place < UpperControls.size())
+            character = QChar(UpperControls.at(place));
+    }
+    return text;
+}
+
+} // namespace saldoro
