@@ -21,6 +21,7 @@ declare -A below=(
     [store]='store platform common'
     [overview]='overview store platform common'
     [invoice]='invoice store platform common'
+    [verify]='verify store platform common'
     [app]='app overview invoice store platform common'
 )
 for folder in "${!below[@]}"; do

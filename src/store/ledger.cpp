@@ -1,7 +1,5 @@
 #include "store/ledger.h"
 
-#include "platform/table_def.h"
-
 namespace saldoro {
 
 namespace {
@@ -16,7 +14,9 @@ void appendEmptiable(TableDef &table, const QString &name, FieldType type, int s
     table.field(name).allowZeroLength = true;
 }
 
-TableDef paymentsTable()
+} // namespace
+
+TableDef FattureTable()
 {
     TableDef table(u"Fatture"_s);
     table.appendField(u"AziProf"_s, FieldType::Text, 1);
@@ -34,7 +34,7 @@ TableDef paymentsTable()
     return table;
 }
 
-TableDef allocationsTable()
+TableDef SpeseTable()
 {
     TableDef table(u"Spese"_s);
     table.appendField(u"RelNpag"_s, FieldType::Long);
@@ -44,8 +44,6 @@ TableDef allocationsTable()
     return table;
 }
 
-} // namespace
-
 Database CreateLedgerDatabase(const QString &projectFolder)
 {
     const QString path = projectFolder + u"\\Saldoro.mdb"_s;
@@ -53,8 +51,8 @@ Database CreateLedgerDatabase(const QString &projectFolder)
     // the way of that shows here and not at the first payment.
     Database::create(path, LedgerLocale.toString()).close();
     Database ledger = Database::open(path);
-    ledger.appendTableDef(paymentsTable());
-    ledger.appendTableDef(allocationsTable());
+    ledger.appendTableDef(FattureTable());
+    ledger.appendTableDef(SpeseTable());
     return ledger;
 }
 

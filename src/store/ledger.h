@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/database.h"
+#include "platform/table_def.h"
 
 #include <QString>
 
@@ -15,6 +16,10 @@ namespace saldoro {
  * program keeps until it ends; everyone else opens the file anew.
  */
 Database CreateLedgerDatabase(const QString &projectFolder);
+
+/** The ledger's table of payments and that of their allocations, as every ledger has them. */
+TableDef FattureTable();
+TableDef SpeseTable();
 
 /** Most characters of the ledger's text columns, for entry fields and writers. */
 namespace LedgerSize {

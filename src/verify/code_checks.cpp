@@ -1,0 +1,140 @@
+#include "verify/checks.h"
+
+#include <array>
+#include <map>
+
+namespace saldoro {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/** What an internal code is used for. */
+enum class CodeUse
+{
+    Search, ///< key of an item that is looked for
+    Note,   ///< beginning of the keys of the mandate notes, also a pattern
+    File,   ///< key of a document and its file's name
+    Total   ///< key of an amount
+};
+
+struct NeededCode
+{
+    QStringView code;
+    CodeUse use;
+};
+
+constexpr std::array<NeededCode, 10> NeededCodes{{{u"DA1", CodeUse::Search},
+                                                  {u"P97", CodeUse::Note},
+                                                  {u"QDP", CodeUse::File},
+                                                  {u"P98", CodeUse::File},
+                                                  {u"P99", CodeUse::File},
+                                                  {u"P98P", CodeUse::File},
+                                                  {u"P99P", CodeUse::File},
+                                                  {u"QS1A", CodeUse::Total},
+                                                  {u"QS1P", CodeUse::Total},
+                                                  {u"QS1T", CodeUse::Total}}};
+
+void add(const QString &code, const QString &problem, Findings &findings)
+{
+    findings.append({FindingGroup::Codes, u"Codice "_s + code, problem,
+                     u"correggere la tabella Funzioni di chiavi.mdb nel programma che tiene le "
+                     "tabelle comuni, o con l'aiuto dell'assistenza."_s});
+}
+
+QString consequence(CodeUse use)
+{
+    switch (use) {
+    case CodeUse::Search:
+        return u"le fatture delle aziende non trovano l'appaltatore."_s;
+    case CodeUse::Note:
+        return u"i mandati vengono scritti sotto un codice senza nome."_s;
+    case CodeUse::File:
+    case CodeUse::Total:
+        break;
+    }
+    return u"la chiusura della schermata principale si ferma senza completare i documenti."_s;
+}
+
+bool containsAny(const QString &text, QStringView characters)
+{
+    for (const QChar character : characters) {
+        if (text.contains(character))
+            return true;
+    }
+    return false;
+}
+
+void checkSpelling(const NeededCode &needed, const QString &external, Findings &findings)
+{
+    const QString code = needed.code.toString();
+    if (external.contains(u'\''))
+        add(code,
+            u"il codice esterno «"_s + external +
+                u"» contiene un apostrofo: le ricerche nella scheda dell'appalto non riescono."_s,
+            findings);
+    if (needed.use == CodeUse::Note && containsAny(external, u"*?#["))
+        add(code,
+            u"il codice esterno «"_s + external +
+                u"» contiene caratteri jolly (* ? # [): un pagamento può leggere o eliminare i "
+                "mandati di altri."_s,
+            findings);
+    if (needed.use == CodeUse::File && containsAny(external, u"\\/:*?\"<>|"))
+        add(code,
+            u"il codice esterno «"_s + external +
+                u"» non può essere il nome di un file: il documento non viene scritto."_s,
+            findings);
+}
+
+/** The rows of the map for a code that is needed. */
+void checkRows(const NeededCode &needed, const QList<CodeRow> &rows, Findings &findings)
+{
+    const QString code = needed.code.toString();
+    if (rows.isEmpty()) {
+        add(code, u"manca nella tabella: "_s + consequence(needed.use), findings);
+        return;
+    }
+    if (rows.size() > 1)
+        add(code, u"compare %1 volte nella tabella: vale solo la prima."_s.arg(rows.size()),
+            findings);
+    const CodeRow &row = rows.first();
+    if (row.externalCode.value.value_or(QString()).isEmpty())
+        add(code, u"non ha un codice esterno: "_s + consequence(needed.use), findings);
+    else
+        checkSpelling(needed, *row.externalCode.value, findings);
+    if (needed.use == CodeUse::File && row.description.missing)
+        add(code, u"non ha una descrizione: "_s + consequence(needed.use), findings);
+}
+
+void checkShared(const ProjectData &data, Findings &findings)
+{
+    std::map<QString, QString> users;
+    for (const NeededCode &needed : NeededCodes) {
+        const QString code = needed.code.toString();
+        const QString external = ExternalCode(data, code).value_or(QString());
+        if (external.isEmpty())
+            continue;
+        const auto [first, isNew] = users.try_emplace(ComparedCode(external), code);
+        if (!isNew)
+            add(code,
+                u"ha lo stesso codice esterno «"_s + external + u"» di "_s + first->second +
+                    u": l'uno sovrascrive i dati dell'altro."_s,
+                findings);
+    }
+}
+
+} // namespace
+
+void CheckCodes(const ProjectData &data, Findings &findings)
+{
+    if (!data.codes)
+        return;
+    std::map<QString, QList<CodeRow>> rows;
+    for (const CodeRow &row : *data.codes)
+        rows[ComparedCode(row.internalCode)].append(row);
+    for (const NeededCode &needed : NeededCodes)
+        checkRows(needed, rows[ComparedCode(needed.code.toString())], findings);
+    checkShared(data, findings);
+}
+
+} // namespace saldoro

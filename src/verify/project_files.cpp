@@ -1,0 +1,258 @@
+#include "verify/project_files.h"
+
+#include "common/errors.h"
+#include "platform/database.h"
+#include "platform/machine_path.h"
+#include "store/ledger.h"
+#include "verify/field_checks.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <functional>
+
+namespace saldoro {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/** What can't be a finding: somebody is at work on the file. */
+bool hindersChecking(const DatabaseError &error)
+{
+    return error.fault() == DatabaseFault::Locked || error.fault() == DatabaseFault::ReadOnly;
+}
+
+void addFault(const QString &path, const DatabaseError &error, Findings &findings)
+{
+    QString place = QFileInfo(path).fileName();
+    for (const QString &label : {u"Tabella"_s, u"Campo"_s}) {
+        const QString name = error.detail(label);
+        if (!name.isEmpty())
+            place += u", "_s + label.toLower() + u' ' + name;
+    }
+    findings.append({FindingGroup::Files, place, error.problem(), error.remedy()});
+}
+
+void checkIntegrity(const QString &path, const Database &database, Findings &findings)
+{
+    for (const QString &fault : database.integrityReport())
+        findings.append({FindingGroup::Files, QFileInfo(path).fileName(),
+                         u"il controllo del file segnala: "_s + fault,
+                         u"fare una copia del file com'è e rivolgersi all'assistenza, oppure "
+                         "rimettere al suo posto una copia di riserva."_s});
+}
+
+/** One database, open as long as its tables are read. A table that can't be read is left out. */
+class OpenFile
+{
+public:
+    OpenFile(const QString &path, Findings &findings)
+        : m_path(path)
+        , m_findings(findings)
+    {
+        guarded([&] {
+            m_database = Database::openReadOnly(path);
+            checkIntegrity(path, *m_database, findings);
+        });
+    }
+
+    /** All records of a query; the function makes one row of each and gets its place from 1. */
+    template <typename Row, typename MakeRow>
+    std::optional<QList<Row>> rows(const QString &sql, const MakeRow &makeRow)
+    {
+        std::optional<QList<Row>> result;
+        guarded([&] {
+            if (!m_database)
+                return;
+            RecordSet records = m_database->openRecordSet(sql);
+            QList<Row> read;
+            const auto makeRowOf = makeRow(records);
+            for (int place = 1; !records.eof(); records.moveNext(), ++place)
+                read.append(makeRowOf(place));
+            result = std::move(read);
+        });
+        return result;
+    }
+
+private:
+    void guarded(const std::function<void()> &action)
+    {
+        try {
+            action();
+        } catch (const DatabaseError &error) {
+            if (hindersChecking(error))
+                throw;
+            addFault(m_path, error, m_findings);
+        }
+    }
+
+    QString m_path;
+    Findings &m_findings;
+    std::optional<Database> m_database;
+};
+
+/** The fields have to be there even when no row shows that they are missing. */
+void requireFields(const RecordSet &records, const TableDef &table)
+{
+    for (const FieldDef &field : table.fields())
+        records.column(field.name);
+}
+
+void readPayments(OpenFile &ledger, ProjectData &data, Findings &findings)
+{
+    data.payments = ledger.rows<PaymentRow>(
+        u"SELECT * FROM Fatture ORDER BY Npag "_s, [&](const RecordSet &records) {
+            const TableDef table = FattureTable();
+            requireFields(records, table);
+            return [&records, &findings, table](int place) {
+                PaymentRow row;
+                row.row = place;
+                row.number = ReadWhole(records, records.column(u"Npag"_s));
+                row.kind = ReadText(records, records.column(u"AziProf"_s));
+                row.creditor = ReadText(records, records.column(u"Creditore"_s));
+                row.dayMissing = records.field(u"Del"_s).isNull();
+                row.amount = ReadAmount(records, records.column(u"Importo"_s));
+                row.vat = ReadAmount(records, records.column(u"ImportoIVA"_s));
+                row.other = ReadAmount(records, records.column(u"AltriImporti01"_s));
+                CheckFields(records, table, PaymentName(row), findings);
+                return row;
+            };
+        });
+}
+
+void readAllocations(OpenFile &ledger, ProjectData &data, Findings &findings)
+{
+    data.allocations =
+        ledger.rows<AllocationRow>(u"SELECT * FROM Spese"_s, [&](const RecordSet &records) {
+            const TableDef table = SpeseTable();
+            requireFields(records, table);
+            return [&records, &findings, table](int place) {
+                AllocationRow row;
+                row.row = place;
+                row.payment = ReadWhole(records, records.column(u"RelNpag"_s));
+                row.code = ReadText(records, records.column(u"Cod"_s));
+                row.amount = ReadAmount(records, records.column(u"Importo"_s));
+                CheckFields(records, table, AllocationName(row), findings);
+                return row;
+            };
+        });
+}
+
+/** The budget's fields with the types that the program reads them as. */
+TableDef budgetTable()
+{
+    TableDef table(u"UltimaPerVariante"_s);
+    for (const QString &name : {u"Voce"_s, u"Descri"_s}) {
+        table.appendField(name, FieldType::Text);
+        table.field(name).allowZeroLength = true;
+    }
+    table.appendField(u"Importo"_s, FieldType::Currency);
+    return table;
+}
+
+void readBudget(OpenFile &contract, ProjectData &data, Findings &findings)
+{
+    data.budget = contract.rows<BudgetRow>(
+        u"SELECT * FROM UltimaPerVariante ORDER BY Voce"_s, [&](const RecordSet &records) {
+            const TableDef table = budgetTable();
+            requireFields(records, table);
+            return [&records, &findings, table](int place) {
+                BudgetRow row;
+                row.row = place;
+                row.code = ReadText(records, records.column(u"Voce"_s));
+                row.description = ReadText(records, records.column(u"Descri"_s));
+                CheckFields(records, table, BudgetName(row), findings);
+                return row;
+            };
+        });
+}
+
+void readSheet(OpenFile &contract, ProjectData &data)
+{
+    data.sheet = contract.rows<SheetRow>(
+        u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s, [](const RecordSet &records) {
+            for (const QString &name : {u"Funzione"_s, u"Descri"_s, u"Importo"_s, u"NomeFile"_s})
+                records.column(name);
+            const int code = records.column(u"Voce"_s);
+            const int text = records.column(u"Stringa"_s);
+            const int link = records.column(u"Link"_s);
+            return [&records, code, text, link](int /*place*/) {
+                return SheetRow{records.field(code).textOrEmpty(),
+                                records.field(text).textOrEmpty(), ReadWhole(records, link)};
+            };
+        });
+}
+
+void readCompanies(const QString &path, ProjectData &data, Findings &findings)
+{
+    OpenFile companies(path, findings);
+    const auto ids =
+        companies.rows<Stored<qint32>>(u"SELECT * FROM Anag"_s, [](const RecordSet &records) {
+            records.column(u"nominativo"_s);
+            records.column(u"TipImprese"_s);
+            const int id = records.column(u"ID"_s);
+            return [&records, id](int /*place*/) { return ReadWhole(records, id); };
+        });
+    for (const auto &[table, order] :
+         {std::pair(u"Partecip"_s, u"Nord"_s), std::pair(u"Manda"_s, u"AnagPar"_s)})
+        companies.rows<int>(u"SELECT * FROM "_s + table, [&](const RecordSet &records) {
+            records.column(order);
+            records.column(u"AnagRel"_s);
+            return [](int place) { return place; };
+        });
+    if (!ids)
+        return;
+    data.companies.emplace();
+    for (const Stored<qint32> &id : *ids) {
+        if (id.value)
+            data.companies->insert(*id.value);
+    }
+}
+
+void readCodes(const QString &path, ProjectData &data, Findings &findings)
+{
+    OpenFile codes(path, findings);
+    data.codes = codes.rows<CodeRow>(
+        u"SELECT * FROM Funzioni ORDER BY CodInt"_s, [](const RecordSet &records) {
+            const int internalCode = records.column(u"CodInt"_s);
+            const int externalCode = records.column(u"CodExt"_s);
+            const int description = records.column(u"Desc"_s);
+            return [&records, internalCode, externalCode, description](int /*place*/) {
+                return CodeRow{records.field(internalCode).textOrEmpty(),
+                               ReadText(records, externalCode), ReadText(records, description)};
+            };
+        });
+}
+
+} // namespace
+
+ProjectFiles FilesOfProject(const QString &folder, const QString &codes)
+{
+    const QString base = QDir(folder).absolutePath();
+    const auto found = [](const QString &path) { return MachinePath(QDir::cleanPath(path)); };
+    return {found(base + u"/Saldoro.mdb"_s), found(base + u"/Appalto.mdb"_s),
+            found(base + u"/AZIDB.mdb"_s),
+            codes.isEmpty() ? found(base + u"/../../TABELLE/chiavi.mdb"_s)
+                            : QFileInfo(codes).absoluteFilePath()};
+}
+
+ProjectData ReadProject(const ProjectFiles &files, Findings &findings)
+{
+    ProjectData data;
+    {
+        OpenFile ledger(files.ledger, findings);
+        readPayments(ledger, data, findings);
+        readAllocations(ledger, data, findings);
+    }
+    {
+        OpenFile contract(files.contract, findings);
+        readBudget(contract, data, findings);
+        readSheet(contract, data);
+    }
+    readCompanies(files.companies, data, findings);
+    readCodes(files.codes, data, findings);
+    return data;
+}
+
+} // namespace saldoro
