@@ -21,13 +21,23 @@ int TextWidths::widthOf(const QString &text)
     qreal width = 0;
     for (const QChar character : text) {
         if (character.unicode() >= commonLetters)
-            return static_cast<int>(std::ceil(m_metrics.horizontalAdvance(text)));
+            return widthOfUncommon(text);
         qreal &letter = m_letters[character.unicode()];
         if (letter < 0)
             letter = m_metrics.horizontalAdvance(character);
         width += letter;
     }
     return static_cast<int>(std::ceil(width));
+}
+
+int TextWidths::widthOfUncommon(const QString &text)
+{
+    // A column of signs holds the same one in every row.
+    if (text != m_uncommon) {
+        m_uncommon = text;
+        m_uncommonWidth = static_cast<int>(std::ceil(m_metrics.horizontalAdvance(text)));
+    }
+    return m_uncommonWidth;
 }
 
 void FlexGridColumns::measure(const TextTable &table, const QFont &body, const QFont &header)

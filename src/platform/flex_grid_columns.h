@@ -26,8 +26,12 @@ public:
 private:
     static constexpr std::size_t commonLetters = 0x300; ///< below the combining marks
 
+    int widthOfUncommon(const QString &text);
+
     QFontMetricsF m_metrics;
     std::array<qreal, commonLetters> m_letters;
+    QString m_uncommon; ///< the text with other letters that was measured last
+    int m_uncommonWidth = 0;
 };
 
 /**

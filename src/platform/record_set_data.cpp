@@ -108,10 +108,14 @@ void RecordSetData::findNext(const QString &criterion)
 
 void RecordSetData::find(const QString &criterion, int after)
 {
-    const std::optional<Criterion> parsed = ParseCriterion(criterion);
-    if (!parsed)
+    // A walk through all matches asks the same again and again.
+    if (!m_criterion || criterion != m_criterionText) {
+        m_criterion = ParseCriterion(criterion);
+        m_criterionText = criterion;
+    }
+    if (!m_criterion)
         throw error(DatabaseFault::SyntaxError, {}, criterion);
-    const int row = matchAfter(after, *parsed);
+    const int row = matchAfter(after, *m_criterion);
     goTo(row, Position::Nowhere);
     m_noMatch = row == RecordRows::NoRow;
 }

@@ -105,6 +105,8 @@ private:
     int m_row = RecordRows::NoRow;
     Position m_position = Position::AtEnd;
     bool m_noMatch = false;
+    QString m_criterionText; ///< what was searched for last
+    std::optional<Criterion> m_criterion;
 
     Change m_change = Change::None;
     RecordChanges m_buffer;

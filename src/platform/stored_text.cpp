@@ -2,9 +2,23 @@
 
 #include <QLocale>
 
-#include <algorithm>
-
 namespace saldoro {
+
+namespace {
+
+/** The number that @p count plain digits from @p first on spell; 0 when one of them is no digit. */
+int numberIn(const QString &text, qsizetype first, qsizetype count)
+{
+    int number = 0;
+    for (const QChar digit : QStringView(text).sliced(first, count)) {
+        if (digit < u'0' || digit > u'9')
+            return 0;
+        number = number * 10 + (digit.unicode() - u'0');
+    }
+    return number;
+}
+
+} // namespace
 
 QString TenThousandthsText(qint64 scaled)
 {
@@ -26,11 +40,13 @@ QString RealText(double value)
 
 std::optional<QDate> DayFromStoredText(const QString &text)
 {
+    // Every payment has a day, so this reads digits and no format.
     constexpr qsizetype DayLength = 10;
+    if (text.size() < DayLength || text[4] != u'-' || text[7] != u'-')
+        return std::nullopt;
     if (text.size() > DayLength && text[DayLength] != u' ' && text[DayLength] != u'T')
         return std::nullopt;
-    const QDate day = QDate::fromString(text.first(std::min(DayLength, text.size())),
-                                        QStringLiteral("yyyy-MM-dd"));
+    const QDate day(numberIn(text, 0, 4), numberIn(text, 5, 2), numberIn(text, 8, 2));
     return day.isValid() ? std::optional(day) : std::nullopt;
 }
 

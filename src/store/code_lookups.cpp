@@ -61,8 +61,12 @@ enum class ExistingKey
  *  code, or of a new one. */
 OpenTable beginItem(const ProgramValues &values, const QString &item, ExistingKey existing)
 {
-    OpenTable sheet(Database::open(ContractPath(values)), contractSheetSql());
-    sheet.records.findFirst(u"Voce = '"_s + item + u"'"_s);
+    // The sheet has a note for every payment: only the items of that code are read and put in
+    // order.
+    const QString criterion = u"Voce = '"_s + item + u"'"_s;
+    OpenTable sheet(Database::open(ContractPath(values)),
+                    u"SELECT * FROM SchedaProgetto WHERE "_s + criterion + u" ORDER BY VOCE"_s);
+    sheet.records.findFirst(criterion);
     const bool isNew = sheet.records.noMatch();
     if (isNew) {
         sheet.records.addNew();
