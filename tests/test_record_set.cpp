@@ -290,6 +290,7 @@ private slots:
         row("digits stay text", u"Note"_s, u"007"_s, u"text 007"_s, u"007"_s);
         row("exponent stays text", u"Cod"_s, u"1e5"_s, u"text 1e5"_s, u"1e5"_s);
         row("number as text", u"Cod"_s, -7, u"text -7"_s, u"-7"_s);
+        row("mark at the front", u"Cod"_s, u"\uFEFFa"_s, u"text \uFEFFa"_s, u"\uFEFFa"_s);
         row("ten characters", u"Cod"_s, u"€àèìòù😀😀😀😀"_s, u"text €àèìòù😀😀😀😀"_s, u"€àèìòù😀😀😀😀"_s);
     }
 

@@ -14,10 +14,19 @@ constexpr std::array<char16_t, 32> UpperControls{
 
 } // namespace
 
+QString TextOfUtf8(QByteArrayView bytes)
+{
+    // The toolkit takes a mark at the front for a sign of the encoding and drops it.
+    QString text = QString::fromUtf8(bytes);
+    if (bytes.startsWith("\xEF\xBB\xBF"))
+        text.prepend(QChar(QChar::ByteOrderMark));
+    return text;
+}
+
 QString TextOfStoredBytes(QByteArrayView bytes)
 {
     if (bytes.isValidUtf8())
-        return QString::fromUtf8(bytes);
+        return TextOfUtf8(bytes);
     QString text = QString::fromLatin1(bytes);
     for (QChar &character : text) {
         const auto place = static_cast<size_t>(character.unicode()) - 0x80U;

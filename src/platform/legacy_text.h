@@ -5,6 +5,10 @@
 
 namespace saldoro {
 
+/** The characters of a text in UTF-8, all of them: one that begins with a byte order mark keeps
+ *  it. */
+QString TextOfUtf8(QByteArrayView bytes);
+
 /**
  * The characters of a stored text. Older programs leave texts in the Western code page (1252) of
  * the files; a text that is no UTF-8 is read so. Every byte then stands for a character of its

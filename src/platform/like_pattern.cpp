@@ -1,5 +1,6 @@
 #include "platform/like_pattern.h"
 
+#include "platform/legacy_text.h"
 #include "platform/text_collation.h"
 
 #include <algorithm>
@@ -115,7 +116,7 @@ bool LikePattern::matches(QByteArrayView utf8) const
 {
     // The last run met is the only one that ever has to be stretched, so the work stays within
     // text length times pattern length.
-    const std::u32string text = foldedCharacters(QString::fromUtf8(utf8));
+    const std::u32string text = foldedCharacters(TextOfUtf8(utf8));
     size_t place = 0;
     size_t element = 0;
     std::optional<size_t> afterRun;

@@ -1,5 +1,7 @@
 #include "platform/stored_text.h"
 
+#include "platform/legacy_text.h"
+
 #include <QLocale>
 
 namespace saldoro {
@@ -61,7 +63,7 @@ QString StoredText(const CellTable &cells, const Cell &cell, const ColumnInfo &c
     case CellType::Real:
         return RealText(column.kind == ColumnKind::Currency ? cell.real() / 10000 : cell.real());
     case CellType::Text: {
-        QString text = QString::fromUtf8(cells.text(cell));
+        QString text = TextOfUtf8(cells.text(cell));
         if (column.kind == ColumnKind::Date) {
             if (const auto day = DayFromStoredText(text))
                 return day->toString(QStringLiteral("dd/MM/yyyy"));
