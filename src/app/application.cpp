@@ -15,8 +15,8 @@ namespace saldoro {
 Application::Application(int &argc, char **argv)
     : QApplication(argc, argv)
 {
+    // Not the display name: window systems append that to every caption.
     setApplicationName(QStringLiteral("Saldoro"));
-    setApplicationDisplayName(QStringLiteral("Saldoro"));
     setQuitOnLastWindowClosed(false);
     speakItalian();
 }
