@@ -2,18 +2,14 @@
 
 #include "common/number_text.h"
 
+#include <array>
+
 namespace saldoro {
 
 namespace {
 
-/** Decimal digits with "." between groups of three, counted from the right. */
-QString groupedDigits(quint64 value)
-{
-    QString digits = QString::number(value);
-    for (qsizetype position = digits.size() - 3; position > 0; position -= 3)
-        digits.insert(position, u'.');
-    return digits;
-}
+/** Most characters of an amount: 17 digits, 4 points, the comma and the sign. */
+constexpr std::size_t LongestAmount = 23;
 
 } // namespace
 
@@ -23,13 +19,20 @@ QString FormatImporto(Currency amount)
     // Unsigned, since the smallest value has no positive counterpart.
     const quint64 magnitude = negative ? 0 - static_cast<quint64>(amount.scaled())
                                        : static_cast<quint64>(amount.scaled());
-    const quint64 cents = (magnitude + 50) / 100;
-    QString text = negative ? QStringLiteral("-") : QString();
-    text += groupedDigits(cents / 100);
-    text += u',';
-    text += QChar(u'0' + static_cast<char16_t>(cents % 100 / 10));
-    text += QChar(u'0' + static_cast<char16_t>(cents % 10));
-    return text;
+    // Long lists are full of amounts: one buffer, filled from the last character to the first.
+    std::array<QChar, LongestAmount> buffer;
+    auto first = buffer.end();
+    quint64 rest = (magnitude + 50) / 100;
+    for (int digit = 0; digit < 3 || rest > 0; ++digit, rest /= 10) {
+        if (digit == 2)
+            *--first = u',';
+        else if (digit > 2 && digit % 3 == 2)
+            *--first = u'.';
+        *--first = QChar(u'0' + static_cast<char16_t>(rest % 10));
+    }
+    if (negative)
+        *--first = u'-';
+    return QString(first, buffer.end() - first); // NOLINT(modernize-return-braced-init-list)
 }
 
 QString FormatImportoEuro(Currency amount)
