@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char *contractSheet = "SELECT * FROM SchedaProgetto ORDER BY VOCE";
-
 qint64 scaled(const QString &amount)
 {
     return ImportoDaTesto(QString(amount)).scaled();
@@ -108,7 +106,7 @@ void BenchPayment::saveBare()
     }
     readCode();
     BareFile contract(ContractPath(m_values));
-    contract.readAll(contractSheet);
+    contract.readAll(("SELECT * FROM SchedaProgetto WHERE Voce = '" + m_noteKey + "'").constData());
     writeNote(contract);
 }
 
@@ -117,7 +115,7 @@ void BenchPayment::removeBare()
     readCode();
     {
         BareFile contract(ContractPath(m_values));
-        contract.readAll(contractSheet);
+        contract.readAll("SELECT * FROM SchedaProgetto ORDER BY VOCE");
         contract.prepare("DELETE FROM SchedaProgetto WHERE rowid = ?").run(m_noteRow);
     }
     BareFile ledger(LedgerPath(m_values));

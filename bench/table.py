@@ -11,11 +11,11 @@ import json
 import sys
 
 TITLES = {
-    "start-up": "start of the process to painted main screen",
+    "start-up": "start to painted main screen",
     "load": "load of the main screen",
-    "save": "save of a payment with 20 allocations",
-    "delete": "deletion of a payment",
-    "close": "documents and totals at closing, n payments of each kind",
+    "save": "save, 20 allocations",
+    "delete": "deletion",
+    "close": "closing, so many of each kind",
 }
 MOST_RATIO = {"load": (10000, 3.0), "save": (None, 2.0), "close": (10000, 3.0)}
 MOST_GROWTH = {"load": (30000, 3.5)}
@@ -62,11 +62,12 @@ def rows_of(task, sizes, misses):
         growth = "" if before is None else cell(
             program / before, target(MOST_GROWTH, task, payments), f"{what}, growth", misses)
         before = program
-        yield f"| {payments:,} | {milliseconds(program)} | {milliseconds(bare)} | {ratio} | {growth} |"
+        yield (f"| {TITLES[task]} | {payments:,} | {milliseconds(program)} | {milliseconds(bare)} "
+               f"| {ratio} | {growth} |")
 
 
 def print_memory(sizes):
-    print("\n| payments of each kind | documents, MB | memory taken at most, MB |")
+    print("\n| closing, payments of each kind | documents, MB | memory taken at most, MB |")
     print("| --: | --: | --: |")
     for payments, sides in sorted(sizes.items()):
         run = sides["program"]
@@ -77,13 +78,10 @@ def main():
     check = "--check" in sys.argv[1:]
     medians = read_medians(sys.argv[-1])
     misses = []
-    for task, title in TITLES.items():
-        if task not in medians:
-            continue
-        print(f"\n**{task}**: {title}\n")
-        print("| payments | program, ms | floor, ms | ratio | growth |")
-        print("| --: | --: | --: | --: | --: |")
-        for row in rows_of(task, medians[task], misses):
+    print("| task | payments | program, ms | floor, ms | ratio | growth |")
+    print("| --- | --: | --: | --: | --: | --: |")
+    for task in TITLES:
+        for row in rows_of(task, medians.get(task, {}), misses):
             print(row)
     if "close" in medians:
         print_memory(medians["close"])
