@@ -63,7 +63,9 @@ void TestFrmNuovaFattura::opensAsItShould()
     QVERIFY(flags & Qt::WindowStaysOnTopHint);
     QVERIFY(!(flags & Qt::WindowCloseButtonHint));
     const QPoint off = m_dialog->frameGeometry().center() - m_dialog->screen()->geometry().center();
-    QVERIFY2(off.manhattanLength() <= 10, "centred, but for the frame");
+    QVERIFY2(off.manhattanLength() <= 2, "centred, frame and all");
+    QVERIFY(m_dialog->frameGeometry() != m_dialog->geometry());
+    QCOMPARE(m_dialog->minimumSize(), m_dialog->maximumSize());
 }
 
 void TestFrmNuovaFattura::answers_data()

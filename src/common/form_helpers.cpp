@@ -5,9 +5,49 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QStyle>
 #include <QWidget>
 
 namespace saldoro {
+
+namespace {
+
+void centre(QWidget &form)
+{
+    const QRect screen = form.screen()->geometry();
+    const QSize size = form.frameGeometry().size();
+    form.move(screen.x() + screen.width() / 2 - size.width() / 2,
+              screen.y() + screen.height() / 2 - size.height() / 2);
+}
+
+/** Centres a form when it becomes active for the first time, the window system having framed it
+ *  by then; goes away with that. */
+class FrameAwaiter : public QObject
+{
+public:
+    explicit FrameAwaiter(QWidget &form)
+        : QObject(&form)
+        , m_form(form)
+    {
+        form.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::WindowActivate) {
+            m_form.removeEventFilter(this);
+            deleteLater();
+            centre(m_form);
+        }
+        return false;
+    }
+
+private:
+    QWidget &m_form;
+};
+
+} // namespace
 
 int TwipsToPixels(int twips, const QWidget &widget)
 {
@@ -23,10 +63,18 @@ void SetTopMost(QWidget &window)
 
 void CentraForm(QWidget &form)
 {
-    const QRect screen = form.screen()->geometry();
-    const QSize size = form.frameGeometry().size();
-    form.move(screen.x() + screen.width() / 2 - size.width() / 2,
-              screen.y() + screen.height() / 2 - size.height() / 2);
+    centre(form);
+    if (!form.isVisible())
+        new FrameAwaiter(form);
+}
+
+void ResizeWithinScreen(QWidget &form, QSize wanted)
+{
+    const QStyle *style = form.style();
+    const int frame = style->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, &form);
+    const int title = style->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &form);
+    const QSize room = form.screen()->availableSize() - QSize(2 * frame, title + 2 * frame);
+    form.resize(wanted.boundedTo(room));
 }
 
 int InvioTab(int keyCode)

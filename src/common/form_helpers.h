@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
 
 class QWidget;
@@ -16,8 +17,12 @@ int TwipsToPixels(int twips, const QWidget &widget);
 void SetTopMost(QWidget &window);
 
 /** Centres a window on its screen: half the screen's size minus half the window's, which is
- *  negative for a window larger than the screen. */
+ *  negative for a window larger than the screen. A window that is not shown yet has no frame to
+ *  count in; it is centred once more when it has. */
 void CentraForm(QWidget &form);
+
+/** Gives a window that size, or as much of it as its screen has room for beside the frame. */
+void ResizeWithinScreen(QWidget &form, QSize wanted);
 
 /** The key code of Enter, as handed to InvioTab. */
 inline constexpr int EnterKeyCode = 13;

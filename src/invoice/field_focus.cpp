@@ -21,10 +21,20 @@ void FieldFocus::watch(QWidget &control, Entered entered, Left left)
 
 bool FieldFocus::moveTo(QWidget &control)
 {
+    const QPointer<QWidget> start = m_current;
+    takeFocus(control);
+    // What was left may have sent the focus elsewhere; that is no refusal.
+    if (m_current != &control && m_current != start)
+        takeFocus(control);
+    return m_current == &control;
+}
+
+void FieldFocus::takeFocus(QWidget &control)
+{
     control.setFocus(Qt::OtherFocusReason);
     // A window that is not active moves its focus without a word.
-    follow(&control);
-    return m_current == &control;
+    if (m_window.focusWidget() == &control)
+        follow(&control);
 }
 
 void FieldFocus::follow(QWidget *now)

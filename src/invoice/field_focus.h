@@ -52,6 +52,7 @@ private:
         Left left;
     };
 
+    void takeFocus(QWidget &control);
     void follow(QWidget *now);
     bool leaveCurrent();
 

@@ -36,6 +36,7 @@ FrmNuovaFattura::FrmNuovaFattura()
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(makeOptions());
     layout->addLayout(makeButtons());
+    layout->setSizeConstraint(QLayout::SetFixedSize);
     SetTopMost(*this);
     adjustSize();
     CentraForm(*this);

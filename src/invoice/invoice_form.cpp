@@ -9,11 +9,13 @@
 #include "invoice/payment_load.h"
 #include "invoice/payment_save.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
 
 #include <utility>
 
@@ -26,6 +28,7 @@ InvoiceForm::InvoiceForm(ProgramValues &values, const TextTable &overview,
     : m_values(values)
     , m_amounts(std::move(amounts))
     , m_fields(*this)
+    , m_page(new QWidget(this))
     , m_number(new QLabel(this))
     , m_creditor(new CreditorFields(look.dateBoxName, m_fields, this))
     , m_amountFields(new AmountFields(*m_amounts, look.amountRows, m_fields, this))
@@ -51,7 +54,10 @@ InvoiceForm::~InvoiceForm() = default;
 void InvoiceForm::load()
 {
     SetTopMost(*this);
-    adjustSize();
+    constexpr int openingWidth = 15000; // twips
+    constexpr int openingHeight = 8400;
+    const QSize least(TwipsToPixels(openingWidth, *this), TwipsToPixels(openingHeight, *this));
+    ResizeWithinScreen(*this, m_page->sizeHint().expandedTo(least));
     CentraForm(*this);
     m_paymentNumber = m_values.CurrentPaymentNumber;
     m_fields.focus().forget();
@@ -83,11 +89,29 @@ void InvoiceForm::arrange(NotesPlace notesPlace)
     auto *columns = new QHBoxLayout;
     columns->addLayout(left);
     columns->addLayout(right, 1);
-    auto *whole = new QVBoxLayout(this);
+    auto *whole = new QVBoxLayout(m_page);
     whole->addWidget(m_number);
     whole->addWidget(m_creditor);
     whole->addLayout(columns, 1);
     whole->addLayout(makeButtons());
+    addPage();
+}
+
+// On a screen that is too small for large letters the page scrolls, after the focus by itself.
+void InvoiceForm::addPage()
+{
+    auto *area = new QScrollArea(this);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(m_page);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(area);
+    connect(qApp, &QApplication::focusChanged, area, [area](QWidget *, QWidget *now) {
+        if (area->isAncestorOf(now))
+            area->ensureWidgetVisible(now);
+    });
 }
 
 QLayout *InvoiceForm::makeButtons()

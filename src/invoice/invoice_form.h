@@ -78,6 +78,7 @@ protected:
 
 private:
     void arrange(NotesPlace notesPlace);
+    void addPage();
     QLayout *makeButtons();
     void followCreditor();
     void loadPayment();
@@ -87,6 +88,7 @@ private:
     ProgramValues &m_values;
     std::unique_ptr<AmountChain> m_amounts;
     FormFields m_fields;
+    QWidget *m_page;
     QLabel *m_number;
     CreditorFields *m_creditor;
     AmountFields *m_amountFields;
