@@ -1,0 +1,28 @@
+#!/usr/bin/env bash
+# Runs the test programs under valgrind: invalid reads and writes, uninitialised values, and memory
+# that nothing points to any more. Takes a good while; not part of scripts/test.sh.
+#
+#   scripts/valgrind.sh [TEST...]     default: every test program of build/dev
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+need_packages "${BUILD_PACKAGES[@]}" valgrind
+mkdir -p build/valgrind
+cmake --preset dev >build/valgrind/configure.log
+cmake --build --preset dev
+export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 XDG_CONFIG_HOME=$PWD/build/valgrind/settings
+
+[ $# -gt 0 ] || set -- $(cd build/dev/tests && ls test_* | grep -v '\.' | grep -v autogen | sed 's/^test_//')
+failed=0
+for name in "$@"; do
+    log=build/valgrind/$name.log
+    if valgrind --quiet --error-exitcode=99 --leak-check=full --errors-for-leak-kinds=definite \
+        --suppressions=scripts/valgrind.supp --log-file="$log" \
+        "build/dev/tests/test_$name" >"build/valgrind/$name.out" 2>&1; then
+        printf 'clean   %s\n' "$name"
+    else
+        printf 'FAILED  %s (see %s)\n' "$name" "$log"
+        failed=1
+    fi
+done
+exit $failed
