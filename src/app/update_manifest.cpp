@@ -57,6 +57,7 @@ void WriteUpdateManifest()
     QSaveFile file(MachinePath(ProgramName() + QStringLiteral(".ini")));
     const bool written = file.open(QIODevice::WriteOnly) &&
                          file.write(ManifestText(factsOfThisProgram()).toLocal8Bit()) >= 0 &&
+                         file.flush() && // committing alone would not notice a full disk
                          file.commit();
     if (!written)
         throw FileError(QFileInfo(file.fileName()).absoluteFilePath(),

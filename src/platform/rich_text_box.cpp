@@ -53,12 +53,15 @@ RichTextBox::RichTextBox(const QString &name)
 
 void RichTextBox::saveFile(const QString &path) const
 {
-    // Written aside, flushed to the disk and renamed; an unfinished file goes with its object.
+    // Written aside, flushed to the disk and renamed; an unfinished file goes with its object. What
+    // is still buffered has to be flushed here: committing would not notice that it found no room,
+    // and put a cut document in the place of the old one.
     QSaveFile file(MachinePath(path));
     RtfFont font;
     font.name = m_fontName;
     font.fixedPitch = isFixedPitch(m_fontName);
-    if (!file.open(QIODevice::WriteOnly) || !WriteRtf(file, m_text, font) || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || !WriteRtf(file, m_text, font) || !file.flush() ||
+        !file.commit())
         throw describeFailure(file);
 }
 
