@@ -1,6 +1,7 @@
 #pragma once
 
 #include <benchmark/benchmark.h>
+#include <string>
 
 namespace saldoro {
 
@@ -27,17 +28,17 @@ using Task = void (*)(benchmark::State &);
 /** Registers both sides of a task. */
 inline void AddTask(const char *name, Task program, Task bare)
 {
-    const auto add = [name](const char *side, Task task) {
+    const auto add = [name](const char *side, Task task, int payments) {
         benchmark::RegisterBenchmark((std::string(name) + side).c_str(), task)
-            ->Arg(100)
-            ->Arg(1000)
-            ->Arg(10000)
-            ->Arg(30000)
+            ->Arg(payments)
             ->Unit(benchmark::kMillisecond)
             ->UseRealTime();
     };
-    add("/program", program);
-    add("/bare", bare);
+    // One after the other, so that a busy moment of the machine falls on both sides.
+    for (const int payments : {100, 1000, 10000, 30000}) {
+        add("/program", program, payments);
+        add("/bare", bare, payments);
+    }
 }
 
 } // namespace saldoro

@@ -1,13 +1,15 @@
 #!/usr/bin/env python3
-"""Turns the results of saldoro_bench into a table of medians: the program, its floor, their ratio,
-and how much longer the program takes than with the number of payments in the line above.
+"""Turns rounds of saldoro_bench into a table: the program, its floor, their ratio, and how much
+longer the program takes than with the number of payments in the line above. All are medians; the
+ratios are taken within each round, where both sides met the same machine.
 
-    table.py [--check] RESULTS.json >table.md
+    table.py [--check] ROUND.json... >table.md
 
 With --check the exit status is 1 when a target is missed; the misses go to the error output.
 """
 
 import json
+import statistics
 import sys
 
 TITLES = {
@@ -21,21 +23,31 @@ MOST_RATIO = {"load": (10000, 3.0), "save": (None, 2.0), "close": (10000, 3.0)}
 MOST_GROWTH = {"load": (30000, 3.5)}
 
 
-def read_medians(path):
-    """{task: {payments: {side: run}}} of the median runs."""
-    with open(path, encoding="utf-8") as file:
-        runs = json.load(file)["benchmarks"]
-    medians = {}
-    for run in runs:
-        if run.get("error_occurred"):
-            sys.exit(f"{run['name']}: {run['error_message']}")
-        if run.get("aggregate_name") == "median":
+def read_rounds(paths):
+    """{task: {payments: {side: [run of each round]}}}"""
+    rounds = {}
+    for path in paths:
+        with open(path, encoding="utf-8") as file:
+            runs = json.load(file)["benchmarks"]
+        for run in runs:
+            if run.get("error_occurred"):
+                sys.exit(f"{run['name']}: {run['error_message']}")
             task, side, payments = run["run_name"].split("/")[:3]
-            medians.setdefault(task, {}).setdefault(int(payments), {})[side] = run
-    return medians
+            sizes = rounds.setdefault(task, {})
+            sizes.setdefault(int(payments), {}).setdefault(side, []).append(run)
+    return rounds
 
 
-def milliseconds(value):
+def times(runs):
+    return [run["real_time"] for run in runs]
+
+
+def median_ratio(upper, lower):
+    return statistics.median(a / b for a, b in zip(times(upper), times(lower), strict=True))
+
+
+def milliseconds(runs):
+    value = statistics.median(times(runs))
     return f"{value:,.1f}" if value < 100 else f"{value:,.0f}"
 
 
@@ -56,35 +68,37 @@ def cell(value, most, what, misses):
 def rows_of(task, sizes, misses):
     before = None
     for payments, sides in sorted(sizes.items()):
-        program, bare = sides["program"]["real_time"], sides["bare"]["real_time"]
+        program, bare = sides["program"], sides["bare"]
         what = f"{task} with {payments} payments"
-        ratio = cell(program / bare, target(MOST_RATIO, task, payments), f"{what}, ratio", misses)
+        ratio = cell(median_ratio(program, bare), target(MOST_RATIO, task, payments), f"{what}, ratio", misses)
         growth = "" if before is None else cell(
-            program / before, target(MOST_GROWTH, task, payments), f"{what}, growth", misses)
+            median_ratio(program, before), target(MOST_GROWTH, task, payments), f"{what}, growth", misses)
         before = program
-        yield (f"| {TITLES[task]} | {payments:,} | {milliseconds(program)} | {milliseconds(bare)} "
-               f"| {ratio} | {growth} |")
+        yield (f"| {TITLES[task]} | {payments:,} | {milliseconds(program)} "
+               f"| {milliseconds(bare)} | {ratio} | {growth} |")
 
 
 def print_memory(sizes):
     print("\n| closing, payments of each kind | documents, MB | memory taken at most, MB |")
     print("| --: | --: | --: |")
     for payments, sides in sorted(sizes.items()):
-        run = sides["program"]
-        print(f"| {payments:,} | {run['documents']:.2f} | {run['memory']:.1f} |")
+        runs = sides["program"]
+        size, memory = (statistics.median(run[name] for run in runs)
+                        for name in ("documents", "memory"))
+        print(f"| {payments:,} | {size:.2f} | {memory:.1f} |")
 
 
 def main():
     check = "--check" in sys.argv[1:]
-    medians = read_medians(sys.argv[-1])
+    rounds = read_rounds([name for name in sys.argv[1:] if name != "--check"])
     misses = []
     print("| task | payments | program, ms | floor, ms | ratio | growth |")
     print("| --- | --: | --: | --: | --: | --: |")
     for task in TITLES:
-        for row in rows_of(task, medians.get(task, {}), misses):
+        for row in rows_of(task, rounds.get(task, {}), misses):
             print(row)
-    if "close" in medians:
-        print_memory(medians["close"])
+    if "close" in rounds:
+        print_memory(rounds["close"])
     for miss in misses:
         print(f"target missed: {miss}", file=sys.stderr)
     sys.exit(1 if check and misses else 0)

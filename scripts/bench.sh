@@ -6,9 +6,9 @@
 #   scripts/bench.sh [--check] [TASK...]
 #
 # TASK is start-up, load, save, delete or close; all of them when none is named. With --check the
-# exit status is not zero when a target is missed. SALDORO_BENCH_REPETITIONS (default 9) is the
-# number of runs that each median is taken from. The archives go to build/bench/archives, so the
-# project has to lie on a real disk.
+# exit status is not zero when a target is missed. SALDORO_BENCH_ROUNDS (default 9) is the number of
+# rounds that each median is taken from. The archives go to build/bench/archives, so the project has
+# to lie on a real disk. On a machine that is busy otherwise the figures say little.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
@@ -19,7 +19,7 @@ if [ "${1:-}" = --check ]; then
     shift
 fi
 tasks=$(tr ' ' '|' <<<"${*:-.*}")
-results=build/bench/results.json
+results=build/bench/results
 export TMPDIR=$PWD/build/bench/archives
 
 need_packages "${BUILD_PACKAGES[@]}" "${BENCH_PACKAGES[@]}"
@@ -33,17 +33,19 @@ cmake --build --preset bench --target saldoro_bench
 case $(stat -f -c %T "$TMPDIR") in
 tmpfs | ramfs) printf 'No disk below %s: writes cost nothing there and tell nothing.\n' "$TMPDIR" >&2 ;;
 esac
-# The runs of all tasks are mixed, so that a busy minute of the machine falls on both sides.
-build/bench/bench/saldoro_bench --benchmark_filter="^($tasks)/" --benchmark_min_time=0.05 \
-    --benchmark_repetitions="${SALDORO_BENCH_REPETITIONS:-9}" \
-    --benchmark_enable_random_interleaving=true --benchmark_report_aggregates_only=true \
-    --benchmark_out_format=json --benchmark_out="$results" >build/bench/results.txt 2>&1 || {
-    cat build/bench/results.txt
-    exit 1
-}
+rm -rf "$results"
+mkdir -p "$results"
+for ((round = 1; round <= ${SALDORO_BENCH_ROUNDS:-9}; ++round)); do
+    build/bench/bench/saldoro_bench --benchmark_filter="^($tasks)/" --benchmark_min_time=0.05 \
+        --benchmark_out_format=json --benchmark_out="$results/$round.json" \
+        >"$results/$round.txt" 2>&1 || {
+        cat "$results/$round.txt"
+        exit 1
+    }
+done
 
 status=0
-python3 bench/table.py "${check[@]}" "$results" >build/bench/table.md || status=$?
+python3 bench/table.py "${check[@]}" "$results"/*.json >build/bench/table.md || status=$?
 cat build/bench/table.md
 printf '\n%s processors, %s\n' "$(nproc)" \
     "$(sed -n 's/^model name[^:]*: //p' /proc/cpuinfo | head -n 1)"
