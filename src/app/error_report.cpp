@@ -1,6 +1,10 @@
 #include "app/error_report.h"
 
+#include "app/install_settings.h"
 #include "common/errors.h"
+#include "platform/registry.h"
+
+#include <QFileInfo>
 
 namespace saldoro {
 
@@ -11,6 +15,35 @@ QString folderOf(const QString &path)
 {
     const qsizetype end = qMax(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\'));
     return end > 0 ? u'"' + path.first(end) + u'"' : QStringLiteral("CARTELLA");
+}
+
+/** The outermost folder on the way to a file that is not there; empty when all of them are. */
+QString missingFolder(const QString &path)
+{
+    QString missing;
+    for (QString folder = QFileInfo(path).path(); !QFileInfo(folder).isDir();) {
+        missing = folder;
+        folder = QFileInfo(folder).path();
+        if (folder == missing)
+            break;
+    }
+    return missing;
+}
+
+QString placeOfSetting()
+{
+    const QString file = RegistryFilePath();
+    return file.isEmpty() ? QStringLiteral("HKEY_CURRENT_USER\\") + SettingsKey.toString() : file;
+}
+
+/** What to look at when a database is not where it should be. */
+QString pathHint(const QString &path)
+{
+    const QString folder = missingFolder(path);
+    return (folder.isEmpty() ? QString()
+                             : QStringLiteral("\n\nNon esiste la cartella: ") + folder) +
+           QStringLiteral("\n\nLa cartella degli archivi è il valore \"drivers\" di ") +
+           placeOfSetting();
 }
 
 bool isAboutStoredValues(const DatabaseError &error)
@@ -30,7 +63,11 @@ QString ErrorReport(const std::exception &error)
                QStringLiteral("\n\nAnnotare questo messaggio e rivolgersi all'assistenza.");
     QString text = own->message();
     const auto *database = dynamic_cast<const DatabaseError *>(own);
-    if (database != nullptr && isAboutStoredValues(*database))
+    if (database == nullptr)
+        return text;
+    if (database->fault() == DatabaseFault::FileMissing)
+        text += pathHint(database->detail(QStringLiteral("File")));
+    if (isAboutStoredValues(*database))
         text += QStringLiteral("\n\nPer controllare l'archivio eseguire: saldoro-verifica ") +
                 folderOf(own->detail(QStringLiteral("File")));
     return text;

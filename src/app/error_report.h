@@ -8,8 +8,9 @@ namespace saldoro {
 
 /**
  * The Italian text that the user gets to read about an error that ends the program: the error's
- * own report, and for values in the databases that are missing or of the wrong type also the
- * command that checks the ledger. Errors that are not the program's own are named unexpected.
+ * own report; for a missing database also the folder that is missing and the place of the setting,
+ * and for values that are missing or of the wrong type the command that checks the ledger. Errors
+ * that are not the program's own are named unexpected.
  */
 QString ErrorReport(const std::exception &error);
 

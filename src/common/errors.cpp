@@ -46,8 +46,7 @@ FaultText describe(DatabaseFault fault)
                                "speciali.")};
     case DatabaseFault::NoCurrentRecord:
         return {QStringLiteral("Nessun record corrente: il dato cercato non esiste."),
-                QStringLiteral("Controllare che la tabella indicata contenga il dato: per i codici "
-                               "la tabella Funzioni, per i pagamenti il registro.")};
+                QStringLiteral("Controllare che la tabella indicata contenga il dato.")};
     case DatabaseFault::NullValue:
         return {QStringLiteral("Manca un valore che è necessario."),
                 QStringLiteral("Completare il valore mancante nell'archivio.")};

@@ -2,6 +2,7 @@
 
 #include "common/amount_text.h"
 #include "common/archive_folders.h"
+#include "common/errors.h"
 #include "common/text_cut.h"
 #include "platform/database.h"
 
@@ -35,9 +36,32 @@ OpenTable findCode(const ProgramValues &values, const QString &internalCode)
     return codes;
 }
 
+/** A field of the row found for an internal code, which errors name. */
+QString mapped(const OpenTable &codes, const QString &field, const QString &internalCode)
+{
+    try {
+        return codes.records.field(field).text();
+    } catch (SaldoroError &error) {
+        error.addDetail(u"Codice"_s, internalCode);
+        throw;
+    }
+}
+
 QString contractSheetSql()
 {
     return u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s;
+}
+
+/** Calls @p read, for something that belongs to a code or an item; an error in it names that. */
+template <typename Read>
+auto naming(const QString &label, const QString &key, const Read &read)
+{
+    try {
+        return read();
+    } catch (SaldoroError &error) {
+        error.addDetail(label, key);
+        throw;
+    }
 }
 
 /** The contract sheet, searched for the first item that matches; only for reading. Opened for
@@ -83,13 +107,16 @@ OpenTable beginItem(const ProgramValues &values, const QString &item, ExistingKe
 
 QString CodiceEsterno(const ProgramValues &values, const QString &internalCode)
 {
-    const OpenTable codes = findCode(values, internalCode);
-    return codes.records.noMatch() ? QString() : codes.records.field(u"CodExt"_s).text();
+    return naming(u"Codice"_s, internalCode, [&] {
+        const OpenTable codes = findCode(values, internalCode);
+        return codes.records.noMatch() ? QString() : mapped(codes, u"CodExt"_s, internalCode);
+    });
 }
 
 QString DescrizioneFunzione(const ProgramValues &values, const QString &internalCode)
 {
-    return findCode(values, internalCode).records.field(u"Desc"_s).text();
+    return naming(u"Codice"_s, internalCode,
+                  [&] { return findCode(values, internalCode).records.field(u"Desc"_s).text(); });
 }
 
 void AggiornaVoceImporto(const ProgramValues &values, const QString &internalCode, qint16 tag,
@@ -97,11 +124,11 @@ void AggiornaVoceImporto(const ProgramValues &values, const QString &internalCod
 {
     QString item;
     QString description;
-    {
+    naming(u"Codice"_s, internalCode, [&] {
         const OpenTable codes = findCode(values, internalCode);
-        item = codes.records.field(u"CodExt"_s).text();
+        item = mapped(codes, u"CodExt"_s, internalCode);
         description = codes.records.field(u"Desc"_s).textOrEmpty();
-    }
+    });
     // The key of an item that is there already stays in the letter case it was written in.
     OpenTable sheet = beginItem(values, item, ExistingKey::Keep);
     sheet.records.set(u"Funzione"_s, qint32{tag});
@@ -138,7 +165,9 @@ bool EsisteVoceLike(const ProgramValues &values, const QString &pattern)
 
 QString StringaVoceLike(const ProgramValues &values, const QString &pattern)
 {
-    return findItemLike(values, pattern).records.field(u"Stringa"_s).textOrEmpty();
+    return naming(u"Voce"_s, pattern, [&] {
+        return findItemLike(values, pattern).records.field(u"Stringa"_s).textOrEmpty();
+    });
 }
 
 bool EliminaVociLike(const ProgramValues &values, const QString &pattern)
