@@ -150,7 +150,8 @@ void FrmPrincipale::load()
         m_modify->setEnabled(payments().rows() > 1);
     }
     LoadArrayProspettoSaldoro();
-    m_overview->scrollToTop(); // its last item is current, but it is read from the start
+    if (overview().rows() > 1)
+        overview().setRow(1); // the list goes on at its end, this is read from the start
     m_loaded = true;
 }
 
@@ -245,7 +246,6 @@ void FrmPrincipale::showEvent(QShowEvent *event)
     if (event->spontaneous())
         return;
     m_payments->setFocus();
-    m_overview->scrollToTop(); // a grid goes to its current row when it is first shown
 }
 
 } // namespace saldoro
