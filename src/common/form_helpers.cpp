@@ -16,8 +16,9 @@ void centre(QWidget &form)
 {
     const QRect screen = form.screen()->geometry();
     const QSize size = form.frameGeometry().size();
-    form.move(screen.x() + screen.width() / 2 - size.width() / 2,
-              screen.y() + screen.height() / 2 - size.height() / 2);
+    // The halves themselves are not rounded, only the place that comes out.
+    form.move(screen.x() + qRound((screen.width() - size.width()) / 2.0),
+              screen.y() + qRound((screen.height() - size.height()) / 2.0));
 }
 
 /** Centres a form when it becomes active for the first time, the window system having framed it
