@@ -10,7 +10,7 @@
 #include "platform/database.h"
 #include "platform/flex_grid.h"
 #include "platform/machine_path.h"
-#include "rtf_text.h"
+#include "rtf_reader.h"
 #include "store/code_lookups.h"
 
 #include <QAbstractButton>
