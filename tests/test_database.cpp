@@ -74,16 +74,6 @@ private slots:
         QCOMPARE(FaultOf([&] { created(path); }), Fault(DatabaseFault::FileExists));
     }
 
-    void aCreatedFileIsADatabaseBeforeItsFirstTable()
-    {
-        const QString path = newPath();
-        Database database = Database::create(path, {});
-        database = Database::open(path);
-        QCOMPARE(database.tableNames(), QStringList());
-        QCOMPARE(FaultOf([&] { (void)database.openRecordSet(u"SELECT * FROM Fatture "_s); }),
-                 Fault(DatabaseFault::TableMissing, u"Fatture"_s));
-    }
-
     void filesThatCannotBeOpened_data()
     {
         QTest::addColumn<QString>("path");
@@ -119,19 +109,6 @@ private slots:
         QCOMPARE(QFile::exists(path), existed);
     }
 
-    void creationNeedsItsFolder()
-    {
-        const QString path = m_folder.filePath(u"manca/nuovo.mdb"_s);
-        try {
-            Database::create(path, {});
-            QFAIL("created");
-        } catch (const DatabaseError &error) {
-            QCOMPARE(error.fault(), DatabaseFault::FileMissing);
-            QCOMPARE(error.detail(u"File"_s), path);
-        }
-        QVERIFY(!QDir(m_folder.filePath(u"manca"_s)).exists());
-    }
-
     void queriesThatCannotBeRead_data()
     {
         QTest::addColumn<QString>("sql");
@@ -161,40 +138,6 @@ private slots:
         QFETCH(QString, sql);
         const Database database = created(newPath());
         QTEST(FaultOf([&] { (void)database.openRecordSet(sql); }), "fault");
-    }
-
-    void aClosedFileIsNotWritten()
-    {
-        const QString path = newPath();
-        Database database = created(path);
-        DirectConnection(path).run(u"INSERT INTO Tipi(Lungo) VALUES(1),(2)"_s);
-        RecordSet read = database.openRecordSet(u"SELECT * FROM Tipi ORDER BY Lungo"_s);
-        RecordSet unread = database.openRecordSet(u"SELECT * FROM Tipi"_s);
-        QCOMPARE(read.recordCount(), 2);
-        database.close();
-        QCOMPARE(Walk(read, u"Lungo"_s), u"1 2"_s);
-        read.moveFirst();
-        const QString closed = Fault(DatabaseFault::Other, u"Tipi"_s);
-        QVERIFY(FaultOf([&] { read.deleteRecord(); }).startsWith(closed.first(2)));
-        QVERIFY(FaultOf([&] { (void)unread.eof(); }).startsWith(closed.first(2)));
-        QVERIFY(!FaultOf([&] { (void)database.tableNames(); }).isEmpty());
-        QCOMPARE(DirectConnection(path).run(u"SELECT count(*) FROM Tipi"_s), u"2"_s);
-    }
-
-    void readOnlyAccessReadsAndRefusesChanges()
-    {
-        const QString path = newPath();
-        created(path);
-        DirectConnection(path).run(u"INSERT INTO Tipi(Lungo) VALUES(7)"_s);
-        const Database database = Database::openReadOnly(path);
-        RecordSet set = database.openRecordSet(u"SELECT * FROM Tipi"_s);
-        QCOMPARE(Walk(set, u"Lungo"_s), u"7"_s);
-        set.addNew();
-        set.set(u"Lungo"_s, 8);
-        QCOMPARE(FaultOf([&] { set.update(); }), Fault(DatabaseFault::ReadOnly, u"Tipi"_s));
-        set.moveFirst();
-        QCOMPARE(FaultOf([&] { set.deleteRecord(); }), Fault(DatabaseFault::ReadOnly, u"Tipi"_s));
-        QCOMPARE(Walk(set, u"Lungo"_s), u"7"_s);
     }
 
     void aWriteWaitsForAnotherProgram()
@@ -263,19 +206,6 @@ private slots:
         other.run(u"COMMIT"_s);
         QCOMPARE(other.run(u"SELECT Lungo FROM Tipi"_s), u"1"_s);
         QCOMPARE(Walk(later, u"Lungo"_s), u"1"_s);
-    }
-
-    void aWalkedSetLocksNothing()
-    {
-        const QString path = newPath();
-        const Database database = created(path);
-        DirectConnection other(path);
-        other.run(u"INSERT INTO Tipi(Lungo) VALUES(1),(2)"_s);
-        RecordSet set = database.openRecordSet(u"SELECT * FROM Tipi"_s);
-        QCOMPARE(set.field(u"Lungo"_s).integer(), 1);
-        QCOMPARE(other.run(u"BEGIN EXCLUSIVE; DELETE FROM Tipi; COMMIT"_s), QString());
-        set.moveNext();
-        QCOMPARE(set.field(u"Lungo"_s).integer(), 2);
     }
 
     void pathsAreFoundInAnyLetterCase()

@@ -131,7 +131,6 @@ private slots:
     void kindInLowerCaseIsACompanyAmongProfessionals();
     void anUnmappedCodeStopsAtItsRegisterEntry();
     void aDocumentThatCantBeWrittenStopsTheRun();
-    void aPaymentWithoutAmountStopsTheRun();
     void moreThan32767PaymentsOfAKind();
     void failedWritesLeaveTheEarlierDocument();
 };
@@ -292,22 +291,6 @@ void TestDocuments::aDocumentThatCantBeWrittenStopsTheRun()
     project.close();
     QCOMPARE(project.registeredItems(),
              u"QDPQDP P98P98 P99P99 QS1AQS1A P98PP98P P99PP99P QS1PQS1P QS1TQS1T"_s);
-}
-
-void TestDocuments::aPaymentWithoutAmountStopsTheRun()
-{
-    Project project;
-    project.addPayment(u"A"_s, 1, 10);
-    project.addPayment(u"A"_s, 2, 20);
-    project.close();
-    const QByteArray earlier = bytesOf(project.path(u"P98P98.rtf"_s));
-    const QString registered = project.entries();
-    project.archive.execute(LedgerPath(project.values),
-                            u"UPDATE Fatture SET Importo = NULL WHERE Npag = 2"_s);
-    QCOMPARE(failureOf([&] { project.close(); }),
-             u"Manca un valore che è necessario. Saldoro.mdb"_s);
-    QCOMPARE(bytesOf(project.path(u"P98P98.rtf"_s)), earlier);
-    QCOMPARE(project.entries(), registered);
 }
 
 void TestDocuments::moreThan32767PaymentsOfAKind()

@@ -48,25 +48,20 @@ void TestRegistryIni::iniValue_data()
     row("blanks around =", head + "Build = 10168\r\n", "10168");
     row("letter case", "[CONFIGURATION]\nbUILD=1\n", "1");
     row("blanks in names", " [ Configuration ] \n\t Build\t=\t1\t\n", "1");
-    row("no end of line", head + "Build=12", "12");
     row("old line ends", "[Configuration]\rBuild=12\rData=3\r", "12");
     row("first key wins", head + "Build=1\nBuild=2\n", "1");
     row("first section wins", head + "Build=1\n[Configuration]\nBuild=2\n", "1");
     row("only the first section", head + "Data=1\n[FILE]\n[Configuration]\nBuild=2\n", "");
     row("other section", "Build=0\n[FILE]\nBuild=2\n", "");
-    row("between sections", "[FILE]\nBuild=2\n" + head + "Build=3\n", "3");
     row("comment", head + ";Build=1\n ; Build=2\nBuild=3 ;x\n", "3 ;x");
     row("no =", head + "Build\nBuild=4\n", "4");
     row("second =", head + "Build=a=b\n", "a=b");
     row("empty", head + "Build=\nBuild=1\n", "");
     row("key missing", head + "Builds=1\n", "");
-    row("empty file", "", "");
     row("quotes", head + "Build=\"  a b  \"\n", "  a b");
     row("single quotes", head + "Build='\"a\"'\n", "\"a\"");
     row("half a quote", head + "Build=\"\n", "\"");
-    row("unpaired", head + "Build=\"a'\n", "\"a'");
     row("NUL", head + QByteArray("Build=ab \0c\n", 12), "ab");
-    row("254 characters", head + "Build=" + QByteArray(254, 'x') + "\n", QString(254, 'x'));
     row("255 characters", head + "Build=" + QByteArray(254, 'x') + "y\n", QString(254, 'x'));
     row("characters, not bytes", head + "Build=" + QByteArray("à").repeated(300),
         QString(254, QChar(u'à')));
