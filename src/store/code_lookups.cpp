@@ -36,17 +36,6 @@ OpenTable findCode(const ProgramValues &values, const QString &internalCode)
     return codes;
 }
 
-/** A field of the row found for an internal code, which errors name. */
-QString mapped(const OpenTable &codes, const QString &field, const QString &internalCode)
-{
-    try {
-        return codes.records.field(field).text();
-    } catch (SaldoroError &error) {
-        error.addDetail(u"Codice"_s, internalCode);
-        throw;
-    }
-}
-
 QString contractSheetSql()
 {
     return u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s;
@@ -109,7 +98,7 @@ QString CodiceEsterno(const ProgramValues &values, const QString &internalCode)
 {
     return naming(u"Codice"_s, internalCode, [&] {
         const OpenTable codes = findCode(values, internalCode);
-        return codes.records.noMatch() ? QString() : mapped(codes, u"CodExt"_s, internalCode);
+        return codes.records.noMatch() ? QString() : codes.records.field(u"CodExt"_s).text();
     });
 }
 
@@ -126,7 +115,7 @@ void AggiornaVoceImporto(const ProgramValues &values, const QString &internalCod
     QString description;
     naming(u"Codice"_s, internalCode, [&] {
         const OpenTable codes = findCode(values, internalCode);
-        item = mapped(codes, u"CodExt"_s, internalCode);
+        item = codes.records.field(u"CodExt"_s).text();
         description = codes.records.field(u"Desc"_s).textOrEmpty();
     });
     // The key of an item that is there already stays in the letter case it was written in.
