@@ -3,7 +3,7 @@
 
 BUILD_PACKAGES=(build-essential cmake ninja-build qt6-base-dev qt6-base-dev-tools libsqlite3-dev
     fonts-dejavu-core)
-TEST_PACKAGES=(git clang-format clang-tidy libreoffice-writer-nogui pandoc python3)
+TEST_PACKAGES=(git clang-format clang-tidy libreoffice-writer-nogui pandoc python3 imagemagick)
 BENCH_PACKAGES=(libbenchmark-dev python3)
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix dpkg-dev tcl perl wine wine64 nsis pandoc fonts-dejavu-core
     xvfb openbox xdotool x11-utils imagemagick sqlite3)

@@ -36,7 +36,9 @@ int main(int argc, char *argv[])
         return 2;
     }
     qInstallMessageHandler(printFailure);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qgetenv("QT_QPA_PLATFORM").startsWith("offscreen")) { // whose screen may be described
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     std::array<char *, 2> programOnly = {argv[0], nullptr};
     int programOnlyCount = 1;
     Application application(programOnlyCount, programOnly.data());

@@ -4,7 +4,22 @@
 #include "common/program_values.h"
 #include "platform/process.h"
 
+#include <QIcon>
+
 #include <array>
+
+namespace {
+
+/** For title bars and task switchers; the menu entry brings its own. */
+QIcon windowIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        icon.addFile(QStringLiteral(":/icons/saldoro-%1.png").arg(size));
+    return icon;
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
@@ -12,6 +27,8 @@ int main(int argc, char *argv[])
     std::array<char *, 2> programOnly = {argv[0], nullptr};
     int programOnlyCount = 1;
     saldoro::Application application(programOnlyCount, programOnly.data());
+    QGuiApplication::setDesktopFileName(QStringLiteral("saldoro"));
+    QGuiApplication::setWindowIcon(windowIcon());
 
     saldoro::ProgramValues values;
     saldoro::FormWiring forms(values);

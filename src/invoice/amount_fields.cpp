@@ -30,6 +30,15 @@ QColor mixed(const QColor &base, const QColor &tint)
                             mix(base.blueF(), tint.blueF()));
 }
 
+/** What is read aloud for a box: a caption that stands for two boxes names one at a time. */
+QString spokenName(const AmountRow &row, LayoutColumn place)
+{
+    QString name = QString(row.caption).remove(u'&');
+    if (!row.rateName.isEmpty())
+        name.replace(u"Aliquota e importo"_s, place == RatePlace ? u"Aliquota"_s : u"Importo"_s);
+    return name;
+}
+
 } // namespace
 
 int BoxWidth(const QWidget &box, QStringView widest)
@@ -46,6 +55,7 @@ AmountFields::AmountFields(AmountChain &chain, const QList<AmountRow> &rows, For
 {
     setObjectName(u"Frame1"_s);
     setTitle({});
+    setAccessibleName(u"Importi"_s);
     auto *grid = new QGridLayout(this);
     for (const AmountRow &row : rows)
         addRow(*grid, row, fields);
@@ -75,11 +85,12 @@ void AmountFields::changeEvent(QEvent *event)
         tintDerived();
 }
 
-QLineEdit *AmountFields::addBox(const QString &objectName, const AmountRow &row, FormFields &fields)
+QLineEdit *AmountFields::addBox(const QString &objectName, const QString &name, const QString &hint,
+                                FormFields &fields)
 {
     const int position = m_chain.position(objectName);
     auto *box = new QLineEdit(this);
-    Describe(*box, objectName, QString(row.caption).remove(QLatin1Char('&')), row.hint);
+    Describe(*box, objectName, name, hint);
     box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     fields.addLine(
         *box, [this, position] { entered(position); },
@@ -96,11 +107,11 @@ void AmountFields::addRow(QGridLayout &grid, const AmountRow &row, FormFields &f
     const int line = grid.rowCount();
     QLineEdit *rate = nullptr;
     if (!row.rateName.isEmpty()) {
-        rate = addBox(row.rateName, row, fields);
+        rate = addBox(row.rateName, spokenName(row, RatePlace), row.hint, fields);
         rate->setFixedWidth(BoxWidth(*rate, u"99.99"));
         grid.addWidget(rate, line, RatePlace);
     }
-    QLineEdit *amount = addBox(row.amountName, row, fields);
+    QLineEdit *amount = addBox(row.amountName, spokenName(row, AmountPlace), row.hint, fields);
     amount->setMinimumWidth(BoxWidth(*amount, WidestAmount));
     if (row.reach == Reach::OnRequest)
         amount->setFocusPolicy(Qt::ClickFocus);

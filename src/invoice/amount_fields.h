@@ -61,7 +61,8 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    QLineEdit *addBox(const QString &objectName, const AmountRow &row, FormFields &fields);
+    QLineEdit *addBox(const QString &objectName, const QString &name, const QString &hint,
+                      FormFields &fields);
     void addRow(QGridLayout &grid, const AmountRow &row, FormFields &fields);
     void entered(int position);
     void left(int position);
