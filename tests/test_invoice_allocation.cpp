@@ -19,14 +19,10 @@ private slots:
     void abandonedInsertionLeavesNoRow_data();
     void abandonedInsertionLeavesNoRow();
     void nothingLeftToInsert();
-    void picksByMouse();
     void editorOpensOnAmountsOnly();
-    void editorAlwaysReachesItsCell_data();
     void editorAlwaysReachesItsCell();
     void editorKeepsToItself();
-    void deletesAtOnce();
     void confirmWithOpenEditor();
-    void followsTheOverview();
     void closesWithPopUpsOpen();
 
 private:
@@ -75,11 +71,11 @@ void TestInvoiceAllocation::init()
 void TestInvoiceAllocation::insertsByKeyboard()
 {
     open(1);
+    d->overview.setText(1, 4, u"-5,00"_s); // read when the list opens
     d->focus(u"Command3"_s);
     d->press(Qt::Key_Return);
     QVERIFY(m_list->isVisible() && m_list->hasFocus());
-    QCOMPARE(m_list->count(), 3);
-    QCOMPARE(m_list->item(0)->text(), u"A1   Scavi e rinterri L.12.500,00"_s);
+    QCOMPARE(m_list->item(0)->text(), u"A1   Scavi e rinterri L.-5,00"_s);
     d->press(Qt::Key_Down);
     d->press(Qt::Key_Down);
     d->press(Qt::Key_Return);
@@ -105,8 +101,6 @@ void TestInvoiceAllocation::abandonedInsertionLeavesNoRow_data()
     QTest::addColumn<int>("key");
     QTest::addColumn<QString>("clicked");
     QTest::newRow("Esc") << int(Qt::Key_Escape) << QString();
-    QTest::newRow("Tab") << int(Qt::Key_Tab) << QString();
-    QTest::newRow("another field") << 0 << u"Text1_1"_s;
     QTest::newRow("Inserisci again") << 0 << u"Command3"_s;
     QTest::newRow("Elimina") << 0 << u"Command4"_s;
 }
@@ -147,18 +141,6 @@ void TestInvoiceAllocation::nothingLeftToInsert()
     QCOMPARE(d->allocations(), whole);
 }
 
-void TestInvoiceAllocation::picksByMouse()
-{
-    open(1);
-    d->click(u"Command3"_s);
-    QTest::mouseClick(m_list->viewport(), Qt::LeftButton, {},
-                      m_list->visualItemRect(m_list->item(1)).center());
-    d->type(u"800"_s);
-    d->click(u"Text1_1"_s);
-    QCOMPARE(d->allocations(), u"A2|Murature|800,00"_s);
-    QCOMPARE(d->text(u"Text3"_s), u"800,00"_s);
-}
-
 void TestInvoiceAllocation::editorOpensOnAmountsOnly()
 {
     open(2);
@@ -183,34 +165,28 @@ void TestInvoiceAllocation::editorOpensOnAmountsOnly()
     QCOMPARE(d->text(u"Text3"_s), u"1.280,00"_s);
 }
 
-void TestInvoiceAllocation::editorAlwaysReachesItsCell_data()
-{
-    QTest::addColumn<QString>("leftBy");
-    for (const char *way : {"Enter", "Tab", "Backtab", "row", "Text4_0", "Command5", "Memo"})
-        QTest::newRow(way) << QString::fromLatin1(way);
-}
-
 void TestInvoiceAllocation::editorAlwaysReachesItsCell()
 {
-    QFETCH(QString, leftBy);
     open(2);
     edit(2);
     d->type(u"77.1"_s);
-    if (leftBy == u"Enter")
-        d->press(Qt::Key_Enter);
-    else if (leftBy == u"Tab")
-        d->press(Qt::Key_Tab);
-    else if (leftBy == u"Backtab")
-        d->press(Qt::Key_Backtab, Qt::ShiftModifier);
-    else if (leftBy == u"row")
-        QTest::mouseClick(m_grid->viewport(), Qt::LeftButton, {},
-                          m_grid->visualRect(m_grid->model()->index(0, 1)).center());
-    else
-        d->click(leftBy);
+    QTest::mouseClick(m_grid->viewport(), Qt::LeftButton, {},
+                      m_grid->visualRect(m_grid->model()->index(0, 1)).center());
     QCOMPARE(d->allocations(), u"A1|Scavi e rinterri|1.300,00;A2|Murature|77,10"_s);
-    QCOMPARE(d->text(u"Text3"_s), u"1.377,10"_s);
-    QVERIFY(m_editor->isHidden());
-    QCOMPARE(d->focused(), leftBy == u"Command5" ? u"List2"_s : u"MSFlexGrid1"_s);
+    QCOMPARE(m_grid->table().row(), 1);
+    // Buttons act at once, the amount being in its cell first.
+    edit(1);
+    d->type(u"9"_s);
+    d->press(Qt::Key_R, Qt::AltModifier);
+    QTRY_COMPARE(d->focused(), u"List2"_s);
+    QCOMPARE(d->text(u"Text3"_s), u"86,10"_s);
+    d->click(u"Command3"_s);
+    QTest::mouseClick(m_list->viewport(), Qt::LeftButton, {},
+                      m_list->visualItemRect(m_list->item(0)).center());
+    d->type(u"800"_s);
+    d->click(u"Command4"_s);
+    QCOMPARE(d->text(u"Text3"_s), u"886,10"_s);
+    QCOMPARE(d->messages, QStringList(u"Vuoi eliminare il Cod. B10?"_s));
 }
 
 void TestInvoiceAllocation::editorKeepsToItself()
@@ -225,33 +201,6 @@ void TestInvoiceAllocation::editorKeepsToItself()
     QCOMPARE(m_editor->text(), u"8"_s);
 }
 
-void TestInvoiceAllocation::deletesAtOnce()
-{
-    open(2);
-    m_grid->table().setRow(1);
-    d->click(u"Command4"_s);
-    QCOMPARE(d->messages, QStringList(u"Vuoi eliminare il Cod. A1?"_s));
-    QCOMPARE(d->allocations().count(u';'), 1);
-    d->answer = MessageAnswer::Yes;
-    m_grid->table().setRow(1);
-    d->press(Qt::Key_E, Qt::AltModifier);
-    QTRY_COMPARE(d->allocations(), u"A2|Murature|45,00"_s);
-    QCOMPARE(d->text(u"Text3"_s), u"45,00"_s);
-    QCOMPARE(stored(), u"3|A1|90000\n2|A2|450000"_s);
-    d->click(u"Command3"_s);
-    QCOMPARE(m_list->item(0)->text().left(2), u"A1"_s);
-    d->press(Qt::Key_Return);
-    d->click(u"Command4"_s);
-    QCOMPARE(d->messages.last(), u"Vuoi eliminare il Cod. A1?"_s);
-    d->click(u"Command4"_s);
-    QCOMPARE(d->allocations(), QString());
-    const auto asked = d->messages.size();
-    d->click(u"Command4"_s);
-    QCOMPARE(d->messages.size(), asked);
-    d->click(u"Command2"_s);
-    QCOMPARE(stored(), u"3|A1|90000"_s);
-}
-
 void TestInvoiceAllocation::confirmWithOpenEditor()
 {
     open(2);
@@ -261,18 +210,10 @@ void TestInvoiceAllocation::confirmWithOpenEditor()
     d->focus(u"Text2_0"_s);
     edit(2);
     d->type(u"1"_s);
-    d->click(u"Command1"_s);
+    d->press(Qt::Key_C, Qt::AltModifier);
+    QTRY_COMPARE(d->unloads, 1);
     QCOMPARE(d->messages, QStringList());
-    QCOMPARE(d->unloads, 1);
     QCOMPARE(stored(), u"2|A1|13000000\n3|A1|90000\n2|A2|10000"_s);
-}
-
-void TestInvoiceAllocation::followsTheOverview()
-{
-    open(1);
-    d->overview.setText(1, 4, u"-5,00"_s);
-    d->click(u"Command3"_s);
-    QCOMPARE(m_list->item(0)->text(), u"A1   Scavi e rinterri L.-5,00"_s);
 }
 
 void TestInvoiceAllocation::closesWithPopUpsOpen()

