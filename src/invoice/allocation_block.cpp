@@ -169,8 +169,15 @@ void AllocationBlock::removeCurrentRow()
 void AllocationBlock::RecalcAllocationTotal()
 {
     Currency total;
-    for (int row = 1; row < m_grid.rows(); ++row)
-        total += ImportoDaTesto(m_grid.text(row, ImportoColumn));
+    for (int row = 1; row < m_grid.rows(); ++row) {
+        try {
+            total += ImportoDaTesto(m_grid.text(row, ImportoColumn));
+        } catch (SaldoroError &error) {
+            error.addDetail(QStringLiteral("Voce"), m_grid.text(row, CodColumn));
+            error.addDetail(QStringLiteral("Riga"), QString::number(row));
+            throw;
+        }
+    }
     m_totalText = FormatImporto(total);
     m_grid.setColumn(ImportoColumn);
 }

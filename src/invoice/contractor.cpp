@@ -1,12 +1,23 @@
 #include "invoice/contractor.h"
 
 #include "common/archive_folders.h"
+#include "common/errors.h"
 #include "platform/database.h"
 #include "store/code_lookups.h"
 
 namespace saldoro {
 
 namespace {
+
+qint32 linkOf(const RecordSet &items, const QString &code)
+{
+    try {
+        return items.field(QStringLiteral("Link")).integer();
+    } catch (SaldoroError &error) {
+        error.addDetail(QStringLiteral("Voce"), code);
+        throw;
+    }
+}
 
 bool isAssociation(const ProgramValues &values, qint32 companyId)
 {
@@ -29,7 +40,7 @@ Contractor LoadContractor(const ProgramValues &values)
             database.openRecordSet(QStringLiteral("SELECT * FROM SchedaProgetto ORDER BY VOCE"));
         items.findFirst(QStringLiteral("Voce = '") + code + QStringLiteral("'"));
         if (!items.noMatch()) {
-            contractor.IdImpresa = items.field(QStringLiteral("Link")).integer();
+            contractor.IdImpresa = linkOf(items, code);
             contractor.name = items.field(QStringLiteral("Stringa")).textOrEmpty();
         }
     }

@@ -2,6 +2,7 @@
 
 #include "common/amount_text.h"
 #include "common/archive_folders.h"
+#include "common/errors.h"
 #include "invoice/allocation_block.h"
 #include "invoice/mandate_note.h"
 #include "platform/database.h"
@@ -50,6 +51,20 @@ void readPayment(const Database &ledger, qint32 paymentNumber, PaymentRecord &re
     readAmounts(payments, amounts);
 }
 
+/** The current allocation's amount; nothing for a null. */
+QString amountText(const RecordSet &allocations)
+{
+    try {
+        const std::optional<Currency> amount =
+            allocations.field(QStringLiteral("Importo")).currencyOrNone();
+        return amount ? FormatImporto(*amount) : QString();
+    } catch (SaldoroError &error) {
+        error.addDetail(QStringLiteral("Voce"),
+                        allocations.field(QStringLiteral("Cod")).textOrEmpty());
+        throw;
+    }
+}
+
 /** The last row added becomes the current one. */
 void readAllocations(const Database &ledger, qint32 paymentNumber, TextTable &grid)
 {
@@ -68,10 +83,7 @@ void readAllocations(const Database &ledger, qint32 paymentNumber, TextTable &gr
                      allocations.field(QStringLiteral("Cod")).textOrEmpty());
         grid.setText(row, AllocationBlock::DescrizioneColumn,
                      allocations.field(QStringLiteral("Descrizione")).textOrEmpty());
-        const std::optional<Currency> amount =
-            allocations.field(QStringLiteral("Importo")).currencyOrNone();
-        grid.setText(row, AllocationBlock::ImportoColumn,
-                     amount ? FormatImporto(*amount) : QString());
+        grid.setText(row, AllocationBlock::ImportoColumn, amountText(allocations));
         allocations.findNext(criterion);
     }
 }
@@ -92,12 +104,17 @@ void readMandate(const ProgramValues &values, qint32 paymentNumber, CreditorKind
 void LoadPagamento(const ProgramValues &values, qint32 paymentNumber, PaymentRecord &record,
                    AmountChain &amounts, TextTable &grid)
 {
-    {
-        const Database ledger = Database::open(LedgerPath(values));
-        readPayment(ledger, paymentNumber, record, amounts);
-        readAllocations(ledger, paymentNumber, grid);
+    try {
+        {
+            const Database ledger = Database::open(LedgerPath(values));
+            readPayment(ledger, paymentNumber, record, amounts);
+            readAllocations(ledger, paymentNumber, grid);
+        }
+        readMandate(values, paymentNumber, amounts.kind(), record);
+    } catch (SaldoroError &error) {
+        error.addDetail(QStringLiteral("Pagamento"), QString::number(paymentNumber));
+        throw;
     }
-    readMandate(values, paymentNumber, amounts.kind(), record);
 }
 
 } // namespace saldoro

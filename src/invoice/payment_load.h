@@ -13,7 +13,8 @@ namespace saldoro {
  *
  * A number that the ledger does not hold is a new payment: it takes the notes of the last payment
  * stored and keeps everything else. Allocations and mandate note are read in both cases. An amount
- * that is null shows as the empty text and counts as 0 in the totals. Database errors pass.
+ * that is null shows as the empty text and counts as 0 in the totals. Errors pass, with
+ * the detail "Pagamento".
  */
 void LoadPagamento(const ProgramValues &values, qint32 paymentNumber, PaymentRecord &record,
                    AmountChain &amounts, TextTable &grid);

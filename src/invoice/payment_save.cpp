@@ -2,6 +2,7 @@
 
 #include "common/amount_text.h"
 #include "common/archive_folders.h"
+#include "common/errors.h"
 #include "common/number_text.h"
 #include "common/text_cut.h"
 #include "invoice/allocation_block.h"
@@ -104,14 +105,19 @@ void writeLedger(const ProgramValues &values, qint32 paymentNumber, const Paymen
 void SavePagamento(ProgramValues &values, qint32 paymentNumber, const PaymentRecord &record,
                    const AmountChain &amounts, const TextTable &grid)
 {
-    writeLedger(values, paymentNumber, record, amounts, grid);
+    try {
+        writeLedger(values, paymentNumber, record, amounts, grid);
 
-    constexpr qint16 noFunction = 0;
-    values.MandateText = ComposeMandateNote(record.mandato, record.mandatoDell);
-    ScriviVoceStringa(values, VoceMandato(values, paymentNumber), noFunction,
-                      QStringLiteral("Pag. N.") + QString::number(paymentNumber) +
-                          QStringLiteral(" - ") + record.creditore,
-                      values.MandateText);
+        constexpr qint16 noFunction = 0;
+        values.MandateText = ComposeMandateNote(record.mandato, record.mandatoDell);
+        ScriviVoceStringa(values, VoceMandato(values, paymentNumber), noFunction,
+                          QStringLiteral("Pag. N.") + QString::number(paymentNumber) +
+                              QStringLiteral(" - ") + record.creditore,
+                          values.MandateText);
+    } catch (SaldoroError &error) {
+        error.addDetail(QStringLiteral("Pagamento"), QString::number(paymentNumber));
+        throw;
+    }
 }
 
 } // namespace saldoro

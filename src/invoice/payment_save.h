@@ -14,7 +14,8 @@ namespace saldoro {
  * added; none is deleted here.
  *
  * A text longer than its column throws FieldTooSmall before anything is written, save the
- * description of a cost item, whose stored copy is cut. Database errors pass.
+ * description of a cost item, whose stored copy is cut. Errors pass, with the
+ * detail "Pagamento".
  */
 void SavePagamento(ProgramValues &values, qint32 paymentNumber, const PaymentRecord &record,
                    const AmountChain &amounts, const TextTable &grid);
