@@ -46,10 +46,25 @@ QString pathHint(const QString &path)
            placeOfSetting();
 }
 
+/** Faults that what is stored gives rise to: values, codes with apostrophes, codes not mapped. */
 bool isAboutStoredValues(const DatabaseError &error)
 {
-    return error.fault() == DatabaseFault::NullValue ||
-           error.fault() == DatabaseFault::TypeMismatch;
+    switch (error.fault()) {
+    case DatabaseFault::NullValue:
+    case DatabaseFault::TypeMismatch:
+    case DatabaseFault::SyntaxError:
+    case DatabaseFault::NoCurrentRecord:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/** The project's folder as the check takes it; the code map lies elsewhere. */
+QString folderToCheck(const QString &path)
+{
+    const bool isCodeMap = path.endsWith(QStringLiteral("chiavi.mdb"), Qt::CaseInsensitive);
+    return folderOf(isCodeMap ? QString() : path);
 }
 
 } // namespace
@@ -69,7 +84,7 @@ QString ErrorReport(const std::exception &error)
         text += pathHint(database->detail(QStringLiteral("File")));
     if (isAboutStoredValues(*database))
         text += QStringLiteral("\n\nPer controllare l'archivio eseguire: saldoro-verifica ") +
-                folderOf(own->detail(QStringLiteral("File")));
+                folderToCheck(own->detail(QStringLiteral("File")));
     return text;
 }
 

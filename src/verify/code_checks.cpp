@@ -79,7 +79,7 @@ void checkSpelling(const NeededCode &needed, const QString &external, Findings &
                 u"» contiene caratteri jolly (* ? # [): un pagamento può leggere o eliminare i "
                 "mandati di altri."_s,
             findings);
-    if (needed.use == CodeUse::File && containsAny(external, u"\\/:*?\"<>|"))
+    if (needed.use == CodeUse::File && containsAny(external, QStringView(u"\\/:*?\"<>|\0", 10)))
         add(code,
             u"il codice esterno «"_s + external +
                 u"» non può essere il nome di un file: il documento non viene scritto."_s,

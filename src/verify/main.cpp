@@ -23,7 +23,7 @@ enum Status
 /** The folder as it was given, or whatever its letter case. */
 QString existingFolder(const QString &given)
 {
-    const QString folder = QFileInfo(given).isDir() ? given : MachinePath(given);
+    QString folder = QFileInfo(given).isDir() ? given : MachinePath(given);
     if (!QFileInfo(folder).isDir())
         throw FileError(folder, u"La cartella del progetto non esiste."_s,
                         u"Controllare il nome della cartella."_s);
@@ -69,7 +69,8 @@ int main(int argc, char *argv[])
     } catch (const SaldoroError &error) {
         PrintError(u"Il comando non è stato eseguito.\n"_s + error.message() + u'\n');
     } catch (const std::exception &error) {
-        PrintError(u"Il comando non è stato eseguito: "_s + QString::fromUtf8(error.what()) + u'\n');
+        PrintError(u"Il comando non è stato eseguito: "_s + QString::fromUtf8(error.what()) +
+                   u'\n');
     }
     return NotPossible;
 }

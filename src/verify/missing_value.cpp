@@ -81,9 +81,9 @@ QString backUp(const Database &ledger)
     beginning += u" copia "_s + QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss"_s);
     constexpr int MostTries = 100;
     for (int attempt = 1;; ++attempt) {
-        const QString path =
-            beginning + (attempt == 1 ? QString() : u" ("_s + QString::number(attempt) + u')') +
-            u".mdb"_s;
+        QString path = beginning +
+                       (attempt == 1 ? QString() : u" ("_s + QString::number(attempt) + u')') +
+                       u".mdb"_s;
         try {
             ledger.backUpTo(path);
             return path;
@@ -124,7 +124,7 @@ QString SetMissingValues(const QString &ledger, const QList<MissingValue> &value
     RecordSet payments = database.openRecordSet(u"SELECT * FROM Fatture"_s);
     for (const MissingValue &value : values)
         findPayment(payments, value);
-    const QString copy = backUp(database);
+    QString copy = backUp(database);
     for (const MissingValue &value : values) {
         findPayment(payments, value);
         payments.edit();

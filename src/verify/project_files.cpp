@@ -17,10 +17,16 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/** What can't be a finding: somebody is at work on the file. */
-bool hindersChecking(const DatabaseError &error)
+/** Passes on what can't be a finding: somebody is at work on the file, or stopped in the middle. */
+void throwWhatHinders(const QString &path, const DatabaseError &error)
 {
-    return error.fault() == DatabaseFault::Locked || error.fault() == DatabaseFault::ReadOnly;
+    if (error.fault() == DatabaseFault::Locked)
+        throw error;
+    // Reading asks for a change only to undo one that was broken off, which is not for a check.
+    if (error.fault() == DatabaseFault::ReadOnly)
+        throw FileError(path, u"Una modifica dell'archivio è rimasta a metà."_s,
+                        u"Aprire una volta il progetto con Saldoro, che la annulla, e ripetere il "
+                        "controllo."_s);
 }
 
 void addFault(const QString &path, const DatabaseError &error, Findings &findings)
@@ -81,8 +87,7 @@ private:
         try {
             action();
         } catch (const DatabaseError &error) {
-            if (hindersChecking(error))
-                throw;
+            throwWhatHinders(m_path, error);
             addFault(m_path, error, m_findings);
         }
     }
@@ -184,6 +189,16 @@ void readSheet(OpenFile &contract, ProjectData &data)
         });
 }
 
+/** A table of links to companies, of which only the fields matter. */
+void requireTable(OpenFile &companies, const QString &table, const QString &field)
+{
+    companies.rows<int>(u"SELECT * FROM "_s + table, [&field](const RecordSet &records) {
+        records.column(field);
+        records.column(u"AnagRel"_s);
+        return [](int place) { return place; };
+    });
+}
+
 void readCompanies(const QString &path, ProjectData &data, Findings &findings)
 {
     OpenFile companies(path, findings);
@@ -194,13 +209,8 @@ void readCompanies(const QString &path, ProjectData &data, Findings &findings)
             const int id = records.column(u"ID"_s);
             return [&records, id](int /*place*/) { return ReadWhole(records, id); };
         });
-    for (const auto &[table, order] :
-         {std::pair(u"Partecip"_s, u"Nord"_s), std::pair(u"Manda"_s, u"AnagPar"_s)})
-        companies.rows<int>(u"SELECT * FROM "_s + table, [&](const RecordSet &records) {
-            records.column(order);
-            records.column(u"AnagRel"_s);
-            return [](int place) { return place; };
-        });
+    requireTable(companies, u"Partecip"_s, u"Nord"_s);
+    requireTable(companies, u"Manda"_s, u"AnagPar"_s);
     if (!ids)
         return;
     data.companies.emplace();

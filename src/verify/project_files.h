@@ -22,8 +22,8 @@ ProjectFiles FilesOfProject(const QString &folder, const QString &codes);
 
 /**
  * Reads the databases without changing anything. Missing or damaged files, tables and fields and
- * values that are not of their type become findings. Throws DatabaseError (Locked, ReadOnly) for a
- * file that can't be looked into just now.
+ * values that are not of their type become findings. Throws SaldoroError for a file that can't be
+ * looked into just now: locked, or with a change that was broken off.
  */
 ProjectData ReadProject(const ProjectFiles &files, Findings &findings);
 
