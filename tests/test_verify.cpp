@@ -1,0 +1,365 @@
+#include "common/errors.h"
+#include "platform/machine_path.h"
+#include "test_archive.h"
+#include "verify/options.h"
+#include "verify/verification.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QTest>
+
+using namespace saldoro;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** A project without any defect: two payments, their allocations, notes and the contractor. */
+class SoundProject
+{
+public:
+    /** Made once, then copied: every write of the making is synced to the disk. */
+    SoundProject()
+    {
+        static QHash<QChar, QByteArray> made;
+        if (made.isEmpty())
+            make();
+        for (const QChar name : u"LCAK"_s) {
+            QFile file(MachinePath(path(name)));
+            if (made.contains(name) && file.open(QIODevice::WriteOnly))
+                file.write(made.value(name));
+            else if (file.open(QIODevice::ReadOnly))
+                made.insert(name, file.readAll());
+        }
+    }
+
+    void make()
+    {
+        archive.build().addStandardCodes();
+        archive.build().addCompany(4, u"Edil Valle"_s, u"ATI"_s);
+        archive.execute(
+            ContractPath(archive.values()),
+            u"INSERT INTO UltimaPerVariante VALUES ('A1','Scavi',90000000),('B2','Ponti',NULL);"
+            "INSERT INTO SchedaProgetto (Voce, Stringa, Link) VALUES ('D0101','Edil Valle',4),"
+            "('M0097_1','Mandato nr.7 del 01/02/2020',NULL),"
+            "('M0097_2','Mandato nr. del __/__/____',NULL)"_s);
+        archive.execute(
+            LedgerPath(archive.values()),
+            u"INSERT INTO Fatture (AziProf, Npag, Creditore, Del, Importo, ImportoIVA, "
+            "AltriImporti01) VALUES ('A',1,'Edil Valle','2020-01-31',1000000,220000,77),"
+            "('P',2,'Ing. Po','2020-02-01',500000,110000,5000);"
+            "INSERT INTO Spese VALUES (1,'A1','Scavi',1220000),(2,'A1','Scavi',600000),"
+            "(2,'B2','Ponti',15000)"_s);
+    }
+
+    /** 'L' the ledger, 'C' the contract, 'A' the companies, 'K' the codes. */
+    QString path(QChar file) const
+    {
+        const ProgramValues &values = archive.values();
+        return file == u'L'   ? LedgerPath(values)
+               : file == u'C' ? ContractPath(values)
+               : file == u'A' ? CompaniesPath(values)
+                              : CodesPath(values);
+    }
+    QString folder() const { return MachinePath(ProjectFolder(archive.values())); }
+    Findings check() const { return VerifyProject(FilesOfProject(folder(), {})); }
+
+    TestArchive archive;
+};
+
+/** Places and beginnings of the problems, one a line. */
+QString summary(const Findings &findings)
+{
+    QStringList lines;
+    for (const Finding &finding : findings)
+        lines.append(finding.place + u": "_s + finding.problem.section(u' ', 0, 3));
+    return lines.join(u'\n');
+}
+
+/** Output and exit status of the program. */
+QString run(const QStringList &words)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(QString::fromLocal8Bit(VERIFY_PROGRAM), words);
+    if (!process.waitForFinished())
+        return u"did not end"_s;
+    return QString::number(process.exitCode()) + u' ' +
+           QString::fromUtf8(process.readAllStandardOutput());
+}
+
+/** Names, times and bytes of the files of a folder. */
+QStringList stateOf(const QString &folder)
+{
+    QStringList state;
+    for (const QFileInfo &info : QDir(folder).entryInfoList(QDir::Files, QDir::Name)) {
+        QFile file(info.filePath());
+        state += info.fileName() + info.lastModified().toString(Qt::ISODateWithMs) +
+                 (file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll().toHex())
+                                                 : u"unreadable"_s);
+    }
+    return state;
+}
+
+} // namespace
+
+class TestVerify : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void finds_data();
+    void finds();
+    void countsWhatTheScreensCannotHold();
+    void unreadableFilesAreFindings();
+    void tellsByItsExitStatusAndChangesNothing();
+    void setsAMissingValue_data();
+    void setsAMissingValue();
+    void leavesACopyThatIsWhole();
+};
+
+void TestVerify::finds_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("sql");
+    QTest::addColumn<QString>("found");
+    const auto add = [](const char *file, const char *sql, const char *found) {
+        QTest::newRow(sql) << QString::fromUtf8(file) << QString::fromUtf8(sql)
+                           << QString::fromUtf8(found);
+    };
+    add("L", "DELETE FROM Fatture WHERE Npag < 0", "");
+    add("L", "UPDATE Fatture SET Del = NULL WHERE Npag = 1",
+        "Pagamento 1 (riga 1, Edil Valle): manca il valore di");
+    add("L", "UPDATE Fatture SET Importo = NULL, ImportoIVA = NULL, Creditore = NULL WHERE Npag=2",
+        "Pagamento 2 (riga 2): manca il valore di\nPagamento 2 (riga 2): manca il valore di\n"
+        "Pagamento 2 (riga 2): manca il valore di");
+    add("L", "UPDATE Fatture SET Npag = NULL WHERE Npag = 2",
+        "Pagamento senza numero (riga 1, Ing. Po): manca il valore di\n"
+        "Conto di spesa alla riga 2 (pagamento 2, codice A1): non è di nessun\n"
+        "Conto di spesa alla riga 3 (pagamento 2, codice B2): non è di nessun\n"
+        "Mandato M0097_2: il pagamento 2 non");
+    add("L", "UPDATE Fatture SET AziProf = 'a' WHERE Npag = 1",
+        "Pagamento 1 (riga 1, Edil Valle): il tipo di creditore");
+    add("L", "INSERT INTO Fatture SELECT * FROM Fatture WHERE Npag = 2",
+        "Pagamento 2: il numero è usato");
+    add("L",
+        "UPDATE Fatture SET Npag = 3 WHERE Npag = 2; UPDATE Spese SET RelNpag = RelNpag + 1 "
+        "WHERE RelNpag = 2",
+        "Numero 2: nessun pagamento ha questi\n"
+        "Pagamento 3 (riga 2, Ing. Po): «Nuovo» userà il numero\n"
+        "Mandato M0097_2: il pagamento 2 non");
+    add("L", "UPDATE Fatture SET Importo = 9223372036854775807, ImportoIVA = 1 WHERE Npag = 1",
+        "Pagamento 1 (riga 1, Edil Valle): la somma degli importi\n"
+        "Pagamenti alle aziende: la somma supera il");
+    add("L", "UPDATE Fatture SET Importo = 'dieci', Del = 'ieri' WHERE Npag = 1",
+        "Pagamento 1 (riga 1, Edil Valle), Fatture.Del: il valore «ieri» non\n"
+        "Pagamento 1 (riga 1, Edil Valle), Fatture.Importo: il valore «dieci» non");
+    add("L",
+        "UPDATE Fatture SET NFat = '12345678901', Descrizione = 'a' || char(0) || 'b' "
+        "WHERE Npag = 1",
+        "Pagamento 1 (riga 1, Edil Valle), Fatture.NFat: il testo ha 11\n"
+        "Pagamento 1 (riga 1, Edil Valle), Fatture.Descrizione: il testo contiene caratteri");
+    add("L", "UPDATE Fatture SET ImportoIVA = 220049 WHERE Npag = 1", "");
+    add("L", "UPDATE Fatture SET ImportoIVA = 220050 WHERE Npag = 1",
+        "Pagamento 1 (riga 1, Edil Valle): i conti di spesa");
+    add("L", "UPDATE Fatture SET AltriImporti01 = 0 WHERE Npag = 2",
+        "Pagamento 2 (riga 2, Ing. Po): i conti di spesa");
+    add("L", "UPDATE Spese SET Importo = NULL WHERE Cod = 'B2'",
+        "Conto di spesa alla riga 3 (pagamento 2, codice B2): manca l'importo: il quadro");
+    add("L", "UPDATE Spese SET Cod = NULL, RelNpag = 2 WHERE Cod = 'B2'",
+        "Conto di spesa alla riga 3 (pagamento 2, codice mancante): manca il codice della");
+    add("L", "UPDATE Spese SET Cod = 'Z9' WHERE Cod = 'B2'",
+        "Conto di spesa alla riga 3 (pagamento 2, codice Z9): l'appalto non ha una");
+    add("L", "UPDATE Spese SET Cod = 'b2' WHERE Cod = 'B2'",
+        "Conto di spesa alla riga 3 (pagamento 2, codice b2): la voce dell'appalto si");
+    add("L", "UPDATE Spese SET Cod = 'A1' WHERE Cod = 'B2'",
+        "Conto di spesa alla riga 3 (pagamento 2, codice A1): il pagamento ha già");
+    add("C", "UPDATE UltimaPerVariante SET Descri = NULL WHERE Voce = 'B2'",
+        "Voce B2 (riga 2): manca la descrizione (Descri):");
+    add("C", "INSERT INTO UltimaPerVariante VALUES (NULL, 'x', 'y')",
+        "Voce senza codice (riga 1), UltimaPerVariante.Importo: il valore «y» non\n"
+        "Voce senza codice (riga 1): manca il codice (Voce):");
+    add("C", "INSERT INTO UltimaPerVariante VALUES ('a1', 'x', 1)",
+        "Voce a1 (riga 2): il codice è uguale,");
+    add("C", "INSERT INTO UltimaPerVariante VALUES ('D''4567', 'x', 1), (' E1', 'x', 1)",
+        "Voce  E1 (riga 1): il codice è vuoto\n"
+        "Voce D'4567 (riga 4): il codice contiene un\nVoce D'4567 (riga 4): il codice ha più");
+    add("C", "DROP TABLE UltimaPerVariante",
+        "Appalto.mdb, tabella UltimaPerVariante: Nell'archivio manca una tabella.");
+    add("C", "ALTER TABLE SchedaProgetto DROP COLUMN NomeFile",
+        "Appalto.mdb, tabella SchedaProgetto, campo NomeFile: Nella tabella manca un");
+    add("C", "UPDATE SchedaProgetto SET Voce = 'm0097_3', Stringa = 'pagato' WHERE Voce='M0097_2'",
+        "Mandato m0097_3: il pagamento 3 non\nMandato m0097_3: il testo «pagato» non");
+    add("C",
+        "UPDATE SchedaProgetto SET Voce = 'M0097_02', Stringa='Mandato nr.1 del 30/02/2020' "
+        "WHERE Voce = 'M0097_2'",
+        "Mandato M0097_02: il codice non finisce\n"
+        "Mandato M0097_02: il testo «Mandato nr.1");
+    add("C", "UPDATE SchedaProgetto SET Voce = 'M0097_2' WHERE Voce = 'M0097_1'",
+        "Mandato M0097_2: compare più volte: vale");
+    add("C", "UPDATE SchedaProgetto SET Link = NULL WHERE Voce = 'D0101'",
+        "Appaltatore (voce D0101): manca il collegamento (Link)");
+    add("C", "UPDATE SchedaProgetto SET Link = 0 WHERE Voce = 'D0101'",
+        "Appaltatore (voce D0101): non è collegato all'anagrafe");
+    add("C", "DELETE FROM SchedaProgetto WHERE Voce = 'D0101'",
+        "Appaltatore (voce D0101): la voce manca nella");
+    add("A", "UPDATE Anag SET ID = 5",
+        "Appaltatore (voce D0101): il collegamento porta all'impresa");
+    add("A", "DROP TABLE Manda", "AZIDB.mdb, tabella Manda: Nell'archivio manca una tabella.");
+    add("K", "DELETE FROM Funzioni WHERE CodInt = 'QS1P'", "Codice QS1P: manca nella tabella: la");
+    add("K", "UPDATE Funzioni SET CodExt = 'q0100' WHERE CodInt = 'P98P'",
+        "Codice P98P: ha lo stesso codice");
+    add("K", "INSERT INTO Funzioni VALUES ('qdp', 'ALTRO', 'x')",
+        "Codice QDP: compare 2 volte nella");
+    add("K", "UPDATE Funzioni SET CodExt = 'Q:1', Desc = NULL WHERE CodInt = 'P99'",
+        "Codice P99: il codice esterno «Q:1»\nCodice P99: non ha una descrizione:");
+    add("K", "UPDATE Funzioni SET CodExt = 'M*' WHERE CodInt = 'P97'",
+        "Codice P97: il codice esterno «M*»");
+    add("K", "UPDATE Funzioni SET CodExt = NULL WHERE CodInt = 'DA1'",
+        "Codice DA1: non ha un codice");
+}
+
+void TestVerify::finds()
+{
+    QFETCH(const QString, file);
+    QFETCH(const QString, sql);
+    const SoundProject project;
+    // A value that the engine would not take from the program may come from another one.
+    project.archive.execute(project.path(file.front()),
+                            u"PRAGMA ignore_check_constraints=1;"_s + sql);
+    QTEST(summary(project.check()), "found");
+}
+
+void TestVerify::countsWhatTheScreensCannotHold()
+{
+    const SoundProject project;
+    const QString numbers = u"WITH RECURSIVE n(i) AS (SELECT %1 UNION ALL SELECT i + 1 FROM n "
+                            "WHERE i < %2) INSERT INTO "_s;
+    project.archive.execute(project.path(u'C'),
+                            numbers.arg(3).arg(201) +
+                                u"UltimaPerVariante SELECT printf('%03d', i), 'x', 1 FROM n"_s);
+    const QString payments = u"Fatture (AziProf, Npag, Creditore, Del, Importo, ImportoIVA) "
+                             "SELECT 'a', i, 'x', '2020-01-01', 0, 0 FROM n"_s;
+    project.archive.execute(project.path(u'L'), numbers.arg(3).arg(32768) + payments);
+    project.archive.execute(project.path(u'L'),
+                            u"UPDATE Fatture SET AziProf = 'A' WHERE Npag > 2"_s);
+    QCOMPARE(summary(project.check()), QString());
+    project.archive.execute(project.path(u'C'),
+                            u"INSERT INTO UltimaPerVariante VALUES ('9', 'x', 1)"_s);
+    project.archive.execute(project.path(u'L'), numbers.arg(32769).arg(32769) + payments);
+    QCOMPARE(summary(project.check()),
+             u"Pagamento 32769 (riga 32769, x): il tipo di creditore\n"
+             "Pagamenti alle aziende: sono 32768, più dei\nElenco delle voci: le voci sono 202:"_s);
+}
+
+void TestVerify::unreadableFilesAreFindings()
+{
+    const SoundProject project;
+    QVERIFY(QFile::remove(MachinePath(project.path(u'A'))));
+    QFile codes(MachinePath(project.path(u'K')));
+    QVERIFY(codes.resize(0));
+    QFile contract(MachinePath(project.path(u'C')));
+    QVERIFY(contract.open(QIODevice::ReadWrite));
+    QVERIFY(contract.resize(contract.size() - 1024));
+    const QString found = summary(project.check());
+    QVERIFY2(found.startsWith(u"Appalto.mdb: "_s), qPrintable(found));
+    QVERIFY(found.contains(u"AZIDB.mdb: L'archivio non è stato\n"_s));
+    QVERIFY(found.contains(u"chiavi.mdb: Il file non è"_s));
+}
+
+void TestVerify::tellsByItsExitStatusAndChangesNothing()
+{
+    const SoundProject project;
+    const QString folder = project.folder();
+    QString otherCase = folder;
+    otherCase.replace(u"LAVORI"_s, u"Lavori"_s);
+    const QStringList before = stateOf(folder);
+    QCOMPARE(run({otherCase}), u"0 Nessun difetto trovato.\n"_s);
+    QCOMPARE(stateOf(folder), before);
+    // What a crash left behind is not put right, and not taken for sound either.
+    {
+        const QByteArray journal = QByteArray::fromHex("d9d505f920a163d7") +
+                                   QByteArray::fromHex("00000001000000010000000200000200") +
+                                   QByteArray::fromHex("00001000") + QByteArray(4096, 'x');
+        QFile file(folder + u"/Saldoro.mdb-journal"_s);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(journal) == journal.size());
+        file.close();
+        const QStringList crashed = stateOf(folder);
+        const QString output = run({folder});
+        QVERIFY2(output.startsWith(u"2 "_s) && output.contains(u"a metà"_s), qPrintable(output));
+        QCOMPARE(stateOf(folder), crashed);
+        QVERIFY(file.remove());
+    }
+    QVERIFY(run({u"--codici"_s, folder + u"/Altrove.mdb"_s, folder}).startsWith(u"1 Archivi\n"_s));
+    QVERIFY(run({folder + u"/manca"_s}).startsWith(u"2 "_s));
+    QVERIFY(run({}).startsWith(u"2 "_s));
+    QVERIFY(run({folder, folder}).startsWith(u"2 "_s));
+    QVERIFY(run({folder, u"--imposta"_s, u"1"_s, u"Del"_s}).startsWith(u"2 "_s));
+    QVERIFY(run({u"--aiuto"_s}).contains(u"--imposta PAGAMENTO CAMPO VALORE"_s));
+    QVERIFY(run({u"--versione"_s}).startsWith(u"0 saldoro-verifica 1."_s));
+}
+
+void TestVerify::setsAMissingValue_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QString>("stored");
+    const auto add = [](const char *words, const char *stored) {
+        QTest::newRow(words) << QString::fromUtf8(words) << QString::fromUtf8(stored);
+    };
+    add("3 del 5/3/2004", "2004-03-05|-|-");
+    add("3 Importo 1.234.567,8901", "-|12345678901|-");
+    add("3 IMPORTOIVA -0,5", "-|-|-5000");
+    add("3 Importo 922337203685477,5807", "-|9223372036854775807|-");
+    // Refused: nothing is set, no copy is made.
+    for (const char *words :
+         {"3 Importo 922337203685477,5808", "3 Importo 12.34", "3 Importo 1.23,4",
+          "3 Importo 1,23456", "3 Importo ", "3 Del 30/02/2004", "3 Del 5/3/04", "3 Npag 3",
+          "3x Del 05/03/2004", "7 Del 05/03/2004", "1 Del 05/03/2004", "4 Del 05/03/2004"})
+        add(words, "-|-|-");
+}
+
+void TestVerify::setsAMissingValue()
+{
+    QFETCH(const QString, words);
+    QFETCH(const QString, stored);
+    const SoundProject project;
+    project.archive.execute(project.path(u'L'),
+                            u"INSERT INTO Fatture (AziProf, Npag, Creditore) VALUES "
+                            "('P', 3, 'x'), ('P', 4, 'y'), ('A', 4, 'z')"_s);
+    const QStringList before = stateOf(project.folder());
+    const QString output =
+        run(QStringList{u"--imposta"_s} + words.split(u' ') + QStringList{project.folder()});
+    QCOMPARE(project.archive.ledgerRows(
+                 u"SELECT Del, Importo, ImportoIVA FROM Fatture WHERE Npag = 3"_s),
+             stored);
+    if (stored != "-|-|-"_L1) {
+        QVERIFY2(output.startsWith(u"1 Valori impostati: 1."_s), qPrintable(output));
+        return;
+    }
+    QVERIFY2(output.startsWith(u"2 "_s), qPrintable(output));
+    QCOMPARE(stateOf(project.folder()), before);
+}
+
+void TestVerify::leavesACopyThatIsWhole()
+{
+    const SoundProject project;
+    project.archive.execute(project.path(u'L'), u"UPDATE Fatture SET Del = NULL"_s);
+    const QString all = u"SELECT * FROM Fatture, Spese"_s;
+    const QString before = project.archive.ledgerRows(all);
+    const QString ledger = MachinePath(project.path(u'L'));
+    const QString first = SetMissingValues(ledger, {{1, u"Del"_s, QDate(2021, 2, 3)}});
+    const QString second = SetMissingValues(ledger, {{2, u"Del"_s, QDate(2021, 2, 4)}});
+    QVERIFY(first != second);
+    QCOMPARE(project.archive.rows(first, all), before);
+    QCOMPARE(project.archive.rows(second, u"SELECT Npag, Del FROM Fatture"_s),
+             u"1|2021-02-03\n2|-"_s);
+    QCOMPARE(summary(project.check()), QString());
+    // One that can't be set keeps all of them from being set.
+    project.archive.execute(project.path(u'L'), u"UPDATE Fatture SET Del = NULL WHERE Npag = 1"_s);
+    const QList<MissingValue> both = {{1, u"Del"_s, QDate(2021, 2, 3)},
+                                      {2, u"Del"_s, QDate(2021, 2, 4)}};
+    QVERIFY_THROWS_EXCEPTION(SaldoroError, SetMissingValues(ledger, both));
+    QCOMPARE(summary(project.check()), u"Pagamento 1 (riga 1, Edil Valle): manca il valore di"_s);
+}
+
+QTEST_GUILESS_MAIN(TestVerify)
+#include "test_verify.moc"
