@@ -1,13 +1,34 @@
-# The packages for Windows: a zip to unpack anywhere, and an installer that asks nothing but the
-# folder. Both hold the program and how to use it.
-install(TARGETS Saldoro RUNTIME DESTINATION . COMPONENT program)
+# What is delivered for Windows: a zip to unpack anywhere, made by cpack, and an installer, made by
+# makensis from the script that is prepared here. Both hold the programs and the manual.
+set(manual ${PROJECT_SOURCE_DIR}/docs/manuale)
+set(style ${PROJECT_SOURCE_DIR}/packaging/linux/manuale-stile.html)
+find_program(PANDOC_PROGRAM pandoc REQUIRED)
+file(GLOB pictures CONFIGURE_DEPENDS ${manual}/immagini/*)
+add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/manuale.html
+  COMMAND ${PANDOC_PROGRAM} --standalone --self-contained --toc --toc-depth=2 --metadata lang=it
+          --metadata pagetitle=Saldoro --variable toc-title=Indice --resource-path ${manual}
+          --include-in-header ${style} --output ${PROJECT_BINARY_DIR}/manuale.html
+          ${manual}/manuale.md
+  DEPENDS ${manual}/manuale.md ${style} ${pictures}
+  VERBATIM)
+add_custom_target(windows_manual ALL DEPENDS ${PROJECT_BINARY_DIR}/manuale.html)
 
+install(TARGETS Saldoro saldoro-verifica RUNTIME DESTINATION .)
+install(FILES ${PROJECT_BINARY_DIR}/manuale.html DESTINATION .)
+
+set(delivered Saldoro-${PROJECT_VERSION}-win64)
+set(SALDORO_PROGRAM ${PROJECT_BINARY_DIR}/src/app/Saldoro.exe)
+set(SALDORO_CHECKER ${PROJECT_BINARY_DIR}/src/verify/saldoro-verifica.exe)
+set(SALDORO_MANUAL ${PROJECT_BINARY_DIR}/manuale.html)
+set(SALDORO_ICON ${PROJECT_SOURCE_DIR}/packaging/saldoro.ico)
+set(SALDORO_INSTALLER ${PROJECT_BINARY_DIR}/${delivered}-installa.exe)
+configure_file(${PROJECT_SOURCE_DIR}/packaging/windows/installer.nsi.in
+  ${PROJECT_BINARY_DIR}/installer.nsi @ONLY)
+
+set(CPACK_GENERATOR ZIP)
 set(CPACK_PACKAGE_NAME Saldoro)
 set(CPACK_PACKAGE_VENDOR Saldoro)
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
-set(CPACK_PACKAGE_FILE_NAME "Saldoro-${PROJECT_VERSION}-win64")
-set(CPACK_PACKAGE_INSTALL_DIRECTORY Saldoro)
-set(CPACK_COMPONENTS_ALL program)
-set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+set(CPACK_PACKAGE_FILE_NAME ${delivered})
 include(CPack)

@@ -18,14 +18,12 @@ class TestFlexGrid : public QObject
 private slots:
     void keys_data();
     void keys();
-    void tabLeavesTheGrid();
     void emptyGridTakesTheFocus();
     void activation();
     void doubleClick();
     void clicksKeepOneRowSelected();
     void tableMovesTheView();
     void columnsGrow();
-    void currentCellIsWhereItIsDrawn();
     void manyRows();
 
 private:
@@ -119,17 +117,6 @@ void TestFlexGrid::keys()
     QTEST(state(), "wanted");
     const QRect current = m_grid->visualRect(m_grid->currentIndex());
     QVERIFY(m_grid->viewport()->rect().contains(current.center()));
-}
-
-void TestFlexGrid::tabLeavesTheGrid()
-{
-    open(FlexGrid::Selection::Cell, 3);
-    QTest::keyClick(m_grid, Qt::Key_Tab);
-    QVERIFY(m_after->hasFocus());
-    QTest::keyClick(m_after, Qt::Key_Backtab, Qt::ShiftModifier);
-    QVERIFY(m_grid->hasFocus());
-    QTest::keyClick(m_grid, Qt::Key_Backtab, Qt::ShiftModifier);
-    QVERIFY(m_before->hasFocus());
 }
 
 void TestFlexGrid::emptyGridTakesTheFocus()
@@ -238,18 +225,6 @@ void TestFlexGrid::columnsGrow()
     m_grid->setFont(larger);
     QVERIFY(m_grid->columnWidth(2) > m_grid->fontMetrics().horizontalAdvance(amount) + 6);
     QVERIFY(m_grid->rowHeight(0) > 2 * rowHeight);
-}
-
-void TestFlexGrid::currentCellIsWhereItIsDrawn()
-{
-    open(FlexGrid::Selection::Cell, 200);
-    m_grid->table().setColumn(2);
-    m_grid->table().setRow(120);
-    const QRect cell = m_grid->currentCellRect();
-    const QPoint inViewport = m_grid->viewport()->mapFrom(m_grid, cell.center());
-    QCOMPARE(m_grid->indexAt(inViewport), m_grid->model()->index(119, 2));
-    QCOMPARE(cell.width() + 1, m_grid->columnWidth(2));
-    QVERIFY(m_grid->rect().contains(cell));
 }
 
 void TestFlexGrid::manyRows()

@@ -7,26 +7,50 @@
 #include <QProcess>
 
 #ifdef Q_OS_WIN
+#include <QDir>
+
+#include <string>
 #include <windows.h>
 #endif
 
 namespace saldoro {
 
+#ifdef Q_OS_WIN
+namespace {
+
+/** The toolkit's own joining would put two blanks behind the program and quotes around arguments.
+ */
+std::wstring wholeCommandLine(const QString &program, const QStringList &arguments)
+{
+    const QString path = QDir::toNativeSeparators(MachinePath(program));
+    const QString name = path.contains(u' ') ? u'"' + path + u'"' : path;
+    return (QStringList(name) + arguments).join(u' ').toStdWString();
+}
+
+} // namespace
+
+bool StartDetached(const QString &program, const QStringList &arguments)
+{
+    std::wstring commandLine = wholeCommandLine(program, arguments);
+    QProcess process;
+    process.setProgram(MachinePath(program));
+    process.setCreateProcessArgumentsModifier(
+        [&commandLine](QProcess::CreateProcessArguments *start) {
+            start->arguments = commandLine.data();
+            start->startupInfo->dwFlags |= STARTF_USESHOWWINDOW;
+            start->startupInfo->wShowWindow = SW_SHOWNORMAL;
+        });
+    return process.startDetached();
+}
+#else
 bool StartDetached(const QString &program, const QStringList &arguments)
 {
     QProcess process;
     process.setProgram(MachinePath(program));
-#ifdef Q_OS_WIN
-    process.setNativeArguments(arguments.join(u' '));
-    process.setCreateProcessArgumentsModifier([](QProcess::CreateProcessArguments *start) {
-        start->startupInfo->dwFlags |= STARTF_USESHOWWINDOW;
-        start->startupInfo->wShowWindow = SW_SHOWNORMAL;
-    });
-#else
     process.setArguments(arguments);
-#endif
     return process.startDetached();
 }
+#endif
 
 #ifdef Q_OS_WIN
 // The system's own text, since the separate arguments have lost their blanks and quotes.
