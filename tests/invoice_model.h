@@ -7,6 +7,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 /** What the databases must hold, as text. */
 struct Books
 {
@@ -31,29 +33,27 @@ struct Books
         for (const Row &payment : payments) {
             QStringList cells;
             for (const QString &column : columns())
-                cells += payment.value(column, QStringLiteral("-"));
+                cells += payment.value(column, u"-"_s);
             lines += cells.join(u'|');
         }
         for (const QStringList &row : allocations)
             lines += row.join(u'|');
         for (auto note = notes.cbegin(); note != notes.cend(); ++note)
-            lines += QStringLiteral("M0097_%1|Pag. N.%1 - %2|Mandato nr.%3 del %4")
-                         .arg(note.key())
+            lines += u"M0097_%1|Pag. N.%1 - %2|Mandato nr.%3 del %4"_s.arg(note.key())
                          .arg(note->at(0), note->at(1), note->at(2));
         return lines.join(u'\n');
     }
 
     static QString read(const TestArchive &archive)
     {
-        const QString payments = QStringLiteral("SELECT %1 FROM Fatture ORDER BY rowid")
-                                     .arg(columns().join(u','))
-                                     .replace(QStringLiteral("Del,"),
-                                              QStringLiteral("coalesce(strftime('%d/%m/%Y', Del), "
-                                                             "'__/__/____'),"));
+        const QString payments =
+            u"SELECT %1 FROM Fatture ORDER BY rowid"_s.arg(columns().join(u','))
+                .replace(u"Del,"_s, u"coalesce(strftime('%d/%m/%Y', Del), "
+                                    "'__/__/____'),"_s);
         QStringList parts{archive.ledgerRows(payments),
-                          archive.ledgerRows(QStringLiteral("SELECT * FROM Spese ORDER BY rowid")),
-                          archive.contractRows(QStringLiteral(
-                              "SELECT Voce, Descri, Stringa FROM SchedaProgetto ORDER BY Voce"))};
+                          archive.ledgerRows(u"SELECT * FROM Spese ORDER BY rowid"_s),
+                          archive.contractRows(
+                              u"SELECT Voce, Descri, Stringa FROM SchedaProgetto ORDER BY Voce"_s)};
         parts.removeAll(QString());
         return parts.join(u'\n');
     }
@@ -61,10 +61,9 @@ struct Books
 private:
     static QStringList columns()
     {
-        return QStringLiteral("AziProf Npag Creditore NFat Del Descrizione Memo Aliquota Importo "
-                              "ImportoIVA AliquotaRA ImportoPrest Contributo CassaPrev ImportoRA "
-                              "AltriImporti01")
-            .split(u' ');
+        return u"AziProf Npag Creditore NFat Del Descrizione Memo Aliquota Importo "
+               "ImportoIVA AliquotaRA ImportoPrest Contributo CassaPrev ImportoRA "
+               "AltriImporti01"_s.split(u' ');
     }
 };
 
@@ -106,36 +105,31 @@ inline FormModel::FormModel(CreditorKind kind, qint32 paymentNumber, const Books
     , m_kind(kind == CreditorKind::Company ? u'A' : u'P')
 {
     const bool company = kind == CreditorKind::Company;
-    const QString date = company ? QStringLiteral("MaskEdBox1_0") : QStringLiteral("MaskEdBox1");
-    const QString amountOrder =
-        company ? QStringLiteral("Text2_0 Text2_1 Text2_2")
-                : QStringLiteral("Text4_0 Text4_1 Text4_2 Text2_0 Text2_1 Text2_2 Text2_5 "
-                                 "Text2_3 Text5_0 Text5_1 Text5_2");
-    amountNames = amountOrder.split(u' ')
-                  << (company ? QStringLiteral("Text2_3") : QStringLiteral("Text2_4"));
-    order = QStringLiteral("Text1_0 Command5 Text1_1 %1 Text1_3 %2 Mandato MandatoDell Memo "
-                           "MSFlexGrid1")
-                .arg(date, amountOrder)
+    const QString date = company ? u"MaskEdBox1_0"_s : u"MaskEdBox1"_s;
+    const QString amountOrder = company
+                                    ? u"Text2_0 Text2_1 Text2_2"_s
+                                    : u"Text4_0 Text4_1 Text4_2 Text2_0 Text2_1 Text2_2 Text2_5 "
+                                      "Text2_3 Text5_0 Text5_1 Text5_2"_s;
+    amountNames = amountOrder.split(u' ') << (company ? u"Text2_3"_s : u"Text2_4"_s);
+    order = u"Text1_0 Command5 Text1_1 %1 Text1_3 %2 Mandato MandatoDell Memo "
+            "MSFlexGrid1"_s.arg(date, amountOrder)
                 .split(u' ');
-    QString columns = QStringLiteral("Text1_0=Creditore Text1_1=NFat %1=Del Text1_3=Descrizione "
-                                     "Memo=Memo Text2_1=Aliquota Text2_0=Importo "
-                                     "Text2_2=ImportoIVA ")
-                          .arg(date);
+    QString columns = u"Text1_0=Creditore Text1_1=NFat %1=Del Text1_3=Descrizione "
+                      "Memo=Memo Text2_1=Aliquota Text2_0=Importo "
+                      "Text2_2=ImportoIVA "_s.arg(date);
     if (!company)
-        columns += QStringLiteral("Text5_0=AliquotaRA Text4_0=ImportoPrest Text4_1=Contributo "
-                                  "Text4_2=CassaPrev Text5_1=ImportoRA Text2_5=AltriImporti01");
+        columns += u"Text5_0=AliquotaRA Text4_0=ImportoPrest Text4_1=Contributo "
+                   "Text4_2=CassaPrev Text5_1=ImportoRA Text2_5=AltriImporti01"_s;
     for (const QString &pair : columns.split(u' ', Qt::SkipEmptyParts))
         m_columns.append({pair.section(u'=', 0, 0), pair.section(u'=', 1)});
 
-    const QString mask = QStringLiteral("__/__/____");
-    texts = {{QStringLiteral("Text1_0"), {}}, {QStringLiteral("Text1_1"), {}},
-             {QStringLiteral("Text1_3"), {}}, {date, mask},
-             {QStringLiteral("Mandato"), {}}, {QStringLiteral("MandatoDell"), mask},
-             {QStringLiteral("Memo"), {}}};
+    const QString mask = u"__/__/____"_s;
+    texts = {{u"Text1_0"_s, {}}, {u"Text1_1"_s, {}},       {u"Text1_3"_s, {}}, {date, mask},
+             {u"Mandato"_s, {}}, {u"MandatoDell"_s, mask}, {u"Memo"_s, {}}};
     if (!books.payments.isEmpty())
-        texts[QStringLiteral("Memo")] = books.payments.last()[QStringLiteral("Memo")];
+        texts[u"Memo"_s] = books.payments.last()[u"Memo"_s];
     for (const Books::Row &payment : books.payments) {
-        if (payment[QStringLiteral("Npag")].toInt() != number)
+        if (payment[u"Npag"_s].toInt() != number)
             continue;
         const auto stored = [&payment](const char *column) {
             return payment[QString::fromLatin1(column)].toLongLong();
@@ -150,10 +144,10 @@ inline FormModel::FormModel(CreditorKind kind, qint32 paymentNumber, const Books
         }
         const qint64 total =
             stored("Importo") + stored("ImportoIVA") + (company ? 0 : stored("AltriImporti01"));
-        amounts.text(QStringLiteral("Text2_3")) = AmountOracle::shown(total);
-        amounts.text(QStringLiteral("Text5_2")) = AmountOracle::shown(total - stored("ImportoRA"));
-        amounts.text(QStringLiteral("Text2_4")) = AmountOracle::shown(
-            amounts.value(QStringLiteral("Text4_0")) + amounts.value(QStringLiteral("Text4_1")));
+        amounts.text(u"Text2_3"_s) = AmountOracle::shown(total);
+        amounts.text(u"Text5_2"_s) = AmountOracle::shown(total - stored("ImportoRA"));
+        amounts.text(u"Text2_4"_s) =
+            AmountOracle::shown(amounts.value(u"Text4_0"_s) + amounts.value(u"Text4_1"_s));
         break;
     }
     for (const QStringList &stored : books.allocations) {
@@ -162,16 +156,16 @@ inline FormModel::FormModel(CreditorKind kind, qint32 paymentNumber, const Books
     }
     row = static_cast<int>(rows.size());
     if (const auto note = books.notes.constFind(number); note != books.notes.cend()) {
-        texts[QStringLiteral("Mandato")] = note->at(1);
-        texts[QStringLiteral("MandatoDell")] = note->at(2);
+        texts[u"Mandato"_s] = note->at(1);
+        texts[u"MandatoDell"_s] = note->at(2);
     }
 }
 
 inline void FormModel::saveTo(Books &books) const
 {
     const QString numberText = QString::number(number);
-    const QString kindColumn = QStringLiteral("AziProf");
-    const QString numberColumn = QStringLiteral("Npag");
+    const QString kindColumn = u"AziProf"_s;
+    const QString numberColumn = u"Npag"_s;
     auto payment =
         std::find_if(books.payments.begin(), books.payments.end(), [&](const Books::Row &stored) {
             return stored[numberColumn] == numberText && stored[kindColumn] == m_kind;
@@ -192,8 +186,7 @@ inline void FormModel::saveTo(Books &books) const
         }
         (*stored)[3] = QString::number(AmountOracle::shownValue(cells.at(2)));
     }
-    books.notes[number] = {texts[QStringLiteral("Text1_0")], texts[QStringLiteral("Mandato")],
-                           texts[QStringLiteral("MandatoDell")]};
+    books.notes[number] = {texts[u"Text1_0"_s], texts[u"Mandato"_s], texts[u"MandatoDell"_s]};
 }
 
 } // namespace saldoro

@@ -267,8 +267,10 @@ void TestInvoiceSessions::finish()
         m_messages += u"Gli importi non coincidono continuare ? "_s;
     d.press(Qt::Key_Return);
     const bool stays = differs && d.answer == MessageAnswer::No;
-    if (!stays)
+    if (!stays) {
         m->saveTo(m_books);
+        QVERIFY(m_books.print().contains(d.values.MandateText));
+    }
     QCOMPARE(d.messages, m_messages);
     QCOMPARE(d.form->isVisible(), stays);
 }

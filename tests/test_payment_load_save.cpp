@@ -106,57 +106,13 @@ class TestPaymentLoadSave : public QObject
     Q_OBJECT
 
 private slots:
-    void professionalRoundTrip();
-    void nothingTypedStoresNulls();
     void failuresLeaveWhatWasWritten();
-    void newPaymentTakesLastNotes();
     void nullsShowEmpty();
     void rowsWithoutCodeAreNotDoubled();
     void mandateNotes();
     void contractor();
     void creditorLists();
 };
-
-void TestPaymentLoadSave::professionalRoundTrip()
-{
-    TestArchive archive;
-    archive.build().addStandardCodes();
-    ProgramValues values = archive.values();
-    values.CurrentPaymentNumber = 99; // another form's business
-    Form form = feeNote();
-    SavePagamento(values, 3, form.record, *form.amounts, form.grid);
-    SavePagamento(values, 3, form.record, *form.amounts, form.grid);
-
-    const QString payment =
-        u"P|3|Studio dell'Orto|7/B|2004-03-05|riga 1\nriga 2|Secondo acconto|"
-        "225000|12729600|2864200|200000|12000000|480000|249600|2496000|105000"_s;
-    QCOMPARE(archive.ledgerRows(PaymentsSql), payment);
-    QCOMPARE(archive.ledgerRows(AllocationsSql),
-             u"3|B1|Scavi|10000000\n3|L'8|%1|5698800"_s.arg(QString(50, u'ò')));
-    QCOMPARE(archive.contractRows(NotesSql),
-             u"M0097_3|0|Pag. N.3 - Studio dell'Orto|Mandato nr.31 del 09/04/2004"_s);
-    QCOMPARE(values.MandateText, u"Mandato nr.31 del 09/04/2004"_s);
-
-    Form again(CreditorKind::Professional, archive, 3);
-    QCOMPARE(again.state(), form.state().replace(QString(60, u'ò'), QString(50, u'ò')));
-    QCOMPARE(again.grid.row(), 2);
-}
-
-void TestPaymentLoadSave::nothingTypedStoresNulls()
-{
-    TestArchive archive;
-    ProgramValues values = archive.values();
-    Form form(CreditorKind::Professional);
-    form.addRow(u"B1"_s, QString(), QString());
-    SavePagamento(values, 1, form.record, *form.amounts, form.grid);
-    QCOMPARE(archive.ledgerRows(PaymentsSql), u"P|1|-||-|||0|0|0|0|0|0|0|0|0"_s);
-    QCOMPARE(archive.ledgerRows(AllocationsSql), u"1|B1|-|0"_s);
-    // Without a mapped code the note's key has nothing before the number.
-    QCOMPARE(archive.contractRows(NotesSql), u"_1|0|Pag. N.1 - |Mandato nr. del __/__/____"_s);
-    QCOMPARE(Form(CreditorKind::Professional, archive, 1).state(),
-             u"||__/__/____||||__/__/____\n"
-             "0,00|0,00|0,00|0,00|0|0,00|0,00|0,00|0,00|0|0,00|0,00|\nB1||0,00"_s);
-}
 
 void TestPaymentLoadSave::failuresLeaveWhatWasWritten()
 {
@@ -175,27 +131,6 @@ void TestPaymentLoadSave::failuresLeaveWhatWasWritten()
     QCOMPARE(archive.ledgerRows(u"SELECT Cod FROM Spese"_s), u"B1\nL'8"_s);
     QCOMPARE(archive.contractRows(NotesSql), QString());
     QCOMPARE(values.MandateText, QString());
-}
-
-void TestPaymentLoadSave::newPaymentTakesLastNotes()
-{
-    TestArchive archive;
-    const QString blank = u"||__/__/____||%1||__/__/____\n||||"_s;
-    QCOMPARE(Form(CreditorKind::Company, archive, 1).state(), blank.arg(QString()));
-    archive.build().addPayment({{u"Npag"_s, 9}, {u"Memo"_s, u"prima"_s}});
-    archive.build().addPayment({{u"Npag"_s, 8}, {u"Memo"_s, u"ultima\nriga"_s}});
-    archive.build().addAllocation(10, u"B1"_s, u"rimasta"_s, Currency::fromScaled(5));
-    QCOMPARE(Form(CreditorKind::Company, archive, 11).state(), blank.arg(u"ultima\nriga"_s));
-    QCOMPARE(Form(CreditorKind::Company, archive, 10).state(),
-             blank.arg(u"ultima\nriga"_s) + u"\nB1|rimasta|0,00"_s);
-
-    // A company's form starts with the contractor, which only a stored payment replaces.
-    for (const qint32 number : {9, 12}) {
-        Form form(CreditorKind::Company);
-        form.record.creditore = u"Appaltatore"_s;
-        LoadPagamento(archive.values(), number, form.record, *form.amounts, form.grid);
-        QCOMPARE(form.record.creditore, number == 12 ? u"Appaltatore"_s : QString());
-    }
 }
 
 void TestPaymentLoadSave::nullsShowEmpty()
