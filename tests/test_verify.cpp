@@ -84,7 +84,7 @@ QString run(const QStringList &words)
     if (!process.waitForFinished())
         return u"did not end"_s;
     return QString::number(process.exitCode()) + u' ' +
-           QString::fromUtf8(process.readAllStandardOutput());
+           QString::fromUtf8(process.readAllStandardOutput().replace("\r\n", "\n"));
 }
 
 /** Names, times and bytes of the files of a folder. */
