@@ -50,12 +50,6 @@ struct Form
         grid.setText(row, 2, amount);
     }
 
-    void setAmounts(const QStringList &texts)
-    {
-        for (int position = 0; position < texts.size(); ++position)
-            amounts->setText(position, texts[position]);
-    }
-
     /** Texts, amounts, then a line for each allocation. */
     QString state() const
     {
@@ -75,19 +69,6 @@ struct Form
 const QString PaymentsSql = u"SELECT * FROM Fatture ORDER BY rowid"_s;
 const QString AllocationsSql = u"SELECT * FROM Spese ORDER BY rowid"_s;
 const QString NotesSql = u"SELECT Voce, Funzione, Descri, Stringa FROM SchedaProgetto"_s;
-
-Form feeNote()
-{
-    Form form(CreditorKind::Professional);
-    form.record = {u"Studio dell'Orto"_s, u"7/B"_s, u"05/03/2004"_s, u"Secondo acconto"_s,
-                   u"riga 1\nriga 2"_s,   u"31"_s,  u"09/04/2004"_s};
-    form.setAmounts({u"1.200,00"_s, u"48,00"_s, u"24,96"_s, u"1.272,96"_s, u"22.5"_s, u"286,42"_s,
-                     u"10,50"_s, u"1.569,88"_s, u"1.248,00"_s, u"20"_s, u"249,60"_s,
-                     u"1.320,28"_s});
-    form.addRow(u"B1"_s, u"Scavi"_s, u"1.000,00"_s);
-    form.addRow(u"L'8"_s, QString(60, u'ò'), u"569,88"_s);
-    return form;
-}
 
 DatabaseFault faultOf(const std::function<void()> &action)
 {
@@ -118,7 +99,10 @@ void TestPaymentLoadSave::failuresLeaveWhatWasWritten()
 {
     TestArchive archive;
     ProgramValues values = archive.values();
-    Form form = feeNote();
+    Form form(CreditorKind::Professional);
+    form.amounts->setText(ProfessionalAmounts::AliquotaIva, u"22.5"_s);
+    form.addRow(u"B1"_s, u"Scavi"_s, u"1.000,00"_s);
+    form.addRow(u"L'8"_s, QString(60, u'ò'), QString());
     const auto save = [&] { SavePagamento(values, 1, form.record, *form.amounts, form.grid); };
     form.record.creditore = QString(61, u'x');
     QCOMPARE(faultOf(save), DatabaseFault::FieldTooSmall);
@@ -127,8 +111,9 @@ void TestPaymentLoadSave::failuresLeaveWhatWasWritten()
     form.record.creditore = QString(60, u'x');
     form.addRow(u"12345678901"_s, u"Codice lungo"_s, u"1,00"_s);
     QCOMPARE(faultOf(save), DatabaseFault::FieldTooSmall);
-    QCOMPARE(archive.ledgerRows(u"SELECT Creditore FROM Fatture"_s), QString(60, u'x'));
-    QCOMPARE(archive.ledgerRows(u"SELECT Cod FROM Spese"_s), u"B1\nL'8"_s);
+    QCOMPARE(archive.ledgerRows(u"SELECT Creditore, Aliquota FROM Fatture"_s),
+             QString(60, u'x') + u"|225000"_s);
+    QCOMPARE(archive.ledgerRows(u"SELECT Cod, Importo FROM Spese"_s), u"B1|10000000\nL'8|0"_s);
     QCOMPARE(archive.contractRows(NotesSql), QString());
     QCOMPARE(values.MandateText, QString());
 }
