@@ -81,6 +81,14 @@ void FrmNuovaFattura::closeEvent(QCloseEvent *event)
     event->setAccepted(m_answered || IsEnding());
 }
 
+// Some window managers offer to put it away all the same, while the main form is out of use.
+void FrmNuovaFattura::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange && isMinimized())
+        showNormal();
+}
+
 void FrmNuovaFattura::proceed()
 {
     setEnabled(false);
