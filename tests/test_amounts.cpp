@@ -57,7 +57,6 @@ private slots:
     void readsAmounts();
     void leadingNumber_data();
     void leadingNumber();
-    void shownAmountsReadBack();
     void currencyBounds();
     void doublesRoundTiesToEven();
     void rateTexts();
@@ -104,6 +103,9 @@ void TestAmounts::formatAgreesWithDecimalText()
     for (int round = 0; round < 20'000; ++round) {
         const qint64 scaled = static_cast<qint64>(random()) >> (random() % 63);
         QCOMPARE(FormatImporto(Currency::fromScaled(scaled)), slowFormat(scaled));
+        // A double holds the cents of amounts up to some billions.
+        const Currency cents = Currency::fromScaled(scaled % 10'000'000'000'000 / 100 * 100);
+        QCOMPARE(ImportoDaTesto(FormatImporto(cents)).scaled(), cents.scaled());
     }
 }
 
@@ -175,17 +177,6 @@ void TestAmounts::leadingNumber()
 {
     QFETCH(QString, text);
     QTEST(LeadingNumber(text), "value");
-}
-
-void TestAmounts::shownAmountsReadBack()
-{
-    std::mt19937_64 random(7);
-    for (int round = 0; round < 20'000; ++round) {
-        // Whole cents whose plain form a double holds exactly enough.
-        const qint64 cents = static_cast<qint64>(random() % 2'000'000'000'000) - 1'000'000'000'000;
-        const Currency amount = Currency::fromScaled(cents * 100);
-        QCOMPARE(ImportoDaTesto(FormatImporto(amount)).scaled(), amount.scaled());
-    }
 }
 
 void TestAmounts::currencyBounds()
