@@ -95,8 +95,8 @@ fi
 printf 'Avvio di Saldoro sul progetto %s.\n' "$project"
 "$build/src/app/Saldoro" "TUSMQDE7W$project"
 status=$?
-if [ "$status" -ge 128 ]; then
-    # The toolkit gives up in this way when the display does not answer.
+if [ "$status" -eq 134 ]; then
+    # Aborted: the way the toolkit gives up when the display does not answer.
     printf 'Lo schermo non risponde (uscita %s): le finestre vengono aperte fuori video.\n\n' "$status"
     tour
 elif [ "$status" -ne 0 ]; then
