@@ -112,7 +112,7 @@ void FillProject(TestArchive &archive, int payments)
     build.addStandardCodes();
     for (int item = 1; item <= 12; ++item)
         build.addBudgetItem(u"A%1"_s.arg(item), u"Voce di spesa numero %1 à è"_s.arg(item),
-                            Currency::fromWhole(10000 * item));
+                            Currency::fromWhole(qint64{10000} * item));
     build.addSheetItem({{u"Voce"_s, u"D0101"_s}, {u"Stringa"_s, u"Édil D'Arco"_s}, {u"Link"_s, 7}});
     build.addCompany(7, u"Édil D'Arco"_s, u"ATI"_s);
     build.addParticipant(1, 7);
@@ -128,7 +128,7 @@ void FillProject(TestArchive &archive, int payments)
         build.addPayment(fields);
         for (int item = 1; item <= 4; ++item)
             build.addAllocation(number, u"A%1"_s.arg(item), u"Voce di spesa"_s,
-                                Currency::fromWhole(10 * item + number));
+                                Currency::fromWhole(qint64{10} * item + number));
         build.addSheetItem({{u"Voce"_s, u"M0097_%1"_s.arg(number)},
                             {u"Stringa"_s, u"Mandato nr.5 del 01/02/2021"_s}});
     }

@@ -3,9 +3,8 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QJsonDocument>
-#include <QMap>
 
-#include <cerrno>
+#include <array>
 #include <csignal>
 #include <fcntl.h>
 #include <poll.h>
@@ -22,21 +21,103 @@ namespace {
 
 const QString startOfRun = u"start"_s;
 
-/** Longest silence of a player that is not stuck. */
+/** Longest run of a player that is not stuck. */
 constexpr qint64 patienceMicroseconds = 60'000'000;
 
-/** Waits for output until @p deadline; false when there is none by then. */
-bool waitForOutput(int pipe, const QElapsedTimer &clock, qint64 deadline)
-{
-    const qint64 left = deadline - clock.nsecsElapsed() / 1000;
-    if (left <= 0)
-        return false;
-    pollfd wanted{pipe, POLLIN, 0};
-    const timespec time{left / 1'000'000, left % 1'000'000 * 1000};
-    return ppoll(&wanted, 1, &time, nullptr) > 0;
-}
+/** How long a step takes as long as none of its kind has been seen. */
+constexpr qint64 firstGuess = 60'000;
 
 } // namespace
+
+/** Listens to one run of the player, and learns from what it says when to kill it. */
+class PlayerProcess::Watch
+{
+public:
+    Watch(int pipe, const KillPlan &plan, QMap<QString, qint64> &usual)
+        : m_pipe(pipe)
+        , m_plan(plan)
+        , m_usual(usual)
+    {
+        m_clock.start();
+        if (plan.step == KillPlan::FromStart)
+            plant(4 * m_usual.value(startOfRun, firstGuess)); // up to the first steps
+    }
+
+    /** Until the time has come, or the player has gone by itself: then false. */
+    bool listen()
+    {
+        bool more = true;
+        while (more && waitForOutput())
+            more = read();
+        return more;
+    }
+    /** Takes what the player had said by its end. */
+    void drain()
+    {
+        while (read()) {
+        }
+    }
+    /** Whether the time was chosen, and not just too long in coming. */
+    bool isPlanned() const { return m_planned; }
+    const QList<QJsonObject> &lines() const { return m_lines; }
+
+private:
+    qint64 now() const { return m_clock.nsecsElapsed() / 1000; }
+
+    /** The kill falls into the given time from now. */
+    void plant(qint64 usual)
+    {
+        m_deadline = now() + static_cast<qint64>(m_plan.share * static_cast<double>(usual));
+        m_planned = true;
+    }
+
+    bool waitForOutput() const
+    {
+        const qint64 left = m_deadline - now();
+        if (left <= 0)
+            return false;
+        pollfd wanted{m_pipe, POLLIN, 0};
+        const timespec time{left / 1'000'000, left % 1'000'000 * 1000};
+        return ppoll(&wanted, 1, &time, nullptr) > 0;
+    }
+
+    bool read()
+    {
+        std::array<char, 65536> buffer{};
+        const ssize_t size = ::read(m_pipe, buffer.data(), buffer.size());
+        if (size > 0)
+            m_text.append(buffer.data(), size);
+        for (qsizetype end = 0; (end = m_text.indexOf('\n')) >= 0; m_text.remove(0, end + 1))
+            take(QJsonDocument::fromJson(m_text.first(end)).object());
+        return size > 0;
+    }
+
+    void take(const QJsonObject &line)
+    {
+        m_lines += line;
+        if (line.contains(u"step")) {
+            m_begun = now();
+            m_step = line[u"step"].toString();
+            if (m_announced++ == m_plan.step)
+                plant(m_usual.value(m_step, firstGuess));
+        } else {
+            const qint64 took = now() - m_begun;
+            m_usual[m_step] = (3 * m_usual.value(m_step, took) + took) / 4;
+        }
+    }
+
+    int m_pipe;
+    KillPlan m_plan;
+    QMap<QString, qint64> &m_usual;
+    QElapsedTimer m_clock;
+    qint64 m_deadline = patienceMicroseconds;
+    bool m_planned = false;
+    int m_announced = 0;
+    qint64 m_begun = 0;
+    QString m_step = startOfRun;
+    QByteArray m_text;
+    QList<QJsonObject> m_lines;
+};
 
 PlayerProcess::PlayerProcess(QString settings, QString projectCode)
     : m_settings(std::move(settings))
@@ -45,7 +126,7 @@ PlayerProcess::PlayerProcess(QString settings, QString projectCode)
 }
 
 /** The reading end of the player's output. */
-int PlayerProcess::start(quint32 seed, int steps, qint64 &pid) const
+int PlayerProcess::start(quint32 seed, int steps)
 {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0)
@@ -56,8 +137,8 @@ int PlayerProcess::start(quint32 seed, int steps, qint64 &pid) const
     const QByteArray stepText = QByteArray::number(steps);
     const QByteArray tail = (u"TUSMQDE7W"_s + m_projectCode).toLocal8Bit();
     qputenv("XDG_CONFIG_HOME", m_settings.toLocal8Bit());
-    pid = ::fork();
-    if (pid == 0) {
+    m_process = ::fork();
+    if (m_process == 0) {
         ::dup2(ends[1], STDOUT_FILENO);
         ::execl(program.constData(), program.constData(), seedText.constData(),
                 stepText.constData(), tail.constData(), nullptr);
@@ -67,75 +148,36 @@ int PlayerProcess::start(quint32 seed, int steps, qint64 &pid) const
     return ends[0];
 }
 
-qint64 PlayerProcess::usualMicroseconds(const QString &step) const
-{
-    return m_usual.value(step, 60'000);
-}
-
 PlayerRun PlayerProcess::run(quint32 seed, int steps, const KillPlan &plan)
 {
+    const int pipe = start(seed, steps);
+    Watch watch(pipe, plan, m_usual);
     PlayerRun result;
-    qint64 pid = 0;
-    const int pipe = start(seed, steps, pid);
-    QElapsedTimer clock;
-    clock.start();
-    const auto killTime = [&plan](qint64 from, qint64 usual) {
-        return from + static_cast<qint64>(plan.share * static_cast<double>(usual));
-    };
-    qint64 deadline = plan.step == KillPlan::FromStart
-                          ? killTime(0, 4 * usualMicroseconds(startOfRun))
-                          : patienceMicroseconds;
-    bool planned = plan.step == KillPlan::FromStart;
-    int announced = 0;
-    qint64 begun = 0;
-    QString beganWith = startOfRun;
-    QByteArray text;
-    const auto take = [&](const QByteArray &line) {
-        const QJsonObject object = QJsonDocument::fromJson(line).object();
-        result.lines += object;
-        const qint64 now = clock.nsecsElapsed() / 1000;
-        if (object.contains(u"step")) {
-            begun = now;
-            beganWith = object[u"step"].toString();
-            if (announced++ == plan.step) {
-                deadline = killTime(now, usualMicroseconds(beganWith));
-                planned = true;
-            }
-        } else {
-            const qint64 before = m_usual.value(beganWith, now - begun);
-            m_usual[beganWith] = (3 * before + now - begun) / 4;
-        }
-    };
-    const auto read = [&] {
-        char buffer[65536];
-        const ssize_t size = ::read(pipe, buffer, sizeof buffer);
-        text.append(buffer, std::max<ssize_t>(size, 0));
-        for (qsizetype end = 0; (end = text.indexOf('\n')) >= 0; text.remove(0, end + 1))
-            take(text.first(end));
-        return size > 0;
-    };
-    bool more = true;
-    while (more && waitForOutput(pipe, clock, deadline))
-        more = read();
-    result.killed = more;
-    if (more) {
-        ::kill(static_cast<pid_t>(pid), SIGKILL);
-        while (read()) { // what it had said by then
-        }
+    result.killed = watch.listen();
+    if (result.killed) {
+        ::kill(m_process, SIGKILL);
+        watch.drain();
     }
     ::close(pipe);
-    int status = 0;
-    ::waitpid(static_cast<pid_t>(pid), &status, 0);
-    if (result.killed && !planned)
+    const bool stoodStill = result.killed && !watch.isPlanned();
+    end(result);
+    if (stoodStill)
         throw std::runtime_error("the player stood still");
-    // An end of its own accord just before the kill is not a kill.
-    if (WIFEXITED(status)) {
-        result.killed = false;
-        result.exitStatus = WEXITSTATUS(status);
-    } else if (!result.killed) {
-        result.exitStatus = 128 + WTERMSIG(status);
-    }
+    result.lines = watch.lines();
     return result;
+}
+
+/** Waits for the player's end, and says whether the kill came before its own. */
+void PlayerProcess::end(PlayerRun &run) const
+{
+    int status = 0;
+    ::waitpid(m_process, &status, 0);
+    if (WIFEXITED(status)) {
+        run.killed = false;
+        run.exitStatus = WEXITSTATUS(status);
+    } else if (!run.killed) {
+        run.exitStatus = 128 + WTERMSIG(status);
+    }
 }
 
 } // namespace saldoro

@@ -35,12 +35,15 @@ public:
     PlayerRun run(quint32 seed, int steps, const KillPlan &plan);
 
 private:
-    int start(quint32 seed, int steps, qint64 &pid) const;
-    qint64 usualMicroseconds(const QString &step) const;
+    class Watch;
+
+    int start(quint32 seed, int steps);
+    void end(PlayerRun &run) const;
 
     QString m_settings;
     QString m_projectCode;
     QMap<QString, qint64> m_usual; ///< microseconds that a kind of step took, on the average
+    int m_process = 0;
 };
 
 } // namespace saldoro
