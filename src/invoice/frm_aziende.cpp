@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-InvoiceFormLook look()
+InvoiceFormLook companyLook()
 {
     const QList<AmountRow> rows = {
         {u"Im&porto"_s, {}, u"Text2_0"_s, u"Imponibile, con il punto per i decimali"_s},
@@ -31,7 +31,7 @@ InvoiceFormLook look()
 } // namespace
 
 FrmAziende::FrmAziende(ProgramValues &values, const TextTable &overview)
-    : InvoiceForm(values, overview, std::make_unique<CompanyAmounts>(), look())
+    : InvoiceForm(values, overview, std::make_unique<CompanyAmounts>(), companyLook())
     , m_principals(creditorFields().addSearch(
           u"Command6"_s, u"&Mandanti"_s, u"Elenca le mandanti dell'associazione di imprese"_s,
           [this] { return Principals(this->values(), m_contractor.IdImpresa); }))

@@ -31,7 +31,7 @@ QList<AmountRow> amountRows()
     };
 }
 
-InvoiceFormLook look()
+InvoiceFormLook professionalLook()
 {
     return {u"Professionisti"_s,          u"MaskEdBox1"_s,
             u"Conti di Spesa"_s,          u"Elenca i professionisti incaricati nel contratto"_s,
@@ -41,7 +41,7 @@ InvoiceFormLook look()
 } // namespace
 
 FrmProfessionisti::FrmProfessionisti(ProgramValues &values, const TextTable &overview)
-    : InvoiceForm(values, overview, std::make_unique<ProfessionalAmounts>(), look())
+    : InvoiceForm(values, overview, std::make_unique<ProfessionalAmounts>(), professionalLook())
 {
     setObjectName(u"FrmProfessionisti"_s);
 }
