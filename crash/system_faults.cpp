@@ -97,7 +97,7 @@ Report onSmallDisk(FaultTrial &trial, unsigned long kibibytesLeft)
     const unsigned long used = (disk.f_blocks - disk.f_bfree) * (disk.f_bsize / 1024);
     if (!remount(folder, used + kibibytesLeft))
         return {u"unmountable"_s, {}, {}, false};
-    const Report report = trial.perform();
+    Report report = trial.perform();
     remount(folder, 16384);
     try {
         trial.check(report);

@@ -92,7 +92,7 @@ qint64 exactly(const QString &whole, const QString &fraction, qint64 &other)
     return other;
 }
 
-QString plainForm(QString text)
+QString plainForm(const QString &text)
 {
     QString result;
     bool commaSeen = false;
