@@ -141,13 +141,17 @@ void FaultTrial::check(const Report &report)
     const ArchiveState found = ReadState(m_copy);
     for (const QByteArray &document : found.documents)
         ReadRtf(document);
-    Require(m_possible.contains(found),
+    const qsizetype state = m_possible.indexOf(found);
+    Require(state >= 0,
             u"not a state of the order of writes:\n"_s + Difference(found, m_possible.last()),
             report);
     if (report.text.isEmpty()) {
         Require(found == m_possible.last(), u"success without having written all"_s, report);
         return;
     }
+    if (m_completed.contains(state)) // many faults leave the same state; once is enough for each
+        return;
+    m_completed.insert(state);
     const Report again = perform();
     Require(again.text.isEmpty(), u"the same work fails once more"_s, again);
     const ArchiveState completed = ReadState(m_copy);

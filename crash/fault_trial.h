@@ -4,6 +4,7 @@
 
 #include <QJsonObject>
 #include <QList>
+#include <QSet>
 #include <QString>
 
 #include <functional>
@@ -50,6 +51,7 @@ private:
     QString m_name;
     TextTable m_screen;
     QList<ArchiveState> m_possible;
+    QSet<qsizetype> m_completed; ///< states from which the work was brought to its end
 };
 
 /** The works that the fault tests try: saves of both kinds, new and changed, and the others. */
