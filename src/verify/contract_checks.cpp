@@ -10,7 +10,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-void add(const QString &place, const QString &problem, const QString &remedy, Findings &findings)
+void addContract(const QString &place, const QString &problem, const QString &remedy,
+                 Findings &findings)
 {
     findings.append({FindingGroup::Contract, place, problem, remedy});
 }
@@ -51,15 +52,18 @@ void checkNote(const SheetRow &item, qint32 number, const std::set<qint32> *paym
 {
     const QString place = u"Mandato "_s + item.code;
     if (number == 0)
-        add(place, u"il codice non finisce con il numero di un pagamento: nessuno lo legge."_s,
+        addContract(
+            place, u"il codice non finisce con il numero di un pagamento: nessuno lo legge."_s,
             u"eliminare la voce dalla scheda dell'appalto o correggerne il codice."_s, findings);
     else if (payments != nullptr && !payments->contains(number))
-        add(place,
+        addContract(
+            place,
             u"il pagamento %1 non esiste: chi riceverà quel numero troverà questo mandato."_s.arg(
                 number),
             u"eliminare la voce dalla scheda dell'appalto."_s, findings);
     if (!isWellFormed(item.text))
-        add(place,
+        addContract(
+            place,
             u"il testo «"_s + item.text +
                 u"» non ha la forma «Mandato nr.… del …»: numero e data del mandato si leggono "
                 "male."_s,
@@ -77,8 +81,8 @@ void checkNotes(const ProjectData &data, const QString &external, Findings &find
         const qint32 number = notedPayment(QStringView(item.code).sliced(external.size() + 1));
         checkNote(item, number, data.payments ? &numbers : nullptr, findings);
         if (number != 0 && !known.try_emplace(number, item.code).second)
-            add(u"Mandato "_s + item.code, u"compare più volte: vale solo il primo."_s,
-                u"eliminare le voci in più dalla scheda dell'appalto."_s, findings);
+            addContract(u"Mandato "_s + item.code, u"compare più volte: vale solo il primo."_s,
+                        u"eliminare le voci in più dalla scheda dell'appalto."_s, findings);
     }
 }
 
@@ -88,15 +92,18 @@ void checkLink(const SheetRow &item, const ProjectData &data, Findings &findings
     const QString remedy = u"scegliere di nuovo l'appaltatore nel programma che tiene la scheda "
                            "dell'appalto."_s;
     if (!item.link.value)
-        add(place,
+        addContract(
+            place,
             u"manca il collegamento (Link) all'anagrafe delle imprese, o non è un numero: le "
             "fatture delle aziende non si aprono."_s,
             remedy, findings);
     else if (*item.link.value <= 0)
-        add(place, u"non è collegato all'anagrafe delle imprese: «Mandanti» resta disabilitato."_s,
-            remedy, findings);
+        addContract(place,
+                    u"non è collegato all'anagrafe delle imprese: «Mandanti» resta disabilitato."_s,
+                    remedy, findings);
     else if (data.companies && !data.companies->contains(*item.link.value))
-        add(place,
+        addContract(
+            place,
             u"il collegamento porta all'impresa %1, che non è in anagrafe: «Mandanti» resta "
             "disabilitato."_s.arg(*item.link.value),
             remedy, findings);
@@ -110,7 +117,8 @@ void checkContractor(const ProjectData &data, const QString &external, Findings 
             return;
         }
     }
-    add(u"Appaltatore (voce "_s + external + u')',
+    addContract(
+        u"Appaltatore (voce "_s + external + u')',
         u"la voce manca nella scheda dell'appalto: i pagamenti nuovi alle aziende partono senza "
         "creditore e «Mandanti» resta disabilitato."_s,
         u"indicare l'appaltatore nel programma che tiene la scheda dell'appalto."_s, findings);

@@ -21,7 +21,8 @@ Numbers numbersOf(const QList<PaymentRow> &payments)
     return numbers;
 }
 
-void add(const QString &place, const QString &problem, const QString &remedy, Findings &findings)
+void addNumbering(const QString &place, const QString &problem, const QString &remedy,
+                  Findings &findings)
 {
     findings.append({FindingGroup::Numbering, place, problem, remedy});
 }
@@ -34,7 +35,8 @@ void checkDuplicates(const Numbers &numbers, Findings &findings)
         QStringList rows;
         for (const PaymentRow &payment : payments)
             rows.append(QString::number(payment.row));
-        add(u"Pagamento "_s + QString::number(number),
+        addNumbering(
+            u"Pagamento "_s + QString::number(number),
             u"il numero è usato da %1 pagamenti (righe %2): «Modifica» apre sempre il primo, "
             "«Elimina» li toglie tutti e i conti di spesa sono in comune."_s.arg(payments.size())
                 .arg(rows.join(u", "_s)),
@@ -49,7 +51,8 @@ void addGap(qint64 first, qint64 last, const PaymentRow &next, Findings &finding
 {
     const QString missing = first == last ? u"Numero "_s + QString::number(first)
                                           : u"Numeri da %1 a %2"_s.arg(first).arg(last);
-    add(missing,
+    addNumbering(
+        missing,
         u"nessun pagamento ha questi numeri. La riga %1 dell'elenco mostra il pagamento %2, ma "
         "«Modifica» ed «Elimina» prendono come numero quello della riga: su questa riga e sulle "
         "seguenti lavorano su un altro pagamento o su nessuno."_s.arg(next.row)
@@ -64,10 +67,11 @@ void checkGaps(const Numbers &numbers, Findings &findings)
     qint64 expected = 1;
     for (const auto &[number, payments] : numbers) {
         if (number < 1) {
-            add(PaymentName(payments.first()),
-                u"il numero è minore di 1: nessuna riga dell'elenco "
-                "può aprire il pagamento."_s,
-                u"dare al pagamento un numero libero, con l'aiuto dell'assistenza."_s, findings);
+            addNumbering(PaymentName(payments.first()),
+                         u"il numero è minore di 1: nessuna riga dell'elenco "
+                         "può aprire il pagamento."_s,
+                         u"dare al pagamento un numero libero, con l'aiuto dell'assistenza."_s,
+                         findings);
             continue;
         }
         if (number > expected)
@@ -82,7 +86,8 @@ void checkNextNumber(const Numbers &numbers, qsizetype rows, Findings &findings)
     const auto taken = numbers.find(static_cast<qint32>(rows + 1));
     if (taken == numbers.end())
         return;
-    add(PaymentName(taken->second.first()),
+    addNumbering(
+        PaymentName(taken->second.first()),
         u"«Nuovo» userà il numero %1, che è di questo pagamento: se il tipo di creditore è lo "
         "stesso il pagamento viene aperto e riscritto, altrimenti il numero diventa doppio."_s.arg(
             rows + 1),
