@@ -287,7 +287,7 @@ void TestStartUp::missingFolderEndsTheProgram()
     QCOMPARE(status, 1);
     QCOMPARE(m_formsShown, 0);
     QCOMPARE(m_messages.size(), 1);
-    const QString missing = MachinePath(ProjectFolder(m_values));
+    const QString missing = QDir::toNativeSeparators(MachinePath(ProjectFolder(m_values)));
     QVERIFY2(m_messages[0].contains(u"77777"_s) && m_messages[0].contains(u"Saldoro.mdb"_s) &&
                  m_messages[0].contains(u"Non esiste la cartella: "_s + missing + u'\n') &&
                  m_messages[0].contains(u"\"drivers\" di "_s),

@@ -4,6 +4,7 @@
 #include "common/errors.h"
 #include "platform/registry.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 namespace saldoro {
@@ -41,7 +42,8 @@ QString pathHint(const QString &path)
 {
     const QString folder = missingFolder(path);
     return (folder.isEmpty() ? QString()
-                             : QStringLiteral("\n\nNon esiste la cartella: ") + folder) +
+                             : QStringLiteral("\n\nNon esiste la cartella: ") +
+                                   QDir::toNativeSeparators(folder)) +
            QStringLiteral("\n\nLa cartella degli archivi è il valore \"drivers\" di ") +
            placeOfSetting();
 }
