@@ -46,25 +46,23 @@ private:
     sqlite3 *m_handle = nullptr;
 };
 
-/** The fault that @p action runs into, with table and field, as "4 Tabella.Campo"; empty without.
- */
+/** A fault with its place, as "4 Tabella.Campo". */
+inline QString Fault(DatabaseFault fault, const QString &table = {}, const QString &field = {})
+{
+    return QStringLiteral("%1 %2.%3").arg(static_cast<int>(fault)).arg(table, field);
+}
+
+/** The fault that @p action runs into, as Fault() gives it; empty without. */
 template <typename Action>
 QString FaultOf(const Action &action)
 {
     try {
         action();
     } catch (const DatabaseError &error) {
-        return QStringLiteral("%1 %2.%3")
-            .arg(static_cast<int>(error.fault()))
-            .arg(error.detail(QStringLiteral("Tabella")), error.detail(QStringLiteral("Campo")));
+        return Fault(error.fault(), error.detail(QStringLiteral("Tabella")),
+                     error.detail(QStringLiteral("Campo")));
     }
     return {};
-}
-
-/** What FaultOf() gives for a fault at that place. */
-inline QString Fault(DatabaseFault fault, const QString &table = {}, const QString &field = {})
-{
-    return QStringLiteral("%1 %2.%3").arg(static_cast<int>(fault)).arg(table, field);
 }
 
 /** The field @p name of all records from the first on, joined by blanks; a null reads "-". */

@@ -47,27 +47,255 @@ class TestStartUp : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-    void buildText();
-    void ownVersion();
-    void manifestText();
-    void iniSwitch_data();
-    void iniSwitch();
-    void manifestNotWritable();
-    void updateCheck_data();
-    void updateCheck();
-    void updaterMissing();
-    void projectCode();
-    void ledgerIsMadeOnlyWhenMissing();
-    void missingFolderEndsTheProgram();
-    void errorInNestedHandlerEndsOnce();
-    void reportNamesTheCheck();
+    void init()
+    {
+        m_archive = std::make_unique<TestArchive>(u"00039"_s);
+        m_setting = std::make_unique<ArchiveSetting>(m_archive->values().ArchiveRoot);
+        m_workingFolder = std::make_unique<QTemporaryDir>();
+        QDir::setCurrent(m_workingFolder->path());
+        QVERIFY(QDir().mkpath(MachinePath(UpdateFolder(m_archive->values()))));
+        m_values = ProgramValues();
+        m_formsShown = 0;
+        m_messages.clear();
+        SetEnding(false);
+        ReplaceMessageBoxes([this](MessageKind kind, const QString &text) {
+            m_messages.append((kind == MessageKind::Critical ? u"!"_s : u"?"_s) + text);
+            return MessageAnswer::Ok;
+        });
+    }
+
+    void cleanup()
+    {
+        QDir::setCurrent(QDir::tempPath());
+        ReplaceMessageBoxes({});
+        SetEnding(false);
+        m_setting.reset();
+    }
+
+    /** On Windows this test's file carries a version resource, unlike the version it was built as.
+     */
+    void versionAndBuild()
+    {
+        QCOMPARE(BuildText(1, 0, 167), u"10167"_s);
+        QCOMPARE(BuildText(12, 10, 0), u"1210000"_s);
+        QCOMPARE(BuildText(1, 0, 1234), u"10234"_s);
+        QCOMPARE(BuildText(1, 0, 3000), u"10000"_s);
+#ifdef Q_OS_WIN
+        const ProgramVersion expected{2, 3, 1005};
+#else
+        const ProgramVersion expected{VersionMajor, VersionMinor, VersionRevision};
+#endif
+        QCOMPARE(OwnVersion(), expected);
+        InitInstallSettings(m_values);
+        QCOMPARE(m_values.ProgramBuild,
+                 BuildText(expected.major, expected.minor, expected.revision));
+    }
+
+    void manifestText()
+    {
+        const ManifestFacts facts = {
+            u"Prova"_s, 1, 0, 7, QDate(2003, 2, 1), QDate(2024, 12, 31), QTime(7, 5, 9, 999)};
+        QCOMPARE(ManifestText(facts),
+                 u"[Configuration]\r\nAutorun = Prova.exe\r\nVersione = 1.0.7     (01/02/2003)\r\n"
+                 "Build = 10007\r\nKeyReg = Software\\Dornvale\\ZELT\r\nData = 31/12/2024\r\n"
+                 "Time = 07:05:09\r\n\r\n[FILE]\r\nNUMFILE = 1\r\nFILE1 = Prova.EXE\r\n"_s);
+    }
+
+    void iniSwitch_data()
+    {
+        QTest::addColumn<QString>("tail");
+        QTest::addColumn<bool>("manifest");
+        QTest::newRow("lower") << "/ini" << true;
+        QTest::newRow("blank behind") << "/INI " << false;
+        QTest::newRow("blank before") << " /INI" << false;
+        QTest::newRow("dotless") << u"/ını"_s << false;
+    }
+
+    /** The switch works without project, ledger or update check; each run writes the file anew. */
+    void iniSwitch()
+    {
+        QFETCH(const QString, tail);
+        QFETCH(const bool, manifest);
+        const QString name = ProgramName() + u".ini"_s;
+        writeFile(name, QByteArray(5000, 'x'));
+        writeFile(updatePath(name), manifest ? "[Configuration]\nBuild=99999\n" : "");
+        QVERIFY(QFile::remove(MachinePath(LedgerPath(m_archive->values()))));
+
+        const QDateTime before = QDateTime::currentDateTime();
+        QCOMPARE(start(tail),
+                 manifest ? StartUpOutcome::ManifestWritten : StartUpOutcome::MainFormShown);
+        QCOMPARE(m_formsShown, manifest ? 0 : 1);
+        QCOMPARE(m_values.ProjectCode, manifest ? QString() : u"00039"_s);
+        QCOMPARE(ArchivePathExists(LedgerPath(m_archive->values())), !manifest);
+        const QString text = QString::fromUtf8(contentOf(name));
+        if (!manifest) {
+            QVERIFY(text.startsWith(u"xxx"));
+            return;
+        }
+        const auto [major, minor, revision] = OwnVersion();
+        const ManifestFacts facts = {
+            ProgramName(),
+            major,
+            minor,
+            revision,
+            ProgramFileTime().date(),
+            before.date(),
+            QTime::fromString(text.section(u"Time = "_s, 1).left(8), u"HH:mm:ss"_s)};
+        QVERIFY(before.secsTo(QDateTime(before.date(), facts.now)) >= 0); // whole seconds
+        QCOMPARE(text, ManifestText(facts));
+        QCOMPARE(QDir().entryList(QDir::Files), QStringList{name});
+    }
+
+    void manifestNotWritable()
+    {
+        QVERIFY(QDir().mkdir(ProgramName() + u".ini"_s)); // a folder stands in the way
+        QVERIFY_THROWS_EXCEPTION(FileError, start(u"/INI"_s));
+    }
+
+    void updateCheck_data()
+    {
+        QTest::addColumn<QString>("build"); // %1: this build, %2: the next one
+        QTest::addColumn<bool>("update");
+        QTest::newRow("newer") << "Build = %2" << true;
+        QTest::newRow("exponent") << "Build=1e7" << true;
+        QTest::newRow("a fraction newer") << "Build=%1.5" << true;
+        QTest::newRow("same") << "Build=%1" << false;
+        QTest::newRow("older, greater as text") << "Build=9999" << false;
+        QTest::newRow("no number") << "Build=x%2" << false;
+        QTest::newRow("no manifest") << QString() << false;
+    }
+
+    void updateCheck()
+    {
+        QFETCH(const QString, build);
+        QFETCH(const bool, update);
+        plantManifest(build);
+        const QString updater = updatePath(u"UPDRUN2.exe"_s);
+        const QString recorder =
+            QCoreApplication::applicationDirPath() + QStringLiteral("/" UPDATER_RECORDER);
+        QVERIFY(QFile::copy(recorder, updater));
+
+        QCOMPARE(start({}), update ? StartUpOutcome::UpdaterCalled : StartUpOutcome::MainFormShown);
+        QCOMPARE(m_formsShown, update ? 0 : 1);
+        QCOMPARE(m_messages, QStringList());
+        if (update)
+            QTRY_COMPARE(contentOf(updater + u".txt"_s), "/F\n" + ProgramName().toUtf8() + '\n');
+        else
+            QVERIFY(!QFile::exists(updater + u".txt"_s));
+    }
+
+    void updaterMissing()
+    {
+        writeFile(updatePath(ProgramName() + u".INI"_s), "[configuration]\nbuild=99999\n");
+        QCOMPARE(start({}), StartUpOutcome::UpdaterCalled);
+        QCOMPARE(m_messages, QStringList{u"!Il file Updrun2.exe Non è stato trovato"_s});
+        QCOMPARE(m_formsShown, 0);
+    }
+
+    void projectCode()
+    {
+        QCOMPARE(ProjectCodeFromTail({}), u"00039"_s);
+        QCOMPARE(ProjectCodeFromTail(u"TUSMQDE7W00112"_s), u"00112"_s);
+        QCOMPARE(ProjectCodeFromTail(u"TUSMQDE7W 00 112 "_s), u" 00 112 "_s);
+        QCOMPARE(ProjectCodeFromTail(u"TUSMQDE7W"_s), QString());
+        QCOMPARE(ProjectCodeFromTail(u"tusmqde7w00112"_s), u"00039"_s);
+    }
+
+    void ledgerIsMadeOnlyWhenMissing()
+    {
+        const QString ledger = MachinePath(LedgerPath(m_archive->values()));
+        QVERIFY(QFile::remove(ledger));
+        QCOMPARE(start({}), StartUpOutcome::MainFormShown);
+        QCOMPARE(m_values.ArchiveRoot, m_archive->values().ArchiveRoot);
+        QCOMPARE(m_archive->ledgerRows(u"SELECT count(*) FROM Fatture"_s).trimmed(), u"0"_s);
+
+        writeFile(ledger, "no database"); // nor is a damaged or oddly spelt one made anew
+        QVERIFY(QFile::rename(ledger, QString(ledger).replace(u"Saldoro.mdb"_s, u"SALDORO.MDB"_s)));
+        QCOMPARE(start(u"TUSMQDE7W00039"_s), StartUpOutcome::MainFormShown);
+        QCOMPARE(contentOf(MachinePath(LedgerPath(m_values))), QByteArray("no database"));
+        QCOMPARE(m_formsShown, 2);
+    }
+
+    void missingFolderEndsTheProgram()
+    {
+        auto &application = *static_cast<Application *>(QCoreApplication::instance());
+        const int status = application.run([this] {
+            start(u"TUSMQDE7W77777"_s);
+            return true;
+        });
+        QCOMPARE(status, 1);
+        QCOMPARE(m_formsShown, 0);
+        QCOMPARE(m_messages.size(), 1);
+        const QString missing = QDir::toNativeSeparators(MachinePath(ProjectFolder(m_values)));
+        QVERIFY2(m_messages[0].contains(u"77777"_s) && m_messages[0].contains(u"Saldoro.mdb"_s) &&
+                     m_messages[0].contains(u"Non esiste la cartella: "_s + missing + u'\n') &&
+                     m_messages[0].contains(u"\"drivers\" di "_s),
+                 qUtf8Printable(m_messages[0]));
+        QVERIFY(IsEnding());
+    }
+
+    /** An error below an open dialog leaves through both loops; one during the report is swallowed.
+     */
+    void errorInNestedHandlerEndsOnce()
+    {
+        auto &application = *static_cast<Application *>(QCoreApplication::instance());
+        ReplaceMessageBoxes([this](MessageKind, const QString &text) {
+            m_messages.append(text);
+            QTimer::singleShot(0, qApp, [] { throw OverflowError(u"secondo"_s); });
+            QCoreApplication::processEvents();
+            throw std::runtime_error("third");
+            return MessageAnswer::Ok;
+        });
+        QDialog dialog;
+        int dialogResult = -1;
+        QTimer::singleShot(0, &dialog, [&] {
+            QTimer::singleShot(0, &dialog, [] { throw OverflowError(u"primo"_s, u"rimedio"_s); });
+            dialogResult = dialog.exec();
+        });
+        QTest::ignoreMessage(QtCriticalMsg, "Saldoro: primo\n\nrimedio");
+        QCOMPARE(application.run([] { return true; }), 1);
+        QCOMPARE(m_messages, QStringList{u"primo\n\nrimedio"_s});
+        QCOMPARE(dialogResult, static_cast<int>(QDialog::Rejected));
+
+        SetEnding(false); // and without an error: no form, no loop
+        QCOMPARE(application.run([] { return false; }), 0);
+    }
+
+    void reportNamesTheCheck()
+    {
+        const auto report = [](DatabaseFault fault, const QString &file) {
+            return ErrorReport(DatabaseError(fault, file)).section(u'\n', -1);
+        };
+        const QString check = u"Per controllare l'archivio eseguire: saldoro-verifica "_s;
+        QCOMPARE(report(DatabaseFault::NullValue, u"/a b/Saldoro.mdb"_s), check + u"\"/a b\""_s);
+        QCOMPARE(report(DatabaseFault::NullValue, {}), check + u"CARTELLA"_s);
+        QVERIFY(!report(DatabaseFault::Locked, u"/a/Saldoro.mdb"_s).contains(u"verifica"_s));
+        QVERIFY(
+            ErrorReport(std::runtime_error("bad")).contains(u"imprevisto.\nParticolari: bad\n"_s));
+    }
 
 private:
-    StartUpOutcome start(const QString &tail);
-    QString updatePath(const QString &name) const;
-    void plantManifest(QString build) const;
+    StartUpOutcome start(const QString &tail)
+    {
+        return StartUp(m_values, tail, [this] { ++m_formsShown; }).run();
+    }
+
+    QString updatePath(const QString &name) const
+    {
+        return MachinePath(UpdateFolder(m_archive->values()) + name);
+    }
+
+    /** A manifest in the update folder; nothing for a null text. */
+    void plantManifest(QString build) const
+    {
+        if (build.isNull())
+            return;
+        const auto [major, minor, revision] = OwnVersion();
+        const QString own = BuildText(major, minor, revision);
+        build.replace(u"%1"_s, own).replace(u"%2"_s, QString::number(own.toInt() + 1));
+        writeFile(updatePath(ProgramName().toLower() + u".ini"_s),
+                  "[Configuration]\r\n" + build.toUtf8());
+    }
 
     std::unique_ptr<TestArchive> m_archive;
     std::unique_ptr<ArchiveSetting> m_setting;
@@ -76,263 +304,6 @@ private:
     int m_formsShown = 0;
     QStringList m_messages;
 };
-
-void TestStartUp::init()
-{
-    m_archive = std::make_unique<TestArchive>(u"00039"_s);
-    m_setting = std::make_unique<ArchiveSetting>(m_archive->values().ArchiveRoot);
-    m_workingFolder = std::make_unique<QTemporaryDir>();
-    QDir::setCurrent(m_workingFolder->path());
-    QVERIFY(QDir().mkpath(MachinePath(UpdateFolder(m_archive->values()))));
-    m_values = ProgramValues();
-    m_formsShown = 0;
-    m_messages.clear();
-    SetEnding(false);
-    ReplaceMessageBoxes([this](MessageKind kind, const QString &text) {
-        m_messages.append((kind == MessageKind::Critical ? u"!"_s : u"?"_s) + text);
-        return MessageAnswer::Ok;
-    });
-}
-
-void TestStartUp::cleanup()
-{
-    QDir::setCurrent(QDir::tempPath());
-    ReplaceMessageBoxes({});
-    SetEnding(false);
-    m_setting.reset();
-}
-
-StartUpOutcome TestStartUp::start(const QString &tail)
-{
-    return StartUp(m_values, tail, [this] { ++m_formsShown; }).run();
-}
-
-QString TestStartUp::updatePath(const QString &name) const
-{
-    return MachinePath(UpdateFolder(m_archive->values()) + name);
-}
-
-void TestStartUp::buildText()
-{
-    QCOMPARE(BuildText(1, 0, 167), u"10167"_s);
-    QCOMPARE(BuildText(2, 3, 7), u"23007"_s);
-    QCOMPARE(BuildText(12, 10, 0), u"1210000"_s);
-    QCOMPARE(BuildText(1, 0, 1234), u"10234"_s);
-    QCOMPARE(BuildText(1, 0, 3000), u"10000"_s);
-}
-
-/** On Windows this test's file carries a version resource, unlike the version it was built as. */
-void TestStartUp::ownVersion()
-{
-#ifdef Q_OS_WIN
-    const ProgramVersion expected{2, 3, 1005};
-#else
-    const ProgramVersion expected{VersionMajor, VersionMinor, VersionRevision};
-#endif
-    QCOMPARE(OwnVersion(), expected);
-    InitInstallSettings(m_values);
-    QCOMPARE(m_values.ProgramBuild, BuildText(expected.major, expected.minor, expected.revision));
-}
-
-void TestStartUp::manifestText()
-{
-    const ManifestFacts facts = {
-        u"Prova"_s, 1, 0, 7, QDate(2003, 2, 1), QDate(2024, 12, 31), QTime(7, 5, 9, 999)};
-    QCOMPARE(ManifestText(facts),
-             u"[Configuration]\r\nAutorun = Prova.exe\r\nVersione = 1.0.7     (01/02/2003)\r\n"
-             "Build = 10007\r\nKeyReg = Software\\Dornvale\\ZELT\r\nData = 31/12/2024\r\n"
-             "Time = 07:05:09\r\n\r\n[FILE]\r\nNUMFILE = 1\r\nFILE1 = Prova.EXE\r\n"_s);
-}
-
-void TestStartUp::iniSwitch_data()
-{
-    QTest::addColumn<QString>("tail");
-    QTest::addColumn<bool>("manifest");
-    QTest::newRow("upper") << "/INI" << true;
-    QTest::newRow("lower") << "/ini" << true;
-    QTest::newRow("mixed") << "/Ini" << true;
-    QTest::newRow("blank behind") << "/INI " << false;
-    QTest::newRow("blank before") << " /INI" << false;
-    QTest::newRow("more") << "/INIX" << false;
-    QTest::newRow("dotless") << u"/ını"_s << false;
-}
-
-/** The switch works without project, ledger or update check; each run writes the file anew. */
-void TestStartUp::iniSwitch()
-{
-    QFETCH(const QString, tail);
-    QFETCH(const bool, manifest);
-    const QString name = ProgramName() + u".ini"_s;
-    writeFile(name, QByteArray(5000, 'x'));
-    writeFile(updatePath(name), manifest ? "[Configuration]\nBuild=99999\n" : "");
-    QVERIFY(QFile::remove(MachinePath(LedgerPath(m_archive->values()))));
-
-    const QDateTime before = QDateTime::currentDateTime();
-    QCOMPARE(start(tail),
-             manifest ? StartUpOutcome::ManifestWritten : StartUpOutcome::MainFormShown);
-    QCOMPARE(m_formsShown, manifest ? 0 : 1);
-    QCOMPARE(m_values.ProjectCode, manifest ? QString() : u"00039"_s);
-    QCOMPARE(ArchivePathExists(LedgerPath(m_archive->values())), !manifest);
-    const QString text = QString::fromUtf8(contentOf(name));
-    if (!manifest) {
-        QVERIFY(text.startsWith(u"xxx"));
-        return;
-    }
-    ManifestFacts facts = {ProgramName(),
-                           OwnVersion().major,
-                           OwnVersion().minor,
-                           OwnVersion().revision,
-                           ProgramFileTime().date(),
-                           before.date(),
-                           QTime::fromString(text.section(u"Time = "_s, 1).left(8), u"HH:mm:ss"_s)};
-    QVERIFY(facts.now >=
-            QTime(before.time().hour(), before.time().minute(), before.time().second()));
-    QCOMPARE(text, ManifestText(facts));
-    QCOMPARE(QDir().entryList(QDir::Files), QStringList{name});
-}
-
-void TestStartUp::manifestNotWritable()
-{
-    QVERIFY(QDir().mkdir(ProgramName() + u".ini"_s)); // a folder stands in the way
-    QVERIFY_THROWS_EXCEPTION(FileError, start(u"/INI"_s));
-}
-
-void TestStartUp::updateCheck_data()
-{
-    QTest::addColumn<QString>("build"); // %1: this build, %2: the next one
-    QTest::addColumn<bool>("update");
-    QTest::newRow("newer") << "Build = %2" << true;
-    QTest::newRow("blanks within") << "Build=1 0 9 9 9 9" << true;
-    QTest::newRow("text behind") << "Build=%2beta" << true;
-    QTest::newRow("exponent") << "Build=1e7" << true;
-    QTest::newRow("a fraction newer") << "Build=%1.5" << true;
-    QTest::newRow("same") << "Build=%1" << false;
-    QTest::newRow("older, greater as text") << "Build=9999" << false;
-    QTest::newRow("no number") << "Build=x%2" << false;
-    QTest::newRow("no key") << "Data=%2" << false;
-    QTest::newRow("no manifest") << QString() << false;
-}
-
-/** A manifest in the update folder; nothing for a null text. */
-void TestStartUp::plantManifest(QString build) const
-{
-    if (build.isNull())
-        return;
-    const auto [major, minor, revision] = OwnVersion();
-    const QString own = BuildText(major, minor, revision);
-    build.replace(u"%1"_s, own).replace(u"%2"_s, QString::number(own.toInt() + 1));
-    writeFile(updatePath(ProgramName().toLower() + u".ini"_s),
-              "[Configuration]\r\n" + build.toUtf8());
-}
-
-void TestStartUp::updateCheck()
-{
-    QFETCH(const QString, build);
-    QFETCH(const bool, update);
-    plantManifest(build);
-    const QString updater = updatePath(u"UPDRUN2.exe"_s);
-    const QString recorder =
-        QCoreApplication::applicationDirPath() + QStringLiteral("/" UPDATER_RECORDER);
-    QVERIFY(QFile::copy(recorder, updater));
-
-    QCOMPARE(start({}), update ? StartUpOutcome::UpdaterCalled : StartUpOutcome::MainFormShown);
-    QCOMPARE(m_formsShown, update ? 0 : 1);
-    QCOMPARE(m_messages, QStringList());
-    if (update)
-        QTRY_COMPARE(contentOf(updater + u".txt"_s), "/F\n" + ProgramName().toUtf8() + '\n');
-    else
-        QVERIFY(!QFile::exists(updater + u".txt"_s));
-}
-
-void TestStartUp::updaterMissing()
-{
-    writeFile(updatePath(ProgramName() + u".INI"_s), "[configuration]\nbuild=99999\n");
-    QCOMPARE(start({}), StartUpOutcome::UpdaterCalled);
-    QCOMPARE(m_messages, QStringList{u"!Il file Updrun2.exe Non è stato trovato"_s});
-    QCOMPARE(m_formsShown, 0);
-}
-
-void TestStartUp::projectCode()
-{
-    QCOMPARE(ProjectCodeFromTail({}), u"00039"_s);
-    QCOMPARE(ProjectCodeFromTail(u"TUSMQDE7W00112"_s), u"00112"_s);
-    QCOMPARE(ProjectCodeFromTail(u"TUSMQDE7W 00 112 "_s), u" 00 112 "_s);
-    QCOMPARE(ProjectCodeFromTail(u"TUSMQDE7W"_s), QString());
-    QCOMPARE(ProjectCodeFromTail(u"tusmqde7w00112"_s), u"00039"_s);
-    QCOMPARE(ProjectCodeFromTail(u" TUSMQDE7W00112"_s), u"00039"_s);
-}
-
-void TestStartUp::ledgerIsMadeOnlyWhenMissing()
-{
-    const QString ledger = MachinePath(LedgerPath(m_archive->values()));
-    QVERIFY(QFile::remove(ledger));
-    QCOMPARE(start({}), StartUpOutcome::MainFormShown);
-    QCOMPARE(m_values.ArchiveRoot, m_archive->values().ArchiveRoot);
-    QCOMPARE(m_archive->ledgerRows(u"SELECT count(*) FROM Fatture"_s).trimmed(), u"0"_s);
-
-    writeFile(ledger, "no database"); // nor is a damaged or oddly spelt one made anew
-    QVERIFY(QFile::rename(ledger, QString(ledger).replace(u"Saldoro.mdb"_s, u"SALDORO.MDB"_s)));
-    QCOMPARE(start(u"TUSMQDE7W00039"_s), StartUpOutcome::MainFormShown);
-    QCOMPARE(contentOf(MachinePath(LedgerPath(m_values))), QByteArray("no database"));
-    QCOMPARE(m_formsShown, 2);
-}
-
-void TestStartUp::missingFolderEndsTheProgram()
-{
-    auto &application = *static_cast<Application *>(QCoreApplication::instance());
-    const int status = application.run([this] {
-        start(u"TUSMQDE7W77777"_s);
-        return true;
-    });
-    QCOMPARE(status, 1);
-    QCOMPARE(m_formsShown, 0);
-    QCOMPARE(m_messages.size(), 1);
-    const QString missing = QDir::toNativeSeparators(MachinePath(ProjectFolder(m_values)));
-    QVERIFY2(m_messages[0].contains(u"77777"_s) && m_messages[0].contains(u"Saldoro.mdb"_s) &&
-                 m_messages[0].contains(u"Non esiste la cartella: "_s + missing + u'\n') &&
-                 m_messages[0].contains(u"\"drivers\" di "_s),
-             qUtf8Printable(m_messages[0]));
-    QVERIFY(IsEnding());
-}
-
-/** An error below an open dialog leaves through both loops; one during the report is swallowed. */
-void TestStartUp::errorInNestedHandlerEndsOnce()
-{
-    auto &application = *static_cast<Application *>(QCoreApplication::instance());
-    ReplaceMessageBoxes([this](MessageKind, const QString &text) {
-        m_messages.append(text);
-        QTimer::singleShot(0, qApp, [] { throw OverflowError(u"secondo"_s); });
-        QCoreApplication::processEvents();
-        throw std::runtime_error("third");
-        return MessageAnswer::Ok;
-    });
-    QDialog dialog;
-    int dialogResult = -1;
-    QTimer::singleShot(0, &dialog, [&] {
-        QTimer::singleShot(0, &dialog, [] { throw OverflowError(u"primo"_s, u"rimedio"_s); });
-        dialogResult = dialog.exec();
-    });
-    QTest::ignoreMessage(QtCriticalMsg, "Saldoro: primo\n\nrimedio");
-    QCOMPARE(application.run([] { return true; }), 1);
-    QCOMPARE(m_messages, QStringList{u"primo\n\nrimedio"_s});
-    QCOMPARE(dialogResult, static_cast<int>(QDialog::Rejected));
-
-    SetEnding(false); // and without an error: no form, no loop
-    QCOMPARE(application.run([] { return false; }), 0);
-}
-
-void TestStartUp::reportNamesTheCheck()
-{
-    const auto report = [](DatabaseFault fault, const QString &file) {
-        return ErrorReport(DatabaseError(fault, file)).section(u'\n', -1);
-    };
-    const QString check = u"Per controllare l'archivio eseguire: saldoro-verifica "_s;
-    QCOMPARE(report(DatabaseFault::NullValue, u"/a b/Saldoro.mdb"_s), check + u"\"/a b\""_s);
-    QCOMPARE(report(DatabaseFault::TypeMismatch, u"C:\\a\\Saldoro.mdb"_s), check + u"\"C:\\a\""_s);
-    QCOMPARE(report(DatabaseFault::NullValue, {}), check + u"CARTELLA"_s);
-    QVERIFY(!report(DatabaseFault::Locked, u"/a/Saldoro.mdb"_s).contains(u"verifica"_s));
-    QVERIFY(ErrorReport(std::runtime_error("bad")).contains(u"imprevisto.\nParticolari: bad\n"_s));
-}
 
 int main(int argc, char *argv[])
 {
