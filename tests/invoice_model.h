@@ -164,15 +164,13 @@ inline FormModel::FormModel(CreditorKind kind, qint32 paymentNumber, const Books
 inline void FormModel::saveTo(Books &books) const
 {
     const QString numberText = QString::number(number);
-    const QString kindColumn = u"AziProf"_s;
-    const QString numberColumn = u"Npag"_s;
     auto payment =
         std::find_if(books.payments.begin(), books.payments.end(), [&](const Books::Row &stored) {
-            return stored[numberColumn] == numberText && stored[kindColumn] == m_kind;
+            return stored[u"Npag"_s] == numberText && stored[u"AziProf"_s] == m_kind;
         });
     if (payment == books.payments.end())
-        payment = books.payments.insert(payment, Books::Row{{kindColumn, m_kind}});
-    (*payment)[numberColumn] = numberText;
+        payment = books.payments.insert(payment, Books::Row{{u"AziProf"_s, m_kind}});
+    (*payment)[u"Npag"_s] = numberText;
     for (const auto &[name, column] : m_columns)
         (*payment)[column] = !amountNames.contains(name) ? texts[name]
                              : isRate(name)

@@ -27,19 +27,15 @@ class TestAccessibility : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase_data();
     void init();
     void cleanup();
-    void controlsAreNamed_data() { addForms(); }
     void controlsAreNamed();
-    void mnemonicsDoNotClash_data() { addForms(); }
     void mnemonicsDoNotClash();
-    void largeTextFitsTheScreen_data() { addForms(); }
     void largeTextFitsTheScreen();
-    void darkThemeIsReadable_data() { addForms(); }
     void darkThemeIsReadable();
 
 private:
-    static void addForms();
     std::unique_ptr<QWidget> makeForm();
 
     ProgramValues m_values;
@@ -60,7 +56,7 @@ void TestAccessibility::cleanup()
     QApplication::setPalette(m_palette);
 }
 
-void TestAccessibility::addForms()
+void TestAccessibility::initTestCase_data()
 {
     QTest::addColumn<QString>("name");
     for (const char *name : {"FrmPrincipale", "FrmNuovaFattura", "FrmProfessionisti", "FrmAziende"})
@@ -69,7 +65,7 @@ void TestAccessibility::addForms()
 
 std::unique_ptr<QWidget> TestAccessibility::makeForm()
 {
-    const QString name = *static_cast<QString *>(QTest::qData("name", QMetaType::QString));
+    QFETCH_GLOBAL(const QString, name);
     if (name == "FrmPrincipale"_L1)
         return std::make_unique<FrmPrincipale>(m_values);
     if (name == "FrmNuovaFattura"_L1)

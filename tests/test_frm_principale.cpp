@@ -29,7 +29,6 @@ private slots:
     void deletes_data();
     void deletes();
     void leavesAnEmptyLedgerAlone();
-    void goesOutOfUseForANewPayment();
     void writesDocumentsWhenUnloaded();
 
 private:
@@ -62,12 +61,7 @@ void TestFrmPrincipale::init()
     m_values = m_archive->values();
     PlantItems(*m_archive, u"('L1','Lavori',90000000),('S1','Sicurezza',2500000)"_s,
                u"(1,'L1',1220000),(2,'S1',650000),(3,'L1',305000)"_s);
-    PlantPayments(*m_archive, "('A',1,'Rossi S.r.l.','2021-03-15',1000000,220000,NULL),"
-                              "('P',2,'Ing. Bò','2021-04-02',500000,110000,40000),"
-                              "('A',3,'Cave Unite','2021-05-20',250000,55000,NULL)");
-    m_archive->execute(LedgerPath(m_values),
-                       u"UPDATE Fatture SET ImportoPrest=1, Contributo=1, "
-                       "CassaPrev=1, ImportoRA=1, Aliquota=1, AliquotaRA=1"_s);
+    PlantThreePayments(*m_archive);
     m_archive->execute(ContractPath(m_values),
                        u"INSERT INTO SchedaProgetto (Voce) VALUES ('M0097_2')"_s);
     m_form = std::make_unique<FrmPrincipale>(m_values);
@@ -181,10 +175,8 @@ void TestFrmPrincipale::deletes_data()
 {
     QTest::addColumn<QString>("step");
     QTest::addColumn<MessageAnswer>("answer");
-    for (const char *step : {"canc", "Command4"}) {
-        QTest::addRow("%s, No", step) << QString::fromUtf8(step) << MessageAnswer::No;
-        QTest::addRow("%s, Yes", step) << QString::fromUtf8(step) << MessageAnswer::Yes;
-    }
+    QTest::newRow("key, No") << u"canc"_s << MessageAnswer::No;
+    QTest::newRow("button, Yes") << u"Command4"_s << MessageAnswer::Yes;
 }
 
 void TestFrmPrincipale::deletes()
@@ -217,17 +209,6 @@ void TestFrmPrincipale::leavesAnEmptyLedgerAlone()
     QVERIFY(!control(u"Command3"_s)->isEnabled());
     act(u"enter canc Command4 Command3 Command1"_s);
     QCOMPARE(m_told.join(u' '), u"new 1"_s);
-}
-
-void TestFrmPrincipale::goesOutOfUseForANewPayment()
-{
-    open();
-    act(u"Command1"_s);
-    QVERIFY(!m_form->isEnabled() && !m_form->close() && m_form->isVisible());
-    m_form->setInUse(true);
-    QCOMPARE(QApplication::focusWidget(), control(u"Command1"_s));
-    act(u"Command2"_s);
-    QCOMPARE(m_told.join(u' '), u"new 4 unloaded 4"_s);
 }
 
 void TestFrmPrincipale::writesDocumentsWhenUnloaded()

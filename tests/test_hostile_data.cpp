@@ -1,10 +1,8 @@
-#include "invoice/allocation_block.h"
-#include "invoice/company_amounts.h"
+#include "held_form.h"
 #include "invoice/contractor.h"
 #include "invoice/creditor_lists.h"
 #include "invoice/payment_load.h"
 #include "invoice/payment_save.h"
-#include "invoice/professional_amounts.h"
 #include "overview/availability_overview.h"
 #include "overview/document_writer.h"
 #include "overview/payments_list.h"
@@ -14,31 +12,10 @@
 #include <QElapsedTimer>
 #include <QTest>
 
-#include <memory>
-
 using namespace saldoro;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/** Payment 1 as an invoice form holds it, without widgets. */
-struct Form
-{
-    explicit Form(CreditorKind kind)
-    {
-        if (kind == CreditorKind::Company)
-            amounts = std::make_unique<CompanyAmounts>();
-        else
-            amounts = std::make_unique<ProfessionalAmounts>();
-        block.prepareGrid();
-    }
-
-    PaymentRecord record;
-    std::unique_ptr<AmountChain> amounts;
-    TextTable overview{5};
-    TextTable grid;
-    AllocationBlock block{overview, grid};
-};
 
 /** What each part of the program makes of a project: nothing for what works, otherwise the place
  *  that the error names. */
@@ -47,18 +24,22 @@ QString outcome(const TestArchive &archive)
     ProgramValues values = archive.values();
     TextTable list;
     TextTable overview;
-    QStringList places;
+    QStringList places; // each after the parts that name it, in the order of the first
     const auto run = [&places](const QString &part, const auto &action) {
-        const QString place = FailurePlace(action);
-        if (place != "none"_L1)
-            places += part + u' ' + place;
+        const QString place = u' ' + FailurePlace(action);
+        const auto same = std::find_if(places.begin(), places.end(),
+                                       [&](const QString &line) { return line.endsWith(place); });
+        if (place != " none"_L1 && same != places.end())
+            same->insert(same->size() - place.size(), u' ' + part);
+        else if (place != " none"_L1)
+            places += part + place;
     };
     PreparePaymentsList(list);
     PrepareAvailabilityOverview(overview);
     run(u"list"_s, [&] { PaymentsReader(values).fill(list); });
     run(u"overview"_s, [&] { FillAvailabilityOverview(overview, values); });
     for (const CreditorKind kind : {CreditorKind::Company, CreditorKind::Professional}) {
-        Form form(kind);
+        HeldForm form(kind);
         run(u"load"_s, [&] {
             LoadPagamento(values, 1, form.record, *form.amounts, form.grid);
             form.block.RecalcAllocationTotal();
@@ -118,12 +99,8 @@ void TestHostileData::init()
 
 void TestHostileData::plant(const QString &file, const QString &sql) const
 {
-    const ProgramValues &values = m_archive->values();
-    const QString path = file == u'L'   ? LedgerPath(values)
-                         : file == u'C' ? ContractPath(values)
-                         : file == u'A' ? CompaniesPath(values)
-                                        : CodesPath(values);
-    m_archive->execute(path, u"PRAGMA ignore_check_constraints=1;"_s + sql);
+    m_archive->execute(PathOf(*m_archive, file.front()),
+                       u"PRAGMA ignore_check_constraints=1;"_s + sql);
 }
 
 void TestHostileData::endsInAClearError_data()
@@ -136,69 +113,40 @@ void TestHostileData::endsInAClearError_data()
                            << QString::fromUtf8(places);
     };
     add("L", "DELETE FROM Fatture WHERE Npag < 0", "");
-    add("L", "INSERT INTO Fatture DEFAULT VALUES",
-        "list Saldoro.mdb/Fatture/Npag//senza numero/1/");
     add("L", "INSERT INTO Spese DEFAULT VALUES", "");
-    add("L", "UPDATE Fatture SET ImportoPrest = NULL WHERE Npag = 2",
-        "close Saldoro.mdb/Fatture/ImportoPrest//2//");
     add("L", "UPDATE Fatture SET Importo = 'dieci' WHERE Npag = 1",
-        "list Saldoro.mdb/Fatture/Importo//1//\n"
-        "load Saldoro.mdb/Fatture/Importo//1//\n"
-        "load Saldoro.mdb/Fatture/Importo//1//\n"
-        "close Saldoro.mdb/Fatture/Importo//1//");
+        "list load load close Saldoro.mdb/Fatture/Importo//1//");
     add("L", "UPDATE Fatture SET Importo = X'0102' WHERE Npag = 1",
-        "list Saldoro.mdb/Fatture/Importo//1//\n"
-        "load Saldoro.mdb/Fatture/Importo//1//\n"
-        "load Saldoro.mdb/Fatture/Importo//1//\n"
-        "close Saldoro.mdb/Fatture/Importo//1//");
+        "list load load close Saldoro.mdb/Fatture/Importo//1//");
     add("L", "UPDATE Fatture SET Importo = 1e300 WHERE Npag = 1",
-        "list Saldoro.mdb/Fatture/Importo//1//\n"
-        "load Saldoro.mdb/Fatture/Importo//1//\n"
-        "load Saldoro.mdb/Fatture/Importo//1//\n"
-        "close Saldoro.mdb/Fatture/Importo//1//");
+        "list load load close Saldoro.mdb/Fatture/Importo//1//");
     add("L", "UPDATE Fatture SET Npag = 'uno' WHERE Npag = 1",
         "list Saldoro.mdb/Fatture/Npag//uno//");
     add("L", "UPDATE Fatture SET Npag = 4294967297 WHERE Npag = 1",
         "list Saldoro.mdb/Fatture/Npag//4294967297//");
     add("L", "UPDATE Fatture SET Aliquota = 'x', Del = 20200131 WHERE Npag = 1",
-        "list Saldoro.mdb/Fatture/Del//1//\n"
-        "load Saldoro.mdb/Fatture/Aliquota//1//\n"
-        "load Saldoro.mdb/Fatture/Aliquota//1//\n"
-        "close Saldoro.mdb/Fatture/Del//1//");
-    add("L", "UPDATE Fatture SET Creditore = printf('%.*c', 61, 'è') WHERE Npag = 1",
-        "save Saldoro.mdb/Fatture/Creditore//1//");
-    add("L", "UPDATE Fatture SET NFat = '12345678901' WHERE Npag = 1",
-        "save Saldoro.mdb/Fatture/NFat//1//");
+        "list close Saldoro.mdb/Fatture/Del//1//\n"
+        "load load Saldoro.mdb/Fatture/Aliquota//1//");
     add("L", "UPDATE Fatture SET Creditore = '' WHERE Npag = 1", "");
     add("L", "UPDATE Fatture SET Memo = 'a' || char(0) || 'b', Creditore = CAST(X'45E8' AS TEXT)",
         "");
     add("L", "UPDATE Fatture SET Importo = 9223372036854775807 WHERE Npag = 1",
-        "list ////1//\n"
-        "load ////1//\n"
-        "load ////1//\n"
-        "close ////1//");
+        "list load load close ////1//");
     add("L", "UPDATE Fatture SET Importo = -9223372036854775807 - 1, ImportoIVA = 0 WHERE Npag = 1",
         "load ////1//");
     add("L", "UPDATE Fatture SET Importo = 9223372036854775807, ImportoIVA = 0",
-        "list ////2//\n"
-        "close ////2//");
+        "list close ////2//");
     add("L", "UPDATE Spese SET Importo = 9223372036854775807, Cod = 'A1', RelNpag = 1",
         "overview ///A1/1//\n"
-        "load ///A1//1/\n"
-        "load ///A1//1/");
+        "load load ///A1//1/");
     add("L", "UPDATE Spese SET Importo = 'x' WHERE Cod = 'A1'",
-        "overview Saldoro.mdb/Spese/Importo/A1/1//\n"
-        "load Saldoro.mdb/Spese/Importo/A1/1//\n"
-        "load Saldoro.mdb/Spese/Importo/A1/1//");
+        "overview load load Saldoro.mdb/Spese/Importo/A1/1//");
     add("L", "UPDATE Spese SET Cod = 'A''1*' WHERE Cod = 'A1'", "");
     add("L", "DROP TABLE Spese",
-        "list Saldoro.mdb/Spese/////\n"
-        "overview Saldoro.mdb/Spese/////\n"
-        "load Saldoro.mdb/Spese///1//\n"
-        "load Saldoro.mdb/Spese///1//");
+        "list overview Saldoro.mdb/Spese/////\n"
+        "load load Saldoro.mdb/Spese///1//");
     add("L", "ALTER TABLE Fatture DROP COLUMN Memo",
-        "load Saldoro.mdb/Fatture/Memo//1//\n"
-        "load Saldoro.mdb/Fatture/Memo//1//\n"
+        "load load Saldoro.mdb/Fatture/Memo//1//\n"
         "close Saldoro.mdb/Fatture/Memo////");
     add("C", "UPDATE UltimaPerVariante SET Importo = 'x' WHERE Voce = 'A1'",
         "overview Appalto.mdb/UltimaPerVariante/Importo/A1//1/");
@@ -214,23 +162,16 @@ void TestHostileData::endsInAClearError_data()
     add("C", "DROP TABLE UltimaPerVariante; CREATE VIEW UltimaPerVariante AS SELECT * FROM Manca",
         "overview Appalto.mdb/Manca/////");
     add("C", "DROP TABLE UltimaPerVariante", "overview Appalto.mdb/UltimaPerVariante/////");
-    add("C", "INSERT INTO SchedaProgetto (Voce, Link) VALUES ('XDA1', NULL)",
-        "lists Appalto.mdb/SchedaProgetto/Link/XDA1///");
     add("C", "INSERT INTO SchedaProgetto (Voce, Link) VALUES ('XDA1', 'x')",
         "lists Appalto.mdb/SchedaProgetto/Link/XDA1///");
-    add("C", "INSERT INTO SchedaProgetto (Voce, Link) VALUES ('XDA1', 99)", "");
     add("C", "INSERT INTO SchedaProgetto (Voce, Stringa) VALUES ('XP97_1', NULL), (NULL, 'x')", "");
     add("K", "UPDATE Funzioni SET CodExt = 'X''97' WHERE CodInt = 'P97'",
-        "load Appalto.mdb/SchedaProgetto///1//\n"
-        "load Appalto.mdb/SchedaProgetto///1//");
+        "load load Appalto.mdb/SchedaProgetto///1//");
     add("K", "UPDATE Funzioni SET CodExt = 'X[97' WHERE CodInt = 'P97'",
-        "load Appalto.mdb/SchedaProgetto/Voce//1//\n"
-        "load Appalto.mdb/SchedaProgetto/Voce//1//");
+        "load load Appalto.mdb/SchedaProgetto/Voce//1//");
     add("K", "UPDATE Funzioni SET CodExt = NULL WHERE CodInt = 'P97'",
-        "load chiavi.mdb/Funzioni/CodExt//1//\n"
-        "load chiavi.mdb/Funzioni/CodExt//1//");
+        "load load chiavi.mdb/Funzioni/CodExt//1//");
     add("K", "UPDATE Funzioni SET CodExt = 'a/b' WHERE CodInt = 'P99'", "close b.rtf//////");
-    add("K", "DELETE FROM Funzioni WHERE CodInt = 'QS1A'", "close chiavi.mdb/Funzioni/CodExt////");
     add("A",
         "INSERT INTO Anag VALUES (NULL, NULL, NULL), (1, 'Ed', 2); INSERT INTO Partecip VALUES "
         "('x', 1), (NULL, NULL)",

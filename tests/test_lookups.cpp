@@ -1,12 +1,7 @@
 #include "database_probe.h"
-#include "platform/machine_path.h"
 #include "store/code_lookups.h"
 #include "store/ledger.h"
 #include "test_archive.h"
-
-#include <QFile>
-
-#include <limits>
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
@@ -30,7 +25,6 @@ class TestLookups : public QObject
     Q_OBJECT
 
 private slots:
-    void ledgerHoldsTwoEmptyTables();
     void ledgerFieldsThatMayBeEmpty();
     void ledgerIsNotCreatedOverAnother();
     void codesAreMapped();
@@ -38,32 +32,10 @@ private slots:
     void amountItem();
     void writersUpdateTheFirstMatch();
     void descriptionIsCutAt60();
-    void patterns_data();
     void patterns();
     void textOfAnItem();
-    void missingFilesTablesAndFieldsAreNamed();
+    void aMissingFieldStopsTheWholeItem();
 };
-
-void TestLookups::ledgerHoldsTwoEmptyTables()
-{
-    const TestArchive archive;
-    QCOMPARE(archive.ledgerRows(u"SELECT type, name FROM sqlite_master"_s),
-             u"table|Fatture\ntable|Spese"_s);
-    const auto fields = [&](const QString &table) {
-        return archive.ledgerRows(
-            u"SELECT group_concat(name || ' ' || type, ', '), "
-            "sum(pk OR \"notnull\" OR dflt_value IS NOT NULL), "
-            "(SELECT count(*) FROM %1) FROM pragma_table_info('%1')"_s.arg(table));
-    };
-    QCOMPARE(fields(u"Fatture"_s),
-             u"AziProf TEXT(1), Npag LONG, Creditore TEXT(60), NFat TEXT(10), Del DATETIME, "
-             "Memo MEMO TEXT, Descrizione TEXT(50), Aliquota CURRENCY, Importo CURRENCY, "
-             "ImportoIVA CURRENCY, AliquotaRA CURRENCY, ImportoPrest CURRENCY, "
-             "Contributo CURRENCY, CassaPrev CURRENCY, ImportoRA CURRENCY, "
-             "AltriImporti01 CURRENCY|0|0"_s);
-    QCOMPARE(fields(u"Spese"_s),
-             u"RelNpag LONG, Cod TEXT(10), Descrizione TEXT(50), Importo CURRENCY|0|0"_s);
-}
 
 void TestLookups::ledgerFieldsThatMayBeEmpty()
 {
@@ -154,9 +126,8 @@ void TestLookups::amountItem()
 void TestLookups::writersUpdateTheFirstMatch()
 {
     TestArchive archive;
-    for (const QString &item : {u"B"_s, u"b1"_s, u"A"_s, u"b1"_s}) {
+    for (const QString &item : {u"B"_s, u"b1"_s, u"A"_s, u"b1"_s})
         archive.build().addSheetItem({{u"Voce"_s, item}, {u"Stringa"_s, u"old"_s}});
-    }
     ScriviVoceFile(archive.values(), u"B1"_s, 5, u"D'Ù"_s, u"x.rtf"_s);
     ScriviVoceStringa(archive.values(), u"a"_s, 6, u"d"_s, u"line 1\r\nl'ì"_s);
     ScriviVoceStringa(archive.values(), u"C_1"_s, 0, QString(), QString());
@@ -183,33 +154,24 @@ void TestLookups::descriptionIsCutAt60()
     }
 }
 
-void TestLookups::patterns_data()
-{
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<QString>("left");
-    const QString all = u"X_1 X_10 x_1 XA1 Y_2 X%1 Z*"_s;
-    QTest::newRow("exact, every letter case") << u"X_1"_s << u"X_10 XA1 Y_2 X%1 Z*"_s;
-    QTest::newRow("no match") << u"X_2"_s << all;
-    QTest::newRow("three items") << u"x_1*"_s << u"XA1 Y_2 X%1 Z*"_s;
-    QTest::newRow("all") << u"*"_s << QString();
-}
-
 void TestLookups::patterns()
 {
-    QFETCH(QString, pattern);
-    QFETCH(QString, left);
-    TestArchive archive;
-    const QStringList items{u"X_1"_s, u"X_10"_s, u"x_1"_s, u"XA1"_s, u"Y_2"_s, u"X%1"_s, u"Z*"_s};
-    for (const QString &item : items) {
-        archive.build().addSheetItem({{u"Voce"_s, item}});
+    const QString items = u"X_1 X_10 x_1 XA1 Y_2 X%1 Z*"_s;
+    // Letter case is nothing, "_" and "%" stand for themselves.
+    for (const auto &[pattern, left] :
+         {std::pair{u"X_1"_s, u"X_10 XA1 Y_2 X%1 Z* -"_s}, std::pair{u"X_2"_s, items + u" -"_s},
+          std::pair{u"x_1*"_s, u"XA1 Y_2 X%1 Z* -"_s}, std::pair{u"*"_s, u"-"_s}}) {
+        TestArchive archive;
+        for (const QString &item : items.split(u' '))
+            archive.build().addSheetItem({{u"Voce"_s, item}});
+        archive.execute(ContractPath(archive.values()),
+                        u"INSERT INTO SchedaProgetto (Descri) VALUES ('no key')"_s);
+        const bool found = pattern != u"X_2";
+        QCOMPARE(EsisteVoceLike(archive.values(), pattern), found);
+        QCOMPARE(EliminaVociLike(archive.values(), pattern), found);
+        QCOMPARE(itemsOf(archive), left);
+        QVERIFY(!EliminaVociLike(archive.values(), pattern));
     }
-    archive.execute(ContractPath(archive.values()),
-                    u"INSERT INTO SchedaProgetto (Descri) VALUES ('no key')"_s);
-    const bool found = left != items.join(u' ');
-    QCOMPARE(EsisteVoceLike(archive.values(), pattern), found);
-    QCOMPARE(EliminaVociLike(archive.values(), pattern), found);
-    QCOMPARE(itemsOf(archive), (left + u" -"_s).trimmed());
-    QVERIFY(!EliminaVociLike(archive.values(), pattern));
 }
 
 void TestLookups::textOfAnItem()
@@ -225,7 +187,7 @@ void TestLookups::textOfAnItem()
              Fault(DatabaseFault::NoCurrentRecord, u"SchedaProgetto"_s, u"Stringa"_s));
 }
 
-void TestLookups::missingFilesTablesAndFieldsAreNamed()
+void TestLookups::aMissingFieldStopsTheWholeItem()
 {
     const TestArchive archive;
     const ProgramValues &values = archive.values();
@@ -234,15 +196,6 @@ void TestLookups::missingFilesTablesAndFieldsAreNamed()
     QCOMPARE(FaultOf(write),
              Fault(DatabaseFault::FieldMissing, u"SchedaProgetto"_s, u"NomeFile"_s));
     QCOMPARE(archive.contractRows(u"SELECT count(*) FROM SchedaProgetto"_s), u"0"_s);
-    archive.execute(ContractPath(values), u"DROP TABLE SchedaProgetto"_s);
-    QCOMPARE(FaultOf(write), Fault(DatabaseFault::TableMissing, u"SchedaProgetto"_s));
-    for (const QString &path : {ContractPath(values), CodesPath(values)})
-        QVERIFY(QFile::remove(MachinePath(path)));
-    const QString missing = Fault(DatabaseFault::FileMissing);
-    QCOMPARE(FaultOf(write), missing);
-    QCOMPARE(FaultOf([&] { EsisteVoceLike(values, u"A"_s); }), missing);
-    QCOMPARE(FaultOf([&] { CodiceEsterno(values, u"DA1"_s); }), missing);
-    QVERIFY(!QFile::exists(MachinePath(ContractPath(values))));
 }
 
 QTEST_GUILESS_MAIN(TestLookups)

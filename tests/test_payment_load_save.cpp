@@ -1,42 +1,24 @@
 #include "common/errors.h"
-#include "invoice/allocation_block.h"
-#include "invoice/company_amounts.h"
+#include "held_form.h"
 #include "invoice/contractor.h"
 #include "invoice/creditor_lists.h"
 #include "invoice/mandate_note.h"
 #include "invoice/payment_load.h"
 #include "invoice/payment_save.h"
-#include "invoice/professional_amounts.h"
 #include "test_archive.h"
 
 #include <QTest>
-
-#include <memory>
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/** What an invoice form holds, without its widgets. */
-struct Form
+struct Form : HeldForm
 {
-    PaymentRecord record;
-    std::unique_ptr<AmountChain> amounts;
-    TextTable overview{5};
-    TextTable grid;
-    AllocationBlock block{overview, grid};
-
-    explicit Form(CreditorKind kind)
-    {
-        if (kind == CreditorKind::Company)
-            amounts = std::make_unique<CompanyAmounts>();
-        else
-            amounts = std::make_unique<ProfessionalAmounts>();
-        block.prepareGrid();
-    }
+    using HeldForm::HeldForm;
     Form(CreditorKind kind, const TestArchive &archive, qint32 number)
-        : Form(kind)
+        : HeldForm(kind)
     {
         LoadPagamento(archive.values(), number, record, *amounts, grid);
     }

@@ -13,9 +13,7 @@ class TestPaymentsList : public QObject
 
 private slots:
     void listsGrossAmounts();
-    void stopsAtAnUnreadablePayment_data();
     void stopsAtAnUnreadablePayment();
-    void decidesTheKindOfForm_data();
     void decidesTheKindOfForm();
     void deletesAllOfAPayment_data();
     void deletesAllOfAPayment();
@@ -40,67 +38,48 @@ void TestPaymentsList::listsGrossAmounts()
     QCOMPARE(list.row(), 5);
 }
 
-void TestPaymentsList::stopsAtAnUnreadablePayment_data()
-{
-    QTest::addColumn<QByteArray>("row");
-    QTest::addColumn<QString>("place");
-    const auto add = [](const char *row, const QString &place) {
-        QTest::newRow(row) << QByteArray(row) << place;
-    };
-    add("('A',8,NULL,'2019-11-05',1,1,1)", u"Saldoro.mdb/Fatture/Creditore//8//"_s);
-    add("('A',8,'Verdi',NULL,1,1,1)", u"Saldoro.mdb/Fatture/Del//8//"_s);
-    add("('A',8,'Verdi','ieri',1,1,1)", u"Saldoro.mdb/Fatture/Del//8//"_s);
-    add("('P',8,'Verdi','2019-11-05',NULL,1,1)", u"Saldoro.mdb/Fatture/Importo//8//"_s);
-    add("('P',8,'Verdi','2019-11-05',1,NULL,1)", u"Saldoro.mdb/Fatture/ImportoIVA//8//"_s);
-    add("('P',8,'Verdi','2019-11-05',9223372036854775807,0,1)", u"////8//"_s);
-    add("('A',NULL,'Verdi','2019-11-05',1,1,1)",
-        u"Saldoro.mdb/Fatture/Npag//senza numero/1/Verdi"_s);
-}
-
 void TestPaymentsList::stopsAtAnUnreadablePayment()
 {
-    QFETCH(const QByteArray, row);
-    const TestArchive archive;
-    PlantPayments(archive, (row + ",('A',9,'Dopo','2019-11-05',1,1,1)").constData());
-    PlantPayments(archive, "('A',3,'Prima','2019-11-05',10000,1,1)");
-    TextTable list;
-    PreparePaymentsList(list);
-    const QString place = FailurePlace([&] { PaymentsReader(archive.values()).fill(list); });
-    QTEST(place, "place");
-    QCOMPARE(list.rows() > 2, BodyText(list).startsWith(u"3|Prima|05/11/2019|1,00|€\n"));
-    QVERIFY(list.rows() > 2 || row.contains("'A',NULL"));
-    QVERIFY(!BodyText(list).contains(u"Dopo"));
-}
-
-void TestPaymentsList::decidesTheKindOfForm_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("kind");
-    QTest::newRow("company") << 4 << u"A"_s;
-    QTest::newRow("professional") << 2 << u"P"_s;
-    QTest::newRow("stale row: the first payment stored decides") << 1 << u"P"_s;
-    QTest::newRow("another kind") << 3 << QString();
-    QTest::newRow("kinds are compared exactly") << 5 << QString();
-    QTest::newRow("null kind") << 6 << u"Saldoro.mdb/Fatture/AziProf//6//"_s;
+    for (const auto &[row, place] :
+         {std::pair{"('A',8,NULL,'2019-11-05',1,1,1)", u"Saldoro.mdb/Fatture/Creditore//8//"_s},
+          {"('A',8,'Verdi',NULL,1,1,1)", u"Saldoro.mdb/Fatture/Del//8//"_s},
+          {"('A',8,'Verdi','ieri',1,1,1)", u"Saldoro.mdb/Fatture/Del//8//"_s},
+          {"('P',8,'Verdi','2019-11-05',NULL,1,1)", u"Saldoro.mdb/Fatture/Importo//8//"_s},
+          {"('P',8,'Verdi','2019-11-05',1,NULL,1)", u"Saldoro.mdb/Fatture/ImportoIVA//8//"_s},
+          {"('P',8,'Verdi','2019-11-05',9223372036854775807,0,1)", u"////8//"_s},
+          {"('A',NULL,'Verdi','2019-11-05',1,1,1)",
+           u"Saldoro.mdb/Fatture/Npag//senza numero/1/Verdi"_s}}) {
+        const TestArchive archive;
+        PlantPayments(archive,
+                      (QByteArray(row) + ",('A',9,'Dopo','2019-11-05',1,1,1)").constData());
+        PlantPayments(archive, "('A',3,'Prima','2019-11-05',10000,1,1)");
+        TextTable list;
+        PreparePaymentsList(list);
+        QCOMPARE(FailurePlace([&] { PaymentsReader(archive.values()).fill(list); }), place);
+        QCOMPARE(list.rows() > 2, BodyText(list).startsWith(u"3|Prima|05/11/2019|1,00|€\n"));
+        QVERIFY(list.rows() > 2 || QByteArray(row).contains("'A',NULL"));
+        QVERIFY(!BodyText(list).contains(u"Dopo"));
+    }
 }
 
 void TestPaymentsList::decidesTheKindOfForm()
 {
-    QFETCH(const int, row);
     const TestArchive archive;
     archive.execute(LedgerPath(archive.values()),
                     u"INSERT INTO Fatture (AziProf, Npag) VALUES ('P',2),('A',4),('X',3),('a',5),"
                     "(NULL,6)"_s);
     ProgramValues values = archive.values();
-    QString decided;
-    const QString failure = FailurePlace([&] {
-        if (const auto kind = OpenPayment(values, row))
-            decided = *kind == CreditorKind::Company ? u"A"_s : u"P"_s;
-    });
-    if (failure != u"none")
-        decided = failure;
-    QTEST(decided, "kind");
-    QCOMPARE(values.CurrentPaymentNumber, row);
+    // For row 1, which is stale, the first payment stored decides; kinds are compared exactly.
+    const QStringList kinds{u"P"_s, u"P"_s, {}, u"A"_s, {}, u"Saldoro.mdb/Fatture/AziProf//6//"_s};
+    for (int row = 1; row <= kinds.size(); ++row) {
+        QString decided;
+        const QString failure = FailurePlace([&] {
+            if (const auto kind = OpenPayment(values, row))
+                decided = *kind == CreditorKind::Company ? u"A"_s : u"P"_s;
+        });
+        QCOMPARE(failure == u"none" ? decided : failure, kinds.at(row - 1));
+        QCOMPARE(values.CurrentPaymentNumber, row);
+    }
 }
 
 void TestPaymentsList::deletesAllOfAPayment_data()

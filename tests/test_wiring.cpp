@@ -66,12 +66,7 @@ void TestWiring::init()
     m_archive = std::make_unique<TestArchive>();
     m_archive->build().addStandardCodes();
     PlantItems(*m_archive, u"('L1','Lavori',90000000)"_s, u"(1,'L1',1220000)"_s);
-    PlantPayments(*m_archive, "('A',1,'Rossi S.r.l.','2021-03-15',1000000,220000,NULL),"
-                              "('P',2,'Ing. Bò','2021-04-02',500000,110000,40000),"
-                              "('A',3,'Cave Unite','2021-05-20',250000,55000,NULL)");
-    m_archive->execute(LedgerPath(m_archive->values()),
-                       u"UPDATE Fatture SET Aliquota=220000, AliquotaRA=0, ImportoPrest=Importo, "
-                       "Contributo=0, CassaPrev=0, ImportoRA=0"_s);
+    PlantThreePayments(*m_archive);
     m_values = m_archive->values();
     ReplaceMessageBoxes([this](MessageKind kind, const QString &text) {
         m_messages += text;
@@ -96,13 +91,11 @@ void TestWiring::newPaymentReachesTheList()
 {
     click(main(), u"Command1"_s);
     QVERIFY(m_forms->chooser()->isVisible());
-    QVERIFY(!main()->isEnabled());
+    QVERIFY(!main()->isEnabled() && !main()->close() && main()->isVisible());
     click(m_forms->chooser(), u"Option4"_s);
     click(m_forms->chooser(), u"Command1"_s);
-    QVERIFY(main()->isEnabled());
-    QVERIFY(!m_forms->chooser());
-    QVERIFY(!company());
-    QVERIFY(professional()->isVisible());
+    QVERIFY(main()->isEnabled() && !m_forms->chooser());
+    QVERIFY(!company() && professional()->isVisible());
 
     QVERIFY(QTest::qWaitForWindowActive(professional()));
     QTest::keyClicks(QApplication::focusWidget(), u"Arch. Neri"_s);
@@ -124,6 +117,7 @@ void TestWiring::annullaChangesNothing()
     click(main(), u"Command1"_s);
     click(m_forms->chooser(), u"Command2"_s);
     QVERIFY(!m_forms->chooser() && !company() && main()->isEnabled());
+    QCOMPARE(main()->focusWidget()->objectName(), u"Command1"_s);
     QCOMPARE(m_values.CurrentPaymentNumber, 4);
     QCOMPARE(m_archive->ledgerRows(u"SELECT * FROM Fatture"_s), before);
     QCOMPARE(documents(), QStringList());
