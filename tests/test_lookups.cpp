@@ -25,6 +25,7 @@ class TestLookups : public QObject
     Q_OBJECT
 
 private slots:
+    void ledgerHoldsTwoEmptyTables();
     void ledgerFieldsThatMayBeEmpty();
     void ledgerIsNotCreatedOverAnother();
     void codesAreMapped();
@@ -36,6 +37,27 @@ private slots:
     void textOfAnItem();
     void aMissingFieldStopsTheWholeItem();
 };
+
+void TestLookups::ledgerHoldsTwoEmptyTables()
+{
+    const TestArchive archive;
+    QCOMPARE(archive.ledgerRows(u"SELECT type, name FROM sqlite_master"_s),
+             u"table|Fatture\ntable|Spese"_s);
+    const auto fields = [&](const QString &table) {
+        return archive.ledgerRows(
+            u"SELECT group_concat(name || ' ' || type, ', '), "
+            "sum(pk OR \"notnull\" OR dflt_value IS NOT NULL), "
+            "(SELECT count(*) FROM %1) FROM pragma_table_info('%1')"_s.arg(table));
+    };
+    QCOMPARE(fields(u"Fatture"_s),
+             u"AziProf TEXT(1), Npag LONG, Creditore TEXT(60), NFat TEXT(10), Del DATETIME, "
+             "Memo MEMO TEXT, Descrizione TEXT(50), Aliquota CURRENCY, Importo CURRENCY, "
+             "ImportoIVA CURRENCY, AliquotaRA CURRENCY, ImportoPrest CURRENCY, "
+             "Contributo CURRENCY, CassaPrev CURRENCY, ImportoRA CURRENCY, "
+             "AltriImporti01 CURRENCY|0|0"_s);
+    QCOMPARE(fields(u"Spese"_s),
+             u"RelNpag LONG, Cod TEXT(10), Descrizione TEXT(50), Importo CURRENCY|0|0"_s);
+}
 
 void TestLookups::ledgerFieldsThatMayBeEmpty()
 {

@@ -138,11 +138,11 @@ void AllocationFrame::addPickList()
 QBoxLayout *AllocationFrame::makeButtons()
 {
     QPushButton *insert =
-        MakeButton(*this, u"Command3"_s, u"&Inserisci"_s,
-                   u"Aggiunge una voce di spesa scelta dal quadro di disponibilità"_s);
+        new PromptButton(u"Command3"_s, u"&Inserisci"_s,
+                         u"Aggiunge una voce di spesa scelta dal quadro di disponibilità"_s, this);
     QPushButton *remove =
-        MakeButton(*this, u"Command4"_s, u"&Elimina"_s,
-                   u"Elimina subito la voce di spesa corrente, anche dall'archivio"_s);
+        new PromptButton(u"Command4"_s, u"&Elimina"_s,
+                         u"Elimina subito la voce di spesa corrente, anche dall'archivio"_s, this);
     m_fields.addButton(*insert, [this] { insertItem(); });
     m_fields.addButton(*remove, [this] { deleteItem(); });
     auto *row = new QHBoxLayout;

@@ -35,7 +35,7 @@ CreditorFields::CreditorFields(const QString &dateBoxName, FormFields &fields, Q
 QPushButton *CreditorFields::addSearch(const QString &objectName, const QString &caption,
                                        const QString &hint, Names names)
 {
-    QPushButton *button = MakeButton(*this, objectName, caption, hint);
+    QPushButton *button = new PromptButton(objectName, caption, hint, this);
     m_fields.addButton(*button, [this, names = std::move(names)] { offer(names()); });
     QWidget *before =
         m_searches->isEmpty() ? m_creditor : m_searches->itemAt(m_searches->count() - 1)->widget();

@@ -6,28 +6,10 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPushButton>
 
 #include <utility>
 
 namespace saldoro {
-
-void Describe(QWidget &control, const QString &objectName, const QString &accessibleName,
-              const QString &hint)
-{
-    control.setObjectName(objectName);
-    control.setAccessibleName(accessibleName);
-    control.setAccessibleDescription(hint);
-    control.setToolTip(hint);
-}
-
-QPushButton *MakeButton(QWidget &parent, const QString &objectName, const QString &caption,
-                        const QString &hint)
-{
-    auto *button = new QPushButton(caption, &parent);
-    Describe(*button, objectName, QString(caption).remove(u'&'), hint);
-    return button;
-}
 
 QLabel *LabelFor(QWidget &field, const QString &caption)
 {
@@ -65,8 +47,6 @@ void FormFields::addDate(DateBox &box)
 
 void FormFields::addButton(QPushButton &button, std::function<void()> action)
 {
-    // Enter presses the button that has the focus, in a plain window too.
-    button.setAutoDefault(true);
     button.setFocusPolicy(Qt::StrongFocus);
     connect(&button, &QPushButton::clicked, this, [this, &button, action = std::move(action)] {
         if (m_focus.moveTo(button))

@@ -1,24 +1,16 @@
 #pragma once
 
+#include "common/controls.h"
 #include "invoice/field_focus.h"
 
 class QEvent;
 class QKeyEvent;
 class QLabel;
 class QLineEdit;
-class QPushButton;
 
 namespace saldoro {
 
 class DateBox;
-
-/** Names a control for the program, for assistive tools and, as a tip, for the user. */
-void Describe(QWidget &control, const QString &objectName, const QString &accessibleName,
-              const QString &hint);
-
-/** A button with a mnemonic in its caption, described as above. */
-QPushButton *MakeButton(QWidget &parent, const QString &objectName, const QString &caption,
-                        const QString &hint);
 
 /** A label beside @p field, whose mnemonic leads to it. */
 QLabel *LabelFor(QWidget &field, const QString &caption);

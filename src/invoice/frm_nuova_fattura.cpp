@@ -1,11 +1,11 @@
 #include "invoice/frm_nuova_fattura.h"
 
+#include "common/controls.h"
 #include "common/ending.h"
 #include "common/form_helpers.h"
 
 #include <QCloseEvent>
 #include <QGroupBox>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -16,14 +16,18 @@ using namespace Qt::StringLiterals;
 namespace {
 
 template <class Button>
-Button *addButton(QBoxLayout &layout, const QString &name, const QString &text, const QString &hint)
+Button *added(QBoxLayout &layout, Button *button)
 {
-    auto *button = new Button(text);
-    button->setObjectName(name);
-    button->setToolTip(hint);
-    button->setAccessibleDescription(hint);
     layout.addWidget(button);
     return button;
+}
+
+QRadioButton *addOption(QBoxLayout &layout, const QString &name, const QString &text,
+                        const QString &hint)
+{
+    auto *option = added(layout, new QRadioButton(text));
+    Describe(*option, name, QString(text).remove(u'&'), hint);
+    return option;
 }
 
 } // namespace
@@ -49,10 +53,10 @@ QWidget *FrmNuovaFattura::makeOptions()
     constexpr int leastCharacters = 40; // leaves the window's title readable
     frame->setMinimumWidth(leastCharacters * frame->fontMetrics().averageCharWidth());
     auto *options = new QVBoxLayout(frame);
-    m_company = addButton<QRadioButton>(*options, u"Option3"_s, u"&Impresa"_s,
-                                        u"Il pagamento è per un'impresa"_s);
-    addButton<QRadioButton>(*options, u"Option4"_s, u"&Professionista"_s,
-                            u"Il pagamento è per un professionista"_s);
+    m_company =
+        addOption(*options, u"Option3"_s, u"&Impresa"_s, u"Il pagamento è per un'impresa"_s);
+    addOption(*options, u"Option4"_s, u"&Professionista"_s,
+              u"Il pagamento è per un professionista"_s);
     m_company->setChecked(true);
     // By its mnemonic an option is chosen after a moment only; an Enter right behind must count.
     for (QRadioButton *option : frame->findChildren<QRadioButton *>())
@@ -64,10 +68,10 @@ QLayout *FrmNuovaFattura::makeButtons()
 {
     auto *buttons = new QHBoxLayout;
     buttons->addStretch(1);
-    auto *proceedButton = addButton<QPushButton>(*buttons, u"Command1"_s, u"&Continua"_s,
-                                                 u"Apre la fattura da compilare"_s);
-    auto *cancelButton = addButton<QPushButton>(*buttons, u"Command2"_s, u"&Annulla"_s,
-                                                u"Torna alla schermata principale"_s);
+    auto *proceedButton = added(*buttons, new PromptButton(u"Command1"_s, u"&Continua"_s,
+                                                           u"Apre la fattura da compilare"_s));
+    auto *cancelButton = added(*buttons, new PromptButton(u"Command2"_s, u"&Annulla"_s,
+                                                          u"Torna alla schermata principale"_s));
     proceedButton->setDefault(true);
     connect(proceedButton, &QPushButton::clicked, this, &FrmNuovaFattura::proceed);
     connect(cancelButton, &QPushButton::clicked, this, &FrmNuovaFattura::unload);

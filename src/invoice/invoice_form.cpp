@@ -118,15 +118,15 @@ QLayout *InvoiceForm::makeButtons()
 {
     auto *row = new QHBoxLayout;
     row->addStretch(1);
-    m_confirm = MakeButton(*this, u"Command1"_s, u"&Conferma"_s, u"Salva il pagamento e chiude"_s);
+    m_confirm =
+        new PromptButton(u"Command1"_s, u"&Conferma"_s, u"Salva il pagamento e chiude"_s, this);
     row->addWidget(m_confirm);
     m_fields.addButton(*m_confirm, [this] { confirm(); });
     // Giving up is always possible, also from a date that cannot be left.
-    QPushButton *cancel = MakeButton(*this, u"Command2"_s, u"&Annulla"_s,
-                                     u"Chiude senza salvare; le voci già eliminate "
-                                     u"restano eliminate"_s);
+    auto *cancel =
+        new PromptButton(u"Command2"_s, u"&Annulla"_s,
+                         u"Chiude senza salvare; le voci già eliminate restano eliminate"_s, this);
     row->addWidget(cancel);
-    cancel->setAutoDefault(true);
     connect(cancel, &QPushButton::clicked, this, &QWidget::close);
     return row;
 }

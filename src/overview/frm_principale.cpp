@@ -1,5 +1,6 @@
 #include "overview/frm_principale.h"
 
+#include "common/controls.h"
 #include "common/ending.h"
 #include "common/form_helpers.h"
 #include "overview/availability_overview.h"
@@ -11,7 +12,6 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QPushButton>
 
 namespace saldoro {
 
@@ -34,20 +34,10 @@ QLabel *makeHeading(const QString &name, const QString &text, QWidget *buddy)
     return heading;
 }
 
-void describe(QWidget &widget, const QString &objectName, const QString &name, const QString &hint)
+PromptButton *addButton(QBoxLayout &row, const QString &objectName, const QString &caption,
+                        const QString &hint)
 {
-    widget.setObjectName(objectName);
-    widget.setAccessibleName(name);
-    widget.setAccessibleDescription(hint);
-    widget.setToolTip(hint);
-}
-
-QPushButton *addButton(QBoxLayout &row, const QString &objectName, const QString &caption,
-                       const QString &hint)
-{
-    auto *button = new QPushButton(caption);
-    describe(*button, objectName, QString(caption).remove(u'&'), hint);
-    button->setAutoDefault(true); // so that Enter presses the button that has the focus
+    auto *button = new PromptButton(objectName, caption, hint);
     row.addWidget(button);
     return button;
 }
@@ -67,7 +57,7 @@ FrmPrincipale::FrmPrincipale(ProgramValues &values)
 
 void FrmPrincipale::prepareGrids()
 {
-    describe(*m_payments, u"MSFlexGrid1"_s, u"Saldoro effettuati"_s,
+    Describe(*m_payments, u"MSFlexGrid1"_s, u"Saldoro effettuati"_s,
              u"Pagamenti già registrati: Invio apre quello scelto, Canc lo elimina"_s);
     PreparePaymentsList(payments());
     m_payments->setLeastWidth(PaymentColumn::Nr, 400);
@@ -77,7 +67,7 @@ void FrmPrincipale::prepareGrids()
     m_payments->setRestColumn(PaymentColumn::Creditore);
     m_payments->setRightAligned({PaymentColumn::Importo});
 
-    describe(*m_overview, u"MSFlexGrid2"_s, u"Quadro di disponibilità"_s,
+    Describe(*m_overview, u"MSFlexGrid2"_s, u"Quadro di disponibilità"_s,
              u"Spesa prevista, pagata e ancora disponibile di ogni voce"_s);
     PrepareAvailabilityOverview(overview());
     m_overview->setLeastWidth(OverviewColumn::Cod, 400);

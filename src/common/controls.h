@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QPushButton>
+#include <QString>
+
+namespace saldoro {
+
+/** Names a control for code, for those who have it read aloud, and for the mouse (tool tip). */
+void Describe(QWidget &control, const QString &objectName, const QString &accessibleName,
+              const QString &hint);
+
+/**
+ * A button that acts at once when its mnemonic is typed. An ordinary one first shows itself pressed
+ * for a tenth of a second; what a quick typist writes meanwhile would still go to the old field.
+ */
+class PromptButton : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    /** @param caption with the mnemonic's "&", which is left out of the accessible name. Enter
+     *  presses the button while it has the focus. */
+    PromptButton(const QString &objectName, const QString &caption, const QString &hint,
+                 QWidget *parent = nullptr);
+
+protected:
+    bool event(QEvent *event) override;
+};
+
+} // namespace saldoro
