@@ -12,6 +12,7 @@ cmake --preset dev >build/valgrind/configure.log
 cmake --build --preset dev
 # Machine code that regular expressions are compiled to at run time is beyond what valgrind can judge.
 export QT_ENABLE_REGEXP_JIT=0
+export SALDORO_PATIENCE=50 # how many times longer timed tests may take
 export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 XDG_CONFIG_HOME=$PWD/build/valgrind/settings
 
 [ $# -gt 0 ] || set -- $(cd build/dev/tests && ls test_* | grep -v '\.' | grep -v autogen | sed 's/^test_//')
