@@ -183,9 +183,12 @@ void TestAccessibility::largeTextFitsTheScreen()
 void TestAccessibility::darkThemeIsReadable()
 {
     constexpr double readable = 4.5;
+    const auto early = makeForm(); // goes over to the theme while it is open
     QApplication::setPalette(darkPalette());
-    const auto form = makeForm();
-    for (const QWidget *widget : form->findChildren<QWidget *>()) {
+    QCoreApplication::processEvents();
+    const auto late = makeForm();
+    for (const QWidget *widget :
+         early->findChildren<QWidget *>() + late->findChildren<QWidget *>()) {
         if (!widget->isEnabled())
             continue;
         const QPalette colors = widget->palette();

@@ -56,6 +56,7 @@ private slots:
     void aFeeNoteThenAnotherFee();
     void company();
     void beyondTheRange();
+    void fieldsThatAreNotThere();
 };
 
 // fee | 4% | 2% | VAT base | rate | VAT | other | total | R.A. base | rate | R.A. | net
@@ -97,6 +98,16 @@ void TestAmountChains::beyondTheRange()
         perform(chain, before);
         QVERIFY_THROWS_EXCEPTION(OverflowError, perform(chain, step));
     }
+}
+
+void TestAmountChains::fieldsThatAreNotThere()
+{
+    ProfessionalAmounts fees;
+    CompanyAmounts company;
+    QVERIFY_THROWS_EXCEPTION(BoundsError, fees.position(u"Text2_9"_s));
+    QVERIFY_THROWS_EXCEPTION(BoundsError, fees.left(fees.fieldCount()));
+    QVERIFY_THROWS_EXCEPTION(BoundsError, company.left(company.fieldCount()));
+    QVERIFY_THROWS_EXCEPTION(BoundsError, company.setText(-1, u"1"_s));
 }
 
 QTEST_GUILESS_MAIN(TestAmountChains)

@@ -1,9 +1,12 @@
 #include "platform/date_box.h"
 
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
@@ -122,6 +125,28 @@ private slots:
         composed.setCommitString(u"1/x2"_s);
         QCoreApplication::sendEvent(&box, &composed);
         QCOMPARE(box.text(), u"01/2_/____"_s);
+    }
+
+    void mouse()
+    {
+        DateBox box;
+        box.setDateText(u"12/__/____"_s);
+        box.resize(200, box.sizeHint().height());
+        QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(190, box.height() / 2));
+        press(box, u"3"_s); // the click fell behind the places still empty
+        QCOMPARE(box.text(), u"12/3_/____"_s);
+        QGuiApplication::clipboard()->setText(u"25/12/2003"_s);
+        QStringList offered;
+        QTimer::singleShot(0, this, [&] {
+            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            for (const QAction *action : menu->actions())
+                offered += action->isEnabled() ? action->text() : QString();
+            QTest::keyClick(menu, Qt::Key_I);
+        });
+        QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {}, {});
+        QCoreApplication::sendEvent(&box, &asked);
+        QCOMPARE(offered.join(u' '), u"  &Incolla   &Seleziona tutto"_s);
+        QCOMPARE(box.text(), u"25/12/2003"_s);
     }
 
     void readOnlyBoxStaysAsItIs()

@@ -2,8 +2,10 @@
 
 #include <QElapsedTimer>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 using namespace saldoro;
@@ -29,6 +31,8 @@ private slots:
             << rows << Keys{Qt::Key_End, Qt::Key_Home} << u"1,1 [1-1,0-2]"_s;
         QTest::newRow("rows: page and back")
             << rows << Keys{Qt::Key_PageDown, Qt::Key_PageUp} << u"3,1 [3-3,0-2]"_s;
+        QTest::newRow("rows: sideways")
+            << rows << Keys{Qt::Key_Right, Qt::Key_Left, Qt::Key_Left} << u"3,1 [3-3,0-2]"_s;
         QTest::newRow("cell: home") << cell << Keys{Qt::Key_Home} << u"3,0 [3-3,0-0]"_s;
         QTest::newRow("cell: end, right")
             << cell << Keys{Qt::Key_End, Qt::Key_Right} << u"3,2 [3-3,2-2]"_s;
@@ -124,6 +128,21 @@ private slots:
         m_grid->setFont(larger);
         QVERIFY(m_grid->columnWidth(2) > m_grid->fontMetrics().horizontalAdvance(amount) + 6);
         QVERIFY(m_grid->rowHeight(0) > 2 * rowHeight);
+    }
+
+    void cutTextsShowWhole()
+    {
+        open(FlexGrid::Selection::Rows, 3);
+        m_grid->table().setText(1, 1, u"<"_s + QString(300, u'W'));
+        const auto tipOver = [this](int row) {
+            const QPoint place = middleOf(row, 1);
+            QHelpEvent hover(QEvent::ToolTip, place, m_grid->viewport()->mapToGlobal(place));
+            QCoreApplication::sendEvent(m_grid->viewport(), &hover);
+            return QToolTip::text();
+        };
+        QCOMPARE(tipOver(1), u"<p>&lt;%1</p>"_s.arg(QString(300, u'W')));
+        QToolTip::hideText();
+        QTRY_COMPARE(tipOver(2), QString());
     }
 
     void manyRows()

@@ -29,6 +29,7 @@ private slots:
     void deletes_data();
     void deletes();
     void leavesAnEmptyLedgerAlone();
+    void refreshesTheOverviewAlone();
     void writesDocumentsWhenUnloaded();
 
 private:
@@ -209,6 +210,18 @@ void TestFrmPrincipale::leavesAnEmptyLedgerAlone()
     QVERIFY(!control(u"Command3"_s)->isEnabled());
     act(u"enter canc Command4 Command3 Command1"_s);
     QCOMPARE(m_told.join(u' '), u"new 1"_s);
+}
+
+void TestFrmPrincipale::refreshesTheOverviewAlone()
+{
+    m_form->unload(); // nothing is loaded yet: no documents
+    QCOMPARE(takeDocuments(), 0);
+    open();
+    m_archive->execute(LedgerPath(m_values), u"DELETE FROM Fatture"_s);
+    m_archive->execute(LedgerPath(m_values), u"DELETE FROM Spese WHERE Cod = 'S1'"_s);
+    m_form->RefreshProspetto();
+    QCOMPARE(m_form->overviewTable().text(2, 3), u"0,00"_s);
+    QCOMPARE(list().rows(), 4);
 }
 
 void TestFrmPrincipale::writesDocumentsWhenUnloaded()

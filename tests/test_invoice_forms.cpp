@@ -1,4 +1,5 @@
 #include "common/ending.h"
+#include "common/form_helpers.h"
 #include "form_driver.h"
 #include "invoice_model.h"
 
@@ -67,6 +68,9 @@ void TestInvoiceForms::focusOrder()
         }
         QCOMPARE(visited, order);
     }
+    QCOMPARE(InvioTab(Qt::Key_A), int(Qt::Key_A)); // keys other than Enter pass
+    QCoreApplication::processEvents();
+    QCOMPARE(d->focused(), u"Text1_0"_s);
 }
 
 void TestInvoiceForms::otherWindowsTakeNoFocus()

@@ -15,10 +15,19 @@ AmountChain::AmountChain(QList<AmountField> fields)
 {
 }
 
+namespace {
+
+[[noreturn]] void throwNoSuchField()
+{
+    throw BoundsError(QStringLiteral("Campo di importo inesistente."));
+}
+
+} // namespace
+
 void AmountChain::check(int position) const
 {
     if (position < 0 || position >= m_fields.size())
-        throw BoundsError(QStringLiteral("Campo di importo inesistente."));
+        throwNoSuchField();
 }
 
 const AmountField &AmountChain::field(int position) const
@@ -33,7 +42,7 @@ int AmountChain::position(const QString &objectName) const
         if (m_fields[position].objectName == objectName)
             return position;
     }
-    return -1;
+    throwNoSuchField();
 }
 
 QString AmountChain::text(int position) const

@@ -52,7 +52,7 @@ public:
 
     int fieldCount() const { return static_cast<int>(m_fields.size()); }
     const AmountField &field(int position) const;
-    /** Position of the field of that object name, -1 when there is none. */
+    /** Position of the field of that object name; throws BoundsError when there is none. */
     int position(const QString &objectName) const;
 
     QString text(int position) const;
