@@ -24,7 +24,7 @@ private slots:
         const auto row = [](const char *name, MessageKind kind, Qt::Key key, MessageAnswer answer) {
             const QString look = kind == MessageKind::Information ? u"information OK OK"_s
                                  : kind == MessageKind::Critical  ? u"stop OK OK"_s
-                                                                  : u"question &Sì&No &No"_s;
+                                                                  : u"&Sì&No &No"_s;
             QTest::newRow(name) << kind << look << key << answer;
         };
         row("No is preset", MessageKind::Question, Qt::Key_Return, MessageAnswer::No);
@@ -63,8 +63,7 @@ private:
     {
         static const QHash<QMessageBox::Icon, QString> signs{
             {QMessageBox::Information, u"information "_s},
-            {QMessageBox::Critical, u"stop "_s},
-            {QMessageBox::Question, u"question "_s}};
+            {QMessageBox::Critical, u"stop "_s}};
         QString look = signs.value(box.icon());
         const QPushButton *preset = nullptr;
         for (const auto *button : box.findChildren<QPushButton *>()) {

@@ -34,16 +34,14 @@ void Application::speakItalian()
 
 int Application::run(const std::function<bool()> &startUp)
 {
+    int status = 0;
     try {
-        if (!startUp() && !IsEnding())
-            return 0;
+        // After an error in a handler of the start-up there is no loop to enter any more.
+        if (startUp() && !IsEnding())
+            status = exec();
     } catch (...) {
         endOnCurrentException();
     }
-    // An error in a handler during start-up has asked for the end before there was a loop to end.
-    if (IsEnding())
-        return ErrorStatus;
-    const int status = exec();
     return IsEnding() ? ErrorStatus : status;
 }
 

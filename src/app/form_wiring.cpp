@@ -1,10 +1,13 @@
 #include "app/form_wiring.h"
 
 #include "common/ending.h"
+#include "common/form_helpers.h"
 #include "invoice/frm_aziende.h"
 #include "invoice/frm_nuova_fattura.h"
 #include "invoice/frm_professionisti.h"
 #include "overview/frm_principale.h"
+
+#include <QWindow>
 
 #include <algorithm>
 
@@ -12,19 +15,19 @@ namespace saldoro {
 
 namespace {
 
-void bringToFront(QWidget &form)
-{
-    form.show();
-    form.raise();
-    form.activateWindow();
-}
-
 std::unique_ptr<InvoiceForm> makeInvoiceForm(CreditorKind kind, ProgramValues &values,
                                              const TextTable &overview)
 {
     if (kind == CreditorKind::Company)
         return std::make_unique<FrmAziende>(values, overview);
     return std::make_unique<FrmProfessionisti>(values, overview);
+}
+
+/** A click on @p owner would otherwise bring it in front, out of use as it is. */
+void keepAbove(const QWidget &form, const QWidget &owner)
+{
+    form.winId(); // makes the window that the window system knows
+    form.windowHandle()->setTransientParent(owner.windowHandle());
 }
 
 /** Gives up a form that is in the midst of its own signal. */
@@ -59,7 +62,7 @@ void FormWiring::showMainForm()
         makeMainForm();
     if (!m_main->isLoaded())
         m_main->load();
-    bringToFront(*m_main);
+    BringToFront(*m_main);
 }
 
 void FormWiring::makeMainForm()
@@ -77,8 +80,9 @@ void FormWiring::showChooser()
         m_chooser = std::make_unique<FrmNuovaFattura>();
         connect(m_chooser.get(), &FrmNuovaFattura::continued, this, &FormWiring::showInvoiceForm);
         connect(m_chooser.get(), &FrmNuovaFattura::finished, this, &FormWiring::chooserFinished);
+        keepAbove(*m_chooser, *m_main);
     }
-    bringToFront(*m_chooser);
+    BringToFront(*m_chooser);
 }
 
 void FormWiring::chooserFinished()
@@ -97,7 +101,7 @@ void FormWiring::showInvoiceForm(CreditorKind kind)
                 [this, kind] { invoiceFormUnloaded(kind); });
         slot = std::move(form);
     }
-    bringToFront(*slot);
+    BringToFront(*slot);
 }
 
 /** What the form has saved shows by a reload of the main form, closed or not. */
@@ -109,6 +113,8 @@ void FormWiring::invoiceFormUnloaded(CreditorKind kind)
     if (IsEnding())
         return;
     m_main->reload();
+    if (m_chooser)
+        BringToFront(*m_chooser); // the main form is out of use and must not cover it
 }
 
 void FormWiring::announceLastForm()

@@ -12,8 +12,16 @@ namespace saldoro {
 
 namespace {
 
+/** Moving a maximised window would push it off the screen and lose the place it goes back to. */
+bool fillsTheScreen(const QWidget &form)
+{
+    return form.isMaximized() || form.isFullScreen();
+}
+
 void centre(QWidget &form)
 {
+    if (fillsTheScreen(form))
+        return;
     const QRect screen = form.screen()->geometry();
     const QSize size = form.frameGeometry().size();
     // The halves themselves are not rounded, only the place that comes out.
@@ -59,7 +67,8 @@ int TwipsToPixels(int twips, const QWidget &widget)
 void SetTopMost(QWidget &window)
 {
     window.setWindowFlag(Qt::WindowStaysOnTopHint);
-    window.move(0, 0);
+    if (!fillsTheScreen(window))
+        window.move(0, 0);
 }
 
 void CentraForm(QWidget &form)
@@ -67,6 +76,15 @@ void CentraForm(QWidget &form)
     centre(form);
     if (!form.isVisible())
         new FrameAwaiter(form);
+}
+
+void BringToFront(QWidget &form)
+{
+    // To the toolkit a minimised window counts as shown, and raising does not bring it back.
+    form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
+    form.show();
+    form.raise();
+    form.activateWindow();
 }
 
 void ResizeWithinScreen(QWidget &form, QSize wanted)

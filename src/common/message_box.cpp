@@ -24,7 +24,7 @@ QMessageBox::Icon iconOf(MessageKind kind)
     case MessageKind::Critical:
         return QMessageBox::Critical;
     case MessageKind::Question:
-        return QMessageBox::Question;
+        return QMessageBox::NoIcon;
     }
     return QMessageBox::NoIcon;
 }

@@ -11,7 +11,7 @@ enum class MessageKind
 {
     Information, ///< information sign, OK
     Critical,    ///< stop sign, OK
-    Question     ///< question, Yes and No, No preset
+    Question     ///< no sign, Yes and No, No preset
 };
 
 /** The user's answer; boxes with only OK give Ok. */

@@ -52,7 +52,8 @@ FrmPrincipale::FrmPrincipale(ProgramValues &values)
     setObjectName(u"FrmPrincipale"_s);
     prepareGrids();
     arrange();
-    resize(TwipsToPixels(WidthInTwips, *this), TwipsToPixels(HeightInTwips, *this));
+    ResizeWithinScreen(*this,
+                       {TwipsToPixels(WidthInTwips, *this), TwipsToPixels(HeightInTwips, *this)});
 }
 
 void FrmPrincipale::prepareGrids()
@@ -176,10 +177,8 @@ void FrmPrincipale::reload()
 {
     finish();
     load();
-    show();
+    BringToFront(*this);
     m_payments->setFocus(); // as at any opening, though a form on screen is not hidden in between
-    raise();
-    activateWindow();
 }
 
 void FrmPrincipale::setInUse(bool inUse)

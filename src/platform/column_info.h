@@ -24,8 +24,6 @@ struct ColumnInfo
     ColumnKind kind = ColumnKind::Undeclared;
     int size = 0; ///< most characters of a text, 0 without a bound
     bool allowsZeroLength = true;
-    bool isGenerated = false;      ///< computed by the file, never written
-    bool hasRequiredValue = false; ///< not null, but with a default of the file's own
 };
 
 /** The column of a declaration such as "TEXT(60)", "INTEGER16" or "CURRENCY"; the declared types of

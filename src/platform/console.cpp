@@ -13,11 +13,16 @@ namespace {
 void print(std::FILE *stream, const QString &text)
 {
 #ifdef Q_OS_WIN
+    // The console outlives this program, and with it the code page that is set.
+    const UINT before = GetConsoleOutputCP();
     SetConsoleOutputCP(CP_UTF8);
 #endif
     const QByteArray bytes = text.toUtf8();
     std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stream);
     std::fflush(stream);
+#ifdef Q_OS_WIN
+    SetConsoleOutputCP(before);
+#endif
 }
 
 } // namespace

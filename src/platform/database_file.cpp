@@ -5,7 +5,6 @@
 #include "platform/sql_text.h"
 #include "platform/text_collation.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <sqlite3.h>
@@ -53,8 +52,8 @@ DatabaseFile::~DatabaseFile()
 void DatabaseFile::connect(FileAccess access, int lockWaitMilliseconds)
 {
     const int mode = access == FileAccess::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
-    int code = sqlite3_open_v2(QFile::encodeName(m_path).constData(), &m_handle,
-                               mode | SQLITE_OPEN_NOMUTEX, nullptr);
+    int code = sqlite3_open_v2(m_path.toUtf8().constData(), &m_handle, mode | SQLITE_OPEN_NOMUTEX,
+                               nullptr);
     if (code != SQLITE_OK)
         fail(code, {});
     setLockWait(lockWaitMilliseconds);

@@ -1,43 +1,23 @@
 #include "platform/ini_file.h"
 
 #include "common/text_cut.h"
+#include "platform/legacy_text.h"
 #include "platform/machine_path.h"
 
 #include <QFile>
 #include <QStringDecoder>
 #include <QStringList>
 
-#include <array>
-
 namespace saldoro {
 
 namespace {
 
-/** What Windows-1252 has at 0x80 to 0x9F; the five free places stay control characters. */
-constexpr std::array<char16_t, 32> windows1252Block = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-QString fromWindows1252(const QByteArray &data)
-{
-    constexpr char16_t blockStart = 0x80;
-    QString text = QString::fromLatin1(data);
-    for (QChar &character : text) {
-        const char16_t code = character.unicode();
-        if (code >= blockStart && code < blockStart + windows1252Block.size())
-            character = windows1252Block.at(code - blockStart);
-    }
-    return text;
-}
-
 QString decoded(const QByteArray &data)
 {
     const auto marked = QStringConverter::encodingForData(data);
-    QStringDecoder decoder(marked.value_or(QStringConverter::Utf8),
-                           QStringConverter::Flag::Stateless);
-    const QString text = decoder.decode(data);
-    return decoder.hasError() && !marked ? fromWindows1252(data) : text;
+    if (!marked)
+        return TextOfStoredBytes(data);
+    return QStringDecoder(*marked, QStringConverter::Flag::Stateless).decode(data);
 }
 
 /** Without the blanks and tabs at both ends. */

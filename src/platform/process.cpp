@@ -34,9 +34,12 @@ bool StartDetached(const QString &program, const QStringList &arguments)
     std::wstring commandLine = wholeCommandLine(program, arguments);
     QProcess process;
     process.setProgram(MachinePath(program));
+    // A program that asks for more rights is started another way, which takes only these.
+    process.setNativeArguments(arguments.join(u' '));
     process.setCreateProcessArgumentsModifier(
         [&commandLine](QProcess::CreateProcessArguments *start) {
             start->arguments = commandLine.data();
+            start->flags &= ~static_cast<unsigned long>(CREATE_NO_WINDOW);
             start->startupInfo->dwFlags |= STARTF_USESHOWWINDOW;
             start->startupInfo->wShowWindow = SW_SHOWNORMAL;
         });

@@ -30,20 +30,9 @@ void CompleteColumns(const std::shared_ptr<DatabaseFile> &file, const QString &t
                      std::vector<ColumnInfo> &columns)
 {
     const QString definition = definitionOf(file, table);
-    Statement query(file,
-                    QStringLiteral("SELECT name, \"notnull\", dflt_value IS NOT NULL, hidden "
-                                   "FROM pragma_table_xinfo(?)"),
-                    table);
-    query.bind(1, table.toUtf8());
-    while (query.step()) {
-        const QString name = query.text(0);
-        for (ColumnInfo &column : columns) {
-            if (column.name != name)
-                continue;
-            column.hasRequiredValue = query.whole(1) != 0 && query.whole(2) != 0;
-            column.isGenerated = query.whole(3) != 0;
-            column.allowsZeroLength = !definition.contains(QuotedName(ZeroLengthConstraint + name));
-        }
+    for (ColumnInfo &column : columns) {
+        const QString constraint = QuotedName(ZeroLengthConstraint + column.name);
+        column.allowsZeroLength = !definition.contains(constraint);
     }
 }
 

@@ -3,7 +3,6 @@
 #include "platform/column_info.h"
 
 #include <QString>
-#include <QStringList>
 
 #include <memory>
 #include <vector>
@@ -15,8 +14,7 @@ class DatabaseFile;
 /** Whether the file has a table (not a stored query) of that name, letter case ignored. */
 bool HasTable(const std::shared_ptr<DatabaseFile> &file, const QString &table);
 
-/** Adds to @p columns of @p table what the writing of records has to know: which ones refuse empty
- *  texts, which the file computes, which can't be left null. */
+/** Adds to @p columns of @p table which of them refuse empty texts. */
 void CompleteColumns(const std::shared_ptr<DatabaseFile> &file, const QString &table,
                      std::vector<ColumnInfo> &columns);
 

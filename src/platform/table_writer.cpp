@@ -47,33 +47,25 @@ QString TableWriter::returning() const
     return QStringLiteral(" RETURNING ") + names.join(QStringLiteral(", "));
 }
 
-bool TableWriter::writesAtInsertion(int column, const RecordChanges &values) const
-{
-    const ColumnInfo &info = (*m_columns)[static_cast<size_t>(column)];
-    return values.contains(column) || !(info.isGenerated || info.hasRequiredValue);
-}
-
 WrittenRow TableWriter::insert(const RecordChanges &values) const
 {
     QStringList names;
     QStringList marks;
-    std::vector<StoredValue> written;
-    for (int column = 0; column < static_cast<int>(m_columns->size()); ++column) {
-        if (!writesAtInsertion(column, values))
-            continue;
-        const auto value = values.find(column);
+    for (const auto &[column, value] : values) {
         names.append(columnName(column));
         marks.append(QStringLiteral("?"));
-        written.push_back(value == values.end() ? StoredValue() : value->second);
     }
     const QString comma = QStringLiteral(", ");
-    Statement statement(m_file,
-                        QStringLiteral("INSERT INTO ") + QuotedName(m_table) + u'(' +
-                            names.join(comma) + QStringLiteral(") VALUES (") + marks.join(comma) +
-                            u')' + returning(),
-                        m_table);
-    for (size_t place = 0; place < written.size(); ++place)
-        statement.bind(static_cast<int>(place) + 1, written[place]);
+    const QString written =
+        values.empty()
+            ? QStringLiteral(" DEFAULT VALUES")
+            : u'(' + names.join(comma) + QStringLiteral(") VALUES (") + marks.join(comma) + u')';
+    Statement statement(
+        m_file, QStringLiteral("INSERT INTO ") + QuotedName(m_table) + written + returning(),
+        m_table);
+    int position = 0;
+    for (const auto &[column, value] : values)
+        statement.bind(++position, value);
     std::optional<WrittenRow> row = run(statement, m_columns->size());
     if (!row)
         throw DatabaseError(DatabaseFault::Other, m_file->path(), m_table);

@@ -35,8 +35,8 @@ public:
     TableWriter(std::shared_ptr<DatabaseFile> file, QString table,
                 const std::vector<ColumnInfo> *columns);
 
-    /** Adds a record; a field without a value is null, or gets the file's own default where the
-     *  file refuses null. */
+    /** Adds a record; a field without a value gets the file's own default, null where it has none.
+     */
     WrittenRow insert(const RecordChanges &values) const;
     /** Changes a record; throws RecordGone when it is no longer there. */
     WrittenRow update(qint64 rowId, const RecordChanges &changes) const;
@@ -46,7 +46,6 @@ public:
 private:
     QString columnName(int column) const;
     QString returning() const;
-    bool writesAtInsertion(int column, const RecordChanges &values) const;
 
     std::shared_ptr<DatabaseFile> m_file;
     QString m_table;
