@@ -70,6 +70,9 @@ void FormWiring::makeMainForm()
     m_main = std::make_unique<FrmPrincipale>(m_values);
     connect(m_main.get(), &FrmPrincipale::nuovoRequested, this, &FormWiring::showChooser);
     connect(m_main.get(), &FrmPrincipale::openPaymentRequested, this, &FormWiring::showInvoiceForm);
+    // Queued: the window system is still busy with the form that it has made the active one.
+    connect(m_main.get(), &FrmPrincipale::activatedOutOfUse, this, &FormWiring::raiseChooser,
+            Qt::QueuedConnection);
     connect(m_main.get(), &FrmPrincipale::unloaded, this, &FormWiring::announceLastForm);
 }
 
@@ -82,7 +85,14 @@ void FormWiring::showChooser()
         connect(m_chooser.get(), &FrmNuovaFattura::finished, this, &FormWiring::chooserFinished);
         keepAbove(*m_chooser, *m_main);
     }
-    BringToFront(*m_chooser);
+    raiseChooser();
+}
+
+/** Keys for the main form would go nowhere while it is out of use. */
+void FormWiring::raiseChooser()
+{
+    if (m_chooser)
+        BringToFront(*m_chooser);
 }
 
 void FormWiring::chooserFinished()
@@ -113,8 +123,7 @@ void FormWiring::invoiceFormUnloaded(CreditorKind kind)
     if (IsEnding())
         return;
     m_main->reload();
-    if (m_chooser)
-        BringToFront(*m_chooser); // the main form is out of use and must not cover it
+    raiseChooser();
 }
 
 void FormWiring::announceLastForm()

@@ -46,6 +46,7 @@ signals:
 private:
     void makeMainForm();
     void showChooser();
+    void raiseChooser();
     void chooserFinished();
     void showInvoiceForm(CreditorKind kind);
     void invoiceFormUnloaded(CreditorKind kind);

@@ -222,6 +222,13 @@ void FrmPrincipale::deletePayment()
     load();
 }
 
+void FrmPrincipale::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && !isEnabled())
+        emit activatedOutOfUse();
+}
+
 void FrmPrincipale::closeEvent(QCloseEvent *event)
 {
     event->setAccepted(isEnabled() || IsEnding());

@@ -62,10 +62,13 @@ signals:
     void nuovoRequested();
     /** The payment of the current number is to be opened. */
     void openPaymentRequested(saldoro::CreditorKind kind);
+    /** The form has become the active one, by a click for instance, while it is out of use. */
+    void activatedOutOfUse();
     /** The form has gone from the screen and won't come back by itself. */
     void unloaded();
 
 protected:
+    void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
