@@ -7,9 +7,9 @@
 namespace saldoro {
 
 /**
- * The shared archives tree of the suite. Every path is ArchiveRoot followed by one of these, then
- * plain concatenation; nothing adds or removes a separator. Only the three marked "used" matter to
- * this program, the others are names of the tree that must not be given another sense.
+ * Folders below ArchiveRoot that all programs of the suite share. A path is made by putting texts
+ * one behind the other, so what is given here begins with a separator and ends without one. This
+ * program goes to the three marked "used"; the others are listed lest their names be taken.
  */
 namespace ArchiveFolders {
 inline constexpr QStringView Zelt = u"\\ARCHIVI.QX\\ZELT";

@@ -8,8 +8,6 @@ namespace saldoro {
 
 namespace {
 
-constexpr qint64 Scale = 10000;
-
 [[noreturn]] void overflow()
 {
     throw OverflowError(

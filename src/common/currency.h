@@ -13,6 +13,9 @@ namespace saldoro {
 class Currency
 {
 public:
+    /** The parts that a euro is counted in. */
+    static constexpr qint64 Scale = 10'000;
+
     constexpr Currency() = default;
 
     /** The value of @p tenThousandths / 10,000. */

@@ -1,33 +1,19 @@
 #include "common/date_text.h"
 
+#include "common/number_text.h"
+
 #include <QStringList>
 
 namespace saldoro {
 
 namespace {
 
-/** The number that a text of ASCII digits of an accepted length spells, or -1. */
-int digitsValue(const QString &text, qsizetype shortest, qsizetype longest)
-{
-    if (text.size() < shortest || text.size() > longest)
-        return -1;
-    int value = 0;
-    for (const QChar character : text) {
-        if (character < u'0' || character > u'9')
-            return -1;
-        value = value * 10 + (character.unicode() - u'0');
-    }
-    return value;
-}
-
 int fullYear(const QString &text)
 {
-    if (text.size() == 2) {
-        const int year = digitsValue(text, 2, 2);
-        return year < 0 ? -1 : year + (year < 30 ? 2000 : 1900);
-    }
-    const int year = digitsValue(text, 4, 4);
-    return year < 100 ? -1 : year;
+    const int year = DigitsValue(text);
+    if (text.size() == 2 && year >= 0)
+        return year + (year < 30 ? 2000 : 1900);
+    return text.size() == 4 && year >= 100 ? year : -1;
 }
 
 /** Writes @p value as @p count digits into @p text, the first at @p position. */
@@ -60,10 +46,10 @@ QDate DataDaTesto(const QString &text)
     const QStringList pieces = text.split(u'/');
     if (pieces.size() != 3)
         return {};
-    const int day = digitsValue(pieces[0], 1, 2);
-    const int month = digitsValue(pieces[1], 1, 2);
+    if (pieces[0].size() > 2 || pieces[1].size() > 2)
+        return {};
     const int year = fullYear(pieces[2]);
-    return year < 0 ? QDate() : QDate(year, month, day);
+    return year < 0 ? QDate() : QDate(year, DigitsValue(pieces[1]), DigitsValue(pieces[0]));
 }
 
 } // namespace saldoro

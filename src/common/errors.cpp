@@ -1,5 +1,7 @@
 #include "common/errors.h"
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace saldoro {
@@ -8,65 +10,55 @@ namespace {
 
 struct FaultText
 {
-    QString problem;
-    QString remedy;
+    DatabaseFault fault;
+    QStringView problem;
+    QStringView remedy;
 };
 
-FaultText describe(DatabaseFault fault)
+/** The last one stands for all faults that have no text of their own. */
+constexpr std::array<FaultText, 16> FaultTexts{{
+    {DatabaseFault::FileMissing, u"L'archivio non è stato trovato.",
+     u"Controllare la cartella degli archivi impostata, il codice del "
+     "progetto e che la cartella del progetto esista."},
+    {DatabaseFault::FileExists, u"L'archivio da creare esiste già.",
+     u"Spostare altrove il file esistente e riprovare."},
+    {DatabaseFault::NotADatabase, u"Il file non è un archivio dati leggibile oppure è danneggiato.",
+     u"Rimettere al suo posto una copia di riserva del file."},
+    {DatabaseFault::Locked, u"L'archivio è occupato da un altro programma.",
+     u"Chiudere gli altri programmi che usano il progetto e riprovare."},
+    {DatabaseFault::ReadOnly, u"L'archivio non accetta modifiche.",
+     u"Controllare i permessi del file e della sua cartella."},
+    {DatabaseFault::DiskFull, u"La scrittura nell'archivio non è riuscita.",
+     u"Liberare spazio sul disco o controllare che funzioni."},
+    {DatabaseFault::TableMissing, u"Nell'archivio manca una tabella.",
+     u"Controllare che il file sia quello giusto per questo programma."},
+    {DatabaseFault::FieldMissing, u"Nella tabella manca un campo.",
+     u"Controllare che il file sia quello giusto per questo programma."},
+    {DatabaseFault::SyntaxError, u"Il criterio di ricerca non è valido.",
+     u"Controllare che i codici non contengano apostrofi o caratteri "
+     "speciali."},
+    {DatabaseFault::NoCurrentRecord, u"Nessun record corrente: il dato cercato non esiste.",
+     u"Controllare che la tabella indicata contenga il dato."},
+    {DatabaseFault::NullValue, u"Manca un valore che è necessario.",
+     u"Completare il valore mancante nell'archivio."},
+    {DatabaseFault::TypeMismatch, u"Il valore non è del tipo previsto per il campo.",
+     u"Correggere il valore nell'archivio."},
+    {DatabaseFault::FieldTooSmall, u"Il valore è troppo lungo o troppo grande per il campo.",
+     u"Abbreviare il testo o ridurre il numero e riprovare."},
+    {DatabaseFault::ZeroLengthRefused, u"Il campo non accetta un testo vuoto.",
+     u"Scrivere un testo nel campo."},
+    {DatabaseFault::RecordGone, u"Il record è stato eliminato da un altro programma.",
+     u"Riaprire il programma per vedere lo stato attuale."},
+    {DatabaseFault::Other, u"L'archivio dati ha segnalato un errore.",
+     u"Annotare questo messaggio e rivolgersi all'assistenza."},
+}};
+
+const FaultText &textOf(DatabaseFault fault)
 {
-    switch (fault) {
-    case DatabaseFault::FileMissing:
-        return {QStringLiteral("L'archivio non è stato trovato."),
-                QStringLiteral("Controllare la cartella degli archivi impostata, il codice del "
-                               "progetto e che la cartella del progetto esista.")};
-    case DatabaseFault::FileExists:
-        return {QStringLiteral("L'archivio da creare esiste già."),
-                QStringLiteral("Spostare altrove il file esistente e riprovare.")};
-    case DatabaseFault::NotADatabase:
-        return {QStringLiteral("Il file non è un archivio dati leggibile oppure è danneggiato."),
-                QStringLiteral("Rimettere al suo posto una copia di riserva del file.")};
-    case DatabaseFault::Locked:
-        return {QStringLiteral("L'archivio è occupato da un altro programma."),
-                QStringLiteral("Chiudere gli altri programmi che usano il progetto e riprovare.")};
-    case DatabaseFault::ReadOnly:
-        return {QStringLiteral("L'archivio non accetta modifiche."),
-                QStringLiteral("Controllare i permessi del file e della sua cartella.")};
-    case DatabaseFault::DiskFull:
-        return {QStringLiteral("La scrittura nell'archivio non è riuscita."),
-                QStringLiteral("Liberare spazio sul disco o controllare che funzioni.")};
-    case DatabaseFault::TableMissing:
-        return {QStringLiteral("Nell'archivio manca una tabella."),
-                QStringLiteral("Controllare che il file sia quello giusto per questo programma.")};
-    case DatabaseFault::FieldMissing:
-        return {QStringLiteral("Nella tabella manca un campo."),
-                QStringLiteral("Controllare che il file sia quello giusto per questo programma.")};
-    case DatabaseFault::SyntaxError:
-        return {QStringLiteral("Il criterio di ricerca non è valido."),
-                QStringLiteral("Controllare che i codici non contengano apostrofi o caratteri "
-                               "speciali.")};
-    case DatabaseFault::NoCurrentRecord:
-        return {QStringLiteral("Nessun record corrente: il dato cercato non esiste."),
-                QStringLiteral("Controllare che la tabella indicata contenga il dato.")};
-    case DatabaseFault::NullValue:
-        return {QStringLiteral("Manca un valore che è necessario."),
-                QStringLiteral("Completare il valore mancante nell'archivio.")};
-    case DatabaseFault::TypeMismatch:
-        return {QStringLiteral("Il valore non è del tipo previsto per il campo."),
-                QStringLiteral("Correggere il valore nell'archivio.")};
-    case DatabaseFault::FieldTooSmall:
-        return {QStringLiteral("Il valore è troppo lungo o troppo grande per il campo."),
-                QStringLiteral("Abbreviare il testo o ridurre il numero e riprovare.")};
-    case DatabaseFault::ZeroLengthRefused:
-        return {QStringLiteral("Il campo non accetta un testo vuoto."),
-                QStringLiteral("Scrivere un testo nel campo.")};
-    case DatabaseFault::RecordGone:
-        return {QStringLiteral("Il record è stato eliminato da un altro programma."),
-                QStringLiteral("Riaprire il programma per vedere lo stato attuale.")};
-    case DatabaseFault::Other:
-        break;
-    }
-    return {QStringLiteral("L'archivio dati ha segnalato un errore."),
-            QStringLiteral("Annotare questo messaggio e rivolgersi all'assistenza.")};
+    const auto *const found =
+        std::find_if(FaultTexts.begin(), FaultTexts.end() - 1,
+                     [fault](const FaultText &text) { return text.fault == fault; });
+    return *found;
 }
 
 } // namespace
@@ -116,7 +108,7 @@ FileError::FileError(const QString &path, const QString &problem, const QString 
 
 DatabaseError::DatabaseError(DatabaseFault fault, const QString &file, const QString &table,
                              const QString &field, const QString &extra)
-    : SaldoroError(describe(fault).problem, describe(fault).remedy)
+    : SaldoroError(textOf(fault).problem.toString(), textOf(fault).remedy.toString())
     , m_fault(fault)
 {
     addDetail(QStringLiteral("File"), file);

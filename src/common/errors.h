@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <exception>
+#include <type_traits>
 
 namespace saldoro {
 
@@ -99,5 +100,24 @@ public:
 private:
     DatabaseFault m_fault;
 };
+
+/**
+ * Calls @p action, which is about something that has a name, and gives what it gives; an error in
+ * it says which by that detail. @p value is the text or, when it has to be looked up first, a
+ * function that gives it and is called for an error only.
+ */
+template <typename Value, typename Action>
+auto Naming(const QString &label, const Value &value, const Action &action)
+{
+    try {
+        return action();
+    } catch (SaldoroError &error) {
+        if constexpr (std::is_invocable_v<Value>)
+            error.addDetail(label, value());
+        else
+            error.addDetail(label, value);
+        throw;
+    }
+}
 
 } // namespace saldoro

@@ -7,8 +7,7 @@ class QWidget;
 
 namespace saldoro {
 
-/** Twips are twentieths of a point, 1,440 to the inch; the size in pixels of the screen that
- *  @p widget is on. */
+/** A length in twips, of which an inch has 1,440, as pixels of the screen that @p widget is on. */
 int TwipsToPixels(int twips, const QWidget &widget);
 
 /** Keeps a window above all windows that are not topmost, for its lifetime. Its size is kept; it
@@ -31,8 +30,8 @@ void ResizeWithinScreen(QWidget &form, QSize wanted);
 /** The key code of Enter, as handed to InvioTab. */
 inline constexpr int EnterKeyCode = 13;
 
-/** For Enter, sends a Tab keystroke to the active window, so that the focus moves on once the
- *  present key press has been handled, and returns 0; any other code is returned unchanged. */
+/** Makes Enter move on like Tab: posts a Tab to the widget that has the focus, which comes after
+ *  the key press being handled, and returns 0. Any other code comes back as it is. */
 int InvioTab(int keyCode);
 
 /** Asks a question with Yes and No, No being preset, under the application's title; true when the

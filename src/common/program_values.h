@@ -11,11 +11,11 @@ struct ProgramValues
 {
     /** In front of every archive path; no trailing backslash; may be empty. */
     QString ArchiveRoot;
-    /** Code of the contract project, also the name of its folder; taken verbatim. */
+    /** Code of the contract project, as it came, and so the name of its folder. */
     QString ProjectCode;
     /** The program's own build text, e.g. 10167. */
     QString ProgramBuild;
-    /** Number of the payment that the next invoice form opens or creates. */
+    /** The payment that an invoice form is for when it is loaded next, new or not. */
     qint32 CurrentPaymentNumber = 0;
     /** Mandate note composed by the last save of an invoice form. */
     QString MandateText;

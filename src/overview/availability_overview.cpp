@@ -51,12 +51,9 @@ Currency paidOn(RecordSet &spese, const QString &code)
         return paid;
     const int amount = spese.column(u"Importo"_s);
     for (; !spese.noMatch(); spese.findNext(criterion)) {
-        try {
-            paid += spese.field(amount).currency();
-        } catch (SaldoroError &error) {
-            error.addDetail(u"Pagamento"_s, spese.field(u"RelNpag"_s).textOrEmpty());
-            throw;
-        }
+        Naming(
+            u"Pagamento"_s, [&] { return spese.field(u"RelNpag"_s).textOrEmpty(); },
+            [&] { paid += spese.field(amount).currency(); });
     }
     return paid;
 }
@@ -64,30 +61,20 @@ Currency paidOn(RecordSet &spese, const QString &code)
 void fillAmounts(TextTable &overview, int row, RecordSet &spese)
 {
     const QString code = overview.text(row, OverviewColumn::Cod);
-    try {
+    Naming(u"Voce"_s, code, [&] {
         const Currency paid = paidOn(spese, code);
         const Currency budget = ImportoDaTesto(overview.text(row, OverviewColumn::Spesa));
         overview.setText(row, OverviewColumn::Spesa, FormatImporto(budget));
         overview.setText(row, OverviewColumn::Pagato, FormatImporto(paid));
         overview.setText(row, OverviewColumn::Disponibilita, FormatImporto(budget - paid));
-    } catch (SaldoroError &error) {
-        error.addDetail(u"Voce"_s, code);
-        throw;
-    }
+    });
 }
 
 } // namespace
 
 void PrepareAvailabilityOverview(TextTable &overview)
 {
-    const TextTable::BulkChange change(overview);
-    overview.setColumns(OverviewColumn::Count);
-    overview.setRows(1);
-    overview.setText(0, OverviewColumn::Cod, u"Cod"_s);
-    overview.setText(0, OverviewColumn::Descrizione, u"Descrizione"_s);
-    overview.setText(0, OverviewColumn::Spesa, u"Spesa"_s);
-    overview.setText(0, OverviewColumn::Pagato, u"Pagato"_s);
-    overview.setText(0, OverviewColumn::Disponibilita, u"Disponibilità"_s);
+    overview.setHeader({u"Cod"_s, u"Descrizione"_s, u"Spesa"_s, u"Pagato"_s, u"Disponibilità"_s});
 }
 
 void FillAvailabilityOverview(TextTable &overview, const ProgramValues &values)

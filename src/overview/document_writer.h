@@ -28,8 +28,8 @@ void WriteProjectDocuments(ProgramValues &values, const TextTable &overview);
  * except the last into one document ("P98", "P98P"), each after a line break, the last one into
  * another ("P99", "P99P"); registers them and writes the totals "QS1A", "QS1P" and "QS1T".
  *
- * The boxes of @p form are used as they come: the last-payment box is never cleared, so a kind
- * without payments repeats the text that it held before. The caller lets go of the form
+ * The boxes of @p form are used as they come, and the last-payment box is not emptied in between:
+ * where a kind has no payments, its document repeats what was there. The form is spent
  * afterwards. More than 32,767 payments of one kind throw OverflowError.
  */
 void ScriviProspettoRtf(ProgramValues &values, FrmElab &form);

@@ -47,29 +47,17 @@ std::optional<CreditorKind> OpenPayment(ProgramValues &values, qint32 row)
     const Database ledger = Database::open(LedgerPath(values));
     RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture "_s);
     values.CurrentPaymentNumber = row;
-    try {
-        const QString kind = kindText(values, fatture);
-        if (kind == "A"_L1)
-            return CreditorKind::Company;
-        if (kind == "P"_L1)
-            return CreditorKind::Professional;
-        return std::nullopt;
-    } catch (SaldoroError &error) {
-        error.addDetail(u"Pagamento"_s, QString::number(row));
-        throw;
-    }
+    return Naming(u"Pagamento"_s, QString::number(row),
+                  [&] { return KindOfCode(kindText(values, fatture)); });
 }
 
 void DeletePayment(const ProgramValues &values, qint32 row)
 {
     const QString number = QString::number(row);
-    try {
+    Naming(u"Pagamento"_s, number, [&] {
         EliminaVociLike(values, VoceMandato(values, row));
         deleteFromLedger(values, number);
-    } catch (SaldoroError &error) {
-        error.addDetail(u"Pagamento"_s, number);
-        throw;
-    }
+    });
 }
 
 } // namespace saldoro

@@ -1,6 +1,7 @@
 #include "overview/payment_statement.h"
 
 #include "common/amount_text.h"
+#include "common/creditor_kind.h"
 #include "common/date_text.h"
 #include "common/errors.h"
 
@@ -34,7 +35,8 @@ struct Payment
 Payment readPayment(const PaymentStatements &source)
 {
     Payment payment;
-    payment.professional = source.value(Field::Kind).textOrEmpty() == u'P';
+    payment.professional =
+        source.value(Field::Kind).textOrEmpty() == KindCode(CreditorKind::Professional);
     payment.amount = source.value(Field::Amount).currency();
     payment.tax = source.value(Field::Tax).currency();
     if (payment.professional)

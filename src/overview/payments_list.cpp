@@ -2,6 +2,7 @@
 
 #include "common/amount_text.h"
 #include "common/archive_folders.h"
+#include "common/creditor_kind.h"
 #include "common/date_text.h"
 #include "common/errors.h"
 
@@ -55,7 +56,7 @@ private:
     {
         const Currency gross =
             m_fatture.field(m_amount).currency() + m_fatture.field(m_vat).currency();
-        if (m_fatture.field(m_kind).textOrEmpty() != "P"_L1)
+        if (m_fatture.field(m_kind).textOrEmpty() != KindCode(CreditorKind::Professional))
             return gross;
         return gross + m_fatture.field(m_otherAmounts).currencyOrNone().value_or(Currency());
     }
@@ -86,14 +87,7 @@ private:
 
 void PreparePaymentsList(TextTable &payments)
 {
-    const TextTable::BulkChange change(payments);
-    payments.setColumns(PaymentColumn::Count);
-    payments.setRows(1);
-    payments.setText(0, PaymentColumn::Nr, u"Nr"_s);
-    payments.setText(0, PaymentColumn::Creditore, u"Creditore"_s);
-    payments.setText(0, PaymentColumn::Data, u"Data"_s);
-    payments.setText(0, PaymentColumn::Importo, u"importo"_s);
-    payments.setText(0, PaymentColumn::Euro, u"€"_s);
+    payments.setHeader({u"Nr"_s, u"Creditore"_s, u"Data"_s, u"importo"_s, u"€"_s});
 }
 
 PaymentsReader::PaymentsReader(const ProgramValues &values)

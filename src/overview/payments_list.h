@@ -6,6 +6,7 @@
 
 namespace saldoro {
 
+/** Columns of the list. */
 namespace PaymentColumn {
 inline constexpr int Nr = 0;
 inline constexpr int Creditore = 1;

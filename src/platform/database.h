@@ -13,8 +13,8 @@ namespace saldoro {
 class DatabaseFile;
 
 /**
- * One open database file, reached as the desktop engine reaches its own: create with a locale,
- * append table definitions, open record sets from SQL text, close.
+ * One open database file. Tables are made from definitions; everything else goes through record
+ * sets.
  *
  * Paths are archive paths (backslashes, any letter case), turned into paths of the machine here.
  * Every failure is a DatabaseError naming the file. The other programs of the suite use the same

@@ -1,9 +1,7 @@
 #include "platform/record_set.h"
 #include "platform/record_set_data.h"
+#include "platform/rounding.h"
 #include "platform/stored_text.h"
-
-#include <cmath>
-#include <limits>
 
 namespace saldoro {
 
@@ -27,17 +25,6 @@ const Cell &valueAt(const RecordSetData &data, int column)
 bool countsTenThousandths(const ColumnInfo &column)
 {
     return column.kind == ColumnKind::Currency || column.kind == ColumnKind::Undeclared;
-}
-
-/** Nearest whole number, halves to the even one; the bounds are those of @p Whole. */
-template <typename Whole>
-std::optional<Whole> roundedTo(double value)
-{
-    const double rounded = std::nearbyint(value);
-    const double bound = -static_cast<double>(std::numeric_limits<Whole>::min());
-    if (!(rounded >= -bound) || !(rounded < bound))
-        return std::nullopt;
-    return static_cast<Whole>(rounded);
 }
 
 std::optional<QDate> dayAt(const RecordSetData &data, const Cell &cell)
@@ -80,7 +67,7 @@ Currency FieldValue::currency() const
     }
     if (cell.type != CellType::Real)
         throw errorAt(*m_data, m_column, DatabaseFault::TypeMismatch);
-    const auto scaled = roundedTo<qint64>(cell.real());
+    const auto scaled = RoundedTo<qint64>(cell.real());
     if (!scaled)
         throw errorAt(*m_data, m_column, DatabaseFault::FieldTooSmall);
     return Currency::fromScaled(*scaled);
@@ -98,9 +85,9 @@ qint32 FieldValue::integer() const
         throw errorAt(*m_data, m_column, DatabaseFault::TypeMismatch);
     std::optional<qint32> number;
     if (m_data->columnInfo(m_column).kind == ColumnKind::Currency)
-        number = roundedTo<qint32>(currency().toDouble());
+        number = RoundedTo<qint32>(currency().toDouble());
     else if (cell.type == CellType::Real)
-        number = roundedTo<qint32>(cell.real());
+        number = RoundedTo<qint32>(cell.real());
     else if (cell.whole() == static_cast<qint32>(cell.whole()))
         number = static_cast<qint32>(cell.whole());
     if (!number)

@@ -3,6 +3,8 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <optional>
+
 namespace saldoro {
 
 /** The characters of a text in UTF-8, all of them: one that begins with a byte order mark keeps
@@ -16,5 +18,9 @@ QString TextOfUtf8(QByteArrayView bytes);
  * read.
  */
 QString TextOfStoredBytes(QByteArrayView bytes);
+
+/** The byte of that code page for a character from 0x80 on; none when the page has no such
+ *  character. */
+std::optional<unsigned char> CodePageByte(char16_t character);
 
 } // namespace saldoro

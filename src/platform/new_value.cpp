@@ -1,10 +1,9 @@
 #include "platform/new_value.h"
 
+#include "common/date_text.h"
 #include "common/text_cut.h"
+#include "platform/rounding.h"
 #include "platform/stored_text.h"
-
-#include <cmath>
-#include <limits>
 
 namespace saldoro {
 
@@ -21,24 +20,20 @@ Form textForm(const ColumnInfo &column, const QString &text)
     return StoredValue(text.toUtf8());
 }
 
-Form wholeForm(double value, qint64 least, qint64 most)
+template <typename Whole>
+Form wholeForm(double value)
 {
-    // nearbyint() rounds halves to even; the upper bound is compared without its rounding up.
-    const double rounded = std::nearbyint(value);
-    if (!(rounded >= static_cast<double>(least)) || !(rounded < static_cast<double>(most) + 1.0))
-        return DatabaseFault::FieldTooSmall;
-    return StoredValue(static_cast<qint64>(rounded));
+    const auto rounded = RoundedTo<Whole>(value);
+    return rounded ? Form(StoredValue(qint64{*rounded})) : Form(DatabaseFault::FieldTooSmall);
 }
 
 Form wholeForm(double value, ColumnKind kind)
 {
     if (kind == ColumnKind::Whole16)
-        return wholeForm(value, std::numeric_limits<qint16>::min(),
-                         std::numeric_limits<qint16>::max());
+        return wholeForm<qint16>(value);
     if (kind == ColumnKind::Whole32)
-        return wholeForm(value, std::numeric_limits<qint32>::min(),
-                         std::numeric_limits<qint32>::max());
-    return wholeForm(value, std::numeric_limits<qint64>::min(), std::numeric_limits<qint64>::max());
+        return wholeForm<qint32>(value);
+    return wholeForm<qint64>(value);
 }
 
 Form currencyForm(Currency value)
@@ -74,7 +69,7 @@ struct Converter
         if (!day.isValid() || (column.kind != ColumnKind::Date && column.kind != ColumnKind::Text))
             return DatabaseFault::TypeMismatch;
         if (column.kind == ColumnKind::Text)
-            return textForm(column, day.toString(QStringLiteral("dd/MM/yyyy")));
+            return textForm(column, FormatData(day));
         return StoredValue(day.toString(QStringLiteral("yyyy-MM-dd")).toUtf8());
     }
 

@@ -7,8 +7,8 @@
 namespace saldoro {
 
 /**
- * Starts a program as a process of its own with a normal, focused window, and does not wait for
- * it. @p program is an archive path. Returns false when it can't be started; throws nothing.
+ * Starts a program, given by its archive path, and lets it run by itself; its window opens in the
+ * usual size and gets the focus. Returns false when it can't be started; throws nothing.
  * Where the system hands over one command line, the arguments follow the program joined by one
  * blank and otherwise exactly as given.
  */

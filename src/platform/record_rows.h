@@ -43,6 +43,7 @@ public:
     /** The last record that was not removed, or NoRow. */
     int lastLive() const;
 
+    /** Follows what was written: a new record comes last, a changed one stays in its place. */
     void append(const CellTable &row, qint64 rowId);
     void replace(int row, const CellTable &values, qint64 rowId);
     void remove(int row);

@@ -17,8 +17,9 @@ class RecordSetData;
  * What one field of the current record holds, with its place for error texts. A value stays valid
  * only until the record set moves, changes or is closed: read it at once.
  *
- * Reading a null as anything but the "OrEmpty" and "isNull" forms throws NullValue; a stored value
- * that is not of the type asked for throws TypeMismatch; a number beyond the type FieldTooSmall.
+ * Reading a null throws NullValue, save by the forms "OrEmpty", "OrNone" and "isNull"; a stored
+ * value that is not of the type asked for throws TypeMismatch; a number beyond the type
+ * FieldTooSmall.
  */
 class FieldValue
 {
@@ -55,8 +56,8 @@ private:
     int m_column;
 };
 
-/** What can be written into a field: null, text, a whole number, a currency value, a day. Text for
- *  a date field is read as dd/MM/yyyy. */
+/** What can be written into a field: null, text, a whole number, a currency value, a day, a
+ *  floating number. Text for a date field is read as dd/MM/yyyy. */
 using NewValue = std::variant<std::monostate, QString, qint32, Currency, QDate, double>;
 
 /**
@@ -112,18 +113,21 @@ public:
     FieldValue field(const QString &name) const;
     FieldValue field(int column) const;
 
-    /** Starts a new record (all fields null) or the change of the current one. set() fills its
-     *  buffer, update() writes it. Throws ReadOnly on joins and stored queries. */
+    /** Starts a new record or the change of the current one. set() fills its buffer, update()
+     *  writes it; a field that is not set keeps its value, in a new record the file's default.
+     *  Throws ReadOnly on joins and stored queries, edit() also NoCurrentRecord. */
     void addNew();
     void edit();
     /** Field values are read as stored, not from the buffer, and any move or find empties it.
      *  Throws FieldTooSmall, ZeroLengthRefused, TypeMismatch, FieldMissing. */
     void set(const QString &name, const NewValue &value);
     /** Writes the buffer in one statement. After addNew() the current record is the one that was
-     *  current before; after edit() the changed one. */
+     *  current before; after edit() the changed one. Throws RecordGone when another program has
+     *  deleted it, NullValue for a field that the file wants filled, Locked, ReadOnly, DiskFull. */
     void update();
     /** Deletes the current record; it stays the (unreadable) position for moveNext/findNext. One
-     *  that another program has deleted meanwhile is passed over without an error. */
+     *  that another program has deleted meanwhile is passed over without an error. Throws
+     *  NoCurrentRecord, Locked, ReadOnly, DiskFull. */
     void deleteRecord();
 
     /** Lets go of the records. Any later use throws NoCurrentRecord. */

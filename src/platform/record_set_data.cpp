@@ -144,7 +144,7 @@ int RecordSetData::equalAfter(int row, int column, const Criterion &criterion)
     qint64 number = std::get<qint64>(criterion.literal);
     if (info.kind == ColumnKind::Text || info.kind == ColumnKind::Date)
         throw error(DatabaseFault::TypeMismatch, info.name, QString::number(number));
-    if (info.kind == ColumnKind::Currency && qMulOverflow(number, qint64{10000}, &number))
+    if (info.kind == ColumnKind::Currency && qMulOverflow(number, Currency::Scale, &number))
         return RecordRows::NoRow; // beyond any amount that can be stored
     return m_rows.findNumber(column, number, row);
 }

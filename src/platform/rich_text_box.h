@@ -5,8 +5,8 @@
 namespace saldoro {
 
 /**
- * A text buffer that saves itself as a rich-text (RTF) document: plain text in one font, CR LF, CR
- * or LF being one line break each. It is never shown.
+ * A text that can be saved as a rich-text (RTF) document, all in one font. CR LF, CR and LF are
+ * one line break each. There is no window to it.
  */
 class RichTextBox
 {

@@ -1,5 +1,7 @@
 #include "platform/rtf_writer.h"
 
+#include "platform/legacy_text.h"
+
 #include <QByteArray>
 #include <QIODevice>
 
@@ -13,23 +15,6 @@ namespace saldoro {
 namespace {
 
 constexpr char16_t ReplacementCharacter = 0xFFFD;
-
-/** What the bytes 80 to 9F stand for in code page 1252; 0 where they stand for nothing. */
-constexpr std::array<char16_t, 32> UpperControls1252 = {
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
-/** The byte of code page 1252 for a character beyond ASCII, "?" when it has none. */
-unsigned char codePageByte(char16_t unit)
-{
-    if (unit >= 0xA0 && unit <= 0xFF)
-        return static_cast<unsigned char>(unit);
-    const auto *const found = std::find(UpperControls1252.begin(), UpperControls1252.end(), unit);
-    if (unit == 0 || found == UpperControls1252.end())
-        return '?';
-    return static_cast<unsigned char>(0x80 + std::distance(UpperControls1252.begin(), found));
-}
 
 bool standsForItself(QChar character)
 {
@@ -111,7 +96,7 @@ void putUnicode(PieceWriter &out, char16_t unit)
 {
     out.put("\\u");
     out.put(QByteArray::number(static_cast<qint16>(unit)));
-    putByteEscape(out, codePageByte(unit));
+    putByteEscape(out, CodePageByte(unit).value_or('?'));
 }
 
 void putAscii(PieceWriter &out, char character)

@@ -43,6 +43,8 @@ public:
     bool step();
 
     int columnCount() const;
+    /** A value of the current row, converted as the engine does; 0 and the empty text for a null.
+     */
     qint64 whole(int column) const;
     QString text(int column) const;
     /** Appends the current row, from column @p first on, to @p cells. */

@@ -1,33 +1,20 @@
 #include "platform/stored_text.h"
 
+#include "common/currency.h"
+#include "common/date_text.h"
+#include "common/number_text.h"
 #include "platform/legacy_text.h"
 
 #include <QLocale>
 
 namespace saldoro {
 
-namespace {
-
-/** The number that @p count plain digits from @p first on spell; 0 when one of them is no digit. */
-int numberIn(const QString &text, qsizetype first, qsizetype count)
-{
-    int number = 0;
-    for (const QChar digit : QStringView(text).sliced(first, count)) {
-        if (digit < u'0' || digit > u'9')
-            return 0;
-        number = number * 10 + (digit.unicode() - u'0');
-    }
-    return number;
-}
-
-} // namespace
-
 QString TenThousandthsText(qint64 scaled)
 {
     const quint64 size =
         scaled < 0 ? 0 - static_cast<quint64>(scaled) : static_cast<quint64>(scaled);
-    QString text = QString::number(size / 10000);
-    QString decimals = QStringLiteral("%1").arg(size % 10000, 4, 10, QLatin1Char('0'));
+    QString text = QString::number(size / Currency::Scale);
+    QString decimals = QStringLiteral("%1").arg(size % Currency::Scale, 4, 10, QLatin1Char('0'));
     while (decimals.endsWith(u'0'))
         decimals.chop(1);
     if (!decimals.isEmpty())
@@ -48,8 +35,10 @@ std::optional<QDate> DayFromStoredText(const QString &text)
         return std::nullopt;
     if (text.size() > DayLength && text[DayLength] != u' ' && text[DayLength] != u'T')
         return std::nullopt;
-    const QDate day(numberIn(text, 0, 4), numberIn(text, 5, 2), numberIn(text, 8, 2));
-    return day.isValid() ? std::optional(day) : std::nullopt;
+    const QStringView digits(text);
+    const int year = DigitsValue(digits.first(4));
+    const QDate day(year, DigitsValue(digits.sliced(5, 2)), DigitsValue(digits.sliced(8, 2)));
+    return year > 0 && day.isValid() ? std::optional(day) : std::nullopt;
 }
 
 QString StoredText(const CellTable &cells, const Cell &cell, const ColumnInfo &column)
@@ -61,12 +50,13 @@ QString StoredText(const CellTable &cells, const Cell &cell, const ColumnInfo &c
         return column.kind == ColumnKind::Currency ? TenThousandthsText(cell.whole())
                                                    : QString::number(cell.whole());
     case CellType::Real:
-        return RealText(column.kind == ColumnKind::Currency ? cell.real() / 10000 : cell.real());
+        return RealText(column.kind == ColumnKind::Currency ? cell.real() / Currency::Scale
+                                                            : cell.real());
     case CellType::Text: {
         QString text = TextOfUtf8(cells.text(cell));
         if (column.kind == ColumnKind::Date) {
             if (const auto day = DayFromStoredText(text))
-                return day->toString(QStringLiteral("dd/MM/yyyy"));
+                return FormatData(*day);
         }
         return text;
     }

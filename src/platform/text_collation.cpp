@@ -75,12 +75,8 @@ int CompareText(QByteArrayView left, QByteArrayView right)
 
 quint32 HashText(QByteArrayView text)
 {
-    return IsAscii(text) ? hashOfLowered(text) : hashOfLowered(folded(text).toUtf8());
-}
-
-bool IsAscii(QByteArrayView text)
-{
-    return std::all_of(text.begin(), text.end(), isAsciiByte);
+    const bool isAscii = std::all_of(text.begin(), text.end(), isAsciiByte);
+    return isAscii ? hashOfLowered(text) : hashOfLowered(folded(text).toUtf8());
 }
 
 } // namespace saldoro

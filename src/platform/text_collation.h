@@ -8,7 +8,7 @@ namespace saldoro {
 /**
  * The order of texts in every comparison of the databases: letter case is ignored, accented letters
  * stand with their base letter, and between two texts that differ in nothing else the accent
- * decides. Texts are UTF-8; what is no valid UTF-8 counts as the replacement character.
+ * decides. Texts are read as by TextOfStoredBytes().
  *
  * @return less than, equal to or greater than 0 as @p left stands before, with or after @p right.
  */
@@ -16,8 +16,5 @@ int CompareText(QByteArrayView left, QByteArrayView right);
 
 /** A hash that is the same for all texts that CompareText() finds equal. */
 quint32 HashText(QByteArrayView text);
-
-/** True when @p text holds nothing beyond the seven-bit characters. */
-bool IsAscii(QByteArrayView text);
 
 } // namespace saldoro

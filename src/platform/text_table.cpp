@@ -74,6 +74,14 @@ void TextTable::setColumns(int columns)
         listener()->tableReset();
 }
 
+void TextTable::setHeader(const QStringList &headings)
+{
+    const BulkChange change(*this);
+    setColumns(static_cast<int>(headings.size()));
+    setRows(1);
+    m_cells.first() = headings;
+}
+
 QString TextTable::text(int row, int column) const
 {
     checkRow(row);

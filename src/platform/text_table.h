@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 namespace saldoro {
 
@@ -43,6 +44,9 @@ public:
     /** Sets the number of columns; existing rows keep the texts of the columns that stay. The
      *  current column moves to the last one when its own is dropped. */
     void setColumns(int columns);
+
+    /** Cuts the table down to its header, one column for each of @p headings. */
+    void setHeader(const QStringList &headings);
 
     QString text(int row, int column) const;
     /** Writes a cell; the current cell stays where it is. */

@@ -6,6 +6,9 @@
 #include "common/text_cut.h"
 #include "platform/database.h"
 
+#include <initializer_list>
+#include <utility>
+
 namespace saldoro {
 
 namespace {
@@ -36,30 +39,19 @@ OpenTable findCode(const ProgramValues &values, const QString &internalCode)
     return codes;
 }
 
-QString contractSheetSql()
+QString likeCriterion(const QString &pattern)
 {
-    return u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s;
+    return u"Voce Like '"_s + pattern + u"'"_s;
 }
 
-/** Calls @p read, for something that belongs to a code or an item; an error in it names that. */
-template <typename Read>
-auto naming(const QString &label, const QString &key, const Read &read)
-{
-    try {
-        return read();
-    } catch (SaldoroError &error) {
-        error.addDetail(label, key);
-        throw;
-    }
-}
-
-/** The contract sheet, searched for the first item that matches; only for reading. Opened for
- *  writing all the same: a change that was cut short by a crash is undone by whoever opens the file
- *  next, and that takes the right to write. */
+/** The contract sheet, searched for the first item that matches. Opened for writing also where it
+ *  is only read: a change that was cut short by a crash is undone by whoever opens the file next,
+ *  and that takes the right to write. */
 OpenTable findItemLike(const ProgramValues &values, const QString &pattern)
 {
-    OpenTable sheet(Database::open(ContractPath(values)), contractSheetSql());
-    sheet.records.findFirst(u"Voce Like '"_s + pattern + u"'"_s);
+    OpenTable sheet(Database::open(ContractPath(values)),
+                    u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s);
+    sheet.records.findFirst(likeCriterion(pattern));
     return sheet;
 }
 
@@ -70,33 +62,43 @@ enum class ExistingKey
     Rewrite
 };
 
-/** The contract sheet with the buffer of an item ready to be filled: of the first item of that
- *  code, or of a new one. */
-OpenTable beginItem(const ProgramValues &values, const QString &item, ExistingKey existing)
+/** An item of the contract sheet; the values of its other fields come with the writing. */
+struct Item
+{
+    QString code;
+    qint16 tag = 0;
+    QString description;
+};
+
+/** Writes the first item of that code, or a new one when there is none. */
+void writeItem(const ProgramValues &values, const Item &item, ExistingKey existing,
+               std::initializer_list<std::pair<QString, NewValue>> others)
 {
     // The sheet has a note for every payment: only the items of that code are read and put in
     // order.
-    const QString criterion = u"Voce = '"_s + item + u"'"_s;
+    const QString criterion = u"Voce = '"_s + item.code + u"'"_s;
     OpenTable sheet(Database::open(ContractPath(values)),
                     u"SELECT * FROM SchedaProgetto WHERE "_s + criterion + u" ORDER BY VOCE"_s);
     sheet.records.findFirst(criterion);
     const bool isNew = sheet.records.noMatch();
-    if (isNew) {
+    if (isNew)
         sheet.records.addNew();
-    } else {
+    else
         sheet.records.edit();
-    }
-    if (isNew || existing == ExistingKey::Rewrite) {
-        sheet.records.set(u"Voce"_s, item);
-    }
-    return sheet;
+    if (isNew || existing == ExistingKey::Rewrite)
+        sheet.records.set(u"Voce"_s, item.code);
+    sheet.records.set(u"Funzione"_s, qint32{item.tag});
+    sheet.records.set(u"Descri"_s, item.description);
+    for (const auto &[field, value] : others)
+        sheet.records.set(field, value);
+    sheet.records.update();
 }
 
 } // namespace
 
 QString CodiceEsterno(const ProgramValues &values, const QString &internalCode)
 {
-    return naming(u"Codice"_s, internalCode, [&] {
+    return Naming(u"Codice"_s, internalCode, [&] {
         const OpenTable codes = findCode(values, internalCode);
         return codes.records.noMatch() ? QString() : codes.records.field(u"CodExt"_s).text();
     });
@@ -104,47 +106,34 @@ QString CodiceEsterno(const ProgramValues &values, const QString &internalCode)
 
 QString DescrizioneFunzione(const ProgramValues &values, const QString &internalCode)
 {
-    return naming(u"Codice"_s, internalCode,
+    return Naming(u"Codice"_s, internalCode,
                   [&] { return findCode(values, internalCode).records.field(u"Desc"_s).text(); });
 }
 
 void AggiornaVoceImporto(const ProgramValues &values, const QString &internalCode, qint16 tag,
                          Currency amount)
 {
-    QString item;
-    QString description;
-    naming(u"Codice"_s, internalCode, [&] {
+    const Item item = Naming(u"Codice"_s, internalCode, [&] {
         const OpenTable codes = findCode(values, internalCode);
-        item = codes.records.field(u"CodExt"_s).text();
-        description = codes.records.field(u"Desc"_s).textOrEmpty();
+        return Item{codes.records.field(u"CodExt"_s).text(), tag,
+                    codes.records.field(u"Desc"_s).textOrEmpty()};
     });
     // The key of an item that is there already stays in the letter case it was written in.
-    OpenTable sheet = beginItem(values, item, ExistingKey::Keep);
-    sheet.records.set(u"Funzione"_s, qint32{tag});
-    sheet.records.set(u"Descri"_s, description);
-    sheet.records.set(u"Stringa"_s, u"€ "_s + FormatImporto(amount));
-    sheet.records.set(u"Importo"_s, amount);
-    sheet.records.update();
+    writeItem(values, item, ExistingKey::Keep,
+              {{u"Stringa"_s, u"€ "_s + FormatImporto(amount)}, {u"Importo"_s, amount}});
 }
 
 void ScriviVoceFile(const ProgramValues &values, const QString &item, qint16 tag,
                     const QString &description, const QString &fileName)
 {
-    OpenTable sheet = beginItem(values, item, ExistingKey::Rewrite);
-    sheet.records.set(u"Funzione"_s, qint32{tag});
-    sheet.records.set(u"Descri"_s, description);
-    sheet.records.set(u"NomeFile"_s, fileName);
-    sheet.records.update();
+    writeItem(values, {item, tag, description}, ExistingKey::Rewrite, {{u"NomeFile"_s, fileName}});
 }
 
 void ScriviVoceStringa(const ProgramValues &values, const QString &item, qint16 tag,
                        const QString &description, const QString &text)
 {
-    OpenTable sheet = beginItem(values, item, ExistingKey::Rewrite);
-    sheet.records.set(u"Funzione"_s, qint32{tag});
-    sheet.records.set(u"Descri"_s, LeftCharacters(description, DescriptionSize));
-    sheet.records.set(u"Stringa"_s, text);
-    sheet.records.update();
+    writeItem(values, {item, tag, LeftCharacters(description, DescriptionSize)},
+              ExistingKey::Rewrite, {{u"Stringa"_s, text}});
 }
 
 bool EsisteVoceLike(const ProgramValues &values, const QString &pattern)
@@ -154,23 +143,20 @@ bool EsisteVoceLike(const ProgramValues &values, const QString &pattern)
 
 QString StringaVoceLike(const ProgramValues &values, const QString &pattern)
 {
-    return naming(u"Voce"_s, pattern, [&] {
+    return Naming(u"Voce"_s, pattern, [&] {
         return findItemLike(values, pattern).records.field(u"Stringa"_s).textOrEmpty();
     });
 }
 
 bool EliminaVociLike(const ProgramValues &values, const QString &pattern)
 {
-    OpenTable sheet(Database::open(ContractPath(values)), contractSheetSql());
-    const QString criterion = u"Voce Like '"_s + pattern + u"'"_s;
-    bool deleted = false;
-    sheet.records.findFirst(criterion);
+    OpenTable sheet = findItemLike(values, pattern);
+    const bool isAny = !sheet.records.noMatch();
     while (!sheet.records.noMatch()) {
         sheet.records.deleteRecord();
-        deleted = true;
-        sheet.records.findNext(criterion);
+        sheet.records.findNext(likeCriterion(pattern));
     }
-    return deleted;
+    return isAny;
 }
 
 QString VoceMandato(const ProgramValues &values, qint32 paymentNumber)

@@ -9,7 +9,8 @@ namespace saldoro {
 
 /*
  * Look-ups in the suite's databases. Each routine opens its database, does one job and closes it
- * again; every write is one statement. Database errors pass through (DatabaseError).
+ * again; every write is one statement. Throws DatabaseError, NullValue where the code map lacks
+ * the text that is asked for.
  */
 
 /** External code of an internal one, as text; the empty text when the code is not mapped. */

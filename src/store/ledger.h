@@ -5,15 +5,14 @@
 
 #include <QString>
 
-#include <optional>
-
 namespace saldoro {
 
 /**
  * Creates an empty payment ledger, the file "\Saldoro.mdb" in @p projectFolder (an archive path
  * without a trailing backslash). The folder must exist. Tables `Fatture` and `Spese`, no keys, no
- * indexes. A failure in between leaves the file as it is. Returns the open ledger, which the
- * program keeps until it ends; everyone else opens the file anew.
+ * indexes. Returns the open ledger, which the program keeps until it ends; everyone else opens the
+ * file anew. Throws FileExists, FileMissing (no such folder), ReadOnly, DiskFull; a failure in
+ * between leaves the file as it is.
  */
 Database CreateLedgerDatabase(const QString &projectFolder);
 
