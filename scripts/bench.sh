@@ -12,6 +12,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
+. scripts/steps.sh
 
 check=()
 if [ "${1:-}" = --check ]; then
@@ -20,14 +21,12 @@ if [ "${1:-}" = --check ]; then
 fi
 tasks=$(tr ' ' '|' <<<"${*:-.*}")
 results=build/bench/results
-export TMPDIR=$PWD/build/bench/archives
 
 need_packages "${BUILD_PACKAGES[@]}" "${BENCH_PACKAGES[@]}"
+# Only now: what installs packages needs a folder that is there.
+export TMPDIR=$PWD/build/bench/archives
 mkdir -p "$TMPDIR"
-cmake --preset bench >build/bench/configure.log 2>&1 || {
-    cat build/bench/configure.log
-    exit 1
-}
+configure bench
 cmake --build --preset bench --target saldoro_bench
 
 case $(stat -f -c %T "$TMPDIR") in

@@ -9,13 +9,10 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
+. scripts/steps.sh
 
 need_packages "${BUILD_PACKAGES[@]}"
-mkdir -p build
-cmake --preset dev >build/dev.configure.log 2>&1 || {
-    cat build/dev.configure.log
-    exit 1
-}
+configure dev
 cmake --build --preset dev --target saldoro_crash saldoro_faults
 build/dev/crash/saldoro_crash --kills "${1:-1000}" ${2:+--seed "$2"}
 build/dev/crash/saldoro_faults

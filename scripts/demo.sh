@@ -15,6 +15,7 @@ fail() { # WHAT WHAT_TO_DO
 cd "$(dirname "$0")/.." || fail 'la cartella del progetto non è raggiungibile.' \
     'Controllare i permessi della cartella.'
 . scripts/packages.sh || fail 'manca scripts/packages.sh.' 'Scaricare di nuovo il progetto.'
+. scripts/steps.sh || fail 'manca scripts/steps.sh.' 'Scaricare di nuovo il progetto.'
 
 build=$PWD/build/release
 demo=$PWD/build/demo
@@ -58,19 +59,18 @@ make_archive() {
     [ -d "$demo/archivio" ] && return
     # Made aside and put in place whole: an archive that is there is complete.
     rm -rf "$demo/archivio.nuovo"
-    "$build/tools/saldoro_demo_archive" "$demo/archivio.nuovo" >/dev/null \
-        && mv "$demo/archivio.nuovo" "$demo/archivio" \
-        || fail "l'archivio dimostrativo non può essere creato." \
+    if ! "$build/tools/saldoro_demo_archive" "$demo/archivio.nuovo" >/dev/null \
+        || ! mv "$demo/archivio.nuovo" "$demo/archivio"; then
+        fail "l'archivio dimostrativo non può essere creato." \
             "Controllare lo spazio libero in $demo e riprovare."
+    fi
     printf 'Archivio dimostrativo creato in %s\n' "$demo/archivio"
 }
 
 # The setting of this run alone; the user's own is neither read nor changed.
 make_setting() {
     export XDG_CONFIG_HOME=$demo/impostazioni
-    mkdir -p "$XDG_CONFIG_HOME/saldoro" \
-        && printf '[Software\\Dornvale\\ZELT]\ndrivers=%s\n' "$demo/archivio" \
-            >"$XDG_CONFIG_HOME/saldoro/registro.ini" \
+    set_archives_root "$XDG_CONFIG_HOME" "$demo/archivio" \
         || fail "l'impostazione di questa esecuzione non può essere scritta." \
             "Controllare i permessi di $demo."
 }

@@ -8,14 +8,16 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
+. scripts/steps.sh
 
-seconds=${1:-300}
-[ $# -gt 0 ] && shift
+case ${1:-} in
+'' | -*) seconds=300 ;;
+*)
+    seconds=$1
+    shift
+    ;;
+esac
 need_packages "${BUILD_PACKAGES[@]}"
-mkdir -p build
-cmake --preset dev >build/dev.configure.log 2>&1 || {
-    cat build/dev.configure.log
-    exit 1
-}
+configure dev
 cmake --build --preset dev --target saldoro_fuzz
 build/dev/fuzz/saldoro_fuzz --seconds "$seconds" "$@"

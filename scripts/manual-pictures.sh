@@ -7,6 +7,7 @@
 # the program shows, and 77 when this machine cannot tell.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+. scripts/steps.sh
 check=
 if [ "${1:-}" = --check ]; then
     check=yes
@@ -47,8 +48,7 @@ export QT_STYLE_OVERRIDE=Fusion
 export QT_FONT_DPI=96 QT_SCALE_FACTOR=1 LC_ALL=C.UTF-8 XDG_CONFIG_HOME=$work/settings
 
 "$build/tools/saldoro_demo_archive" "$work/archive" >/dev/null
-mkdir -p "$work/settings/saldoro"
-printf '[Software\\Dornvale\\ZELT]\ndrivers=%s\n' "$work/archive" >"$work/settings/saldoro/registro.ini"
+set_archives_root "$work/settings" "$work/archive"
 "$build/tools/saldoro_demo_tour" 00112 "$work/taken" >/dev/null
 
 declare -A names=([1-schermata-principale]=principale [2-pagamento-professionista]=professionista

@@ -10,6 +10,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
+. scripts/steps.sh
 build=$PWD/build/release
 project=00112
 
@@ -26,7 +27,7 @@ step 'packages'
 need_packages "${BUILD_PACKAGES[@]}" "${DEB_PACKAGES[@]}"
 
 step 'build'
-cmake --preset release >"$work/log" 2>&1 || { cat "$work/log"; fail 'not configured'; }
+configure release || fail 'not configured'
 cmake --build --preset release --target Saldoro saldoro-verifica saldoro_demo_archive \
     packaging_files >"$work/log" 2>&1 || { tail -n 40 "$work/log"; fail 'not built'; }
 
@@ -52,6 +53,7 @@ case ${1:-} in
     # Unpacked beside the system, whose libraries it then finds, as its dependencies ask for.
     dpkg-deb --extract "$package" "$root"
     dpkg-deb --field "$package" Depends | tr ',' '\n' | sed 's/ *(.*//; s/^ *//' >"$work/depends"
+    # shellcheck disable=SC2016 # the package tool's own variables
     xargs dpkg-query -W -f '${Package} ${Version}\n' <"$work/depends" || fail 'a dependency is missing'
     ;;
 esac
@@ -65,9 +67,7 @@ done
 
 step 'start'
 "$build/tools/saldoro_demo_archive" "$work/archive" >/dev/null
-mkdir -p "$work/settings/saldoro"
-printf '[Software\\Dornvale\\ZELT]\ndrivers=%s\n' "$work/archive" \
-    >"$work/settings/saldoro/registro.ini"
+set_archives_root "$work/settings" "$work/archive"
 folder=$work/archive/ARCHIVI.QX/ZELT/LAVORI/APPALTI/$project
 "$root/usr/bin/saldoro-verifica" "$folder" || [ $? -eq 1 ] || fail 'saldoro-verifica cannot check'
 status=0

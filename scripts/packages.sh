@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034 # the lists are used where this is sourced
 # Sourced by the other scripts: which Debian packages each kind of work needs, and how to get those
 # that are missing.
 
@@ -5,11 +6,12 @@ BUILD_PACKAGES=(build-essential cmake ninja-build qt6-base-dev qt6-base-dev-tool
     fonts-dejavu-core)
 TEST_PACKAGES=(git clang-format clang-tidy libreoffice-writer-nogui pandoc python3 imagemagick)
 BENCH_PACKAGES=(libbenchmark-dev python3)
+COVERAGE_PACKAGES=(gcovr)
+VALGRIND_PACKAGES=(valgrind)
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix dpkg-dev tcl perl wine wine64 nsis pandoc fonts-dejavu-core
     xvfb openbox xdotool x11-utils imagemagick sqlite3)
 ICON_PACKAGES=(librsvg2-bin imagemagick)
 DEB_PACKAGES=(dpkg-dev fakeroot lintian pandoc appstream desktop-file-utils)
-PICTURE_PACKAGES=(xvfb openbox xdotool imagemagick)
 
 # need_packages NAME... installs those that are not there yet.
 need_packages() {

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by scripts that drive the program's windows: a display of their own without a screen, and
 # keys for the window that is meant.
 
@@ -34,7 +35,8 @@ wait_window() {
     local title
     for _ in $(seq 300); do
         window=$(xdotool getactivewindow 2>/dev/null || true)
-        title=$([ -n "$window" ] && xdotool getwindowname "$window" 2>/dev/null || true)
+        title=
+        [ -z "$window" ] || title=$(xdotool getwindowname "$window" 2>/dev/null || true)
         [[ "$title" == "$1"* ]] && return 0
         sleep 0.2
     done
@@ -77,7 +79,6 @@ enter_professional_payment() { # PROJECT
     enter '01072024'
     press Tab
     press alt+i # third cost item, and all of the payment for it
-    sleep 1     # a mnemonic presses its button a moment later
     press Down Down Return
     enter '1297.18'
     press Return

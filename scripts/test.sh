@@ -8,6 +8,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
+. scripts/steps.sh
 
 started=$SECONDS
 step() { printf '\n== %s (%d s)\n' "$1" "$((SECONDS - started))"; }
@@ -25,17 +26,12 @@ fi
 build_and_test() { # PRESET
     local build=build/check-$1
     # Little debug information: nobody steps through these builds, and it takes a third of the time.
-    cmake --preset "$1" -B "$build" -DCMAKE_UNITY_BUILD=ON "${launcher[@]}" \
-        "-DCMAKE_CXX_FLAGS_RELWITHDEBINFO=-O2 -DNDEBUG" "-DCMAKE_CXX_FLAGS_DEBUG=-g1" \
-        >"$build.log" 2>&1 || {
-        cat "$build.log"
-        return 1
-    }
+    configure "$1" -B "$build" -DCMAKE_UNITY_BUILD=ON "${launcher[@]}" \
+        "-DCMAKE_CXX_FLAGS_RELWITHDEBINFO=-O2 -DNDEBUG" "-DCMAKE_CXX_FLAGS_DEBUG=-g1"
     cmake --build "$build"
     ctest --test-dir "$build" --parallel "$(nproc)" --output-on-failure
 }
 
-mkdir -p build
 step 'build and tests'
 build_and_test dev
 [ "${1:-}" = --quick ] && exit 0

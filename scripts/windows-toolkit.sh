@@ -22,9 +22,10 @@ private_apt() {
         [ -e "$file" ] && sed 's/^Types:.*/Types: deb-src/' "$file" >>"$apt/debian.sources" \
             && printf '\n' >>"$apt/debian.sources"
     done
-    if [ -e /etc/apt/sources.list ]; then
-        sed -n 's/^deb /deb-src /p' /etc/apt/sources.list >"$apt/debian.list"
-    fi
+    : >"$apt/debian.list"
+    for file in /etc/apt/sources.list /etc/apt/sources.list.d/*.list; do
+        [ -e "$file" ] && sed -nE 's/^[[:blank:]]*deb[[:blank:]]/deb-src /p' "$file" >>"$apt/debian.list"
+    done
     apt_options=(-o "Dir::Etc::sourcelist=/dev/null" -o "Dir::Etc::sourceparts=$apt"
         -o "Dir::State::lists=$apt/lists" -o "Dir::Cache::archives=$apt/archives"
         -o "APT::Get::List-Cleanup=0" -o "APT::Sandbox::User=$(id -un)")

@@ -10,6 +10,7 @@ windows=$(cd "$1" && pwd)
 linux=$(cd "$2" && pwd)
 cd "$(dirname "$0")/.."
 . scripts/screen.sh
+. scripts/steps.sh
 work=$windows/wine-check
 project=00112
 version=$(sed -n 's/^project(Saldoro VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
@@ -28,14 +29,10 @@ fail() {
 proved() { printf '  %s\n' "$*"; }
 trap 'status=$?; wineserver -k 2>/dev/null || true; close_screen; exit $status' EXIT
 
-windows_path() { printf 'Z:%s' "$(tr / '\\' <<<"$1")"; }
+windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 windows_root() { # TYPE ROOT: the archives root in the registry
     wine reg add 'HKCU\Software\Dornvale\ZELT' /v drivers /t "$1" /d "$(windows_path "$2")" /f \
         >/dev/null || fail 'the registry cannot be written'
-}
-linux_root() {
-    mkdir -p "$XDG_CONFIG_HOME/saldoro"
-    printf '[Software\\Dornvale\\ZELT]\ndrivers=%s\n' "$1" >"$XDG_CONFIG_HOME/saldoro/registro.ini"
 }
 project_folder() { printf '%s/ARCHIVI.QX/ZELT/LAVORI/APPALTI/%s' "$1" "$project"; }
 
@@ -146,7 +143,9 @@ check_installer() {
         /v DisplayVersion | grep -qF "$version" || fail 'the installed version is not registered'
     wine "$folder/Disinstalla.exe" /S "_?=C:\\users\\$user\\AppData\\Local\\Programs\\Saldoro" \
         || fail 'the uninstaller fails'
-    [ ! -e "$folder/Saldoro.exe" ] && [ ! -e "$menu/Saldoro" ] || fail 'something stays installed'
+    if [ -e "$folder/Saldoro.exe" ] || [ -e "$menu/Saldoro" ]; then
+        fail 'something stays installed'
+    fi
     proved 'the installer installs, registers and takes away'
 }
 
@@ -186,8 +185,9 @@ check_placement() {
     across=$((x + width / 2 - ${SCREEN_SIZE%x*} / 2))
     down=$((y + height / 2 - ${SCREEN_SIZE#*x} / 2))
     # The title bar, about 20 pixels, is the window manager's and not in these numbers.
-    [ "${across#-}" -le 4 ] && [ "${down#-}" -le 24 ] \
-        || fail "not in the middle of the screen: $across across, $down down"
+    if [ "${across#-}" -gt 4 ] || [ "${down#-}" -gt 24 ]; then
+        fail "not in the middle of the screen: $across across, $down down"
+    fi
     proved 'the window stays on top and is in the middle of the screen'
 }
 
@@ -214,7 +214,7 @@ journey() { # windows|linux
 reopen() { # windows|linux ROOT_OF_THE_OTHER EXPECTED
     cp -r "$2" "$work/other"
     rm "$(project_folder "$work/other")"/*.rtf
-    if [ "$1" = windows ]; then windows_root REG_SZ "$work/other"; else linux_root "$work/other"; fi
+    if [ "$1" = windows ]; then windows_root REG_SZ "$work/other"; else set_archives_root "$XDG_CONFIG_HOME" "$work/other"; fi
     start "$1" "TUSMQDE7W$project"
     wait_window "SALDORO APPALTO ($project)" || fail "$1 does not open the other system's files"
     press alt+c
@@ -241,7 +241,7 @@ check_expandable_root
 check_raw_tail
 check_updater
 
-linux_root "$work/archive-linux"
+set_archives_root "$XDG_CONFIG_HOME" "$work/archive-linux"
 journey linux
 journey windows
 same 'the two systems leave different files' "$work/left-linux" "$work/left-windows"
