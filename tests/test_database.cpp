@@ -1,4 +1,5 @@
 #include "database_probe.h"
+#include "platform/engine_error.h"
 #include "platform/machine_path.h"
 
 #include <QDir>
@@ -126,6 +127,26 @@ private slots:
             {u"DELETE FROM Tipi"_s, none}};
         for (const auto &[sql, fault] : queries)
             QCOMPARE(FaultOf([&] { (void)database.openRecordSet(sql); }), fault);
+    }
+
+    void whatTheEngineReports()
+    {
+        const QString table = u"Voci"_s;
+        const QList<std::tuple<int, QString, QString>> reports{
+            {SQLITE_IOERR_READ, {}, Fault(ReadFailed, table)},
+            {SQLITE_IOERR_WRITE, {}, Fault(DiskFull, table)},
+            {SQLITE_FULL, {}, Fault(DiskFull, table)},
+            {SQLITE_PROTOCOL, {}, Fault(Locked, table)},
+            {SQLITE_READONLY_DBMOVED, {}, Fault(FileMissing, table)},
+            {SQLITE_TOOBIG, {}, Fault(FieldTooSmall, table)},
+            {SQLITE_MISMATCH, {}, Fault(TypeMismatch, table)},
+            {SQLITE_AUTH, {}, Fault(Other, table)},
+            {SQLITE_ERROR, u"no such column: v.Cod"_s, Fault(FieldMissing, table, u"Cod"_s)},
+            {SQLITE_ERROR, u"table B has no column named C"_s,
+             Fault(FieldMissing, u"B"_s, u"C"_s)}};
+        for (const auto &[code, message, fault] : reports)
+            QCOMPARE(FaultOf([&] { ThrowEngineError(code, message, u"x.mdb"_s, table); }), fault);
+        QVERIFY_THROWS_EXCEPTION(std::bad_alloc, ThrowEngineError(SQLITE_NOMEM, {}, {}, {}));
     }
 
     void aWriteWaitsForAnotherProgram()

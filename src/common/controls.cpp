@@ -1,6 +1,7 @@
 #include "common/controls.h"
 
-#include <QShortcutEvent>
+#include <QKeyEvent>
+#include <QShortcut>
 
 namespace saldoro {
 
@@ -13,22 +14,30 @@ void Describe(QWidget &control, const QString &objectName, const QString &access
     control.setToolTip(hint);
 }
 
+bool IsRepeatedEnter(const QEvent &event)
+{
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const auto &press = static_cast<const QKeyEvent &>(event);
+    return press.isAutoRepeat() && (press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter);
+}
+
 PromptButton::PromptButton(const QString &objectName, const QString &caption, const QString &hint,
                            QWidget *parent)
     : QPushButton(caption, parent)
 {
     Describe(*this, objectName, QString(caption).remove(u'&'), hint);
     setAutoDefault(true); // in a plain window too
+    setShortcut({});      // the button's own one repeats
+    auto *mnemonic = new QShortcut(QKeySequence::mnemonic(caption), this);
+    mnemonic->setAutoRepeat(false);
+    connect(mnemonic, &QShortcut::activated, this, &QAbstractButton::click);
 }
 
-bool PromptButton::event(QEvent *event)
+void PromptButton::keyPressEvent(QKeyEvent *event)
 {
-    const bool isMnemonic =
-        event->type() == QEvent::Shortcut && !static_cast<QShortcutEvent *>(event)->isAmbiguous();
-    if (!isMnemonic)
-        return QPushButton::event(event);
-    click();
-    return true;
+    if (!IsRepeatedEnter(*event))
+        QPushButton::keyPressEvent(event);
 }
 
 } // namespace saldoro

@@ -9,9 +9,14 @@ namespace saldoro {
 void Describe(QWidget &control, const QString &objectName, const QString &accessibleName,
               const QString &hint);
 
+/** Whether an event is Enter coming again because the key is held down. What the press itself has
+ *  opened or reached is to take no notice of it. */
+bool IsRepeatedEnter(const QEvent &event);
+
 /**
  * A button that acts at once when its mnemonic is typed. An ordinary one first shows itself pressed
  * for a tenth of a second; what a quick typist writes meanwhile would still go to the old field.
+ * A key that is held down does nothing more: the next button may be another form's.
  */
 class PromptButton : public QPushButton
 {
@@ -24,7 +29,7 @@ public:
                  QWidget *parent = nullptr);
 
 protected:
-    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 };
 
 } // namespace saldoro

@@ -16,7 +16,7 @@ struct FaultText
 };
 
 /** The last one stands for all faults that have no text of their own. */
-constexpr std::array<FaultText, 16> FaultTexts{{
+constexpr std::array<FaultText, 17> FaultTexts{{
     {DatabaseFault::FileMissing, u"L'archivio non è stato trovato.",
      u"Controllare la cartella degli archivi impostata, il codice del "
      "progetto e che la cartella del progetto esista."},
@@ -30,6 +30,8 @@ constexpr std::array<FaultText, 16> FaultTexts{{
      u"Controllare i permessi del file e della sua cartella."},
     {DatabaseFault::DiskFull, u"La scrittura nell'archivio non è riuscita.",
      u"Liberare spazio sul disco o controllare che funzioni."},
+    {DatabaseFault::ReadFailed, u"La lettura dell'archivio non è riuscita.",
+     u"Controllare che il disco e la rete funzionino e riprovare."},
     {DatabaseFault::TableMissing, u"Nell'archivio manca una tabella.",
      u"Controllare che il file sia quello giusto per questo programma."},
     {DatabaseFault::FieldMissing, u"Nella tabella manca un campo.",

@@ -75,7 +75,8 @@ enum class DatabaseFault
     NotADatabase,      ///< the file is there but is no database, or is damaged
     Locked,            ///< another program kept the file for the whole time-out
     ReadOnly,          ///< the file, the medium or the record set accepts no change
-    DiskFull,          ///< no room left, or an input/output failure
+    DiskFull,          ///< no room left, or a write that the disk did not carry out
+    ReadFailed,        ///< the disk or the network did not give what the file holds
     TableMissing,      ///< the query names a table that the file does not hold
     FieldMissing,      ///< no field of that name in the record set
     SyntaxError,       ///< a query or criterion that cannot be read

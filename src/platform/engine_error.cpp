@@ -4,6 +4,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+#include <array>
 #include <new>
 #include <optional>
 #include <sqlite3.h>
@@ -33,9 +35,11 @@ DatabaseError statementError(const QString &message, const QString &path, const 
     if (const auto name = after(message, u"no such column: "))
         return {DatabaseFault::FieldMissing, path, table, lastName(*name)};
     if (const auto rest = after(message, u"table ")) {
-        const qsizetype end = rest->indexOf(u" has no column named ");
+        const QStringView link = u" has no column named ";
+        const qsizetype end = rest->indexOf(link);
         if (end >= 0)
-            return {DatabaseFault::FieldMissing, path, rest->first(end), rest->sliced(end + 21)};
+            return {DatabaseFault::FieldMissing, path, rest->first(end),
+                    rest->sliced(end + link.size())};
     }
     const bool unreadable = message.startsWith(u"near ") || message.contains(u"syntax error") ||
                             message.startsWith(u"incomplete input") ||
@@ -68,6 +72,16 @@ DatabaseFault cannotOpenFault(const QString &path)
     return file.isFile() ? DatabaseFault::ReadOnly : DatabaseFault::NotADatabase;
 }
 
+/** Whether nothing was lost: the failure came before anything was to be written. */
+bool isFailedReading(int code)
+{
+    constexpr std::array readingCodes{SQLITE_IOERR_READ,   SQLITE_IOERR_SHORT_READ,
+                                      SQLITE_IOERR_FSTAT,  SQLITE_IOERR_ACCESS,
+                                      SQLITE_IOERR_RDLOCK, SQLITE_IOERR_CHECKRESERVEDLOCK,
+                                      SQLITE_IOERR_LOCK};
+    return std::find(readingCodes.begin(), readingCodes.end(), code) != readingCodes.end();
+}
+
 DatabaseFault faultOf(int code, const QString &path)
 {
     if (code == SQLITE_READONLY_DBMOVED)
@@ -85,8 +99,9 @@ DatabaseFault faultOf(int code, const QString &path)
     case SQLITE_FORMAT:
         return DatabaseFault::NotADatabase;
     case SQLITE_FULL:
-    case SQLITE_IOERR:
         return DatabaseFault::DiskFull;
+    case SQLITE_IOERR:
+        return isFailedReading(code) ? DatabaseFault::ReadFailed : DatabaseFault::DiskFull;
     case SQLITE_CANTOPEN:
         return cannotOpenFault(path);
     case SQLITE_MISMATCH:
@@ -111,7 +126,9 @@ void ThrowEngineError(int code, const QString &message, const QString &path, con
         throw constraintError(code, message, path, table);
     default:
         const DatabaseFault fault = faultOf(code, path);
-        const bool needsDetail = fault == DatabaseFault::Other || fault == DatabaseFault::DiskFull;
+        const bool needsDetail = fault == DatabaseFault::Other ||
+                                 fault == DatabaseFault::DiskFull ||
+                                 fault == DatabaseFault::ReadFailed;
         throw DatabaseError(fault, path, table, {}, needsDetail ? message : QString());
     }
 }
