@@ -1,6 +1,7 @@
 #include "app/error_report.h"
 
 #include "app/install_settings.h"
+#include "common/archive_folders.h"
 #include "common/errors.h"
 #include "platform/registry.h"
 
@@ -65,7 +66,7 @@ bool isAboutStoredValues(const DatabaseError &error)
 /** The project's folder as the check takes it; the code map lies elsewhere. */
 QString folderToCheck(const QString &path)
 {
-    const bool isCodeMap = path.endsWith(QStringLiteral("chiavi.mdb"), Qt::CaseInsensitive);
+    const bool isCodeMap = path.endsWith(ArchiveFiles::Codes, Qt::CaseInsensitive);
     return folderOf(isCodeMap ? QString() : path);
 }
 

@@ -1,44 +1,37 @@
 #include "common/archive_folders.h"
 
+#include <QStringBuilder>
+
 namespace saldoro {
-
-namespace {
-
-QString joined(const QString &root, QStringView tail)
-{
-    return root + tail.toString();
-}
-
-} // namespace
 
 QString ProjectFolder(const ProgramValues &values)
 {
-    return joined(values.ArchiveRoot, ArchiveFolders::Appalti) + u'\\' + values.ProjectCode;
+    return values.ArchiveRoot % ArchiveFolders::Appalti % u'\\' % values.ProjectCode;
 }
 
 QString LedgerPath(const ProgramValues &values)
 {
-    return ProjectFolder(values) + QStringLiteral("\\Saldoro.mdb");
+    return ProjectFolder(values) % u'\\' % ArchiveFiles::Ledger;
 }
 
 QString ContractPath(const ProgramValues &values)
 {
-    return ProjectFolder(values) + QStringLiteral("\\Appalto.mdb");
+    return ProjectFolder(values) % u'\\' % ArchiveFiles::Contract;
 }
 
 QString CompaniesPath(const ProgramValues &values)
 {
-    return ProjectFolder(values) + QStringLiteral("\\AZIDB.mdb");
+    return ProjectFolder(values) % u'\\' % ArchiveFiles::Companies;
 }
 
 QString CodesPath(const ProgramValues &values)
 {
-    return joined(values.ArchiveRoot, ArchiveFolders::Tabelle) + QStringLiteral("\\chiavi.mdb");
+    return values.ArchiveRoot % ArchiveFolders::Tabelle % u'\\' % ArchiveFiles::Codes;
 }
 
 QString UpdateFolder(const ProgramValues &values)
 {
-    return joined(values.ArchiveRoot, ArchiveFolders::Update) + u'\\';
+    return values.ArchiveRoot % ArchiveFolders::Update % u'\\';
 }
 
 } // namespace saldoro

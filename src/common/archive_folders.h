@@ -28,16 +28,22 @@ inline constexpr QStringView Publicazione = u"\\ARCHIVI.QX\\ZELT\\INTERNET\\PUBL
 inline constexpr QStringView LavoriInCorso = u"\\ARCHIVI.QX\\ZELT\\INTERNET\\LAVORIINCORSO";
 } // namespace ArchiveFolders
 
+/** Names of the databases. */
+namespace ArchiveFiles {
+inline constexpr QStringView Ledger = u"Saldoro.mdb";
+inline constexpr QStringView Contract = u"Appalto.mdb";
+inline constexpr QStringView Companies = u"AZIDB.mdb";
+inline constexpr QStringView Codes = u"chiavi.mdb";
+} // namespace ArchiveFiles
+
 /** Folder of the current contract project, without a trailing backslash. */
 QString ProjectFolder(const ProgramValues &values);
 
-/** The payment ledger of the project, "...\Saldoro.mdb". */
+/** The databases of the project: payments, contract, companies. */
 QString LedgerPath(const ProgramValues &values);
-/** The contract database of the project, "...\Appalto.mdb". */
 QString ContractPath(const ProgramValues &values);
-/** The companies database of the project, "...\AZIDB.mdb". */
 QString CompaniesPath(const ProgramValues &values);
-/** The codes database shared by all projects, "...\chiavi.mdb". */
+/** The codes database, which all projects share. */
 QString CodesPath(const ProgramValues &values);
 /** The update folder, with its trailing backslash. */
 QString UpdateFolder(const ProgramValues &values);

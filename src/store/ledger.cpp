@@ -1,5 +1,9 @@
 #include "store/ledger.h"
 
+#include "common/archive_folders.h"
+
+#include <QStringBuilder>
+
 namespace saldoro {
 
 namespace {
@@ -46,7 +50,7 @@ TableDef SpeseTable()
 
 Database CreateLedgerDatabase(const QString &projectFolder)
 {
-    const QString path = projectFolder + u"\\Saldoro.mdb"_s;
+    const QString path = projectFolder % u'\\' % ArchiveFiles::Ledger;
     // The file is made and let go of, then opened as everyone else opens it: whatever stands in
     // the way of that shows here and not at the first payment.
     Database::create(path, LedgerLocale.toString()).close();
