@@ -7,7 +7,10 @@ target_compile_definitions(saldoro_settings INTERFACE
   QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_compile_options(saldoro_settings INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
-  -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wduplicated-cond -Wlogical-op)
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU") # others do not know these
+  target_compile_options(saldoro_settings INTERFACE -Wduplicated-cond -Wlogical-op)
+endif()
 if(SALDORO_STRICT)
   target_compile_options(saldoro_settings INTERFACE -Werror)
 endif()

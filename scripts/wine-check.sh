@@ -139,6 +139,8 @@ check_installer() {
     done
     cmp "$folder/Saldoro.exe" "$windows/src/app/Saldoro.exe" || fail 'another Saldoro.exe is installed'
     [ -e "$menu/Saldoro/Saldoro.lnk" ] || fail 'there is no entry in the start menu'
+    strings -el "$menu/Saldoro/Prompt di Saldoro.lnk" | grep -qE 'AppData.Local.Programs.Saldoro$' \
+        || fail 'no command window opens in the folder of the programs'
     wine reg query 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Saldoro' \
         /v DisplayVersion | grep -qF "$version" || fail 'the installed version is not registered'
     wine "$folder/Disinstalla.exe" /S "_?=C:\\users\\$user\\AppData\\Local\\Programs\\Saldoro" \
