@@ -69,6 +69,9 @@ int TryStorageFaults()
         }
         std::printf("faults: %s: %d failing calls, %d of them without harm to the work\n",
                     qPrintable(trial.name()), count.faults, count.absorbed);
+        if (count.faults == 0)
+            throw std::runtime_error(trial.name().toStdString() +
+                                     ": the engine does not go through the layer that fails");
         faults += count.faults;
     }
     return faults;

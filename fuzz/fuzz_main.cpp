@@ -74,6 +74,23 @@ bool runKept(std::vector<Target> &targets)
     return good;
 }
 
+/** Random cases of all targets in turn until the time is over or a case fails. */
+bool runRandom(std::vector<Target> &targets, quint64 seed, qint64 milliseconds)
+{
+    std::printf("fuzz: from seed %llu\n", static_cast<unsigned long long>(seed));
+    std::mt19937_64 seeds(seed);
+    QElapsedTimer clock;
+    clock.start();
+    bool good = true;
+    while (good && clock.elapsed() < milliseconds) {
+        for (Target &target : targets) {
+            for (int turn = 0; good && turn < target.share; ++turn)
+                good = runCase(target, seeds());
+        }
+    }
+    return good;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -94,24 +111,16 @@ int main(int argc, char *argv[])
         std::erase_if(targets, [&](const Target &target) {
             return QString::fromLatin1(target.name) != options.value(u"target"_s);
         });
-    if (options.isSet(u"case"_s))
-        return !targets.empty() && runCase(targets.front(), options.value(u"case"_s).toULongLong())
-                   ? 0
-                   : 1;
-
-    bool good = runKept(targets);
-    quint64 seed = options.value(u"seed"_s).toULongLong();
-    std::printf("fuzz: from seed %llu\n", static_cast<unsigned long long>(seed));
-    std::mt19937_64 seeds(seed);
-    QElapsedTimer clock;
-    clock.start();
-    const qint64 end = options.value(u"seconds"_s).toLongLong() * 1000;
-    while (good && clock.elapsed() < end) {
-        for (Target &target : targets) {
-            for (int turn = 0; good && turn < target.share; ++turn)
-                good = runCase(target, seeds());
-        }
+    const qint64 milliseconds = options.value(u"seconds"_s).toLongLong() * 1000;
+    if (targets.empty() || milliseconds <= 0) {
+        std::printf("fuzz: FAILED: no such target, or no time\n");
+        return 1;
     }
+    if (options.isSet(u"case"_s))
+        return runCase(targets.front(), options.value(u"case"_s).toULongLong()) ? 0 : 1;
+
+    const quint64 seed = options.value(u"seed"_s).toULongLong();
+    const bool good = runKept(targets) && runRandom(targets, seed, milliseconds);
     for (const Target &target : targets)
         std::printf("fuzz: %-10s %lld cases\n", target.name, static_cast<long long>(target.cases));
     return good ? 0 : 1;
