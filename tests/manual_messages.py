@@ -3,7 +3,8 @@
     manual_messages.py SOURCE_FOLDER MANUAL
 
 Messages are the texts of message boxes and whole sentences in the sources. What saldoro-verifica
-finds carries its own advice, so of that program only what keeps it from checking is looked for.
+finds carries its own advice and goes on in lower case behind its place, so that of that program only
+what keeps it from its work is looked for.
 """
 import re
 import sys
@@ -15,7 +16,6 @@ BOX = re.compile(r'\b(?:ShowMessage|ChiediConferma)\(')
 SENTENCE = re.compile(r'^[A-ZÀÈÌÒÙ][^<>]* [^<>]*(?:\w{3}|%\d)\.$')
 # Sentences of these files are found in pieces: the report around an error.
 REPORTS = {'error_report.cpp'}
-FINDINGS = re.compile(r'verify/(?!main|options|missing_value)')
 
 
 def joined(source):
@@ -54,9 +54,8 @@ def plain(text):
 
 def main(sources, manual):
     explained = plain(Path(manual).read_text(encoding='utf-8'))
-    files = [path for path in sorted(Path(sources).rglob('*.cpp'))
-             if not FINDINGS.search(path.as_posix())]
-    wanted = {(plain(text), path.name) for path in files for text in messages(path)}
+    wanted = {(plain(text), path.name)
+              for path in Path(sources).rglob('*.cpp') for text in messages(path)}
     wanted = {(text, name) for text, name in wanted if len(text) > 2 and ' ' in text}
     missing = []
     for text, name in sorted(wanted):
