@@ -16,20 +16,9 @@ void add(const QString &place, const QString &problem, const QString &remedy, Fi
     findings.append({FindingGroup::Allocations, place, problem, remedy});
 }
 
-/** How many payments have a number. */
-std::map<qint32, int> paymentCounts(const QList<PaymentRow> &payments)
-{
-    std::map<qint32, int> counts;
-    for (const PaymentRow &payment : payments) {
-        if (payment.number.value)
-            ++counts[*payment.number.value];
-    }
-    return counts;
-}
-
 void checkOwners(const ProjectData &data, Findings &findings)
 {
-    const std::map<qint32, int> counts = paymentCounts(*data.payments);
+    const std::map<qint32, int> counts = PaymentCounts(*data.payments);
     for (const AllocationRow &allocation : *data.allocations) {
         if (!allocation.payment.missing &&
             (!allocation.payment.value || counts.contains(*allocation.payment.value)))
@@ -79,15 +68,21 @@ void checkCode(const AllocationRow &allocation, const std::map<QString, QString>
             u"aprire il pagamento, eliminare la riga e inserire di nuovo la voce."_s, findings);
 }
 
-void checkAmounts(const ProjectData &data, Findings &findings)
+/** The overview adds up only what has the code of a cost item. */
+void checkAmount(const AllocationRow &allocation, const std::map<QString, QString> &codes,
+                 Findings &findings)
 {
-    for (const AllocationRow &allocation : *data.allocations) {
-        if (allocation.amount.missing)
-            add(AllocationName(allocation),
-                u"manca l'importo: il quadro di disponibilità si ferma a questa voce e la "
-                "schermata principale non si apre."_s,
-                u"scrivere l'importo nell'archivio, con l'aiuto dell'assistenza."_s, findings);
-    }
+    if (!allocation.amount.missing)
+        return;
+    if (allocation.code.value && codes.contains(ComparedCode(*allocation.code.value)))
+        add(AllocationName(allocation),
+            u"manca l'importo: il quadro di disponibilità si ferma a questa voce e la schermata "
+            "principale non si apre."_s,
+            u"scrivere l'importo nell'archivio, con l'aiuto dell'assistenza."_s, findings);
+    else
+        add(AllocationName(allocation),
+            u"manca l'importo: nella fattura resta vuoto e «Conferma» lo scrive come zero."_s,
+            u"aprire il pagamento e scrivere l'importo."_s, findings);
 }
 
 void checkRepeated(const ProjectData &data, Findings &findings)
@@ -150,7 +145,7 @@ void checkTotals(const ProjectData &data, Findings &findings)
         if (allocation.payment.value)
             totals[*allocation.payment.value].add(allocation);
     }
-    const std::map<qint32, int> counts = paymentCounts(*data.payments);
+    const std::map<qint32, int> counts = PaymentCounts(*data.payments);
     for (const PaymentRow &payment : *data.payments) {
         // Payments of one number share their allocations; that is found elsewhere.
         if (!payment.number.value || counts.at(*payment.number.value) > 1)
@@ -193,10 +188,11 @@ void CheckAllocations(const ProjectData &data, Findings &findings)
         checkOwners(data, findings);
     if (data.budget) {
         const std::map<QString, QString> codes = budgetCodes(*data.budget);
-        for (const AllocationRow &allocation : *data.allocations)
+        for (const AllocationRow &allocation : *data.allocations) {
             checkCode(allocation, codes, findings);
+            checkAmount(allocation, codes, findings);
+        }
     }
-    checkAmounts(data, findings);
     checkRepeated(data, findings);
     checkItemSums(data, findings);
     if (data.payments)

@@ -42,18 +42,44 @@ void add(const QString &code, const QString &problem, Findings &findings)
                      "tabelle comuni, o con l'aiuto dell'assistenza."_s});
 }
 
-QString consequence(CodeUse use)
+/** How an external code can be lacking. */
+enum class Lack
+{
+    Row,   ///< the map has no row for the code
+    Value, ///< the row has none
+    Text   ///< the row has an empty one
+};
+
+QString stopsClosing()
+{
+    return u"la chiusura della schermata principale si ferma senza completare i documenti."_s;
+}
+
+/** A lookup gives an empty code for a row that is not there, and stops at one without a value; what
+ *  registers a document or a total needs the row. */
+QString consequence(CodeUse use, Lack lack)
 {
     switch (use) {
     case CodeUse::Search:
-        return u"le fatture delle aziende non trovano l'appaltatore."_s;
+        return lack == Lack::Value ? u"le fatture delle aziende non si aprono e il programma "
+                                     "termina con un errore."_s
+                                   : u"le fatture delle aziende non trovano l'appaltatore."_s;
     case CodeUse::Note:
-        return u"i mandati vengono scritti sotto un codice senza nome."_s;
+        return lack == Lack::Value ? u"aprire, confermare o eliminare un pagamento fa terminare il "
+                                     "programma con un errore."_s
+                                   : u"i mandati vengono scritti, e cercati, sotto un codice senza "
+                                     "nome."_s;
     case CodeUse::File:
+        return lack == Lack::Text ? u"il documento si scrive con il nome «.rtf», e un altro "
+                                    "documento senza codice lo sovrascrive."_s
+                                  : stopsClosing();
     case CodeUse::Total:
-        break;
+        return lack == Lack::Text
+                   ? u"il totale si scrive nella scheda dell'appalto sotto un codice "
+                     "vuoto, dove non lo si trova."_s
+                   : stopsClosing();
     }
-    return u"la chiusura della schermata principale si ferma senza completare i documenti."_s;
+    return {};
 }
 
 bool containsAny(const QString &text, QStringView characters)
@@ -91,19 +117,23 @@ void checkRows(const NeededCode &needed, const QList<CodeRow> &rows, Findings &f
 {
     const QString code = needed.code.toString();
     if (rows.isEmpty()) {
-        add(code, u"manca nella tabella: "_s + consequence(needed.use), findings);
+        add(code, u"manca nella tabella: "_s + consequence(needed.use, Lack::Row), findings);
         return;
     }
     if (rows.size() > 1)
         add(code, u"compare %1 volte nella tabella: vale solo la prima."_s.arg(rows.size()),
             findings);
     const CodeRow &row = rows.first();
-    if (row.externalCode.value.value_or(QString()).isEmpty())
-        add(code, u"non ha un codice esterno: "_s + consequence(needed.use), findings);
+    if (!row.externalCode.value)
+        add(code, u"non ha un codice esterno (CodExt): "_s + consequence(needed.use, Lack::Value),
+            findings);
+    else if (row.externalCode.value->isEmpty())
+        add(code, u"ha un codice esterno vuoto: "_s + consequence(needed.use, Lack::Text),
+            findings);
     else
         checkSpelling(needed, *row.externalCode.value, findings);
     if (needed.use == CodeUse::File && row.description.missing)
-        add(code, u"non ha una descrizione: "_s + consequence(needed.use), findings);
+        add(code, u"non ha una descrizione: "_s + stopsClosing(), findings);
 }
 
 void checkShared(const ProjectData &data, Findings &findings)

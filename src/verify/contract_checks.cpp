@@ -2,7 +2,6 @@
 #include "verify/checks.h"
 
 #include <map>
-#include <set>
 
 namespace saldoro {
 
@@ -37,17 +36,8 @@ qint32 notedPayment(QStringView tail)
     return number > 0 && QString::number(number) == tail ? number : 0;
 }
 
-std::set<qint32> paymentNumbers(const ProjectData &data)
-{
-    std::set<qint32> numbers;
-    for (const PaymentRow &payment : *data.payments) {
-        if (payment.number.value)
-            numbers.insert(*payment.number.value);
-    }
-    return numbers;
-}
-
-void checkNote(const SheetRow &item, qint32 number, const std::set<qint32> *payments,
+/** @p payments has the numbers of the payments; null when they could not be read. */
+void checkNote(const SheetRow &item, qint32 number, const std::map<qint32, int> *payments,
                Findings &findings)
 {
     const QString place = u"Mandato "_s + item.code;
@@ -72,7 +62,7 @@ void checkNote(const SheetRow &item, qint32 number, const std::set<qint32> *paym
 
 void checkNotes(const ProjectData &data, const QString &external, Findings &findings)
 {
-    const std::set<qint32> numbers = data.payments ? paymentNumbers(data) : std::set<qint32>();
+    const auto numbers = PaymentCounts(data.payments.value_or(QList<PaymentRow>()));
     const QString beginning = ComparedCode(external + u'_');
     std::map<qint32, QString> known;
     for (const SheetRow &item : *data.sheet) {

@@ -30,20 +30,22 @@ QString existingFolder(const QString &given)
     return folder;
 }
 
-int check(const Options &options)
+/** @p heading stands above the report of an error. */
+int check(const Options &options, QString &heading)
 {
     const ProjectFiles files = FilesOfProject(existingFolder(options.folder), options.codes);
     if (!options.missingValues.isEmpty()) {
         const QString copy = SetMissingValues(files.ledger, options.missingValues);
         PrintOut(u"Valori impostati: %1. Copia del registro com'era: %2\n\n"_s.arg(
             QString::number(options.missingValues.size()), copy));
+        heading = u"I valori sono stati impostati; il controllo non è stato possibile."_s;
     }
     const Findings findings = VerifyProject(files);
     PrintOut(FindingsReport(findings));
     return findings.isEmpty() ? Clean : Found;
 }
 
-int run(const QStringList &words)
+int run(const QStringList &words, QString &heading)
 {
     const Options options = ParseOptions(words);
     switch (options.request) {
@@ -56,7 +58,7 @@ int run(const QStringList &words)
     case Request::Check:
         break;
     }
-    return check(options);
+    return check(options, heading);
 }
 
 } // namespace
@@ -64,13 +66,15 @@ int run(const QStringList &words)
 int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
+    QString heading = u"Il comando non è stato eseguito."_s;
     try {
-        return run(QCoreApplication::arguments().sliced(1));
+        return run(QCoreApplication::arguments().sliced(1), heading);
     } catch (const SaldoroError &error) {
-        PrintError(u"Il comando non è stato eseguito.\n"_s + error.message() + u'\n');
+        if (error.detail(u"Valori già impostati"_s).toInt() > 0)
+            heading = u"Il comando è stato eseguito solo in parte."_s;
+        PrintError(heading + u'\n' + error.message() + u'\n');
     } catch (const std::exception &error) {
-        PrintError(u"Il comando non è stato eseguito: "_s + QString::fromUtf8(error.what()) +
-                   u'\n');
+        PrintError(heading + u'\n' + QString::fromUtf8(error.what()) + u'\n');
     }
     return NotPossible;
 }

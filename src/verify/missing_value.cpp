@@ -7,6 +7,9 @@
 #include <QDateTime>
 #include <QRegularExpression>
 
+#include <set>
+#include <utility>
+
 namespace saldoro {
 
 namespace {
@@ -72,6 +75,25 @@ void findPayment(RecordSet &payments, const MissingValue &wanted)
                       wanted.field);
 }
 
+/** Of two values for one field the second would find it filled. */
+void refuseRepeated(const QList<MissingValue> &values)
+{
+    std::set<std::pair<qint32, QString>> known;
+    for (const MissingValue &value : values) {
+        if (!known.emplace(value.payment, value.field).second)
+            throw refusal(u"Lo stesso campo è indicato due volte."_s,
+                          QString::number(value.payment), value.field);
+    }
+}
+
+void writeValue(RecordSet &payments, const MissingValue &value)
+{
+    payments.findFirst(u"Npag = "_s + QString::number(value.payment));
+    payments.edit();
+    payments.set(value.field, value.value);
+    payments.update();
+}
+
 /** A copy beside the ledger under a name that no file has yet. */
 QString backUp(const Database &ledger)
 {
@@ -120,16 +142,22 @@ MissingValue ParseMissingValue(const QString &payment, const QString &field, con
 
 QString SetMissingValues(const QString &ledger, const QList<MissingValue> &values)
 {
+    refuseRepeated(values);
     const Database database = Database::open(ledger);
     RecordSet payments = database.openRecordSet(u"SELECT * FROM Fatture"_s);
     for (const MissingValue &value : values)
         findPayment(payments, value);
     QString copy = backUp(database);
-    for (const MissingValue &value : values) {
-        findPayment(payments, value);
-        payments.edit();
-        payments.set(value.field, value.value);
-        payments.update();
+    int written = 0;
+    try {
+        for (const MissingValue &value : values) {
+            writeValue(payments, value);
+            ++written;
+        }
+    } catch (SaldoroError &error) {
+        error.addDetail(u"Valori già impostati"_s, QString::number(written));
+        error.addDetail(u"Copia del registro com'era"_s, copy);
+        throw;
     }
     return copy;
 }

@@ -11,7 +11,7 @@ namespace saldoro {
 struct MissingValue
 {
     qint32 payment = 0;
-    QString field; ///< Del, Importo or ImportoIVA
+    QString field; ///< Del, Importo or ImportoIVA, in these letters
     NewValue value;
 };
 
@@ -26,8 +26,10 @@ MissingValue ParseMissingValue(const QString &payment, const QString &field, con
  * Sets the values in a ledger, each of one payment whose field is null. First makes sure that all
  * of them can be set, then puts a copy of the ledger beside it. Returns the copy's path.
  *
- * Throws SaldoroError, with nothing changed, when no payment or more than one has the number or
- * the field holds a value, and DatabaseError, also when the copy can't be made.
+ * Throws SaldoroError, with nothing changed, when no payment or more than one has the number, the
+ * field holds a value or is given twice, and DatabaseError, also when the copy can't be made. Once
+ * the copy is made an error has the details "Valori già impostati", how many of the values are
+ * written, and "Copia del registro com'era".
  */
 QString SetMissingValues(const QString &ledger, const QList<MissingValue> &values);
 

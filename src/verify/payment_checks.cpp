@@ -3,6 +3,8 @@
 
 #include <array>
 #include <limits>
+#include <map>
+#include <utility>
 
 namespace saldoro {
 
@@ -16,33 +18,80 @@ void add(const PaymentRow &payment, const QString &problem, const QString &remed
     findings.append({FindingGroup::Payments, PaymentName(payment), problem, remedy});
 }
 
-void addMissing(const PaymentRow &payment, const QString &field, const QString &example,
-                Findings &findings)
+/** How the clerk gets at a payment to complete it. */
+enum class Reach
 {
-    const QString problem = u"manca il valore di "_s + field +
-                            u": la schermata principale si ferma a questa riga e non si apre."_s;
-    if (example.isEmpty() || !payment.number.value)
-        add(payment, problem, u"completare il valore nell'archivio, con l'aiuto dell'assistenza."_s,
-            findings);
-    else
-        add(payment, problem,
-            u"eseguire di nuovo il controllo con --imposta %1 %2 %3"_s.arg(
-                QString::number(*payment.number.value), field, example),
-            findings);
+    Form,   ///< by its row in the list; by --imposta as well
+    Number, ///< by --imposta alone: no row of the list opens it
+    None    ///< it has no number, or shares it
+};
+
+Reach reachOf(const PaymentRow &payment, const std::map<qint32, int> &counts, qsizetype rows)
+{
+    if (!payment.number.value || counts.at(*payment.number.value) > 1)
+        return Reach::None;
+    const bool isRow = *payment.number.value >= 1 && *payment.number.value <= rows;
+    return isRow ? Reach::Form : Reach::Number;
 }
 
-void checkValues(const PaymentRow &payment, Findings &findings)
+QString fromAssistance()
 {
-    if (payment.number.missing)
-        addMissing(payment, u"Npag"_s, {}, findings);
-    if (payment.creditor.missing)
-        addMissing(payment, u"Creditore"_s, {}, findings);
-    if (payment.dayMissing)
-        addMissing(payment, u"Del"_s, u"gg/mm/aaaa"_s, findings);
-    if (payment.amount.missing)
-        addMissing(payment, u"Importo"_s, u"1.234,56"_s, findings);
-    if (payment.vat.missing)
-        addMissing(payment, u"ImportoIVA"_s, u"1.234,56"_s, findings);
+    return u"completare il valore nell'archivio, con l'aiuto dell'assistenza."_s;
+}
+
+/** A field without which the payments list can't be filled. */
+struct ListedField
+{
+    QStringView name;
+    QStringView example; ///< of a value for --imposta; empty where that does not set the field
+};
+
+constexpr std::array<ListedField, 5> ListedFields{{{u"Npag", u""},
+                                                   {u"Creditore", u""},
+                                                   {u"Del", u"gg/mm/aaaa"},
+                                                   {u"Importo", u"1.234,56"},
+                                                   {u"ImportoIVA", u"1.234,56"}}};
+
+void checkListedFields(const PaymentRow &payment, Reach reach, Findings &findings)
+{
+    for (const auto &[name, example] : ListedFields) {
+        if (!payment.nulls.contains(name))
+            continue;
+        const bool canBeSet = reach != Reach::None && !example.isEmpty();
+        add(payment,
+            u"manca il valore di %1: la schermata principale si ferma a questa riga e non si apre."_s
+                .arg(name),
+            canBeSet ? u"eseguire di nuovo il controllo con --imposta %1 %2 %3"_s.arg(
+                           QString::number(*payment.number.value), name, example)
+                     : fromAssistance(),
+            findings);
+    }
+}
+
+/** What the statement of a professional shows besides, with the names that the form gives it. */
+constexpr std::array<std::pair<QStringView, QStringView>, 4> StatementFields{
+    {{u"ImportoPrest", u"Importo Prestazione"},
+     {u"Contributo", u"Contributo"},
+     {u"CassaPrev", u"Cassa Previdenza"},
+     {u"ImportoRA", u"Importo R.A."}}};
+
+void checkStatementFields(const PaymentRow &payment, Reach reach, Findings &findings)
+{
+    if (!IsProfessional(payment))
+        return;
+    QStringList missing;
+    for (const auto &[name, label] : StatementFields) {
+        if (payment.nulls.contains(name))
+            missing.append(label.toString());
+    }
+    if (missing.isEmpty())
+        return;
+    add(payment,
+        u"manca il valore di "_s + missing.join(u", "_s) +
+            u": la chiusura della schermata principale si ferma senza completare i documenti."_s,
+        reach == Reach::Form ? u"aprire il pagamento e confermarlo: i campi vuoti diventano zero."_s
+                             : fromAssistance(),
+        findings);
 }
 
 void checkKind(const PaymentRow &payment, Findings &findings)
@@ -51,9 +100,12 @@ void checkKind(const PaymentRow &payment, Findings &findings)
     if (kind == "A"_L1 || kind == "P"_L1)
         return;
     add(payment,
-        u"il tipo di creditore (AziProf) è «"_s + kind +
-            u"» e non A (azienda) o P (professionista): «Modifica» non apre il pagamento e i "
-            "documenti di chiusura lo tralasciano o lo contano fra gli altri."_s,
+        payment.kind.missing
+            ? u"manca il tipo di creditore (AziProf): «Modifica» su questo pagamento fa terminare "
+              "il programma con un errore e i documenti di chiusura lo tralasciano."_s
+            : u"il tipo di creditore (AziProf) è «"_s + kind +
+                  u"» e non A (azienda) o P (professionista): «Modifica» non apre il pagamento e "
+                  "i documenti di chiusura lo tralasciano o lo contano fra gli altri."_s,
         u"scrivere A o P nel campo AziProf, con l'aiuto dell'assistenza."_s, findings);
 }
 
@@ -121,8 +173,11 @@ void CheckPayments(const ProjectData &data, Findings &findings)
         return;
     std::array<KindTotal, 2> kinds{{{u"A"_s, u"Pagamenti alle aziende"_s, 0, {}, false},
                                     {u"P"_s, u"Pagamenti ai professionisti"_s, 0, {}, false}}};
+    const std::map<qint32, int> counts = PaymentCounts(*data.payments);
     for (const PaymentRow &payment : *data.payments) {
-        checkValues(payment, findings);
+        const Reach reach = reachOf(payment, counts, data.payments->size());
+        checkListedFields(payment, reach, findings);
+        checkStatementFields(payment, reach, findings);
         checkKind(payment, findings);
         checkGross(payment, findings);
         for (KindTotal &kind : kinds)

@@ -27,6 +27,16 @@ QString BudgetName(const BudgetRow &item)
            QString::number(item.row) + u')';
 }
 
+std::map<qint32, int> PaymentCounts(const QList<PaymentRow> &payments)
+{
+    std::map<qint32, int> counts;
+    for (const PaymentRow &payment : payments) {
+        if (payment.number.value)
+            ++counts[*payment.number.value];
+    }
+    return counts;
+}
+
 bool IsProfessional(const PaymentRow &payment)
 {
     return payment.kind.value == u"P"_s;

@@ -5,7 +5,9 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
+#include <map>
 #include <optional>
 #include <set>
 
@@ -27,7 +29,7 @@ struct PaymentRow
     Stored<qint32> number;
     Stored<QString> kind;
     Stored<QString> creditor;
-    bool dayMissing = false;
+    QStringList nulls; ///< names of the fields without a value
     Stored<Currency> amount;
     Stored<Currency> vat;
     Stored<Currency> other;
@@ -88,6 +90,9 @@ QString AllocationName(const AllocationRow &allocation);
 
 /** "Voce A01 (riga 2)". */
 QString BudgetName(const BudgetRow &item);
+
+/** How many payments have a number. */
+std::map<qint32, int> PaymentCounts(const QList<PaymentRow> &payments);
 
 /** Whether the program tells a professional from a company by this payment's kind. */
 bool IsProfessional(const PaymentRow &payment);

@@ -17,16 +17,18 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/** Passes on what can't be a finding: somebody is at work on the file, or stopped in the middle. */
+/** Passes on what can't be a finding: somebody is at work on the file, or stopped in the middle, or
+ *  lets nobody read it. */
 void throwWhatHinders(const QString &path, const DatabaseError &error)
 {
-    if (error.fault() == DatabaseFault::Locked)
-        throw error;
-    // Reading asks for a change only to undo one that was broken off, which is not for a check.
-    if (error.fault() == DatabaseFault::ReadOnly)
+    // What a change that was broken off left behind asks for another change, which is not for a
+    // check.
+    if (error.fault() == DatabaseFault::ReadOnly && QFileInfo::exists(path + u"-journal"_s))
         throw FileError(path, u"Una modifica dell'archivio è rimasta a metà."_s,
                         u"Aprire una volta il progetto con Saldoro, che la annulla, e ripetere il "
                         "controllo."_s);
+    if (error.fault() == DatabaseFault::Locked || error.fault() == DatabaseFault::ReadOnly)
+        throw error;
 }
 
 void addFault(const QString &path, const DatabaseError &error, Findings &findings)
@@ -47,6 +49,13 @@ void checkIntegrity(const QString &path, const Database &database, Findings &fin
                          u"il controllo del file segnala: "_s + fault,
                          u"fare una copia del file com'è e rivolgersi all'assistenza, oppure "
                          "rimettere al suo posto una copia di riserva."_s});
+}
+
+/** The fields have to be there even when no row shows that they are missing. */
+void requireFields(const RecordSet &records, const TableDef &table)
+{
+    for (const FieldDef &field : table.fields())
+        records.column(field.name);
 }
 
 /** One database, open as long as its tables are read. A table that can't be read is left out. */
@@ -81,6 +90,24 @@ public:
         return result;
     }
 
+    /** All records of a query whose fields are compared with a table's definition. The function
+     *  reads what a row needs; then @p name names the row in findings. */
+    template <typename Row, typename Fill>
+    std::optional<QList<Row>> checkedRows(const QString &sql, const TableDef &table,
+                                          QString (*name)(const Row &), const Fill &fill)
+    {
+        return rows<Row>(sql, [&](const RecordSet &records) {
+            requireFields(records, table);
+            return [&](int place) {
+                Row row;
+                row.row = place;
+                fill(records, row);
+                CheckFields(records, table, name(row), m_findings);
+                return row;
+            };
+        });
+    }
+
 private:
     void guarded(const std::function<void()> &action)
     {
@@ -97,50 +124,40 @@ private:
     std::optional<Database> m_database;
 };
 
-/** The fields have to be there even when no row shows that they are missing. */
-void requireFields(const RecordSet &records, const TableDef &table)
+QStringList nullFields(const RecordSet &records, const TableDef &table)
 {
-    for (const FieldDef &field : table.fields())
-        records.column(field.name);
+    QStringList nulls;
+    for (const FieldDef &field : table.fields()) {
+        if (records.field(field.name).isNull())
+            nulls.append(field.name);
+    }
+    return nulls;
 }
 
-void readPayments(OpenFile &ledger, ProjectData &data, Findings &findings)
+void readPayments(OpenFile &ledger, ProjectData &data)
 {
-    data.payments = ledger.rows<PaymentRow>(
-        u"SELECT * FROM Fatture ORDER BY Npag "_s, [&](const RecordSet &records) {
-            const TableDef table = FattureTable();
-            requireFields(records, table);
-            return [&records, &findings, table](int place) {
-                PaymentRow row;
-                row.row = place;
-                row.number = ReadWhole(records, records.column(u"Npag"_s));
-                row.kind = ReadText(records, records.column(u"AziProf"_s));
-                row.creditor = ReadText(records, records.column(u"Creditore"_s));
-                row.dayMissing = records.field(u"Del"_s).isNull();
-                row.amount = ReadAmount(records, records.column(u"Importo"_s));
-                row.vat = ReadAmount(records, records.column(u"ImportoIVA"_s));
-                row.other = ReadAmount(records, records.column(u"AltriImporti01"_s));
-                CheckFields(records, table, PaymentName(row), findings);
-                return row;
-            };
+    const TableDef table = FattureTable();
+    data.payments = ledger.checkedRows<PaymentRow>(
+        u"SELECT * FROM Fatture ORDER BY Npag "_s, table, PaymentName,
+        [&table](const RecordSet &records, PaymentRow &row) {
+            row.number = ReadWhole(records, records.column(u"Npag"_s));
+            row.kind = ReadText(records, records.column(u"AziProf"_s));
+            row.creditor = ReadText(records, records.column(u"Creditore"_s));
+            row.amount = ReadAmount(records, records.column(u"Importo"_s));
+            row.vat = ReadAmount(records, records.column(u"ImportoIVA"_s));
+            row.other = ReadAmount(records, records.column(u"AltriImporti01"_s));
+            row.nulls = nullFields(records, table);
         });
 }
 
-void readAllocations(OpenFile &ledger, ProjectData &data, Findings &findings)
+void readAllocations(OpenFile &ledger, ProjectData &data)
 {
-    data.allocations =
-        ledger.rows<AllocationRow>(u"SELECT * FROM Spese"_s, [&](const RecordSet &records) {
-            const TableDef table = SpeseTable();
-            requireFields(records, table);
-            return [&records, &findings, table](int place) {
-                AllocationRow row;
-                row.row = place;
-                row.payment = ReadWhole(records, records.column(u"RelNpag"_s));
-                row.code = ReadText(records, records.column(u"Cod"_s));
-                row.amount = ReadAmount(records, records.column(u"Importo"_s));
-                CheckFields(records, table, AllocationName(row), findings);
-                return row;
-            };
+    data.allocations = ledger.checkedRows<AllocationRow>(
+        u"SELECT * FROM Spese"_s, SpeseTable(), AllocationName,
+        [](const RecordSet &records, AllocationRow &row) {
+            row.payment = ReadWhole(records, records.column(u"RelNpag"_s));
+            row.code = ReadText(records, records.column(u"Cod"_s));
+            row.amount = ReadAmount(records, records.column(u"Importo"_s));
         });
 }
 
@@ -156,20 +173,13 @@ TableDef budgetTable()
     return table;
 }
 
-void readBudget(OpenFile &contract, ProjectData &data, Findings &findings)
+void readBudget(OpenFile &contract, ProjectData &data)
 {
-    data.budget = contract.rows<BudgetRow>(
-        u"SELECT * FROM UltimaPerVariante ORDER BY Voce"_s, [&](const RecordSet &records) {
-            const TableDef table = budgetTable();
-            requireFields(records, table);
-            return [&records, &findings, table](int place) {
-                BudgetRow row;
-                row.row = place;
-                row.code = ReadText(records, records.column(u"Voce"_s));
-                row.description = ReadText(records, records.column(u"Descri"_s));
-                CheckFields(records, table, BudgetName(row), findings);
-                return row;
-            };
+    data.budget = contract.checkedRows<BudgetRow>(
+        u"SELECT * FROM UltimaPerVariante ORDER BY Voce"_s, budgetTable(), BudgetName,
+        [](const RecordSet &records, BudgetRow &row) {
+            row.code = ReadText(records, records.column(u"Voce"_s));
+            row.description = ReadText(records, records.column(u"Descri"_s));
         });
 }
 
@@ -252,12 +262,12 @@ ProjectData ReadProject(const ProjectFiles &files, Findings &findings)
     ProjectData data;
     {
         OpenFile ledger(files.ledger, findings);
-        readPayments(ledger, data, findings);
-        readAllocations(ledger, data, findings);
+        readPayments(ledger, data);
+        readAllocations(ledger, data);
     }
     {
         OpenFile contract(files.contract, findings);
-        readBudget(contract, data, findings);
+        readBudget(contract, data);
         readSheet(contract, data);
     }
     readCompanies(files.companies, data, findings);
