@@ -43,6 +43,11 @@ public:
     {
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
     }
+    void hold(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        for (const bool again : {false, true, true}) // it comes again by itself
+            qt_handleKeyEvent(form->windowHandle(), QEvent::KeyPress, key, modifiers, {}, again);
+    }
     void click(const QString &name) { QTest::mouseClick(find(name), Qt::LeftButton); }
 
     /** The allocation grid below its header: cells joined by "|", rows by ";". */

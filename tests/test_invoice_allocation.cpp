@@ -71,12 +71,12 @@ void TestInvoiceAllocation::insertsByKeyboard()
     open(1);
     d->overview.setText(1, 4, u"-5,00"_s); // read when the list opens
     d->focus(u"Command3"_s);
-    d->press(Qt::Key_Return);
+    d->hold(Qt::Key_Return);
     QVERIFY(m_list->isVisible() && m_list->hasFocus());
     QCOMPARE(m_list->item(0)->text(), u"A1   Scavi e rinterri L.-5,00"_s);
     d->press(Qt::Key_Down);
-    d->press(Qt::Key_Return);
-    QVERIFY(m_list->isHidden());
+    d->hold(Qt::Key_Return);
+    QVERIFY(m_list->isHidden() && m_editor->hasFocus());
     const QRect cell = m_grid->currentCellRect();
     QCOMPARE(m_editor->geometry().size(), cell.size());
     QCOMPARE(m_editor->mapToGlobal(QPoint()), m_grid->mapToGlobal(cell.topLeft()));
@@ -95,10 +95,11 @@ void TestInvoiceAllocation::abandonedInsertionLeavesNoRow()
         QVERIFY(m_list->hasFocus());
         QCOMPARE(d->allocations(), before + u";||"_s);
     }
-    d->click(u"Command4"_s);
+    d->answer = MessageAnswer::Yes;
+    d->hold(Qt::Key_E, Qt::AltModifier); // once: one item
     QVERIFY(m_list->isHidden());
     QCOMPARE(d->messages, QStringList(u"Vuoi eliminare il Cod. A2?"_s));
-    QCOMPARE(d->allocations(), before);
+    QCOMPARE(d->allocations(), before.section(u';', 0, 0));
 }
 
 void TestInvoiceAllocation::nothingLeftToInsert()
@@ -152,9 +153,10 @@ void TestInvoiceAllocation::editorAlwaysReachesItsCell()
     QTRY_COMPARE(d->focused(), u"List2"_s);
     QCOMPARE(d->text(u"Text3"_s), u"86,10"_s);
     d->click(u"Command3"_s);
-    QTest::mouseClick(m_list->viewport(), Qt::LeftButton, {},
-                      m_list->visualItemRect(m_list->item(0)).center());
-    d->type(u"800"_s);
+    const QPoint first = m_list->visualItemRect(m_list->item(0)).center();
+    QTest::mouseDClick(d->form->windowHandle(), Qt::LeftButton, {},
+                       m_list->viewport()->mapTo(d->form.get(), first));
+    d->type(u"800"_s); // the second click went nowhere
     d->click(u"Command4"_s);
     QCOMPARE(d->text(u"Text3"_s), u"886,10"_s);
     QCOMPARE(d->messages, QStringList(u"Vuoi eliminare il Cod. B10?"_s));

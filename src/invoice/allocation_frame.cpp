@@ -1,5 +1,6 @@
 #include "invoice/allocation_frame.h"
 
+#include "common/controls.h"
 #include "invoice/amount_fields.h"
 #include "invoice/form_fields.h"
 #include "invoice/popup_list.h"
@@ -78,6 +79,12 @@ bool AllocationFrame::confirmTotal(const QString &invoiceTotal) const
     return m_block.confirmTotal(invoiceTotal);
 }
 
+// The key that picked the item may still be held down; it must not confirm an empty amount.
+bool AllocationFrame::eventFilter(QObject *watched, QEvent *event)
+{
+    return watched == m_editor && IsRepeatedEnter(*event);
+}
+
 void AllocationFrame::resizeEvent(QResizeEvent *event)
 {
     QGroupBox::resizeEvent(event);
@@ -111,6 +118,7 @@ void AllocationFrame::addEditor()
     m_editor->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_editor->setFrame(false);
     m_editor->hide();
+    m_editor->installEventFilter(this);
     connect(m_editor, &QLineEdit::returnPressed, this, &AllocationFrame::editorConfirmed);
     const auto entered = [this] {
         m_block.editorEntered();

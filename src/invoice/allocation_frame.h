@@ -45,6 +45,7 @@ public:
     bool confirmTotal(const QString &invoiceTotal) const;
 
 protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:

@@ -6,6 +6,7 @@
 
 #include <QCloseEvent>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -79,6 +80,13 @@ QLayout *FrmNuovaFattura::makeButtons()
 }
 
 void FrmNuovaFattura::reject() {}
+
+// The key that opened the form may still be held down.
+void FrmNuovaFattura::keyPressEvent(QKeyEvent *event)
+{
+    if (!IsRepeatedEnter(*event))
+        QDialog::keyPressEvent(event);
+}
 
 void FrmNuovaFattura::closeEvent(QCloseEvent *event)
 {

@@ -7,7 +7,7 @@ namespace saldoro {
 /**
  * A pick list that floats over its form until a line is chosen. A click or Enter picks, the arrows
  * move. It never closes by itself: whoever opened it closes it after a pick, and when it loses the
- * focus.
+ * focus. A double click is one click: its rest does not reach what lay under the list.
  */
 class PopupList : public QListWidget
 {
@@ -27,6 +27,7 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
     void pick(const QListWidgetItem *chosen);
