@@ -63,6 +63,8 @@ bool FormFields::eventFilter(QObject *watched, QEvent *event)
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (key != Qt::Key_Return && key != Qt::Key_Enter)
             return false;
+        line->event(event); // by itself it does nothing visible with Enter
+        event->accept();
         moveOn(*line);
         return true;
     }
