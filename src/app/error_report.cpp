@@ -5,8 +5,10 @@
 #include "common/errors.h"
 #include "platform/registry.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 namespace saldoro {
 
@@ -70,6 +72,17 @@ QString folderToCheck(const QString &path)
     return folderOf(isCodeMap ? QString() : path);
 }
 
+/** The check as a command to type: its name where the system finds it by that, else its place
+ *  beside this program. */
+QString checkCommand()
+{
+    const QString name = QStringLiteral("saldoro-verifica");
+    if (!QStandardPaths::findExecutable(name).isEmpty())
+        return name;
+    const QString place = QCoreApplication::applicationDirPath() + u'/' + name;
+    return u'"' + QDir::toNativeSeparators(place) + u'"';
+}
+
 } // namespace
 
 QString ErrorReport(const std::exception &error)
@@ -86,8 +99,8 @@ QString ErrorReport(const std::exception &error)
     if (database->fault() == DatabaseFault::FileMissing)
         text += pathHint(database->detail(QStringLiteral("File")));
     if (isAboutStoredValues(*database))
-        text += QStringLiteral("\n\nPer controllare l'archivio eseguire: saldoro-verifica ") +
-                folderToCheck(own->detail(QStringLiteral("File")));
+        text += QStringLiteral("\n\nPer controllare l'archivio eseguire: ") + checkCommand() +
+                u' ' + folderToCheck(own->detail(QStringLiteral("File")));
     return text;
 }
 

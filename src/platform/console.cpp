@@ -10,30 +10,47 @@ namespace saldoro {
 
 namespace {
 
+#ifdef Q_OS_WIN
+/** Writes to a console, whatever its code page; false when the stream goes somewhere else. */
+bool printToConsole(DWORD stream, const QString &text)
+{
+    const HANDLE console = GetStdHandle(stream);
+    DWORD mode = 0;
+    if (GetConsoleMode(console, &mode) == 0)
+        return false;
+    constexpr qsizetype pieceSize = 8'000; // older consoles refuse more than 64 KB at once
+    for (qsizetype at = 0; at < text.size(); at += pieceSize) {
+        const QString piece = text.mid(at, pieceSize);
+        WriteConsoleW(console, piece.utf16(), static_cast<DWORD>(piece.size()), nullptr, nullptr);
+    }
+    return true;
+}
+#endif
+
 void print(std::FILE *stream, const QString &text)
 {
-#ifdef Q_OS_WIN
-    // The console outlives this program, and with it the code page that is set.
-    const UINT before = GetConsoleOutputCP();
-    SetConsoleOutputCP(CP_UTF8);
-#endif
     const QByteArray bytes = text.toUtf8();
     std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stream);
     std::fflush(stream);
-#ifdef Q_OS_WIN
-    SetConsoleOutputCP(before);
-#endif
 }
 
 } // namespace
 
 void PrintOut(const QString &text)
 {
+#ifdef Q_OS_WIN
+    if (printToConsole(STD_OUTPUT_HANDLE, text))
+        return;
+#endif
     print(stdout, text);
 }
 
 void PrintError(const QString &text)
 {
+#ifdef Q_OS_WIN
+    if (printToConsole(STD_ERROR_HANDLE, text))
+        return;
+#endif
     print(stderr, text);
 }
 
