@@ -11,7 +11,6 @@
 
 #include <cmath>
 #include <limits>
-#include <random>
 
 using namespace saldoro;
 
@@ -19,29 +18,6 @@ namespace {
 
 constexpr qint64 Largest = std::numeric_limits<qint64>::max();
 constexpr qint64 Smallest = std::numeric_limits<qint64>::min();
-
-/** Rounds ten-thousandths to cents by decimal text alone, the slow way. */
-QString slowFormat(qint64 scaled)
-{
-    QString digits = QString::number(scaled);
-    const bool negative = digits.startsWith(u'-');
-    digits.remove(u'-');
-    digits = digits.rightJustified(5, u'0');
-    QString units = digits.chopped(4);
-    int cents = digits.right(4).left(2).toInt();
-    if (digits.right(2).toInt() >= 50 && ++cents == 100) {
-        cents = 0;
-        units = QString::number(units.toULongLong() + 1);
-    }
-    QString grouped;
-    for (qsizetype at = 0; at < units.size(); ++at) {
-        if (at > 0 && (units.size() - at) % 3 == 0)
-            grouped += u'.';
-        grouped += units[at];
-    }
-    return (negative ? QStringLiteral("-") : QString()) + grouped +
-           QStringLiteral(",%1").arg(cents, 2, 10, QChar(u'0'));
-}
 
 } // namespace
 
@@ -52,7 +28,6 @@ class TestAmounts : public QObject
 private slots:
     void formatsAmounts_data();
     void formatsAmounts();
-    void formatAgreesWithDecimalText();
     void readsAmounts_data();
     void readsAmounts();
     void leadingNumber_data();
@@ -95,18 +70,6 @@ void TestAmounts::formatsAmounts()
     QFETCH(qint64, scaled);
     QTEST(FormatImporto(Currency::fromScaled(scaled)), "shown");
     QTEST(FormatImportoEuro(Currency::fromScaled(scaled)), "euro");
-}
-
-void TestAmounts::formatAgreesWithDecimalText()
-{
-    std::mt19937_64 random(20'240'611);
-    for (int round = 0; round < 20'000; ++round) {
-        const qint64 scaled = static_cast<qint64>(random()) >> (random() % 63);
-        QCOMPARE(FormatImporto(Currency::fromScaled(scaled)), slowFormat(scaled));
-        // A double holds the cents of amounts up to some billions.
-        const Currency cents = Currency::fromScaled(scaled % 10'000'000'000'000 / 100 * 100);
-        QCOMPARE(ImportoDaTesto(FormatImporto(cents)).scaled(), cents.scaled());
-    }
 }
 
 void TestAmounts::readsAmounts_data()

@@ -3,6 +3,7 @@
 #include "archive_builder.h"
 #include "common/archive_folders.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 
 namespace saldoro {
@@ -27,7 +28,8 @@ public:
     void execute(const QString &archivePath, const QString &sql) const;
 
 private:
-    QTemporaryDir m_folder;
+    /** Archives stand under names with accents, too. */
+    QTemporaryDir m_folder{QDir::tempPath() + QStringLiteral("/saldoro-è-XXXXXX")};
     ArchiveBuilder m_builder;
 };
 

@@ -1,3 +1,4 @@
+#include "patience.h"
 #include "platform/flex_grid.h"
 
 #include <QElapsedTimer>
@@ -164,9 +165,7 @@ private slots:
             table.setRows(row + 1);
         QCOMPARE(m_grid->model()->rowCount(), 3'000);
         qInfo("%lld ms", clock.elapsed());
-        // Under valgrind everything takes many times as long.
-        const int patience = qMax(1, qEnvironmentVariableIntValue("SALDORO_PATIENCE"));
-        QVERIFY(clock.elapsed() < 8'000 * patience);
+        QVERIFY(clock.elapsed() < 8'000 * Patience());
     }
 
 private:

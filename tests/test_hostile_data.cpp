@@ -7,6 +7,7 @@
 #include "overview/document_writer.h"
 #include "overview/payments_list.h"
 #include "overview_probe.h"
+#include "patience.h"
 #include "platform/machine_path.h"
 
 #include <QElapsedTimer>
@@ -152,13 +153,7 @@ void TestHostileData::endsInAClearError_data()
         "overview Appalto.mdb/UltimaPerVariante/Importo/A1//1/");
     add("C", "UPDATE UltimaPerVariante SET Importo = -9223372036854775807 - 1 WHERE Voce = 'A1'",
         "overview ///A1///");
-    add("C", "UPDATE UltimaPerVariante SET Voce = 'A''1' WHERE Voce = 'A1'",
-        "overview Saldoro.mdb/Spese//A'1///");
     add("C", "UPDATE UltimaPerVariante SET Voce = 7 WHERE Voce = 'A1'", "");
-    add("C",
-        "ALTER TABLE UltimaPerVariante RENAME TO Varianti; CREATE VIEW UltimaPerVariante AS "
-        "SELECT Voce, Descri, Importo * 2 AS Importo FROM Varianti",
-        "");
     add("C", "DROP TABLE UltimaPerVariante; CREATE VIEW UltimaPerVariante AS SELECT * FROM Manca",
         "overview Appalto.mdb/Manca/////");
     add("C", "DROP TABLE UltimaPerVariante", "overview Appalto.mdb/UltimaPerVariante/////");
@@ -254,7 +249,7 @@ void TestHostileData::aHundredThousandRowsStayQuick()
     QElapsedTimer clock;
     clock.start();
     QCOMPARE(outcome(*m_archive), u"close //////"_s); // more than the documents count
-    QVERIFY2(clock.elapsed() < 15000, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY2(clock.elapsed() < 15000 * Patience(), qPrintable(QString::number(clock.elapsed())));
 }
 
 QTEST_MAIN(TestHostileData)

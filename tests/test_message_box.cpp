@@ -62,8 +62,7 @@ private:
     static QString lookOf(const QMessageBox &box)
     {
         static const QHash<QMessageBox::Icon, QString> signs{
-            {QMessageBox::Information, u"information "_s},
-            {QMessageBox::Critical, u"stop "_s}};
+            {QMessageBox::Information, u"information "_s}, {QMessageBox::Critical, u"stop "_s}};
         QString look = signs.value(box.icon());
         const QPushButton *preset = nullptr;
         for (const auto *button : box.findChildren<QPushButton *>()) {

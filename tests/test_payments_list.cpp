@@ -56,8 +56,9 @@ void TestPaymentsList::stopsAtAnUnreadablePayment()
         TextTable list;
         PreparePaymentsList(list);
         QCOMPARE(FailurePlace([&] { PaymentsReader(archive.values()).fill(list); }), place);
-        QCOMPARE(list.rows() > 2, BodyText(list).startsWith(u"3|Prima|05/11/2019|1,00|€\n"));
-        QVERIFY(list.rows() > 2 || QByteArray(row).contains("'A',NULL"));
+        // A payment without number comes first, the others stop behind the one before.
+        const bool isFirst = place.contains(u"senza numero"_s);
+        QCOMPARE(BodyText(list).startsWith(u"3|Prima|05/11/2019|1,00|€\n"), !isFirst);
         QVERIFY(!BodyText(list).contains(u"Dopo"));
     }
 }

@@ -54,7 +54,6 @@ private slots:
     void bytes_data();
     void bytes();
     void otherFont();
-    void hostileTextsAreReadBack();
     void longTextsGoInPieces();
     void aRefusedWriteIsReported_data();
     void aRefusedWriteIsReported();
@@ -99,19 +98,6 @@ void TestRtfWriter::otherFont()
     QVERIFY(!content.fixedPitch);
     QCOMPARE(content.text, u"x"_s);
     QVERIFY(documentOf(QString(), {u"F"_s, 20, false}).contains("\\fs20 }"));
-}
-
-void TestRtfWriter::hostileTextsAreReadBack()
-{
-    std::mt19937 random(20020305);
-    for (int round = 0; round < 4000; ++round) {
-        QString text = HostileText(random, static_cast<int>(random() % 30U));
-        // Any half of a pair, NUL or other unit may stand anywhere.
-        const QChar unit(static_cast<char16_t>(random() % 65536U));
-        text.insert(static_cast<qsizetype>(random()) % (text.size() + 1), unit);
-        text.insert(0, QChar(round % 3 == 0 ? u'\0' : u' '));
-        QCOMPARE(ReadRtf(documentOf(text)).text, MeantText(text));
-    }
 }
 
 void TestRtfWriter::longTextsGoInPieces()
