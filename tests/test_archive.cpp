@@ -57,25 +57,37 @@ void copyFiles(const QString &from, const QString &to)
     }
 }
 
+/** The archive of @p original once more, below @p root. */
+ArchiveBuilder copyOf(const ProgramValues &original, const QString &root,
+                      const QString &projectCode)
+{
+    ArchiveBuilder archive = ArchiveBuilder::ofExisting(root, projectCode);
+    copyFiles(MachinePath(ProjectFolder(original)), MachinePath(ProjectFolder(archive.values())));
+    for (const QStringView folder : {ArchiveFolders::Tabelle, ArchiveFolders::Update}) {
+        copyFiles(MachinePath(original.ArchiveRoot + folder.toString()),
+                  MachinePath(root + folder.toString()));
+    }
+    return archive;
+}
+
 /** A new archive, copied from one that is made once: making it syncs every table to the disk. */
 ArchiveBuilder emptyArchive(const QString &root, const QString &projectCode)
 {
     static const QTemporaryDir templateFolder;
     static const ProgramValues empty =
         ArchiveBuilder(templateFolder.path(), QStringLiteral("empty")).values();
-    ArchiveBuilder archive = ArchiveBuilder::ofExisting(root, projectCode);
-    copyFiles(MachinePath(ProjectFolder(empty)), MachinePath(ProjectFolder(archive.values())));
-    for (const QStringView folder : {ArchiveFolders::Tabelle, ArchiveFolders::Update}) {
-        copyFiles(MachinePath(empty.ArchiveRoot + folder.toString()),
-                  MachinePath(root + folder.toString()));
-    }
-    return archive;
+    return copyOf(empty, root, projectCode);
 }
 
 } // namespace
 
 TestArchive::TestArchive(const QString &projectCode)
     : m_builder(emptyArchive(m_folder.path(), projectCode))
+{
+}
+
+TestArchive::TestArchive(const TestArchive &other)
+    : m_builder(copyOf(other.values(), m_folder.path(), other.values().ProjectCode))
 {
 }
 

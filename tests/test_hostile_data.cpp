@@ -8,7 +8,6 @@
 #include "overview/payments_list.h"
 #include "overview_probe.h"
 #include "patience.h"
-#include "platform/machine_path.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -58,6 +57,21 @@ QString outcome(const TestArchive &archive)
     return places.join(u'\n');
 }
 
+/** Two items, a payment of either kind and the codes that the program asks for. */
+TestArchive soundArchive()
+{
+    TestArchive archive;
+    archive.build().addStandardCodes();
+    archive.execute(CodesPath(archive.values()), u"UPDATE Funzioni SET CodExt = 'X' || CodInt"_s);
+    PlantItems(archive, u"('A1','Scavi',90000000),('B2','Ponti',NULL)"_s,
+               u"(1,'A1',1220000),(2,'B2',615000)"_s);
+    PlantPayments(archive, "('A',1,'Edil Valle','2020-01-31',1000000,220000,NULL),"
+                           "('P',2,'Ing. Po','2020-02-01',500000,110000,5000)");
+    archive.execute(LedgerPath(archive.values()),
+                    u"UPDATE Fatture SET ImportoPrest=1, Contributo=1, CassaPrev=1, ImportoRA=1"_s);
+    return archive;
+}
+
 } // namespace
 
 class TestHostileData : public QObject
@@ -80,22 +94,8 @@ private:
 
 void TestHostileData::init()
 {
-    static const TestArchive made;
-    if (made.rows(CodesPath(made.values()), u"SELECT * FROM Funzioni"_s).isEmpty()) {
-        made.execute(CodesPath(made.values()),
-                     u"INSERT INTO Funzioni SELECT value, 'X' || value, 'Descr. ' || value FROM "
-                     "json_each('[\"DA1\",\"P97\",\"QDP\",\"P98\",\"P99\",\"P98P\",\"P99P\","
-                     "\"QS1A\",\"QS1P\",\"QS1T\"]')"_s);
-    }
-    m_archive = std::make_unique<TestArchive>();
-    QFile::remove(MachinePath(CodesPath(m_archive->values())));
-    QVERIFY(QFile::copy(MachinePath(CodesPath(made.values())),
-                        MachinePath(CodesPath(m_archive->values()))));
-    PlantItems(*m_archive, u"('A1','Scavi',90000000),('B2','Ponti',NULL)"_s,
-               u"(1,'A1',1220000),(2,'B2',615000)"_s);
-    PlantPayments(*m_archive, "('A',1,'Edil Valle','2020-01-31',1000000,220000,NULL),"
-                              "('P',2,'Ing. Po','2020-02-01',500000,110000,5000)");
-    plant(u"L"_s, u"UPDATE Fatture SET ImportoPrest=1, Contributo=1, CassaPrev=1, ImportoRA=1"_s);
+    static const TestArchive sound = soundArchive();
+    m_archive = std::make_unique<TestArchive>(sound);
 }
 
 void TestHostileData::plant(const QString &file, const QString &sql) const

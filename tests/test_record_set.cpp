@@ -1,7 +1,5 @@
 #include "database_probe.h"
 
-#include <QRandomGenerator>
-
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -159,7 +157,6 @@ private slots:
         QCOMPARE(numbers(), QString());
     }
 
-    /** Random changes, after each of which finding and walking agree with the file. */
     void unsetFieldsAreNullAndOnlySetOnesAreWritten()
     {
         RecordSet set = open();

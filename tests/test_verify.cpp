@@ -1,64 +1,10 @@
-#include "overview_probe.h"
-#include "platform/machine_path.h"
-#include "verify/options.h"
-#include "verify/verification.h"
+#include "sound_project.h"
 
-#include <QDir>
-#include <QProcess>
 #include <QTest>
 
 using namespace saldoro;
-using namespace Qt::StringLiterals;
 
 namespace {
-
-/** A project without any defect: two payments, their allocations, notes and the contractor. */
-class SoundProject
-{
-public:
-    /** Made once, then copied: every write of the making is synced to the disk. */
-    SoundProject()
-    {
-        static QHash<QChar, QByteArray> made;
-        if (made.isEmpty())
-            make();
-        for (const QChar name : u"LCAK"_s) {
-            QFile file(MachinePath(path(name)));
-            if (made.contains(name) && file.open(QIODevice::WriteOnly))
-                file.write(made.value(name));
-            else if (file.open(QIODevice::ReadOnly))
-                made.insert(name, file.readAll());
-        }
-    }
-
-    void make()
-    {
-        archive.build().addStandardCodes();
-        archive.build().addCompany(4, u"Edil Valle"_s, u"ATI"_s);
-        archive.execute(
-            ContractPath(archive.values()),
-            u"INSERT INTO UltimaPerVariante VALUES ('A1','Scavi',90000000),('B2','Ponti',NULL);"
-            "INSERT INTO SchedaProgetto (Voce, Stringa, Link) VALUES ('D0101','Edil Valle',4),"
-            "('M0097_1','Mandato nr.7 del 01/02/2020',NULL),"
-            "('M0097_2','Mandato nr. del __/__/____',NULL)"_s);
-        archive.execute(
-            LedgerPath(archive.values()),
-            u"INSERT INTO Fatture (AziProf, Npag, Creditore, Del, Importo, ImportoIVA, "
-            "AltriImporti01) VALUES ('A',1,'Edil Valle','2020-01-31',1000000,220000,77),"
-            "('P',2,'Ing. Po','2020-02-01',500000,110000,5000);"
-            "UPDATE Fatture SET (ImportoPrest, Contributo, CassaPrev, ImportoRA) = (500000, 0, 0, "
-            "0)"
-            " WHERE AziProf = 'P';"
-            "INSERT INTO Spese VALUES (1,'A1','Scavi',1220000),(2,'A1','Scavi',600000),"
-            "(2,'B2','Ponti',15000)"_s);
-    }
-
-    QString path(QChar file) const { return PathOf(archive, file); }
-    QString folder() const { return MachinePath(ProjectFolder(archive.values())); }
-    Findings check() const { return VerifyProject(FilesOfProject(folder(), {})); }
-
-    TestArchive archive;
-};
 
 /** Places and problems, one a line, each cut to what is expected there if it begins so. */
 QString summary(const Findings &findings, const QString &expected)
@@ -73,33 +19,9 @@ QString summary(const Findings &findings, const QString &expected)
     return lines.join(u'\n');
 }
 
-/** Output and exit status of the program. */
-QString run(const QStringList &words)
-{
-    QProcess process;
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QString::fromLocal8Bit(VERIFY_PROGRAM), words);
-    if (!process.waitForFinished())
-        return u"did not end"_s;
-    return QString::number(process.exitCode()) + u' ' +
-           QString::fromUtf8(process.readAllStandardOutput().replace("\r\n", "\n"));
-}
-
-/** Names, times and bytes of the files of a folder. */
-QStringList stateOf(const QString &folder)
-{
-    QStringList state;
-    for (const QFileInfo &info : QDir(folder).entryInfoList(QDir::Files, QDir::Name)) {
-        QFile file(info.filePath());
-        state += info.fileName() + info.lastModified().toString(Qt::ISODateWithMs) +
-                 (file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll().toHex())
-                                                 : u"unreadable"_s);
-    }
-    return state;
-}
-
 } // namespace
 
+/** What the check finds. */
 class TestVerify : public QObject
 {
     Q_OBJECT
@@ -109,10 +31,6 @@ private slots:
     void finds();
     void countsWhatTheScreensCannotHold();
     void unreadableFilesAreFindings();
-    void tellsByItsExitStatusAndChangesNothing();
-    void setsAMissingValue_data();
-    void setsAMissingValue();
-    void leavesACopyThatIsWhole();
 };
 
 void TestVerify::finds_data()
@@ -270,111 +188,6 @@ void TestVerify::unreadableFilesAreFindings()
     QVERIFY2(found.startsWith(u"Appalto.mdb: "_s), qPrintable(found));
     QVERIFY(found.contains(u"AZIDB.mdb: L'archivio non è stato"_s));
     QVERIFY(found.contains(u"chiavi.mdb: Il file non è"_s));
-}
-
-void TestVerify::tellsByItsExitStatusAndChangesNothing()
-{
-    const SoundProject project;
-    const QString folder = project.folder();
-    const QStringList before = stateOf(folder);
-    QCOMPARE(run({QString(folder).replace(u"LAVORI"_s, u"Lavori"_s)}),
-             u"0 Nessun difetto trovato.\n"_s);
-    QCOMPARE(stateOf(folder), before);
-    // What a crash left behind is not put right, and not taken for sound either.
-    {
-        QFile file(folder + u"/Appalto.mdb-journal"_s);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("x") == 1);
-        file.close();
-        const QStringList crashed = stateOf(folder);
-        const QString output = run({folder});
-        QVERIFY2(output.startsWith(u"2 "_s) && output.contains(u"a metà"_s), qPrintable(output));
-        QCOMPARE(stateOf(folder), crashed);
-        project.archive.execute(project.path(u'L'), u"UPDATE Fatture SET Del = NULL"_s);
-        QVERIFY(run(u"--imposta 2 Del 01/02/2020"_s.split(u' ') << folder)
-                    .contains(u"I valori sono stati impostati; il controllo non"_s));
-        QVERIFY(file.remove());
-    }
-    // A folder in the way of a file of the engine is no change that was broken off.
-    QVERIFY(QDir(folder).mkdir(u"Saldoro.mdb-wal"_s));
-    QVERIFY(run({folder}).contains(u"Controllare i permessi del file"_s));
-    QVERIFY(QDir(folder).rmdir(u"Saldoro.mdb-wal"_s));
-    QVERIFY(run({u"--codici"_s, folder + u"/Altrove.mdb"_s, folder}).startsWith(u"1 Archivi\n"_s));
-    for (const QStringList &words : {QStringList{folder + u"/manca"_s},
-                                     QStringList(),
-                                     {folder, folder},
-                                     {folder, u"--imposta"_s, u"1"_s, u"Del"_s}})
-        QVERIFY2(run(words).startsWith(u"2 "_s), qPrintable(words.join(u' ')));
-    QVERIFY(run({u"--aiuto"_s}).contains(u"--imposta PAGAMENTO CAMPO VALORE"_s));
-    QVERIFY(run({u"--versione"_s}).startsWith(u"0 saldoro-verifica 1."_s));
-}
-
-void TestVerify::setsAMissingValue_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::newRow("3 del 5/3/2004") << u"2004-03-05|-|-"_s;
-    QTest::newRow("3 Importo 1.234.567,8901") << u"-|12345678901|-"_s;
-    QTest::newRow("3 IMPORTOIVA -0,5") << u"-|-|-5000"_s;
-    QTest::newRow("3 Importo 922337203685477,5807") << u"-|9223372036854775807|-"_s;
-    // Refused: nothing is set, no copy is made.
-    for (const char *words :
-         {"3 Importo 922337203685477,5808", "3 Importo 12.34", "3 Importo 1.23,4",
-          "3 Importo 1,23456", "3 Importo ", "3 Del 30/02/2004", "3 Del 5/3/04", "3 Npag 3",
-          "3x Del 05/03/2004", "7 Del 05/03/2004", "1 Del 05/03/2004", "4 Del 05/03/2004"})
-        QTest::newRow(words) << u"-|-|-"_s;
-}
-
-void TestVerify::setsAMissingValue()
-{
-    const QString words = QString::fromUtf8(QTest::currentDataTag());
-    QFETCH(const QString, stored);
-    const SoundProject project;
-    project.archive.execute(project.path(u'L'),
-                            u"INSERT INTO Fatture (AziProf, Npag, Creditore) VALUES "
-                            "('P', 3, 'x'), ('P', 4, 'y'), ('A', 4, 'z')"_s);
-    const QStringList before = stateOf(project.folder());
-    const QString output =
-        run(QStringList{u"--imposta"_s} + words.split(u' ') + QStringList{project.folder()});
-    QCOMPARE(project.archive.ledgerRows(
-                 u"SELECT Del, Importo, ImportoIVA FROM Fatture WHERE Npag = 3"_s),
-             stored);
-    if (stored != "-|-|-"_L1) {
-        QVERIFY2(output.startsWith(u"1 Valori impostati: 1."_s), qPrintable(output));
-        QVERIFY(output.contains(u"--imposta 3 "_s) && !output.contains(u"--imposta 4 "_s));
-        return;
-    }
-    QVERIFY2(output.startsWith(u"2 "_s), qPrintable(output));
-    QCOMPARE(stateOf(project.folder()), before);
-}
-
-void TestVerify::leavesACopyThatIsWhole()
-{
-    const SoundProject project;
-    project.archive.execute(project.path(u'L'), u"UPDATE Fatture SET Del = NULL"_s);
-    const QString all = u"SELECT * FROM Fatture, Spese"_s;
-    const QString before = project.archive.ledgerRows(all);
-    const QString ledger = MachinePath(project.path(u'L'));
-    const QString first = SetMissingValues(ledger, {{1, u"Del"_s, QDate(2021, 2, 3)}});
-    const QString second = SetMissingValues(ledger, {{2, u"Del"_s, QDate(2021, 2, 4)}});
-    QVERIFY(first != second);
-    QCOMPARE(project.archive.rows(first, all), before);
-    QCOMPARE(project.archive.rows(second, u"SELECT Npag, Del FROM Fatture"_s),
-             u"1|2021-02-03\n2|-"_s);
-    QCOMPARE(summary(project.check(), {}), QString());
-    // One that can't be set keeps all of them from being set.
-    project.archive.execute(project.path(u'L'), u"UPDATE Fatture SET Del = NULL WHERE Npag = 1"_s);
-    const MissingValue missing = {1, u"Del"_s, QDate(2021, 2, 3)};
-    const QStringList copies = stateOf(project.folder());
-    for (const MissingValue &other : {MissingValue{2, u"Del"_s, QDate(2021, 2, 4)}, missing})
-        QVERIFY_THROWS_EXCEPTION(SaldoroError, SetMissingValues(ledger, {missing, other}));
-    QCOMPARE(stateOf(project.folder()), copies);
-    // One that fails all the same does not hide what was done before it.
-    project.archive.execute(project.path(u'L'),
-                            u"UPDATE Fatture SET Del = NULL; CREATE TRIGGER t BEFORE UPDATE ON "
-                            "Fatture WHEN OLD.Npag = 2 BEGIN SELECT RAISE(ABORT, 'x'); END"_s);
-    const QString output = run(
-        u"--imposta 1 Del 03/02/2021 --imposta 2 Del 04/02/2021"_s.split(u' ') << project.folder());
-    QVERIFY(output.startsWith(u"2 Il comando è stato eseguito solo in parte."_s));
-    QVERIFY(output.contains(u"Valori già impostati: 1\n"_s));
 }
 
 QTEST_GUILESS_MAIN(TestVerify)
