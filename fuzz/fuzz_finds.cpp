@@ -74,8 +74,7 @@ public:
         , m_database(make(m_folder.path() + u"\\prova.mdb"_s))
         , m_records(m_database.openRecordSet(u"SELECT * FROM Prova ORDER BY Numero"_s))
     {
-        // Now and then enough rows for an index to grow.
-        for (int left = random.chance(20) ? 90 : 8; left > 0; --left)
+        for (int row = 0; row < 8; ++row)
             add();
     }
 
@@ -101,6 +100,13 @@ public:
         m_texts[row] = m_random.text(HostilePieces(), 2) + u'z';
         m_records.set(u"Testo"_s, *m_texts[row]);
         m_records.update();
+    }
+
+    /** What one of the rows holds; nothing when it is deleted. */
+    QString anyText() const
+    {
+        return m_texts[static_cast<size_t>(m_random.below(static_cast<int>(m_texts.size())))]
+            .value_or(QString());
     }
 
     /** The numbers of the rows that a find comes to. */
@@ -166,6 +172,27 @@ private:
     std::vector<std::optional<QString>> m_texts; ///< none for a deleted row
 };
 
+/** The criterion that finds what equals @p wanted, after trying it. */
+QString requireFound(Table &table, const QString &wanted)
+{
+    const QString equals = u"Testo = '"_s + RaddoppiaApici(wanted) + u'\'';
+    RequireSame(equals, table.found(equals), table.foundSlowly([&wanted](const QString &text) {
+        return CompareSlowly(text, wanted) == 0;
+    }));
+    return equals;
+}
+
+/** Rows enough for the indexes to grow, which they do while rows change. */
+void growAndFind(Table &table, Random &random)
+{
+    for (int row = 12; row < 100; ++row) {
+        table.add();
+        if (random.chance(2))
+            table.changeFirst(u"Numero = "_s + QString::number(random.below(row)));
+        requireFound(table, table.anyText());
+    }
+}
+
 } // namespace
 
 void FuzzLike(Random &random)
@@ -203,11 +230,10 @@ void FuzzFind(Random &random)
     Table table(random);
     for (int turn = 0; turn < 4; ++turn) {
         const QString wanted = random.text(HostilePieces(), 2);
-        const QString equals = u"Testo = '"_s + RaddoppiaApici(wanted) + u'\'';
+        const QString equals = requireFound(table, wanted);
         const auto isEqual = [&wanted](const QString &text) {
             return CompareSlowly(text, wanted) == 0;
         };
-        RequireSame(equals, table.found(equals), table.foundSlowly(isEqual));
         RequireSame(
             equals,
             table.queried(u"SELECT * FROM Prova WHERE "_s + equals + u" ORDER BY Testo, Numero"_s),
@@ -225,6 +251,8 @@ void FuzzFind(Random &random)
         table.add();
         table.changeFirst(u"Numero = "_s + QString::number(random.below(10)));
     }
+    if (random.chance(20))
+        growAndFind(table, random);
 }
 
 /** A query is put together with what is to become of it, piece by piece. */

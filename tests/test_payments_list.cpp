@@ -42,14 +42,20 @@ void TestPaymentsList::stopsAtAnUnreadablePayment()
 {
     const QString before = u"3|Prima|05/11/2019|1,00|€\n"_s;
     for (const auto &[row, place, shown] :
-         {std::tuple{"('A',8,NULL,'2019-11-05',1,1,1)", u"Saldoro.mdb/Fatture/Creditore//8//"_s, before + u"X"},
-          {"('A',8,'Verdi',NULL,1,1,1)", u"Saldoro.mdb/Fatture/Del//8//"_s, before + u"X"},
-          {"('A',8,'Verdi','ieri',1,1,1)", u"Saldoro.mdb/Fatture/Del//8//"_s, before + u"X"},
-          {"('P',8,'Verdi','2019-11-05',NULL,1,1)", u"Saldoro.mdb/Fatture/Importo//8//"_s, before + u"X"},
-          {"('P',8,'Verdi','2019-11-05',1,NULL,1)", u"Saldoro.mdb/Fatture/ImportoIVA//8//"_s, before + u"X"},
-          {"('P',8,'Verdi','2019-11-05',9223372036854775807,0,1)", u"////8//"_s, before + u"X"},
+         {std::tuple{"('A',8,NULL,'2019-11-05',1,1,1)", u"Saldoro.mdb/Fatture/Creditore//8//"_s,
+                     before + u"8||||"_s},
+          {"('A',8,'Verdi',NULL,1,1,1)", u"Saldoro.mdb/Fatture/Del//8//"_s,
+           before + u"8|Verdi|||"_s},
+          {"('A',8,'Verdi','ieri',1,1,1)", u"Saldoro.mdb/Fatture/Del//8//"_s,
+           before + u"8|Verdi|||"_s},
+          {"('P',8,'Verdi','2019-11-05',NULL,1,1)", u"Saldoro.mdb/Fatture/Importo//8//"_s,
+           before + u"8|Verdi|05/11/2019||"_s},
+          {"('P',8,'Verdi','2019-11-05',1,NULL,1)", u"Saldoro.mdb/Fatture/ImportoIVA//8//"_s,
+           before + u"8|Verdi|05/11/2019||"_s},
+          {"('P',8,'Verdi','2019-11-05',9223372036854775807,0,1)", u"////8//"_s,
+           before + u"8|Verdi|05/11/2019||"_s},
           {"('A',NULL,'Verdi','2019-11-05',1,1,1)",
-           u"Saldoro.mdb/Fatture/Npag//senza numero/1/Verdi"_s, u"X"_s}}) {
+           u"Saldoro.mdb/Fatture/Npag//senza numero/1/Verdi"_s, u"||||"_s}}) {
         const TestArchive archive;
         PlantPayments(archive,
                       (QByteArray(row) + ",('A',9,'Dopo','2019-11-05',1,1,1)").constData());
