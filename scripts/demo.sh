@@ -26,7 +26,7 @@ mkdir -p "$demo" || fail "la cartella $demo non può essere creata." \
     'Controllare i permessi e lo spazio libero sul disco.'
 
 packages() {
-    local wanted=("${BUILD_PACKAGES[@]}")
+    local wanted=("${BUILD_PACKAGES[@]}" "${TRANSLATION_PACKAGES[@]}")
     [ -n "${WAYLAND_DISPLAY:-}" ] && [ -z "${DISPLAY:-}" ] && wanted+=(qt6-wayland)
     if ! command -v dpkg-query >/dev/null; then
         printf 'Sistema senza pacchetti Debian: compilatore, CMake, Ninja, Qt 6 e SQLite devono esserci già.\n'

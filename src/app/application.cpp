@@ -12,23 +12,26 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 Application::Application(int &argc, char **argv)
     : QApplication(argc, argv)
 {
     // Not the display name: window systems append that to every caption.
-    setApplicationName(QStringLiteral("Saldoro"));
+    setApplicationName(u"Saldoro"_s);
     setQuitOnLastWindowClosed(false);
     speakItalian();
 }
 
-/** Also the toolkit's own texts, where its translation is installed. */
+/** Also the toolkit's own texts, where its translation is installed or built in. */
 void Application::speakItalian()
 {
     const QLocale italian(QLocale::Italian, QLocale::Italy);
     QLocale::setDefault(italian);
     auto *translator = new QTranslator(this);
-    if (translator->load(italian, QStringLiteral("qtbase"), QStringLiteral("_"),
-                         QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    const QString installed = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (translator->load(italian, u"qtbase"_s, u"_"_s, installed) ||
+        translator->load(u":/qtbase_it.qm"_s))
         installTranslator(translator);
 }
 

@@ -12,13 +12,15 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /** The folder of a path with either kind of separator, or a stand-in when there is none. */
 QString folderOf(const QString &path)
 {
     const qsizetype end = qMax(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\'));
-    return end > 0 ? u'"' + path.first(end) + u'"' : QStringLiteral("CARTELLA");
+    return end > 0 ? u'"' + path.first(end) + u'"' : u"CARTELLA"_s;
 }
 
 /** The outermost folder on the way to a file that is not there; empty when all of them are. */
@@ -37,7 +39,7 @@ QString missingFolder(const QString &path)
 QString placeOfSetting()
 {
     const QString file = RegistryFilePath();
-    return file.isEmpty() ? QStringLiteral("HKEY_CURRENT_USER\\") + SettingsKey.toString() : file;
+    return file.isEmpty() ? u"HKEY_CURRENT_USER\\"_s + SettingsKey.toString() : file;
 }
 
 /** What to look at when a database is not where it should be. */
@@ -45,9 +47,9 @@ QString pathHint(const QString &path)
 {
     const QString folder = missingFolder(path);
     return (folder.isEmpty() ? QString()
-                             : QStringLiteral("\n\nNon esiste la cartella: ") +
+                             : u"\n\nNon esiste la cartella: "_s +
                                    QDir::toNativeSeparators(folder)) +
-           QStringLiteral("\n\nLa cartella degli archivi è il valore \"drivers\" di ") +
+           u"\n\nLa cartella degli archivi è il valore \"drivers\" di "_s +
            placeOfSetting();
 }
 
@@ -76,7 +78,7 @@ QString folderToCheck(const QString &path)
  *  beside this program. */
 QString checkCommand()
 {
-    const QString name = QStringLiteral("saldoro-verifica");
+    const QString name = u"saldoro-verifica"_s;
     if (!QStandardPaths::findExecutable(name).isEmpty())
         return name;
     const QString place = QCoreApplication::applicationDirPath() + u'/' + name;
@@ -89,18 +91,18 @@ QString ErrorReport(const std::exception &error)
 {
     const auto *own = dynamic_cast<const SaldoroError *>(&error);
     if (own == nullptr)
-        return QStringLiteral("Si è verificato un errore imprevisto.\nParticolari: ") +
+        return u"Si è verificato un errore imprevisto.\nParticolari: "_s +
                QString::fromUtf8(error.what()) +
-               QStringLiteral("\n\nAnnotare questo messaggio e rivolgersi all'assistenza.");
+               u"\n\nAnnotare questo messaggio e rivolgersi all'assistenza."_s;
     QString text = own->message();
     const auto *database = dynamic_cast<const DatabaseError *>(own);
     if (database == nullptr)
         return text;
     if (database->fault() == DatabaseFault::FileMissing)
-        text += pathHint(database->detail(QStringLiteral("File")));
+        text += pathHint(database->detail(u"File"_s));
     if (isAboutStoredValues(*database))
-        text += QStringLiteral("\n\nPer controllare l'archivio eseguire: ") + checkCommand() +
-                u' ' + folderToCheck(own->detail(QStringLiteral("File")));
+        text += u"\n\nPer controllare l'archivio eseguire: "_s + checkCommand() +
+                u' ' + folderToCheck(own->detail(u"File"_s));
     return text;
 }
 

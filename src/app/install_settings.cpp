@@ -5,10 +5,12 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 QString BuildText(int major, int minor, int revision)
 {
     constexpr qsizetype revisionDigits = 3;
-    const QString padded = QStringLiteral("000") + QString::number(revision);
+    const QString padded = u"000"_s + QString::number(revision);
     return QString::number(major) + QString::number(minor) + padded.last(revisionDigits);
 }
 
@@ -22,7 +24,7 @@ void InitInstallSettings(ProgramValues &values)
     const ProgramVersion version = OwnVersion();
     values.ProgramBuild = BuildText(version.major, version.minor, version.revision);
     values.ArchiveRoot = ReadRegistryValue(RegistryRoot::CurrentUser, SettingsKey.toString(),
-                                           QStringLiteral("drivers"))
+                                           u"drivers"_s)
                              .value_or(QString());
 }
 

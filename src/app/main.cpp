@@ -8,6 +8,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /** For title bars and task switchers; the menu entry brings its own. */
@@ -15,7 +17,7 @@ QIcon windowIcon()
 {
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128, 256})
-        icon.addFile(QStringLiteral(":/icons/saldoro-%1.png").arg(size));
+        icon.addFile(u":/icons/saldoro-%1.png"_s.arg(size));
     return icon;
 }
 
@@ -27,7 +29,7 @@ int main(int argc, char *argv[])
     std::array<char *, 2> programOnly = {argv[0], nullptr};
     int programOnlyCount = 1;
     saldoro::Application application(programOnlyCount, programOnly.data());
-    QGuiApplication::setDesktopFileName(QStringLiteral("saldoro"));
+    QGuiApplication::setDesktopFileName(u"saldoro"_s);
     QGuiApplication::setWindowIcon(windowIcon());
 
     saldoro::ProgramValues values;

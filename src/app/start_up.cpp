@@ -16,6 +16,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /** What the suite puts in front of the project code when it starts this program. */
@@ -63,11 +65,10 @@ StartUpOutcome StartUp::run()
 /** Builds are compared as numbers: 9999 is older than 10167. */
 bool StartUp::updateIsWaiting() const
 {
-    const QString manifest = UpdateFolder(m_values) + ProgramName() + QStringLiteral(".INI");
+    const QString manifest = UpdateFolder(m_values) + ProgramName() + u".INI"_s;
     if (!fileExists(manifest))
         return false;
-    const QString build =
-        ReadIniString(manifest, QStringLiteral("Configuration"), QStringLiteral("Build"));
+    const QString build = ReadIniString(manifest, u"Configuration"_s, u"Build"_s);
     return LeadingNumber(build) > LeadingNumber(m_values.ProgramBuild);
 }
 

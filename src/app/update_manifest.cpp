@@ -13,6 +13,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 ManifestFacts factsOfThisProgram()
@@ -31,39 +33,37 @@ ManifestFacts factsOfThisProgram()
 
 QString ManifestText(const ManifestFacts &facts)
 {
-    const QString version =
-        QStringLiteral("%1.%2.%3").arg(facts.major).arg(facts.minor).arg(facts.revision);
+    const QString version = u"%1.%2.%3"_s.arg(facts.major).arg(facts.minor).arg(facts.revision);
     // The two spellings of the extension are part of the format.
     const QStringList lines = {
-        QStringLiteral("[Configuration]"),
-        QStringLiteral("Autorun = ") + facts.programName + QStringLiteral(".exe"),
-        QStringLiteral("Versione = ") + version + QStringLiteral("     (") +
-            FormatData(facts.programDate) + u')',
-        QStringLiteral("Build = ") + BuildText(facts.major, facts.minor, facts.revision),
-        QStringLiteral("KeyReg = ") + SettingsKey.toString(),
-        QStringLiteral("Data = ") + FormatData(facts.today),
-        QStringLiteral("Time = ") + facts.now.toString(QStringLiteral("HH:mm:ss")),
+        u"[Configuration]"_s,
+        u"Autorun = "_s + facts.programName + u".exe"_s,
+        u"Versione = "_s + version + u"     ("_s + FormatData(facts.programDate) + u')',
+        u"Build = "_s + BuildText(facts.major, facts.minor, facts.revision),
+        u"KeyReg = "_s + SettingsKey.toString(),
+        u"Data = "_s + FormatData(facts.today),
+        u"Time = "_s + facts.now.toString(u"HH:mm:ss"_s),
         QString(),
-        QStringLiteral("[FILE]"),
-        QStringLiteral("NUMFILE = 1"),
-        QStringLiteral("FILE1 = ") + facts.programName + QStringLiteral(".EXE"),
+        u"[FILE]"_s,
+        u"NUMFILE = 1"_s,
+        u"FILE1 = "_s + facts.programName + u".EXE"_s,
     };
-    return lines.join(QStringLiteral("\r\n")) + QStringLiteral("\r\n");
+    return lines.join(u"\r\n"_s) + u"\r\n"_s;
 }
 
 void WriteUpdateManifest()
 {
     // A manifest of that name in other letter case is the same file to the suite.
-    QSaveFile file(MachinePath(ProgramName() + QStringLiteral(".ini")));
+    QSaveFile file(MachinePath(ProgramName() + u".ini"_s));
     const bool written = file.open(QIODevice::WriteOnly) &&
                          file.write(ManifestText(factsOfThisProgram()).toLocal8Bit()) >= 0 &&
                          file.flush() && // committing alone would not notice a full disk
                          file.commit();
     if (!written)
         throw FileError(QFileInfo(file.fileName()).absoluteFilePath(),
-                        QStringLiteral("Non è possibile scrivere il file di aggiornamento."),
-                        QStringLiteral("Avviare il programma da una cartella in cui si può "
-                                       "scrivere."));
+                        u"Non è possibile scrivere il file di aggiornamento."_s,
+                        u"Avviare il programma da una cartella in cui si può "
+                        "scrivere."_s);
 }
 
 } // namespace saldoro

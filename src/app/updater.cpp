@@ -6,12 +6,13 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 void RunUpdater(const ProgramValues &values)
 {
-    const QString updater = UpdateFolder(values) + QStringLiteral("Updrun2.EXE");
-    if (!StartDetached(updater, {QStringLiteral("/F"), ProgramName()}))
-        ShowMessage(MessageKind::Critical,
-                    QStringLiteral("Il file Updrun2.exe Non è stato trovato"));
+    const QString updater = UpdateFolder(values) + u"Updrun2.EXE"_s;
+    if (!StartDetached(updater, {u"/F"_s, ProgramName()}))
+        ShowMessage(MessageKind::Critical, u"Il file Updrun2.exe Non è stato trovato"_s);
 }
 
 } // namespace saldoro

@@ -6,6 +6,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /** Most characters of an amount: 17 digits, 4 points, the comma and the sign. */
@@ -39,7 +41,7 @@ QString FormatImportoEuro(Currency amount)
 {
     if (amount == Currency())
         return {};
-    return QStringLiteral("€ ") + FormatImporto(amount);
+    return u"€ "_s + FormatImporto(amount);
 }
 
 QString PuntoDecimale(QString &text)
@@ -63,7 +65,7 @@ Currency ImportoDaTesto(QString &&text)
 
 QString RaddoppiaApici(const QString &text)
 {
-    return QString(text).replace(u'\'', QStringLiteral("''"));
+    return QString(text).replace(u'\'', u"''"_s);
 }
 
 } // namespace saldoro

@@ -6,13 +6,14 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 [[noreturn]] void overflow()
 {
-    throw OverflowError(
-        QStringLiteral("Un importo supera il massimo che il programma può trattare."),
-        QStringLiteral("Controllare gli importi e le aliquote scritti."));
+    throw OverflowError(u"Un importo supera il massimo che il programma può trattare."_s,
+                        u"Controllare gli importi e le aliquote scritti."_s);
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct FaultText
@@ -90,9 +92,9 @@ QString SaldoroError::message() const
 {
     QString text = m_problem;
     for (const auto &line : m_details)
-        text += u'\n' + line.first + QStringLiteral(": ") + line.second;
+        text += u'\n' + line.first + u": "_s + line.second;
     if (!m_remedy.isEmpty())
-        text += QStringLiteral("\n\n") + m_remedy;
+        text += u"\n\n"_s + m_remedy;
     return text;
 }
 
@@ -105,7 +107,7 @@ const char *SaldoroError::what() const noexcept
 FileError::FileError(const QString &path, const QString &problem, const QString &remedy)
     : SaldoroError(problem, remedy)
 {
-    addDetail(QStringLiteral("File"), path);
+    addDetail(u"File"_s, path);
 }
 
 DatabaseError::DatabaseError(DatabaseFault fault, const QString &file, const QString &table,
@@ -113,10 +115,10 @@ DatabaseError::DatabaseError(DatabaseFault fault, const QString &file, const QSt
     : SaldoroError(textOf(fault).problem.toString(), textOf(fault).remedy.toString())
     , m_fault(fault)
 {
-    addDetail(QStringLiteral("File"), file);
-    addDetail(QStringLiteral("Tabella"), table);
-    addDetail(QStringLiteral("Campo"), field);
-    addDetail(QStringLiteral("Particolari"), extra);
+    addDetail(u"File"_s, file);
+    addDetail(u"Tabella"_s, table);
+    addDetail(u"Campo"_s, field);
+    addDetail(u"Particolari"_s, extra);
 }
 
 } // namespace saldoro

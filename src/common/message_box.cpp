@@ -8,6 +8,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 MessageAnswerer &currentAnswerer()
@@ -31,8 +33,8 @@ QMessageBox::Icon iconOf(MessageKind kind)
 
 MessageAnswer ask(QMessageBox &box)
 {
-    QPushButton *yes = box.addButton(QStringLiteral("&Sì"), QMessageBox::YesRole);
-    QPushButton *no = box.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
+    QPushButton *yes = box.addButton(u"&Sì"_s, QMessageBox::YesRole);
+    QPushButton *no = box.addButton(u"&No"_s, QMessageBox::NoRole);
     box.setDefaultButton(no);
     box.setEscapeButton(no);
     box.exec();

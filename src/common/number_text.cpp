@@ -8,6 +8,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isBlank(QChar character)
@@ -108,13 +110,13 @@ int DigitsValue(QStringView text)
 QString RateText(double value)
 {
     if (value == 0.0) // also for a negative zero
-        return QStringLiteral("0");
+        return u"0"_s;
     return QString::number(value, 'g', 15).toUpper();
 }
 
 QString SignedNumberText(qint32 value)
 {
-    return (value < 0 ? QString() : QStringLiteral(" ")) + QString::number(value);
+    return (value < 0 ? QString() : u" "_s) + QString::number(value);
 }
 
 } // namespace saldoro

@@ -6,6 +6,7 @@
 #include "common/form_helpers.h"
 #include "common/message_box.h"
 #include "common/number_text.h"
+#include "common/overview_column.h"
 #include "common/text_cut.h"
 #include "invoice/stored_allocations.h"
 
@@ -13,27 +14,21 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /** Characters of a pick list's line that hold the code. */
 constexpr qsizetype CodeWidth = 5;
 
-/** Columns of the overview's table. */
-enum OverviewColumn
-{
-    VoceColumn = 0,
-    DescriColumn = 1,
-    DisponibilitaColumn = 4
-};
-
 QString pickLine(const TextTable &overview, int row)
 {
-    QString line = overview.text(row, VoceColumn).trimmed();
+    QString line = overview.text(row, OverviewColumn::Cod).trimmed();
     // Only padded: a longer code stays readable as a whole.
     if (const qsizetype missing = CodeWidth - CharacterCount(line); missing > 0)
         line += QString(missing, u' ');
-    return line + overview.text(row, DescriColumn) + QStringLiteral(" L.") +
-           overview.text(row, DisponibilitaColumn);
+    return line + overview.text(row, OverviewColumn::Descrizione) + u" L."_s +
+           overview.text(row, OverviewColumn::Disponibilita);
 }
 
 } // namespace
@@ -47,12 +42,7 @@ AllocationBlock::AllocationBlock(const TextTable &overview, TextTable &grid)
 
 void AllocationBlock::prepareGrid()
 {
-    const TextTable::BulkChange change(m_grid);
-    m_grid.setRows(1);
-    m_grid.setColumns(ColumnCount);
-    m_grid.setText(0, CodColumn, QStringLiteral("Cod"));
-    m_grid.setText(0, DescrizioneColumn, QStringLiteral("Descrizione"));
-    m_grid.setText(0, ImportoColumn, QStringLiteral("Importo"));
+    m_grid.setHeader({u"Cod"_s, u"Descrizione"_s, u"Importo"_s});
 }
 
 bool AllocationBlock::CekCodCaricato(const QString &code) const
@@ -70,18 +60,16 @@ QStringList AllocationBlock::openPickList()
     m_pickLines.clear();
     m_pickDescriptions.clear();
     for (int row = 1; row < m_overview.rows(); ++row) {
-        if (!CekCodCaricato(m_overview.text(row, VoceColumn)))
+        if (!CekCodCaricato(m_overview.text(row, OverviewColumn::Cod)))
             continue;
         if (m_pickLines.size() == PickListSize)
-            throw BoundsError(
-                QStringLiteral("Le voci di spesa da offrire sono più di %1.").arg(PickListSize),
-                QStringLiteral("Ridurre le voci della scheda dell'appalto."));
+            throw BoundsError(u"Le voci di spesa da offrire sono più di %1."_s.arg(PickListSize),
+                              u"Ridurre le voci della scheda dell'appalto."_s);
         m_pickLines.append(pickLine(m_overview, row));
-        m_pickDescriptions.append(m_overview.text(row, DescriColumn));
+        m_pickDescriptions.append(m_overview.text(row, OverviewColumn::Descrizione));
     }
     if (m_pickLines.isEmpty()) {
-        ShowMessage(MessageKind::Information,
-                    QStringLiteral("Nessun elemento da inserire disponibile"));
+        ShowMessage(MessageKind::Information, u"Nessun elemento da inserire disponibile"_s);
     } else {
         m_grid.setRows(m_grid.rows() + 1);
         setCurrent(m_grid.rows() - 1, CodColumn);
@@ -92,7 +80,7 @@ QStringList AllocationBlock::openPickList()
 void AllocationBlock::pick(int line)
 {
     if (line < 0 || line >= m_pickLines.size())
-        throw BoundsError(QStringLiteral("La riga scelta non è tra le voci di spesa offerte."));
+        throw BoundsError(u"La riga scelta non è tra le voci di spesa offerte."_s);
     m_grid.setText(m_grid.row(), CodColumn, LeftCharacters(m_pickLines[line], CodeWidth).trimmed());
     m_grid.setText(m_grid.row(), DescrizioneColumn, m_pickDescriptions[line]);
     m_grid.setColumn(ImportoColumn);
@@ -144,8 +132,7 @@ void AllocationBlock::deleteCurrentRow(const ProgramValues &values, qint32 payme
     if (m_grid.rows() <= 1 || m_grid.row() < 1)
         return;
     const QString code = m_grid.currentText();
-    const bool confirmed =
-        ChiediConferma(QStringLiteral("Vuoi eliminare il Cod. ") + code + QStringLiteral("?"));
+    const bool confirmed = ChiediConferma(u"Vuoi eliminare il Cod. "_s + code + u"?"_s);
     if (confirmed) {
         const Database ledger = Database::open(LedgerPath(values));
         RecordSet allocations = OpenAllocations(ledger, paymentNumber);
@@ -173,8 +160,8 @@ void AllocationBlock::RecalcAllocationTotal()
         try {
             total += ImportoDaTesto(m_grid.text(row, ImportoColumn));
         } catch (SaldoroError &error) {
-            error.addDetail(QStringLiteral("Voce"), m_grid.text(row, CodColumn));
-            error.addDetail(QStringLiteral("Riga"), QString::number(row));
+            error.addDetail(u"Voce"_s, m_grid.text(row, CodColumn));
+            error.addDetail(u"Riga"_s, QString::number(row));
             throw;
         }
     }
@@ -185,7 +172,7 @@ void AllocationBlock::RecalcAllocationTotal()
 bool AllocationBlock::confirmTotal(const QString &invoiceTotalText) const
 {
     return m_totalText == invoiceTotalText ||
-           ChiediConferma(QStringLiteral("Gli importi non coincidono continuare ? "));
+           ChiediConferma(u"Gli importi non coincidono continuare ? "_s);
 }
 
 void AllocationBlock::setCurrent(int row, int column)

@@ -9,6 +9,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 AmountChain::AmountChain(QList<AmountField> fields)
     : m_fields(std::move(fields))
     , m_texts(m_fields.size())
@@ -19,7 +21,7 @@ namespace {
 
 [[noreturn]] void throwNoSuchField()
 {
-    throw BoundsError(QStringLiteral("Campo di importo inesistente."));
+    throw BoundsError(u"Campo di importo inesistente."_s);
 }
 
 } // namespace
@@ -93,9 +95,8 @@ double AmountChain::rate(int position) const
 {
     const double value = LeadingNumber(text(position));
     if (!std::isfinite(value))
-        throw OverflowError(
-            QStringLiteral("Un'aliquota supera il massimo che il programma può trattare."),
-            QStringLiteral("Controllare le aliquote scritte."));
+        throw OverflowError(u"Un'aliquota supera il massimo che il programma può trattare."_s,
+                            u"Controllare le aliquote scritte."_s);
     return value;
 }
 

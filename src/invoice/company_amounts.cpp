@@ -2,11 +2,13 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 CompanyAmounts::CompanyAmounts()
-    : AmountChain({{QStringLiteral("Text2_0"), AmountRole::Typed},
-                   {QStringLiteral("Text2_1"), AmountRole::Rate},
-                   {QStringLiteral("Text2_2"), AmountRole::Derived},
-                   {QStringLiteral("Text2_3"), AmountRole::Derived}})
+    : AmountChain({{u"Text2_0"_s, AmountRole::Typed},
+                   {u"Text2_1"_s, AmountRole::Rate},
+                   {u"Text2_2"_s, AmountRole::Derived},
+                   {u"Text2_3"_s, AmountRole::Derived}})
 {
 }
 
@@ -36,9 +38,8 @@ void CompanyAmounts::showTotal()
 
 const QList<StoredAmount> &CompanyAmounts::storedAmounts() const
 {
-    static const QList<StoredAmount> columns{{QStringLiteral("Aliquota"), AliquotaIva},
-                                             {QStringLiteral("Importo"), Importo},
-                                             {QStringLiteral("ImportoIVA"), ImportoIva}};
+    static const QList<StoredAmount> columns{
+        {u"Aliquota"_s, AliquotaIva}, {u"Importo"_s, Importo}, {u"ImportoIVA"_s, ImportoIva}};
     return columns;
 }
 

@@ -7,25 +7,17 @@
 
 namespace saldoro {
 
-namespace {
+using namespace Qt::StringLiterals;
 
-qint32 linkOf(const RecordSet &items, const QString &code)
-{
-    try {
-        return items.field(QStringLiteral("Link")).integer();
-    } catch (SaldoroError &error) {
-        error.addDetail(QStringLiteral("Voce"), code);
-        throw;
-    }
-}
+namespace {
 
 bool isAssociation(const ProgramValues &values, qint32 companyId)
 {
     const Database database = Database::open(CompaniesPath(values));
-    const RecordSet company = database.openRecordSet(
-        QStringLiteral("SELECT * FROM Anag WHERE ID = ") + QString::number(companyId));
+    const RecordSet company =
+        database.openRecordSet(u"SELECT * FROM Anag WHERE ID = "_s + QString::number(companyId));
     // A link to a company that the register does not hold (any more) is no association.
-    return !company.eof() && company.field(QStringLiteral("TipImprese")).textOrEmpty() == u"ATI";
+    return !company.eof() && company.field(u"TipImprese"_s).textOrEmpty() == u"ATI";
 }
 
 } // namespace
@@ -33,15 +25,15 @@ bool isAssociation(const ProgramValues &values, qint32 companyId)
 Contractor LoadContractor(const ProgramValues &values)
 {
     Contractor contractor;
-    const QString code = CodiceEsterno(values, QStringLiteral("DA1"));
+    const QString code = CodiceEsterno(values, u"DA1"_s);
     {
         const Database database = Database::open(ContractPath(values));
-        RecordSet items =
-            database.openRecordSet(QStringLiteral("SELECT * FROM SchedaProgetto ORDER BY VOCE"));
-        items.findFirst(QStringLiteral("Voce = '") + code + QStringLiteral("'"));
+        RecordSet items = database.openRecordSet(u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s);
+        items.findFirst(u"Voce = '"_s + code + u"'"_s);
         if (!items.noMatch()) {
-            contractor.IdImpresa = linkOf(items, code);
-            contractor.name = items.field(QStringLiteral("Stringa")).textOrEmpty();
+            contractor.IdImpresa =
+                Naming(u"Voce"_s, code, [&] { return items.field(u"Link"_s).integer(); });
+            contractor.name = items.field(u"Stringa"_s).textOrEmpty();
         }
     }
     if (contractor.IdImpresa > 0)

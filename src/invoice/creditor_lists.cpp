@@ -6,14 +6,15 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 QStringList ProfessionalCreditors(const ProgramValues &values)
 {
     const Database database = Database::open(ContractPath(values));
-    RecordSet items =
-        database.openRecordSet(QStringLiteral("SELECT * FROM SchedaProgetto WHERE FUNZIONE = 17"));
+    RecordSet items = database.openRecordSet(u"SELECT * FROM SchedaProgetto WHERE FUNZIONE = 17"_s);
     QStringList names;
     for (; !items.eof(); items.moveNext()) {
-        const QString name = items.field(QStringLiteral("Stringa")).textOrEmpty().trimmed();
+        const QString name = items.field(u"Stringa"_s).textOrEmpty().trimmed();
         if (!name.isEmpty())
             names.append(name);
     }
@@ -24,14 +25,13 @@ QStringList ParticipatingCompanies(const ProgramValues &values, const QString &p
 {
     const Database database = Database::open(CompaniesPath(values));
     RecordSet companies = database.openRecordSet(
-        QStringLiteral("SELECT Partecip.Nord, Anag.ID, Anag.nominativo FROM Anag INNER JOIN "
-                       "Partecip ON Anag.ID = Partecip.AnagRel ORDER BY Anag.nominativo"));
-    const QString criterion =
-        QStringLiteral("nominativo Like '") + RaddoppiaApici(prefix) + QStringLiteral("*'");
+        u"SELECT Partecip.Nord, Anag.ID, Anag.nominativo FROM Anag INNER JOIN "
+        "Partecip ON Anag.ID = Partecip.AnagRel ORDER BY Anag.nominativo"_s);
+    const QString criterion = u"nominativo Like '"_s + RaddoppiaApici(prefix) + u"*'"_s;
     QStringList names;
     companies.findFirst(criterion);
     while (!companies.noMatch()) {
-        names.append(companies.field(QStringLiteral("nominativo")).text());
+        names.append(companies.field(u"nominativo"_s).text());
         companies.findNext(criterion);
     }
     return names;
@@ -41,12 +41,12 @@ QStringList Principals(const ProgramValues &values, qint32 IdImpresa)
 {
     const Database database = Database::open(CompaniesPath(values));
     RecordSet principals = database.openRecordSet(
-        QStringLiteral("SELECT Anag.ID, Anag.nominativo, Manda.AnagRel , Manda.AnagPar  FROM Anag "
-                       "INNER JOIN Manda ON Anag.ID = Manda.AnagRel WHERE AnagPar = ") +
-        QString::number(IdImpresa) + QStringLiteral(" ORDER BY Anag.nominativo"));
+        u"SELECT Anag.ID, Anag.nominativo, Manda.AnagRel , Manda.AnagPar  FROM Anag "
+        "INNER JOIN Manda ON Anag.ID = Manda.AnagRel WHERE AnagPar = "_s +
+        QString::number(IdImpresa) + u" ORDER BY Anag.nominativo"_s);
     QStringList names;
     for (; !principals.eof(); principals.moveNext())
-        names.append(principals.field(QStringLiteral("nominativo")).textOrEmpty());
+        names.append(principals.field(u"nominativo"_s).textOrEmpty());
     return names;
 }
 

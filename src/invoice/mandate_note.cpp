@@ -4,9 +4,11 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 QString ComposeMandateNote(const QString &mandato, const QString &mandatoDell)
 {
-    return QStringLiteral("Mandato nr.") + mandato + QStringLiteral(" del ") + mandatoDell;
+    return u"Mandato nr."_s + mandato + u" del "_s + mandatoDell;
 }
 
 MandateNote ParseMandateNote(const QString &note, CreditorKind kind)

@@ -10,17 +10,19 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /** The current record's texts; what is no date leaves the date box empty. */
 void readTexts(const RecordSet &payments, PaymentRecord &record)
 {
-    record.creditore = payments.field(QStringLiteral("Creditore")).textOrEmpty();
-    record.nFat = payments.field(QStringLiteral("NFat")).textOrEmpty();
-    const QDate day = payments.field(QStringLiteral("Del")).dateOrNone();
+    record.creditore = payments.field(u"Creditore"_s).textOrEmpty();
+    record.nFat = payments.field(u"NFat"_s).textOrEmpty();
+    const QDate day = payments.field(u"Del"_s).dateOrNone();
     record.del = day.isValid() ? FormatData(day) : EmptyDateText.toString();
-    record.descrizione = payments.field(QStringLiteral("Descrizione")).textOrEmpty();
-    record.memo = payments.field(QStringLiteral("Memo")).textOrEmpty();
+    record.descrizione = payments.field(u"Descrizione"_s).textOrEmpty();
+    record.memo = payments.field(u"Memo"_s).textOrEmpty();
 }
 
 void readAmounts(const RecordSet &payments, AmountChain &amounts)
@@ -37,14 +39,13 @@ void readAmounts(const RecordSet &payments, AmountChain &amounts)
 void readPayment(const Database &ledger, qint32 paymentNumber, PaymentRecord &record,
                  AmountChain &amounts)
 {
-    RecordSet payments =
-        ledger.openRecordSet(QStringLiteral("SELECT *") + QStringLiteral(" FROM Fatture "));
+    RecordSet payments = ledger.openRecordSet(u"SELECT * FROM Fatture "_s);
     if (payments.isEmpty())
         return;
-    payments.findFirst(QStringLiteral("Npag =") + QString::number(paymentNumber));
+    payments.findFirst(u"Npag ="_s + QString::number(paymentNumber));
     if (payments.noMatch()) {
         payments.moveLast();
-        record.memo = payments.field(QStringLiteral("Memo")).textOrEmpty();
+        record.memo = payments.field(u"Memo"_s).textOrEmpty();
         return;
     }
     readTexts(payments, record);
@@ -54,38 +55,40 @@ void readPayment(const Database &ledger, qint32 paymentNumber, PaymentRecord &re
 /** The current allocation's amount; nothing for a null. */
 QString amountText(const RecordSet &allocations)
 {
-    try {
-        const std::optional<Currency> amount =
-            allocations.field(QStringLiteral("Importo")).currencyOrNone();
+    const auto code = [&] { return allocations.field(u"Cod"_s).textOrEmpty(); };
+    return Naming(u"Voce"_s, code, [&] {
+        const std::optional<Currency> amount = allocations.field(u"Importo"_s).currencyOrNone();
         return amount ? FormatImporto(*amount) : QString();
-    } catch (SaldoroError &error) {
-        error.addDetail(QStringLiteral("Voce"),
-                        allocations.field(QStringLiteral("Cod")).textOrEmpty());
-        throw;
-    }
+    });
 }
 
 /** The last row added becomes the current one. */
 void readAllocations(const Database &ledger, qint32 paymentNumber, TextTable &grid)
 {
-    RecordSet allocations =
-        ledger.openRecordSet(QStringLiteral("SELECT *") + QStringLiteral(" FROM Spese "));
+    RecordSet allocations = ledger.openRecordSet(u"SELECT * FROM Spese "_s);
     if (allocations.isEmpty())
         return;
     const TextTable::BulkChange change(grid);
-    const QString criterion = QStringLiteral("RelNpag =") + QString::number(paymentNumber);
+    const QString criterion = u"RelNpag ="_s + QString::number(paymentNumber);
     allocations.findFirst(criterion);
     while (!allocations.noMatch()) {
         const int row = grid.rows();
         grid.setRows(row + 1);
         grid.setRow(row);
-        grid.setText(row, AllocationBlock::CodColumn,
-                     allocations.field(QStringLiteral("Cod")).textOrEmpty());
+        grid.setText(row, AllocationBlock::CodColumn, allocations.field(u"Cod"_s).textOrEmpty());
         grid.setText(row, AllocationBlock::DescrizioneColumn,
-                     allocations.field(QStringLiteral("Descrizione")).textOrEmpty());
+                     allocations.field(u"Descrizione"_s).textOrEmpty());
         grid.setText(row, AllocationBlock::ImportoColumn, amountText(allocations));
         allocations.findNext(criterion);
     }
+}
+
+void readLedger(const ProgramValues &values, qint32 paymentNumber, PaymentRecord &record,
+                AmountChain &amounts, TextTable &grid)
+{
+    const Database ledger = Database::open(LedgerPath(values));
+    readPayment(ledger, paymentNumber, record, amounts);
+    readAllocations(ledger, paymentNumber, grid);
 }
 
 void readMandate(const ProgramValues &values, qint32 paymentNumber, CreditorKind kind,
@@ -104,17 +107,10 @@ void readMandate(const ProgramValues &values, qint32 paymentNumber, CreditorKind
 void LoadPagamento(const ProgramValues &values, qint32 paymentNumber, PaymentRecord &record,
                    AmountChain &amounts, TextTable &grid)
 {
-    try {
-        {
-            const Database ledger = Database::open(LedgerPath(values));
-            readPayment(ledger, paymentNumber, record, amounts);
-            readAllocations(ledger, paymentNumber, grid);
-        }
+    Naming(u"Pagamento"_s, QString::number(paymentNumber), [&] {
+        readLedger(values, paymentNumber, record, amounts, grid);
         readMandate(values, paymentNumber, amounts.kind(), record);
-    } catch (SaldoroError &error) {
-        error.addDetail(QStringLiteral("Pagamento"), QString::number(paymentNumber));
-        throw;
-    }
+    });
 }
 
 } // namespace saldoro

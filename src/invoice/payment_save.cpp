@@ -14,6 +14,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /** What to write where the ledger takes null but no empty text. */
@@ -27,11 +29,6 @@ NewValue dateOrNull(const QString &boxText)
     return boxText == EmptyDateText ? NewValue() : textOrNull(boxText);
 }
 
-QString kindCode(CreditorKind kind)
-{
-    return kind == CreditorKind::Company ? QStringLiteral("A") : QStringLiteral("P");
-}
-
 Currency storedValue(const AmountChain &amounts, int field)
 {
     const QString text = amounts.text(field);
@@ -42,13 +39,13 @@ Currency storedValue(const AmountChain &amounts, int field)
 void fillPayment(RecordSet &payments, qint32 paymentNumber, const PaymentRecord &record,
                  const AmountChain &amounts)
 {
-    payments.set(QStringLiteral("AziProf"), kindCode(amounts.kind()));
-    payments.set(QStringLiteral("Npag"), paymentNumber);
-    payments.set(QStringLiteral("Creditore"), textOrNull(record.creditore));
-    payments.set(QStringLiteral("NFat"), record.nFat);
-    payments.set(QStringLiteral("Del"), dateOrNull(record.del));
-    payments.set(QStringLiteral("Memo"), record.memo);
-    payments.set(QStringLiteral("Descrizione"), record.descrizione);
+    payments.set(u"AziProf"_s, KindCode(amounts.kind()));
+    payments.set(u"Npag"_s, paymentNumber);
+    payments.set(u"Creditore"_s, textOrNull(record.creditore));
+    payments.set(u"NFat"_s, record.nFat);
+    payments.set(u"Del"_s, dateOrNull(record.del));
+    payments.set(u"Memo"_s, record.memo);
+    payments.set(u"Descrizione"_s, record.descrizione);
     for (const StoredAmount &item : amounts.storedAmounts())
         payments.set(item.column, storedValue(amounts, item.field));
 }
@@ -58,7 +55,7 @@ void writePayment(RecordSet &payments, qint32 paymentNumber, const PaymentRecord
 {
     bool found = false;
     if (!payments.isEmpty()) {
-        payments.findFirst(QStringLiteral("Npag =") + QString::number(paymentNumber));
+        payments.findFirst(u"Npag ="_s + QString::number(paymentNumber));
         found = !payments.noMatch();
     }
     if (found)
@@ -77,13 +74,12 @@ void writeAllocation(RecordSet &allocations, qint32 paymentNumber, const TextTab
     } else {
         const QString description = grid.text(row, AllocationBlock::DescrizioneColumn);
         allocations.addNew();
-        allocations.set(QStringLiteral("RelNpag"), paymentNumber);
-        allocations.set(QStringLiteral("Cod"), textOrNull(code));
-        allocations.set(QStringLiteral("Descrizione"),
+        allocations.set(u"RelNpag"_s, paymentNumber);
+        allocations.set(u"Cod"_s, textOrNull(code));
+        allocations.set(u"Descrizione"_s,
                         textOrNull(LeftCharacters(description, LedgerSize::Descrizione)));
     }
-    allocations.set(QStringLiteral("Importo"),
-                    ImportoDaTesto(grid.text(row, AllocationBlock::ImportoColumn)));
+    allocations.set(u"Importo"_s, ImportoDaTesto(grid.text(row, AllocationBlock::ImportoColumn)));
     allocations.update();
 }
 
@@ -91,9 +87,8 @@ void writeLedger(const ProgramValues &values, qint32 paymentNumber, const Paymen
                  const AmountChain &amounts, const TextTable &grid)
 {
     const Database ledger = Database::open(LedgerPath(values));
-    RecordSet payments = ledger.openRecordSet(QStringLiteral("SELECT *") +
-                                              QStringLiteral(" FROM Fatture WHERE AziProf = '") +
-                                              kindCode(amounts.kind()) + QStringLiteral("' "));
+    RecordSet payments = ledger.openRecordSet(u"SELECT * FROM Fatture WHERE AziProf = '"_s +
+                                              KindCode(amounts.kind()) + u"' "_s);
     RecordSet allocations = OpenAllocations(ledger, paymentNumber);
     writePayment(payments, paymentNumber, record, amounts);
     for (int row = 1; row < grid.rows(); ++row)
@@ -105,19 +100,16 @@ void writeLedger(const ProgramValues &values, qint32 paymentNumber, const Paymen
 void SavePagamento(ProgramValues &values, qint32 paymentNumber, const PaymentRecord &record,
                    const AmountChain &amounts, const TextTable &grid)
 {
-    try {
+    Naming(u"Pagamento"_s, QString::number(paymentNumber), [&] {
         writeLedger(values, paymentNumber, record, amounts, grid);
 
         constexpr qint16 noFunction = 0;
         values.MandateText = ComposeMandateNote(record.mandato, record.mandatoDell);
         ScriviVoceStringa(values, VoceMandato(values, paymentNumber), noFunction,
-                          QStringLiteral("Pag. N.") + QString::number(paymentNumber) +
-                              QStringLiteral(" - ") + record.creditore,
+                          u"Pag. N."_s + QString::number(paymentNumber) + u" - "_s +
+                              record.creditore,
                           values.MandateText);
-    } catch (SaldoroError &error) {
-        error.addDetail(QStringLiteral("Pagamento"), QString::number(paymentNumber));
-        throw;
-    }
+    });
 }
 
 } // namespace saldoro

@@ -4,19 +4,21 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 ProfessionalAmounts::ProfessionalAmounts()
-    : AmountChain({{QStringLiteral("Text4_0"), AmountRole::Typed},
-                   {QStringLiteral("Text4_1"), AmountRole::Typed},
-                   {QStringLiteral("Text4_2"), AmountRole::Typed},
-                   {QStringLiteral("Text2_0"), AmountRole::Derived},
-                   {QStringLiteral("Text2_1"), AmountRole::Rate},
-                   {QStringLiteral("Text2_2"), AmountRole::Derived},
-                   {QStringLiteral("Text2_5"), AmountRole::Typed},
-                   {QStringLiteral("Text2_3"), AmountRole::Derived},
-                   {QStringLiteral("Text2_4"), AmountRole::Derived},
-                   {QStringLiteral("Text5_0"), AmountRole::Rate},
-                   {QStringLiteral("Text5_1"), AmountRole::Derived},
-                   {QStringLiteral("Text5_2"), AmountRole::Derived}})
+    : AmountChain({{u"Text4_0"_s, AmountRole::Typed},
+                   {u"Text4_1"_s, AmountRole::Typed},
+                   {u"Text4_2"_s, AmountRole::Typed},
+                   {u"Text2_0"_s, AmountRole::Derived},
+                   {u"Text2_1"_s, AmountRole::Rate},
+                   {u"Text2_2"_s, AmountRole::Derived},
+                   {u"Text2_5"_s, AmountRole::Typed},
+                   {u"Text2_3"_s, AmountRole::Derived},
+                   {u"Text2_4"_s, AmountRole::Derived},
+                   {u"Text5_0"_s, AmountRole::Rate},
+                   {u"Text5_1"_s, AmountRole::Derived},
+                   {u"Text5_2"_s, AmountRole::Derived}})
 {
 }
 
@@ -81,11 +83,11 @@ void ProfessionalAmounts::leftWithholding(int position)
 const QList<StoredAmount> &ProfessionalAmounts::storedAmounts() const
 {
     static const QList<StoredAmount> columns{
-        {QStringLiteral("Aliquota"), AliquotaIva},       {QStringLiteral("AliquotaRA"), AliquotaRA},
-        {QStringLiteral("Importo"), SoggettaIva},        {QStringLiteral("ImportoIVA"), ImportoIva},
-        {QStringLiteral("ImportoPrest"), Prestazione},   {QStringLiteral("Contributo"), Contributo},
-        {QStringLiteral("CassaPrev"), CassaPrev},        {QStringLiteral("ImportoRA"), ImportoRA},
-        {QStringLiteral("AltriImporti01"), AltriImporti}};
+        {u"Aliquota"_s, AliquotaIva},       {u"AliquotaRA"_s, AliquotaRA},
+        {u"Importo"_s, SoggettaIva},        {u"ImportoIVA"_s, ImportoIva},
+        {u"ImportoPrest"_s, Prestazione},   {u"Contributo"_s, Contributo},
+        {u"CassaPrev"_s, CassaPrev},        {u"ImportoRA"_s, ImportoRA},
+        {u"AltriImporti01"_s, AltriImporti}};
     return columns;
 }
 

@@ -4,10 +4,11 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 RecordSet OpenAllocations(const Database &ledger, qint32 paymentNumber)
 {
-    return ledger.openRecordSet(QStringLiteral("SELECT *") +
-                                QStringLiteral(" FROM Spese WHERE RelNpag = ") +
+    return ledger.openRecordSet(u"SELECT * FROM Spese WHERE RelNpag = "_s +
                                 QString::number(paymentNumber));
 }
 
@@ -15,13 +16,13 @@ bool FindAllocation(RecordSet &allocations, const QString &code)
 {
     if (allocations.isEmpty())
         return false;
-    allocations.moveFirst();
     if (code.isEmpty()) {
-        while (!allocations.eof() && !allocations.field(QStringLiteral("Cod")).isNull())
+        allocations.moveFirst();
+        while (!allocations.eof() && !allocations.field(u"Cod"_s).isNull())
             allocations.moveNext();
         return !allocations.eof();
     }
-    allocations.findFirst(QStringLiteral("Cod = '") + RaddoppiaApici(code) + QStringLiteral("'"));
+    allocations.findFirst(u"Cod = '"_s + RaddoppiaApici(code) + u"'"_s);
     return !allocations.noMatch();
 }
 

@@ -1,19 +1,10 @@
 #pragma once
 
+#include "common/overview_column.h"
 #include "common/program_values.h"
 #include "platform/text_table.h"
 
 namespace saldoro {
-
-/** Columns of the overview; the invoice forms and the documents read it by these places. */
-namespace OverviewColumn {
-inline constexpr int Cod = 0;
-inline constexpr int Descrizione = 1;
-inline constexpr int Spesa = 2;
-inline constexpr int Pagato = 3;
-inline constexpr int Disponibilita = 4;
-inline constexpr int Count = 5;
-} // namespace OverviewColumn
 
 /** Cuts the table down to its header: five columns with their headings. */
 void PrepareAvailabilityOverview(TextTable &overview);

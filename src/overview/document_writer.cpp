@@ -13,6 +13,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /** The suite's readers go by the item; they give the tag of these entries no meaning. */
@@ -30,7 +32,7 @@ struct Run
 
 QString documentName(const ProgramValues &values, const QString &internalCode)
 {
-    return CodiceEsterno(values, internalCode) + QStringLiteral(".rtf");
+    return CodiceEsterno(values, internalCode) + u".rtf"_s;
 }
 
 void saveDocument(const ProgramValues &values, const RichTextBox &box, const QString &internalCode)
@@ -51,9 +53,9 @@ QString overviewLine(const TextTable &overview, int row)
     for (int column = 0; column < static_cast<int>(widths.size()); ++column) {
         line += FixedWidth(overview.text(row, column), widths.at(static_cast<size_t>(column)));
         if (column == 1)
-            line += QStringLiteral("  ");
+            line += u"  "_s;
     }
-    return line + QStringLiteral("\r\n");
+    return line + u"\r\n"_s;
 }
 
 /** Number of payments in the set, which the documents count in 16 bits. */
@@ -62,10 +64,9 @@ qint16 paymentCount(RecordSet &fatture)
     fatture.moveLast();
     const int count = fatture.recordCount();
     if (count > std::numeric_limits<qint16>::max())
-        throw OverflowError(
-            QStringLiteral("I pagamenti di un tipo sono più di 32.767: i documenti non possono "
-                           "essere scritti."),
-            QStringLiteral("Rivolgersi all'assistenza per dividere il registro dei pagamenti."));
+        throw OverflowError(u"I pagamenti di un tipo sono più di 32.767: i documenti non possono "
+                            "essere scritti."_s,
+                            u"Rivolgersi all'assistenza per dividere il registro dei pagamenti."_s);
     fatture.moveFirst();
     return static_cast<qint16>(count);
 }
@@ -78,7 +79,7 @@ void composeStatements(RecordSet &fatture, ProgramValues &values, FrmElab &form)
     const PaymentStatements statements(fatture);
     for (int number = 1; number < count; ++number) {
         statements.composeCurrent(values);
-        form.listBox().appendText(QStringLiteral("\r\n"));
+        form.listBox().appendText(u"\r\n"_s);
         form.listBox().appendText(values.TestoPagamento);
         fatture.moveNext();
     }
@@ -108,25 +109,24 @@ void WriteProjectDocuments(ProgramValues &values, const TextTable &overview)
     FrmElab form;
     form.listBox().setText(QString());
     for (int row = 1; row < overview.rows(); ++row) {
-        form.setFontName(QStringLiteral("Courier New"));
+        form.setFontName(u"Courier New"_s);
         form.listBox().appendText(overviewLine(overview, row));
     }
-    saveDocument(values, form.listBox(), QStringLiteral("QDP"));
-    registerDocument(values, QStringLiteral("QDP"));
+    saveDocument(values, form.listBox(), u"QDP"_s);
+    registerDocument(values, u"QDP"_s);
     ScriviProspettoRtf(values, form);
 }
 
 void ScriviProspettoRtf(ProgramValues &values, FrmElab &form)
 {
     writeRun(values, form,
-             {QStringLiteral("SELECT * FROM Fatture  WHERE AziProf = 'A' ORDER BY Npag "),
-              QStringLiteral("P98"), QStringLiteral("P99"), QStringLiteral("QS1A")});
+             {u"SELECT * FROM Fatture  WHERE AziProf = 'A' ORDER BY Npag "_s, u"P98"_s, u"P99"_s,
+              u"QS1A"_s});
     const Currency companies = values.TotaleLiquidato;
     writeRun(values, form,
-             {QStringLiteral("SELECT * FROM Fatture  WHERE AziProf = 'P' ORDER BY Npag "),
-              QStringLiteral("P98P"), QStringLiteral("P99P"), QStringLiteral("QS1P")});
-    AggiornaVoceImporto(values, QStringLiteral("QS1T"), TotalTag,
-                        companies + values.TotaleLiquidato);
+             {u"SELECT * FROM Fatture  WHERE AziProf = 'P' ORDER BY Npag "_s, u"P98P"_s, u"P99P"_s,
+              u"QS1P"_s});
+    AggiornaVoceImporto(values, u"QS1T"_s, TotalTag, companies + values.TotaleLiquidato);
 }
 
 } // namespace saldoro

@@ -2,9 +2,11 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 FrmElab::FrmElab()
-    : m_listBox(QStringLiteral("RichTextBox1"))
-    , m_lastPaymentBox(QStringLiteral("RichTextBox2"))
+    : m_listBox(u"RichTextBox1"_s)
+    , m_lastPaymentBox(u"RichTextBox2"_s)
 {
 }
 

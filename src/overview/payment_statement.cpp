@@ -12,6 +12,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Field = PaymentStatements::Field;
@@ -58,9 +60,8 @@ QString withoutOuterBlanks(const QString &text)
 QString title(const PaymentStatements &source)
 {
     const FieldValue day = source.value(Field::InvoiceDay);
-    return QStringLiteral("Nr. ") +
-           withoutOuterBlanks(source.value(Field::InvoiceNumber).textOrEmpty()) +
-           QStringLiteral(" del ") + (day.isNull() ? QString() : FormatData(day.date()));
+    return u"Nr. "_s + withoutOuterBlanks(source.value(Field::InvoiceNumber).textOrEmpty()) +
+           u" del "_s + (day.isNull() ? QString() : FormatData(day.date()));
 }
 
 /** A statement under way, taking its lines from the current payment. */
@@ -162,7 +163,7 @@ void PaymentStatements::composeCurrent(ProgramValues &values) const
         values.TotaleLiquidato = total;
     } catch (SaldoroError &error) {
         if (!m_fatture.eof())
-            error.addDetail(QStringLiteral("Pagamento"), value(Field::Number).textOrEmpty());
+            error.addDetail(u"Pagamento"_s, value(Field::Number).textOrEmpty());
         throw;
     }
 }

@@ -7,6 +7,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Mark
@@ -45,7 +47,7 @@ ColumnInfo ColumnFromDeclaration(const QString &name, const QString &declaredTyp
         }
     }
     if (column.kind == ColumnKind::Text) {
-        static const QRegularExpression bound(QStringLiteral(R"(\(\s*(\d{1,9})\s*\))"));
+        static const QRegularExpression bound(uR"(\(\s*(\d{1,9})\s*\))"_s);
         column.size = bound.match(declaredType).captured(1).toInt();
     }
     return column;

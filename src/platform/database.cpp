@@ -18,6 +18,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /** Makes a new file that holds one page of a database, as the engine does for a first change. */
@@ -105,9 +107,8 @@ void Database::appendTableDef(const TableDef &table)
 QStringList Database::tableNames() const
 {
     Statement query(
-        file(), EngineQueryFor(
-                    QStringLiteral("SELECT name FROM sqlite_master WHERE type IN ('table', 'view') "
-                                   "AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY name"))
+        file(), EngineQueryFor(u"SELECT name FROM sqlite_master WHERE type IN ('table', 'view') "
+                               "AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY name"_s)
                     .text);
     QStringList names;
     while (query.step())
@@ -130,11 +131,11 @@ RecordSet Database::openRecordSet(const QString &sql) const
 
 QStringList Database::integrityReport() const
 {
-    Statement query(file(), QStringLiteral("PRAGMA integrity_check(20)"));
+    Statement query(file(), u"PRAGMA integrity_check(20)"_s);
     QStringList faults;
     while (query.step())
         faults.append(query.text(0));
-    return faults == QStringList(QStringLiteral("ok")) ? QStringList() : faults;
+    return faults == QStringList(u"ok"_s) ? QStringList() : faults;
 }
 
 void Database::backUpTo(const QString &path) const
@@ -168,8 +169,7 @@ QString Database::path() const
 const std::shared_ptr<DatabaseFile> &Database::file() const
 {
     if (!m_file)
-        throw DatabaseError(DatabaseFault::Other, {}, {}, {},
-                            QStringLiteral("nessun archivio aperto"));
+        throw DatabaseError(DatabaseFault::Other, {}, {}, {}, u"nessun archivio aperto"_s);
     return m_file;
 }
 

@@ -11,6 +11,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int collate(void * /*context*/, int leftSize, const void *left, int rightSize, const void *right)
@@ -76,7 +78,7 @@ sqlite3 *DatabaseFile::handle() const
 {
     if (!isOpen())
         throw DatabaseError(DatabaseFault::Other, m_path, {}, {},
-                            QStringLiteral("l'archivio è già stato chiuso"));
+                            u"l'archivio è già stato chiuso"_s);
     return m_handle;
 }
 

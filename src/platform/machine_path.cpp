@@ -6,6 +6,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 #ifndef Q_OS_WIN
 namespace {
 
@@ -15,7 +17,7 @@ QString entryFor(const QString &folder, const QString &name)
     if (QFileInfo::exists(folder + name))
         return name;
     const QStringList entries =
-        QDir(folder.isEmpty() ? QStringLiteral(".") : folder)
+        QDir(folder.isEmpty() ? u"."_s : folder)
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::System, QDir::Unsorted);
     QString best;
     for (const QString &entry : entries) {
@@ -34,7 +36,7 @@ QString MachinePath(const QString &archivePath)
     return archivePath;
 #else
     const QString plain = QString(archivePath).replace(u'\\', u'/');
-    QString path = plain.startsWith(u'/') ? QStringLiteral("/") : QString();
+    QString path = plain.startsWith(u'/') ? u"/"_s : QString();
     const QStringList names = plain.split(u'/', Qt::SkipEmptyParts);
     for (qsizetype place = 0; place < names.size(); ++place) {
         path += entryFor(path, names[place]);

@@ -7,6 +7,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Form = std::variant<StoredValue, DatabaseFault>;
@@ -57,7 +59,7 @@ struct Converter
         case ColumnKind::Date: {
             if (text.isEmpty())
                 return textForm(column, text);
-            return (*this)(QDate::fromString(text, QStringLiteral("dd/MM/yyyy")));
+            return (*this)(QDate::fromString(text, u"dd/MM/yyyy"_s));
         }
         default:
             return DatabaseFault::TypeMismatch;
@@ -70,7 +72,7 @@ struct Converter
             return DatabaseFault::TypeMismatch;
         if (column.kind == ColumnKind::Text)
             return textForm(column, FormatData(day));
-        return StoredValue(day.toString(QStringLiteral("yyyy-MM-dd")).toUtf8());
+        return StoredValue(day.toString(u"yyyy-MM-dd"_s).toUtf8());
     }
 
     Form operator()(qint32 number) const

@@ -10,6 +10,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int leadingColumns(RecordAccess access)
@@ -44,7 +46,7 @@ void RecordSetData::read()
         // A table changed by another program since the query was prepared gives other columns.
         if (m_query->columnCount() - first != rows.incoming().columnCount())
             throw error(DatabaseFault::Other, {},
-                        QStringLiteral("la struttura della tabella è cambiata durante la lettura"));
+                        u"la struttura della tabella è cambiata durante la lettura"_s);
         m_query->appendRow(rows.incoming(), first);
         rows.noteRow(first > 0 ? m_query->whole(0) : 0);
     }
@@ -210,7 +212,7 @@ void RecordSetData::set(const QString &name, const NewValue &value)
 {
     const int place = column(name);
     if (m_change == Change::None)
-        throw error(DatabaseFault::Other, name, QStringLiteral("nessuna modifica in corso"));
+        throw error(DatabaseFault::Other, name, u"nessuna modifica in corso"_s);
     const auto form = StoredForm(m_rows.column(place), value);
     if (const auto *fault = std::get_if<DatabaseFault>(&form))
         throw error(*fault, name);
@@ -220,7 +222,7 @@ void RecordSetData::set(const QString &name, const NewValue &value)
 void RecordSetData::update()
 {
     if (m_change == Change::None)
-        throw error(DatabaseFault::Other, {}, QStringLiteral("nessuna modifica in corso"));
+        throw error(DatabaseFault::Other, {}, u"nessuna modifica in corso"_s);
     if (m_change == Change::Adding) {
         const WrittenRow row = writer().insert(m_buffer);
         m_rows.append(row.cells, row.rowId);

@@ -15,6 +15,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 #ifdef Q_OS_WIN
 
 namespace {
@@ -106,8 +108,8 @@ QString RegistryFilePath()
 {
     QString folder = qEnvironmentVariable("XDG_CONFIG_HOME");
     if (!QDir::isAbsolutePath(folder))
-        folder = QDir::homePath() + QStringLiteral("/.config");
-    return folder + QStringLiteral("/saldoro/registro.ini");
+        folder = QDir::homePath() + u"/.config"_s;
+    return folder + u"/saldoro/registro.ini"_s;
 }
 
 #endif

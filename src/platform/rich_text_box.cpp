@@ -9,11 +9,13 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isFixedPitch(const QString &fontName)
 {
-    return fontName.startsWith(QStringLiteral("Courier"), Qt::CaseInsensitive);
+    return fontName.startsWith(u"Courier"_s, Qt::CaseInsensitive);
 }
 
 /** The most likely cause of a failed write, told from what is on the disk. */
@@ -23,23 +25,23 @@ FileError describeFailure(const QSaveFile &file)
     const QFileInfo target(path);
     const QFileInfo folder(target.path());
     if (!folder.isDir())
-        return {path, QStringLiteral("La cartella del documento non esiste."),
-                QStringLiteral("Controllare la cartella degli archivi e il codice del progetto.")};
+        return {path, u"La cartella del documento non esiste."_s,
+                u"Controllare la cartella degli archivi e il codice del progetto."_s};
     if (target.isDir())
-        return {path, QStringLiteral("Al posto del documento c'è una cartella."),
-                QStringLiteral("Spostare altrove la cartella con il nome del documento.")};
+        return {path, u"Al posto del documento c'è una cartella."_s,
+                u"Spostare altrove la cartella con il nome del documento."_s};
     if (file.error() == QFileDevice::ResourceError)
-        return {path, QStringLiteral("Il disco è pieno: il documento non è stato scritto."),
-                QStringLiteral("Liberare spazio sul disco e riprovare.")};
+        return {path, u"Il disco è pieno: il documento non è stato scritto."_s,
+                u"Liberare spazio sul disco e riprovare."_s};
     if (!folder.isWritable() || (target.exists() && !target.isWritable()))
-        return {path, QStringLiteral("Il documento o la sua cartella non accetta modifiche."),
-                QStringLiteral("Controllare i permessi del file e della sua cartella.")};
+        return {path, u"Il documento o la sua cartella non accetta modifiche."_s,
+                u"Controllare i permessi del file e della sua cartella."_s};
     if (file.error() == QFileDevice::RenameError)
-        return {path, QStringLiteral("Il documento non può essere sostituito."),
-                QStringLiteral("Chiudere il documento negli altri programmi e riprovare.")};
-    FileError error(path, QStringLiteral("La scrittura del documento non è riuscita."),
-                    QStringLiteral("Controllare che il disco funzioni e riprovare."));
-    error.addDetail(QStringLiteral("Particolari"), file.errorString());
+        return {path, u"Il documento non può essere sostituito."_s,
+                u"Chiudere il documento negli altri programmi e riprovare."_s};
+    FileError error(path, u"La scrittura del documento non è riuscita."_s,
+                    u"Controllare che il disco funzioni e riprovare."_s);
+    error.addDetail(u"Particolari"_s, file.errorString());
     return error;
 }
 
@@ -47,7 +49,7 @@ FileError describeFailure(const QSaveFile &file)
 
 RichTextBox::RichTextBox(const QString &name)
     : m_text(name)
-    , m_fontName(QStringLiteral("MS Sans Serif"))
+    , m_fontName(u"MS Sans Serif"_s)
 {
 }
 

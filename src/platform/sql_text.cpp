@@ -7,6 +7,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum class TokenKind
@@ -179,7 +181,7 @@ private:
 
     void appendCollation(qsizetype place)
     {
-        m_result.insert(place, QStringLiteral(" COLLATE ") + QLatin1StringView(TextCollationName));
+        m_result.insert(place, u" COLLATE "_s + QLatin1StringView(TextCollationName));
     }
 
     QString m_result;
@@ -231,7 +233,7 @@ EngineQuery EngineQueryFor(const QString &sql)
     query.singleTable = singleTableOf(tokens);
     if (query.singleTable.isEmpty())
         return query;
-    const QString columns = QString(RowIdName) + QStringLiteral(", *");
+    const QString columns = QString(RowIdName) + u", *"_s;
     for (Token &token : tokens) {
         if (token.isSymbol(u'*')) {
             token.text = columns;
@@ -244,7 +246,7 @@ EngineQuery EngineQueryFor(const QString &sql)
 
 QString QuotedName(const QString &name)
 {
-    return u'"' + QString(name).replace(u'"', QStringLiteral("\"\"")) + u'"';
+    return u'"' + QString(name).replace(u'"', u"\"\""_s) + u'"';
 }
 
 } // namespace saldoro

@@ -9,12 +9,14 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 QString TenThousandthsText(qint64 scaled)
 {
     const quint64 size =
         scaled < 0 ? 0 - static_cast<quint64>(scaled) : static_cast<quint64>(scaled);
     QString text = QString::number(size / Currency::Scale);
-    QString decimals = QStringLiteral("%1").arg(size % Currency::Scale, 4, 10, QLatin1Char('0'));
+    QString decimals = u"%1"_s.arg(size % Currency::Scale, 4, 10, QLatin1Char('0'));
     while (decimals.endsWith(u'0'))
         decimals.chop(1);
     if (!decimals.isEmpty())

@@ -6,14 +6,16 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /** The statement that created the table; no text when there is no such table. */
 QString definitionOf(const std::shared_ptr<DatabaseFile> &file, const QString &table)
 {
     Statement query(file,
-                    QStringLiteral("SELECT sql FROM sqlite_master WHERE type = 'table' "
-                                   "AND name = ? COLLATE NOCASE"),
+                    u"SELECT sql FROM sqlite_master WHERE type = 'table' "
+                    "AND name = ? COLLATE NOCASE"_s,
                     table);
     query.bind(1, table.toUtf8());
     return query.step() ? query.text(0) : QString();

@@ -7,6 +7,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /** The words also choose how the engine keeps a value: whatever holds text must have TEXT in its
@@ -15,21 +17,21 @@ QString declaredType(const FieldDef &field)
 {
     switch (field.type) {
     case FieldType::Integer:
-        return QStringLiteral("INTEGER16");
+        return u"INTEGER16"_s;
     case FieldType::Long:
-        return QStringLiteral("LONG");
+        return u"LONG"_s;
     case FieldType::Currency:
-        return QStringLiteral("CURRENCY");
+        return u"CURRENCY"_s;
     case FieldType::Double:
-        return QStringLiteral("DOUBLE");
+        return u"DOUBLE"_s;
     case FieldType::Date:
-        return QStringLiteral("DATETIME");
+        return u"DATETIME"_s;
     case FieldType::Text:
-        return QStringLiteral("TEXT(%1)").arg(field.size);
+        return u"TEXT(%1)"_s.arg(field.size);
     case FieldType::Memo:
         break;
     }
-    return QStringLiteral("MEMO TEXT");
+    return u"MEMO TEXT"_s;
 }
 
 bool canHoldEmptyText(FieldType type)
@@ -43,9 +45,8 @@ QString fieldSql(const FieldDef &field)
     QString declaration = name + u' ' + declaredType(field);
     if (field.allowZeroLength || !canHoldEmptyText(field.type))
         return declaration;
-    return declaration + QStringLiteral(" CONSTRAINT ") +
-           QuotedName(ZeroLengthConstraint + field.name) + QStringLiteral(" CHECK (") + name +
-           QStringLiteral(" <> '')");
+    return declaration + u" CONSTRAINT "_s + QuotedName(ZeroLengthConstraint + field.name) +
+           u" CHECK ("_s + name + u" <> '')"_s;
 }
 
 } // namespace
@@ -55,8 +56,7 @@ QString CreateTableSql(const TableDef &table)
     QStringList fields;
     for (const FieldDef &field : table.fields())
         fields.append(fieldSql(field));
-    return QStringLiteral("CREATE TABLE ") + QuotedName(table.name()) + QStringLiteral(" (") +
-           fields.join(QStringLiteral(", ")) + u')';
+    return u"CREATE TABLE "_s + QuotedName(table.name()) + u" ("_s + fields.join(u", "_s) + u')';
 }
 
 } // namespace saldoro

@@ -11,6 +11,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /** Runs a writing statement to its end and gives the row it returned, if any. */
@@ -44,7 +46,7 @@ QString TableWriter::returning() const
     QStringList names{QString(RowIdName)};
     for (const ColumnInfo &column : *m_columns)
         names.append(QuotedName(column.name));
-    return QStringLiteral(" RETURNING ") + names.join(QStringLiteral(", "));
+    return u" RETURNING "_s + names.join(u", "_s);
 }
 
 WrittenRow TableWriter::insert(const RecordChanges &values) const
@@ -53,16 +55,14 @@ WrittenRow TableWriter::insert(const RecordChanges &values) const
     QStringList marks;
     for (const auto &[column, value] : values) {
         names.append(columnName(column));
-        marks.append(QStringLiteral("?"));
+        marks.append(u"?"_s);
     }
-    const QString comma = QStringLiteral(", ");
+    const QString comma = u", "_s;
     const QString written =
-        values.empty()
-            ? QStringLiteral(" DEFAULT VALUES")
-            : u'(' + names.join(comma) + QStringLiteral(") VALUES (") + marks.join(comma) + u')';
-    Statement statement(
-        m_file, QStringLiteral("INSERT INTO ") + QuotedName(m_table) + written + returning(),
-        m_table);
+        values.empty() ? u" DEFAULT VALUES"_s
+                       : u'(' + names.join(comma) + u") VALUES ("_s + marks.join(comma) + u')';
+    Statement statement(m_file, u"INSERT INTO "_s + QuotedName(m_table) + written + returning(),
+                        m_table);
     int position = 0;
     for (const auto &[column, value] : values)
         statement.bind(++position, value);
@@ -76,11 +76,10 @@ WrittenRow TableWriter::update(qint64 rowId, const RecordChanges &changes) const
 {
     QStringList settings;
     for (const auto &[column, value] : changes)
-        settings.append(columnName(column) + QStringLiteral(" = ?"));
+        settings.append(columnName(column) + u" = ?"_s);
     Statement statement(m_file,
-                        QStringLiteral("UPDATE ") + QuotedName(m_table) + QStringLiteral(" SET ") +
-                            settings.join(QStringLiteral(", ")) + QStringLiteral(" WHERE ") +
-                            RowIdName + QStringLiteral(" = ?") + returning(),
+                        u"UPDATE "_s + QuotedName(m_table) + u" SET "_s + settings.join(u", "_s) +
+                            u" WHERE "_s + RowIdName + u" = ?"_s + returning(),
                         m_table);
     int position = 0;
     for (const auto &[column, value] : changes)
@@ -94,10 +93,9 @@ WrittenRow TableWriter::update(qint64 rowId, const RecordChanges &changes) const
 
 void TableWriter::remove(qint64 rowId) const
 {
-    Statement statement(m_file,
-                        QStringLiteral("DELETE FROM ") + QuotedName(m_table) +
-                            QStringLiteral(" WHERE ") + RowIdName + QStringLiteral(" = ?"),
-                        m_table);
+    Statement statement(
+        m_file, u"DELETE FROM "_s + QuotedName(m_table) + u" WHERE "_s + RowIdName + u" = ?"_s,
+        m_table);
     statement.bind(1, rowId);
     run(statement, m_columns->size());
 }

@@ -6,6 +6,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 BoundsError outside(const QString &problem, const QString &label, int index)
@@ -46,8 +48,7 @@ TextTable &TextTable::operator=(const TextTable &other)
 void TextTable::setRows(int rows)
 {
     if (rows < 1)
-        throw outside(QStringLiteral("Numero di righe della griglia non ammesso."),
-                      QStringLiteral("Righe"), rows);
+        throw outside(u"Numero di righe della griglia non ammesso."_s, u"Righe"_s, rows);
     if (rows == this->rows())
         return;
     const QList<QString> emptyRow(m_columns);
@@ -62,8 +63,7 @@ void TextTable::setRows(int rows)
 void TextTable::setColumns(int columns)
 {
     if (columns < 0)
-        throw outside(QStringLiteral("Numero di colonne della griglia non ammesso."),
-                      QStringLiteral("Colonne"), columns);
+        throw outside(u"Numero di colonne della griglia non ammesso."_s, u"Colonne"_s, columns);
     if (columns == m_columns)
         return;
     for (QList<QString> &row : m_cells)
@@ -121,15 +121,13 @@ void TextTable::setColumn(int column)
 void TextTable::checkRow(int row) const
 {
     if (row < 0 || row >= rows())
-        throw outside(QStringLiteral("Riga della griglia inesistente."), QStringLiteral("Riga"),
-                      row);
+        throw outside(u"Riga della griglia inesistente."_s, u"Riga"_s, row);
 }
 
 void TextTable::checkColumn(int column) const
 {
     if (column < 0 || column >= m_columns)
-        throw outside(QStringLiteral("Colonna della griglia inesistente."),
-                      QStringLiteral("Colonna"), column);
+        throw outside(u"Colonna della griglia inesistente."_s, u"Colonna"_s, column);
 }
 
 TextTable::BulkChange::BulkChange(TextTable &table)
