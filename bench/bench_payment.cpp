@@ -71,16 +71,16 @@ void BenchPayment::writeLedger(BareFile &ledger)
         .prepare("INSERT INTO Fatture (AziProf, Npag, Creditore, NFat, Del, Memo, Descrizione,"
                  " Aliquota, AliquotaRA, Importo, ImportoIVA, ImportoPrest, Contributo, CassaPrev,"
                  " ImportoRA, AltriImporti01) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)")
-        .run(QByteArray("P"), qint64{m_number}, m_record.creditore.toUtf8(), m_record.nFat.toUtf8(),
-             QByteArray("2025-03-15"), m_record.memo.toUtf8(), m_record.descrizione.toUtf8(),
-             amount, amount, amount, amount, amount, amount, amount, amount, amount);
+        .run(QByteArray("P"), qint64{m_number}, m_record.creditore, m_record.nFat,
+             QByteArray("2025-03-15"), m_record.memo, m_record.descrizione, amount, amount, amount,
+             amount, amount, amount, amount, amount, amount);
     m_paymentRow = ledger.lastRowId();
     m_allocationRows.clear();
     BareStatement insert =
         ledger.prepare("INSERT INTO Spese (RelNpag, Cod, Descrizione, Importo) VALUES (?,?,?,?)");
     for (int row = 1; row < m_grid.rows(); ++row) {
-        insert.run(qint64{m_number}, m_grid.text(row, AllocationBlock::CodColumn).toUtf8(),
-                   m_grid.text(row, AllocationBlock::DescrizioneColumn).toUtf8(),
+        insert.run(qint64{m_number}, m_grid.text(row, AllocationBlock::CodColumn),
+                   m_grid.text(row, AllocationBlock::DescrizioneColumn),
                    scaled(m_grid.text(row, AllocationBlock::ImportoColumn)));
         m_allocationRows.push_back(ledger.lastRowId());
     }
@@ -90,7 +90,7 @@ void BenchPayment::writeNote(BareFile &contract)
 {
     contract
         .prepare("INSERT INTO SchedaProgetto (Voce, Funzione, Descri, Stringa) VALUES (?,?,?,?)")
-        .run(m_noteKey, qint64{0}, (u"Pag. N.%1 - "_s.arg(m_number) + m_record.creditore).toUtf8(),
+        .run(m_noteKey, qint64{0}, u"Pag. N.%1 - "_s.arg(m_number) + m_record.creditore,
              QByteArray("Mandato nr.1208 del 20/03/2025"));
     m_noteRow = contract.lastRowId();
 }

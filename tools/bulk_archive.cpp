@@ -1,99 +1,19 @@
 #include "bulk_archive.h"
 
+#include "bare_file.h"
 #include "common/archive_folders.h"
-#include "platform/machine_path.h"
 #include "store/code_lookups.h"
 
 #include <QDate>
 
 #include <array>
-#include <memory>
 #include <random>
-#include <sqlite3.h>
-#include <stdexcept>
 
 namespace saldoro {
 
 namespace {
 
 using namespace Qt::StringLiterals;
-
-struct Closer
-{
-    void operator()(sqlite3 *file) const { sqlite3_close(file); }
-    void operator()(sqlite3_stmt *statement) const { sqlite3_finalize(statement); }
-};
-
-/** One database file within one transaction. */
-class BulkFile
-{
-public:
-    explicit BulkFile(const QString &archivePath)
-    {
-        sqlite3 *file = nullptr;
-        const int result = sqlite3_open_v2(MachinePath(archivePath).toUtf8().constData(), &file,
-                                           SQLITE_OPEN_READWRITE, nullptr);
-        m_file.reset(file);
-        check(result == SQLITE_OK);
-        run("BEGIN IMMEDIATE");
-    }
-
-    sqlite3 *handle() const { return m_file.get(); }
-    void check(bool worked) const
-    {
-        if (!worked) {
-            throw std::runtime_error(sqlite3_errmsg(m_file.get()));
-        }
-    }
-    void commit() { run("COMMIT"); }
-
-private:
-    void run(const char *sql)
-    {
-        check(sqlite3_exec(m_file.get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK);
-    }
-
-    std::unique_ptr<sqlite3, Closer> m_file;
-};
-
-/** Inserts rows of the same fields into one table of a file. */
-class BulkInsert
-{
-public:
-    BulkInsert(BulkFile &file, const char *sql)
-        : m_file(file)
-    {
-        sqlite3_stmt *statement = nullptr;
-        m_file.check(sqlite3_prepare_v2(file.handle(), sql, -1, &statement, nullptr) == SQLITE_OK);
-        m_statement.reset(statement);
-    }
-
-    /** A row of texts and whole numbers, in the order of the statement's fields. */
-    template <typename... Values>
-    void add(const Values &...values)
-    {
-        int position = 0;
-        (bind(++position, values), ...);
-        m_file.check(sqlite3_step(m_statement.get()) == SQLITE_DONE);
-        sqlite3_reset(m_statement.get());
-    }
-
-private:
-    void bind(int position, qint64 value)
-    {
-        m_file.check(sqlite3_bind_int64(m_statement.get(), position, value) == SQLITE_OK);
-    }
-    void bind(int position, const QString &text)
-    {
-        const QByteArray utf8 = text.toUtf8();
-        m_file.check(sqlite3_bind_text(m_statement.get(), position, utf8.constData(),
-                                       static_cast<int>(utf8.size()),
-                                       SQLITE_TRANSIENT) == SQLITE_OK);
-    }
-
-    BulkFile &m_file;
-    std::unique_ptr<sqlite3_stmt, Closer> m_statement;
-};
 
 constexpr qint64 Euro = 10000;
 constexpr qint64 Cent = 100;
@@ -142,7 +62,7 @@ QString noteText(int payment)
 }
 
 /** The allocations of one payment: as many as @p count, adding up to @p total. */
-void addAllocations(BulkInsert &allocations, Chance &chance, const BulkSize &size, int payment,
+void addAllocations(BareStatement &allocations, Chance &chance, const BulkSize &size, int payment,
                     qint64 total, int count)
 {
     const int firstItem = chance.below(size.costItems);
@@ -150,12 +70,12 @@ void addAllocations(BulkInsert &allocations, Chance &chance, const BulkSize &siz
     for (int i = 0; i < count; ++i) {
         const int item = (firstItem + i) % size.costItems + 1;
         const qint64 amount = i + 1 < count ? share : total - share * (count - 1);
-        allocations.add(qint64{payment}, itemCode(item), itemDescription(item), amount);
+        allocations.run(qint64{payment}, itemCode(item), itemDescription(item), amount);
     }
 }
 
 /** A payment of either kind with figures that agree; its total in ten-thousandths. */
-qint64 addPayment(BulkInsert &payments, Chance &chance, int number)
+qint64 addPayment(BareStatement &payments, Chance &chance, int number)
 {
     const bool professional = chance.below(2) == 0;
     const qint64 fee = (1 + chance.below(50000)) * Euro;
@@ -166,7 +86,7 @@ qint64 addPayment(BulkInsert &payments, Chance &chance, int number)
     const qint64 withheld = professional ? (fee + contribution) * 20 / 100 : 0;
     const qint64 other = professional ? chance.below(200) * Euro : 0;
     const QDate day = QDate(2020, 1, 1).addDays(chance.below(2000));
-    payments.add(professional ? u"P"_s : u"A"_s, qint64{number}, creditorName(chance.below(400)),
+    payments.run(professional ? u"P"_s : u"A"_s, qint64{number}, creditorName(chance.below(400)),
                  QString::number(chance.below(9000) + 1), day.toString(Qt::ISODate),
                  noteText(number), QStringLiteral("Pagamento n. %1").arg(number), 22 * Euro,
                  taxable, tax, 20 * Euro, fee, contribution, fund, withheld, other);
@@ -175,13 +95,14 @@ qint64 addPayment(BulkInsert &payments, Chance &chance, int number)
 
 void fillLedger(const ProgramValues &values, const BulkSize &size)
 {
-    BulkFile file(LedgerPath(values));
-    BulkInsert payments(
-        file, "INSERT INTO Fatture (AziProf, Npag, Creditore, NFat, Del, Memo, Descrizione,"
-              " Aliquota, Importo, ImportoIVA, AliquotaRA, ImportoPrest, Contributo, CassaPrev,"
-              " ImportoRA, AltriImporti01) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
-    BulkInsert allocations(
-        file, "INSERT INTO Spese (RelNpag, Cod, Descrizione, Importo) VALUES (?,?,?,?)");
+    BareFile file(LedgerPath(values));
+    file.run("BEGIN IMMEDIATE");
+    BareStatement payments = file.prepare(
+        "INSERT INTO Fatture (AziProf, Npag, Creditore, NFat, Del, Memo, Descrizione,"
+        " Aliquota, Importo, ImportoIVA, AliquotaRA, ImportoPrest, Contributo, CassaPrev,"
+        " ImportoRA, AltriImporti01) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
+    BareStatement allocations =
+        file.prepare("INSERT INTO Spese (RelNpag, Cod, Descrizione, Importo) VALUES (?,?,?,?)");
     Chance chance(size.seed);
     for (int number = 1; number <= size.payments; ++number) {
         const qint64 total = addPayment(payments, chance, number);
@@ -189,26 +110,28 @@ void fillLedger(const ProgramValues &values, const BulkSize &size)
             size.allocations / size.payments + (number <= size.allocations % size.payments ? 1 : 0);
         addAllocations(allocations, chance, size, number, total, count);
     }
-    file.commit();
+    file.run("COMMIT");
 }
 
 void fillContract(const ProgramValues &values, const BulkSize &size)
 {
     // Asked for before the file is taken: the key of a note holds the mapped code.
     const QString keyStart = CodiceEsterno(values, u"P97"_s) + u'_';
-    BulkFile file(ContractPath(values));
-    BulkInsert items(file, "INSERT INTO UltimaPerVariante (Voce, Descri, Importo) VALUES (?,?,?)");
+    BareFile file(ContractPath(values));
+    file.run("BEGIN IMMEDIATE");
+    BareStatement items =
+        file.prepare("INSERT INTO UltimaPerVariante (Voce, Descri, Importo) VALUES (?,?,?)");
     for (int item = 1; item <= size.costItems; ++item) {
-        items.add(itemCode(item), itemDescription(item), (item * 7919 % 100000) * Euro);
+        items.run(itemCode(item), itemDescription(item), (item * 7919 % 100000) * Euro);
     }
-    BulkInsert notes(
-        file, "INSERT INTO SchedaProgetto (Voce, Funzione, Descri, Stringa) VALUES (?,?,?,?)");
+    BareStatement notes = file.prepare(
+        "INSERT INTO SchedaProgetto (Voce, Funzione, Descri, Stringa) VALUES (?,?,?,?)");
     for (int number = 1; number <= size.mandateNotes; ++number) {
-        notes.add(keyStart + QString::number(number), qint64{0},
+        notes.run(keyStart + QString::number(number), qint64{0},
                   QStringLiteral("Pag. N.%1 - creditore").arg(number),
                   QStringLiteral("Mandato nr.%1 del 15/03/2025").arg(1000 + number));
     }
-    file.commit();
+    file.run("COMMIT");
 }
 
 } // namespace

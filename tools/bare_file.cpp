@@ -45,10 +45,10 @@ void BareStatement::bind(int position, qint64 value)
     check(sqlite3_bind_int64(m_statement.get(), position, value) == SQLITE_OK);
 }
 
-void BareStatement::bind(int position, const QByteArray &text)
+void BareStatement::bind(int position, const QByteArray &utf8)
 {
-    check(sqlite3_bind_text(m_statement.get(), position, text.constData(),
-                            static_cast<int>(text.size()), SQLITE_TRANSIENT) == SQLITE_OK);
+    check(sqlite3_bind_text(m_statement.get(), position, utf8.constData(),
+                            static_cast<int>(utf8.size()), SQLITE_TRANSIENT) == SQLITE_OK);
 }
 
 void BareStatement::finish()

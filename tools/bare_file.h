@@ -14,14 +14,14 @@ namespace saldoro {
 enum class Durability
 {
     Full, ///< as the program writes: every statement is on the disk
-    None  ///< for preparing and clearing away what is measured
+    None  ///< for rows that can be made again
 };
 
 /** A prepared statement and nothing around it. Failures throw std::runtime_error. */
 class BareStatement
 {
 public:
-    /** Runs a change with these values, whole numbers or texts in UTF-8, in their order. */
+    /** Runs a change with these values, whole numbers or texts, in their order. */
     template <typename... Values>
     void run(const Values &...values)
     {
@@ -43,7 +43,8 @@ private:
 
     BareStatement(sqlite3 *file, const char *sql);
     void bind(int position, qint64 value);
-    void bind(int position, const QByteArray &text);
+    void bind(int position, const QByteArray &utf8);
+    void bind(int position, const QString &text) { bind(position, text.toUtf8()); }
     void finish();
     void check(bool worked) const;
 
