@@ -12,6 +12,9 @@
 #include <algorithm>
 #include <functional>
 #include <optional>
+#include <utility>
+#include <variant>
+#include <vector>
 
 namespace saldoro {
 

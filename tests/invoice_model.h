@@ -7,8 +7,6 @@
 
 namespace saldoro {
 
-using namespace Qt::StringLiterals;
-
 /** What the databases must hold, as text. */
 struct Books
 {
@@ -29,6 +27,7 @@ struct Books
 
     QString print() const
     {
+        using namespace Qt::StringLiterals;
         QStringList lines;
         for (const Row &payment : payments) {
             QStringList cells;
@@ -46,6 +45,7 @@ struct Books
 
     static QString read(const TestArchive &archive)
     {
+        using namespace Qt::StringLiterals;
         const QString payments =
             u"SELECT %1 FROM Fatture ORDER BY rowid"_s.arg(columns().join(u','))
                 .replace(u"Del,"_s, u"coalesce(strftime('%d/%m/%Y', Del), "
@@ -61,6 +61,7 @@ struct Books
 private:
     static QStringList columns()
     {
+        using namespace Qt::StringLiterals;
         return u"AziProf Npag Creditore NFat Del Descrizione Memo Aliquota Importo "
                "ImportoIVA AliquotaRA ImportoPrest Contributo CassaPrev ImportoRA "
                "AltriImporti01"_s.split(u' ');
@@ -104,6 +105,7 @@ inline FormModel::FormModel(CreditorKind kind, qint32 paymentNumber, const Books
     , amounts(kind)
     , m_kind(kind == CreditorKind::Company ? u'A' : u'P')
 {
+    using namespace Qt::StringLiterals;
     const bool company = kind == CreditorKind::Company;
     const QString date = company ? u"MaskEdBox1_0"_s : u"MaskEdBox1"_s;
     const QString amountOrder = company
@@ -163,6 +165,7 @@ inline FormModel::FormModel(CreditorKind kind, qint32 paymentNumber, const Books
 
 inline void FormModel::saveTo(Books &books) const
 {
+    using namespace Qt::StringLiterals;
     const QString numberText = QString::number(number);
     auto payment =
         std::find_if(books.payments.begin(), books.payments.end(), [&](const Books::Row &stored) {

@@ -12,6 +12,9 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <algorithm>
+#include <memory>
+
 using namespace saldoro;
 using namespace Qt::StringLiterals;
 

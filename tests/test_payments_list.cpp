@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+#include <tuple>
+
 using namespace saldoro;
 using namespace Qt::StringLiterals;
 

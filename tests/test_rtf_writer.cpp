@@ -4,6 +4,8 @@
 #include <QBuffer>
 #include <QTest>
 
+#include <random>
+
 using namespace saldoro;
 using namespace Qt::StringLiterals;
 
