@@ -10,6 +10,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString &benchFolder()
@@ -45,9 +47,9 @@ const ProgramValues &BenchArchive(int payments)
 void SetBenchFolder(const QString &folder)
 {
     benchFolder() = folder;
-    const QString settings = folder + QStringLiteral("/saldoro");
-    QFile file(settings + QStringLiteral("/registro.ini"));
-    const QString setting = QStringLiteral("[Software\\Dornvale\\ZELT]\ndrivers=%1\n").arg(folder);
+    const QString settings = folder + u"/saldoro"_s;
+    QFile file(settings + u"/registro.ini"_s);
+    const QString setting = u"[Software\\Dornvale\\ZELT]\ndrivers=%1\n"_s.arg(folder);
     if (!QDir().mkpath(settings) || !file.open(QIODevice::WriteOnly) ||
         file.write(setting.toUtf8()) < 0)
         throw std::runtime_error("no settings can be written in the folder of the archives");

@@ -10,7 +10,6 @@
 
 #include <QFile>
 
-#include <array>
 #include <cstdio>
 #include <fcntl.h>
 #include <stdexcept>
@@ -18,6 +17,8 @@
 #include <vector>
 
 namespace saldoro {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -50,7 +51,7 @@ std::vector<Document> readDocuments(const ProgramValues &values)
     std::vector<Document> documents;
     for (const char *code : {"QDP", "P98", "P99", "P98P", "P99P"}) {
         const QString item = CodiceEsterno(values, QString::fromLatin1(code));
-        const QString name = item + QStringLiteral(".rtf");
+        const QString name = item + u".rtf"_s;
         const QString path = MachinePath(ProjectFolder(values) + u'\\' + name);
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly))

@@ -5,6 +5,8 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void startProbe(benchmark::State &state, const QString &side)
@@ -21,8 +23,8 @@ void startProbe(benchmark::State &state, const QString &side)
 void AddStartUp()
 {
     AddTask(
-        "start-up", [](benchmark::State &state) { startProbe(state, QStringLiteral("program")); },
-        [](benchmark::State &state) { startProbe(state, QStringLiteral("bare")); });
+        "start-up", [](benchmark::State &state) { startProbe(state, u"program"_s); },
+        [](benchmark::State &state) { startProbe(state, u"bare"_s); });
 }
 
 } // namespace saldoro

@@ -6,12 +6,14 @@
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /** A figure of the process in bytes; the system states it in kilobytes. */
 qint64 processFigure(const QByteArray &name)
 {
-    QFile file(QStringLiteral("/proc/self/status"));
+    QFile file(u"/proc/self/status"_s);
     if (!file.open(QIODevice::ReadOnly))
         return 0;
     for (const QByteArray &line : file.readAll().split('\n')) {
@@ -25,7 +27,7 @@ qint64 processFigure(const QByteArray &name)
 void forgetPeak()
 {
     malloc_trim(0);
-    QFile file(QStringLiteral("/proc/self/clear_refs"));
+    QFile file(u"/proc/self/clear_refs"_s);
     if (file.open(QIODevice::WriteOnly))
         file.write("5");
 }

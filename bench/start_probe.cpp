@@ -17,6 +17,7 @@
 namespace {
 
 using namespace saldoro;
+using namespace Qt::StringLiterals;
 
 /** Ends the process, without any closing work, when the first window was painted. */
 class EndWhenPainted : public QObject
@@ -38,8 +39,7 @@ int startProgram(int argc, char **argv, const QString &project)
     application.installEventFilter(&end);
     ProgramValues values;
     FormWiring forms(values);
-    StartUp startUp(values, QStringLiteral("TUSMQDE7W") + project,
-                    [&forms] { forms.showMainForm(); });
+    StartUp startUp(values, u"TUSMQDE7W"_s + project, [&forms] { forms.showMainForm(); });
     return application.run([&startUp] { return startUp.run() == StartUpOutcome::MainFormShown; });
 }
 
