@@ -178,7 +178,7 @@ private:
 /** The criterion that finds what equals @p wanted, after trying it. */
 QString requireFound(Table &table, const QString &wanted)
 {
-    const QString equals = u"Testo = '"_s + RaddoppiaApici(wanted) + u'\'';
+    QString equals = u"Testo = '"_s + RaddoppiaApici(wanted) + u'\'';
     RequireSame(equals, table.found(equals), table.foundSlowly([&wanted](const QString &text) {
         return CompareSlowly(text, wanted) == 0;
     }));

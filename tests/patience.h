@@ -5,7 +5,7 @@
 namespace saldoro {
 
 /** How many times longer a timed test may take; under valgrind everything is slow. */
-inline int Patience()
+inline qint64 Patience()
 {
     return qMax(1, qEnvironmentVariableIntValue("SALDORO_PATIENCE"));
 }
