@@ -51,7 +51,8 @@ QString cellText(sqlite3_stmt *statement, int column)
 
 void copyFiles(const QString &from, const QString &to)
 {
-    QDir().mkpath(to);
+    if (!QDir().mkpath(to))
+        throw std::runtime_error("no folder for the archive: " + to.toStdString());
     for (const QString &file : QDir(from).entryList(QDir::Files)) {
         QFile::copy(from + u'/' + file, to + u'/' + file);
     }
