@@ -5,8 +5,7 @@
 #include "verify/options.h"
 #include "verify/verification.h"
 
-#include <QFile>
-#include <QHash>
+#include <memory>
 
 namespace saldoro {
 
@@ -16,22 +15,30 @@ using namespace Qt::StringLiterals;
 class SoundProject
 {
 public:
-    /** Made once, then copied: every write of the making is synced to the disk. */
     SoundProject()
+        : archive(made())
     {
-        static QHash<QChar, QByteArray> made;
-        if (made.isEmpty())
-            make();
-        for (const QChar name : u"LCAK"_s) {
-            QFile file(MachinePath(path(name)));
-            if (made.contains(name) && file.open(QIODevice::WriteOnly))
-                file.write(made.value(name));
-            else if (file.open(QIODevice::ReadOnly))
-                made.insert(name, file.readAll());
-        }
     }
 
-    void make()
+    QString path(QChar file) const { return PathOf(archive, file); }
+    QString folder() const { return MachinePath(ProjectFolder(archive.values())); }
+    Findings check() const { return VerifyProject(FilesOfProject(folder(), {})); }
+
+    TestArchive archive;
+
+private:
+    /** Made once, then copied: every write of the making is synced to the disk. */
+    static const TestArchive &made()
+    {
+        static const std::unique_ptr<TestArchive> project = [] {
+            auto archive = std::make_unique<TestArchive>();
+            fill(*archive);
+            return archive;
+        }();
+        return *project;
+    }
+
+    static void fill(TestArchive &archive)
     {
         archive.build().addStandardCodes();
         archive.build().addCompany(4, u"Edil Valle"_s, u"ATI"_s);
@@ -46,18 +53,11 @@ public:
             u"INSERT INTO Fatture (AziProf, Npag, Creditore, Del, Importo, ImportoIVA, "
             "AltriImporti01) VALUES ('A',1,'Edil Valle','2020-01-31',1000000,220000,77),"
             "('P',2,'Ing. Po','2020-02-01',500000,110000,5000);"
-            "UPDATE Fatture SET (ImportoPrest, Contributo, CassaPrev, ImportoRA) = (500000, 0, 0, "
-            "0)"
-            " WHERE AziProf = 'P';"
+            "UPDATE Fatture SET ImportoPrest=Importo, Contributo=0, CassaPrev=0, ImportoRA=0 "
+            "WHERE AziProf = 'P';"
             "INSERT INTO Spese VALUES (1,'A1','Scavi',1220000),(2,'A1','Scavi',600000),"
             "(2,'B2','Ponti',15000)"_s);
     }
-
-    QString path(QChar file) const { return PathOf(archive, file); }
-    QString folder() const { return MachinePath(ProjectFolder(archive.values())); }
-    Findings check() const { return VerifyProject(FilesOfProject(folder(), {})); }
-
-    TestArchive archive;
 };
 
 } // namespace saldoro

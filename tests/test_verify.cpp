@@ -1,5 +1,6 @@
 #include "sound_project.h"
 
+#include <QFile>
 #include <QTest>
 
 using namespace saldoro;

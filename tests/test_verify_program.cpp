@@ -1,6 +1,7 @@
 #include "sound_project.h"
 
 #include <QDir>
+#include <QFile>
 #include <QProcess>
 #include <QTest>
 
