@@ -70,10 +70,12 @@ void TestVerifyProgram::tellsByItsExitStatusAndChangesNothing()
                     .contains(u"I valori sono stati impostati; il controllo non"_s));
         QVERIFY(file.remove());
     }
+#ifndef Q_OS_WIN // where the engine does not mind it
     // A folder in the way of a file of the engine is no change that was broken off.
     QVERIFY(QDir(folder).mkdir(u"Saldoro.mdb-wal"_s));
     QVERIFY(run({folder}).contains(u"Controllare i permessi del file"_s));
     QVERIFY(QDir(folder).rmdir(u"Saldoro.mdb-wal"_s));
+#endif
     QVERIFY(run({u"--codici"_s, folder + u"/Altrove.mdb"_s, folder}).startsWith(u"1 Archivi\n"_s));
     for (const QStringList &words : {QStringList{folder + u"/manca"_s},
                                      QStringList(),
