@@ -57,7 +57,7 @@ private slots:
     {
         open(FlexGrid::Selection::Rows, 3);
         m_grid->table().setRow(2);
-        QSignalSpy activated(m_grid, &FlexGrid::activated);
+        QSignalSpy activated(m_grid, &FlexGrid::cellActivated);
         QSignalSpy deleted(m_grid, &FlexGrid::deletePressed);
         QTest::keyClick(m_grid, Qt::Key_Return);
         QTest::keyClick(m_grid, Qt::Key_Enter, Qt::KeypadModifier);
@@ -74,9 +74,9 @@ private slots:
     void doubleClick()
     {
         open(FlexGrid::Selection::Cell, 3);
-        QSignalSpy activated(m_grid, &FlexGrid::activated);
+        QSignalSpy activated(m_grid, &FlexGrid::cellActivated);
         QStringList current;
-        connect(m_grid, &FlexGrid::activated, this, [&] { current += state(); });
+        connect(m_grid, &FlexGrid::cellActivated, this, [&] { current += state(); });
         const auto twice = [this](QWidget *target, const QPoint &place, Qt::MouseButton button) {
             QTest::mouseClick(target, button, {}, place);
             QTest::mouseDClick(target, button, {}, place);

@@ -103,7 +103,7 @@ void AllocationFrame::addGrid()
     m_grid->setRightAligned({AllocationBlock::ImportoColumn});
     m_grid->setMinimumSize(leastVisibleCharacters * fontMetrics().averageCharWidth(),
                            leastVisibleRows * 2 * fontMetrics().height());
-    connect(m_grid, &FlexGrid::activated, this, [this] {
+    connect(m_grid, &FlexGrid::cellActivated, this, [this] {
         if (m_fields.focus().moveTo(*m_grid) && m_block.isCurrentCellEditable())
             openEditor();
     });

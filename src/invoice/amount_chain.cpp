@@ -17,14 +17,10 @@ AmountChain::AmountChain(QList<AmountField> fields)
 {
 }
 
-namespace {
-
-[[noreturn]] void throwNoSuchField()
+void AmountChain::throwNoSuchField()
 {
     throw BoundsError(u"Campo di importo inesistente."_s);
 }
-
-} // namespace
 
 void AmountChain::check(int position) const
 {

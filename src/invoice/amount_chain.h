@@ -80,6 +80,8 @@ public:
 protected:
     explicit AmountChain(QList<AmountField> fields);
 
+    /** Throws BoundsError. */
+    [[noreturn]] static void throwNoSuchField();
     /** The value of a field's text taken as Italian notation; the text stays as it is. */
     Currency amount(int position) const;
     void show(int position, Currency value);

@@ -28,7 +28,7 @@ void CompanyAmounts::left(int position)
     case TotaleFattura:
         return; // stays as it was typed, plain form included
     }
-    field(position); // out of range: the bounds error
+    throwNoSuchField();
 }
 
 void CompanyAmounts::showTotal()

@@ -44,7 +44,7 @@ void ProfessionalAmounts::left(int position)
         leftWithholding(position);
         return;
     }
-    field(position); // out of range: the bounds error
+    throwNoSuchField();
 }
 
 void ProfessionalAmounts::leftFees(int position)

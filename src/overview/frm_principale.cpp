@@ -107,7 +107,7 @@ QLayout *FrmPrincipale::makeButtons()
     connect(m_modify, &QPushButton::clicked, this, &FrmPrincipale::CaricaFattura);
     connect(elimina, &QPushButton::clicked, this, &FrmPrincipale::deletePayment);
     connect(chiudi, &QPushButton::clicked, this, &FrmPrincipale::unload);
-    connect(m_payments, &FlexGrid::activated, this, &FrmPrincipale::activatePayment);
+    connect(m_payments, &FlexGrid::cellActivated, this, &FrmPrincipale::activatePayment);
     connect(m_payments, &FlexGrid::deletePressed, this, &FrmPrincipale::deletePayment);
     return row;
 }

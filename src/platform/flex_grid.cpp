@@ -37,7 +37,7 @@ FlexGrid::FlexGrid(Selection selection, QWidget *parent)
             fitColumns();
     });
     connect(this, &QTableView::doubleClicked, this,
-            [this](const QModelIndex &cell) { emit activated(cell.row() + 1, cell.column()); });
+            [this](const QModelIndex &cell) { emit cellActivated(cell.row() + 1, cell.column()); });
 }
 
 FlexGrid::~FlexGrid() = default;
@@ -137,7 +137,7 @@ void FlexGrid::keyPressEvent(QKeyEvent *event)
     if (!isOnBody || event->isAutoRepeat())
         return;
     if (isEnter)
-        emit activated(m_table.row(), m_table.column());
+        emit cellActivated(m_table.row(), m_table.column());
     else
         emit deletePressed();
 }

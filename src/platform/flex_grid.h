@@ -63,7 +63,7 @@ public:
 
 signals:
     /** Enter on a body row, or a double click on a body cell; the cell is current by then. */
-    void activated(int row, int column);
+    void cellActivated(int row, int column);
     /** Canc pressed on a body row. */
     void deletePressed();
 
