@@ -1,5 +1,7 @@
 #include "common/controls.h"
 
+#include "common/held_key.h"
+
 #include <QKeyEvent>
 #include <QShortcut>
 
@@ -19,7 +21,7 @@ bool IsRepeatedEnter(const QEvent &event)
     if (event.type() != QEvent::KeyPress)
         return false;
     const auto &press = static_cast<const QKeyEvent &>(event);
-    return press.isAutoRepeat() && (press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter);
+    return IsKeyHeld() && (press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter);
 }
 
 PromptButton::PromptButton(const QString &objectName, const QString &caption, const QString &hint,
@@ -28,10 +30,13 @@ PromptButton::PromptButton(const QString &objectName, const QString &caption, co
 {
     Describe(*this, objectName, QString(caption).remove(u'&'), hint);
     setAutoDefault(true); // in a plain window too
-    setShortcut({});      // the button's own one repeats
+    WatchHeldKeys();
+    setShortcut({}); // the button's own one would show itself pressed, and repeat
     auto *mnemonic = new QShortcut(QKeySequence::mnemonic(caption), this);
-    mnemonic->setAutoRepeat(false);
-    connect(mnemonic, &QShortcut::activated, this, &QAbstractButton::click);
+    connect(mnemonic, &QShortcut::activated, this, [this] {
+        if (!IsKeyHeld())
+            click();
+    });
 }
 
 void PromptButton::keyPressEvent(QKeyEvent *event)

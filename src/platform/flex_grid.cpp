@@ -1,6 +1,7 @@
 #include "platform/flex_grid.h"
 
 #include "common/form_helpers.h"
+#include "common/held_key.h"
 #include "platform/flex_grid_columns.h"
 #include "platform/flex_grid_delegate.h"
 #include "platform/flex_grid_model.h"
@@ -22,6 +23,7 @@ FlexGrid::FlexGrid(Selection selection, QWidget *parent)
     , m_columns(std::make_unique<FlexGridColumns>())
 {
     setModel(m_model.get());
+    WatchHeldKeys();
     setUpLook();
     setUpSelection();
     measureAll();
@@ -134,7 +136,7 @@ void FlexGrid::keyPressEvent(QKeyEvent *event)
     const bool isOnBody = m_model->currentCell().isValid();
     event->setAccepted(isOnBody);
     // A key held down acts once.
-    if (!isOnBody || event->isAutoRepeat())
+    if (!isOnBody || IsKeyHeld())
         return;
     if (isEnter)
         emit cellActivated(m_table.row(), m_table.column());
