@@ -229,8 +229,11 @@ void TestFrmPrincipale::writesDocumentsWhenUnloaded()
     open();
     PlantPayments(*m_archive, "('A',4,'Nuova','2022-01-01',10000,0,NULL)");
     act(u"tab"_s);
+    m_form->showMaximized();
+    const QRect place = m_form->geometry();
     m_form->reload();
-    QVERIFY(m_form->isVisible() && m_form->isLoaded());
+    QVERIFY(m_form->isVisible() && m_form->isLoaded() && m_form->isMaximized());
+    QCOMPARE(m_form->geometry(), place);
     QCOMPARE(BodyText(list()).section(u'\n', 3), u"4|Nuova|01/01/2022|1,00|€"_s);
     QTRY_COMPARE(QApplication::focusWidget(), control(u"MSFlexGrid1"_s));
     QCOMPARE(takeDocuments(), 5);

@@ -160,6 +160,14 @@ void TestInvoiceAllocation::editorAlwaysReachesItsCell()
     d->click(u"Command4"_s);
     QCOMPARE(d->text(u"Text3"_s), u"886,10"_s);
     QCOMPARE(d->messages, QStringList(u"Vuoi eliminare il Cod. B10?"_s));
+    // A click of its own, elsewhere, is no part of the pick.
+    d->click(u"Command3"_s);
+    QWindow *const window = d->form->windowHandle();
+    QTest::mouseClick(window, Qt::LeftButton, {}, m_list->viewport()->mapTo(d->form.get(), first));
+    auto *creditor = d->find(u"Text1_0"_s);
+    QTest::mouseClick(window, Qt::LeftButton, {},
+                      creditor->mapTo(d->form.get(), creditor->rect().center()));
+    QCOMPARE(d->focused(), u"Text1_0"_s);
 }
 
 void TestInvoiceAllocation::confirmWithOpenEditor()
