@@ -46,11 +46,10 @@ QString placeOfSetting()
 QString pathHint(const QString &path)
 {
     const QString folder = missingFolder(path);
-    return (folder.isEmpty() ? QString()
-                             : u"\n\nNon esiste la cartella: "_s +
-                                   QDir::toNativeSeparators(folder)) +
-           u"\n\nLa cartella degli archivi è il valore \"drivers\" di "_s +
-           placeOfSetting();
+    return (folder.isEmpty()
+                ? QString()
+                : u"\n\nNon esiste la cartella: "_s + QDir::toNativeSeparators(folder)) +
+           u"\n\nLa cartella degli archivi è il valore \"drivers\" di "_s + placeOfSetting();
 }
 
 /** Faults that what is stored gives rise to: values, codes with apostrophes, codes not mapped. */
@@ -101,8 +100,8 @@ QString ErrorReport(const std::exception &error)
     if (database->fault() == DatabaseFault::FileMissing)
         text += pathHint(database->detail(u"File"_s));
     if (isAboutStoredValues(*database))
-        text += u"\n\nPer controllare l'archivio eseguire: "_s + checkCommand() +
-                u' ' + folderToCheck(own->detail(u"File"_s));
+        text += u"\n\nPer controllare l'archivio eseguire: "_s + checkCommand() + u' ' +
+                folderToCheck(own->detail(u"File"_s));
     return text;
 }
 
