@@ -77,7 +77,7 @@ QString folderToCheck(const QString &path)
  *  beside this program. */
 QString checkCommand()
 {
-    const QString name = u"saldoro-verifica"_s;
+    QString name = u"saldoro-verifica"_s;
     if (!QStandardPaths::findExecutable(name).isEmpty())
         return name;
     const QString place = QCoreApplication::applicationDirPath() + u'/' + name;
