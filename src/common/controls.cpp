@@ -16,14 +16,6 @@ void Describe(QWidget &control, const QString &objectName, const QString &access
     control.setToolTip(hint);
 }
 
-bool IsRepeatedEnter(const QEvent &event)
-{
-    if (event.type() != QEvent::KeyPress)
-        return false;
-    const auto &press = static_cast<const QKeyEvent &>(event);
-    return IsKeyHeld() && (press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter);
-}
-
 PromptButton::PromptButton(const QString &objectName, const QString &caption, const QString &hint,
                            QWidget *parent)
     : QPushButton(caption, parent)

@@ -9,10 +9,6 @@ namespace saldoro {
 void Describe(QWidget &control, const QString &objectName, const QString &accessibleName,
               const QString &hint);
 
-/** Whether an event is Enter coming again because the key is held down. What the press itself has
- *  opened or reached is to take no notice of it. */
-bool IsRepeatedEnter(const QEvent &event);
-
 /**
  * A button that acts at once when its mnemonic is typed. An ordinary one first shows itself pressed
  * for a tenth of a second; what a quick typist writes meanwhile would still go to the old field.

@@ -85,4 +85,12 @@ bool IsKeyHeld()
     return keys != nullptr && keys->isHeld();
 }
 
+bool IsRepeatedEnter(const QEvent &event)
+{
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const auto &press = static_cast<const QKeyEvent &>(event);
+    return IsKeyHeld() && (press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter);
+}
+
 } // namespace saldoro

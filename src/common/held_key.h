@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QEvent>
 
 namespace saldoro {
 
@@ -19,5 +19,8 @@ void WatchHeldKeys();
 
 /** Whether the key press that is being handled is a repetition. */
 bool IsKeyHeld();
+
+/** Whether @p event, which is being handled, is a repetition of Enter. */
+bool IsRepeatedEnter(const QEvent &event);
 
 } // namespace saldoro

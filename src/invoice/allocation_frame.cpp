@@ -1,6 +1,7 @@
 #include "invoice/allocation_frame.h"
 
 #include "common/controls.h"
+#include "common/held_key.h"
 #include "invoice/amount_fields.h"
 #include "invoice/form_fields.h"
 #include "invoice/popup_list.h"

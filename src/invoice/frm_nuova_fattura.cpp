@@ -3,6 +3,7 @@
 #include "common/controls.h"
 #include "common/ending.h"
 #include "common/form_helpers.h"
+#include "common/held_key.h"
 
 #include <QCloseEvent>
 #include <QGroupBox>

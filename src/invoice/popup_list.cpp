@@ -1,6 +1,6 @@
 #include "invoice/popup_list.h"
 
-#include "common/controls.h"
+#include "common/held_key.h"
 
 #include <QApplication>
 #include <QKeyEvent>
