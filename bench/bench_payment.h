@@ -2,9 +2,9 @@
 
 #include "bare_file.h"
 #include "common/program_values.h"
+#include "controls/text_table.h"
 #include "invoice/payment_record.h"
 #include "invoice/professional_amounts.h"
-#include "platform/text_table.h"
 
 #include <vector>
 

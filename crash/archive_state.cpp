@@ -1,6 +1,6 @@
 #include "archive_state.h"
 
-#include "platform/database.h"
+#include "database/database.h"
 #include "platform/machine_path.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "archive_state.h"
-#include "platform/text_table.h"
+#include "controls/text_table.h"
 
 #include <QJsonObject>
 #include <QList>

@@ -1,9 +1,9 @@
 #include "session_player.h"
 
 #include "common/ending.h"
+#include "controls/flex_grid.h"
 #include "invoice/frm_nuova_fattura.h"
 #include "overview/frm_principale.h"
-#include "platform/flex_grid.h"
 #include "session_model.h"
 
 #include <QAbstractButton>

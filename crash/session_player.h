@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/form_wiring.h"
+#include "controls/text_table.h"
 #include "invoice/invoice_form.h"
-#include "platform/text_table.h"
 
 #include <QJsonObject>
 

@@ -1,6 +1,6 @@
 #include "common/date_text.h"
+#include "controls/date_box.h"
 #include "fuzzer.h"
-#include "platform/date_box.h"
 
 #include <QRegularExpression>
 #include <QTest>

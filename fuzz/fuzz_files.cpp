@@ -1,6 +1,6 @@
+#include "controls/rtf_writer.h"
 #include "fuzzer.h"
 #include "platform/ini_file.h"
-#include "platform/rtf_writer.h"
 #include "rtf_text.h"
 
 #include <QBuffer>

@@ -1,9 +1,9 @@
 #include "common/amount_text.h"
+#include "database/criterion.h"
+#include "database/database.h"
+#include "database/like_pattern.h"
+#include "database/sql_text.h"
 #include "fuzzer.h"
-#include "platform/criterion.h"
-#include "platform/database.h"
-#include "platform/like_pattern.h"
-#include "platform/sql_text.h"
 #include "text_reference.h"
 
 #include <QRegularExpression>

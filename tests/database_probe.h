@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/errors.h"
-#include "platform/database.h"
+#include "database/database.h"
 
 #include <QStringList>
 #include <QTemporaryDir>

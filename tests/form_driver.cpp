@@ -1,8 +1,8 @@
 #include "form_driver.h"
 
+#include "controls/flex_grid.h"
 #include "invoice/frm_aziende.h"
 #include "invoice/frm_professionisti.h"
-#include "platform/flex_grid.h"
 
 namespace saldoro {
 

@@ -2,8 +2,8 @@
 
 #include "common/creditor_kind.h"
 #include "common/message_box.h"
+#include "controls/text_table.h"
 #include "invoice/invoice_form.h"
-#include "platform/text_table.h"
 #include "test_archive.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 
 #include "common/archive_folders.h"
 #include "common/errors.h"
-#include "platform/text_table.h"
+#include "controls/text_table.h"
 #include "test_archive.h"
 
 #include <QFileInfo>

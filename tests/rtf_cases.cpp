@@ -5,10 +5,10 @@
 #include "archive_builder.h"
 #include "common/amount_text.h"
 #include "common/archive_folders.h"
+#include "controls/rich_text_box.h"
+#include "database/database.h"
 #include "overview/document_writer.h"
-#include "platform/database.h"
 #include "platform/machine_path.h"
-#include "platform/rich_text_box.h"
 #include "rtf_text.h"
 
 #include <QDir>

@@ -1,8 +1,8 @@
+#include "controls/text_table.h"
 #include "invoice/frm_aziende.h"
 #include "invoice/frm_nuova_fattura.h"
 #include "invoice/frm_professionisti.h"
 #include "overview/frm_principale.h"
-#include "platform/text_table.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>

@@ -1,5 +1,5 @@
+#include "database/engine_error.h"
 #include "database_probe.h"
-#include "platform/engine_error.h"
 #include "platform/machine_path.h"
 
 #include <QDir>

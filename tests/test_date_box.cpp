@@ -1,4 +1,4 @@
-#include "platform/date_box.h"
+#include "controls/date_box.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,5 +1,5 @@
+#include "controls/flex_grid.h"
 #include "patience.h"
-#include "platform/flex_grid.h"
 
 #include <QElapsedTimer>
 #include <QHeaderView>

@@ -1,8 +1,8 @@
 #include "common/ending.h"
 #include "common/message_box.h"
+#include "controls/flex_grid.h"
 #include "overview/frm_principale.h"
 #include "overview_probe.h"
-#include "platform/flex_grid.h"
 #include "platform/machine_path.h"
 
 #include <QApplication>

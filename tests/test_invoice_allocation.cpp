@@ -1,5 +1,5 @@
+#include "controls/flex_grid.h"
 #include "form_driver.h"
-#include "platform/flex_grid.h"
 
 #include <QListWidget>
 

@@ -1,6 +1,6 @@
+#include "database/database.h"
 #include "overview/payment_statement.h"
 #include "overview_probe.h"
-#include "platform/database.h"
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-#include "platform/rtf_writer.h"
+#include "controls/rtf_writer.h"
 #include "rtf_text.h"
 
 #include <QBuffer>

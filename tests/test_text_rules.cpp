@@ -1,7 +1,7 @@
-#include "platform/criterion.h"
-#include "platform/like_pattern.h"
-#include "platform/sql_text.h"
-#include "platform/text_collation.h"
+#include "database/criterion.h"
+#include "database/like_pattern.h"
+#include "database/sql_text.h"
+#include "database/text_collation.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 #include "common/errors.h"
-#include "platform/text_table.h"
+#include "controls/text_table.h"
 
 #include <QTest>
 

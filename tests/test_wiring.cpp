@@ -2,11 +2,11 @@
 #include "app/form_wiring.h"
 #include "common/ending.h"
 #include "common/message_box.h"
+#include "controls/flex_grid.h"
 #include "invoice/frm_nuova_fattura.h"
 #include "invoice/invoice_form.h"
 #include "overview/frm_principale.h"
 #include "overview_probe.h"
-#include "platform/flex_grid.h"
 #include "platform/machine_path.h"
 
 #include <QAbstractButton>

@@ -2,8 +2,8 @@
 
 #include "common/archive_folders.h"
 #include "common/errors.h"
+#include "database/table_def.h"
 #include "platform/machine_path.h"
-#include "platform/table_def.h"
 #include "store/ledger.h"
 
 #include <QDir>

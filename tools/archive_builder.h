@@ -2,8 +2,8 @@
 
 #include "common/currency.h"
 #include "common/program_values.h"
-#include "platform/database.h"
-#include "platform/record_set.h"
+#include "database/database.h"
+#include "database/record_set.h"
 
 #include <QList>
 #include <QPair>

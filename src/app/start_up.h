@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/program_values.h"
-#include "platform/database.h"
+#include "database/database.h"
 
 #include <QString>
 

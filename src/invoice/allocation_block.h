@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/program_values.h"
-#include "platform/text_table.h"
+#include "controls/text_table.h"
 
 #include <QStringList>
 

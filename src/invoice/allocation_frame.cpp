@@ -1,11 +1,11 @@
 #include "invoice/allocation_frame.h"
 
-#include "common/controls.h"
-#include "common/held_key.h"
+#include "controls/buttons.h"
+#include "controls/flex_grid.h"
+#include "controls/held_key.h"
 #include "invoice/amount_fields.h"
 #include "invoice/form_fields.h"
 #include "invoice/popup_list.h"
-#include "platform/flex_grid.h"
 
 #include <QGridLayout>
 #include <QLabel>

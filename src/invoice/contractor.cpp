@@ -2,7 +2,7 @@
 
 #include "common/archive_folders.h"
 #include "common/errors.h"
-#include "platform/database.h"
+#include "database/database.h"
 #include "store/code_lookups.h"
 
 namespace saldoro {

@@ -1,10 +1,10 @@
 #include "invoice/creditor_fields.h"
 
+#include "controls/date_box.h"
 #include "invoice/amount_fields.h"
 #include "invoice/entry_field.h"
 #include "invoice/form_fields.h"
 #include "invoice/popup_list.h"
-#include "platform/date_box.h"
 #include "store/ledger.h"
 
 #include <QGridLayout>

@@ -2,7 +2,7 @@
 
 #include "common/amount_text.h"
 #include "common/archive_folders.h"
-#include "platform/database.h"
+#include "database/database.h"
 
 namespace saldoro {
 

@@ -1,7 +1,7 @@
 #include "invoice/form_fields.h"
 
 #include "common/form_helpers.h"
-#include "platform/date_box.h"
+#include "controls/date_box.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/controls.h"
+#include "controls/buttons.h"
 #include "invoice/field_focus.h"
 
 class QEvent;

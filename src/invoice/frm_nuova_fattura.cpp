@@ -1,9 +1,9 @@
 #include "invoice/frm_nuova_fattura.h"
 
-#include "common/controls.h"
 #include "common/ending.h"
 #include "common/form_helpers.h"
-#include "common/held_key.h"
+#include "controls/buttons.h"
+#include "controls/held_key.h"
 
 #include <QCloseEvent>
 #include <QGroupBox>

@@ -1,8 +1,8 @@
 #include "invoice/note_fields.h"
 
+#include "controls/date_box.h"
 #include "invoice/form_fields.h"
 #include "invoice/note_box.h"
-#include "platform/date_box.h"
 
 #include <QGridLayout>
 #include <QLabel>

@@ -3,9 +3,9 @@
 #include "common/amount_text.h"
 #include "common/archive_folders.h"
 #include "common/errors.h"
+#include "database/database.h"
 #include "invoice/allocation_block.h"
 #include "invoice/mandate_note.h"
-#include "platform/database.h"
 #include "store/code_lookups.h"
 
 namespace saldoro {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "common/program_values.h"
+#include "controls/text_table.h"
 #include "invoice/amount_chain.h"
 #include "invoice/payment_record.h"
-#include "platform/text_table.h"
 
 namespace saldoro {
 

@@ -5,10 +5,10 @@
 #include "common/errors.h"
 #include "common/number_text.h"
 #include "common/text_cut.h"
+#include "database/database.h"
 #include "invoice/allocation_block.h"
 #include "invoice/mandate_note.h"
 #include "invoice/stored_allocations.h"
-#include "platform/database.h"
 #include "store/code_lookups.h"
 #include "store/ledger.h"
 

@@ -1,6 +1,6 @@
 #include "invoice/popup_list.h"
 
-#include "common/held_key.h"
+#include "controls/held_key.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -2,7 +2,7 @@
 
 #include "common/overview_column.h"
 #include "common/program_values.h"
-#include "platform/text_table.h"
+#include "controls/text_table.h"
 
 namespace saldoro {
 

@@ -3,9 +3,9 @@
 #include "common/archive_folders.h"
 #include "common/errors.h"
 #include "common/text_cut.h"
+#include "database/database.h"
 #include "overview/frm_elab.h"
 #include "overview/payment_statement.h"
-#include "platform/database.h"
 #include "store/code_lookups.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/rich_text_box.h"
+#include "controls/rich_text_box.h"
 
 #include <QString>
 

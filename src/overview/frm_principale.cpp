@@ -1,13 +1,13 @@
 #include "overview/frm_principale.h"
 
-#include "common/controls.h"
 #include "common/ending.h"
 #include "common/form_helpers.h"
+#include "controls/buttons.h"
+#include "controls/flex_grid.h"
 #include "overview/availability_overview.h"
 #include "overview/document_writer.h"
 #include "overview/payment_actions.h"
 #include "overview/payments_list.h"
-#include "platform/flex_grid.h"
 
 #include <QBoxLayout>
 #include <QCloseEvent>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/program_values.h"
-#include "platform/record_set.h"
+#include "database/record_set.h"
 
 #include <array>
 

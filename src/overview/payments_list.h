@@ -1,8 +1,8 @@
 #pragma once
 
 #include "common/program_values.h"
-#include "platform/database.h"
-#include "platform/text_table.h"
+#include "controls/text_table.h"
+#include "database/database.h"
 
 namespace saldoro {
 

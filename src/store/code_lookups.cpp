@@ -4,7 +4,7 @@
 #include "common/archive_folders.h"
 #include "common/errors.h"
 #include "common/text_cut.h"
-#include "platform/database.h"
+#include "database/database.h"
 
 #include <initializer_list>
 #include <utility>

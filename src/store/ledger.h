@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/database.h"
-#include "platform/table_def.h"
+#include "database/database.h"
+#include "database/table_def.h"
 
 #include <QString>
 

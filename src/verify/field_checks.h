@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/record_set.h"
-#include "platform/table_def.h"
+#include "database/record_set.h"
+#include "database/table_def.h"
 #include "verify/project_data.h"
 
 namespace saldoro {

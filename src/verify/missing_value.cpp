@@ -2,7 +2,7 @@
 
 #include "common/date_text.h"
 #include "common/errors.h"
-#include "platform/database.h"
+#include "database/database.h"
 
 #include <QDateTime>
 #include <QRegularExpression>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/record_set.h"
+#include "database/record_set.h"
 
 #include <QList>
 #include <QString>

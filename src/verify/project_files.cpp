@@ -1,7 +1,7 @@
 #include "verify/project_files.h"
 
 #include "common/errors.h"
-#include "platform/database.h"
+#include "database/database.h"
 #include "platform/machine_path.h"
 #include "store/ledger.h"
 #include "verify/field_checks.h"

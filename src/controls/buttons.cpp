@@ -1,0 +1,40 @@
+#include "controls/buttons.h"
+
+#include "controls/held_key.h"
+
+#include <QKeyEvent>
+#include <QShortcut>
+
+namespace saldoro {
+
+void Describe(QWidget &control, const QString &objectName, const QString &accessibleName,
+              const QString &hint)
+{
+    control.setObjectName(objectName);
+    control.setAccessibleName(accessibleName);
+    control.setAccessibleDescription(hint);
+    control.setToolTip(hint);
+}
+
+PromptButton::PromptButton(const QString &objectName, const QString &caption, const QString &hint,
+                           QWidget *parent)
+    : QPushButton(caption, parent)
+{
+    Describe(*this, objectName, QString(caption).remove(u'&'), hint);
+    setAutoDefault(true); // in a plain window too
+    WatchHeldKeys();
+    setShortcut({}); // the button's own one would show itself pressed, and repeat
+    auto *mnemonic = new QShortcut(QKeySequence::mnemonic(caption), this);
+    connect(mnemonic, &QShortcut::activated, this, [this] {
+        if (!IsKeyHeld())
+            click();
+    });
+}
+
+void PromptButton::keyPressEvent(QKeyEvent *event)
+{
+    if (!IsRepeatedEnter(*event))
+        QPushButton::keyPressEvent(event);
+}
+
+} // namespace saldoro

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "controls/text_table.h"
+
+#include <QTableView>
+
+#include <memory>
+
+namespace saldoro {
+
+class FlexGridColumns;
+class FlexGridModel;
+
+/**
+ * A grid that shows a TextTable: row 0 as the fixed header, the rest as rows. The view holds no
+ * text of its own and stays quick with tens of thousands of rows. The table's current cell and the
+ * view's are one: moving either moves the other, and the view keeps it in sight. While the table's
+ * current row is the header nothing is selected; coming into the grid then makes the first row
+ * current. Header and body are read-only for the user.
+ *
+ * Column widths are least widths in twips; one column may take the rest. A column grows when a text
+ * that it shows would be cut; a text too long for the rest column is elided and shown whole in a
+ * tool tip.
+ *
+ * Keys: Up, Down, PgUp, PgDn, Home and End choose a row, Enter and Canc act on it; where single
+ * cells are selected, Left, Right, Home and End move within the row and Ctrl+Home and Ctrl+End
+ * through the grid. Tab and Shift+Tab leave it.
+ */
+class FlexGrid : public QTableView
+{
+    Q_OBJECT
+
+public:
+    /** What the user selects: whole rows, or the one current cell. */
+    enum class Selection
+    {
+        Rows,
+        Cell
+    };
+
+    explicit FlexGrid(Selection selection, QWidget *parent = nullptr);
+    ~FlexGrid() override;
+
+    /** The content; owned by the grid, valid as long as it. */
+    TextTable &table() { return m_table; }
+    const TextTable &table() const { return m_table; }
+
+    /** Least width of a column in twips. */
+    void setLeastWidth(int column, int twips);
+    /** The column that takes the grid's width minus the others' and minus a margin of 400 twips. */
+    void setRestColumn(int column);
+    /** Columns whose texts stand to the right, for amounts; their captions too. */
+    void setRightAligned(const QList<int> &columns);
+
+    /** Geometry of the table's current cell in this widget's coordinates, for an in-place editor;
+     *  empty while the current row is the header. */
+    QRect currentCellRect() const;
+
+    /** Brings a cell into sight; where rows are selected, without moving sideways. */
+    void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
+    /** Does nothing: letters and digits choose no row. */
+    void keyboardSearch(const QString &search) override;
+
+signals:
+    /** Enter on a body row, or a double click on a body cell; the cell is current by then. */
+    void cellActivated(int row, int column);
+    /** Canc pressed on a body row. */
+    void deletePressed();
+
+protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
+                                                         const QEvent *event) const override;
+
+private:
+    void setUpLook();
+    void setUpSelection();
+    /** Takes over the sizes of the fonts and the texts of the whole table. */
+    void measureAll();
+    void fitColumns();
+    /** Makes the table's current cell the view's. */
+    void followTable();
+    void drawFocusFrame();
+    QItemSelectionModel::SelectionFlags selectingFlags() const;
+
+    Selection m_selection;
+    TextTable m_table;
+    std::unique_ptr<FlexGridModel> m_model;
+    std::unique_ptr<FlexGridColumns> m_columns;
+    bool m_isFollowing = false;
+};
+
+} // namespace saldoro

@@ -1,0 +1,176 @@
+#include "database/database.h"
+
+#include "common/errors.h"
+#include "database/database_file.h"
+#include "database/record_set_data.h"
+#include "database/sql_text.h"
+#include "database/statement.h"
+#include "database/table_schema.h"
+#include "database/table_sql.h"
+#include "platform/machine_path.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <optional>
+#include <utility>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** Makes a new file that holds one page of a database, as the engine does for a first change. */
+void createFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+        const QFileInfo info(path);
+        if (info.exists())
+            throw DatabaseError(DatabaseFault::FileExists, path);
+        throw DatabaseError(info.absoluteDir().exists() ? DatabaseFault::ReadOnly
+                                                        : DatabaseFault::FileMissing,
+                            path);
+    }
+}
+
+std::optional<Statement> prepareWithRowId(const std::shared_ptr<DatabaseFile> &file,
+                                          const EngineQuery &query)
+{
+    if (query.singleTable.isEmpty() || !HasTable(file, query.singleTable))
+        return std::nullopt;
+    try {
+        return Statement(file, query.textWithRowId, query.singleTable);
+    } catch (const DatabaseError &error) {
+        // A table may be kept without row ids; a field missing elsewhere comes up again.
+        if (error.fault() != DatabaseFault::FieldMissing)
+            throw;
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+Database::Database(std::shared_ptr<DatabaseFile> file)
+    : m_file(std::move(file))
+{
+}
+
+Database::Database(Database &&other) noexcept = default;
+
+Database &Database::operator=(Database &&other) noexcept
+{
+    if (this != &other) {
+        close();
+        m_file = std::move(other.m_file);
+    }
+    return *this;
+}
+
+Database::~Database()
+{
+    close();
+}
+
+Database Database::create(const QString &path, const QString & /*locale*/)
+{
+    const QString machinePath = MachinePath(path);
+    createFile(machinePath);
+    try {
+        return Database(
+            std::make_shared<DatabaseFile>(machinePath, FileAccess::Create, LockWaitMilliseconds));
+    } catch (...) {
+        QFile::remove(machinePath); // nothing but the empty file that was just made
+        throw;
+    }
+}
+
+Database Database::open(const QString &path)
+{
+    return Database(std::make_shared<DatabaseFile>(MachinePath(path), FileAccess::ReadWrite,
+                                                   LockWaitMilliseconds));
+}
+
+Database Database::openReadOnly(const QString &path)
+{
+    return Database(std::make_shared<DatabaseFile>(MachinePath(path), FileAccess::ReadOnly,
+                                                   LockWaitMilliseconds));
+}
+
+void Database::appendTableDef(const TableDef &table)
+{
+    Statement(file(), CreateTableSql(table), table.name()).step();
+}
+
+QStringList Database::tableNames() const
+{
+    Statement query(
+        file(), EngineQueryFor(u"SELECT name FROM sqlite_master WHERE type IN ('table', 'view') "
+                               "AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY name"_s)
+                    .text);
+    QStringList names;
+    while (query.step())
+        names.append(query.text(0));
+    return names;
+}
+
+RecordSet Database::openRecordSet(const QString &sql) const
+{
+    const EngineQuery query = EngineQueryFor(sql);
+    std::optional<Statement> statement = prepareWithRowId(file(), query);
+    const RecordAccess access = statement ? RecordAccess::Updatable : RecordAccess::ReadOnly;
+    if (!statement)
+        statement.emplace(m_file, query.text, query.singleTable);
+    if (!statement->isQuery())
+        throw DatabaseError(DatabaseFault::SyntaxError, path(), {}, {}, sql);
+    return RecordSet(
+        std::make_unique<RecordSetData>(m_file, std::move(*statement), query.singleTable, access));
+}
+
+QStringList Database::integrityReport() const
+{
+    Statement query(file(), u"PRAGMA integrity_check(20)"_s);
+    QStringList faults;
+    while (query.step())
+        faults.append(query.text(0));
+    return faults == QStringList(u"ok"_s) ? QStringList() : faults;
+}
+
+void Database::backUpTo(const QString &path) const
+{
+    createFile(path);
+    try {
+        DatabaseFile copy(path, FileAccess::Create, LockWaitMilliseconds);
+        file()->copyTo(copy);
+    } catch (...) {
+        QFile::remove(path); // nothing but the copy that did not succeed
+        throw;
+    }
+}
+
+void Database::setLockWait(int milliseconds)
+{
+    file()->setLockWait(milliseconds);
+}
+
+void Database::close()
+{
+    if (m_file)
+        m_file->close();
+}
+
+QString Database::path() const
+{
+    return m_file ? m_file->path() : QString();
+}
+
+const std::shared_ptr<DatabaseFile> &Database::file() const
+{
+    if (!m_file)
+        throw DatabaseError(DatabaseFault::Other, {}, {}, {}, u"nessun archivio aperto"_s);
+    return m_file;
+}
+
+} // namespace saldoro

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "common/currency.h"
+#include "database/record_set.h"
+#include "database/table_def.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace saldoro {
+
+class DatabaseFile;
+
+/**
+ * One open database file. Tables are made from definitions; everything else goes through record
+ * sets.
+ *
+ * Paths are archive paths (backslashes, any letter case), turned into paths of the machine here.
+ * Every failure is a DatabaseError naming the file. The other programs of the suite use the same
+ * files: a file that is locked for a moment is waited for (LockWaitMilliseconds), then reported.
+ */
+class Database
+{
+public:
+    /** How long an action waits for a file that another program has locked. */
+    static constexpr int LockWaitMilliseconds = 5000;
+
+    /** Creates an empty database. @p locale is the engine's locale text and is kept for engines
+     *  that need one. Throws FileExists, FileMissing (no such folder), ReadOnly. */
+    static Database create(const QString &path, const QString &locale);
+
+    /** Opens an existing file for reading and writing; a file on a read-only medium opens too and
+     *  only refuses changes. Never creates one. Throws FileMissing, NotADatabase, Locked. */
+    static Database open(const QString &path);
+
+    /** As open(), but no change can reach the file through it. */
+    static Database openReadOnly(const QString &path);
+
+    Database(Database &&other) noexcept;
+    /** Closes what was open here before. */
+    Database &operator=(Database &&other) noexcept;
+    Database(const Database &) = delete;
+    Database &operator=(const Database &) = delete;
+    ~Database();
+
+    /** Adds an empty table with the fields of @p table in their order. Throws Other when the file
+     *  has a table of that name. */
+    void appendTableDef(const TableDef &table);
+
+    /** The names of the tables and stored queries in the file, in alphabetical order. */
+    QStringList tableNames() const;
+
+    /**
+     * Opens a record set on @p sql, which is taken as it stands, trailing and doubled blanks
+     * included. "SELECT * FROM one-table ..." gives an updatable key set; joins and stored queries
+     * are read-only. The records are those of the moment of first use. Throws SyntaxError,
+     * TableMissing, FieldMissing.
+     */
+    RecordSet openRecordSet(const QString &sql) const;
+
+    /** What the engine finds wrong with the file itself, one line for each fault and no more than
+     *  twenty, in the engine's own words; empty for a sound file. */
+    QStringList integrityReport() const;
+
+    /** Writes a whole copy of the file to @p path (of the machine), as it stands between two
+     *  changes of other programs, and flushes it to the disk. Never overwrites: throws FileExists,
+     *  ReadOnly, DiskFull; a copy that fails is taken away again. */
+    void backUpTo(const QString &path) const;
+
+    /** Waits @p milliseconds for a locked file from now on, instead of LockWaitMilliseconds. */
+    void setLockWait(int milliseconds);
+
+    /** Closes the file; record sets opened from it keep what they have read but can't write. Also
+     *  done by the destructor. */
+    void close();
+
+    /** The path of the machine, for messages. */
+    QString path() const;
+
+private:
+    explicit Database(std::shared_ptr<DatabaseFile> file);
+    const std::shared_ptr<DatabaseFile> &file() const;
+    std::shared_ptr<DatabaseFile> m_file;
+};
+
+} // namespace saldoro
