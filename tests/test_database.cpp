@@ -1,4 +1,5 @@
 #include "database/engine_error.h"
+#include "database/table_appender.h"
 #include "database_probe.h"
 #include "platform/machine_path.h"
 
@@ -15,9 +16,9 @@ using enum saldoro::DatabaseFault;
 
 namespace {
 
-TableDef allTypes()
+TableDef allTypes(const QString &name = u"Tipi"_s)
 {
-    TableDef table(u"Tipi"_s);
+    TableDef table(name);
     table.appendField(u"Codice"_s, FieldType::Text, 5);
     table.appendField(u"Libero"_s, FieldType::Text, 5);
     table.appendField(u"Note"_s, FieldType::Memo);
@@ -210,6 +211,47 @@ private slots:
         other.run(u"COMMIT"_s);
         QCOMPARE(other.run(u"SELECT Lungo FROM Tipi"_s), u"1"_s);
         QCOMPARE(Walk(later, u"Lungo"_s), u"1"_s);
+    }
+
+    void aTransactionReachesTheFileWhole()
+    {
+        const QString path = newPath();
+        Database database = created(path);
+        DirectConnection other(path);
+        other.run(u"CREATE VIEW Vista AS SELECT * FROM Tipi; INSERT INTO Tipi(Lungo) VALUES(7)"_s);
+        const auto replace = [&](bool isCommitted) {
+            Transaction transaction(database);
+            database.deleteAll(u"tipi"_s);
+            TableAppender records(database, u"TIPI"_s, {u"soldi"_s, u"Codice"_s, u"Libero"_s});
+            for (int row = 0; row < 3; ++row)
+                records.append({Currency::fromWhole(row), NewValue(), QString()});
+            QCOMPARE(FaultOf([&] {
+                         records.append({NewValue(), u"sei+++"_s, NewValue()});
+                     }),
+                     Fault(FieldTooSmall, u"TIPI"_s, u"Codice"_s));
+            records.append({NewValue(), u"x"_s, NewValue()});
+            database.appendTableDef(allTypes(u"Altra"_s));
+            QCOMPARE(other.run(u"SELECT Lungo FROM Tipi"_s), u"7"_s);
+            QVERIFY(other.run(u"UPDATE Tipi SET Lungo = 8"_s).startsWith(u"error"));
+            if (isCommitted)
+                transaction.commit();
+        };
+        replace(false);
+        QCOMPARE(other.run(u"SELECT Lungo FROM Tipi"_s), u"7"_s);
+        QVERIFY(!database.tableDef(u"Altra"_s));
+        replace(true);
+        QCOMPARE(other.run(u"SELECT Lungo, Soldi, Codice, Libero FROM Tipi"_s),
+                 u"-|0|-|\n-|10000|-|\n-|20000|-|\n-|-|x|-"_s);
+        const std::optional<TableDef> table = database.tableDef(u"altra"_s);
+        QVERIFY(table && database.isStoredQuery(u"VISTA"_s) && !database.tableDef(u"Vista"_s));
+        QStringList fields;
+        for (const FieldDef &field : table->fields())
+            fields += u"%1/%2/%3/%4"_s.arg(field.name)
+                          .arg(static_cast<int>(field.type))
+                          .arg(field.size)
+                          .arg(field.allowZeroLength ? 1 : 0);
+        QCOMPARE(fields.join(u' '), u"Codice/10/5/0 Libero/10/5/1 Note/12/0/0 Breve/3/0/1 "
+                                    "Lungo/4/0/1 Soldi/5/0/1 Tasso/0/0/1 Del/8/0/0"_s);
     }
 
     void pathsAreFoundInAnyLetterCase()

@@ -51,6 +51,24 @@ std::optional<Statement> prepareWithRowId(const std::shared_ptr<DatabaseFile> &f
     }
 }
 
+FieldType fieldType(const ColumnInfo &column)
+{
+    switch (column.kind) {
+    case ColumnKind::Text:
+        return column.size > 0 ? FieldType::Text : FieldType::Memo;
+    case ColumnKind::Whole16:
+        return FieldType::Integer;
+    case ColumnKind::Whole32:
+        return FieldType::Long;
+    case ColumnKind::Currency:
+        return FieldType::Currency;
+    case ColumnKind::Date:
+        return FieldType::Date;
+    default:
+        return FieldType::Undeclared;
+    }
+}
+
 } // namespace
 
 Database::Database(std::shared_ptr<DatabaseFile> file)
@@ -102,6 +120,36 @@ Database Database::openReadOnly(const QString &path)
 void Database::appendTableDef(const TableDef &table)
 {
     Statement(file(), CreateTableSql(table), table.name()).step();
+}
+
+std::optional<TableDef> Database::tableDef(const QString &name) const
+{
+    if (!HasTable(file(), name))
+        return std::nullopt;
+    std::vector<ColumnInfo> columns =
+        Statement(m_file, u"SELECT * FROM "_s + QuotedName(name), name).columns(0);
+    CompleteColumns(m_file, name, columns);
+    TableDef table(name);
+    for (const ColumnInfo &column : columns) {
+        table.appendField(column.name, fieldType(column), column.size);
+        table.field(column.name).allowZeroLength = column.allowsZeroLength;
+    }
+    return table;
+}
+
+bool Database::isStoredQuery(const QString &name) const
+{
+    Statement query(file(),
+                    u"SELECT 1 FROM sqlite_master WHERE type = 'view' "
+                    "AND name = ? COLLATE NOCASE"_s,
+                    name);
+    query.bind(1, name.toUtf8());
+    return query.step();
+}
+
+void Database::deleteAll(const QString &table)
+{
+    Statement(file(), u"DELETE FROM "_s + QuotedName(table), table).step();
 }
 
 QStringList Database::tableNames() const
@@ -171,6 +219,30 @@ const std::shared_ptr<DatabaseFile> &Database::file() const
     if (!m_file)
         throw DatabaseError(DatabaseFault::Other, {}, {}, {}, u"nessun archivio aperto"_s);
     return m_file;
+}
+
+Transaction::Transaction(Database &database)
+    : m_file(database.file())
+{
+    Statement(m_file, u"BEGIN IMMEDIATE"_s).step();
+    m_isOpen = true;
+}
+
+Transaction::~Transaction()
+{
+    if (!m_isOpen || !m_file->isOpen())
+        return;
+    try {
+        Statement(m_file, u"ROLLBACK"_s).step();
+    } catch (const std::exception &) {
+        m_file->close(); // which also takes back what is not committed
+    }
+}
+
+void Transaction::commit()
+{
+    Statement(m_file, u"COMMIT"_s).step();
+    m_isOpen = false;
 }
 
 } // namespace saldoro

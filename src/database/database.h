@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 namespace saldoro {
 
@@ -48,6 +49,18 @@ public:
      *  has a table of that name. */
     void appendTableDef(const TableDef &table);
 
+    /** The definition of a table that the file holds, by its name in any letter case: fields that
+     *  are of no type known here are FieldType::Undeclared, a text without a bound is a memo. No
+     *  value when there is no such table; a stored query is none. */
+    std::optional<TableDef> tableDef(const QString &name) const;
+
+    /** Whether @p name, in any letter case, is a stored query of the file. */
+    bool isStoredQuery(const QString &name) const;
+
+    /** Deletes all records of a table, in one statement. Throws TableMissing, Locked, ReadOnly,
+     *  DiskFull. */
+    void deleteAll(const QString &table);
+
     /** The names of the tables and stored queries in the file, in alphabetical order. */
     QStringList tableNames() const;
 
@@ -79,9 +92,35 @@ public:
     QString path() const;
 
 private:
+    friend class Transaction;
+    friend class TableAppender;
     explicit Database(std::shared_ptr<DatabaseFile> file);
     const std::shared_ptr<DatabaseFile> &file() const;
     std::shared_ptr<DatabaseFile> m_file;
+};
+
+/**
+ * Several changes of one file that reach it together or not at all: everything that is written
+ * through the Database from the construction on, tables that are made included. A process that is
+ * killed before the end of commit() leaves the file as it was.
+ */
+class Transaction
+{
+public:
+    /** Takes the file's write lock, so that no other program writes until the end. Throws Locked,
+     *  ReadOnly. */
+    explicit Transaction(Database &database);
+    /** Takes back what was not committed. */
+    ~Transaction();
+    Transaction(const Transaction &) = delete;
+    Transaction &operator=(const Transaction &) = delete;
+
+    /** Puts the changes on the disk. Throws Locked, DiskFull; then nothing is changed. */
+    void commit();
+
+private:
+    std::shared_ptr<DatabaseFile> m_file;
+    bool m_isOpen = false;
 };
 
 } // namespace saldoro

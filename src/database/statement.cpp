@@ -102,6 +102,11 @@ bool Statement::step()
     return code == SQLITE_ROW;
 }
 
+void Statement::reset()
+{
+    sqlite3_reset(m_statement); // tells once more of a failure that step() has reported
+}
+
 qint64 Statement::whole(int column) const
 {
     return sqlite3_column_int64(m_statement, column);

@@ -41,6 +41,8 @@ public:
 
     /** Runs to the next row; false at the end, when a change has reached the disk. */
     bool step();
+    /** Makes it ready to run once more; parameters keep their values until they are bound anew. */
+    void reset();
 
     int columnCount() const;
     /** A value of the current row, converted as the engine does; 0 and the empty text for a null.

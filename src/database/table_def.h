@@ -8,13 +8,14 @@ namespace saldoro {
 /** Field types, numbered as the desktop engine numbers them. */
 enum class FieldType
 {
-    Integer = 3,  ///< whole number of 16 bits
-    Long = 4,     ///< whole number of 32 bits
-    Currency = 5, ///< exact count of ten-thousandths in 64 bits
-    Double = 7,   ///< floating point
-    Date = 8,     ///< a day, or null
-    Text = 10,    ///< up to `size` characters
-    Memo = 12     ///< text without a bound
+    Undeclared = 0, ///< of a table of another program: a type that is not told here
+    Integer = 3,    ///< whole number of 16 bits
+    Long = 4,       ///< whole number of 32 bits
+    Currency = 5,   ///< exact count of ten-thousandths in 64 bits
+    Double = 7,     ///< floating point
+    Date = 8,       ///< a day, or null
+    Text = 10,      ///< up to `size` characters
+    Memo = 12       ///< text without a bound
 };
 
 /** Definition of one field of a table. */

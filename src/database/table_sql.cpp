@@ -29,9 +29,11 @@ QString declaredType(const FieldDef &field)
     case FieldType::Text:
         return u"TEXT(%1)"_s.arg(field.size);
     case FieldType::Memo:
+        return u"MEMO TEXT"_s;
+    case FieldType::Undeclared:
         break;
     }
-    return u"MEMO TEXT"_s;
+    return {};
 }
 
 bool canHoldEmptyText(FieldType type)
