@@ -2,6 +2,7 @@
 #include "common/form_helpers.h"
 #include "form_driver.h"
 #include "invoice_model.h"
+#include "store/suite_tables.h"
 
 #include <QClipboard>
 #include <QLabel>

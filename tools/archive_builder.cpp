@@ -2,9 +2,9 @@
 
 #include "common/archive_folders.h"
 #include "common/errors.h"
-#include "database/table_def.h"
 #include "platform/machine_path.h"
 #include "store/ledger.h"
+#include "store/suite_tables.h"
 
 #include <QDir>
 
@@ -13,65 +13,6 @@ namespace saldoro {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-/** As the suite's own files are made. */
-constexpr QStringView SuiteLocale = u";LANGID=0x0409;CP=1252;COUNTRY=0";
-
-constexpr int TextSize = 255;
-
-/** A table of the suite; its text fields accept empty texts. */
-TableDef suiteTable(const QString &name,
-                    std::initializer_list<std::pair<QString, FieldType>> fields)
-{
-    TableDef table(name);
-    for (const auto &[field, type] : fields) {
-        table.appendField(field, type, type == FieldType::Text ? TextSize : 0);
-        table.field(field).allowZeroLength = type == FieldType::Text || type == FieldType::Memo;
-    }
-    return table;
-}
-
-void createDatabase(const QString &path, std::initializer_list<TableDef> tables)
-{
-    Database database = Database::create(path, SuiteLocale.toString());
-    for (const TableDef &table : tables) {
-        database.appendTableDef(table);
-    }
-}
-
-void createContract(const ProgramValues &values)
-{
-    createDatabase(ContractPath(values),
-                   {suiteTable(u"SchedaProgetto"_s, {{u"Voce"_s, FieldType::Text},
-                                                     {u"Funzione"_s, FieldType::Integer},
-                                                     {u"Descri"_s, FieldType::Text},
-                                                     {u"Stringa"_s, FieldType::Memo},
-                                                     {u"Importo"_s, FieldType::Currency},
-                                                     {u"NomeFile"_s, FieldType::Text},
-                                                     {u"Link"_s, FieldType::Long}}),
-                    suiteTable(u"UltimaPerVariante"_s, {{u"Voce"_s, FieldType::Text},
-                                                        {u"Descri"_s, FieldType::Text},
-                                                        {u"Importo"_s, FieldType::Currency}})});
-}
-
-void createCompanies(const ProgramValues &values)
-{
-    createDatabase(
-        CompaniesPath(values),
-        {suiteTable(u"Anag"_s, {{u"ID"_s, FieldType::Long},
-                                {u"nominativo"_s, FieldType::Text},
-                                {u"TipImprese"_s, FieldType::Text}}),
-         suiteTable(u"Partecip"_s, {{u"Nord"_s, FieldType::Long}, {u"AnagRel"_s, FieldType::Long}}),
-         suiteTable(u"Manda"_s,
-                    {{u"AnagPar"_s, FieldType::Long}, {u"AnagRel"_s, FieldType::Long}})});
-}
-
-void createCodes(const ProgramValues &values)
-{
-    createDatabase(CodesPath(values), {suiteTable(u"Funzioni"_s, {{u"CodInt"_s, FieldType::Text},
-                                                                  {u"CodExt"_s, FieldType::Text},
-                                                                  {u"Desc"_s, FieldType::Text}})});
-}
 
 void makeFolder(const QString &archivePath)
 {
@@ -96,22 +37,6 @@ NewValue amountOrNull(std::optional<Currency> amount)
 }
 
 } // namespace
-
-QList<CodeMapping> StandardCodes()
-{
-    return {
-        {u"DA1"_s, u"D0101"_s, u"Impresa appaltatrice"_s},
-        {u"P97"_s, u"M0097"_s, u"Mandati di pagamento"_s},
-        {u"QDP"_s, u"Q0100"_s, u"Prospetto delle disponibilità per voce di spesa"_s},
-        {u"P98"_s, u"Q0198"_s, u"Pagamenti precedenti alle imprese"_s},
-        {u"P99"_s, u"Q0199"_s, u"Ultimo pagamento alle imprese"_s},
-        {u"P98P"_s, u"Q0298"_s, u"Pagamenti precedenti ai professionisti"_s},
-        {u"P99P"_s, u"Q0299"_s, u"Ultimo pagamento ai professionisti"_s},
-        {u"QS1A"_s, u"S0101"_s, u"Totale liquidato alle imprese"_s},
-        {u"QS1P"_s, u"S0102"_s, u"Totale liquidato ai professionisti"_s},
-        {u"QS1T"_s, u"S0103"_s, u"Totale liquidato"_s},
-    };
-}
 
 RowAppender::RowAppender(const QString &path, const QString &table)
     : m_database(Database::open(path))
@@ -144,12 +69,11 @@ ArchiveBuilder::ArchiveBuilder(const QString &root, const QString &projectCode)
     makeFolder(ProjectFolder(m_values));
     makeFolder(root + ArchiveFolders::Tabelle.toString());
     makeFolder(UpdateFolder(m_values));
-    createContract(m_values);
-    createCompanies(m_values);
+    CreateArchiveFile(ContractPath(m_values), ArchiveFile::Contract);
+    CreateArchiveFile(CompaniesPath(m_values), ArchiveFile::Companies);
     CreateLedgerDatabase(ProjectFolder(m_values));
-    if (!ArchivePathExists(CodesPath(m_values))) {
-        createCodes(m_values);
-    }
+    if (!ArchivePathExists(CodesPath(m_values)))
+        CreateArchiveFile(CodesPath(m_values), ArchiveFile::Codes);
 }
 
 void ArchiveBuilder::addCode(const QString &internalCode, const QString &externalCode,

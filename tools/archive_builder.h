@@ -16,17 +16,6 @@ namespace saldoro {
 /** Field names and what to write into them. */
 using FieldList = QList<QPair<QString, NewValue>>;
 
-/** A row of a codes table: the program's own code, the suite's code and its description. */
-struct CodeMapping
-{
-    QString internalCode;
-    QString externalCode;
-    QString description;
-};
-
-/** All internal codes that the program uses, with made-up external ones. */
-QList<CodeMapping> StandardCodes();
-
 /** Adds rows to one table whose file stays open meanwhile; each row is on disk when add() returns.
  */
 class RowAppender

@@ -52,6 +52,12 @@ QString FieldValue::textOrEmpty() const
     return StoredText(m_data->cells(), m_data->currentCell(m_column), m_data->columnInfo(m_column));
 }
 
+std::optional<QByteArrayView> FieldValue::storedBytes() const
+{
+    const Cell &cell = m_data->currentCell(m_column);
+    return cell.type == CellType::Text ? std::optional(m_data->cells().text(cell)) : std::nullopt;
+}
+
 Currency FieldValue::currency() const
 {
     const Cell &cell = valueAt(*m_data, m_column);

@@ -2,6 +2,7 @@
 
 #include "common/currency.h"
 
+#include <QByteArrayView>
 #include <QDate>
 #include <QString>
 
@@ -30,6 +31,10 @@ public:
     QString text() const;
     /** As text(), a null giving the empty text. */
     QString textOrEmpty() const;
+
+    /** The bytes of a stored text as they are, a day's included; no value for a null or a number.
+     *  Valid until the set changes. */
+    std::optional<QByteArrayView> storedBytes() const;
 
     /** A currency field's exact value; whole and floating numbers are converted (ties to even). A
      *  number in a column without declared type (an expression of a stored query) is taken as a

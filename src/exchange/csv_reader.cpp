@@ -1,0 +1,82 @@
+#include "exchange/csv_reader.h"
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+CsvReader::CsvReader(const QString &text, QChar separator)
+    : m_text(text)
+    , m_separator(separator)
+{
+}
+
+bool CsvReader::next(CsvRow &row)
+{
+    if (m_at == m_text.size())
+        return false;
+    row.line = m_line;
+    row.cells.clear();
+    row.cells.append(cell());
+    while (isAt(m_separator)) {
+        ++m_at;
+        row.cells.append(cell());
+    }
+    endRow();
+    return true;
+}
+
+void CsvReader::skipLine()
+{
+    const qsizetype end = m_text.indexOf(u'\n', m_at);
+    m_at = end < 0 ? m_text.size() : end + 1;
+    ++m_line;
+}
+
+CsvCell CsvReader::cell()
+{
+    if (isAt(u'"'))
+        return quotedCell();
+    const qsizetype begin = m_at;
+    while (m_at < m_text.size() && m_text[m_at] != m_separator && m_text[m_at] != u'\n' &&
+           m_text[m_at] != u'\r') {
+        if (m_text[m_at] == u'"')
+            throw CsvFault{m_line,
+                           u"ci sono virgolette dentro una cella che non comincia con esse"_s};
+        ++m_at;
+    }
+    return {m_text.sliced(begin, m_at - begin).toString(), false};
+}
+
+CsvCell CsvReader::quotedCell()
+{
+    CsvCell cell{{}, true};
+    for (bool goesOn = false; isAt(u'"'); goesOn = true) {
+        if (goesOn) // the quote that seemed to end the cell was the first of two
+            cell.text += u'"';
+        const qsizetype begin = m_at + 1;
+        const qsizetype end = m_text.indexOf(u'"', begin);
+        if (end < 0)
+            throw CsvFault{m_line, u"le virgolette aperte non vengono chiuse"_s};
+        const QStringView part = m_text.sliced(begin, end - begin);
+        cell.text += part;
+        m_line += static_cast<int>(part.count(u'\n'));
+        m_at = end + 1;
+    }
+    return cell;
+}
+
+void CsvReader::endRow()
+{
+    if (m_at == m_text.size())
+        return;
+    if (isAt(u'\r'))
+        ++m_at;
+    if (!isAt(u'\n'))
+        throw CsvFault{m_line, m_text[m_at - 1] == u'\r'
+                                   ? u"una riga finisce con il solo carattere CR"_s
+                                   : u"dopo le virgolette chiuse la cella continua"_s};
+    ++m_at;
+    ++m_line;
+}
+
+} // namespace saldoro

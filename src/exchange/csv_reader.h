@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+namespace saldoro {
+
+/** One cell; an empty one without quotes is no value, one in quotes the empty text. */
+struct CsvCell
+{
+    QString text;
+    bool isQuoted = false;
+
+    bool isNull() const { return text.isEmpty() && !isQuoted; }
+};
+
+/** One row and the line that it begins on, counted from 1. */
+struct CsvRow
+{
+    int line = 0;
+    QList<CsvCell> cells;
+};
+
+/** Why a file can't be read on. */
+struct CsvFault
+{
+    int line = 0;
+    QString problem; ///< Italian, without a full stop
+};
+
+/**
+ * Reads comma-separated text strictly: a cell that holds the separator, a quote or the end of a
+ * line stands in quotes, quotes within are doubled, lines end with LF or CR LF. Blanks count as any
+ * other character. Nothing is repaired.
+ */
+class CsvReader
+{
+public:
+    /** @p text must outlive the reader. */
+    CsvReader(const QString &text, QChar separator);
+
+    /** Reads the next row into @p row; false at the end of the text. Throws CsvFault. */
+    bool next(CsvRow &row);
+
+    /** Passes over the rest of the present line, whatever it is. */
+    void skipLine();
+
+    qsizetype position() const { return m_at; }
+
+private:
+    CsvCell cell();
+    CsvCell quotedCell();
+    void endRow();
+    bool isAt(QChar character) const { return m_at < m_text.size() && m_text[m_at] == character; }
+
+    QStringView m_text;
+    QChar m_separator;
+    qsizetype m_at = 0;
+    int m_line = 1;
+};
+
+} // namespace saldoro

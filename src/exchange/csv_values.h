@@ -1,0 +1,45 @@
+#pragma once
+
+#include "common/currency.h"
+
+#include <QDate>
+#include <QString>
+
+#include <optional>
+
+namespace saldoro {
+
+/** How the values of a file are written. */
+enum class CsvDialect
+{
+    Italian,      ///< ";", 1.234,56 and 31/12/2024
+    International ///< ",", 1234.56 and 2024-12-31
+};
+
+QChar SeparatorOf(CsvDialect dialect);
+
+/** What each kind of value looks like in a dialect, for messages: "un importo come 1.234,56". */
+QString AmountExample(CsvDialect dialect);
+QString DayExample(CsvDialect dialect);
+
+/**
+ * An exact amount; no value for anything that is none. Blanks and one "€" around it do not count,
+ * a sign may stand in front. Italian: plain digits or groups of three with ".", then perhaps ","
+ * and one to four decimals. International: digits, then perhaps "." and one, two or four decimals;
+ * three might be thousands.
+ */
+std::optional<Currency> AmountOf(QStringView text, CsvDialect dialect);
+
+/** A day: 31/12/2024 (one digit will do for day and month) or 2024-12-31, where a midnight behind
+ *  it does not count. No value for anything else and for a day that the calendar does not have. */
+std::optional<QDate> DayOf(QStringView text, CsvDialect dialect);
+
+/** A whole number of 32 bits in plain digits. */
+std::optional<qint32> WholeOf(QStringView text);
+
+/** An amount as the Italian dialect writes it, with two decimals at least and without groups. */
+QString AmountCell(Currency amount);
+/** A text in quotes, those within doubled: the empty text and codes made of digits need them. */
+QString TextCell(QString text);
+
+} // namespace saldoro

@@ -1,0 +1,99 @@
+#include "store/suite_tables.h"
+
+#include "store/ledger.h"
+
+#include <initializer_list>
+#include <utility>
+
+namespace saldoro {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/** As the suite's own files are made. */
+constexpr QStringView SuiteLocale = u";LANGID=0x0409;CP=1252;COUNTRY=0";
+constexpr int TextSize = 255;
+
+/** A table of the suite; its text fields accept empty texts. */
+TableDef suiteTable(const QString &name,
+                    std::initializer_list<std::pair<QString, FieldType>> fields)
+{
+    TableDef table(name);
+    for (const auto &[field, type] : fields) {
+        table.appendField(field, type, type == FieldType::Text ? TextSize : 0);
+        table.field(field).allowZeroLength = type == FieldType::Text || type == FieldType::Memo;
+    }
+    return table;
+}
+
+QList<TableDef> contractTables()
+{
+    return {suiteTable(u"SchedaProgetto"_s, {{u"Voce"_s, FieldType::Text},
+                                             {u"Funzione"_s, FieldType::Integer},
+                                             {u"Descri"_s, FieldType::Text},
+                                             {u"Stringa"_s, FieldType::Memo},
+                                             {u"Importo"_s, FieldType::Currency},
+                                             {u"NomeFile"_s, FieldType::Text},
+                                             {u"Link"_s, FieldType::Long}}),
+            suiteTable(u"UltimaPerVariante"_s, {{u"Voce"_s, FieldType::Text},
+                                                {u"Descri"_s, FieldType::Text},
+                                                {u"Importo"_s, FieldType::Currency}})};
+}
+
+QList<TableDef> companiesTables()
+{
+    return {
+        suiteTable(u"Anag"_s, {{u"ID"_s, FieldType::Long},
+                               {u"nominativo"_s, FieldType::Text},
+                               {u"TipImprese"_s, FieldType::Text}}),
+        suiteTable(u"Partecip"_s, {{u"Nord"_s, FieldType::Long}, {u"AnagRel"_s, FieldType::Long}}),
+        suiteTable(u"Manda"_s, {{u"AnagPar"_s, FieldType::Long}, {u"AnagRel"_s, FieldType::Long}})};
+}
+
+} // namespace
+
+QList<TableDef> TablesOf(ArchiveFile file)
+{
+    switch (file) {
+    case ArchiveFile::Codes:
+        return {suiteTable(u"Funzioni"_s, {{u"CodInt"_s, FieldType::Text},
+                                           {u"CodExt"_s, FieldType::Text},
+                                           {u"Desc"_s, FieldType::Text}})};
+    case ArchiveFile::Contract:
+        return contractTables();
+    case ArchiveFile::Companies:
+        return companiesTables();
+    case ArchiveFile::Ledger:
+        break;
+    }
+    return {FattureTable(), SpeseTable()};
+}
+
+Database CreateArchiveFile(const QString &path, ArchiveFile file)
+{
+    Database database = Database::create(path, SuiteLocale.toString());
+    Transaction transaction(database);
+    for (const TableDef &table : TablesOf(file))
+        database.appendTableDef(table);
+    transaction.commit();
+    return database;
+}
+
+QList<CodeMapping> StandardCodes()
+{
+    return {
+        {u"DA1"_s, u"D0101"_s, u"Impresa appaltatrice"_s},
+        {u"P97"_s, u"M0097"_s, u"Mandati di pagamento"_s},
+        {u"QDP"_s, u"Q0100"_s, u"Prospetto delle disponibilità per voce di spesa"_s},
+        {u"P98"_s, u"Q0198"_s, u"Pagamenti precedenti alle imprese"_s},
+        {u"P99"_s, u"Q0199"_s, u"Ultimo pagamento alle imprese"_s},
+        {u"P98P"_s, u"Q0298"_s, u"Pagamenti precedenti ai professionisti"_s},
+        {u"P99P"_s, u"Q0299"_s, u"Ultimo pagamento ai professionisti"_s},
+        {u"QS1A"_s, u"S0101"_s, u"Totale liquidato alle imprese"_s},
+        {u"QS1P"_s, u"S0102"_s, u"Totale liquidato ai professionisti"_s},
+        {u"QS1T"_s, u"S0103"_s, u"Totale liquidato"_s},
+    };
+}
+
+} // namespace saldoro

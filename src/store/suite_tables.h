@@ -1,0 +1,39 @@
+#pragma once
+
+#include "database/database.h"
+#include "database/table_def.h"
+
+#include <QList>
+#include <QString>
+
+namespace saldoro {
+
+/** The databases of a project. */
+enum class ArchiveFile
+{
+    Codes, ///< shared by all projects
+    Contract,
+    Companies,
+    Ledger
+};
+
+/** The tables of a database with the fields that the program relies on. Where the suite has made
+ *  the database its tables may hold more fields, in another order. */
+QList<TableDef> TablesOf(ArchiveFile file);
+
+/** Creates a database with all its tables, empty, under a name of its own. Throws FileExists,
+ *  FileMissing (no such folder), ReadOnly, DiskFull. */
+Database CreateArchiveFile(const QString &path, ArchiveFile file);
+
+/** A row of the code map: the program's own code, the suite's code and its description. */
+struct CodeMapping
+{
+    QString internalCode;
+    QString externalCode;
+    QString description;
+};
+
+/** A code map for where there is no suite: every internal code that the program uses. */
+QList<CodeMapping> StandardCodes();
+
+} // namespace saldoro
