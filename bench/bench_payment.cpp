@@ -6,7 +6,7 @@
 #include "invoice/allocation_block.h"
 #include "invoice/payment_save.h"
 #include "overview/payment_actions.h"
-#include "store/code_lookups.h"
+#include "store/mandate_note.h"
 
 namespace saldoro {
 

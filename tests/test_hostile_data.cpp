@@ -150,8 +150,7 @@ void TestHostileData::endsInAClearError_data()
         "list overview Saldoro.mdb/Spese/////\n"
         "load load Saldoro.mdb/Spese///1//");
     add("L", "ALTER TABLE Fatture DROP COLUMN Memo",
-        "load load Saldoro.mdb/Fatture/Memo//1//\n"
-        "close Saldoro.mdb/Fatture/Memo////");
+        "load load close Saldoro.mdb/Fatture/Memo//1//");
     add("C", "UPDATE UltimaPerVariante SET Importo = 'x' WHERE Voce = 'A1'",
         "overview Appalto.mdb/UltimaPerVariante/Importo/A1//1/");
     add("C", "UPDATE UltimaPerVariante SET Importo = -9223372036854775807 - 1 WHERE Voce = 'A1'",

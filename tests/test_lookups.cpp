@@ -1,6 +1,7 @@
 #include "database_probe.h"
 #include "store/code_lookups.h"
 #include "store/ledger.h"
+#include "store/mandate_note.h"
 #include "test_archive.h"
 
 using namespace saldoro;
@@ -30,6 +31,7 @@ private slots:
     void ledgerIsNotCreatedOverAnother();
     void codesAreMapped();
     void unknownAndNullCodes();
+    void errorsNameCodeAndItem();
     void amountItem();
     void writersUpdateTheFirstMatch();
     void descriptionIsCutAt60();
@@ -122,13 +124,33 @@ void TestLookups::unknownAndNullCodes()
              fault(DatabaseFault::NullValue, "CodExt"));
     QCOMPARE(FaultOf([&] { DescrizioneFunzione(archive.values(), u"N"_s); }),
              fault(DatabaseFault::NullValue, "Desc"));
-    QString report;
-    try {
-        DescrizioneFunzione(archive.values(), u"QDP"_s);
-    } catch (const SaldoroError &error) {
-        report = error.message();
-    }
-    QVERIFY2(report.contains(u"\nCodice: QDP\n"_s), qPrintable(report));
+}
+
+void TestLookups::errorsNameCodeAndItem()
+{
+    const TestArchive archive;
+    const ProgramValues &values = archive.values();
+    const QString tooLong(256, u'x'); // for the suite's column
+    archive.execute(CodesPath(values),
+                    u"PRAGMA ignore_check_constraints = 1; INSERT INTO Funzioni VALUES"
+                    " ('QS1T', 'T3', '"_s +
+                        tooLong + u"')"_s);
+    const auto named = [](const auto &action) {
+        try {
+            action();
+        } catch (const SaldoroError &error) {
+            return error.detail(u"Campo"_s) + u'/' + error.detail(u"Codice"_s) + u'/' +
+                   error.detail(u"Voce"_s);
+        }
+        return u"no error"_s;
+    };
+    QCOMPARE(named([&] { CodiceEsterno(ProgramValues(), u"P97"); }), u"/P97/"_s);
+    QCOMPARE(named([&] { DescrizioneFunzione(values, u"QDP"); }), u"Desc/QDP/"_s);
+    QCOMPARE(named([&] { AggiornaVoceImporto(values, u"QS1A", 0, {}); }), u"CodExt/QS1A/"_s);
+    QCOMPARE(named([&] { AggiornaVoceImporto(values, u"QS1T", 0, {}); }), u"Descri/QS1T/T3"_s);
+    QCOMPARE(named([&] { ScriviVoceFile(values, u"F1"_s, 0, tooLong, u"f"_s); }), u"Descri//F1"_s);
+    QCOMPARE(named([&] { ScriviVoceStringa(values, tooLong, 0, {}, {}); }), u"Voce//"_s + tooLong);
+    QCOMPARE(named([&] { StringaVoceLike(values, u"X_4"_s); }), u"Stringa//X_4"_s);
 }
 
 void TestLookups::amountItem()

@@ -2,9 +2,9 @@
 #include "held_form.h"
 #include "invoice/contractor.h"
 #include "invoice/creditor_lists.h"
-#include "invoice/mandate_note.h"
 #include "invoice/payment_load.h"
 #include "invoice/payment_save.h"
+#include "store/mandate_note.h"
 #include "test_archive.h"
 
 #include <QTest>

@@ -27,7 +27,7 @@ void compose(const TestArchive &archive, ProgramValues &values)
 {
     const Database ledger = Database::open(LedgerPath(archive.values()));
     RecordSet payments = ledger.openRecordSet(u"SELECT * FROM Fatture"_s);
-    ComponiTestoPagamento(payments, values);
+    ComponiTestoPagamento(LedgerPayment(payments), values);
 }
 
 const QString Professional = u"Numero Pagamento ...........: 12\r\n"

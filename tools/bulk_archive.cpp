@@ -2,7 +2,7 @@
 
 #include "bare_file.h"
 #include "common/archive_folders.h"
-#include "store/code_lookups.h"
+#include "store/mandate_note.h"
 
 #include <QDate>
 
@@ -116,7 +116,7 @@ void fillLedger(const ProgramValues &values, const BulkSize &size)
 void fillContract(const ProgramValues &values, const BulkSize &size)
 {
     // Asked for before the file is taken: the key of a note holds the mapped code.
-    const QString keyStart = CodiceEsterno(values, u"P97"_s) + u'_';
+    const QString keyStart = MandateKeyStart(values);
     BareFile file(ContractPath(values));
     file.run("BEGIN IMMEDIATE");
     BareStatement items =
@@ -128,8 +128,8 @@ void fillContract(const ProgramValues &values, const BulkSize &size)
         "INSERT INTO SchedaProgetto (Voce, Funzione, Descri, Stringa) VALUES (?,?,?,?)");
     for (int number = 1; number <= size.mandateNotes; ++number) {
         notes.run(keyStart + QString::number(number), qint64{0},
-                  QStringLiteral("Pag. N.%1 - creditore").arg(number),
-                  QStringLiteral("Mandato nr.%1 del 15/03/2025").arg(1000 + number));
+                  MandateDescription(number, QStringLiteral("creditore")),
+                  ComposeMandateNote(QString::number(1000 + number), QStringLiteral("15/03/2025")));
     }
     file.run("COMMIT");
 }

@@ -6,6 +6,7 @@
 #include "demo_tables.h"
 #include "platform/machine_path.h"
 #include "store/code_lookups.h"
+#include "store/mandate_note.h"
 
 #include <algorithm>
 #include <iterator>
@@ -114,10 +115,9 @@ void addMandates(const ProgramValues &values)
     for (const Demo::Mandate &mandate : Demo::Mandates) {
         // Payments are numbered from 1 without a gap.
         const Demo::Payment &payment = Demo::Payments[mandate.payment - 1];
-        ScriviVoceStringa(
-            values, VoceMandato(values, mandate.payment), 0,
-            u"Pag. N.%1 - %2"_s.arg(QString::number(mandate.payment), payment.creditor),
-            u"Mandato nr.%1 del %2"_s.arg(mandate.number, mandate.day));
+        ScriviVoceStringa(values, VoceMandato(values, mandate.payment), 0,
+                          MandateDescription(mandate.payment, payment.creditor.toString()),
+                          ComposeMandateNote(mandate.number.toString(), mandate.day.toString()));
     }
 }
 

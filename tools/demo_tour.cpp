@@ -12,6 +12,7 @@
 #include "platform/machine_path.h"
 #include "rtf_reader.h"
 #include "store/code_lookups.h"
+#include "store/mandate_note.h"
 
 #include <QAbstractButton>
 #include <QCoreApplication>

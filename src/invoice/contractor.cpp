@@ -4,6 +4,7 @@
 #include "common/errors.h"
 #include "database/database.h"
 #include "store/code_lookups.h"
+#include "store/internal_codes.h"
 
 namespace saldoro {
 
@@ -25,7 +26,7 @@ bool isAssociation(const ProgramValues &values, qint32 companyId)
 Contractor LoadContractor(const ProgramValues &values)
 {
     Contractor contractor;
-    const QString code = CodiceEsterno(values, u"DA1"_s);
+    const QString code = CodiceEsterno(values, InternalCode::Contractor);
     {
         const Database database = Database::open(ContractPath(values));
         RecordSet items = database.openRecordSet(u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s);

@@ -5,8 +5,8 @@
 #include "common/errors.h"
 #include "database/database.h"
 #include "invoice/allocation_block.h"
-#include "invoice/mandate_note.h"
 #include "store/code_lookups.h"
+#include "store/mandate_note.h"
 
 namespace saldoro {
 

@@ -7,10 +7,10 @@
 #include "common/text_cut.h"
 #include "database/database.h"
 #include "invoice/allocation_block.h"
-#include "invoice/mandate_note.h"
 #include "invoice/stored_allocations.h"
 #include "store/code_lookups.h"
 #include "store/ledger.h"
+#include "store/mandate_note.h"
 
 namespace saldoro {
 
@@ -106,9 +106,7 @@ void SavePagamento(ProgramValues &values, qint32 paymentNumber, const PaymentRec
         constexpr qint16 noFunction = 0;
         values.MandateText = ComposeMandateNote(record.mandato, record.mandatoDell);
         ScriviVoceStringa(values, VoceMandato(values, paymentNumber), noFunction,
-                          u"Pag. N."_s + QString::number(paymentNumber) + u" - "_s +
-                              record.creditore,
-                          values.MandateText);
+                          MandateDescription(paymentNumber, record.creditore), values.MandateText);
     });
 }
 

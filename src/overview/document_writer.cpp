@@ -7,6 +7,7 @@
 #include "overview/frm_elab.h"
 #include "overview/payment_statement.h"
 #include "store/code_lookups.h"
+#include "store/internal_codes.h"
 
 #include <array>
 #include <limits>
@@ -25,25 +26,29 @@ constexpr qint16 TotalTag = 0;
 struct Run
 {
     QString sql;
-    QString earlierCode;
-    QString lastCode;
-    QString totalCode;
+    QString creditors;
+    QStringView earlierCode;
+    QStringView lastCode;
+    QStringView totalCode;
 };
 
-QString documentName(const ProgramValues &values, const QString &internalCode)
+QString documentName(const ProgramValues &values, QStringView internalCode)
 {
     return CodiceEsterno(values, internalCode) + u".rtf"_s;
 }
 
-void saveDocument(const ProgramValues &values, const RichTextBox &box, const QString &internalCode)
+void saveDocument(const ProgramValues &values, const RichTextBox &box, QStringView internalCode)
 {
     box.saveFile(ProjectFolder(values) + u'\\' + documentName(values, internalCode));
 }
 
-void registerDocument(const ProgramValues &values, const QString &internalCode)
+void registerDocument(const ProgramValues &values, QStringView internalCode)
 {
-    ScriviVoceFile(values, CodiceEsterno(values, internalCode), RegisterTag,
-                   DescrizioneFunzione(values, internalCode), documentName(values, internalCode));
+    Naming(u"Codice"_s, internalCode.toString(), [&] {
+        ScriviVoceFile(values, CodiceEsterno(values, internalCode), RegisterTag,
+                       DescrizioneFunzione(values, internalCode),
+                       documentName(values, internalCode));
+    });
 }
 
 QString overviewLine(const TextTable &overview, int row)
@@ -59,31 +64,35 @@ QString overviewLine(const TextTable &overview, int row)
 }
 
 /** Number of payments in the set, which the documents count in 16 bits. */
-qint16 paymentCount(RecordSet &fatture)
+qint16 paymentCount(RecordSet &fatture, const QString &creditors)
 {
     fatture.moveLast();
     const int count = fatture.recordCount();
-    if (count > std::numeric_limits<qint16>::max())
-        throw OverflowError(u"I pagamenti di un tipo sono più di 32.767: i documenti non possono "
+    if (count > std::numeric_limits<qint16>::max()) {
+        OverflowError error(u"I pagamenti di un tipo sono più di 32.767: i documenti non possono "
                             "essere scritti."_s,
                             u"Rivolgersi all'assistenza per dividere il registro dei pagamenti."_s);
+        error.addDetail(u"Pagamenti"_s, creditors);
+        throw error;
+    }
     fatture.moveFirst();
     return static_cast<qint16>(count);
 }
 
-void composeStatements(RecordSet &fatture, ProgramValues &values, FrmElab &form)
+void composeStatements(RecordSet &fatture, const QString &creditors, ProgramValues &values,
+                       FrmElab &form)
 {
     if (fatture.isEmpty())
         return;
-    const qint16 count = paymentCount(fatture);
-    const PaymentStatements statements(fatture);
+    const qint16 count = paymentCount(fatture, creditors);
+    const LedgerPayment payment(fatture);
     for (int number = 1; number < count; ++number) {
-        statements.composeCurrent(values);
+        ComponiTestoPagamento(payment, values);
         form.listBox().appendText(u"\r\n"_s);
         form.listBox().appendText(values.TestoPagamento);
         fatture.moveNext();
     }
-    statements.composeCurrent(values);
+    ComponiTestoPagamento(payment, values);
     form.lastPaymentBox().setText(values.TestoPagamento);
 }
 
@@ -93,7 +102,7 @@ void writeRun(ProgramValues &values, FrmElab &form, const Run &run)
     RecordSet fatture = ledger.openRecordSet(run.sql);
     form.listBox().setText(QString());
     values.TotaleLiquidato = Currency();
-    composeStatements(fatture, values, form);
+    composeStatements(fatture, run.creditors, values, form);
     saveDocument(values, form.lastPaymentBox(), run.lastCode);
     saveDocument(values, form.listBox(), run.earlierCode);
     fatture.close();
@@ -112,21 +121,23 @@ void WriteProjectDocuments(ProgramValues &values, const TextTable &overview)
         form.setFontName(u"Courier New"_s);
         form.listBox().appendText(overviewLine(overview, row));
     }
-    saveDocument(values, form.listBox(), u"QDP"_s);
-    registerDocument(values, u"QDP"_s);
+    saveDocument(values, form.listBox(), InternalCode::OverviewDocument);
+    registerDocument(values, InternalCode::OverviewDocument);
     ScriviProspettoRtf(values, form);
 }
 
 void ScriviProspettoRtf(ProgramValues &values, FrmElab &form)
 {
     writeRun(values, form,
-             {u"SELECT * FROM Fatture  WHERE AziProf = 'A' ORDER BY Npag "_s, u"P98"_s, u"P99"_s,
-              u"QS1A"_s});
+             {u"SELECT * FROM Fatture  WHERE AziProf = 'A' ORDER BY Npag "_s, u"alle aziende"_s,
+              InternalCode::EarlierCompanyPayments, InternalCode::LastCompanyPayment,
+              InternalCode::CompanyTotal});
     const Currency companies = values.TotaleLiquidato;
     writeRun(values, form,
-             {u"SELECT * FROM Fatture  WHERE AziProf = 'P' ORDER BY Npag "_s, u"P98P"_s, u"P99P"_s,
-              u"QS1P"_s});
-    AggiornaVoceImporto(values, u"QS1T"_s, TotalTag, companies + values.TotaleLiquidato);
+             {u"SELECT * FROM Fatture  WHERE AziProf = 'P' ORDER BY Npag "_s,
+              u"ai professionisti"_s, InternalCode::EarlierProfessionalPayments,
+              InternalCode::LastProfessionalPayment, InternalCode::ProfessionalTotal});
+    AggiornaVoceImporto(values, InternalCode::Total, TotalTag, companies + values.TotaleLiquidato);
 }
 
 } // namespace saldoro

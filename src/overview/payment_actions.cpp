@@ -4,6 +4,7 @@
 #include "common/errors.h"
 #include "database/database.h"
 #include "store/code_lookups.h"
+#include "store/mandate_note.h"
 
 namespace saldoro {
 

@@ -2,9 +2,9 @@
 
 #include "common/amount_text.h"
 #include "common/archive_folders.h"
-#include "common/creditor_kind.h"
 #include "common/date_text.h"
 #include "common/errors.h"
+#include "store/ledger_payment.h"
 
 namespace saldoro {
 
@@ -12,76 +12,40 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** One payment record after the other; the places of the fields are looked up once. */
-class PaymentRows
+void writeCells(TextTable &payments, int row, const LedgerPayment &payment)
 {
-public:
-    explicit PaymentRows(const RecordSet &fatture)
-        : m_fatture(fatture)
-        , m_kind(fatture.column(u"AziProf"_s))
-        , m_number(fatture.column(u"Npag"_s))
-        , m_creditor(fatture.column(u"Creditore"_s))
-        , m_day(fatture.column(u"Del"_s))
-        , m_amount(fatture.column(u"Importo"_s))
-        , m_vat(fatture.column(u"ImportoIVA"_s))
-        , m_otherAmounts(fatture.column(u"AltriImporti01"_s))
-    {
-    }
+    payments.setText(row, PaymentColumn::Nr,
+                     QString::number(payment.field(PaymentField::Npag).integer()));
+    payments.setText(row, PaymentColumn::Creditore, payment.field(PaymentField::Creditore).text());
+    payments.setText(row, PaymentColumn::Data, FormatData(payment.field(PaymentField::Del).date()));
+    payments.setText(row, PaymentColumn::Importo, FormatImporto(payment.grossAmount()));
+    payments.setText(row, PaymentColumn::Euro, u"€"_s);
+}
 
-    void append(TextTable &payments) const
-    {
-        const int row = payments.rows();
-        payments.setRows(row + 1);
-        payments.setRow(row);
-        try {
-            write(payments, row);
-        } catch (SaldoroError &error) {
-            addPlace(error, row);
-            throw;
-        }
+void addPlace(SaldoroError &error, int row, const LedgerPayment &payment)
+{
+    const QString number = payment.field(PaymentField::Npag).textOrEmpty();
+    if (!number.isEmpty()) {
+        error.addDetail(u"Pagamento"_s, number);
+        return;
     }
+    error.addDetail(u"Pagamento"_s, u"senza numero"_s);
+    error.addDetail(u"Riga"_s, QString::number(row));
+    error.addDetail(u"Creditore"_s, payment.field(PaymentField::Creditore).textOrEmpty());
+}
 
-private:
-    void write(TextTable &payments, int row) const
-    {
-        const auto number = m_fatture.field(m_number).integer();
-        payments.setText(row, PaymentColumn::Nr, QString::number(number));
-        payments.setText(row, PaymentColumn::Creditore, m_fatture.field(m_creditor).text());
-        payments.setText(row, PaymentColumn::Data, FormatData(m_fatture.field(m_day).date()));
-        payments.setText(row, PaymentColumn::Importo, FormatImporto(grossAmount()));
-        payments.setText(row, PaymentColumn::Euro, u"€"_s);
+void appendRow(TextTable &payments, const LedgerPayment &payment)
+{
+    const int row = payments.rows();
+    payments.setRows(row + 1);
+    payments.setRow(row);
+    try {
+        writeCells(payments, row, payment);
+    } catch (SaldoroError &error) {
+        addPlace(error, row, payment);
+        throw;
     }
-
-    Currency grossAmount() const
-    {
-        const Currency gross =
-            m_fatture.field(m_amount).currency() + m_fatture.field(m_vat).currency();
-        if (m_fatture.field(m_kind).textOrEmpty() != KindCode(CreditorKind::Professional))
-            return gross;
-        return gross + m_fatture.field(m_otherAmounts).currencyOrNone().value_or(Currency());
-    }
-
-    void addPlace(SaldoroError &error, int row) const
-    {
-        const QString number = m_fatture.field(m_number).textOrEmpty();
-        if (!number.isEmpty()) {
-            error.addDetail(u"Pagamento"_s, number);
-            return;
-        }
-        error.addDetail(u"Pagamento"_s, u"senza numero"_s);
-        error.addDetail(u"Riga"_s, QString::number(row));
-        error.addDetail(u"Creditore"_s, m_fatture.field(m_creditor).textOrEmpty());
-    }
-
-    const RecordSet &m_fatture;
-    int m_kind;
-    int m_number;
-    int m_creditor;
-    int m_day;
-    int m_amount;
-    int m_vat;
-    int m_otherAmounts;
-};
+}
 
 } // namespace
 
@@ -100,11 +64,9 @@ PaymentsReader::PaymentsReader(const ProgramValues &values)
 void PaymentsReader::fill(TextTable &payments)
 {
     const TextTable::BulkChange change(payments);
-    if (m_fatture.eof())
-        return;
-    const PaymentRows rows(m_fatture);
+    const LedgerPayment payment(m_fatture);
     for (; !m_fatture.eof(); m_fatture.moveNext())
-        rows.append(payments);
+        appendRow(payments, payment);
 }
 
 } // namespace saldoro

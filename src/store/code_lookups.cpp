@@ -32,10 +32,10 @@ struct OpenTable
 };
 
 /** The code map, searched for an internal code; there may be no match. */
-OpenTable findCode(const ProgramValues &values, const QString &internalCode)
+OpenTable findCode(const ProgramValues &values, QStringView internalCode)
 {
     OpenTable codes(Database::open(CodesPath(values)), u"SELECT * FROM Funzioni ORDER BY CodInt"_s);
-    codes.records.findFirst(u"CodInt = '"_s + internalCode + u"'"_s);
+    codes.records.findFirst(u"CodInt = '%1'"_s.arg(internalCode));
     return codes;
 }
 
@@ -74,53 +74,57 @@ struct Item
 void writeItem(const ProgramValues &values, const Item &item, ExistingKey existing,
                std::initializer_list<std::pair<QString, NewValue>> others)
 {
-    // The sheet has a note for every payment: only the items of that code are read and put in
-    // order.
-    const QString criterion = u"Voce = '"_s + item.code + u"'"_s;
-    OpenTable sheet(Database::open(ContractPath(values)),
-                    u"SELECT * FROM SchedaProgetto WHERE "_s + criterion + u" ORDER BY VOCE"_s);
-    sheet.records.findFirst(criterion);
-    const bool isNew = sheet.records.noMatch();
-    if (isNew)
-        sheet.records.addNew();
-    else
-        sheet.records.edit();
-    if (isNew || existing == ExistingKey::Rewrite)
-        sheet.records.set(u"Voce"_s, item.code);
-    sheet.records.set(u"Funzione"_s, qint32{item.tag});
-    sheet.records.set(u"Descri"_s, item.description);
-    for (const auto &[field, value] : others)
-        sheet.records.set(field, value);
-    sheet.records.update();
+    Naming(u"Voce"_s, item.code, [&] {
+        // The sheet has a note for every payment: only the items of that code are read and put in
+        // order.
+        const QString criterion = u"Voce = '"_s + item.code + u"'"_s;
+        OpenTable sheet(Database::open(ContractPath(values)),
+                        u"SELECT * FROM SchedaProgetto WHERE "_s + criterion + u" ORDER BY VOCE"_s);
+        sheet.records.findFirst(criterion);
+        const bool isNew = sheet.records.noMatch();
+        if (isNew)
+            sheet.records.addNew();
+        else
+            sheet.records.edit();
+        if (isNew || existing == ExistingKey::Rewrite)
+            sheet.records.set(u"Voce"_s, item.code);
+        sheet.records.set(u"Funzione"_s, qint32{item.tag});
+        sheet.records.set(u"Descri"_s, item.description);
+        for (const auto &[field, value] : others)
+            sheet.records.set(field, value);
+        sheet.records.update();
+    });
 }
 
 } // namespace
 
-QString CodiceEsterno(const ProgramValues &values, const QString &internalCode)
+QString CodiceEsterno(const ProgramValues &values, QStringView internalCode)
 {
-    return Naming(u"Codice"_s, internalCode, [&] {
+    return Naming(u"Codice"_s, internalCode.toString(), [&] {
         const OpenTable codes = findCode(values, internalCode);
         return codes.records.noMatch() ? QString() : codes.records.field(u"CodExt"_s).text();
     });
 }
 
-QString DescrizioneFunzione(const ProgramValues &values, const QString &internalCode)
+QString DescrizioneFunzione(const ProgramValues &values, QStringView internalCode)
 {
-    return Naming(u"Codice"_s, internalCode,
+    return Naming(u"Codice"_s, internalCode.toString(),
                   [&] { return findCode(values, internalCode).records.field(u"Desc"_s).text(); });
 }
 
-void AggiornaVoceImporto(const ProgramValues &values, const QString &internalCode, qint16 tag,
+void AggiornaVoceImporto(const ProgramValues &values, QStringView internalCode, qint16 tag,
                          Currency amount)
 {
-    const Item item = Naming(u"Codice"_s, internalCode, [&] {
-        const OpenTable codes = findCode(values, internalCode);
-        return Item{codes.records.field(u"CodExt"_s).text(), tag,
-                    codes.records.field(u"Desc"_s).textOrEmpty()};
+    Naming(u"Codice"_s, internalCode.toString(), [&] {
+        const Item item = [&] {
+            const OpenTable codes = findCode(values, internalCode);
+            return Item{codes.records.field(u"CodExt"_s).text(), tag,
+                        codes.records.field(u"Desc"_s).textOrEmpty()};
+        }();
+        // The key of an item that is there already stays in the letter case it was written in.
+        writeItem(values, item, ExistingKey::Keep,
+                  {{u"Stringa"_s, u"€ "_s + FormatImporto(amount)}, {u"Importo"_s, amount}});
     });
-    // The key of an item that is there already stays in the letter case it was written in.
-    writeItem(values, item, ExistingKey::Keep,
-              {{u"Stringa"_s, u"€ "_s + FormatImporto(amount)}, {u"Importo"_s, amount}});
 }
 
 void ScriviVoceFile(const ProgramValues &values, const QString &item, qint16 tag,
@@ -157,11 +161,6 @@ bool EliminaVociLike(const ProgramValues &values, const QString &pattern)
         sheet.records.findNext(likeCriterion(pattern));
     }
     return isAny;
-}
-
-QString VoceMandato(const ProgramValues &values, qint32 paymentNumber)
-{
-    return CodiceEsterno(values, u"P97"_s) + u'_' + QString::number(paymentNumber);
 }
 
 } // namespace saldoro

@@ -10,19 +10,20 @@ namespace saldoro {
 /*
  * Look-ups in the suite's databases. Each routine opens its database, does one job and closes it
  * again; every write is one statement. Throws DatabaseError, NullValue where the code map lacks
- * the text that is asked for.
+ * the text that is asked for; the error names the internal code as detail "Codice", the item or
+ * pattern as "Voce". Internal codes are those of store/internal_codes.h.
  */
 
 /** External code of an internal one, as text; the empty text when the code is not mapped. */
-QString CodiceEsterno(const ProgramValues &values, const QString &internalCode);
+QString CodiceEsterno(const ProgramValues &values, QStringView internalCode);
 
 /** Description of an internal code. A code that is not mapped throws NoCurrentRecord. */
-QString DescrizioneFunzione(const ProgramValues &values, const QString &internalCode);
+QString DescrizioneFunzione(const ProgramValues &values, QStringView internalCode);
 
 /** Writes the amount item that an internal code is mapped to: tag, the code's description, the
  *  amount and its text "€ " + amount. Adds the item when missing. A code that is not mapped throws
  *  NoCurrentRecord. */
-void AggiornaVoceImporto(const ProgramValues &values, const QString &internalCode, qint16 tag,
+void AggiornaVoceImporto(const ProgramValues &values, QStringView internalCode, qint16 tag,
                          Currency amount);
 
 /** Writes the register entry of a file under an item code; adds the item when missing. */
@@ -42,8 +43,5 @@ QString StringaVoceLike(const ProgramValues &values, const QString &pattern);
 
 /** Deletes every item that matches; true when there was one. */
 bool EliminaVociLike(const ProgramValues &values, const QString &pattern);
-
-/** Item code of a payment's mandate note: the external code of "P97", "_" and the number. */
-QString VoceMandato(const ProgramValues &values, qint32 paymentNumber);
 
 } // namespace saldoro

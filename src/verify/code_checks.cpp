@@ -1,6 +1,6 @@
+#include "store/internal_codes.h"
 #include "verify/checks.h"
 
-#include <array>
 #include <map>
 
 namespace saldoro {
@@ -8,32 +8,6 @@ namespace saldoro {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-/** What an internal code is used for. */
-enum class CodeUse
-{
-    Search, ///< key of an item that is looked for
-    Note,   ///< beginning of the keys of the mandate notes, also a pattern
-    File,   ///< key of a document and its file's name
-    Total   ///< key of an amount
-};
-
-struct NeededCode
-{
-    QStringView code;
-    CodeUse use;
-};
-
-constexpr std::array<NeededCode, 10> NeededCodes{{{u"DA1", CodeUse::Search},
-                                                  {u"P97", CodeUse::Note},
-                                                  {u"QDP", CodeUse::File},
-                                                  {u"P98", CodeUse::File},
-                                                  {u"P99", CodeUse::File},
-                                                  {u"P98P", CodeUse::File},
-                                                  {u"P99P", CodeUse::File},
-                                                  {u"QS1A", CodeUse::Total},
-                                                  {u"QS1P", CodeUse::Total},
-                                                  {u"QS1T", CodeUse::Total}}};
 
 void add(const QString &code, const QString &problem, Findings &findings)
 {
@@ -91,7 +65,7 @@ bool containsAny(const QString &text, QStringView characters)
     return false;
 }
 
-void checkSpelling(const NeededCode &needed, const QString &external, Findings &findings)
+void checkSpelling(const UsedCode &needed, const QString &external, Findings &findings)
 {
     const QString code = needed.code.toString();
     if (external.contains(u'\''))
@@ -113,7 +87,7 @@ void checkSpelling(const NeededCode &needed, const QString &external, Findings &
 }
 
 /** The rows of the map for a code that is needed. */
-void checkRows(const NeededCode &needed, const QList<CodeRow> &rows, Findings &findings)
+void checkRows(const UsedCode &needed, const QList<CodeRow> &rows, Findings &findings)
 {
     const QString code = needed.code.toString();
     if (rows.isEmpty()) {
@@ -139,7 +113,7 @@ void checkRows(const NeededCode &needed, const QList<CodeRow> &rows, Findings &f
 void checkShared(const ProjectData &data, Findings &findings)
 {
     std::map<QString, QString> users;
-    for (const NeededCode &needed : NeededCodes) {
+    for (const UsedCode &needed : UsedCodes) {
         const QString code = needed.code.toString();
         const QString external = ExternalCode(data, code).value_or(QString());
         if (external.isEmpty())
@@ -162,7 +136,7 @@ void CheckCodes(const ProjectData &data, Findings &findings)
     std::map<QString, QList<CodeRow>> rows;
     for (const CodeRow &row : *data.codes)
         rows[ComparedCode(row.internalCode)].append(row);
-    for (const NeededCode &needed : NeededCodes)
+    for (const UsedCode &needed : UsedCodes)
         checkRows(needed, rows[ComparedCode(needed.code.toString())], findings);
     checkShared(data, findings);
 }

@@ -1,4 +1,5 @@
 #include "common/date_text.h"
+#include "store/internal_codes.h"
 #include "verify/checks.h"
 
 #include <map>
@@ -120,10 +121,12 @@ void CheckContract(const ProjectData &data, Findings &findings)
 {
     if (!data.sheet)
         return;
-    const QString notes = ExternalCode(data, u"P97"_s).value_or(QString());
+    const QString notes =
+        ExternalCode(data, InternalCode::MandateNotes.toString()).value_or(QString());
     if (!notes.isEmpty())
         checkNotes(data, notes, findings);
-    const QString contractor = ExternalCode(data, u"DA1"_s).value_or(QString());
+    const QString contractor =
+        ExternalCode(data, InternalCode::Contractor.toString()).value_or(QString());
     if (!contractor.isEmpty())
         checkContractor(data, contractor, findings);
 }

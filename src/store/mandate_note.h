@@ -1,10 +1,16 @@
 #pragma once
 
 #include "common/creditor_kind.h"
+#include "common/program_values.h"
 
 #include <QString>
 
 namespace saldoro {
+
+/*
+ * The mandate note of a payment: an item of the contract sheet whose key and description tell the
+ * payment and whose text holds number and date of the mandate.
+ */
 
 /** Number and date of a payment mandate as the form shows them. */
 struct MandateNote
@@ -12,6 +18,15 @@ struct MandateNote
     QString mandato;
     QString mandatoDell;
 };
+
+/** What the keys of all mandate notes begin with: the external code of the notes and "_". */
+QString MandateKeyStart(const ProgramValues &values);
+
+/** Item code of a payment's note: MandateKeyStart() and the number. */
+QString VoceMandato(const ProgramValues &values, qint32 paymentNumber);
+
+/** Description of a payment's note: "Pag. N." number " - " creditor. */
+QString MandateDescription(qint32 paymentNumber, const QString &creditore);
 
 /** "Mandato nr." number " del " date; the date box's text as it stands. */
 QString ComposeMandateNote(const QString &mandato, const QString &mandatoDell);

@@ -1,10 +1,27 @@
-#include "invoice/mandate_note.h"
+#include "store/mandate_note.h"
 
 #include "common/text_cut.h"
+#include "store/code_lookups.h"
+#include "store/internal_codes.h"
 
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
+
+QString MandateKeyStart(const ProgramValues &values)
+{
+    return CodiceEsterno(values, InternalCode::MandateNotes) + u'_';
+}
+
+QString VoceMandato(const ProgramValues &values, qint32 paymentNumber)
+{
+    return MandateKeyStart(values) + QString::number(paymentNumber);
+}
+
+QString MandateDescription(qint32 paymentNumber, const QString &creditore)
+{
+    return u"Pag. N."_s + QString::number(paymentNumber) + u" - "_s + creditore;
+}
 
 QString ComposeMandateNote(const QString &mandato, const QString &mandatoDell)
 {
