@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bare_file.h"
 #include "common/errors.h"
 #include "database/database.h"
 
@@ -7,43 +8,25 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <sqlite3.h>
+#include <stdexcept>
 
 namespace saldoro {
 
-/** A second connection to a file, past the database layer, as another program would have it. */
-class DirectConnection
+/** A second connection to a file, past the database layer, whose errors are texts. */
+class DirectConnection : private BareFile
 {
 public:
-    explicit DirectConnection(const QString &path)
-    {
-        sqlite3_open(path.toUtf8().constData(), &m_handle);
-    }
-    ~DirectConnection() { sqlite3_close(m_handle); }
-    DirectConnection(const DirectConnection &) = delete;
-    DirectConnection &operator=(const DirectConnection &) = delete;
+    using BareFile::BareFile;
 
-    /** Runs @p sql; the rows one a line, cells joined by "|", a null as "-". */
+    /** Runs @p sql; the rows as BareFile gives them, or "error: " and why. */
     QString run(const QString &sql)
     {
-        QStringList rows;
-        const auto collect = [](void *context, int count, char **cells, char ** /*names*/) {
-            QStringList row;
-            for (int column = 0; column < count; ++column)
-                row.append(cells[column] == nullptr ? QStringLiteral("-")
-                                                    : QString::fromUtf8(cells[column]));
-            static_cast<QStringList *>(context)->append(row.join(u'|'));
-            return 0;
-        };
-        char *message = nullptr;
-        if (sqlite3_exec(m_handle, sql.toUtf8().constData(), collect, &rows, &message) != SQLITE_OK)
-            rows.append(QStringLiteral("error: ") + QString::fromUtf8(message));
-        sqlite3_free(message);
-        return rows.join(u'\n');
+        try {
+            return rows(sql);
+        } catch (const std::runtime_error &error) {
+            return QStringLiteral("error: ") + QString::fromUtf8(error.what());
+        }
     }
-
-private:
-    sqlite3 *m_handle = nullptr;
 };
 
 /** A fault with its place, as "4 Tabella.Campo". */

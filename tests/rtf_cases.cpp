@@ -3,12 +3,12 @@
 // with hostile payments goes below FOLDER/archive and is closed once.
 
 #include "archive_builder.h"
+#include "bare_file.h"
 #include "common/amount_text.h"
 #include "common/archive_folders.h"
 #include "controls/rich_text_box.h"
 #include "database/database.h"
 #include "overview/document_writer.h"
-#include "platform/machine_path.h"
 #include "rtf_text.h"
 
 #include <QDir>
@@ -16,7 +16,6 @@
 
 #include <cstdio>
 #include <functional>
-#include <sqlite3.h>
 #include <stdexcept>
 
 using namespace saldoro;
@@ -119,14 +118,7 @@ void insertRows(const QString &archivePath, int count, const std::function<QStri
     for (int number = 1; number <= count; ++number) {
         sql += statement(number);
     }
-    sqlite3 *file = nullptr;
-    sqlite3_open(MachinePath(archivePath).toUtf8().constData(), &file);
-    const int result =
-        sqlite3_exec(file, (sql + u"COMMIT"_s).toUtf8().constData(), nullptr, nullptr, nullptr);
-    sqlite3_close(file);
-    if (result != SQLITE_OK) {
-        throw std::runtime_error("the rows of " + archivePath.toStdString());
-    }
+    BareFile(archivePath).rows(sql + u"COMMIT"_s);
 }
 
 /** The overview's table, with the budget in all three columns of amounts. */

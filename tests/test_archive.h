@@ -19,9 +19,7 @@ public:
     ArchiveBuilder &build() { return m_builder; }
     const ProgramValues &values() const { return m_builder.values(); }
 
-    /** Rows of @p sql on an archive path, one a line, cells joined by "|"; a null reads "-", a
-     *  currency value its count of ten-thousandths, a date as stored. Read with the engine's own
-     *  calls, past the database layer. */
+    /** Rows of @p sql on an archive path, as BareFile gives them: past the database layer. */
     QString rows(const QString &archivePath, const QString &sql) const;
     QString ledgerRows(const QString &sql) const { return rows(LedgerPath(values()), sql); }
     QString contractRows(const QString &sql) const { return rows(ContractPath(values()), sql); }

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QOperatingSystemVersion>
 
+#include <sqlite3.h>
 #include <thread>
 
 using namespace saldoro;

@@ -2,6 +2,8 @@
 
 #include "platform/machine_path.h"
 
+#include <QStringList>
+
 #include <sqlite3.h>
 #include <stdexcept>
 
@@ -93,6 +95,23 @@ BareFile::BareFile(const QString &archivePath, Durability durability)
     if (code != SQLITE_OK)
         throw std::runtime_error(sqlite3_errmsg(file));
     run(durability == Durability::Full ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = OFF");
+}
+
+QString BareFile::rows(const QString &sql)
+{
+    QStringList lines;
+    const auto collect = [](void *context, int count, char **cells, char ** /*names*/) {
+        QStringList row;
+        for (int column = 0; column < count; ++column)
+            row +=
+                cells[column] == nullptr ? QStringLiteral("-") : QString::fromUtf8(cells[column]);
+        *static_cast<QStringList *>(context) += row.join(u'|');
+        return 0;
+    };
+    if (sqlite3_exec(m_file.get(), sql.toUtf8().constData(), collect, &lines, nullptr) != SQLITE_OK)
+        throw std::runtime_error((sql + QStringLiteral(": ")).toStdString() +
+                                 sqlite3_errmsg(m_file.get()));
+    return lines.join(u'\n');
 }
 
 qint64 BareFile::lastRowId() const

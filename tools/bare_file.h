@@ -52,13 +52,17 @@ private:
     std::unique_ptr<sqlite3_stmt, Closer> m_statement;
 };
 
-/** One connection to a database file with nothing but the engine's own calls. */
+/** One connection to a database file with nothing but the engine's own calls, as another program
+ *  would have it: the only way past the database layer for tests, benchmarks and tools. */
 class BareFile
 {
 public:
     /** @p archivePath is an archive path (backslashes). Throws std::runtime_error. */
     explicit BareFile(const QString &archivePath, Durability durability = Durability::Full);
 
+    /** Runs @p sql, one statement or several; gives the rows one a line, cells joined by "|": a
+     * null reads "-", a currency value its count of ten-thousandths, a date as stored. */
+    QString rows(const QString &sql);
     BareStatement prepare(const char *sql) { return {m_file.get(), sql}; }
     void run(const char *sql) { prepare(sql).run(); }
     qint64 readAll(const char *sql) { return prepare(sql).readAll(); }
