@@ -1,10 +1,12 @@
 #include "archive_state.h"
 
+#include "bare_file.h"
 #include "database/database.h"
 #include "platform/machine_path.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <stdexcept>
 
@@ -19,24 +21,6 @@ QDir projectDir(const ProgramValues &values)
     return QDir(MachinePath(ProjectFolder(values)));
 }
 
-QDir tablesDir(const ProgramValues &values)
-{
-    return QDir(MachinePath(values.ArchiveRoot + ArchiveFolders::Tabelle.toString()));
-}
-
-QMap<QString, QByteArray> documentsOf(const ProgramValues &values)
-{
-    QMap<QString, QByteArray> documents;
-    const QDir folder = projectDir(values);
-    for (const QString &name : folder.entryList({u"*.rtf"_s}, QDir::Files)) {
-        QFile file(folder.filePath(name));
-        if (!file.open(QIODevice::ReadOnly))
-            throw std::runtime_error("cannot read " + file.fileName().toStdString());
-        documents.insert(name, file.readAll());
-    }
-    return documents;
-}
-
 void copyFolder(const QDir &from, const QDir &to)
 {
     const QStringList kinds = {u"*.mdb"_s, u"*.mdb-journal"_s, u"*.rtf"_s};
@@ -48,90 +32,91 @@ void copyFolder(const QDir &from, const QDir &to)
     }
 }
 
-template <class Map>
-void addDifference(QStringList &lines, const Map &found, const Map &expected)
-{
-    for (const auto &key : (found.keys() + expected.keys())) {
-        if (found.value(key) == expected.value(key))
-            continue;
-        const auto shown = [&key](const Map &map) {
-            return map.contains(key) ? QString(map.value(key)).left(4000) : u"(none)"_s;
-        };
-        lines += key + u": found "_s + shown(found) + u"\n    expected "_s + shown(expected);
-    }
-    lines.removeDuplicates();
-}
-
 } // namespace
 
 ArchiveState ReadState(const TestArchive &archive)
 {
     ArchiveState state;
-    state.payments = archive.ledgerRows(u"SELECT * FROM Fatture ORDER BY rowid"_s);
-    state.allocations = archive.ledgerRows(u"SELECT * FROM Spese ORDER BY rowid"_s);
     const QString items = archive.contractRows(u"SELECT * FROM SchedaProgetto ORDER BY rowid"_s);
     for (const QString &row : items.split(u'\n', Qt::SkipEmptyParts))
-        state.items.insert(row.section(u'|', 0, 0), row);
-    state.documents = documentsOf(archive.values());
-    return state;
-}
-
-QStringList DatabaseFaults(const ProgramValues &values)
-{
-    QStringList faults;
-    for (const QString &path :
-         {LedgerPath(values), ContractPath(values), CompaniesPath(values), CodesPath(values)}) {
-        for (const QString &fault : Database::open(path).integrityReport())
-            faults += path + u": "_s + fault;
+        state[row.section(u'|', 0, 0)] += row;
+    if (ArchivePathExists(LedgerPath(archive.values()))) {
+        state[u"tabelle"_s] = archive.ledgerRows(u"SELECT name FROM sqlite_master"_s);
+        for (const QString &table : state[u"tabelle"_s].split(u'\n', Qt::SkipEmptyParts))
+            state[table] =
+                archive.ledgerRows(u"SELECT * FROM %1 ORDER BY rowid"_s.arg(table)) + u'\n';
     }
-    return faults;
+    const QDir folder = projectDir(archive.values());
+    for (const QString &name : folder.entryList({u"*.rtf"_s}, QDir::Files)) {
+        QFile file(folder.filePath(name));
+        if (!file.open(QIODevice::ReadOnly))
+            throw std::runtime_error("cannot read " + file.fileName().toStdString());
+        state[name] = QString::fromLatin1(file.readAll());
+    }
+    return state;
 }
 
 QString Difference(const ArchiveState &found, const ArchiveState &expected)
 {
     QStringList lines;
-    if (found.payments != expected.payments)
-        lines += u"Fatture: found\n"_s + found.payments + u"\n    expected\n"_s + expected.payments;
-    if (found.allocations != expected.allocations)
-        lines +=
-            u"Spese: found\n"_s + found.allocations + u"\n    expected\n"_s + expected.allocations;
-    addDifference(lines, found.items, expected.items);
-    addDifference(lines, found.documents, expected.documents);
+    for (const QString &key : found.keys() + expected.keys()) {
+        if (found.value(key) != expected.value(key))
+            lines += key + u": found\n"_s + found.value(key, u"(none)"_s).left(4000) +
+                     u"\n    expected\n"_s + expected.value(key, u"(none)"_s).left(4000);
+    }
+    lines.removeDuplicates();
     return lines.join(u'\n');
+}
+
+QString DatabaseFaults(const ProgramValues &values)
+{
+    QString faults;
+    for (const QString &path :
+         {LedgerPath(values), ContractPath(values), CompaniesPath(values), CodesPath(values)}) {
+        if (QFileInfo(MachinePath(path)).size() == 0)
+            continue;
+        Database::open(path).close();
+        const QString report = BareFile(path).rows(u"PRAGMA integrity_check"_s);
+        if (report != "ok"_L1)
+            faults += path + u": "_s + report + u'\n';
+    }
+    return faults;
 }
 
 void CopyProject(const ProgramValues &from, const ProgramValues &to)
 {
+    const auto tables = [](const ProgramValues &values) {
+        return QDir(MachinePath(values.ArchiveRoot + ArchiveFolders::Tabelle.toString()));
+    };
     copyFolder(projectDir(from), projectDir(to));
-    copyFolder(tablesDir(from), tablesDir(to));
+    copyFolder(tables(from), tables(to));
 }
 
-void FillProject(TestArchive &archive, int payments)
+void FillProject(TestArchive &archive)
 {
-    ArchiveBuilder &build = archive.build();
-    build.addStandardCodes();
+    archive.build().addStandardCodes();
+    QString contract =
+        u"INSERT INTO SchedaProgetto(Voce, Stringa, Link) VALUES('D0101', 'Édil D''Arco', 7);"_s;
     for (int item = 1; item <= 12; ++item)
-        build.addBudgetItem(u"A%1"_s.arg(item), u"Voce di spesa numero %1 à è"_s.arg(item),
-                            Currency::fromWhole(qint64{10000} * item));
-    build.addSheetItem({{u"Voce"_s, u"D0101"_s}, {u"Stringa"_s, u"Édil D'Arco"_s}, {u"Link"_s, 7}});
-    build.addCompany(7, u"Édil D'Arco"_s, u"ATI"_s);
-    build.addParticipant(1, 7);
-    for (int number = 1; number <= payments; ++number) {
-        FieldList fields = {{u"AziProf"_s, number % 2 ? u"A"_s : u"P"_s},
-                            {u"Npag"_s, number},
-                            {u"Creditore"_s, u"Creditore %1"_s.arg(number)},
-                            {u"Del"_s, QDate(2021, number % 12 + 1, 7)}};
-        for (const QString &column :
-             {u"Aliquota"_s, u"Importo"_s, u"ImportoIVA"_s, u"AliquotaRA"_s, u"ImportoPrest"_s,
-              u"Contributo"_s, u"CassaPrev"_s, u"ImportoRA"_s, u"AltriImporti01"_s})
-            fields.append({column, Currency::fromWhole(number)});
-        build.addPayment(fields);
+        contract += u"INSERT INTO UltimaPerVariante(Voce, Descri, Importo) VALUES('A%1', "
+                    "'Voce di spesa numero %1 à è', %1 * 10000);"_s.arg(item);
+    QString ledger;
+    for (int number = 1; number <= 3; ++number) {
+        contract += u"INSERT INTO SchedaProgetto(Voce, Stringa) VALUES('M0097_%1', 'Mandato nr.5 "
+                    "del 01/02/2021');"_s.arg(number);
+        ledger += u"INSERT INTO Fatture SELECT iif(%1 = 2, 'P', 'A'), %1, 'Creditore %1', NULL, "
+                  "'2021-0%1-07', NULL, NULL, %1, %1, %1, %1, %1, %1, %1, %1, %1;"_s.arg(number);
         for (int item = 1; item <= 4; ++item)
-            build.addAllocation(number, u"A%1"_s.arg(item), u"Voce di spesa"_s,
-                                Currency::fromWhole(qint64{10} * item + number));
-        build.addSheetItem({{u"Voce"_s, u"M0097_%1"_s.arg(number)},
-                            {u"Stringa"_s, u"Mandato nr.5 del 01/02/2021"_s}});
+            ledger +=
+                u"INSERT INTO Spese VALUES(%1, 'A%2', 'Voce di spesa', %1 * 10000 + %2 * 100);"_s
+                    .arg(number)
+                    .arg(item);
     }
+    archive.execute(ContractPath(archive.values()), contract);
+    archive.execute(CompaniesPath(archive.values()),
+                    u"INSERT INTO Anag VALUES(7, 'Édil D''Arco', 'ATI'); "
+                    "INSERT INTO Partecip VALUES(1, 7)"_s);
+    archive.execute(LedgerPath(archive.values()), ledger);
 }
 
 } // namespace saldoro

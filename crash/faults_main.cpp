@@ -1,7 +1,8 @@
-// Lets the disk, its rights and other programs get in the way of every write, and looks at what the
-// program reports and leaves: saldoro_faults
+// Lets every call of the system that changes a file fail or kill the program, and other programs
+// and rights get in its way; looks at what it reports and leaves: saldoro_faults
 
-#include "storage_faults.h"
+#include "common/message_box.h"
+#include "faults.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -11,17 +12,23 @@
 
 int main(int argc, char *argv[])
 {
+    using namespace saldoro;
     // Nothing here depends on a real disk.
     if (QDir(QStringLiteral("/dev/shm")).exists())
         qputenv("TMPDIR", "/dev/shm");
     const QCoreApplication application(argc, argv);
-    try {
-        const int calls = saldoro::TryStorageFaults();
-        const int others = saldoro::TrySystemFaults();
-        std::printf("faults: %d failing calls and %d other faults: nothing lost\n", calls, others);
-    } catch (const std::exception &error) {
-        std::printf("faults: FAILED: %s\n", error.what());
-        return 1;
+    ReplaceMessageBoxes([](MessageKind, const QString &) { return MessageAnswer::Yes; });
+    int faults = 0;
+    for (const Work &work : AllWorks()) {
+        try {
+            FaultTrial trial(work);
+            faults += TryCallFaults(trial);
+            faults += TrySystemFaults(trial);
+        } catch (const std::exception &error) {
+            std::printf("faults: FAILED: %s: %s\n", qPrintable(work.name), error.what());
+            return 1;
+        }
     }
+    std::printf("faults: %d: nothing lost\n", faults);
     return 0;
 }
