@@ -40,7 +40,7 @@ int startProgram(int argc, char **argv, const QString &project)
     ProgramValues values;
     FormWiring forms(values);
     StartUp startUp(values, u"TUSMQDE7W"_s + project, [&forms] { forms.showMainForm(); });
-    return application.run([&startUp] { return startUp.run() == StartUpOutcome::MainFormShown; });
+    return application.run([&startUp] { return startUp.run(); });
 }
 
 int startBare(int argc, char **argv, const QString &project)

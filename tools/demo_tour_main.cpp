@@ -50,7 +50,7 @@ int main(int argc, char *argv[])
     const QString pictures = QString::fromLocal8Bit(argv[2]);
     // The tour is over when it returns: there is no loop to be entered.
     return application.run([&] {
-        if (startUp.run() == StartUpOutcome::MainFormShown) {
+        if (startUp.run()) {
             DemoTour(values, forms, pictures).run();
         }
         return false;

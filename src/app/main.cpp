@@ -1,6 +1,7 @@
 #include "app/application.h"
 #include "app/form_wiring.h"
 #include "app/start_up.h"
+#include "app/update_manifest.h"
 #include "common/program_values.h"
 #include "platform/process.h"
 
@@ -28,16 +29,19 @@ int main(int argc, char *argv[])
     // The toolkit gets the program's name alone: the whole tail belongs to the start-up sequence.
     std::array<char *, 2> programOnly = {argv[0], nullptr};
     int programOnlyCount = 1;
+    const QString tail = saldoro::CommandLineTail(argc, argv);
+    if (saldoro::AsksForManifest(tail)) {
+        const QCoreApplication application(programOnlyCount, programOnly.data());
+        return saldoro::RunForManifest();
+    }
     saldoro::Application application(programOnlyCount, programOnly.data());
     QGuiApplication::setDesktopFileName(u"saldoro"_s);
     QGuiApplication::setWindowIcon(windowIcon());
 
     saldoro::ProgramValues values;
     saldoro::FormWiring forms(values);
-    saldoro::StartUp startUp(values, saldoro::CommandLineTail(argc, argv),
-                             [&forms] { forms.showMainForm(); });
+    saldoro::StartUp startUp(values, tail, [&forms] { forms.showMainForm(); });
     QObject::connect(&forms, &saldoro::FormWiring::lastFormClosed, &application,
                      [] { QCoreApplication::exit(0); });
-    return application.run(
-        [&startUp] { return startUp.run() == saldoro::StartUpOutcome::MainFormShown; });
+    return application.run([&startUp] { return startUp.run(); });
 }

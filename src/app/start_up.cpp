@@ -1,7 +1,6 @@
 #include "app/start_up.h"
 
 #include "app/install_settings.h"
-#include "app/update_manifest.h"
 #include "app/updater.h"
 #include "common/archive_folders.h"
 #include "common/number_text.h"
@@ -45,21 +44,17 @@ StartUp::StartUp(ProgramValues &values, QString tail, std::function<void()> show
 {
 }
 
-StartUpOutcome StartUp::run()
+bool StartUp::run()
 {
     InitInstallSettings(m_values);
-    if (m_tail.compare(QStringView(u"/INI"), Qt::CaseInsensitive) == 0) {
-        WriteUpdateManifest();
-        return StartUpOutcome::ManifestWritten;
-    }
     if (updateIsWaiting()) {
         RunUpdater(m_values);
-        return StartUpOutcome::UpdaterCalled;
+        return false;
     }
     m_values.ProjectCode = ProjectCodeFromTail(m_tail);
     createLedgerIfMissing();
     m_showMainForm();
-    return StartUpOutcome::MainFormShown;
+    return true;
 }
 
 /** Builds are compared as numbers: 9999 is older than 10167. */

@@ -1,8 +1,11 @@
 #include "app/update_manifest.h"
 
+#include "app/application.h"
+#include "app/error_report.h"
 #include "app/install_settings.h"
 #include "common/date_text.h"
 #include "common/errors.h"
+#include "platform/console.h"
 #include "platform/machine_path.h"
 #include "platform/process.h"
 
@@ -64,6 +67,22 @@ void WriteUpdateManifest()
                         u"Non è possibile scrivere il file di aggiornamento."_s,
                         u"Avviare il programma da una cartella in cui si può "
                         "scrivere."_s);
+}
+
+bool AsksForManifest(const QString &tail)
+{
+    return tail.compare(QStringView(u"/INI"), Qt::CaseInsensitive) == 0;
+}
+
+int RunForManifest()
+{
+    try {
+        WriteUpdateManifest();
+    } catch (const std::exception &error) {
+        PrintError(ErrorReport(error) + u'\n');
+        return Application::ErrorStatus;
+    }
+    return 0;
 }
 
 } // namespace saldoro

@@ -25,4 +25,12 @@ QString ManifestText(const ManifestFacts &facts);
  *  place of one that is there. Throws FileError when it can't be written. */
 void WriteUpdateManifest();
 
+/** Whether the command line behind the program's name asks for the manifest and nothing else:
+ *  "/INI", in any letter case. */
+bool AsksForManifest(const QString &tail);
+
+/** The whole run that writes the manifest; it needs no display, settings or project. An error is
+ *  said on the standard error stream. Returns the program's exit status. */
+int RunForManifest();
+
 } // namespace saldoro
