@@ -36,7 +36,7 @@ public:
     {
         QString result;
         for (int left = 1 + below(most); left > 0; --left)
-            result += QChar(u'0' + static_cast<char16_t>(below(10)));
+            result += QString::number(below(10));
         return result;
     }
 
@@ -61,14 +61,13 @@ inline void RequireSame(const QString &input, const QString &program, const QStr
 
 /** One case each; a difference is a std::runtime_error. */
 void FuzzNumber(Random &random);    ///< LeadingNumber
-void FuzzAmount(Random &random);    ///< ImportoDaTesto, FormatImporto, PuntoDecimale
+void FuzzAmount(Random &random);    ///< ImportoDaTesto, FormatImporto
 void FuzzLike(Random &random);      ///< LikePattern
 void FuzzCriterion(Random &random); ///< ParseCriterion
 void FuzzFind(Random &random);      ///< finds and queries on a table, between changes of it
 void FuzzSql(Random &random);       ///< EngineQueryFor
 void FuzzDate(Random &random);      ///< DataDaTesto, FormatData
 void FuzzDateBox(Random &random);   ///< DateBox by keys
-void FuzzIni(Random &random);       ///< ReadIniString
 void FuzzRtf(Random &random);       ///< WriteRtf
 
 } // namespace saldoro
