@@ -1,6 +1,11 @@
 #pragma once
 
-#include <QString>
+#include "platform/registry.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
 
 namespace saldoro {
 
@@ -9,14 +14,33 @@ namespace saldoro {
 class ArchiveSetting
 {
 public:
-    explicit ArchiveSetting(const QString &root);
-    ~ArchiveSetting();
+    explicit ArchiveSetting(const QString &root)
+        : m_before(ReadRegistryValue(RegistryRoot::CurrentUser, m_key, m_name).value_or(QString()))
+    {
+        write(root);
+    }
+    ~ArchiveSetting() { write(m_before); }
     Q_DISABLE_COPY_MOVE(ArchiveSetting)
 
 private:
-    static void write(const QString &root);
+    void write(const QString &root) const
+    {
+        const QString path = RegistryFilePath();
+        if (path.isEmpty()) { // there is a registry
+            QSettings(QStringLiteral("HKEY_CURRENT_USER\\") + m_key, QSettings::NativeFormat)
+                .setValue(m_name, root);
+            return;
+        }
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly))
+            qFatal("settings file not writable");
+        file.write(QStringLiteral("[%1]\n%2=\"%3\"\n").arg(m_key, m_name, root).toUtf8());
+    }
 
-    QString m_before;
+    const QString m_key = QStringLiteral("Software\\Dornvale\\ZELT");
+    const QString m_name = QStringLiteral("drivers");
+    const QString m_before;
 };
 
 } // namespace saldoro
