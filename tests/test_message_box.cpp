@@ -46,14 +46,13 @@ private slots:
             auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
             look = lookOf(*box);
             shown = box->windowTitle() + u'|' + box->text();
-            if (box->textFormat() == Qt::PlainText && box->windowFlags() & Qt::WindowStaysOnTopHint)
-                QTest::keyClick(box, key);
-            else
-                box->reject();
+            shown += box->textFormat() == Qt::PlainText ? u"|plain"_s : u"|formatted"_s;
+            shown += box->windowFlags() & Qt::WindowStaysOnTopHint ? u"|on top"_s : u"|below"_s;
+            QTest::keyClick(box, key);
         });
         const MessageAnswer answer = ShowMessage(kind, text);
         QTEST(look, "look");
-        QCOMPARE(shown, u"Prova|"_s + text);
+        QCOMPARE(shown, u"Prova|%1|plain|on top"_s.arg(text));
         QTEST(answer, "answer");
     }
 
