@@ -1,11 +1,17 @@
 #pragma once
 
-#include "common/program_values.h"
+#include "bare_file.h"
+#include "common/archive_folders.h"
 
 namespace saldoro {
 
 /** Reads what the main screen stands on with bare calls: payments, cost items, allocations. The
  *  result only proves that it was read. */
-qint64 ReadMainScreenRows(const ProgramValues &values);
+inline qint64 ReadMainScreenRows(const ProgramValues &values)
+{
+    qint64 sum = BareFile(LedgerPath(values)).readAll("SELECT * FROM Fatture ORDER BY Npag ");
+    sum += BareFile(ContractPath(values)).readAll("SELECT * FROM UltimaPerVariante ORDER BY Voce");
+    return sum + BareFile(LedgerPath(values)).readAll("SELECT * FROM Spese");
+}
 
 } // namespace saldoro

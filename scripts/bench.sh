@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Measures the program beside its floor, the same rows and bytes with bare calls, in one run:
-# start-up, load, save, deletion and closing with 100 to 30,000 payments. Installs what is missing,
-# builds, and prints a table of medians, which is also left in build/bench/table.md.
+# start-up, load, save, deletion and closing with 10,000 and 30,000 payments. Installs what is
+# missing, builds, and prints a table of medians, which is also left in build/bench/table.md.
 #
 #   scripts/bench.sh [--check] [TASK...]
 #

@@ -25,17 +25,12 @@ step 'toolkit'
 scripts/windows-toolkit.sh "$toolkit"
 export SALDORO_WINDOWS_TOOLKIT=$toolkit/qt
 
-launcher=()
-if command -v ccache >/dev/null; then
-    launcher=(-DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-fi
-
 step 'configure and build'
 cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
     -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/windows-toolchain.cmake" \
     -DCMAKE_PREFIX_PATH="$toolkit/qt" -DQT_HOST_PATH=/usr \
     -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake \
-    -DCMAKE_CROSSCOMPILING_EMULATOR="$(command -v wine)" "${launcher[@]}" -Wno-dev
+    -DCMAKE_CROSSCOMPILING_EMULATOR="$(command -v wine)" -Wno-dev
 cmake --build "$build"
 
 step 'only system libraries are needed'
@@ -59,7 +54,7 @@ makensis -V2 "$build/installer.nsi"
 ls -l "$build"/Saldoro-*.zip "$build"/Saldoro-*.exe
 
 step 'the whole program, beside the Linux one'
-cmake --preset release "${launcher[@]}"
+cmake --preset release
 cmake --build --preset release --target Saldoro saldoro_demo_archive
 scripts/wine-check.sh "$build" build/release
 

@@ -7,7 +7,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
 . scripts/steps.sh
-need_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${COVERAGE_PACKAGES[@]}"
+need_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${ALL_TEST_PACKAGES[@]}" \
+    "${COVERAGE_PACKAGES[@]}"
 configure coverage
 cmake --build --preset coverage
 find build/coverage -name '*.gcda' -delete

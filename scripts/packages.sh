@@ -5,10 +5,10 @@
 BUILD_PACKAGES=(build-essential cmake ninja-build qt6-base-dev qt6-base-dev-tools libsqlite3-dev
     fonts-dejavu-core)
 TRANSLATION_PACKAGES=(qt6-translations-l10n)
-TEST_PACKAGES=(git clang-format clang-tidy libreoffice-writer-nogui pandoc python3 imagemagick)
+TEST_PACKAGES=(git clang-format python3 imagemagick)
+ALL_TEST_PACKAGES=(clang-tidy libreoffice-writer-nogui pandoc)
 BENCH_PACKAGES=(libbenchmark-dev python3)
 COVERAGE_PACKAGES=(gcovr)
-VALGRIND_PACKAGES=(valgrind)
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix "${TRANSLATION_PACKAGES[@]}" dpkg-dev tcl perl wine
     wine64 nsis pandoc fonts-dejavu-core xvfb openbox xdotool x11-utils imagemagick sqlite3)
 ICON_PACKAGES=(librsvg2-bin imagemagick)
