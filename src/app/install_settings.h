@@ -1,14 +1,11 @@
 #pragma once
 
-#include "common/program_values.h"
+#include "common/archive_folders.h"
 #include "platform/program_version.h"
 
 #include <QString>
 
 namespace saldoro {
-
-/** The key of the suite's settings, below the current user's root. */
-inline constexpr QStringView SettingsKey = u"Software\\Dornvale\\ZELT";
 
 /** The build text of a version: major and minor as they are, then the last three digits of the
  *  revision, padded with zeros. 1.0.167 gives 10167. */

@@ -9,6 +9,7 @@
 #include "database/table_sql.h"
 #include "platform/machine_path.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -195,6 +196,25 @@ void Database::backUpTo(const QString &path) const
     } catch (...) {
         QFile::remove(path); // nothing but the copy that did not succeed
         throw;
+    }
+}
+
+QString Database::backUpBeside() const
+{
+    QString beginning = path();
+    if (beginning.endsWith(u".mdb", Qt::CaseInsensitive))
+        beginning.chop(4);
+    beginning += u" copia "_s + QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss"_s);
+    constexpr int MostTries = 100;
+    for (int attempt = 1;; ++attempt) {
+        QString copy = beginning + (attempt == 1 ? QString() : u" (%1)"_s.arg(attempt)) + u".mdb"_s;
+        try {
+            backUpTo(copy);
+            return copy;
+        } catch (const DatabaseError &error) {
+            if (error.fault() != DatabaseFault::FileExists || attempt == MostTries)
+                throw;
+        }
     }
 }
 

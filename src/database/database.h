@@ -81,6 +81,10 @@ public:
      *  ReadOnly, DiskFull; a copy that fails is taken away again. */
     void backUpTo(const QString &path) const;
 
+    /** As backUpTo(), beside the file under a name with date and time that no file has yet:
+     *  "Saldoro copia 2026-03-31 10.15.00.mdb". Gives the copy's path. */
+    QString backUpBeside() const;
+
     /** Waits @p milliseconds for a locked file from now on, instead of LockWaitMilliseconds. */
     void setLockWait(int milliseconds);
 

@@ -4,6 +4,8 @@
 
 #ifdef Q_OS_WIN
 #include <windows.h>
+#else
+#include <unistd.h>
 #endif
 
 namespace saldoro {
@@ -52,6 +54,16 @@ void PrintError(const QString &text)
         return;
 #endif
     print(stderr, text);
+}
+
+bool IsErrorTerminal()
+{
+#ifdef Q_OS_WIN
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+#else
+    return isatty(STDERR_FILENO) != 0;
+#endif
 }
 
 } // namespace saldoro

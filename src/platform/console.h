@@ -9,4 +9,7 @@ namespace saldoro {
 void PrintOut(const QString &text);
 void PrintError(const QString &text);
 
+/** Whether the standard error stream goes to a terminal. */
+bool IsErrorTerminal();
+
 } // namespace saldoro

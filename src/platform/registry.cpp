@@ -1,13 +1,19 @@
 #include "platform/registry.h"
 
 #include "platform/ini_file.h"
+#include "platform/legacy_text.h"
 
 #ifdef Q_OS_WIN
 #include <QByteArray>
+#include <QSettings>
 
 #include <windows.h>
 #else
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSaveFile>
 
 #include <array>
 #include <utility>
@@ -59,6 +65,14 @@ std::optional<QString> ReadRegistryValue(RegistryRoot root, const QString &keyPa
     return value;
 }
 
+bool AddRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)
+{
+    QSettings settings(u"HKEY_CURRENT_USER\\"_s + keyPath, QSettings::NativeFormat);
+    settings.setValue(valueName, text);
+    settings.sync();
+    return settings.status() == QSettings::NoError;
+}
+
 QString RegistryFilePath()
 {
     return {};
@@ -102,6 +116,31 @@ std::optional<QString> ReadRegistryValue(RegistryRoot /*root*/, const QString &k
     if (typed.type != RegistryType::String)
         return std::nullopt;
     return TrimAtNul(typed.text);
+}
+
+bool AddRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)
+{
+    const QString path = RegistryFilePath();
+    QFile present(path);
+    QString content;
+    if (present.open(QIODevice::ReadOnly))
+        content = TextOfStoredBytes(present.readAll());
+    if (!content.isEmpty() && !content.endsWith(u'\n'))
+        content += u'\n';
+    // Of two sections of the same name only the first is looked at.
+    const QRegularExpression section(u"^[ \\t]*\\[[ \\t]*"_s + QRegularExpression::escape(keyPath) +
+                                         u"[ \\t]*\\][^\\r\\n]*[\\r\\n]+"_s,
+                                     QRegularExpression::MultilineOption |
+                                         QRegularExpression::CaseInsensitiveOption);
+    qsizetype place = section.match(content).capturedEnd();
+    if (place < 0) {
+        content += u'[' + keyPath + u"]\n"_s;
+        place = content.size();
+    }
+    content.insert(place, valueName + u"=\""_s + text + u"\"\n"_s);
+    QSaveFile file(path);
+    return QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) &&
+           file.write(content.toUtf8()) >= 0 && file.commit();
 }
 
 QString RegistryFilePath()

@@ -70,12 +70,15 @@ QList<TableDef> TablesOf(ArchiveFile file)
     return {FattureTable(), SpeseTable()};
 }
 
-Database CreateArchiveFile(const QString &path, ArchiveFile file)
+Database CreateArchiveFile(const QString &path, ArchiveFile file,
+                           const std::function<void(Database &)> &fill)
 {
     Database database = Database::create(path, SuiteLocale.toString());
     Transaction transaction(database);
     for (const TableDef &table : TablesOf(file))
         database.appendTableDef(table);
+    if (fill)
+        fill(database);
     transaction.commit();
     return database;
 }

@@ -6,6 +6,8 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
+
 namespace saldoro {
 
 /** The databases of a project. */
@@ -21,9 +23,10 @@ enum class ArchiveFile
  *  the database its tables may hold more fields, in another order. */
 QList<TableDef> TablesOf(ArchiveFile file);
 
-/** Creates a database with all its tables, empty, under a name of its own. Throws FileExists,
- *  FileMissing (no such folder), ReadOnly, DiskFull. */
-Database CreateArchiveFile(const QString &path, ArchiveFile file);
+/** Creates a database with all its tables, empty or with the rows that @p fill puts in as part of
+ * the same change. Throws FileExists, FileMissing (no such folder), ReadOnly, DiskFull. */
+Database CreateArchiveFile(const QString &path, ArchiveFile file,
+                           const std::function<void(Database &)> &fill = {});
 
 /** A row of the code map: the program's own code, the suite's code and its description. */
 struct CodeMapping

@@ -4,7 +4,6 @@
 #include "common/errors.h"
 #include "database/database.h"
 
-#include <QDateTime>
 #include <QRegularExpression>
 
 #include <set>
@@ -94,28 +93,6 @@ void writeValue(RecordSet &payments, const MissingValue &value)
     payments.update();
 }
 
-/** A copy beside the ledger under a name that no file has yet. */
-QString backUp(const Database &ledger)
-{
-    QString beginning = ledger.path();
-    if (beginning.endsWith(u".mdb", Qt::CaseInsensitive))
-        beginning.chop(4);
-    beginning += u" copia "_s + QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss"_s);
-    constexpr int MostTries = 100;
-    for (int attempt = 1;; ++attempt) {
-        QString path = beginning +
-                       (attempt == 1 ? QString() : u" ("_s + QString::number(attempt) + u')') +
-                       u".mdb"_s;
-        try {
-            ledger.backUpTo(path);
-            return path;
-        } catch (const DatabaseError &error) {
-            if (error.fault() != DatabaseFault::FileExists || attempt == MostTries)
-                throw;
-        }
-    }
-}
-
 } // namespace
 
 MissingValue ParseMissingValue(const QString &payment, const QString &field, const QString &value)
@@ -147,7 +124,7 @@ QString SetMissingValues(const QString &ledger, const QList<MissingValue> &value
     RecordSet payments = database.openRecordSet(u"SELECT * FROM Fatture"_s);
     for (const MissingValue &value : values)
         findPayment(payments, value);
-    QString copy = backUp(database);
+    QString copy = database.backUpBeside();
     int written = 0;
     try {
         for (const MissingValue &value : values) {

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "database/database.h"
+#include "exchange/csv_table.h"
+#include "exchange/progress.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+namespace saldoro {
+
+/** Rows of a table: a value for each field of its definition. A floating number stands for what no
+ *  file can tell. */
+using TableRows = QList<QList<NewValue>>;
+
+/**
+ * One database that an import fills. One that is there changes by one transaction; one that is
+ * missing is made aside, with all its tables, and renamed.
+ */
+class ImportTarget
+{
+public:
+    /** @p path is one of the machine. */
+    ImportTarget(ArchiveFile file, QString path);
+    /** Takes back what was not finished. */
+    ~ImportTarget();
+    Q_DISABLE_COPY_MOVE(ImportTarget)
+
+    /** How the database defines a table; no value when it can't take one's rows, which is added to
+     *  @p errors. Throws DatabaseError. */
+    std::optional<TableDef> storedTable(const ExchangedTable &table, QStringList &errors);
+
+    /** The rows that are there. Throws DatabaseError. */
+    TableRows storedRows(const ExchangedTable &table);
+
+    /** The rows of @p table, which must live as long, take the place of @p seen. */
+    void add(const CsvTable &table, TableRows seen) { m_changes.append({&table, std::move(seen)}); }
+
+    // The three steps of writing, to be taken for all databases one after the other. What throws
+    // leaves this database as it was.
+    void backUp();
+    void write(Progress &progress);
+    void finish();
+
+    bool exists() const { return m_exists; }
+    const QString &path() const { return m_path; }
+    /** "Appalto.mdb: creato"; empty when there is nothing to be done to the file. */
+    QString report() const;
+
+private:
+    struct Change
+    {
+        const CsvTable *table;
+        TableRows seen;
+    };
+
+    Database &opened();
+    QString newPath() const { return m_path + QStringLiteral(".nuovo"); }
+    void removeNew() const;
+    void fill(Database &database, Progress &progress) const;
+    void change(Progress &progress);
+
+    ArchiveFile m_file;
+    QString m_path;
+    bool m_exists;
+    std::optional<Database> m_database;
+    std::unique_ptr<Transaction> m_transaction;
+    QList<Change> m_changes;
+    QString m_copy;
+};
+
+} // namespace saldoro

@@ -1,0 +1,86 @@
+#include "exchange/project_place.h"
+
+#include "common/archive_folders.h"
+#include "common/errors.h"
+#include "platform/machine_path.h"
+#include "platform/registry.h"
+
+#include <QDir>
+#include <QRegularExpression>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** The project that the program opens by itself. */
+constexpr QStringView MenuProject = u"00039";
+
+QString command(const ProjectPlace &place)
+{
+#ifdef Q_OS_WIN
+    const QString program = u"Saldoro.exe"_s;
+#else
+    const QString program = u"saldoro"_s;
+#endif
+    return place.code == MenuProject ? program + u", o dal menu"_s
+                                     : program + u" TUSMQDE7W"_s + place.code;
+}
+
+bool isSameFolder(const QString &one, const QString &other)
+{
+    return QDir(MachinePath(one)).canonicalPath() == QDir(MachinePath(other)).canonicalPath();
+}
+
+} // namespace
+
+ProjectPlace PlaceOf(const QString &folder)
+{
+    static const QRegularExpression tree(
+        u"\\A(.*)[/\\\\]ARCHIVI\\.QX[/\\\\]ZELT[/\\\\]LAVORI[/\\\\]APPALTI[/\\\\]([^/\\\\]+)\\z"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    const QString path = QDir::cleanPath(QDir::current().absoluteFilePath(folder));
+    const QRegularExpressionMatch match = tree.match(path);
+    if (!match.hasMatch())
+        throw FileError(path,
+                        u"Un progetto nuovo sta in una cartella che finisce con "
+                        "ARCHIVI.QX/ZELT/LAVORI/APPALTI/codice."_s,
+                        u"Indicare una cartella così, per esempio "
+                        "archivi/ARCHIVI.QX/ZELT/LAVORI/APPALTI/00039."_s);
+    ProjectPlace place{QDir::toNativeSeparators(match.captured(1)), match.captured(2), {}};
+    place.folder =
+        MachinePath(place.root + ArchiveFolders::Appalti.toString() + u'\\' + place.code);
+    return place;
+}
+
+void MakeFolders(const ProjectPlace &place)
+{
+    for (const QString &folder :
+         {place.folder, MachinePath(place.root + ArchiveFolders::Tabelle.toString())}) {
+        if (!QDir().mkpath(folder))
+            throw FileError(folder, u"La cartella non può essere creata."_s,
+                            u"Controllare i permessi e lo spazio libero sul disco."_s);
+    }
+}
+
+QString SettingReport(const ProjectPlace &place)
+{
+    const QString key = SettingsKey.toString();
+    const QString name = ArchiveRootValue.toString();
+    const auto present = ReadRegistryValue(RegistryRoot::CurrentUser, key, name);
+    const QString opened = u"Per aprire il progetto: "_s + command(place) + u'\n';
+    if (present && isSameFolder(*present, place.root))
+        return opened;
+    if (present)
+        return u"Saldoro cerca gli archivi in un'altra cartella, «%1»: finché l'impostazione non "
+               "cambia questo progetto non si apre.\n"_s.arg(*present);
+    if (!AddRegistryValue(key, name, place.root))
+        throw FileError(RegistryFilePath(),
+                        u"Il progetto c'è, ma l'impostazione che dice dove "
+                        "stanno gli archivi non può essere scritta."_s,
+                        u"Controllare i permessi."_s);
+    return u"Saldoro cerca d'ora in poi gli archivi in «%1».\n"_s.arg(place.root) + opened;
+}
+
+} // namespace saldoro
