@@ -120,7 +120,7 @@ void ImportTarget::finish()
     m_database.reset();
     if (!m_exists && !QFile::rename(newPath(), m_path))
         throw FileError(m_path, u"L'archivio non può essere creato."_s,
-                        u"Controllare i permessi della cartella."_s);
+                        u"Controllare i permessi e lo spazio libero sul disco."_s);
 }
 
 QString ImportTarget::report() const

@@ -79,7 +79,7 @@ QString SettingReport(const ProjectPlace &place)
         throw FileError(RegistryFilePath(),
                         u"Il progetto c'è, ma l'impostazione che dice dove "
                         "stanno gli archivi non può essere scritta."_s,
-                        u"Controllare i permessi."_s);
+                        u"Controllare i permessi e lo spazio libero sul disco."_s);
     return u"Saldoro cerca d'ora in poi gli archivi in «%1».\n"_s.arg(place.root) + opened;
 }
 
