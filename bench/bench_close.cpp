@@ -38,12 +38,10 @@ ProgramValues archiveFor(const benchmark::State &state)
     return BenchArchive(2 * static_cast<int>(state.range(0)));
 }
 
-TextTable overviewOf(const ProgramValues &values)
+void fillOverview(TextTable &overview, const ProgramValues &values)
 {
-    TextTable overview;
     PrepareAvailabilityOverview(overview);
     FillAvailabilityOverview(overview, values);
-    return overview;
 }
 
 /** What the program wrote last. */
@@ -128,7 +126,8 @@ void forgetPeak()
 void CloseMainScreen(benchmark::State &state)
 {
     ProgramValues values = archiveFor(state);
-    const TextTable overview = overviewOf(values);
+    TextTable overview;
+    fillOverview(overview, values);
     forgetPeak();
     const qint64 before = processFigure("VmRSS:");
     for (auto round : state)
@@ -141,7 +140,9 @@ void CloseMainScreen(benchmark::State &state)
 void CloseBare(benchmark::State &state)
 {
     ProgramValues values = archiveFor(state);
-    WriteProjectDocuments(values, overviewOf(values));
+    TextTable overview;
+    fillOverview(overview, values);
+    WriteProjectDocuments(values, overview);
     const std::vector<Document> documents = readDocuments(values);
     std::vector<QByteArray> totals;
     for (const char *code : {"QS1A", "QS1P", "QS1T"})

@@ -122,9 +122,8 @@ void insertRows(const QString &archivePath, int count, const std::function<QStri
 }
 
 /** The overview's table, with the budget in all three columns of amounts. */
-TextTable overviewOf(const ProgramValues &values)
+void fillOverview(TextTable &overview, const ProgramValues &values)
 {
-    TextTable overview(5);
     const Database contract = Database::open(ContractPath(values));
     RecordSet items = contract.openRecordSet(u"SELECT * FROM UltimaPerVariante"_s);
     overview.setRows(items.recordCount() + 1);
@@ -135,7 +134,6 @@ TextTable overviewOf(const ProgramValues &values)
             overview.setText(row, column, FormatImporto(items.field(u"Importo"_s).currency()));
         }
     }
-    return overview;
 }
 
 } // namespace
@@ -154,7 +152,9 @@ int main(int count, char *arguments[])
                    [&](int number) { return randomPayment(random, number); });
         insertRows(ContractPath(values), ItemCount,
                    [&](int number) { return randomItem(random, number); });
-        WriteProjectDocuments(values, overviewOf(values));
+        TextTable overview(5);
+        fillOverview(overview, values);
+        WriteProjectDocuments(values, overview);
     } catch (const std::exception &error) {
         std::fprintf(stderr, "%s\n", error.what());
         return 1;

@@ -17,22 +17,22 @@ private slots:
 
 private:
     /** An overview with items of these codes. */
-    static TextTable overviewOf(const QStringList &codes)
+    static void fill(TextTable &overview, const QStringList &codes)
     {
-        TextTable overview(5);
+        overview.setColumns(5);
         overview.setRows(1 + static_cast<int>(codes.size()));
         for (int i = 0; i < codes.size(); ++i) {
             const QStringList cells{codes[i], u"voce"_s, QString(), QString(), u"-1,00"_s};
             for (int column = 0; column < cells.size(); ++column)
                 overview.setText(i + 1, column, cells[column]);
         }
-        return overview;
     }
 };
 
 void TestAllocationBlock::codesThatLookAlike()
 {
-    const TextTable overview = overviewOf({u"B1"_s, u" b1 "_s, u"Q7654321"_s});
+    TextTable overview;
+    fill(overview, {u"B1"_s, u" b1 "_s, u"Q7654321"_s});
     TextTable grid;
     AllocationBlock block(overview, grid);
     block.prepareGrid();
@@ -54,7 +54,8 @@ void TestAllocationBlock::pickListHas201Lines()
     QStringList codes;
     for (int i = 0; i < 202; ++i)
         codes.append(u"V%1"_s.arg(i));
-    TextTable overview = overviewOf(codes);
+    TextTable overview;
+    fill(overview, codes);
     TextTable grid;
     AllocationBlock block(overview, grid);
     block.prepareGrid();

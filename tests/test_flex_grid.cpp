@@ -189,7 +189,7 @@ private:
         m_grid->setLeastWidth(0, 400);
         m_grid->setRestColumn(1);
         m_grid->setLeastWidth(2, 1100);
-        m_grid->setRightAligned({2});
+        table.setRightAligned({2});
         m_window->resize(600, 400);
         m_window->show();
         if (!QTest::qWaitForWindowActive(m_window.get()))

@@ -1,48 +1,79 @@
 #include "controls/flex_grid.h"
 
 #include "common/form_helpers.h"
-#include "controls/flex_grid_columns.h"
 #include "controls/flex_grid_delegate.h"
-#include "controls/flex_grid_model.h"
 #include "controls/held_key.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 
 namespace saldoro {
+
+namespace {
+
+/** Widths of texts in one font, in pixels. Each letter is measured once: a table may hold a hundred
+ *  thousand texts, and the toolkit takes its time for each. */
+class LetterWidths
+{
+public:
+    explicit LetterWidths(const QFont &font)
+        : m_metrics(font)
+    {
+        m_letters.fill(-1);
+    }
+
+    int of(const QString &text)
+    {
+        qreal width = 0;
+        for (const QChar letter : text)
+            width += of(letter);
+        return static_cast<int>(std::ceil(width));
+    }
+
+private:
+    qreal of(QChar letter)
+    {
+        if (letter.unicode() >= m_letters.size())
+            return m_metrics.horizontalAdvance(letter);
+        qreal &width = m_letters[letter.unicode()];
+        if (width < 0)
+            width = m_metrics.horizontalAdvance(letter);
+        return width;
+    }
+
+    QFontMetricsF m_metrics;
+    std::array<qreal, 0x2100> m_letters; ///< up to the currency signs
+};
+
+} // namespace
 
 FlexGrid::FlexGrid(Selection selection, QWidget *parent)
     : QTableView(parent)
     , m_selection(selection)
-    , m_model(std::make_unique<FlexGridModel>(m_table))
-    , m_columns(std::make_unique<FlexGridColumns>())
 {
-    setModel(m_model.get());
+    setModel(&m_table);
     WatchHeldKeys();
     setUpLook();
     setUpSelection();
     measureAll();
-    connect(m_model.get(), &FlexGridModel::modelReset, this, [this] {
+    connect(&m_table, &TextTable::modelReset, this, [this] {
         measureAll();
         followTable();
     });
-    connect(m_model.get(), &FlexGridModel::rowsInserted, this, &FlexGrid::followTable);
-    connect(m_model.get(), &FlexGridModel::rowsRemoved, this, &FlexGrid::followTable);
-    connect(m_model.get(), &FlexGridModel::currentMoved, this, &FlexGrid::followTable);
-    connect(m_model.get(), &FlexGridModel::textChanged, this, [this](int row, int column) {
-        if (m_columns->measureCell(m_table, row, column))
-            fitColumns();
-    });
+    connect(&m_table, &TextTable::currentMoved, this, &FlexGrid::followTable);
+    connect(&m_table, &TextTable::dataChanged, this,
+            [this](const QModelIndex &cell) { measureCell(cell.row() + 1, cell.column()); });
+    connect(&m_table, &TextTable::headerDataChanged, this,
+            [this](Qt::Orientation, int column) { measureCell(0, column); });
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex &cell) { emit cellActivated(cell.row() + 1, cell.column()); });
 }
-
-FlexGrid::~FlexGrid() = default;
 
 void FlexGrid::setUpLook()
 {
@@ -78,24 +109,19 @@ void FlexGrid::setUpSelection()
 
 void FlexGrid::setLeastWidth(int column, int twips)
 {
-    m_columns->setLeastWidth(column, TwipsToPixels(twips, *this));
+    m_leastWidths[column] = TwipsToPixels(twips, *this);
     fitColumns();
 }
 
 void FlexGrid::setRestColumn(int column)
 {
-    m_columns->setRestColumn(column);
+    m_restColumn = column;
     measureAll();
-}
-
-void FlexGrid::setRightAligned(const QList<int> &columns)
-{
-    m_model->setRightAligned(columns);
 }
 
 QRect FlexGrid::currentCellRect() const
 {
-    const QModelIndex cell = m_model->currentCell();
+    const QModelIndex cell = m_table.currentIndex();
     return cell.isValid() ? visualRect(cell).translated(viewport()->pos()) : QRect();
 }
 
@@ -133,7 +159,7 @@ void FlexGrid::keyPressEvent(QKeyEvent *event)
         QTableView::keyPressEvent(event);
         return;
     }
-    const bool isOnBody = m_model->currentCell().isValid();
+    const bool isOnBody = m_table.currentIndex().isValid();
     event->setAccepted(isOnBody);
     // A key held down acts once.
     if (!isOnBody || IsKeyHeld())
@@ -166,14 +192,12 @@ void FlexGrid::changeEvent(QEvent *event)
 void FlexGrid::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QTableView::currentChanged(current, previous);
-    if (m_isFollowing || m_model->isChanging() || !current.isValid())
+    if (!current.isValid())
         return;
-    const QScopedValueRollback following(m_isFollowing, true);
     // The toolkit makes the first row current, but does not select it, when the focus comes in.
     if (!selectionModel()->isSelected(current))
         selectionModel()->select(current, selectingFlags());
-    m_table.setRow(current.row() + 1);
-    m_table.setColumn(current.column());
+    m_table.setCurrentCell(current.row() + 1, current.column());
 }
 
 QModelIndex FlexGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
@@ -186,7 +210,7 @@ QModelIndex FlexGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modi
     case MoveHome:
         return current.siblingAtRow(0);
     case MoveEnd:
-        return current.siblingAtRow(m_model->rowCount() - 1);
+        return current.siblingAtRow(m_table.rowCount() - 1);
     case MoveLeft:
         sideways->triggerAction(QScrollBar::SliderSingleStepSub);
         return current;
@@ -216,26 +240,54 @@ void FlexGrid::measureAll()
     const int rowHeight = fontMetrics().height() * 3 / 2;
     verticalHeader()->setDefaultSectionSize(rowHeight);
     horizontalHeader()->setMinimumHeight(rowHeight);
-    m_columns->measure(m_table, font(), horizontalHeader()->font());
+    LetterWidths body(font());
+    m_textWidths.clear();
+    for (int column = 0; column < m_table.columns(); ++column) {
+        int widest = horizontalHeader()->fontMetrics().horizontalAdvance(m_table.text(0, column));
+        for (int row = 1; row < m_table.rows() && column != m_restColumn; ++row)
+            widest = std::max(widest, body.of(m_table.text(row, column)));
+        m_textWidths.append(widest);
+    }
+    fitColumns();
+}
+
+void FlexGrid::measureCell(int row, int column)
+{
+    if (row > 0 && column == m_restColumn)
+        return;
+    const QFontMetrics metrics = row == 0 ? horizontalHeader()->fontMetrics() : fontMetrics();
+    const int width = metrics.horizontalAdvance(m_table.text(row, column));
+    if (width <= m_textWidths.at(column))
+        return;
+    m_textWidths[column] = width;
     fitColumns();
 }
 
 void FlexGrid::fitColumns()
 {
     constexpr int marginTwips = 400;
-    const FlexGridColumns::Room room{width(), TwipsToPixels(marginTwips, *this),
-                                     FlexGridDelegate::spaceAroundText(*this)};
-    const QList<int> widths = m_columns->widths(room, m_model->rightAligned());
+    const int space = FlexGridDelegate::spaceAroundText(*this);
+    int rest = width() - TwipsToPixels(marginTwips, *this);
+    QList<int> widths;
+    for (int column = 0; column < m_textWidths.size(); ++column) {
+        int wanted = m_textWidths.at(column) + space;
+        if (column != m_restColumn && !m_table.rightAligned().contains(column))
+            wanted = std::min(wanted, width() / 2);
+        widths.append(std::max(m_leastWidths.value(column), wanted));
+        if (column != m_restColumn)
+            rest -= widths.last();
+    }
+    if (m_restColumn >= 0 && m_restColumn < widths.size())
+        widths[m_restColumn] = std::max(widths.at(m_restColumn), rest);
     for (int column = 0; column < widths.size(); ++column)
         setColumnWidth(column, widths.at(column));
 }
 
 void FlexGrid::followTable()
 {
-    if (m_isFollowing)
+    const QModelIndex cell = m_table.currentIndex();
+    if (cell == currentIndex())
         return;
-    const QScopedValueRollback following(m_isFollowing, true);
-    const QModelIndex cell = m_model->currentCell();
     if (!cell.isValid()) {
         selectionModel()->clear();
         return;

@@ -2,14 +2,10 @@
 
 #include "controls/text_table.h"
 
+#include <QMap>
 #include <QTableView>
 
-#include <memory>
-
 namespace saldoro {
-
-class FlexGridColumns;
-class FlexGridModel;
 
 /**
  * A grid that shows a TextTable: row 0 as the fixed header, the rest as rows. The view holds no
@@ -19,8 +15,9 @@ class FlexGridModel;
  * current. Header and body are read-only for the user.
  *
  * Column widths are least widths in twips; one column may take the rest. A column grows when a text
- * that it shows would be cut; a text too long for the rest column is elided and shown whole in a
- * tool tip.
+ * would be cut: columns of amounts without bound, others to half the grid, so that one long text
+ * does not push the amounts out of sight, and the rest column for its heading only. A text that is
+ * cut all the same is shown whole in a tool tip.
  *
  * Keys: Up, Down, PgUp, PgDn, Home and End choose a row, Enter and Canc act on it; where single
  * cells are selected, Left, Right, Home and End move within the row and Ctrl+Home and Ctrl+End
@@ -39,7 +36,6 @@ public:
     };
 
     explicit FlexGrid(Selection selection, QWidget *parent = nullptr);
-    ~FlexGrid() override;
 
     /** The content; owned by the grid, valid as long as it. */
     TextTable &table() { return m_table; }
@@ -49,8 +45,6 @@ public:
     void setLeastWidth(int column, int twips);
     /** The column that takes the grid's width minus the others' and minus a margin of 400 twips. */
     void setRestColumn(int column);
-    /** Columns whose texts stand to the right, for amounts; their captions too. */
-    void setRightAligned(const QList<int> &columns);
 
     /** Geometry of the table's current cell in this widget's coordinates, for an in-place editor;
      *  empty while the current row is the header. */
@@ -83,6 +77,7 @@ private:
     void setUpSelection();
     /** Takes over the sizes of the fonts and the texts of the whole table. */
     void measureAll();
+    void measureCell(int row, int column);
     void fitColumns();
     /** Makes the table's current cell the view's. */
     void followTable();
@@ -91,9 +86,9 @@ private:
 
     Selection m_selection;
     TextTable m_table;
-    std::unique_ptr<FlexGridModel> m_model;
-    std::unique_ptr<FlexGridColumns> m_columns;
-    bool m_isFollowing = false;
+    QMap<int, int> m_leastWidths; ///< pixels
+    int m_restColumn = -1;
+    QList<int> m_textWidths; ///< pixels of each column's widest text, of the rest column's heading
 };
 
 } // namespace saldoro

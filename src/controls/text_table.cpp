@@ -25,39 +25,27 @@ TextTable::TextTable(int columns)
     setColumns(columns);
 }
 
-TextTable::TextTable(const TextTable &other)
-    : m_cells(other.m_cells)
-    , m_columns(other.m_columns)
-    , m_row(other.m_row)
-    , m_column(other.m_column)
-{
-}
-
-TextTable &TextTable::operator=(const TextTable &other)
-{
-    if (this == &other)
-        return *this;
-    const BulkChange replacing(*this);
-    m_cells = other.m_cells;
-    m_columns = other.m_columns;
-    m_row = other.m_row;
-    m_column = other.m_column;
-    return *this;
-}
-
 void TextTable::setRows(int rows)
 {
     if (rows < 1)
         throw outside(u"Numero di righe della griglia non ammesso."_s, u"Righe"_s, rows);
-    if (rows == this->rows())
-        return;
-    const QList<QString> emptyRow(m_columns);
-    while (this->rows() < rows)
-        m_cells.append(emptyRow);
-    m_cells.resize(rows);
-    m_row = std::min(m_row, rows - 1);
-    if (listener())
-        listener()->rowsChanged();
+    const int before = this->rows();
+    const bool isTold = m_bulkDepth == 0;
+    if (rows > before) {
+        if (isTold)
+            beginInsertRows({}, before - 1, rows - 2);
+        m_cells.insert(before, rows - before, QStringList(m_columns));
+        if (isTold)
+            endInsertRows();
+    } else if (rows < before) {
+        // Before the rows go a view leaves them, and takes the current cell with it.
+        if (isTold)
+            beginRemoveRows({}, rows - 1, before - 2);
+        m_cells.resize(rows);
+        if (isTold)
+            endRemoveRows();
+        setRow(std::min(m_row, rows - 1));
+    }
 }
 
 void TextTable::setColumns(int columns)
@@ -66,12 +54,11 @@ void TextTable::setColumns(int columns)
         throw outside(u"Numero di colonne della griglia non ammesso."_s, u"Colonne"_s, columns);
     if (columns == m_columns)
         return;
-    for (QList<QString> &row : m_cells)
+    const BulkChange change(*this);
+    for (QStringList &row : m_cells)
         row.resize(columns);
     m_columns = columns;
     m_column = std::clamp(m_column, 0, std::max(0, columns - 1));
-    if (listener())
-        listener()->tableReset();
 }
 
 void TextTable::setHeader(const QStringList &headings)
@@ -94,28 +81,72 @@ void TextTable::setText(int row, int column, const QString &text)
     checkRow(row);
     checkColumn(column);
     m_cells[row][column] = text;
-    if (listener())
-        listener()->cellChanged(row, column);
-}
-
-void TextTable::setRow(int row)
-{
-    checkRow(row);
-    if (row == m_row)
+    if (m_bulkDepth > 0)
         return;
-    m_row = row;
-    if (listener())
-        listener()->currentChanged();
+    const QModelIndex cell = index(row - 1, column);
+    if (cell.isValid())
+        emit dataChanged(cell, cell);
+    else
+        emit headerDataChanged(Qt::Horizontal, column, column);
 }
 
 void TextTable::setColumn(int column)
 {
     checkColumn(column);
-    if (column == m_column)
+    setCurrentCell(m_row, column);
+}
+
+void TextTable::setCurrentCell(int row, int column)
+{
+    checkRow(row);
+    if (row == m_row && column == m_column)
         return;
+    m_row = row;
     m_column = column;
-    if (listener())
-        listener()->currentChanged();
+    if (m_bulkDepth == 0)
+        emit currentMoved();
+}
+
+void TextTable::setRightAligned(const QList<int> &columns)
+{
+    const BulkChange change(*this);
+    m_rightAligned = columns;
+}
+
+int TextTable::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : rows() - 1;
+}
+
+int TextTable::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : m_columns;
+}
+
+QVariant TextTable::data(const QModelIndex &index, int role) const
+{
+    return checkIndex(index, CheckIndexOption::IndexIsValid)
+               ? cellData(index.row() + 1, index.column(), role)
+               : QVariant();
+}
+
+QVariant TextTable::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    return orientation == Qt::Horizontal && section >= 0 && section < m_columns
+               ? cellData(0, section, role)
+               : QVariant();
+}
+
+QVariant TextTable::cellData(int row, int column, int role) const
+{
+    if (role == Qt::DisplayRole)
+        return m_cells.at(row).at(column);
+    if (role != Qt::TextAlignmentRole)
+        return {};
+    Qt::Alignment side = row == 0 ? Qt::AlignHCenter : Qt::AlignLeft;
+    if (m_rightAligned.contains(column))
+        side = Qt::AlignRight;
+    return QVariant::fromValue(side | Qt::AlignVCenter);
 }
 
 void TextTable::checkRow(int row) const
@@ -133,14 +164,14 @@ void TextTable::checkColumn(int column) const
 TextTable::BulkChange::BulkChange(TextTable &table)
     : m_table(table)
 {
-    ++m_table.m_bulkDepth;
+    if (++m_table.m_bulkDepth == 1)
+        m_table.beginResetModel();
 }
 
 TextTable::BulkChange::~BulkChange()
 {
-    --m_table.m_bulkDepth;
-    if (TextTableObserver *observer = m_table.listener())
-        observer->tableReset();
+    if (--m_table.m_bulkDepth == 0)
+        m_table.endResetModel();
 }
 
 } // namespace saldoro

@@ -1,40 +1,25 @@
 #pragma once
 
+#include <QAbstractTableModel>
 #include <QList>
-#include <QString>
 #include <QStringList>
 
 namespace saldoro {
-
-/** What a view on a TextTable is told. All calls come after the change. */
-class TextTableObserver
-{
-public:
-    virtual ~TextTableObserver() = default;
-    /** Columns or many cells changed; everything is to be read anew. */
-    virtual void tableReset() = 0;
-    /** Empty rows were appended or the last rows dropped; the rest stays as it was. The current row
-     *  may have moved with them. */
-    virtual void rowsChanged() = 0;
-    /** One cell has a new text. */
-    virtual void cellChanged(int row, int column) = 0;
-    /** The current cell moved. */
-    virtual void currentChanged() = 0;
-};
 
 /**
  * The content of a grid as plain texts: it serves both as what is shown and as working storage,
  * from which amounts are parsed back. Row 0 is the header; body rows start at 1. There is always a
  * current row and column; both are 0 in a new table. Indexes out of range throw BoundsError.
+ *
+ * To the toolkit's views it is a model: row 0 is their horizontal header, body row n their row
+ * n - 1. It needs no view, and no window.
  */
-class TextTable
+class TextTable : public QAbstractTableModel
 {
+    Q_OBJECT
+
 public:
     explicit TextTable(int columns = 0);
-    ~TextTable() = default;
-    /** A copy has the texts and the current cell, not the view. */
-    TextTable(const TextTable &other);
-    TextTable &operator=(const TextTable &other);
 
     int rows() const { return static_cast<int>(m_cells.size()); }
     int columns() const { return m_columns; }
@@ -58,14 +43,16 @@ public:
     int row() const { return m_row; }
     int column() const { return m_column; }
     /** Makes a row current, 0 being the header. */
-    void setRow(int row);
+    void setRow(int row) { setCurrentCell(row, m_column); }
     void setColumn(int column);
+    void setCurrentCell(int row, int column);
 
-    /** The one view that is kept up to date; nullptr for none. Not owned. */
-    void setObserver(TextTableObserver *observer) { m_observer = observer; }
+    /** Columns whose texts stand to the right, for amounts; their headings too. */
+    void setRightAligned(const QList<int> &columns);
+    const QList<int> &rightAligned() const { return m_rightAligned; }
 
-    /** While one of these lives the view is told nothing; at the end of the outermost one it is
-     *  told once to read everything anew. */
+    /** While one of these lives the views are told nothing; at the end of the outermost one they
+     *  read everything anew. */
     class BulkChange
     {
     public:
@@ -78,17 +65,28 @@ public:
         TextTable &m_table;
     };
 
+    /** The current cell as the views know it; invalid while that is in the header. */
+    QModelIndex currentIndex() const { return index(m_row - 1, m_column); }
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+signals:
+    /** The current cell is another one. */
+    void currentMoved();
+
 private:
     void checkRow(int row) const;
     void checkColumn(int column) const;
-    TextTableObserver *listener() const { return m_bulkDepth == 0 ? m_observer : nullptr; }
+    QVariant cellData(int row, int column, int role) const;
 
-    QList<QList<QString>> m_cells;
+    QList<QStringList> m_cells;
+    QList<int> m_rightAligned;
     int m_columns = 0;
     int m_row = 0;
     int m_column = 0;
     int m_bulkDepth = 0;
-    TextTableObserver *m_observer = nullptr;
 };
 
 } // namespace saldoro

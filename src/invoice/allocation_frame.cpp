@@ -101,7 +101,7 @@ void AllocationFrame::addGrid()
     m_grid->setLeastWidth(AllocationBlock::CodColumn, codTwips);
     m_grid->setLeastWidth(AllocationBlock::ImportoColumn, importoTwips);
     m_grid->setRestColumn(AllocationBlock::DescrizioneColumn);
-    m_grid->setRightAligned({AllocationBlock::ImportoColumn});
+    m_grid->table().setRightAligned({AllocationBlock::ImportoColumn});
     m_grid->setMinimumSize(leastVisibleCharacters * fontMetrics().averageCharWidth(),
                            leastVisibleRows * 2 * fontMetrics().height());
     connect(m_grid, &FlexGrid::cellActivated, this, [this] {

@@ -66,7 +66,7 @@ void FrmPrincipale::prepareGrids()
     m_payments->setLeastWidth(PaymentColumn::Importo, 1800);
     m_payments->setLeastWidth(PaymentColumn::Euro, 400);
     m_payments->setRestColumn(PaymentColumn::Creditore);
-    m_payments->setRightAligned({PaymentColumn::Importo});
+    payments().setRightAligned({PaymentColumn::Importo});
 
     Describe(*m_overview, u"MSFlexGrid2"_s, u"Quadro di disponibilità"_s,
              u"Spesa prevista, pagata e ancora disponibile di ogni voce"_s);
@@ -77,7 +77,7 @@ void FrmPrincipale::prepareGrids()
                                 OverviewColumn::Disponibilita};
     for (const int column : amounts)
         m_overview->setLeastWidth(column, 1100);
-    m_overview->setRightAligned(amounts);
+    overview().setRightAligned(amounts);
 }
 
 void FrmPrincipale::arrange()
