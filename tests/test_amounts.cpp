@@ -1,23 +1,24 @@
 // Currency arithmetic and the conversions between amounts, numbers, days and their texts.
 
 #include "common/amount_text.h"
-#include "common/currency.h"
 #include "common/date_text.h"
 #include "common/errors.h"
 #include "common/number_text.h"
+#include "common/rounding.h"
 #include "common/text_cut.h"
 
 #include <QTest>
 
-#include <cmath>
-#include <limits>
+#include <tuple>
 
 using namespace saldoro;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr qint64 Largest = std::numeric_limits<qint64>::max();
 constexpr qint64 Smallest = std::numeric_limits<qint64>::min();
+constexpr double Infinity = std::numeric_limits<double>::infinity();
 
 } // namespace
 
@@ -26,225 +27,156 @@ class TestAmounts : public QObject
     Q_OBJECT
 
 private slots:
-    void formatsAmounts_data();
-    void formatsAmounts();
-    void readsAmounts_data();
-    void readsAmounts();
-    void leadingNumber_data();
-    void leadingNumber();
-    void currencyBounds();
-    void doublesRoundTiesToEven();
-    void rateTexts();
-    void dates_data();
-    void dates();
-    void cutsCountCharacters();
-    void apostrophes();
-    void errorReports();
+    void formatsAmounts()
+    {
+        for (const auto &[scaled, shown] : {std::pair{qint64{0}, u"0,00"_s},
+                                            {-1, u"-0,00"_s},
+                                            {49, u"0,00"_s},
+                                            {50, u"0,01"_s},
+                                            {-50, u"-0,01"_s},
+                                            {9'999'949, u"999,99"_s},
+                                            {9'999'950, u"1.000,00"_s},
+                                            {-2'000'000, u"-200,00"_s},
+                                            {87'654'321'098, u"8.765.432,11"_s},
+                                            {Largest, u"922.337.203.685.477,58"_s},
+                                            {Smallest, u"-922.337.203.685.477,58"_s}}) {
+            QCOMPARE(FormatImporto(Currency::fromScaled(scaled)), shown);
+            QCOMPARE(FormatImportoEuro(Currency::fromScaled(scaled)),
+                     scaled == 0 ? QString() : u"€ "_s + shown);
+        }
+    }
+
+    void readsAmounts()
+    {
+        for (auto [text, rewritten, scaled] :
+             {std::tuple{u"7.654,32"_s, u"7654.32"_s, qint64{76'543'200}},
+              {u"3.200.100"_s, u"3200100"_s, 32'001'000'000},
+              {u".1.,2.,3"_s, u"1.2,3"_s, 12'000},
+              {u"7,654.32"_s, u"7.65432"_s, 76'543},
+              {u"18,5 euro"_s, u"18.5 euro"_s, 185'000},
+              {u"- 1.250,75"_s, u"- 1250.75"_s, -12'507'500},
+              {u"circa 5"_s, u"circa 5"_s, 0},
+              {QString(), QString(), 0},
+              {u","_s, u"."_s, 0}}) {
+            QString plain = text;
+            QCOMPARE(PuntoDecimale(plain), rewritten);
+            QCOMPARE(plain, rewritten);
+            QCOMPARE(ImportoDaTesto(text).scaled(), scaled);
+            QCOMPARE(text, rewritten);
+        }
+    }
+
+    void leadingNumber()
+    {
+        for (const auto &[text, value] : {std::pair{u"1234.56"_s, 1234.56},
+                                          {u"  98 76 . 5 "_s, 9876.5},
+                                          {u"12,75"_s, 12.0},
+                                          {u"+3.50x"_s, 3.5},
+                                          {u"-.25"_s, -0.25},
+                                          {u"."_s, 0.0},
+                                          {u"7."_s, 7.0},
+                                          {u"--5"_s, 0.0},
+                                          {u"1.2.3"_s, 1.2},
+                                          {u"2E-1 euro"_s, 0.2},
+                                          {u"2e3"_s, 2000.0},
+                                          {u"2e"_s, 2.0},
+                                          {u"2e+x"_s, 2.0},
+                                          {u"e5"_s, 0.0},
+                                          {u"x1"_s, 0.0},
+                                          {u"1x2"_s, 1.0},
+                                          {u"١٢"_s, 0.0},
+                                          {u"\t7\n8\r9"_s, 789.0},
+                                          {u"1\v2"_s, 1.0},
+                                          {u"1-2"_s, 1.0},
+                                          {u"1e-400"_s, 0.0},
+                                          {u"-1e400"_s, -Infinity}})
+            QVERIFY2(LeadingNumber(text) == value, qUtf8Printable(text));
+    }
+
+    void currencyBounds()
+    {
+        const Currency top = Currency::fromScaled(Largest);
+        const Currency bottom = Currency::fromScaled(Smallest);
+        const Currency least = Currency::fromScaled(1);
+        QCOMPARE((top + bottom).scaled(), qint64{-1});
+        QCOMPARE((top - least + least).scaled(), Largest);
+        QCOMPARE(Currency::fromWhole(-922'337'203'685'477).scaled(), -9'223'372'036'854'770'000);
+        QCOMPARE(Currency::fromDouble(-922'337'203'685'477.5808).scaled(), Smallest);
+        for (const auto &beyond : QList<std::function<void()>>{
+                 [=] { top + least; }, [=] { bottom - least; }, [=] { Currency() - bottom; },
+                 [] { Currency::fromWhole(922'337'203'685'478); },
+                 [] { Currency::fromDouble(922'337'203'685'477.5808); },
+                 [] { Currency::fromDouble(std::nan("")); }, [] { ImportoDaTesto(u"1e300"_s); }})
+            QVERIFY_THROWS_EXCEPTION(OverflowError, beyond());
+        QVERIFY(Currency::fromScaled(-1) < Currency() && Currency() < least);
+    }
+
+    /** Decimal ties count as ties, though most have no exact double. */
+    void halvesGoToTheEvenNeighbour()
+    {
+        for (const auto &[value, scaled] : {std::pair{0.00025, 2},
+                                            {0.00035, 4},
+                                            {-0.00025, -2},
+                                            {0.000251, 3},
+                                            {0.000349, 3},
+                                            {0.1 + 0.2, 3000},
+                                            {1234.56 * 22 / 100, 2'716'032}})
+            QCOMPARE(Currency::fromDouble(value).scaled(), qint64{scaled});
+        QCOMPARE(RoundHalfEven<qint32>(2147483646.5), 2147483646);
+        QCOMPARE(RoundHalfEven<qint32>(-2147483648.5), std::numeric_limits<qint32>::min());
+        QVERIFY(!RoundHalfEven<qint32>(2147483647.5) && !RoundHalfEven<qint32>(-2147483649.0));
+    }
+
+    void rateTexts()
+    {
+        QCOMPARE(RateText(22.0), u"22"_s);
+        QCOMPARE(RateText(-0.0), u"0"_s);
+        QCOMPARE(RateText(0.1 + 0.2), u"0.3"_s);
+        QCOMPARE(RateText(-4.25), u"-4.25"_s);
+        QCOMPARE(SignedNumberText(0), u" 0"_s);
+        QCOMPARE(SignedNumberText(-3), u"-3"_s);
+    }
+
+    void dates()
+    {
+        const QString cases =
+            u"1/2/03=01/02/2003 01/02/29=01/02/2029 1/2/30=01/02/1930 29/2/2024=29/02/2024 "
+            "01/02/0100=01/02/0100 31/12/9999=31/12/9999 29/2/2023= 31/4/2024= 0/1/2024= 1/13/2024="
+            " 001/2/2024= 1/2= 01/02/= 01/02/3= 01/02/203= 01/02/0099= 1/2/20244= 1/2/2024/= "
+            "__/__/____= "
+            "a/2/2024= +1/2/2024= ١/2/2024= ="_s;
+        for (const QString &row : cases.split(u' '))
+            QCOMPARE(FormatData(DataDaTesto(row.section(u'=', 0, 0))), row.section(u'=', 1));
+        QVERIFY(!DataDaTesto(u"1/2/2024\n"_s).isValid());
+    }
+
+    void cutsCountCharacters()
+    {
+        const QString mixed = u"è€😀x"_s;
+        QCOMPARE(CharacterCount(mixed), 4);
+        QCOMPARE(LeftCharacters(mixed, 3), u"è€😀"_s);
+        QCOMPARE(LeftCharacters(mixed, 2), u"è€"_s);
+        QCOMPARE(LeftCharacters(mixed, 9), mixed);
+        QCOMPARE(LeftCharacters(mixed, 0), QString());
+        QCOMPARE(FixedWidth(mixed, 6), u"è€😀x  "_s);
+        QCOMPARE(FixedWidth(u"abcdef"_s, 4), u"abcd"_s);
+    }
+
+    void apostrophes() { QCOMPARE(RaddoppiaApici(u"D'Amico '' l'"_s), u"D''Amico '''' l''"_s); }
+
+    void errorReports()
+    {
+        DatabaseError error(DatabaseFault::NullValue, u"/dati/Saldoro.mdb"_s, u"Fatture"_s,
+                            u"Del"_s);
+        error.addDetail(u"Pagamento"_s, u"14"_s);
+        error.addDetail(u"Campo"_s, u"altro"_s);
+        QCOMPARE(
+            QString::fromUtf8(error.what()),
+            error.problem() +
+                u"\nFile: /dati/Saldoro.mdb\nTabella: Fatture\nCampo: Del\nPagamento: 14\n\n"_s +
+                error.remedy());
+    }
 };
-
-void TestAmounts::formatsAmounts_data()
-{
-    QTest::addColumn<qint64>("scaled");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QString>("euro");
-    const auto row = [](qint64 scaled, const char *shown) {
-        const QString text = QString::fromUtf8(shown);
-        QTest::newRow(shown) << scaled << text
-                             << (scaled == 0 ? QString() : QStringLiteral("€ ") + text);
-    };
-    row(0, "0,00");
-    row(-1, "-0,00");
-    row(49, "0,00");
-    row(50, "0,01");
-    row(-50, "-0,01");
-    row(9'999'949, "999,99");
-    row(9'999'950, "1.000,00");
-    row(-2'000'000, "-200,00");
-    row(87'654'321'098, "8.765.432,11");
-    row(Largest, "922.337.203.685.477,58");
-    row(Smallest, "-922.337.203.685.477,58");
-}
-
-void TestAmounts::formatsAmounts()
-{
-    QFETCH(qint64, scaled);
-    QTEST(FormatImporto(Currency::fromScaled(scaled)), "shown");
-    QTEST(FormatImportoEuro(Currency::fromScaled(scaled)), "euro");
-}
-
-void TestAmounts::readsAmounts_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("rewritten");
-    QTest::addColumn<qint64>("scaled");
-    QTest::newRow("grouped") << "7.654,32"
-                             << "7654.32" << qint64(76'543'200);
-    QTest::newRow("millions") << "3.200.100"
-                              << "3200100" << qint64(32'001'000'000);
-    QTest::newRow("two commas") << "4,5,6"
-                                << "4.5,6" << qint64(45'000);
-    QTest::newRow("dots and commas") << ".1.,2.,3"
-                                     << "1.2,3" << qint64(12'000);
-    QTest::newRow("dot notation") << "7,654.32"
-                                  << "7.65432" << qint64(76'543);
-    QTest::newRow("words after") << "18,5 euro"
-                                 << "18.5 euro" << qint64(185'000);
-    QTest::newRow("negative") << "- 1.250,75"
-                              << "- 1250.75" << qint64(-12'507'500);
-    QTest::newRow("no number") << "circa 5"
-                               << "circa 5" << qint64(0);
-    QTest::newRow("empty") << ""
-                           << "" << qint64(0);
-    QTest::newRow("comma only") << ","
-                                << "." << qint64(0);
-}
-
-void TestAmounts::readsAmounts()
-{
-    QFETCH(QString, text);
-    QString plain = text;
-    QTEST(PuntoDecimale(plain), "rewritten");
-    QTEST(plain, "rewritten");
-    const Currency value = ImportoDaTesto(text);
-    QTEST(text, "rewritten");
-    QTEST(value.scaled(), "scaled");
-}
-
-void TestAmounts::leadingNumber_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<double>("value");
-    const auto row = [](const char *text, double value) {
-        QTest::newRow(text) << QString::fromUtf8(text) << value;
-    };
-    row("1234.56", 1234.56);
-    row("  98 76 . 5 ", 9876.5);
-    row("12,75", 12.0);
-    row("+3.50x", 3.5);
-    row("-.25", -0.25);
-    row(".", 0.0);
-    row("--5", 0.0);
-    row("1.2.3", 1.2);
-    row("2e3", 2000.0);
-    row("2E-1 euro", 0.2);
-    row("2e", 2.0);
-    row("e5", 0.0);
-    row("١٢", 0.0);
-    row("\t7\n8\r9", 789.0);
-    row("1-2", 1.0);
-    row("1e-400", 0.0);
-    row("1e400", std::numeric_limits<double>::infinity());
-}
-
-void TestAmounts::leadingNumber()
-{
-    QFETCH(QString, text);
-    QTEST(LeadingNumber(text), "value");
-}
-
-void TestAmounts::currencyBounds()
-{
-    const Currency top = Currency::fromScaled(Largest);
-    const Currency bottom = Currency::fromScaled(Smallest);
-    const Currency least = Currency::fromScaled(1);
-    QCOMPARE((top + bottom).scaled(), qint64(-1));
-    QCOMPARE((top - least + least).scaled(), Largest);
-    QVERIFY_THROWS_EXCEPTION(OverflowError, top + least);
-    QVERIFY_THROWS_EXCEPTION(OverflowError, bottom - least);
-    QVERIFY_THROWS_EXCEPTION(OverflowError, Currency() - bottom);
-    QCOMPARE(Currency::fromWhole(-922'337'203'685'477).scaled(), -9'223'372'036'854'770'000);
-    QVERIFY_THROWS_EXCEPTION(OverflowError, Currency::fromWhole(922'337'203'685'478));
-    QCOMPARE(Currency::fromDouble(-922'337'203'685'477.5808).scaled(), Smallest);
-    QVERIFY_THROWS_EXCEPTION(OverflowError, Currency::fromDouble(922'337'203'685'477.5808));
-    QVERIFY_THROWS_EXCEPTION(OverflowError, Currency::fromDouble(std::nan("")));
-    QVERIFY_THROWS_EXCEPTION(OverflowError, ImportoDaTesto(QStringLiteral("1e300")));
-    QVERIFY(Currency::fromScaled(-1) < Currency() && Currency() < least);
-}
-
-void TestAmounts::doublesRoundTiesToEven()
-{
-    const auto scaled = [](double value) { return Currency::fromDouble(value).scaled(); };
-    QCOMPARE(scaled(0.00025), qint64(2));
-    QCOMPARE(scaled(0.00035), qint64(4));
-    QCOMPARE(scaled(-0.00025), qint64(-2));
-    QCOMPARE(scaled(0.000251), qint64(3));
-    QCOMPARE(scaled(0.000349), qint64(3));
-    QCOMPARE(scaled(0.1 + 0.2), qint64(3000));
-    QCOMPARE(scaled(1234.56 * 22 / 100), qint64(2'716'032));
-}
-
-void TestAmounts::rateTexts()
-{
-    QCOMPARE(RateText(22.0), QStringLiteral("22"));
-    QCOMPARE(RateText(-0.0), QStringLiteral("0"));
-    QCOMPARE(RateText(0.1 + 0.2), QStringLiteral("0.3"));
-    QCOMPARE(RateText(-4.25), QStringLiteral("-4.25"));
-    QCOMPARE(SignedNumberText(12), QStringLiteral(" 12"));
-    QCOMPARE(SignedNumberText(-3), QStringLiteral("-3"));
-}
-
-void TestAmounts::dates_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("shown"); // empty: no date
-    const auto row = [](const char *text, const char *shown) {
-        QTest::newRow(text) << QString::fromUtf8(text) << QString::fromUtf8(shown);
-    };
-    row("7/4/2025", "07/04/2025");
-    row("29/02/24", "29/02/2024");
-    row("29/02/2023", "");
-    row("31/12/29", "31/12/2029");
-    row("01/01/30", "01/01/1930");
-    row("12/25/2024", "");
-    row("00/01/2024", "");
-    row("01/02/", "");
-    row("01/02/3", "");
-    row("01/02/203", "");
-    row("01/02/0099", "");
-    row("01/02/0100", "01/02/0100");
-    row("1/2/2024/", "");
-    row("__/__/____", "");
-    row("a/2/2024", "");
-    row("+1/2/2024", "");
-}
-
-void TestAmounts::dates()
-{
-    QFETCH(QString, text);
-    QTEST(FormatData(DataDaTesto(text)), "shown");
-}
-
-void TestAmounts::cutsCountCharacters()
-{
-    const QString mixed = QStringLiteral("è€😀x");
-    QCOMPARE(CharacterCount(mixed), 4);
-    QCOMPARE(LeftCharacters(mixed, 3), QStringLiteral("è€😀"));
-    QCOMPARE(LeftCharacters(mixed, 2), QStringLiteral("è€"));
-    QCOMPARE(LeftCharacters(mixed, 9), mixed);
-    QCOMPARE(LeftCharacters(mixed, 0), QString());
-    QCOMPARE(FixedWidth(mixed, 6), QStringLiteral("è€😀x  "));
-    QCOMPARE(FixedWidth(QStringLiteral("abcdef"), 4), QStringLiteral("abcd"));
-    QCOMPARE(FixedWidth(QString(), 2), QStringLiteral("  "));
-}
-
-void TestAmounts::apostrophes()
-{
-    QCOMPARE(RaddoppiaApici(QStringLiteral("D'Amico '' l'")), QStringLiteral("D''Amico '''' l''"));
-    QCOMPARE(RaddoppiaApici(QStringLiteral("Rossi")), QStringLiteral("Rossi"));
-}
-
-void TestAmounts::errorReports()
-{
-    DatabaseError error(DatabaseFault::NullValue, QStringLiteral("/dati/Saldoro.mdb"),
-                        QStringLiteral("Fatture"), QStringLiteral("Del"));
-    error.addDetail(QStringLiteral("Pagamento"), QStringLiteral("14"));
-    error.addDetail(QStringLiteral("Campo"), QStringLiteral("altro"));
-    QCOMPARE(error.detail(QStringLiteral("Campo")), QStringLiteral("Del"));
-    const QString report = QString::fromUtf8(error.what());
-    for (const char *piece : {"/dati/Saldoro.mdb", "Fatture", "Del", "Pagamento: 14"})
-        QVERIFY2(report.contains(QLatin1String(piece)), piece);
-    QVERIFY(report.startsWith(error.problem()) && report.endsWith(error.remedy()));
-}
 
 QTEST_GUILESS_MAIN(TestAmounts)
 #include "test_amounts.moc"

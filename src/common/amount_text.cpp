@@ -1,6 +1,7 @@
 #include "common/amount_text.h"
 
 #include "common/number_text.h"
+#include "common/rounding.h"
 
 #include <array>
 
@@ -11,20 +12,17 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /** Most characters of an amount: 17 digits, 4 points, the comma and the sign. */
-constexpr std::size_t LongestAmount = 23;
+constexpr std::size_t longestAmount = 23;
 
 } // namespace
 
 QString FormatImporto(Currency amount)
 {
-    const bool negative = amount.scaled() < 0;
-    // Unsigned, since the smallest value has no positive counterpart.
-    const quint64 magnitude = negative ? 0 - static_cast<quint64>(amount.scaled())
-                                       : static_cast<quint64>(amount.scaled());
+    const qint64 cents = RoundHalfAway(amount.scaled(), Currency::Scale / 100);
     // Long lists are full of amounts: one buffer, filled from the last character to the first.
-    std::array<QChar, LongestAmount> buffer;
+    std::array<QChar, longestAmount> buffer;
     auto first = buffer.end();
-    quint64 rest = (magnitude + 50) / 100;
+    qint64 rest = qAbs(cents);
     for (int digit = 0; digit < 3 || rest > 0; ++digit, rest /= 10) {
         if (digit == 2)
             *--first = u',';
@@ -32,7 +30,7 @@ QString FormatImporto(Currency amount)
             *--first = u'.';
         *--first = QChar(u'0' + static_cast<char16_t>(rest % 10));
     }
-    if (negative)
+    if (amount < Currency())
         *--first = u'-';
     return QString(first, buffer.end() - first); // NOLINT(modernize-return-braced-init-list)
 }

@@ -1,8 +1,7 @@
 #include "common/currency.h"
 
 #include "common/errors.h"
-
-#include <cmath>
+#include "common/rounding.h"
 
 namespace saldoro {
 
@@ -28,13 +27,10 @@ Currency Currency::fromWhole(qint64 euros)
 
 Currency Currency::fromDouble(double value)
 {
-    // The default rounding mode is to nearest, ties to even. 2^63 itself is out of range while
-    // -2^63 is in; both are exact doubles.
-    const double scaled = std::nearbyint(value * static_cast<double>(Scale));
-    constexpr double limit = 9223372036854775808.0;
-    if (!(scaled >= -limit && scaled < limit))
+    const auto scaled = RoundHalfEven<qint64>(value * static_cast<double>(Scale));
+    if (!scaled)
         overflow();
-    return fromScaled(static_cast<qint64>(scaled));
+    return fromScaled(*scaled);
 }
 
 double Currency::toDouble() const

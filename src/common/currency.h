@@ -29,8 +29,13 @@ public:
     /** A whole number of euros; throws OverflowError beyond the range. */
     static Currency fromWhole(qint64 euros);
 
-    /** Nearest ten-thousandth of @p value, ties to even. Throws OverflowError beyond the range
-     *  and for a value that is no number. */
+    /**
+     * Nearest ten-thousandth of @p value, ties to even. The multiplication by Scale is one of
+     * floating point and its product is rounded, so that decimal ties count as ties: 0,00025 gives
+     * 2 ten-thousandths though the double lies a trifle above. Beyond some thousand billion a
+     * double holds no ten-thousandths any more, and the last decimals are approximate. Throws
+     * OverflowError beyond the range and for a value that is no number.
+     */
     static Currency fromDouble(double value);
 
     /** The count of ten-thousandths, as stored in the databases. */

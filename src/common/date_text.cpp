@@ -1,20 +1,12 @@
 #include "common/date_text.h"
 
-#include "common/number_text.h"
-
-#include <QStringList>
+#include <QRegularExpression>
 
 namespace saldoro {
 
-namespace {
+using namespace Qt::StringLiterals;
 
-int fullYear(const QString &text)
-{
-    const int year = DigitsValue(text);
-    if (text.size() == 2 && year >= 0)
-        return year + (year < 30 ? 2000 : 1900);
-    return text.size() == 4 && year >= 100 ? year : -1;
-}
+namespace {
 
 /** Writes @p value as @p count digits into @p text, the first at @p position. */
 void setDigits(QString &text, qsizetype position, int count, int value)
@@ -43,13 +35,14 @@ QString FormatData(QDate day)
 
 QDate DataDaTesto(const QString &text)
 {
-    const QStringList pieces = text.split(u'/');
-    if (pieces.size() != 3)
-        return {};
-    if (pieces[0].size() > 2 || pieces[1].size() > 2)
-        return {};
-    const int year = fullYear(pieces[2]);
-    return year < 0 ? QDate() : QDate(year, DigitsValue(pieces[1]), DigitsValue(pieces[0]));
+    static const QRegularExpression dayMonthYear(
+        u"\\A([0-9]{1,2})/([0-9]{1,2})/([0-9]{4}|[0-9]{2})\\z"_s);
+    const auto match = dayMonthYear.match(text);
+    int year = match.capturedView(3).toInt();
+    if (match.capturedLength(3) == 2)
+        year += year < 30 ? 2000 : 1900;
+    const QDate day(year, match.capturedView(2).toInt(), match.capturedView(1).toInt());
+    return year < 100 ? QDate() : day;
 }
 
 } // namespace saldoro

@@ -18,19 +18,6 @@ MessageAnswerer &currentAnswerer()
     return answerer;
 }
 
-QMessageBox::Icon iconOf(MessageKind kind)
-{
-    switch (kind) {
-    case MessageKind::Information:
-        return QMessageBox::Information;
-    case MessageKind::Critical:
-        return QMessageBox::Critical;
-    case MessageKind::Question:
-        return QMessageBox::NoIcon;
-    }
-    return QMessageBox::NoIcon;
-}
-
 MessageAnswer ask(QMessageBox &box)
 {
     QPushButton *yes = box.addButton(u"&Sì"_s, QMessageBox::YesRole);
@@ -47,8 +34,11 @@ MessageAnswer ShowMessage(MessageKind kind, const QString &text)
 {
     if (currentAnswerer())
         return currentAnswerer()(kind, text);
-    QMessageBox box(iconOf(kind), QApplication::applicationDisplayName(), text,
-                    QMessageBox::NoButton, QApplication::activeWindow());
+    const QMessageBox::Icon icon = kind == MessageKind::Critical      ? QMessageBox::Critical
+                                   : kind == MessageKind::Information ? QMessageBox::Information
+                                                                      : QMessageBox::NoIcon;
+    QMessageBox box(icon, QApplication::applicationDisplayName(), text, QMessageBox::NoButton,
+                    QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     // The program's windows stay above others; a box below them could not be answered.
     box.setWindowFlag(Qt::WindowStaysOnTopHint);

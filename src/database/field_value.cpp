@@ -1,6 +1,6 @@
+#include "common/rounding.h"
 #include "database/record_set.h"
 #include "database/record_set_data.h"
-#include "database/rounding.h"
 #include "database/stored_text.h"
 
 namespace saldoro {
@@ -73,7 +73,7 @@ Currency FieldValue::currency() const
     }
     if (cell.type != CellType::Real)
         throw errorAt(*m_data, m_column, DatabaseFault::TypeMismatch);
-    const auto scaled = RoundedTo<qint64>(cell.real());
+    const auto scaled = RoundHalfEven<qint64>(cell.real());
     if (!scaled)
         throw errorAt(*m_data, m_column, DatabaseFault::FieldTooSmall);
     return Currency::fromScaled(*scaled);
@@ -91,9 +91,9 @@ qint32 FieldValue::integer() const
         throw errorAt(*m_data, m_column, DatabaseFault::TypeMismatch);
     std::optional<qint32> number;
     if (m_data->columnInfo(m_column).kind == ColumnKind::Currency)
-        number = RoundedTo<qint32>(currency().toDouble());
+        number = RoundHalfEven<qint32>(currency().toDouble());
     else if (cell.type == CellType::Real)
-        number = RoundedTo<qint32>(cell.real());
+        number = RoundHalfEven<qint32>(cell.real());
     else if (cell.whole() == static_cast<qint32>(cell.whole()))
         number = static_cast<qint32>(cell.whole());
     if (!number)

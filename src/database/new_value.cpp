@@ -1,8 +1,8 @@
 #include "database/new_value.h"
 
 #include "common/date_text.h"
+#include "common/rounding.h"
 #include "common/text_cut.h"
-#include "database/rounding.h"
 #include "database/stored_text.h"
 
 namespace saldoro {
@@ -25,7 +25,7 @@ Form textForm(const ColumnInfo &column, const QString &text)
 template <typename Whole>
 Form wholeForm(double value)
 {
-    const auto rounded = RoundedTo<Whole>(value);
+    const auto rounded = RoundHalfEven<Whole>(value);
     return rounded ? Form(StoredValue(qint64{*rounded})) : Form(DatabaseFault::FieldTooSmall);
 }
 
