@@ -37,6 +37,8 @@ void copyFolder(const QDir &from, const QDir &to)
 ArchiveState ReadState(const TestArchive &archive)
 {
     ArchiveState state;
+    state[u"UltimaPerVariante"_s] =
+        archive.contractRows(u"SELECT * FROM UltimaPerVariante ORDER BY rowid"_s);
     const QString items = archive.contractRows(u"SELECT * FROM SchedaProgetto ORDER BY rowid"_s);
     for (const QString &row : items.split(u'\n', Qt::SkipEmptyParts))
         state[row.section(u'|', 0, 0)] += row;

@@ -8,8 +8,8 @@
 namespace saldoro {
 
 /**
- * Everything of a project that the program writes, as texts that can be compared: under "Fatture"
- * and "Spese" the rows as stored, one a line, under "tabelle" the names of the ledger's tables,
+ * Everything of a project that the program writes, as texts that can be compared: under the name
+ * of a table its rows as stored, one a line, under "tabelle" the names of the ledger's tables,
  * under its key each item of the contract sheet, under its name each document. What a file is not
  * there for has no entry.
  */

@@ -1,5 +1,6 @@
 #include "works.h"
 
+#include "exchange/import.h"
 #include "held_form.h"
 #include "invoice/payment_load.h"
 #include "invoice/payment_save.h"
@@ -11,6 +12,7 @@
 #include "store/ledger.h"
 
 #include <QFile>
+#include <QTemporaryDir>
 
 #include <stdexcept>
 
@@ -145,6 +147,38 @@ QList<ArchiveState> creationStates(TestArchive &archive)
     return states;
 }
 
+/** A folder of CSV files for two databases. */
+QString csvFolder()
+{
+    static const QTemporaryDir folder;
+    for (const auto &[table, text] :
+         {std::pair(u"UltimaPerVariante"_s, "Voce;Descri;Importo\nA1;Scavi;1.000,00\n"),
+          std::pair(u"Fatture"_s, "AziProf;Npag;Creditore;Del;Importo;ImportoIVA\n"
+                                  "A;1;Edil Rossi;31/01/2021;100,00;22,00\n"),
+          std::pair(u"Spese"_s, "RelNpag;Cod;Descrizione;Importo\n1;A1;Scavi;122,00\n")}) {
+        QFile file(folder.filePath(table + u".csv"_s));
+        if (!file.open(QIODevice::WriteOnly) || file.write(text) < 0)
+            throw std::runtime_error("the file to import can't be written");
+    }
+    // Also for a process that has given up its rights.
+    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
+                                             QFile::ReadOther | QFile::ExeOther);
+    return folder.path();
+}
+
+/** Puts the files in the place of what the project holds. */
+void import(const ProgramValues &values, const QString &csv)
+{
+    const ImportOutcome outcome =
+        ImportProject({csv,
+                       MachinePath(ProjectFolder(values)),
+                       false,
+                       true,
+                       {u"UltimaPerVariante"_s, u"Fatture"_s, u"Spese"_s}});
+    if (!outcome.isDone)
+        throw std::runtime_error(outcome.remarks.toStdString());
+}
+
 } // namespace
 
 QList<Work> AllWorks()
@@ -190,6 +224,15 @@ QList<Work> AllWorks()
          removeAllocation,
          writing({u"L DELETE FROM Spese WHERE RelNpag = 2 AND Cod = 'A3'"_s}),
          {ledger}},
+        {u"import"_s,
+         [csv = csvFolder()](ProgramValues &values) { import(values, csv); },
+         writing({u"C DELETE FROM UltimaPerVariante; INSERT INTO UltimaPerVariante VALUES('A1', "
+                  "'Scavi', 10000000)"_s,
+                  u"L DELETE FROM Fatture; INSERT INTO Fatture(AziProf, Npag, Creditore, Del, "
+                  "Importo, ImportoIVA) VALUES('A', 1, 'Edil Rossi', '2021-01-31', 1000000, "
+                  "220000); DELETE FROM Spese; INSERT INTO Spese VALUES(1, 'A1', 'Scavi', "
+                  "1220000)"_s}),
+         {ledger, contract}},
     };
 }
 

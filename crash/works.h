@@ -28,7 +28,7 @@ struct Work
 };
 
 /** Creating the ledger, the main screen's load and its closing work, saves of both kinds, new and
- *  changed, deletions of a payment and of an allocation. */
+ *  changed, deletions of a payment and of an allocation, an import. */
 QList<Work> AllWorks();
 
 } // namespace saldoro
