@@ -199,8 +199,11 @@ void TestFrmPrincipale::deletes()
 
     // With payment 2 gone row 2 lists payment 3, but still goes by its own place.
     m_told.clear();
-    act(u"Command3 Command1"_s);
-    QCOMPARE(m_told.join(u' '), deleted ? u"A 2 new 3"_s : u"P 2 new 4"_s);
+    act(u"Command3 Command4 Command1"_s);
+    QCOMPARE(m_told.join(u'|'),
+             u"%1|Sei sicuro di vole eliminare il pagamento N°2|%2"_s.arg(
+                 deleted ? u"A 2"_s : u"P 2"_s, deleted ? u"new 3"_s : u"new 4"_s));
+    QCOMPARE(list().rows(), deleted ? 3 : 4);
 }
 
 void TestFrmPrincipale::leavesAnEmptyLedgerAlone()
