@@ -34,8 +34,12 @@ public:
     QString text(const QString &name) const { return find<QLineEdit>(name)->text(); }
     /** Texts of the named lines, joined by blanks; an empty one reads "-". */
     QString texts(const QString &names) const;
-    /** Name of the control that has the focus. */
-    QString focused() const { return QApplication::focusWidget()->objectName(); }
+    /** Name of the control that has the focus; empty without one. */
+    QString focused() const
+    {
+        const QWidget *control = QApplication::focusWidget();
+        return control ? control->objectName() : QString();
+    }
 
     void focus(const QString &name) { find(name)->setFocus(); }
     void type(const QString &text) { QTest::keyClicks(QApplication::focusWidget(), text); }
