@@ -21,6 +21,7 @@ struct Cell
     quint64 bits = 0; ///< the number, or where the text begins
     quint32 length = 0;
     CellType type = CellType::Null;
+    bool isExact = true; ///< whether a text is stored as just these bytes
 
     qint64 whole() const { return std::bit_cast<qint64>(bits); }
     double real() const { return std::bit_cast<double>(bits); }
@@ -63,9 +64,9 @@ public:
     {
         m_cells.push_back({std::bit_cast<quint64>(value), 0, CellType::Real});
     }
-    void appendText(const char *bytes, quint32 length)
+    void appendText(const char *bytes, quint32 length, bool isExact = true)
     {
-        m_cells.push_back({m_bytes.size(), length, CellType::Text});
+        m_cells.push_back({m_bytes.size(), length, CellType::Text, isExact});
         m_bytes.insert(m_bytes.end(), bytes, bytes + length);
     }
 

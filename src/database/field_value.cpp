@@ -55,7 +55,8 @@ QString FieldValue::textOrEmpty() const
 std::optional<QByteArrayView> FieldValue::storedBytes() const
 {
     const Cell &cell = m_data->currentCell(m_column);
-    return cell.type == CellType::Text ? std::optional(m_data->cells().text(cell)) : std::nullopt;
+    return cell.type == CellType::Text && cell.isExact ? std::optional(m_data->cells().text(cell))
+                                                       : std::nullopt;
 }
 
 Currency FieldValue::currency() const

@@ -32,7 +32,8 @@ public:
     /** As text(), a null giving the empty text. */
     QString textOrEmpty() const;
 
-    /** The bytes of a stored text as they are, a day's included; no value for a null or a number.
+    /** The bytes of a stored text as they are, a day's included; no value for a null, a
+     *  number or bytes that are no text.
      *  Valid until the set changes. */
     std::optional<QByteArrayView> storedBytes() const;
 

@@ -13,14 +13,15 @@ namespace {
 
 void appendTextOf(CellTable &cells, sqlite3_value *value)
 {
+    const int type = sqlite3_value_type(value); // the next call makes a text of it
     const auto *bytes = reinterpret_cast<const char *>(sqlite3_value_text(value));
     const QByteArrayView stored(bytes, sqlite3_value_bytes(value));
     if (stored.isValidUtf8()) {
-        cells.appendText(stored.data(), static_cast<quint32>(stored.size()));
+        cells.appendText(stored.data(), static_cast<quint32>(stored.size()), type == SQLITE_TEXT);
         return;
     }
     const QByteArray readable = TextOfStoredBytes(stored).toUtf8();
-    cells.appendText(readable.constData(), static_cast<quint32>(readable.size()));
+    cells.appendText(readable.constData(), static_cast<quint32>(readable.size()), false);
 }
 
 } // namespace

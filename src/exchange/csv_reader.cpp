@@ -4,32 +4,18 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-CsvReader::CsvReader(const QString &text, QChar separator)
-    : m_text(text)
-    , m_separator(separator)
-{
-}
-
 bool CsvReader::next(CsvRow &row)
 {
     if (m_at == m_text.size())
         return false;
     row.line = m_line;
-    row.cells.clear();
-    row.cells.append(cell());
+    row.cells = {cell()};
     while (isAt(m_separator)) {
         ++m_at;
         row.cells.append(cell());
     }
     endRow();
     return true;
-}
-
-void CsvReader::skipLine()
-{
-    const qsizetype end = m_text.indexOf(u'\n', m_at);
-    m_at = end < 0 ? m_text.size() : end + 1;
-    ++m_line;
 }
 
 CsvCell CsvReader::cell()

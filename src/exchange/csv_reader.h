@@ -37,15 +37,14 @@ class CsvReader
 {
 public:
     /** @p text must outlive the reader. */
-    CsvReader(const QString &text, QChar separator);
+    CsvReader(QStringView text, QChar separator)
+        : m_text(text)
+        , m_separator(separator)
+    {
+    }
 
     /** Reads the next row into @p row; false at the end of the text. Throws CsvFault. */
     bool next(CsvRow &row);
-
-    /** Passes over the rest of the present line, whatever it is. */
-    void skipLine();
-
-    qsizetype position() const { return m_at; }
 
 private:
     CsvCell cell();

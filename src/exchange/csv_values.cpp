@@ -4,7 +4,6 @@
 
 #include <QRegularExpression>
 
-#include <algorithm>
 #include <limits>
 
 namespace saldoro {
@@ -15,65 +14,58 @@ namespace {
 
 constexpr qsizetype MostDecimals = 4;
 
-/** What stands in front of or behind the digits of an amount. */
-struct Surroundings
+/** Takes a character off the front, with the blanks behind it. */
+bool take(QStringView &text, QChar character)
 {
-    bool isNegative = false;
-    bool hasSign = false;
-    bool hasEuro = false;
+    if (!text.startsWith(character))
+        return false;
+    text = text.sliced(1).trimmed();
+    return true;
+}
 
-    /** Takes one sign or currency mark; false for anything else and for a second one. */
-    bool take(QChar character)
+/** Counts ten-thousandths digit by digit, without a sign. */
+class DigitCount
+{
+public:
+    /** False for what is no digit, and beyond the range. */
+    bool add(QChar digit)
     {
-        bool &known = character == u'€' ? hasEuro : hasSign;
-        if (known || (character != u'€' && character != u'-' && character != u'+'))
-            return false;
-        known = true;
-        isNegative = isNegative || character == u'-';
-        return true;
+        return digit >= u'0' && digit <= u'9' &&
+               !__builtin_mul_overflow(m_count, quint64{10}, &m_count) &&
+               !__builtin_add_overflow(m_count, static_cast<quint64>(digit.unicode() - u'0'),
+                                       &m_count);
     }
+
+    std::optional<Currency> amount(bool isNegative) const
+    {
+        constexpr auto limit = static_cast<quint64>(std::numeric_limits<qint64>::max());
+        if (m_count > limit + (isNegative ? 1 : 0))
+            return std::nullopt;
+        return Currency::fromScaled(static_cast<qint64>(isNegative ? 0 - m_count : m_count));
+    }
+
+private:
+    quint64 m_count = 0;
 };
 
-bool isDigit(QChar character)
+/** The whole part, where "." may stand between groups of three and then must. */
+bool addWhole(QStringView whole, bool isGrouped, DigitCount &count)
 {
-    return character >= u'0' && character <= u'9';
-}
-
-/** The digits of the whole part; no value when "." stands elsewhere than between groups of three.
- */
-std::optional<QString> ungrouped(QStringView whole)
-{
-    QString digits;
-    const bool isGrouped = whole.contains(u'.');
     for (qsizetype place = 0; place < whole.size(); ++place) {
-        const bool isMark = isGrouped && place > 0 && (whole.size() - place) % 4 == 0;
-        if (isMark != (whole[place] == u'.'))
-            return std::nullopt;
-        if (!isMark)
-            digits += whole[place];
+        const bool isMark = isGrouped && (whole.size() - place) % 4 == 0;
+        if (isMark ? place == 0 || whole[place] != u'.' : !count.add(whole[place]))
+            return false;
     }
-    return digits;
+    return !whole.isEmpty();
 }
 
-bool fits(qsizetype decimals, CsvDialect dialect)
+bool addDecimals(QStringView decimals, DigitCount &count)
 {
-    return decimals >= 1 && decimals <= MostDecimals &&
-           (decimals != 3 || dialect == CsvDialect::Italian);
-}
-
-/** The number that the digits spell, which the sign may carry to the end of the range. */
-std::optional<Currency> exactAmount(const QString &digits, bool isNegative)
-{
-    quint64 magnitude = 0;
-    for (const QChar digit : digits) {
-        if (!isDigit(digit) || __builtin_mul_overflow(magnitude, quint64{10}, &magnitude) ||
-            __builtin_add_overflow(magnitude, static_cast<quint64>(digit.digitValue()), &magnitude))
-            return std::nullopt;
+    for (qsizetype place = 0; place < MostDecimals; ++place) {
+        if (!count.add(place < decimals.size() ? decimals[place] : u'0'))
+            return false;
     }
-    const auto limit = static_cast<quint64>(std::numeric_limits<qint64>::max());
-    if (magnitude > limit + (isNegative ? 1 : 0))
-        return std::nullopt;
-    return Currency::fromScaled(static_cast<qint64>(isNegative ? 0 - magnitude : magnitude));
+    return decimals.size() <= MostDecimals;
 }
 
 std::optional<QDate> dayOf(QStringView year, QStringView month, QStringView day)
@@ -92,42 +84,25 @@ bool isMidnight(QStringView text)
 
 } // namespace
 
-QChar SeparatorOf(CsvDialect dialect)
-{
-    return dialect == CsvDialect::Italian ? u';' : u',';
-}
-
-QString AmountExample(CsvDialect dialect)
-{
-    return dialect == CsvDialect::Italian ? u"un importo come 1.234,56"_s
-                                          : u"un importo come 1234.56 (non con tre decimali)"_s;
-}
-
-QString DayExample(CsvDialect dialect)
-{
-    return dialect == CsvDialect::Italian ? u"una data gg/mm/aaaa"_s : u"una data aaaa-mm-gg"_s;
-}
-
 std::optional<Currency> AmountOf(QStringView text, CsvDialect dialect)
 {
-    Surroundings surroundings;
     text = text.trimmed();
-    while (!text.isEmpty() && surroundings.take(text.front()))
-        text = text.sliced(1).trimmed();
-    if (text.endsWith(u'€') && surroundings.take(u'€'))
+    const bool hasEuro = take(text, u'€');
+    const bool isNegative = take(text, u'-');
+    if (!isNegative)
+        take(text, u'+');
+    if (!hasEuro && !take(text, u'€') && text.endsWith(u'€'))
         text = text.chopped(1).trimmed();
     const bool isItalian = dialect == CsvDialect::Italian;
     const qsizetype mark = text.indexOf(isItalian ? u',' : u'.');
     const QStringView whole = mark < 0 ? text : text.first(mark);
     const QStringView decimals = mark < 0 ? QStringView() : text.sliced(mark + 1);
-    if (whole.isEmpty() || (mark >= 0 && !fits(decimals.size(), dialect)))
+    if ((mark >= 0 && decimals.isEmpty()) || (!isItalian && decimals.size() == 3))
         return std::nullopt;
-    std::optional<QString> digits = isItalian ? ungrouped(whole) : whole.toString();
-    if (!digits)
+    DigitCount count;
+    if (!addWhole(whole, isItalian && whole.contains(u'.'), count) || !addDecimals(decimals, count))
         return std::nullopt;
-    *digits += decimals;
-    return exactAmount(digits->leftJustified(digits->size() + MostDecimals - decimals.size(), u'0'),
-                       surroundings.isNegative);
+    return count.amount(isNegative);
 }
 
 std::optional<QDate> DayOf(QStringView text, CsvDialect dialect)
@@ -147,10 +122,13 @@ std::optional<QDate> DayOf(QStringView text, CsvDialect dialect)
 std::optional<qint32> WholeOf(QStringView text)
 {
     text = text.trimmed();
-    const QStringView digits = text.startsWith(u'-') ? text.sliced(1) : text;
-    bool isNumber = !digits.isEmpty() && std::all_of(digits.begin(), digits.end(), isDigit);
-    const qint32 number = isNumber ? text.toInt(&isNumber) : 0;
-    return isNumber ? std::optional(number) : std::nullopt;
+    const bool isNegative = take(text, u'-');
+    DigitCount count;
+    if (!addWhole(text, false, count))
+        return std::nullopt;
+    const qint64 number = count.amount(isNegative).value_or(Currency()).scaled();
+    const auto narrow = static_cast<qint32>(number);
+    return narrow == number ? std::optional(narrow) : std::nullopt;
 }
 
 QString AmountCell(Currency amount)
@@ -164,11 +142,6 @@ QString AmountCell(Currency amount)
     for (int spare = 2; spare > 0 && text.endsWith(u'0'); --spare)
         text.chop(1);
     return isNegative ? u'-' + text : text;
-}
-
-QString TextCell(QString text)
-{
-    return u'"' + text.replace(u'"', u"\"\""_s) + u'"';
 }
 
 } // namespace saldoro

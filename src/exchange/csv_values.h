@@ -16,12 +16,6 @@ enum class CsvDialect
     International ///< ",", 1234.56 and 2024-12-31
 };
 
-QChar SeparatorOf(CsvDialect dialect);
-
-/** What each kind of value looks like in a dialect, for messages: "un importo come 1.234,56". */
-QString AmountExample(CsvDialect dialect);
-QString DayExample(CsvDialect dialect);
-
 /**
  * An exact amount; no value for anything that is none. Blanks and one "€" around it do not count,
  * a sign may stand in front. Italian: plain digits or groups of three with ".", then perhaps ","
@@ -39,7 +33,5 @@ std::optional<qint32> WholeOf(QStringView text);
 
 /** An amount as the Italian dialect writes it, with two decimals at least and without groups. */
 QString AmountCell(Currency amount);
-/** A text in quotes, those within doubled: the empty text and codes made of digits need them. */
-QString TextCell(QString text);
 
 } // namespace saldoro

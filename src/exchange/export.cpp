@@ -3,12 +3,11 @@
 #include "common/date_text.h"
 #include "common/errors.h"
 #include "common/text_cut.h"
-#include "exchange/archive_rows.h"
+#include "exchange/archive_tables.h"
 #include "exchange/csv_values.h"
 #include "exchange/progress.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QSaveFile>
 
 #include <algorithm>
@@ -19,143 +18,82 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** One table written out, ready for its file. */
-struct TableText
+/** A table as its file is to hold it. */
+struct TableFile
 {
     QString path;
-    QByteArray content = "\xEF\xBB\xBF";
-    QString summary;
+    QByteArray content;
 };
 
-/** Turns a value into the text of its cell. */
-struct CellWriter
+/** The text of a value's cell; texts stand in quotes, which codes made of digits need and the empty
+ *  text. */
+struct CellText
 {
     QString operator()(std::monostate /*null*/) const { return {}; }
-    QString operator()(const QString &text) const { return TextCell(text); }
+    QString operator()(QString text) const { return u'"' + text.replace(u'"', u"\"\""_s) + u'"'; }
     QString operator()(qint32 number) const { return QString::number(number); }
     QString operator()(Currency amount) const { return AmountCell(amount); }
     QString operator()(QDate day) const { return FormatData(day); }
-    QString operator()(double number) const { return QString::number(number); }
+    QString operator()(double /*untold*/) const { return u"?"_s; }
 };
 
-/** What a row is known by: its place and what its first fields show. */
-QString rowName(const ExchangedTable &table, const RecordSet &records, int row)
+QString cellText(const NewValue &value)
 {
-    QStringList shown;
-    for (const FieldDef &field : table.definition.fields().first(2))
-        shown.append(LeftCharacters(records.field(field.name).textOrEmpty(), 20));
-    return u"%1, riga %2 (%3)"_s.arg(table.name(), QString::number(row), shown.join(u' '));
+    return std::visit(CellText(), value);
 }
 
-/** Writes the records of one table. */
-class TableWriting
+/** Why a file can't tell a row: empty when it can. A row without a value is none of a file. */
+QString untold(const ExchangedTable &table, const QList<NewValue> &row)
 {
-public:
-    TableWriting(const ExchangedTable &table, const Database &database, QStringList &unsayable)
-        : m_table(table)
-        , m_records(database.openRecordSet(u"SELECT * FROM "_s + table.name()))
-        , m_unsayable(unsayable)
-    {
+    QStringList fields;
+    for (qsizetype place = 0; place < row.size(); ++place) {
+        if (std::holds_alternative<double>(row[place]))
+            fields.append(u"campo "_s + table.definition.fields()[place].name);
     }
+    const bool hasValue = std::any_of(row.begin(), row.end(),
+                                      [](const NewValue &value) { return value != NewValue(); });
+    return hasValue ? fields.join(u", "_s) : u"nessun valore"_s;
+}
 
-    void write(TableText &text, Progress &progress)
-    {
-        QStringList names;
-        QList<int> columns;
-        for (const FieldDef &field : m_table.definition.fields()) {
-            names.append(field.name);
-            columns.append(m_records.column(field.name));
-        }
-        text.content += names.join(u';').toUtf8() + "\r\n";
-        TableTotal total(m_table);
-        int rows = 0;
-        const int whole = m_records.recordCount();
-        for (; !m_records.eof(); m_records.moveNext()) {
-            const QList<NewValue> values = rowValues(columns, ++rows);
-            appendRow(values, text.content);
-            total.add(values);
-            progress.show(m_table.name(), rows, whole);
-        }
-        text.summary = TableSummary(m_table, rows, total.total());
+QByteArray fileContent(const ExchangedTable &table, const TableRows &rows, QStringList &untolds,
+                       Progress &progress)
+{
+    QStringList names;
+    for (const FieldDef &field : table.definition.fields())
+        names.append(field.name);
+    QByteArray content = "\xEF\xBB\xBF" + names.join(u';').toUtf8() + "\r\n";
+    for (qsizetype place = 0; place < rows.size(); ++place) {
+        QStringList cells;
+        for (const NewValue &value : rows[place])
+            cells.append(cellText(value));
+        content += cells.join(u';').toUtf8() + "\r\n";
+        if (const QString what = untold(table, rows[place]); !what.isEmpty())
+            untolds.append(u"%1, riga %2 (%3): "_s.arg(table.name(), QString::number(place + 1),
+                                                       LeftCharacters(cells.join(u' '), 60)) +
+                           what);
+        progress.show(u"Scrittura di"_s, table.name(), place);
     }
-
-private:
-    QList<NewValue> rowValues(const QList<int> &columns, int row)
-    {
-        QList<NewValue> values;
-        for (qsizetype place = 0; place < columns.size(); ++place) {
-            const FieldDef &field = m_table.definition.fields()[place];
-            const std::optional<NewValue> value =
-                ExactValue(field, m_records.field(columns[place]));
-            if (!value)
-                m_unsayable.append(rowName(m_table, m_records, row) + u", campo "_s + field.name);
-            values.append(value.value_or(NewValue()));
-        }
-        if (std::all_of(values.begin(), values.end(),
-                        [](const NewValue &value) { return value == NewValue(); }))
-            m_unsayable.append(rowName(m_table, m_records, row) + u", che non ha nessun valore"_s);
-        return values;
-    }
-
-    static void appendRow(const QList<NewValue> &values, QByteArray &content)
-    {
-        for (qsizetype place = 0; place < values.size(); ++place) {
-            if (place > 0)
-                content += ';';
-            content += std::visit(CellWriter(), values[place]).toUtf8();
-        }
-        content += "\r\n";
-    }
-
-    const ExchangedTable &m_table;
-    RecordSet m_records;
-    QStringList &m_unsayable;
-};
+    return content;
+}
 
 /** Where a table is written to: over a file of that name in any letter case, where it may be. */
 QString targetPath(const QDir &folder, const QString &name, bool overwrite)
 {
-    for (const QString &entry : folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::System)) {
-        if (entry.compare(name, Qt::CaseInsensitive) != 0)
-            continue;
-        if (!overwrite)
-            throw FileError(
-                folder.filePath(entry), u"Il file c'è già."_s,
-                u"Scegliere un'altra cartella, o sostituire i file con --sovrascrivi."_s);
-        return folder.filePath(entry);
-    }
-    return folder.filePath(name);
+    const QStringList there = folder.entryList({name}, QDir::AllEntries | QDir::Hidden); // any case
+    if (there.isEmpty())
+        return folder.filePath(name);
+    if (!overwrite)
+        throw FileError(folder.filePath(there.first()), u"Il file c'è già."_s,
+                        u"Scegliere un'altra cartella, o sostituire i file con --sovrascrivi."_s);
+    return folder.filePath(there.first());
 }
 
-void writeFile(const TableText &table)
+void writeFile(const TableFile &table)
 {
     QSaveFile file(table.path);
     if (!file.open(QIODevice::WriteOnly) || file.write(table.content) < 0 || !file.commit())
-        throw FileError(table.path, u"Il file non può essere scritto: "_s + file.errorString(),
+        throw FileError(table.path, u"Il file non può essere scritto."_s,
                         u"Controllare i permessi e lo spazio libero sul disco."_s);
-}
-
-std::vector<TableText> tableTexts(const QString &project, const QDir &folder, bool overwrite)
-{
-    std::vector<TableText> texts;
-    for (const ExchangedTable &table : ExchangedTables())
-        texts.emplace_back().path = targetPath(folder, table.fileName(), overwrite);
-    QStringList unsayable;
-    std::optional<Database> database;
-    Progress progress;
-    for (size_t place = 0; place < texts.size(); ++place) {
-        const ExchangedTable &table = ExchangedTables()[place];
-        const QString path = ArchiveFilePath(table.archive, project);
-        if (!database || database->path() != path)
-            database = Database::open(path);
-        TableWriting(table, *database, unsayable).write(texts[place], progress);
-    }
-    if (!unsayable.isEmpty())
-        throw SaldoroError(u"Questi valori non si possono dire in un file CSV (una data con l'ora, "
-                           "byte che non sono testo, un valore di altro tipo):\n  "_s +
-                               unsayable.join(u"\n  "_s),
-                           u"Nessun file è stato scritto. Correggere i valori nell'archivio."_s);
-    return texts;
 }
 
 } // namespace
@@ -164,15 +102,27 @@ QString ExportProject(const ExportRequest &request)
 {
     const QString project = ExistingFolder(request.projectFolder);
     const QDir folder(request.csvFolder);
-    const std::vector<TableText> texts = tableTexts(project, folder, request.overwrite);
+    std::vector<TableFile> files;
+    QStringList untolds;
+    QString summary;
+    Progress progress;
+    for (const ExchangedTable &table : ExchangedTables()) {
+        const Database database = Database::open(ArchiveFilePath(table.archive, project));
+        const TableRows rows = StoredRows(database, table);
+        files.push_back({targetPath(folder, table.fileName(), request.overwrite),
+                         fileContent(table, rows, untolds, progress)});
+        summary += TableSummary(table, rows);
+    }
+    if (!untolds.isEmpty())
+        throw SaldoroError(u"Questi valori non si possono dire in un file CSV: una data con l'ora, "
+                           "byte che non sono testo.\n  "_s +
+                               untolds.join(u"\n  "_s),
+                           u"Nessun file è stato scritto. Correggere i valori nell'archivio."_s);
     if (!folder.mkpath(u"."_s))
         throw FileError(folder.path(), u"La cartella non può essere creata."_s,
                         u"Controllare i permessi e lo spazio libero sul disco."_s);
-    QString summary;
-    for (const TableText &text : texts) {
-        writeFile(text);
-        summary += text.summary + u'\n';
-    }
+    for (const TableFile &file : files)
+        writeFile(file);
     return summary;
 }
 

@@ -1,7 +1,6 @@
 #include "exchange/import.h"
 
 #include "common/errors.h"
-#include "exchange/archive_rows.h"
 #include "exchange/import_rules.h"
 #include "exchange/import_target.h"
 #include "exchange/project_place.h"
@@ -9,7 +8,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <list>
 #include <map>
 
@@ -19,24 +17,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Paths of the CSV files by the table that each is for. */
-using CsvPaths = std::map<const ExchangedTable *, QString>;
-
 const ExchangedTable *tableNamed(const QString &name)
 {
-    const auto &tables = ExchangedTables();
-    const auto found = std::find_if(tables.begin(), tables.end(), [&](const auto &table) {
-        return table.name().compare(name, Qt::CaseInsensitive) == 0;
-    });
-    return found == tables.end() ? nullptr : &*found;
+    for (const ExchangedTable &table : ExchangedTables()) {
+        if (table.name().compare(name, Qt::CaseInsensitive) == 0)
+            return &table;
+    }
+    return nullptr;
 }
 
-CsvPaths csvPaths(const QString &folder, QStringList &errors)
+/** The CSV files of a folder by the table that each is for. */
+std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, QStringList &errors)
 {
-    CsvPaths paths;
-    for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files, QDir::Name)) {
-        if (file.suffix().compare("csv"_L1, Qt::CaseInsensitive) != 0)
-            continue;
+    std::map<const ExchangedTable *, QString> paths;
+    for (const QFileInfo &file : QDir(folder).entryInfoList({u"*.csv"_s}, QDir::Files)) {
         const ExchangedTable *table = tableNamed(file.completeBaseName());
         if (table == nullptr)
             errors.append(file.fileName() + u": nessuna tabella ha questo nome."_s);
@@ -50,13 +44,6 @@ CsvPaths csvPaths(const QString &folder, QStringList &errors)
     return paths;
 }
 
-bool isSame(const CsvTable &table, const TableRows &rows)
-{
-    return std::equal(
-        table.records.begin(), table.records.end(), rows.begin(), rows.end(),
-        [](const CsvRecord &record, const QList<NewValue> &row) { return record.values == row; });
-}
-
 /** One import from beginning to end. */
 class ProjectImport
 {
@@ -64,16 +51,20 @@ public:
     ProjectImport(const ImportRequest &request, const QString &folder)
         : m_request(request)
     {
-        for (const ArchiveFile file : {ArchiveFile::Codes, ArchiveFile::Contract,
-                                       ArchiveFile::Companies, ArchiveFile::Ledger})
+        for (const ArchiveFile file : ArchiveFileList)
             m_targets.try_emplace(file, file, ArchiveFilePath(file, folder));
     }
 
     /** Reads and checks. */
     void prepare()
     {
-        const CsvPaths paths = csvPaths(ExistingFolder(m_request.csvFolder), m_remarks.errors);
-        checkFolders();
+        const auto paths = csvPaths(ExistingFolder(m_request.csvFolder), m_remarks.errors);
+        for (const auto &[file, target] : m_targets) {
+            const QString folder = QFileInfo(target.path()).path();
+            if (!m_request.createProject && !QFileInfo(folder).isDir())
+                m_remarks.errors.append(folder +
+                                        u": la cartella non c'è; con --nuovo viene fatta."_s);
+        }
         for (const QString &name : m_request.replacedTables) {
             if (!paths.contains(tableNamed(name)))
                 m_remarks.errors.append(u"--sostituisci "_s + name +
@@ -123,37 +114,28 @@ public:
             }
             done += target.report();
         }
-        for (const CsvTable &table : m_tables)
-            done += summary(table);
+        for (const CsvTable &table : m_tables) {
+            done += TableSummary(*table.table, table.rows);
+            if (m_same.contains(&table))
+                done.insert(done.size() - 1, u" (c'era già, uguale)"_s);
+        }
         return done;
     }
 
 private:
-    void checkFolders()
-    {
-        for (const auto &[file, target] : m_targets) {
-            const QString folder = QFileInfo(target.path()).path();
-            if (!m_request.createProject && !QFileInfo(folder).isDir())
-                m_remarks.errors.append(folder +
-                                        u": la cartella non c'è; con --nuovo viene fatta."_s);
-        }
-    }
-
     void read(const ExchangedTable &table, const QString &path)
     {
         ImportTarget &target = m_targets.at(table.archive);
         const std::optional<TableDef> stored = target.storedTable(table, m_remarks.errors);
         if (!stored)
             return;
-        const QString step = u"Lettura di "_s + table.name();
-        const CsvTable &read = m_tables.emplace_back(ReadCsvTable(
-            path, table, *stored, m_remarks.errors,
-            [&](qsizetype done, qsizetype whole) { m_progress.show(step, done, whole); }));
+        const CsvTable &read =
+            m_tables.emplace_back(ReadCsvTable(path, table, *stored, m_remarks.errors, m_progress));
         if (!read.unknownFields.isEmpty())
             m_remarks.warnings.append(read.file + u": campi tralasciati: "_s +
                                       read.unknownFields.join(u", "_s) + u'.');
         const TableRows rows = target.storedRows(table);
-        if (isSame(read, rows))
+        if (target.exists() && read.rows == rows)
             m_same.append(&read);
         else if (rows.isEmpty() || mayReplace(read, rows))
             target.add(read, rows);
@@ -183,43 +165,27 @@ private:
 
     CodeMap storedCodes()
     {
-        return CodeMapOf(m_targets.at(ArchiveFile::Codes).storedRows(ExchangedTables().front()));
+        ImportTarget &codes = m_targets.at(ArchiveFile::Codes);
+        return CodeMapOf(codes.exists() ? codes.storedRows(ExchangedTables().front())
+                                        : StandardCodeRows());
     }
 
     /** The code map as it will be. */
     CodeMap codesInForce()
     {
-        TableRows rows;
         for (const CsvTable &table : m_tables) {
-            if (table.table->archive != ArchiveFile::Codes)
-                continue;
-            for (const CsvRecord &record : table.records)
-                rows.append(record.values);
-            return CodeMapOf(rows);
+            if (table.table->archive == ArchiveFile::Codes)
+                return CodeMapOf(table.rows);
         }
-        if (m_targets.at(ArchiveFile::Codes).exists())
-            return storedCodes();
-        for (const CodeMapping &code : StandardCodes())
-            rows.append({code.internalCode, code.externalCode, code.description});
-        return CodeMapOf(rows);
-    }
-
-    QString summary(const CsvTable &table) const
-    {
-        TableTotal total(*table.table);
-        for (const CsvRecord &record : table.records)
-            total.add(record.values);
-        return TableSummary(*table.table, static_cast<qsizetype>(table.records.size()),
-                            total.total()) +
-               (m_same.contains(&table) ? u" (c'era già, uguale)\n"_s : u"\n"_s);
+        return storedCodes();
     }
 
     const ImportRequest &m_request;
     ImportRemarks m_remarks;
-    std::map<ArchiveFile, ImportTarget> m_targets;
     std::list<CsvTable> m_tables;
     QList<const CsvTable *> m_same; ///< those that the archive holds already
     Progress m_progress;
+    std::map<ArchiveFile, ImportTarget> m_targets;
 };
 
 } // namespace

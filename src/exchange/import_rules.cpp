@@ -2,7 +2,8 @@
 
 #include "store/internal_codes.h"
 
-#include <algorithm>
+#include <QStringBuilder>
+
 #include <set>
 
 namespace saldoro {
@@ -12,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /** Cost items that the invoice forms can offer. */
-constexpr size_t PickListSize = 201;
+constexpr qsizetype PickListSize = 201;
 
 QString textOf(const NewValue &value)
 {
@@ -20,192 +21,146 @@ QString textOf(const NewValue &value)
     return text == nullptr ? QString() : *text;
 }
 
-bool isNull(const NewValue &value)
+/** As the databases compare codes: without regard to letter case. */
+QString compared(QStringView code)
 {
-    return std::holds_alternative<std::monostate>(value);
+    return code.toString().toCaseFolded();
 }
 
-/** The rows of one file, checked. */
-class RowChecks
+/** Fields of a table that need a value, and what becomes of the program without one. */
+struct NeededValues
 {
-public:
-    RowChecks(const CsvTable &table, ImportRemarks &remarks)
-        : m_table(table)
-        , m_remarks(remarks)
-    {
-    }
-
-    void checkPayments()
-    {
-        const QString stops =
-            u"manca il valore: la schermata principale si ferma a questo pagamento."_s;
-        for (const QString &field :
-             {u"Npag"_s, u"Creditore"_s, u"Del"_s, u"Importo"_s, u"ImportoIVA"_s})
-            refuseNulls(field, stops);
-        refuseNulls(u"AziProf"_s, u"manca il valore: il pagamento non si può aprire."_s);
-        for (const QString &field :
-             {u"ImportoPrest"_s, u"Contributo"_s, u"CassaPrev"_s, u"ImportoRA"_s}) {
-            refuseNulls(field,
-                        u"manca il valore: la chiusura si ferma senza completare i documenti."_s,
-                        [this](const CsvRecord &record) { return kind(record) == "P"_L1; });
-        }
-        checkKinds();
-        checkNumbers();
-    }
-
-    void checkAllocations()
-    {
-        refuseNulls(u"Importo"_s, u"manca il valore: la schermata principale si ferma."_s);
-    }
-
-    void checkSheet(const CodeMap &codes)
-    {
-        const auto contractor = codes.find(ComparedCode(InternalCode::Contractor.toString()));
-        if (contractor == codes.end())
-            return;
-        refuseNulls(u"Link"_s,
-                    u"manca l'impresa dell'appaltatore (0 se non c'è): le fatture delle aziende "
-                    "non si aprono."_s,
-                    [&](const CsvRecord &record) {
-                        return ComparedCode(value(record, u"Voce"_s)) ==
-                               ComparedCode(contractor->second);
-                    });
-    }
-
-    void checkCodes(const CodeMap &codes)
-    {
-        for (const QString &field : {u"CodExt"_s, u"Desc"_s})
-            refuseNulls(field, u"manca il valore: il programma può fermarsi quando lo cerca."_s);
-        for (const CodeMapping &code : StandardCodes()) {
-            if (!codes.contains(ComparedCode(code.internalCode)))
-                m_remarks.refusals.append(m_table.file + u": manca il codice interno "_s +
-                                          code.internalCode + u" («"_s + code.description +
-                                          u"»), che il programma cerca."_s);
-        }
-    }
-
-    void checkBudget()
-    {
-        for (const QString &field : {u"Voce"_s, u"Descri"_s})
-            refuseNulls(field,
-                        u"manca il valore: la schermata principale si ferma a questa voce."_s);
-        if (m_table.records.size() > PickListSize)
-            m_remarks.warnings.append(
-                m_table.file +
-                u": le voci sono %1; «Inserisci» ne può offrire 201 e si ferma."_s.arg(
-                    m_table.records.size()));
-    }
-
-private:
-    QString value(const CsvRecord &record, const QString &field) const
-    {
-        return textOf(record.values[m_table.column(field)]);
-    }
-    QString kind(const CsvRecord &record) const { return value(record, u"AziProf"_s); }
-
-    template <typename Condition>
-    void refuseNulls(const QString &field, const QString &problem, const Condition &concerns)
-    {
-        const int column = m_table.column(field);
-        for (const CsvRecord &record : m_table.records) {
-            if (isNull(record.values[column]) && concerns(record))
-                m_remarks.refusals.append(m_table.place(record, field) + problem);
-        }
-    }
-    void refuseNulls(const QString &field, const QString &problem)
-    {
-        refuseNulls(field, problem, [](const CsvRecord & /*record*/) { return true; });
-    }
-
-    void checkKinds()
-    {
-        for (const CsvRecord &record : m_table.records) {
-            const QString given = kind(record);
-            if (!given.isEmpty() && given != "A"_L1 && given != "P"_L1)
-                m_remarks.errors.append(m_table.place(record, u"AziProf"_s) + u"«"_s + given +
-                                        u"» non è A (azienda) né P (professionista)."_s);
-        }
-    }
-
-    /** The list's rows are taken for payment numbers. */
-    void checkNumbers()
-    {
-        const int column = m_table.column(u"Npag"_s);
-        std::set<qint32> numbers;
-        for (const CsvRecord &record : m_table.records) {
-            if (const auto *number = std::get_if<qint32>(&record.values[column]))
-                numbers.insert(*number);
-        }
-        const auto count = static_cast<qint32>(m_table.records.size());
-        if (count > 0 && (numbers.size() != m_table.records.size() || *numbers.begin() != 1 ||
-                          *numbers.rbegin() != count))
-            m_remarks.warnings.append(
-                m_table.file +
-                u": i pagamenti non sono numerati da 1 a %1 senza salti né doppioni; "
-                "«Modifica» ed «Elimina» prendono il numero della riga."_s.arg(count));
-    }
-
-    const CsvTable &m_table;
-    ImportRemarks &m_remarks;
+    QString table;
+    QStringList fields;
+    QString consequence;
+    /** The rows that it concerns, by their first field; none is all. */
+    QString firstField;
 };
+
+const QList<NeededValues> &neededValues()
+{
+    static const QList<NeededValues> needs{
+        {u"Fatture"_s,
+         {u"Npag"_s, u"Creditore"_s, u"Del"_s, u"Importo"_s, u"ImportoIVA"_s},
+         u"la schermata principale non si apre."_s,
+         {}},
+        {u"Fatture"_s, {u"AziProf"_s}, u"il pagamento non si apre."_s, {}},
+        {u"Fatture"_s,
+         {u"ImportoPrest"_s, u"Contributo"_s, u"CassaPrev"_s, u"ImportoRA"_s},
+         u"la chiusura si ferma senza completare i documenti."_s,
+         u"P"_s},
+        {u"Spese"_s, {u"Importo"_s}, u"la schermata principale non si apre."_s, {}},
+        {u"UltimaPerVariante"_s,
+         {u"Voce"_s, u"Descri"_s},
+         u"la schermata principale non si apre."_s,
+         {}},
+        {u"Funzioni"_s, {u"CodExt"_s, u"Desc"_s}, u"chi cerca il codice si ferma."_s, {}}};
+    return needs;
+}
+
+void refuseNulls(const CsvTable &table, const NeededValues &need, ImportRemarks &remarks)
+{
+    for (const QString &field : need.fields) {
+        const qsizetype place = table.table->place(field);
+        for (qsizetype row = 0; row < table.rows.size(); ++row) {
+            const QList<NewValue> &values = table.rows[row];
+            const bool isConcerned = need.firstField.isEmpty() ||
+                                     compared(textOf(values[0])) == compared(need.firstField);
+            if (isConcerned && values[place] == NewValue())
+                remarks.refusals.append(table.place(row, field) + u"manca il valore: "_s +
+                                        need.consequence);
+        }
+    }
+}
+
+/** The rows of the payments list are taken for payment numbers. */
+void checkPayments(const CsvTable &table, ImportRemarks &remarks)
+{
+    std::set<NewValue> numbers;
+    const qsizetype count = table.rows.size();
+    for (qsizetype row = 0; row < count; ++row) {
+        const QString kind = textOf(table.rows[row][table.table->place(u"AziProf"_s)]);
+        if (!kind.isEmpty() && kind != "A"_L1 && kind != "P"_L1)
+            remarks.errors.append(table.place(row, u"AziProf"_s) + u"«"_s + kind +
+                                  u"» non è A (azienda) né P (professionista)."_s);
+        numbers.insert(table.rows[row][table.table->place(u"Npag"_s)]);
+    }
+    if (count > 0 &&
+        (static_cast<qsizetype>(numbers.size()) != count || *numbers.begin() != NewValue(1) ||
+         *numbers.rbegin() != NewValue(static_cast<qint32>(count))))
+        remarks.warnings.append(
+            table.file +
+            u": i pagamenti non sono numerati da 1 a %1 senza salti né doppioni; "
+            "«Modifica» ed «Elimina» prendono per numero la riga dell'elenco."_s.arg(count));
+}
+
+void checkCodes(const CsvTable &table, const CodeMap &codes, ImportRemarks &remarks)
+{
+    for (const UsedCode &used : UsedCodes) {
+        if (!codes.contains(compared(used.code)))
+            remarks.refusals.append(table.file % u": manca il codice interno "_s % used.code %
+                                    u", che il programma cerca."_s);
+    }
+}
 
 } // namespace
 
-QString ComparedCode(const QString &code)
-{
-    return code.toCaseFolded();
-}
-
-CodeMap CodeMapOf(const QList<QList<NewValue>> &rows)
+CodeMap CodeMapOf(const TableRows &rows)
 {
     CodeMap codes;
     for (const QList<NewValue> &row : rows)
-        codes.try_emplace(ComparedCode(textOf(row[0])), textOf(row[1]));
+        codes.try_emplace(compared(textOf(row[0])), textOf(row[1]));
     return codes;
 }
 
 void CheckRows(const CsvTable &table, const CodeMap &codes, ImportRemarks &remarks)
 {
-    RowChecks checks(table, remarks);
     const QString &name = table.table->name();
+    for (const NeededValues &need : neededValues()) {
+        if (need.table == name)
+            refuseNulls(table, need, remarks);
+    }
+    const auto contractor = codes.find(compared(InternalCode::Contractor));
+    if (name == "SchedaProgetto"_L1 && contractor != codes.end())
+        refuseNulls(
+            table,
+            {name, {u"Link"_s}, u"le fatture delle aziende non si aprono."_s, contractor->second},
+            remarks);
     if (name == "Fatture"_L1)
-        checks.checkPayments();
-    else if (name == "Spese"_L1)
-        checks.checkAllocations();
-    else if (name == "UltimaPerVariante"_L1)
-        checks.checkBudget();
-    else if (name == "SchedaProgetto"_L1)
-        checks.checkSheet(codes);
-    else if (name == "Funzioni"_L1)
-        checks.checkCodes(codes);
+        checkPayments(table, remarks);
+    if (name == "Funzioni"_L1)
+        checkCodes(table, codes, remarks);
+    if (name == "UltimaPerVariante"_L1 && table.rows.size() > PickListSize)
+        remarks.warnings.append(
+            table.file + u": le voci sono %1; «Inserisci» ne può offrire 201 e si ferma."_s.arg(
+                             table.rows.size()));
 }
 
-QStringList LostItems(const CsvTable &table, const QList<QList<NewValue>> &stored,
-                      const CodeMap &codes)
+QStringList LostItems(const CsvTable &table, const TableRows &stored, const CodeMap &codes)
 {
     std::set<QString> kept;
-    for (const CsvRecord &record : table.records)
-        kept.insert(ComparedCode(textOf(record.values[table.column(u"Voce"_s)])));
+    for (const QList<NewValue> &row : table.rows)
+        kept.insert(compared(textOf(row[0])));
     std::set<QString> registered;
     QString notes;
     for (const UsedCode &used : UsedCodes) {
-        const auto external = codes.find(ComparedCode(used.code.toString()));
+        const auto external = codes.find(compared(used.code));
         if (external == codes.end() || used.use == CodeUse::Search)
             continue;
         if (used.use == CodeUse::Note)
-            notes = ComparedCode(external->second) + u'_';
+            notes = compared(external->second) + u'_';
         else
-            registered.insert(ComparedCode(external->second));
+            registered.insert(compared(external->second));
     }
     QStringList lost;
     for (const QList<NewValue> &row : stored) {
-        const QString item = ComparedCode(textOf(row[table.column(u"Voce"_s)]));
+        const QString item = compared(textOf(row[0]));
         bool isNote = !notes.isEmpty() && item.startsWith(notes);
         if (isNote)
             item.sliced(notes.size()).toInt(&isNote);
         if ((isNote || registered.contains(item)) && !kept.contains(item))
-            lost.append(u"%1 (%2)"_s.arg(textOf(row[table.column(u"Voce"_s)]),
-                                         textOf(row[table.column(u"Descri"_s)])));
+            lost.append(
+                u"%1 (%2)"_s.arg(textOf(row[0]), textOf(row[table.table->place(u"Descri"_s)])));
     }
     return lost;
 }

@@ -16,22 +16,18 @@ struct ImportRemarks
     QStringList warnings;
 };
 
-/** External codes by internal ones, in the letter case that databases compare them in. */
+/** External codes by internal ones, as the databases compare them. */
 using CodeMap = std::map<QString, QString>;
 
-/** A code as the databases compare it: without regard to letter case. */
-QString ComparedCode(const QString &code);
-
 /** The rows of a table `Funzioni` as a map; of codes that occur twice the first counts. */
-CodeMap CodeMapOf(const QList<QList<NewValue>> &rows);
+CodeMap CodeMapOf(const TableRows &rows);
 
-/** Checks the rows of a file with each other: what the program could not read, what stops it later
- *  and what confuses a pick. @p codes is the code map that will be in force. */
+/** Checks the rows of a file: values that are never stored, what stops the program later or
+ * confuses a pick, and what calls for attention. @p codes is the code map that will be in force. */
 void CheckRows(const CsvTable &table, const CodeMap &codes, ImportRemarks &remarks);
 
-/** The items of the contract sheet that the program has written and that @p table does not hold:
- *  "M0097_3 (Pag. N.3 - Edil Rossi)". @p stored are the rows of the sheet as it is. */
-QStringList LostItems(const CsvTable &table, const QList<QList<NewValue>> &stored,
-                      const CodeMap &codes);
+/** The items among @p stored, rows of the contract sheet, that the program has written and that
+ *  @p table does not hold: "M0097_3 (Pag. N.3 - Edil Rossi)". */
+QStringList LostItems(const CsvTable &table, const TableRows &stored, const CodeMap &codes);
 
 } // namespace saldoro

@@ -2,7 +2,6 @@
 
 #include "common/errors.h"
 #include "database/table_appender.h"
-#include "exchange/archive_rows.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -13,45 +12,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void appendRecords(Database &database, const CsvTable &table, Progress &progress)
+void append(Database &database, const ExchangedTable &table, const TableRows &rows,
+            Progress &progress)
 {
     QStringList fields;
-    for (const FieldDef &field : table.table->definition.fields())
+    for (const FieldDef &field : table.definition.fields())
         fields.append(field.name);
-    TableAppender appender(database, table.table->name(), fields);
-    qsizetype done = 0;
-    for (const CsvRecord &record : table.records) {
-        appender.append(record.values);
-        progress.show(u"Scrittura di "_s + table.table->name(), ++done,
-                      static_cast<qsizetype>(table.records.size()));
-    }
-}
-
-void appendStandardCodes(Database &database)
-{
-    TableAppender appender(database, u"Funzioni"_s, {u"CodInt"_s, u"CodExt"_s, u"Desc"_s});
-    for (const CodeMapping &code : StandardCodes())
-        appender.append({code.internalCode, code.externalCode, code.description});
-}
-
-/** The field of the current record; what no file can tell is a floating number. */
-NewValue storedValue(const RecordSet &records, const FieldDef &field)
-{
-    try {
-        return ExactValue(field, records.field(field.name)).value_or(NewValue(0.0));
-    } catch (const DatabaseError &error) {
-        if (error.fault() != DatabaseFault::FieldMissing)
-            throw;
-        return 0.0;
+    TableAppender appender(database, table.name(), fields);
+    for (qsizetype place = 0; place < rows.size(); ++place) {
+        appender.append(rows[place]);
+        progress.show(u"Scrittura di"_s, table.name(), place);
     }
 }
 
 } // namespace
 
-ImportTarget::ImportTarget(ArchiveFile file, QString path)
+ImportTarget::ImportTarget(ArchiveFile file, const QString &path)
     : m_file(file)
-    , m_path(std::move(path))
-    , m_exists(QFileInfo::exists(m_path))
+    , m_path(path)
+    , m_newPath(path + u".nuovo"_s)
+    , m_exists(QFileInfo::exists(path))
 {
 }
 
@@ -83,16 +63,7 @@ std::optional<TableDef> ImportTarget::storedTable(const ExchangedTable &table, Q
 
 TableRows ImportTarget::storedRows(const ExchangedTable &table)
 {
-    TableRows rows;
-    if (!m_exists)
-        return rows;
-    RecordSet records = opened().openRecordSet(u"SELECT * FROM "_s + table.name());
-    for (; !records.eof(); records.moveNext()) {
-        QList<NewValue> &row = rows.emplace_back();
-        for (const FieldDef &field : table.definition.fields())
-            row.append(storedValue(records, field));
-    }
-    return rows;
+    return m_exists ? StoredRows(opened(), table) : TableRows();
 }
 
 void ImportTarget::backUp()
@@ -103,13 +74,13 @@ void ImportTarget::backUp()
 
 void ImportTarget::write(Progress &progress)
 {
-    if (m_exists) {
-        if (!m_changes.isEmpty())
-            change(progress);
-        return;
+    if (!m_exists) {
+        removeNew(); // of an import that was broken off
+        CreateArchiveFile(m_newPath, m_file, [&](Database &database) { fill(database, progress); });
+    } else if (!m_changes.isEmpty()) {
+        m_transaction = std::make_unique<Transaction>(opened());
+        fill(opened(), progress);
     }
-    removeNew(); // of an import that was broken off
-    CreateArchiveFile(newPath(), m_file, [&](Database &database) { fill(database, progress); });
 }
 
 void ImportTarget::finish()
@@ -118,7 +89,7 @@ void ImportTarget::finish()
         m_transaction->commit();
     m_transaction.reset();
     m_database.reset();
-    if (!m_exists && !QFile::rename(newPath(), m_path))
+    if (!m_exists && !QFile::rename(m_newPath, m_path))
         throw FileError(m_path, u"L'archivio non può essere creato."_s,
                         u"Controllare i permessi e lo spazio libero sul disco."_s);
 }
@@ -133,30 +104,22 @@ QString ImportTarget::report() const
 
 void ImportTarget::removeNew() const
 {
-    QFile::remove(newPath());
-    QFile::remove(newPath() + u"-journal"_s);
+    QFile::remove(m_newPath);
+    QFile::remove(m_newPath + u"-journal"_s);
 }
 
 void ImportTarget::fill(Database &database, Progress &progress) const
 {
-    for (const Change &change : m_changes)
-        appendRecords(database, *change.table, progress);
-    if (m_file == ArchiveFile::Codes && m_changes.isEmpty())
-        appendStandardCodes(database);
-}
-
-void ImportTarget::change(Progress &progress)
-{
-    m_transaction = std::make_unique<Transaction>(opened());
-    for (const Change &change : m_changes) {
-        const ExchangedTable &table = *change.table->table;
-        if (storedRows(table) != change.seen)
+    for (const auto &[table, seen] : m_changes) {
+        if (m_exists && StoredRows(database, *table->table) != seen)
             throw FileError(m_path, u"L'archivio è cambiato mentre veniva letto."_s,
                             u"Chiudere Saldoro e ripetere il comando."_s);
-        if (!change.seen.isEmpty())
-            opened().deleteAll(table.name());
+        if (!seen.isEmpty())
+            database.deleteAll(table->table->name());
+        append(database, *table->table, table->rows, progress);
     }
-    fill(opened(), progress);
+    if (m_file == ArchiveFile::Codes && m_changes.isEmpty())
+        append(database, ExchangedTables().front(), StandardCodeRows(), progress);
 }
 
 } // namespace saldoro

@@ -1,21 +1,11 @@
 #pragma once
 
-#include "database/database.h"
 #include "exchange/csv_table.h"
-#include "exchange/progress.h"
-
-#include <QList>
-#include <QString>
-#include <QStringList>
 
 #include <memory>
 #include <optional>
 
 namespace saldoro {
-
-/** Rows of a table: a value for each field of its definition. A floating number stands for what no
- *  file can tell. */
-using TableRows = QList<QList<NewValue>>;
 
 /**
  * One database that an import fills. One that is there changes by one transaction; one that is
@@ -25,7 +15,7 @@ class ImportTarget
 {
 public:
     /** @p path is one of the machine. */
-    ImportTarget(ArchiveFile file, QString path);
+    ImportTarget(ArchiveFile file, const QString &path);
     /** Takes back what was not finished. */
     ~ImportTarget();
     Q_DISABLE_COPY_MOVE(ImportTarget)
@@ -59,13 +49,12 @@ private:
     };
 
     Database &opened();
-    QString newPath() const { return m_path + QStringLiteral(".nuovo"); }
     void removeNew() const;
     void fill(Database &database, Progress &progress) const;
-    void change(Progress &progress);
 
     ArchiveFile m_file;
     QString m_path;
+    QString m_newPath;
     bool m_exists;
     std::optional<Database> m_database;
     std::unique_ptr<Transaction> m_transaction;

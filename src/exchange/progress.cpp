@@ -9,13 +9,11 @@ namespace saldoro {
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr qint64 FirstMilliseconds = 1000;
-constexpr qint64 EachMilliseconds = 200;
 constexpr qsizetype LineWidth = 60;
 } // namespace
 
 Progress::Progress()
-    : m_next(IsErrorTerminal() ? FirstMilliseconds : std::numeric_limits<qint64>::max())
+    : m_next(IsErrorTerminal() ? 1000 : std::numeric_limits<qint64>::max())
 {
     m_clock.start();
 }
@@ -26,14 +24,14 @@ Progress::~Progress()
         PrintError(u'\r' + QString(LineWidth, u' ') + u'\r');
 }
 
-void Progress::show(const QString &what, qsizetype done, qsizetype whole)
+void Progress::show(const QString &step, const QString &table, qsizetype rows)
 {
     if (m_clock.elapsed() < m_next)
         return;
-    m_next = m_clock.elapsed() + EachMilliseconds;
+    m_next = m_clock.elapsed() + 200;
     m_isShown = true;
-    const qsizetype percent = whole == 0 ? 100 : done * 100 / whole;
-    PrintError(u'\r' + u"%1: %2 %"_s.arg(what).arg(percent).leftJustified(LineWidth, u' ', true));
+    const QString line = u"%1 %2: %3 righe"_s.arg(step, table).arg(rows);
+    PrintError(u'\r' + line.leftJustified(LineWidth, u' ', true));
 }
 
 } // namespace saldoro

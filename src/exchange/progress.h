@@ -14,11 +14,11 @@ public:
     ~Progress();
     Q_DISABLE_COPY_MOVE(Progress)
 
-    void show(const QString &what, qsizetype done, qsizetype whole);
+    void show(const QString &step, const QString &table, qsizetype rows);
 
 private:
     QElapsedTimer m_clock;
-    qint64 m_next;
+    qint64 m_next; ///< milliseconds
     bool m_isShown = false;
 };
 

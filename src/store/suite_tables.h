@@ -6,6 +6,7 @@
 #include <QList>
 #include <QString>
 
+#include <array>
 #include <functional>
 
 namespace saldoro {
@@ -18,6 +19,8 @@ enum class ArchiveFile
     Companies,
     Ledger
 };
+inline constexpr std::array ArchiveFileList{ArchiveFile::Codes, ArchiveFile::Contract,
+                                            ArchiveFile::Companies, ArchiveFile::Ledger};
 
 /** The tables of a database with the fields that the program relies on. Where the suite has made
  *  the database its tables may hold more fields, in another order. */

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "database/database.h"
+#include "store/suite_tables.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace saldoro {
+
+/** A table that a CSV file fills. */
+struct ExchangedTable
+{
+    ArchiveFile archive;
+    TableDef definition;
+    QStringList neededFields; ///< of a file
+
+    const QString &name() const { return definition.name(); }
+    QString fileName() const { return name() + QStringLiteral(".csv"); }
+    /** Place of a field, by its name in any letter case, among those of a row; -1 for none. */
+    qsizetype place(const QString &field) const;
+};
+
+/** The eight tables, those of one database next to each other. */
+const std::vector<ExchangedTable> &ExchangedTables();
+
+/** Rows of a table: a value for each field of its definition, null where there is none. A floating
+ *  number stands for a stored value that a CSV file can't tell: a day with a time, bytes that are
+ * no text, a value of another type. */
+using TableRows = QList<QList<NewValue>>;
+
+/** The rows of a table in stored order. A field that the database lacks holds what can't be told.
+ *  Throws DatabaseError. */
+TableRows StoredRows(const Database &database, const ExchangedTable &table);
+
+/** The rows of a code map that is made without the suite. */
+TableRows StandardCodeRows();
+
+/** "Spese: 41 righe, totale Importo 1.234,56"; the total where the table has amounts. */
+QString TableSummary(const ExchangedTable &table, const TableRows &rows);
+
+/** The file of a project in @p folder (a path of the machine), in any letter case; the code map
+ * lies beside the projects. One that is not there keeps its usual name. */
+QString ArchiveFilePath(ArchiveFile file, const QString &folder);
+
+/** The folder as it was given, or whatever its letter case. Throws FileError when there is none. */
+QString ExistingFolder(const QString &given);
+
+} // namespace saldoro
