@@ -53,6 +53,8 @@ install(FILES ${made}/Saldoro.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 saldoro_gzipped(${source}/linux/changelog changelog ${documents})
 install(FILES ${source}/linux/copyright DESTINATION ${documents})
 
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/demo/ DESTINATION ${documents}/examples)
+
 # The manual as it is, and as a page for the browser where it can be made.
 install(FILES ${PROJECT_SOURCE_DIR}/docs/manuale/manuale.md DESTINATION ${documents})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/manuale/immagini DESTINATION ${documents})

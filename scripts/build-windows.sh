@@ -51,6 +51,13 @@ step 'zip and installer'
 rm -f "$build"/Saldoro-*.zip "$build"/Saldoro-*.exe
 (cd "$build" && cpack)
 makensis -V2 "$build/installer.nsi"
+
+# Qt's licence lets users put another Qt into the programs: what they are linked from, and how.
+programs=(src/app/Saldoro.exe src/archivio/saldoro-archivio.exe)
+delivered=$(echo "$build"/Saldoro-*-win64.zip)
+(cd "$build" && ninja -t commands -s "${programs[@]}" >collegamento.txt
+    ninja -t inputs "${programs[@]}" | grep -E '^[^/].*\.(obj|a)$' | sort -u \
+        | xargs cmake -E tar cf "${delivered%.zip}-oggetti.zip" --format=zip collegamento.txt)
 ls -l "$build"/Saldoro-*.zip "$build"/Saldoro-*.exe
 
 step 'the whole program, beside the Linux one'

@@ -3,7 +3,8 @@
 # Test) and SQLite as one source file. Takes about a quarter of an hour on two processors and is
 # kept between runs.
 #
-#   scripts/windows-toolkit.sh FOLDER     installs to FOLDER/qt and FOLDER/sqlite
+#   scripts/windows-toolkit.sh FOLDER     installs to FOLDER/qt and FOLDER/sqlite, and keeps Qt's
+#                                         sources in FOLDER/sources
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 mkdir -p "$1"
@@ -83,6 +84,9 @@ if [ ! -e "$folder/qt/.complete" ] || [ ! -e "$folder/sqlite/sqlite3.c" ]; then
     private_apt
     build_sqlite
     build_qt
+    # Qt's licence wants these handed out with programs that have it in them.
+    mkdir -p "$folder/sources"
+    mv "$folder"/source/qt6-base_* "$folder/sources"
     rm -rf "$folder/source"
 fi
 say "toolkit for Windows in $folder"
