@@ -4,7 +4,7 @@
 #include "bench_archive.h"
 #include "common/archive_folders.h"
 #include "overview/availability_overview.h"
-#include "overview/document_writer.h"
+#include "overview/overview_document.h"
 #include "platform/machine_path.h"
 #include "store/code_lookups.h"
 

@@ -5,7 +5,7 @@
 #include "common/date_text.h"
 #include "invoice/allocation_block.h"
 #include "invoice/payment_save.h"
-#include "overview/payment_actions.h"
+#include "overview/payment_deletion.h"
 #include "store/mandate_note.h"
 
 namespace saldoro {

@@ -1,5 +1,5 @@
 #include "app/application.h"
-#include "app/form_wiring.h"
+#include "app/form_flow.h"
 #include "app/install_settings.h"
 #include "app/start_up.h"
 #include "bare_reads.h"
@@ -38,7 +38,7 @@ int startProgram(int argc, char **argv, const QString &project)
     EndWhenPainted end;
     application.installEventFilter(&end);
     ProgramValues values;
-    FormWiring forms(values);
+    FormFlow forms(values);
     StartUp startUp(values, u"TUSMQDE7W"_s + project, [&forms] { forms.showMainForm(); });
     return application.run([&startUp] { return startUp.run(); });
 }

@@ -15,7 +15,7 @@ class ArchiveSetting
 {
 public:
     explicit ArchiveSetting(const QString &root)
-        : m_before(ReadRegistryValue(RegistryRoot::CurrentUser, m_key, m_name).value_or(QString()))
+        : m_before(ReadRegistryValue(m_key, m_name).value_or(QString()))
     {
         write(root);
     }

@@ -8,7 +8,7 @@
 #include "common/archive_folders.h"
 #include "controls/rich_text_box.h"
 #include "database/database.h"
-#include "overview/document_writer.h"
+#include "overview/overview_document.h"
 #include "rtf_text.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "common/archive_folders.h"
 #include "common/errors.h"
 #include "database/database.h"
-#include "overview/document_writer.h"
+#include "overview/overview_document.h"
 #include "overview/payment_statement.h"
 #include "platform/machine_path.h"
 #include "rtf_text.h"

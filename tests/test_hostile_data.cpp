@@ -4,7 +4,7 @@
 #include "invoice/payment_load.h"
 #include "invoice/payment_save.h"
 #include "overview/availability_overview.h"
-#include "overview/document_writer.h"
+#include "overview/overview_document.h"
 #include "overview/payments_list.h"
 #include "overview_probe.h"
 #include "patience.h"

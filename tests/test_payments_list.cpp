@@ -1,4 +1,5 @@
-#include "overview/payment_actions.h"
+#include "overview/payment_deletion.h"
+#include "overview/payment_opening.h"
 #include "overview/payments_list.h"
 #include "overview_probe.h"
 

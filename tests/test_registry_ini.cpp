@@ -70,8 +70,7 @@ private slots:
             {"[Software\\Dornvale]\ndrivers=D:\n", QString()}};
         for (const auto &[content, value] : files) {
             writeFile(RegistryFilePath(), content);
-            const auto found = ReadRegistryValue(RegistryRoot::CurrentUser,
-                                                 QStringLiteral("Software\\Dornvale\\ZELT"),
+            const auto found = ReadRegistryValue(QStringLiteral("Software\\Dornvale\\ZELT"),
                                                  QStringLiteral("drivers"));
             QVERIFY2(found.has_value() == !value.isNull(), content.constData());
             QCOMPARE(found.value_or(QString()), value);
@@ -90,7 +89,7 @@ private slots:
             QCOMPARE(RegistryFilePath(),
                      QStringLiteral("/casa/rossi/.config/saldoro/registro.ini"));
         }
-        QVERIFY(!ReadRegistryValue(RegistryRoot::CurrentUser, QStringLiteral("a"), QString()));
+        QVERIFY(!ReadRegistryValue(QStringLiteral("a"), QString()));
     }
 
     void commandLineTail()

@@ -49,8 +49,7 @@ void TestWindowsRegistry::values()
                              static_cast<DWORD>(data.size())),
              LSTATUS{ERROR_SUCCESS});
     const auto read =
-        ReadRegistryValue(RegistryRoot::CurrentUser, QStringLiteral("software\\SALDORO\\Prova"),
-                          QStringLiteral("Drivers"));
+        ReadRegistryValue(QStringLiteral("software\\SALDORO\\Prova"), QStringLiteral("Drivers"));
     QCOMPARE(read.has_value(), !value.isNull());
     QCOMPARE(read.value_or(QString()), value);
 }
@@ -58,8 +57,7 @@ void TestWindowsRegistry::values()
 void TestWindowsRegistry::nothingThere()
 {
     const auto read = [](const char *name) {
-        return ReadRegistryValue(RegistryRoot::CurrentUser, QString::fromLatin1(testKey),
-                                 QString::fromLatin1(name));
+        return ReadRegistryValue(QString::fromLatin1(testKey), QString::fromLatin1(name));
     };
     QVERIFY(!read("drivers")); // no key
     RegSetKeyValueA(HKEY_CURRENT_USER, testKey, "drivers", REG_SZ, "D:", 3);

@@ -82,15 +82,15 @@ qint64 addPayment(BareStatement &payments, Chance &chance, int number)
     const qint64 contribution = professional ? fee * 4 / 100 : 0;
     const qint64 fund = professional ? fee * 2 / 100 : 0;
     const qint64 taxable = fee + contribution + fund;
-    const qint64 tax = taxable * 22 / 100;
+    const qint64 vat = taxable * 22 / 100;
     const qint64 withheld = professional ? (fee + contribution) * 20 / 100 : 0;
     const qint64 other = professional ? chance.below(200) * Euro : 0;
     const QDate day = QDate(2020, 1, 1).addDays(chance.below(2000));
     payments.run(professional ? u"P"_s : u"A"_s, qint64{number}, creditorName(chance.below(400)),
                  QString::number(chance.below(9000) + 1), day.toString(Qt::ISODate),
                  noteText(number), QStringLiteral("Pagamento n. %1").arg(number), 22 * Euro,
-                 taxable, tax, 20 * Euro, fee, contribution, fund, withheld, other);
-    return taxable + tax + other;
+                 taxable, vat, 20 * Euro, fee, contribution, fund, withheld, other);
+    return taxable + vat + other;
 }
 
 void fillLedger(const ProgramValues &values, const BulkSize &size)

@@ -62,7 +62,7 @@ QString documentText(const QString &path)
 
 } // namespace
 
-DemoTour::DemoTour(const ProgramValues &values, FormWiring &forms, QString pictureFolder)
+DemoTour::DemoTour(const ProgramValues &values, FormFlow &forms, QString pictureFolder)
     : m_values(values)
     , m_forms(forms)
     , m_pictureFolder(std::move(pictureFolder))

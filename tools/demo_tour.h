@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/form_wiring.h"
+#include "app/form_flow.h"
 
 #include <QString>
 #include <QTextStream>
@@ -21,7 +21,7 @@ class DemoTour
 {
 public:
     /** @p forms shows the main form already; pictures go to @p pictureFolder, a machine path. */
-    DemoTour(const ProgramValues &values, FormWiring &forms, QString pictureFolder);
+    DemoTour(const ProgramValues &values, FormFlow &forms, QString pictureFolder);
 
     /** Stops early once the program is on its way out after an error. Throws SaldoroError. */
     void run();
@@ -37,7 +37,7 @@ private:
     void printTotals();
 
     const ProgramValues &m_values;
-    FormWiring &m_forms;
+    FormFlow &m_forms;
     QString m_pictureFolder;
     QTextStream m_output;
 };

@@ -44,7 +44,7 @@ int main(int argc, char *argv[])
     Application application(programOnlyCount, programOnly.data());
     ReplaceMessageBoxes(printMessage);
     ProgramValues values;
-    FormWiring forms(values);
+    FormFlow forms(values);
     StartUp startUp(values, u"TUSMQDE7W"_s + QString::fromLocal8Bit(argv[1]),
                     [&forms] { forms.showMainForm(); });
     const QString pictures = QString::fromLocal8Bit(argv[2]);

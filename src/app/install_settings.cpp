@@ -23,9 +23,8 @@ void InitInstallSettings(ProgramValues &values)
 {
     const ProgramVersion version = OwnVersion();
     values.ProgramBuild = BuildText(version.major, version.minor, version.revision);
-    values.ArchiveRoot = ReadRegistryValue(RegistryRoot::CurrentUser, SettingsKey.toString(),
-                                           ArchiveRootValue.toString())
-                             .value_or(QString());
+    values.ArchiveRoot =
+        ReadRegistryValue(SettingsKey.toString(), ArchiveRootValue.toString()).value_or(QString());
 }
 
 } // namespace saldoro

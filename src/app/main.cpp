@@ -1,5 +1,5 @@
 #include "app/application.h"
-#include "app/form_wiring.h"
+#include "app/form_flow.h"
 #include "app/start_up.h"
 #include "app/update_manifest.h"
 #include "common/program_values.h"
@@ -39,9 +39,9 @@ int main(int argc, char *argv[])
     QGuiApplication::setWindowIcon(windowIcon());
 
     saldoro::ProgramValues values;
-    saldoro::FormWiring forms(values);
+    saldoro::FormFlow forms(values);
     saldoro::StartUp startUp(values, tail, [&forms] { forms.showMainForm(); });
-    QObject::connect(&forms, &saldoro::FormWiring::lastFormClosed, &application,
+    QObject::connect(&forms, &saldoro::FormFlow::lastFormClosed, &application,
                      [] { QCoreApplication::exit(0); });
     return application.run([&startUp] { return startUp.run(); });
 }

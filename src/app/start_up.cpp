@@ -3,10 +3,7 @@
 #include "app/install_settings.h"
 #include "app/updater.h"
 #include "common/archive_folders.h"
-#include "common/number_text.h"
-#include "platform/ini_file.h"
 #include "platform/machine_path.h"
-#include "platform/process.h"
 #include "store/ledger.h"
 
 #include <QFileInfo>
@@ -23,12 +20,6 @@ namespace {
 constexpr QStringView launchToken = u"TUSMQDE7W";
 
 constexpr QStringView defaultProject = u"00039";
-
-/** A directory look-up: files only, a folder of that name does not count. */
-bool fileExists(const QString &archivePath)
-{
-    return QFileInfo(MachinePath(archivePath)).isFile();
-}
 
 } // namespace
 
@@ -47,7 +38,7 @@ StartUp::StartUp(ProgramValues &values, QString tail, std::function<void()> show
 bool StartUp::run()
 {
     InitInstallSettings(m_values);
-    if (updateIsWaiting()) {
+    if (UpdateIsWaiting(m_values)) {
         RunUpdater(m_values);
         return false;
     }
@@ -57,19 +48,9 @@ bool StartUp::run()
     return true;
 }
 
-/** Builds are compared as numbers: 9999 is older than 10167. */
-bool StartUp::updateIsWaiting() const
-{
-    const QString manifest = UpdateFolder(m_values) + ProgramName() + u".INI"_s;
-    if (!fileExists(manifest))
-        return false;
-    const QString build = ReadIniString(manifest, u"Configuration"_s, u"Build"_s);
-    return LeadingNumber(build) > LeadingNumber(m_values.ProgramBuild);
-}
-
 void StartUp::createLedgerIfMissing()
 {
-    if (!fileExists(LedgerPath(m_values)))
+    if (!QFileInfo(MachinePath(LedgerPath(m_values))).isFile())
         m_createdLedger = CreateLedgerDatabase(ProjectFolder(m_values));
 }
 

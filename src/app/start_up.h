@@ -32,7 +32,6 @@ public:
     bool run();
 
 private:
-    bool updateIsWaiting() const;
     void createLedgerIfMissing();
 
     ProgramValues &m_values;

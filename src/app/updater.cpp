@@ -2,11 +2,20 @@
 
 #include "common/archive_folders.h"
 #include "common/message_box.h"
+#include "common/number_text.h"
+#include "platform/ini_file.h"
 #include "platform/process.h"
 
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
+
+bool UpdateIsWaiting(const ProgramValues &values)
+{
+    const QString manifest = UpdateFolder(values) + ProgramName() + u".INI"_s;
+    const QString build = ReadIniString(manifest, u"Configuration"_s, u"Build"_s);
+    return LeadingNumber(build) > LeadingNumber(values.ProgramBuild);
+}
 
 void RunUpdater(const ProgramValues &values)
 {

@@ -18,7 +18,7 @@ struct FaultText
 };
 
 /** The last one stands for all faults that have no text of their own. */
-constexpr std::array<FaultText, 17> FaultTexts{{
+constexpr std::array<FaultText, 17> faultTexts{{
     {DatabaseFault::FileMissing, u"L'archivio non è stato trovato.",
      u"Controllare la cartella degli archivi impostata, il codice del "
      "progetto e che la cartella del progetto esista."},
@@ -60,7 +60,7 @@ constexpr std::array<FaultText, 17> FaultTexts{{
 const FaultText &textOf(DatabaseFault fault)
 {
     const auto *const found =
-        std::find_if(FaultTexts.begin(), FaultTexts.end() - 1,
+        std::find_if(faultTexts.begin(), faultTexts.end() - 1,
                      [fault](const FaultText &text) { return text.fault == fault; });
     return *found;
 }

@@ -68,7 +68,7 @@ QString SettingReport(const ProjectPlace &place)
 {
     const QString key = SettingsKey.toString();
     const QString name = ArchiveRootValue.toString();
-    const auto present = ReadRegistryValue(RegistryRoot::CurrentUser, key, name);
+    const auto present = ReadRegistryValue(key, name);
     const QString opened = u"Per aprire il progetto: "_s + command(place) + u'\n';
     if (present && isSameFolder(*present, place.root))
         return opened;

@@ -17,17 +17,17 @@ void appendBudgetRow(TextTable &overview, const RecordSet &budget, int code, int
     const int row = overview.rows();
     overview.setRows(row + 1);
     overview.setRow(row);
-    try {
+    const auto write = [&] {
         overview.setText(row, OverviewColumn::Cod, budget.field(code).text());
         overview.setText(row, OverviewColumn::Descrizione, budget.field(description).text());
         const auto amountOrNone = budget.field(amount).currencyOrNone();
         overview.setText(row, OverviewColumn::Spesa,
                          amountOrNone ? FormatImporto(*amountOrNone) : u"0"_s);
-    } catch (SaldoroError &error) {
-        error.addDetail(u"Voce"_s, overview.text(row, OverviewColumn::Cod));
-        error.addDetail(u"Riga"_s, QString::number(row));
-        throw;
-    }
+    };
+    Naming(u"Riga"_s, QString::number(row), [&] {
+        Naming(
+            u"Voce"_s, [&] { return overview.text(row, OverviewColumn::Cod); }, write);
+    });
 }
 
 void appendBudgetRows(TextTable &overview, RecordSet &budget)

@@ -5,8 +5,9 @@
 #include "controls/buttons.h"
 #include "controls/flex_grid.h"
 #include "overview/availability_overview.h"
-#include "overview/document_writer.h"
-#include "overview/payment_actions.h"
+#include "overview/overview_document.h"
+#include "overview/payment_deletion.h"
+#include "overview/payment_opening.h"
 #include "overview/payments_list.h"
 
 #include <QBoxLayout>
@@ -20,8 +21,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /** First size of the window, 900 by 620 pixels on a screen of 96 dots to the inch. */
-constexpr int WidthInTwips = 13500;
-constexpr int HeightInTwips = 9300;
+constexpr int widthInTwips = 13500;
+constexpr int heightInTwips = 9300;
 
 QLabel *makeHeading(const QString &name, const QString &text, QWidget *buddy)
 {
@@ -53,7 +54,7 @@ FrmPrincipale::FrmPrincipale(ProgramValues &values)
     prepareGrids();
     arrange();
     ResizeWithinScreen(*this,
-                       {TwipsToPixels(WidthInTwips, *this), TwipsToPixels(HeightInTwips, *this)});
+                       {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
 }
 
 void FrmPrincipale::prepareGrids()
@@ -213,10 +214,8 @@ void FrmPrincipale::activatePayment()
 
 void FrmPrincipale::deletePayment()
 {
-    if (payments().rows() == 1)
-        return;
     const int row = payments().row();
-    if (!ChiediConferma(u"Sei sicuro di vole eliminare il pagamento N°"_s + QString::number(row)))
+    if (payments().rows() == 1 || !ConfirmDeletion(row))
         return;
     DeletePayment(m_values, row);
     load();

@@ -8,11 +8,11 @@ namespace saldoro {
 namespace {
 
 /** The characters of the bytes 0x80 to 0x9F; the five places without one stand for themselves. */
-constexpr std::array<char16_t, 32> UpperControls{
+constexpr std::array<char16_t, 32> upperControls{
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-constexpr size_t FirstUpper = 0x80;
+constexpr size_t firstUpper = 0x80;
 
 } // namespace
 
@@ -31,23 +31,23 @@ QString TextOfStoredBytes(QByteArrayView bytes)
         return TextOfUtf8(bytes);
     QString text = QString::fromLatin1(bytes);
     for (QChar &character : text) {
-        const auto place = static_cast<size_t>(character.unicode()) - FirstUpper;
-        if (character.unicode() >= FirstUpper && place < UpperControls.size())
-            character = QChar(UpperControls.at(place));
+        const auto place = static_cast<size_t>(character.unicode()) - firstUpper;
+        if (character.unicode() >= firstUpper && place < upperControls.size())
+            character = QChar(upperControls.at(place));
     }
     return text;
 }
 
 std::optional<unsigned char> CodePageByte(char16_t character)
 {
-    if (character >= FirstUpper + UpperControls.size() && character <= 0xFF)
+    if (character >= firstUpper + upperControls.size() && character <= 0xFF)
         return static_cast<unsigned char>(character);
-    const auto *const found = std::find(UpperControls.begin(), UpperControls.end(), character);
+    const auto *const found = std::find(upperControls.begin(), upperControls.end(), character);
     // The places that stand for themselves are those of no character.
-    if (found == UpperControls.end() || character <= 0xFF)
+    if (found == upperControls.end() || character <= 0xFF)
         return std::nullopt;
-    return static_cast<unsigned char>(FirstUpper +
-                                      static_cast<size_t>(found - UpperControls.begin()));
+    return static_cast<unsigned char>(firstUpper +
+                                      static_cast<size_t>(found - upperControls.begin()));
 }
 
 } // namespace saldoro

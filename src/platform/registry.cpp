@@ -14,9 +14,6 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSaveFile>
-
-#include <array>
-#include <utility>
 #endif
 
 namespace saldoro {
@@ -27,15 +24,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-HKEY rootKey(RegistryRoot root)
-{
-    switch (root) {
-    case RegistryRoot::CurrentUser:
-        return HKEY_CURRENT_USER;
-    }
-    return nullptr;
-}
-
 /** Type and size are asked for first, so that only plain text is ever fetched. A key that could
  *  not be opened makes the query itself fail. */
 std::optional<QString> queryRegistryValue(HKEY openKey, const QByteArray &valueName)
@@ -44,7 +32,7 @@ std::optional<QString> queryRegistryValue(HKEY openKey, const QByteArray &valueN
     DWORD size = 0;
     if (RegQueryValueExA(openKey, valueName.constData(), nullptr, &type, nullptr, &size) !=
             ERROR_SUCCESS ||
-        type != static_cast<DWORD>(RegistryType::String))
+        type != REG_SZ)
         return std::nullopt;
     QByteArray buffer(static_cast<qsizetype>(size), ' ');
     if (RegQueryValueExA(openKey, valueName.constData(), nullptr, &type,
@@ -55,11 +43,10 @@ std::optional<QString> queryRegistryValue(HKEY openKey, const QByteArray &valueN
 
 } // namespace
 
-std::optional<QString> ReadRegistryValue(RegistryRoot root, const QString &keyPath,
-                                         const QString &valueName)
+std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &valueName)
 {
     HKEY key = nullptr;
-    RegOpenKeyA(rootKey(root), keyPath.toLocal8Bit().constData(), &key);
+    RegOpenKeyA(HKEY_CURRENT_USER, keyPath.toLocal8Bit().constData(), &key);
     auto value = queryRegistryValue(key, valueName.toLocal8Bit());
     RegCloseKey(key);
     return value;
@@ -80,42 +67,19 @@ QString RegistryFilePath()
 
 #else
 
-namespace {
-
-struct TypedText
+std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &valueName)
 {
-    RegistryType type;
-    QString text;
-};
-
-/** Splits the type off the front of a value of the settings file; plain text needs none. */
-TypedText typedText(const QString &value)
-{
-    constexpr std::array<std::pair<QStringView, RegistryType>, 4> prefixes = {{
-        {u"REG_SZ:", RegistryType::String},
-        {u"REG_EXPAND_SZ:", RegistryType::ExpandableString},
-        {u"REG_BINARY:", RegistryType::Binary},
-        {u"REG_DWORD:", RegistryType::Number},
-    }};
-    for (const auto &[prefix, type] : prefixes) {
-        if (value.startsWith(prefix, Qt::CaseInsensitive))
-            return {type, value.mid(prefix.size())};
-    }
-    return {RegistryType::String, value};
-}
-
-} // namespace
-
-std::optional<QString> ReadRegistryValue(RegistryRoot /*root*/, const QString &keyPath,
-                                         const QString &valueName)
-{
-    const auto value = FindIniValue(RegistryFilePath(), keyPath, valueName);
+    std::optional<QString> value = FindIniValue(RegistryFilePath(), keyPath, valueName);
     if (!value)
         return std::nullopt;
-    const TypedText typed = typedText(*value);
-    if (typed.type != RegistryType::String)
-        return std::nullopt;
-    return TrimAtNul(typed.text);
+    for (const QStringView otherType : {u"REG_EXPAND_SZ:", u"REG_BINARY:", u"REG_DWORD:"}) {
+        if (value->startsWith(otherType, Qt::CaseInsensitive))
+            return std::nullopt;
+    }
+    constexpr QStringView plainText = u"REG_SZ:";
+    if (value->startsWith(plainText, Qt::CaseInsensitive))
+        value->remove(0, plainText.size());
+    return TrimAtNul(*value);
 }
 
 bool AddRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)

@@ -6,23 +6,9 @@
 
 namespace saldoro {
 
-/** Types of registry values, numbered as the system numbers them. */
-enum class RegistryType : unsigned
-{
-    String = 1,           ///< plain text
-    ExpandableString = 2, ///< text with variables in it
-    Binary = 3,
-    Number = 4 ///< 32 bits
-};
-
-/** Root keys that values are read below. */
-enum class RegistryRoot
-{
-    CurrentUser
-};
-
 /**
- * Reads a text value of the per-user settings: the value @p valueName of the key @p keyPath.
+ * Reads a text value of the per-user settings: the value @p valueName of the key @p keyPath below
+ * the current user's root.
  * A missing key or value, and a value of another type than plain text, give no value. The text
  * ends at its first NUL. Nothing is thrown.
  *
@@ -36,8 +22,7 @@ enum class RegistryRoot
  * the type in front, as in "name=REG_EXPAND_SZ:text" or "name=REG_DWORD:5" (also REG_BINARY);
  * "REG_SZ:" in front states plain text outright.
  */
-std::optional<QString> ReadRegistryValue(RegistryRoot root, const QString &keyPath,
-                                         const QString &valueName);
+std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &valueName);
 
 /** Adds a text value that is not there yet to the per-user settings. Everything else stays as it
  * is. False when it can't be written. */

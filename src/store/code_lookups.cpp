@@ -11,12 +11,12 @@
 
 namespace saldoro {
 
-namespace {
-
 using namespace Qt::StringLiterals;
 
+namespace {
+
 /** Most characters of an item's description that ScriviVoceStringa stores. */
-constexpr qsizetype DescriptionSize = 60;
+constexpr qsizetype descriptionSize = 60;
 
 /** One of the suite's databases, open for one job with the one record set that the job needs. */
 struct OpenTable
@@ -136,7 +136,7 @@ void ScriviVoceFile(const ProgramValues &values, const QString &item, qint16 tag
 void ScriviVoceStringa(const ProgramValues &values, const QString &item, qint16 tag,
                        const QString &description, const QString &text)
 {
-    writeItem(values, {item, tag, LeftCharacters(description, DescriptionSize)},
+    writeItem(values, {item, tag, LeftCharacters(description, descriptionSize)},
               ExistingKey::Rewrite, {{u"Stringa"_s, text}});
 }
 

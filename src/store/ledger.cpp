@@ -6,11 +6,9 @@
 
 namespace saldoro {
 
-namespace {
-
 using namespace Qt::StringLiterals;
 
-constexpr QStringView LedgerLocale = u";LANGID=0x0409;CP=1252;COUNTRY=0";
+namespace {
 
 void appendEmptiable(TableDef &table, const QString &name, FieldType type, int size = 0)
 {
@@ -53,7 +51,7 @@ Database CreateLedgerDatabase(const QString &projectFolder)
     const QString path = projectFolder % u'\\' % ArchiveFiles::Ledger;
     // The file is made and let go of, then opened as everyone else opens it: whatever stands in
     // the way of that shows here and not at the first payment.
-    Database::create(path, LedgerLocale.toString()).close();
+    Database::create(path, ArchiveLocale.toString()).close();
     Database ledger = Database::open(path);
     ledger.appendTableDef(FattureTable());
     ledger.appendTableDef(SpeseTable());

@@ -7,6 +7,9 @@
 
 namespace saldoro {
 
+/** What the databases are created with: general sort order, code page 1252. */
+inline constexpr QStringView ArchiveLocale = u";LANGID=0x0409;CP=1252;COUNTRY=0";
+
 /**
  * Creates an empty payment ledger, ArchiveFiles::Ledger in @p projectFolder (an archive path
  * without a trailing backslash). The folder must exist. Tables `Fatture` and `Spese`, no keys, no

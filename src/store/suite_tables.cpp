@@ -1,5 +1,6 @@
 #include "store/suite_tables.h"
 
+#include "store/internal_codes.h"
 #include "store/ledger.h"
 
 #include <initializer_list>
@@ -7,13 +8,11 @@
 
 namespace saldoro {
 
-namespace {
-
 using namespace Qt::StringLiterals;
 
-/** As the suite's own files are made. */
-constexpr QStringView SuiteLocale = u";LANGID=0x0409;CP=1252;COUNTRY=0";
-constexpr int TextSize = 255;
+namespace {
+
+constexpr int textSize = 255;
 
 /** A table of the suite; its text fields accept empty texts. */
 TableDef suiteTable(const QString &name,
@@ -21,7 +20,7 @@ TableDef suiteTable(const QString &name,
 {
     TableDef table(name);
     for (const auto &[field, type] : fields) {
-        table.appendField(field, type, type == FieldType::Text ? TextSize : 0);
+        table.appendField(field, type, type == FieldType::Text ? textSize : 0);
         table.field(field).allowZeroLength = type == FieldType::Text || type == FieldType::Memo;
     }
     return table;
@@ -73,7 +72,7 @@ QList<TableDef> TablesOf(ArchiveFile file)
 Database CreateArchiveFile(const QString &path, ArchiveFile file,
                            const std::function<void(Database &)> &fill)
 {
-    Database database = Database::create(path, SuiteLocale.toString());
+    Database database = Database::create(path, ArchiveLocale.toString());
     Transaction transaction(database);
     for (const TableDef &table : TablesOf(file))
         database.appendTableDef(table);
@@ -86,16 +85,22 @@ Database CreateArchiveFile(const QString &path, ArchiveFile file,
 QList<CodeMapping> StandardCodes()
 {
     return {
-        {u"DA1"_s, u"D0101"_s, u"Impresa appaltatrice"_s},
-        {u"P97"_s, u"M0097"_s, u"Mandati di pagamento"_s},
-        {u"QDP"_s, u"Q0100"_s, u"Prospetto delle disponibilità per voce di spesa"_s},
-        {u"P98"_s, u"Q0198"_s, u"Pagamenti precedenti alle imprese"_s},
-        {u"P99"_s, u"Q0199"_s, u"Ultimo pagamento alle imprese"_s},
-        {u"P98P"_s, u"Q0298"_s, u"Pagamenti precedenti ai professionisti"_s},
-        {u"P99P"_s, u"Q0299"_s, u"Ultimo pagamento ai professionisti"_s},
-        {u"QS1A"_s, u"S0101"_s, u"Totale liquidato alle imprese"_s},
-        {u"QS1P"_s, u"S0102"_s, u"Totale liquidato ai professionisti"_s},
-        {u"QS1T"_s, u"S0103"_s, u"Totale liquidato"_s},
+        {InternalCode::Contractor.toString(), u"D0101"_s, u"Impresa appaltatrice"_s},
+        {InternalCode::MandateNotes.toString(), u"M0097"_s, u"Mandati di pagamento"_s},
+        {InternalCode::OverviewDocument.toString(), u"Q0100"_s,
+         u"Prospetto delle disponibilità per voce di spesa"_s},
+        {InternalCode::EarlierCompanyPayments.toString(), u"Q0198"_s,
+         u"Pagamenti precedenti alle imprese"_s},
+        {InternalCode::LastCompanyPayment.toString(), u"Q0199"_s,
+         u"Ultimo pagamento alle imprese"_s},
+        {InternalCode::EarlierProfessionalPayments.toString(), u"Q0298"_s,
+         u"Pagamenti precedenti ai professionisti"_s},
+        {InternalCode::LastProfessionalPayment.toString(), u"Q0299"_s,
+         u"Ultimo pagamento ai professionisti"_s},
+        {InternalCode::CompanyTotal.toString(), u"S0101"_s, u"Totale liquidato alle imprese"_s},
+        {InternalCode::ProfessionalTotal.toString(), u"S0102"_s,
+         u"Totale liquidato ai professionisti"_s},
+        {InternalCode::Total.toString(), u"S0103"_s, u"Totale liquidato"_s},
     };
 }
 

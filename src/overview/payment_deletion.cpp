@@ -1,7 +1,8 @@
-#include "overview/payment_actions.h"
+#include "overview/payment_deletion.h"
 
 #include "common/archive_folders.h"
 #include "common/errors.h"
+#include "common/form_helpers.h"
 #include "database/database.h"
 #include "store/code_lookups.h"
 #include "store/mandate_note.h"
@@ -23,15 +24,6 @@ void deleteMatching(RecordSet &records, const QString &criterion)
     records.close();
 }
 
-QString kindText(const ProgramValues &values, RecordSet &fatture)
-{
-    fatture.findFirst(u"Npag ="_s + QString::number(values.CurrentPaymentNumber));
-    // After a failed find there is no current record, and the first one decides.
-    if (fatture.noMatch())
-        fatture.moveFirst();
-    return fatture.field(u"AziProf"_s).text();
-}
-
 void deleteFromLedger(const ProgramValues &values, const QString &number)
 {
     const Database ledger = Database::open(LedgerPath(values));
@@ -43,13 +35,9 @@ void deleteFromLedger(const ProgramValues &values, const QString &number)
 
 } // namespace
 
-std::optional<CreditorKind> OpenPayment(ProgramValues &values, qint32 row)
+bool ConfirmDeletion(qint32 row)
 {
-    const Database ledger = Database::open(LedgerPath(values));
-    RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture "_s);
-    values.CurrentPaymentNumber = row;
-    return Naming(u"Pagamento"_s, QString::number(row),
-                  [&] { return KindOfCode(kindText(values, fatture)); });
+    return ChiediConferma(u"Sei sicuro di vole eliminare il pagamento N°"_s + QString::number(row));
 }
 
 void DeletePayment(const ProgramValues &values, qint32 row)

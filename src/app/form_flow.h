@@ -21,14 +21,14 @@ class InvoiceForm;
  * main form when another one closes, and when nothing is open any more. At most one form of each
  * kind is open; asking for an open one brings it to the front as it is.
  */
-class FormWiring : public QObject
+class FormFlow : public QObject
 {
     Q_OBJECT
 
 public:
     /** @p values must outlive the object. */
-    explicit FormWiring(ProgramValues &values);
-    ~FormWiring() override;
+    explicit FormFlow(ProgramValues &values);
+    ~FormFlow() override;
 
     /** Loads and shows the main form, or brings it to the front when it is open. Errors of its
      *  load pass through. */

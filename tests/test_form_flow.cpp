@@ -1,5 +1,5 @@
 #include "app/application.h"
-#include "app/form_wiring.h"
+#include "app/form_flow.h"
 #include "common/ending.h"
 #include "common/message_box.h"
 #include "controls/flex_grid.h"
@@ -19,7 +19,7 @@ using namespace saldoro;
 using namespace Qt::StringLiterals;
 
 /** The real forms tied together, over three payments of which the second is a professional's. */
-class TestWiring : public QObject
+class TestFormFlow : public QObject
 {
     Q_OBJECT
 
@@ -55,12 +55,12 @@ private:
 
     std::unique_ptr<TestArchive> m_archive;
     ProgramValues m_values;
-    std::unique_ptr<FormWiring> m_forms;
+    std::unique_ptr<FormFlow> m_forms;
     std::unique_ptr<QSignalSpy> m_ended;
     QStringList m_messages;
 };
 
-void TestWiring::init()
+void TestFormFlow::init()
 {
     m_messages.clear();
     m_archive = std::make_unique<TestArchive>();
@@ -72,13 +72,13 @@ void TestWiring::init()
         m_messages += text;
         return kind == MessageKind::Question ? MessageAnswer::Yes : MessageAnswer::Ok;
     });
-    m_forms = std::make_unique<FormWiring>(m_values);
-    m_ended = std::make_unique<QSignalSpy>(m_forms.get(), &FormWiring::lastFormClosed);
+    m_forms = std::make_unique<FormFlow>(m_values);
+    m_ended = std::make_unique<QSignalSpy>(m_forms.get(), &FormFlow::lastFormClosed);
     m_forms->showMainForm();
     QVERIFY(QTest::qWaitForWindowActive(main()));
 }
 
-void TestWiring::cleanup()
+void TestFormFlow::cleanup()
 {
     if (QTest::currentTestFailed())
         qInfo() << "message boxes:" << m_messages;
@@ -87,7 +87,7 @@ void TestWiring::cleanup()
     SetEnding(false);
 }
 
-void TestWiring::newPaymentReachesTheList()
+void TestFormFlow::newPaymentReachesTheList()
 {
     click(main(), u"Command1"_s);
     QVERIFY(m_forms->chooser()->isVisible());
@@ -111,7 +111,7 @@ void TestWiring::newPaymentReachesTheList()
     QCOMPARE(m_ended->count(), 0);
 }
 
-void TestWiring::annullaChangesNothing()
+void TestFormFlow::annullaChangesNothing()
 {
     const QString before = m_archive->ledgerRows(u"SELECT * FROM Fatture"_s);
     click(main(), u"Command1"_s);
@@ -127,7 +127,7 @@ void TestWiring::annullaChangesNothing()
 }
 
 /** An open form comes to the front with its own payment, whatever has been asked for. */
-void TestWiring::eachKindOpensOnce()
+void TestFormFlow::eachKindOpensOnce()
 {
     modify(1);
     modify(2);
@@ -152,7 +152,7 @@ void TestWiring::eachKindOpensOnce()
     QCOMPARE(m_ended->count(), 1);
 }
 
-void TestWiring::mainFormClosedFirstComesBack()
+void TestFormFlow::mainFormClosedFirstComesBack()
 {
     modify(1);
     QVERIFY(main()->close());
@@ -167,7 +167,7 @@ void TestWiring::mainFormClosedFirstComesBack()
     QCOMPARE(m_ended->count(), 1);
 }
 
-void TestWiring::mainFormStaysOutOfUseBelowTheChooser()
+void TestFormFlow::mainFormStaysOutOfUseBelowTheChooser()
 {
     modify(2);
     click(main(), u"Command1"_s);
@@ -182,7 +182,7 @@ void TestWiring::mainFormStaysOutOfUseBelowTheChooser()
 }
 
 /** The reload after a deletion meets a null; forms that close afterwards write nothing. */
-void TestWiring::errorEndsWithoutClosingWork()
+void TestFormFlow::errorEndsWithoutClosingWork()
 {
     auto &application = *static_cast<Application *>(QCoreApplication::instance());
     modify(1);
@@ -205,7 +205,7 @@ void TestWiring::errorEndsWithoutClosingWork()
 int main(int argc, char *argv[])
 {
     Application application(argc, argv);
-    TestWiring test;
+    TestFormFlow test;
     return QTest::qExec(&test, argc, argv);
 }
-#include "test_wiring.moc"
+#include "test_form_flow.moc"

@@ -1,4 +1,4 @@
-#include "app/form_wiring.h"
+#include "app/form_flow.h"
 
 #include "common/ending.h"
 #include "common/form_helpers.h"
@@ -39,24 +39,24 @@ void releaseLater(std::unique_ptr<Form> &form)
 
 } // namespace
 
-FormWiring::FormWiring(ProgramValues &values)
+FormFlow::FormFlow(ProgramValues &values)
     : m_values(values)
 {
 }
 
-FormWiring::~FormWiring() = default;
+FormFlow::~FormFlow() = default;
 
-InvoiceForm *FormWiring::invoiceForm(CreditorKind kind) const
+InvoiceForm *FormFlow::invoiceForm(CreditorKind kind) const
 {
     return m_invoices.at(static_cast<std::size_t>(kind)).get();
 }
 
-std::unique_ptr<InvoiceForm> &FormWiring::invoiceSlot(CreditorKind kind)
+std::unique_ptr<InvoiceForm> &FormFlow::invoiceSlot(CreditorKind kind)
 {
     return m_invoices.at(static_cast<std::size_t>(kind));
 }
 
-void FormWiring::showMainForm()
+void FormFlow::showMainForm()
 {
     if (!m_main)
         makeMainForm();
@@ -65,43 +65,43 @@ void FormWiring::showMainForm()
     BringToFront(*m_main);
 }
 
-void FormWiring::makeMainForm()
+void FormFlow::makeMainForm()
 {
     m_main = std::make_unique<FrmPrincipale>(m_values);
-    connect(m_main.get(), &FrmPrincipale::nuovoRequested, this, &FormWiring::showChooser);
-    connect(m_main.get(), &FrmPrincipale::openPaymentRequested, this, &FormWiring::showInvoiceForm);
+    connect(m_main.get(), &FrmPrincipale::nuovoRequested, this, &FormFlow::showChooser);
+    connect(m_main.get(), &FrmPrincipale::openPaymentRequested, this, &FormFlow::showInvoiceForm);
     // Queued: the window system is still busy with the form that it has made the active one.
-    connect(m_main.get(), &FrmPrincipale::activatedOutOfUse, this, &FormWiring::raiseChooser,
+    connect(m_main.get(), &FrmPrincipale::activatedOutOfUse, this, &FormFlow::raiseChooser,
             Qt::QueuedConnection);
-    connect(m_main.get(), &FrmPrincipale::unloaded, this, &FormWiring::announceLastForm);
+    connect(m_main.get(), &FrmPrincipale::unloaded, this, &FormFlow::announceLastForm);
 }
 
-void FormWiring::showChooser()
+void FormFlow::showChooser()
 {
     m_main->setInUse(false);
     if (!m_chooser) {
         m_chooser = std::make_unique<FrmNuovaFattura>();
-        connect(m_chooser.get(), &FrmNuovaFattura::continued, this, &FormWiring::showInvoiceForm);
-        connect(m_chooser.get(), &FrmNuovaFattura::finished, this, &FormWiring::chooserFinished);
+        connect(m_chooser.get(), &FrmNuovaFattura::continued, this, &FormFlow::showInvoiceForm);
+        connect(m_chooser.get(), &FrmNuovaFattura::finished, this, &FormFlow::chooserFinished);
         keepAbove(*m_chooser, *m_main);
     }
     raiseChooser();
 }
 
 /** Keys for the main form would go nowhere while it is out of use. */
-void FormWiring::raiseChooser()
+void FormFlow::raiseChooser()
 {
     if (m_chooser)
         BringToFront(*m_chooser);
 }
 
-void FormWiring::chooserFinished()
+void FormFlow::chooserFinished()
 {
     releaseLater(m_chooser);
     m_main->setInUse(true);
 }
 
-void FormWiring::showInvoiceForm(CreditorKind kind)
+void FormFlow::showInvoiceForm(CreditorKind kind)
 {
     auto &slot = invoiceSlot(kind);
     if (!slot) {
@@ -115,7 +115,7 @@ void FormWiring::showInvoiceForm(CreditorKind kind)
 }
 
 /** What the form has saved shows by a reload of the main form, closed or not. */
-void FormWiring::invoiceFormUnloaded(CreditorKind kind)
+void FormFlow::invoiceFormUnloaded(CreditorKind kind)
 {
     auto &slot = invoiceSlot(kind);
     slot->hide(); // not to be seen while the documents of the main form are written
@@ -126,7 +126,7 @@ void FormWiring::invoiceFormUnloaded(CreditorKind kind)
     raiseChooser();
 }
 
-void FormWiring::announceLastForm()
+void FormFlow::announceLastForm()
 {
     const bool invoiceOpen = std::any_of(m_invoices.begin(), m_invoices.end(),
                                          [](const auto &form) { return form != nullptr; });

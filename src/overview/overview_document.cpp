@@ -1,0 +1,44 @@
+#include "overview/overview_document.h"
+
+#include "common/overview_column.h"
+#include "common/text_cut.h"
+#include "overview/frm_elab.h"
+#include "overview/statement_documents.h"
+#include "store/internal_codes.h"
+
+#include <array>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString overviewLine(const TextTable &overview, int row)
+{
+    constexpr std::array<qsizetype, OverviewColumn::Count> widths = {5, 35, 17, 17, 17};
+    QString line;
+    for (int column = 0; column < OverviewColumn::Count; ++column) {
+        line += FixedWidth(overview.text(row, column), widths.at(static_cast<size_t>(column)));
+        if (column == OverviewColumn::Descrizione)
+            line += u"  "_s;
+    }
+    return line + u"\r\n"_s;
+}
+
+} // namespace
+
+void WriteProjectDocuments(ProgramValues &values, const TextTable &overview)
+{
+    FrmElab form(values);
+    form.listBox.setText(QString());
+    for (int row = 1; row < overview.rows(); ++row) {
+        form.setFontName(u"Courier New"_s);
+        form.listBox.appendText(overviewLine(overview, row));
+    }
+    form.save(form.listBox, InternalCode::OverviewDocument);
+    form.registerDocument(InternalCode::OverviewDocument);
+    ScriviProspettoRtf(values, form);
+}
+
+} // namespace saldoro

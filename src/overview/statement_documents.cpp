@@ -1,0 +1,99 @@
+#include "overview/statement_documents.h"
+
+#include "common/archive_folders.h"
+#include "common/errors.h"
+#include "database/database.h"
+#include "overview/frm_elab.h"
+#include "overview/payment_statement.h"
+#include "store/code_lookups.h"
+#include "store/internal_codes.h"
+
+#include <limits>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** As for the documents, the tag of a total has no meaning. */
+constexpr qint16 totalTag = 0;
+
+/** What the two runs over the payments differ in; the codes are internal ones. */
+struct Run
+{
+    QString sql;
+    QString creditors;
+    QStringView earlierCode;
+    QStringView lastCode;
+    QStringView totalCode;
+};
+
+/** Number of payments in the set, which the documents count in 16 bits. */
+qint16 paymentCount(RecordSet &fatture, const QString &creditors)
+{
+    fatture.moveLast();
+    const int count = fatture.recordCount();
+    if (count > std::numeric_limits<qint16>::max()) {
+        OverflowError error(u"I pagamenti di un tipo sono più di 32.767: i documenti non possono "
+                            "essere scritti."_s,
+                            u"Rivolgersi all'assistenza per dividere il registro dei pagamenti."_s);
+        error.addDetail(u"Pagamenti"_s, creditors);
+        throw error;
+    }
+    fatture.moveFirst();
+    return static_cast<qint16>(count);
+}
+
+void composeStatements(RecordSet &fatture, const QString &creditors, ProgramValues &values,
+                       FrmElab &form)
+{
+    if (fatture.isEmpty())
+        return;
+    const qint16 count = paymentCount(fatture, creditors);
+    const LedgerPayment payment(fatture);
+    for (int number = 1; number < count; ++number) {
+        ComponiTestoPagamento(payment, values);
+        form.listBox.appendText(u"\r\n"_s);
+        form.listBox.appendText(values.TestoPagamento);
+        fatture.moveNext();
+    }
+    ComponiTestoPagamento(payment, values);
+    form.lastPaymentBox.setText(values.TestoPagamento);
+}
+
+/** Returns the total of the kind. */
+Currency writeRun(ProgramValues &values, FrmElab &form, const Run &run)
+{
+    const Database ledger = Database::open(LedgerPath(values));
+    RecordSet fatture = ledger.openRecordSet(run.sql);
+    form.listBox.setText(QString());
+    values.TotaleLiquidato = Currency();
+    composeStatements(fatture, run.creditors, values, form);
+    form.save(form.lastPaymentBox, run.lastCode);
+    form.save(form.listBox, run.earlierCode);
+    fatture.close();
+    form.registerDocument(run.earlierCode);
+    form.registerDocument(run.lastCode);
+    AggiornaVoceImporto(values, run.totalCode, totalTag, values.TotaleLiquidato);
+    return values.TotaleLiquidato;
+}
+
+} // namespace
+
+void ScriviProspettoRtf(ProgramValues &values, FrmElab &form)
+{
+    const Currency companies =
+        writeRun(values, form,
+                 {u"SELECT * FROM Fatture  WHERE AziProf = 'A' ORDER BY Npag "_s, u"alle aziende"_s,
+                  InternalCode::EarlierCompanyPayments, InternalCode::LastCompanyPayment,
+                  InternalCode::CompanyTotal});
+    const Currency professionals =
+        writeRun(values, form,
+                 {u"SELECT * FROM Fatture  WHERE AziProf = 'P' ORDER BY Npag "_s,
+                  u"ai professionisti"_s, InternalCode::EarlierProfessionalPayments,
+                  InternalCode::LastProfessionalPayment, InternalCode::ProfessionalTotal});
+    AggiornaVoceImporto(values, InternalCode::Total, totalTag, companies + professionals);
+}
+
+} // namespace saldoro
