@@ -19,11 +19,8 @@ constexpr QStringView MenuProject = u"00039";
 
 QString command(const ProjectPlace &place)
 {
-#ifdef Q_OS_WIN
-    const QString program = u"Saldoro.exe"_s;
-#else
-    const QString program = u"saldoro"_s;
-#endif
+    const bool isWindows = RegistryFilePath().isEmpty(); // its registry is no file
+    const QString program = isWindows ? u"Saldoro.exe"_s : u"saldoro"_s;
     return place.code == MenuProject ? program + u", o dal menu"_s
                                      : program + u" TUSMQDE7W"_s + place.code;
 }
