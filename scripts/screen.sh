@@ -2,12 +2,10 @@
 # Sourced by scripts that drive the program's windows: a display of their own without a screen, and
 # keys for the window that is meant.
 
-SCREEN_SIZE=1280x1024
-
 # open_screen FOLDER: starts a display and a window manager; their logs go to FOLDER.
 open_screen() {
     local folder=$1 number
-    Xvfb -displayfd 3 -screen 0 "${SCREEN_SIZE}x24" 3>"$folder/display" 2>"$folder/xvfb.log" &
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 3>"$folder/display" 2>"$folder/xvfb.log" &
     screen_pids=($!)
     for _ in $(seq 100); do
         number=$(cat "$folder/display")

@@ -30,8 +30,8 @@ proved() { printf '  %s\n' "$*"; }
 trap 'status=$?; wineserver -k 2>/dev/null || true; close_screen; exit $status' EXIT
 
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
-windows_root() { # TYPE ROOT: the archives root in the registry
-    wine reg add 'HKCU\Software\Dornvale\ZELT' /v drivers /t "$1" /d "$(windows_path "$2")" /f \
+windows_root() { # ROOT: the archives root in the registry
+    wine reg add 'HKCU\Software\Dornvale\ZELT' /v drivers /t REG_SZ /d "$(windows_path "$1")" /f \
         >/dev/null || fail 'the registry cannot be written'
 }
 project_folder() { printf '%s/ARCHIVI.QX/ZELT/LAVORI/APPALTI/%s' "$1" "$project"; }
@@ -175,7 +175,7 @@ journey() { # windows|linux
 reopen() { # windows|linux ROOT_OF_THE_OTHER EXPECTED
     cp -r "$2" "$work/other"
     rm "$(project_folder "$work/other")"/*.rtf
-    if [ "$1" = windows ]; then windows_root REG_SZ "$work/other"; else set_archives_root "$XDG_CONFIG_HOME" "$work/other"; fi
+    if [ "$1" = windows ]; then windows_root "$work/other"; else set_archives_root "$XDG_CONFIG_HOME" "$work/other"; fi
     start "$1" "TUSMQDE7W$project"
     wait_window "SALDORO APPALTO ($project)" || fail "$1 does not open the other system's files"
     press alt+c
@@ -196,7 +196,7 @@ wine "$windows/tools/saldoro_demo_archive.exe" "$(windows_path "$work/archive-wi
 
 check_version_resource
 check_installer
-windows_root REG_SZ "$work/archive-windows"
+windows_root "$work/archive-windows"
 check_manifest
 check_raw_tail
 check_updater
