@@ -10,17 +10,12 @@ add_custom_target(packaging_files ALL)
 
 # Addresses of functions are settled before the program runs and then read-only.
 target_link_options(Saldoro PRIVATE -Wl,-z,relro,-z,now)
-if(TARGET saldoro-verifica)
-  target_link_options(saldoro-verifica PRIVATE -Wl,-z,relro,-z,now)
-endif()
+target_link_options(saldoro-archivio PRIVATE -Wl,-z,relro,-z,now)
 
 # The program keeps the name that the suite knows it by; the lower-case one is for people.
-install(TARGETS Saldoro RUNTIME)
+install(TARGETS Saldoro saldoro-archivio RUNTIME)
 file(CREATE_LINK Saldoro ${made}/saldoro SYMBOLIC)
 install(FILES ${made}/saldoro DESTINATION ${CMAKE_INSTALL_BINDIR})
-if(TARGET saldoro-verifica)
-  install(TARGETS saldoro-verifica RUNTIME)
-endif()
 
 install(FILES ${source}/linux/saldoro.desktop
   DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
@@ -44,7 +39,7 @@ function(saldoro_gzipped file name folder)
   install(FILES ${made}/${name}.gz DESTINATION ${folder})
 endfunction()
 
-foreach(page saldoro saldoro-verifica)
+foreach(page saldoro saldoro-archivio)
   configure_file(${source}/linux/${page}.1.in ${made}/${page}.1 @ONLY)
   saldoro_gzipped(${made}/${page}.1 ${page}.1 ${CMAKE_INSTALL_MANDIR}/man1)
 endforeach()
@@ -85,8 +80,8 @@ It shows what was budgeted, paid and is still available of each item and
 writes the statements of all payments as documents of the contract's
 project. The program and its manual are in Italian.
 
-saldoro-verifica reads a project's archives without changing them and
-lists what needs care.")
+saldoro-archivio checks a project's archives and lists what needs care,
+fills them from CSV files and writes them out as such.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

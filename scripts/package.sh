@@ -28,7 +28,7 @@ need_packages "${BUILD_PACKAGES[@]}" "${DEB_PACKAGES[@]}"
 
 step 'build'
 configure release || fail 'not configured'
-cmake --build --preset release --target Saldoro saldoro-verifica saldoro_demo_archive \
+cmake --build --preset release --target Saldoro saldoro-archivio saldoro_demo_archive \
     packaging_files >"$work/log" 2>&1 || { tail -n 40 "$work/log"; fail 'not built'; }
 
 step 'package'
@@ -60,7 +60,7 @@ esac
 desktop-file-validate "$root/usr/share/applications/saldoro.desktop"
 appstreamcli validate --no-net --pedantic --explain \
     "$root/usr/share/metainfo/saldoro.metainfo.xml" || fail 'the AppStream data is not valid'
-for page in saldoro Saldoro saldoro-verifica; do
+for page in saldoro Saldoro saldoro-archivio; do
     man --warnings -l "$root/usr/share/man/man1/$page.1.gz" 2>"$work/log" >/dev/null
     [ -s "$work/log" ] && { cat "$work/log"; fail "the man page of $page has faults"; }
 done
@@ -69,7 +69,8 @@ step 'start'
 "$build/tools/saldoro_demo_archive" "$work/archive" >/dev/null
 set_archives_root "$work/settings" "$work/archive"
 folder=$work/archive/ARCHIVI.QX/ZELT/LAVORI/APPALTI/$project
-"$root/usr/bin/saldoro-verifica" "$folder" || [ $? -eq 1 ] || fail 'saldoro-verifica cannot check'
+"$root/usr/bin/saldoro-archivio" verifica "$folder" || [ $? -eq 1 ] \
+    || fail 'saldoro-archivio cannot check'
 status=0
 XDG_CONFIG_HOME=$work/settings QT_QPA_PLATFORM=offscreen \
     timeout 5 "$root/usr/bin/saldoro" "TUSMQDE7W$project" 2>"$work/log" || status=$?

@@ -2,7 +2,7 @@
 
     manual_messages.py SOURCE_FOLDER MANUAL
 
-Messages are the texts of message boxes and whole sentences in the sources. What saldoro-verifica
+Messages are the texts of message boxes and whole sentences in the sources. What saldoro-archivio
 finds carries its own advice and goes on in lower case behind its place, so that of that program only
 what keeps it from its work is looked for.
 """

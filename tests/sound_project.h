@@ -2,7 +2,6 @@
 
 #include "overview_probe.h"
 #include "platform/machine_path.h"
-#include "verify/options.h"
 #include "verify/verification.h"
 
 #include <memory>

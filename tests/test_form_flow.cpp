@@ -194,7 +194,7 @@ void TestFormFlow::errorEndsWithoutClosingWork()
     QCOMPARE(application.run([] { return true; }), 1);
     QCOMPARE(m_messages.size(), 2); // the question, then the report
     for (const QString &part :
-         {u"Saldoro.mdb"_s, u"Fatture"_s, u"Importo"_s, u"Pagamento: 2"_s, u"saldoro-verifica"_s})
+         {u"Saldoro.mdb"_s, u"Fatture"_s, u"Importo"_s, u"Pagamento: 2"_s, u"saldoro-archivio"_s})
         QVERIFY2(m_messages[1].contains(part), qUtf8Printable(m_messages[1]));
     QVERIFY(company()->close() && main()->close());
     QCOMPARE(documents(), QStringList());

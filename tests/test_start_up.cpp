@@ -264,9 +264,9 @@ private slots:
         };
         const auto restore = qScopeGuard([path = qgetenv("PATH")] { qputenv("PATH", path); });
         qputenv("PATH", "");
-        const QString place = QCoreApplication::applicationDirPath() + u"/saldoro-verifica"_s;
-        const QString check =
-            u"Per controllare l'archivio eseguire: \"%1\" "_s.arg(QDir::toNativeSeparators(place));
+        const QString place = QCoreApplication::applicationDirPath() + u"/saldoro-archivio"_s;
+        const QString check = u"Per controllare l'archivio eseguire: \"%1\" verifica "_s.arg(
+            QDir::toNativeSeparators(place));
         QCOMPARE(report(DatabaseFault::NullValue, u"/a b/Saldoro.mdb"_s), check + u"\"/a b\""_s);
         QCOMPARE(report(DatabaseFault::NullValue, {}), check + u"CARTELLA"_s);
         QVERIFY(!report(DatabaseFault::Locked, u"/a/Saldoro.mdb"_s).contains(u"verifica"_s));

@@ -1,4 +1,5 @@
 #include "sound_project.h"
+#include "verify/missing_value.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,7 +15,7 @@ QString run(const QStringList &words)
 {
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QString::fromLocal8Bit(VERIFY_PROGRAM), words);
+    process.start(QString::fromLocal8Bit(COMPANION), words);
     if (!process.waitForFinished())
         return u"did not end"_s;
     return QString::number(process.exitCode()) + u' ' +
@@ -36,7 +37,7 @@ QStringList stateOf(const QString &folder)
 
 } // namespace
 
-/** What the program saldoro-verifica tells, sets and leaves alone. */
+/** What the program saldoro-archivio tells, sets and leaves alone. */
 class TestVerifyProgram : public QObject
 {
     Q_OBJECT
@@ -53,7 +54,7 @@ void TestVerifyProgram::tellsByItsExitStatusAndChangesNothing()
     const SoundProject project;
     const QString folder = project.folder();
     const QStringList before = stateOf(folder);
-    QCOMPARE(run({QString(folder).replace(u"LAVORI"_s, u"Lavori"_s)}),
+    QCOMPARE(run({u"verifica"_s, QString(folder).replace(u"LAVORI"_s, u"Lavori"_s)}),
              u"0 Nessun difetto trovato.\n"_s);
     QCOMPARE(stateOf(folder), before);
     // What a crash left behind is not put right, and not taken for sound either.
@@ -62,28 +63,30 @@ void TestVerifyProgram::tellsByItsExitStatusAndChangesNothing()
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write("x") == 1);
         file.close();
         const QStringList crashed = stateOf(folder);
-        const QString output = run({folder});
+        const QString output = run({u"verifica"_s, folder});
         QVERIFY2(output.startsWith(u"2 "_s) && output.contains(u"a metà"_s), qPrintable(output));
         QCOMPARE(stateOf(folder), crashed);
         project.archive.execute(project.path(u'L'), u"UPDATE Fatture SET Del = NULL"_s);
-        QVERIFY(run(u"--imposta 2 Del 01/02/2020"_s.split(u' ') << folder)
+        QVERIFY(run(u"verifica --imposta 2 Del 01/02/2020"_s.split(u' ') << folder)
                     .contains(u"I valori sono stati impostati; il controllo non"_s));
         QVERIFY(file.remove());
     }
 #ifndef Q_OS_WIN // where the engine does not mind it
     // A folder in the way of a file of the engine is no change that was broken off.
     QVERIFY(QDir(folder).mkdir(u"Saldoro.mdb-wal"_s));
-    QVERIFY(run({folder}).contains(u"Controllare i permessi del file"_s));
+    QVERIFY(run({u"verifica"_s, folder}).contains(u"Controllare i permessi del file"_s));
     QVERIFY(QDir(folder).rmdir(u"Saldoro.mdb-wal"_s));
 #endif
-    QVERIFY(run({u"--codici"_s, folder + u"/Altrove.mdb"_s, folder}).startsWith(u"1 Archivi\n"_s));
-    for (const QStringList &words : {QStringList{folder + u"/manca"_s},
+    QVERIFY(run({u"verifica"_s, u"--codici"_s, folder + u"/Altrove.mdb"_s, folder})
+                .startsWith(u"1 Archivi\n"_s));
+    for (const QStringList &words : {QStringList{u"verifica"_s, folder + u"/manca"_s},
                                      QStringList(),
-                                     {folder, folder},
-                                     {folder, u"--imposta"_s, u"1"_s, u"Del"_s}})
+                                     {u"verifica"_s},
+                                     {u"verifica"_s, folder, folder},
+                                     {u"verifica"_s, folder, u"--imposta"_s, u"1"_s, u"Del"_s}})
         QVERIFY2(run(words).startsWith(u"2 "_s), qPrintable(words.join(u' ')));
     QVERIFY(run({u"--aiuto"_s}).contains(u"--imposta PAGAMENTO CAMPO VALORE"_s));
-    QVERIFY(run({u"--versione"_s}).startsWith(u"0 saldoro-verifica 1."_s));
+    QVERIFY(run({u"--versione"_s}).startsWith(u"0 saldoro-archivio 1."_s));
 }
 
 void TestVerifyProgram::setsAMissingValue_data()
@@ -110,8 +113,8 @@ void TestVerifyProgram::setsAMissingValue()
                             u"INSERT INTO Fatture (AziProf, Npag, Creditore) VALUES "
                             "('P', 3, 'x'), ('P', 4, 'y'), ('A', 4, 'z')"_s);
     const QStringList before = stateOf(project.folder());
-    const QString output =
-        run(QStringList{u"--imposta"_s} + words.split(u' ') + QStringList{project.folder()});
+    const QString output = run(QStringList{u"verifica"_s, u"--imposta"_s} + words.split(u' ') +
+                               QStringList{project.folder()});
     QCOMPARE(project.archive.ledgerRows(
                  u"SELECT Del, Importo, ImportoIVA FROM Fatture WHERE Npag = 3"_s),
              stored);
@@ -149,8 +152,9 @@ void TestVerifyProgram::leavesACopyThatIsWhole()
     project.archive.execute(project.path(u'L'),
                             u"UPDATE Fatture SET Del = NULL; CREATE TRIGGER t BEFORE UPDATE ON "
                             "Fatture WHEN OLD.Npag = 2 BEGIN SELECT RAISE(ABORT, 'x'); END"_s);
-    const QString output = run(
-        u"--imposta 1 Del 03/02/2021 --imposta 2 Del 04/02/2021"_s.split(u' ') << project.folder());
+    const QString output =
+        run(u"verifica --imposta 1 Del 03/02/2021 --imposta 2 Del 04/02/2021"_s.split(u' ')
+            << project.folder());
     QVERIFY(output.startsWith(u"2 Il comando è stato eseguito solo in parte."_s));
     QVERIFY(output.contains(u"Valori già impostati: 1\n"_s));
 }

@@ -77,11 +77,13 @@ QString folderToCheck(const QString &path)
  *  beside this program. */
 QString checkCommand()
 {
-    QString name = u"saldoro-verifica"_s;
-    if (!QStandardPaths::findExecutable(name).isEmpty())
-        return name;
-    const QString place = QCoreApplication::applicationDirPath() + u'/' + name;
-    return u'"' + QDir::toNativeSeparators(place) + u'"';
+    QString program = u"saldoro-archivio"_s;
+    if (QStandardPaths::findExecutable(program).isEmpty())
+        program =
+            u'"' +
+            QDir::toNativeSeparators(QCoreApplication::applicationDirPath() + u'/' + program) +
+            u'"';
+    return program + u" verifica"_s;
 }
 
 } // namespace
