@@ -1,8 +1,5 @@
 #include "common/amount_text.h"
-#include "common/number_text.h"
 #include "fuzzer.h"
-
-#include <QRegularExpression>
 
 namespace saldoro {
 
@@ -48,21 +45,6 @@ void insertSome(QString &text, QChar character, Random &random)
 }
 
 } // namespace
-
-void FuzzNumber(Random &random)
-{
-    static const QStringList pieces = {
-        u"0"_s, u"1"_s,  u"5"_s,    u"9"_s,   u"12"_s,     u"."_s,    u"."_s,    u"-"_s,
-        u"+"_s, u"e"_s,  u"E"_s,    u" "_s,   u"\t"_s,     u","_s,    u"\r\n"_s, u"x"_s,
-        u"٣"_s, u"e-"_s, u"e+30"_s, u"308"_s, u"\u00a0"_s, u"0000"_s, u"999"_s};
-    static const QRegularExpression blank(u"[ \t\r\n]"_s);
-    static const QRegularExpression number(
-        u"\\A[+-]?(?:[0-9]+[.]?[0-9]*|[.][0-9]+)(?:[eE][+-]?[0-9]+)?"_s);
-    const QString text = random.text(pieces, 9);
-    const QString found = number.match(QString(text).remove(blank)).captured();
-    RequireSame(text, QString::number(LeadingNumber(text), 'g', 17),
-                QString::number(found.toDouble(), 'g', 17));
-}
 
 void FuzzAmount(Random &random)
 {

@@ -60,7 +60,6 @@ inline void RequireSame(const QString &input, const QString &program, const QStr
 }
 
 /** One case each; a difference is a std::runtime_error. */
-void FuzzNumber(Random &random);    ///< LeadingNumber
 void FuzzAmount(Random &random);    ///< ImportoDaTesto, FormatImporto
 void FuzzLike(Random &random);      ///< LikePattern
 void FuzzCriterion(Random &random); ///< ParseCriterion
