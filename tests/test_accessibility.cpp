@@ -21,60 +21,6 @@
 using namespace saldoro;
 using namespace Qt::StringLiterals;
 
-/** What every form owes to those who do not see it, use no mouse, or need large or bright text. */
-class TestAccessibility : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void initTestCase_data();
-    void init();
-    void cleanup();
-    void controlsAreNamed();
-    void mnemonicsDoNotClash();
-    void largeTextFitsTheScreen();
-    void darkThemeIsReadable();
-
-private:
-    std::unique_ptr<QWidget> makeForm();
-
-    ProgramValues m_values;
-    TextTable m_overview{5};
-    QFont m_font;
-    QPalette m_palette;
-};
-
-void TestAccessibility::init()
-{
-    m_font = QApplication::font();
-    m_palette = QApplication::palette();
-}
-
-void TestAccessibility::cleanup()
-{
-    QApplication::setFont(m_font);
-    QApplication::setPalette(m_palette);
-}
-
-void TestAccessibility::initTestCase_data()
-{
-    QTest::addColumn<QString>("name");
-    for (const char *name : {"FrmPrincipale", "FrmNuovaFattura", "FrmProfessionisti", "FrmAziende"})
-        QTest::newRow(name) << QString::fromLatin1(name);
-}
-
-std::unique_ptr<QWidget> TestAccessibility::makeForm()
-{
-    QFETCH_GLOBAL(const QString, name);
-    if (name == "FrmPrincipale"_L1)
-        return std::make_unique<FrmPrincipale>(m_values);
-    if (name == "FrmNuovaFattura"_L1)
-        return std::make_unique<FrmNuovaFattura>();
-    if (name == "FrmProfessionisti"_L1)
-        return std::make_unique<FrmProfessionisti>(m_values, m_overview);
-    return std::make_unique<FrmAziende>(m_values, m_overview);
-}
-
 namespace {
 
 bool isControl(const QWidget &widget)
@@ -108,97 +54,127 @@ double contrast(const QColor &one, const QColor &other)
     return std::max(light(one), light(other)) / std::min(light(one), light(other));
 }
 
-QPalette darkPalette()
-{
-    QPalette dark(QColor(0x2b, 0x2b, 0x2b));
-    dark.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x1e));
-    dark.setColor(QPalette::AlternateBase, QColor(0x26, 0x26, 0x26));
-    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
-        for (const auto group : {QPalette::Active, QPalette::Inactive})
-            dark.setColor(group, role, QColor(0xe6, 0xe6, 0xe6));
-    dark.setColor(QPalette::Highlight, QColor(0x3d, 0xae, 0xe9));
-    return dark;
-}
-
 } // namespace
 
-void TestAccessibility::controlsAreNamed()
+/** What every form owes to those who do not see it, use no mouse, or need large or bright text. */
+class TestAccessibility : public QObject
 {
-    const auto form = makeForm();
-    QStringList names;
-    for (QWidget *widget : form->findChildren<QWidget *>()) {
-        const bool isFrame = qobject_cast<QGroupBox *>(widget) != nullptr;
-        if (widget->objectName().startsWith("qt_"_L1) || (!isFrame && !isControl(*widget)))
-            continue;
-        QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(widget);
-        const QString name = spoken->text(QAccessible::Name);
-        QVERIFY2(!name.isEmpty(), qPrintable(widget->objectName()));
-        QVERIFY2(isFrame || !widget->toolTip().isEmpty(), qPrintable(widget->objectName()));
-        // Two boxes that are read aloud alike can't be told from each other.
-        if (qobject_cast<QLineEdit *>(widget) && widget->objectName() != "edtTxt"_L1) {
-            QVERIFY2(!names.contains(name), qPrintable(name));
-            names += name;
+    Q_OBJECT
+
+private slots:
+    void initTestCase_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name :
+             {"FrmPrincipale", "FrmNuovaFattura", "FrmProfessionisti", "FrmAziende"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void cleanup()
+    {
+        QApplication::setFont(m_font);
+        QApplication::setPalette(m_palette);
+    }
+
+    void controlsAreNamed()
+    {
+        const auto form = makeForm();
+        QStringList names;
+        for (QWidget *widget : form->findChildren<QWidget *>()) {
+            const bool isFrame = qobject_cast<QGroupBox *>(widget) != nullptr;
+            if (widget->objectName().startsWith("qt_"_L1) || (!isFrame && !isControl(*widget)))
+                continue;
+            QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(widget);
+            const QString name = spoken->text(QAccessible::Name);
+            QVERIFY2(!name.isEmpty(), qPrintable(widget->objectName()));
+            QVERIFY2(isFrame || !widget->toolTip().isEmpty(), qPrintable(widget->objectName()));
+            // Two boxes that are read aloud alike can't be told from each other.
+            if (qobject_cast<QLineEdit *>(widget) && widget->objectName() != "edtTxt"_L1) {
+                QVERIFY2(!names.contains(name), qPrintable(name));
+                names += name;
+            }
+        }
+        QVERIFY(!form->findChildren<QWidget *>().isEmpty());
+    }
+
+    void mnemonicsDoNotClash()
+    {
+        const auto form = makeForm();
+        QHash<QString, QString> taken;
+        for (const QWidget *widget : form->findChildren<QWidget *>()) {
+            const QString caption = captionOf(*widget);
+            const QString key = QKeySequence::mnemonic(caption).toString();
+            if (key.isEmpty())
+                continue;
+            QVERIFY2(!taken.contains(key), qPrintable(caption + u" / "_s + taken.value(key)));
+            taken.insert(key, caption);
+        }
+        QVERIFY(taken.size() >= 4);
+    }
+
+    void largeTextFitsTheScreen()
+    {
+        constexpr QSize screen(1366, 768);
+        constexpr int titleBar = 36;
+        const auto leastSize = [this](double scale, bool scrolling) {
+            QFont font = m_font;
+            font.setPointSizeF(m_font.pointSizeF() * scale);
+            QApplication::setFont(font);
+            const auto form = makeForm();
+            const auto *area = form->findChild<QScrollArea *>();
+            return (area && !scrolling ? area->widget() : form.get())->minimumSizeHint();
+        };
+        const auto fits = [screen](QSize size) {
+            return size.width() <= screen.width() && size.height() <= screen.height() - titleBar;
+        };
+        const QSize large = leastSize(1.5, false);
+        QVERIFY2(fits(large), qPrintable(u"%1 x %2"_s.arg(large.width()).arg(large.height())));
+        QVERIFY(fits(leastSize(2, true)));
+        // A text that did not scale would need no more room.
+        QVERIFY(leastSize(1, false).height() < large.height());
+    }
+
+    void darkThemeIsReadable()
+    {
+        constexpr double readable = 4.5;
+        const auto early = makeForm();           // goes over to the theme while it is open
+        QPalette dark(QColor(0x2b, 0x2b, 0x2b)); // from which the toolkit takes the other colours
+        dark.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x1e));
+        QApplication::setPalette(dark);
+        QCoreApplication::processEvents();
+        const auto late = makeForm();
+        for (const QWidget *widget :
+             early->findChildren<QWidget *>() + late->findChildren<QWidget *>()) {
+            if (!widget->isEnabled())
+                continue;
+            const QPalette colors = widget->palette();
+            const bool onBase =
+                isControl(*widget) && !qobject_cast<const QAbstractButton *>(widget);
+            const QColor text = colors.color(onBase ? QPalette::Text : QPalette::WindowText);
+            const QColor ground = colors.color(onBase ? QPalette::Base : QPalette::Window);
+            QVERIFY2(contrast(text, ground) >= readable, qPrintable(widget->objectName()));
+            QVERIFY2(!onBase || ground.lightnessF() < 0.5F, qPrintable(widget->objectName()));
         }
     }
-    QVERIFY(!form->findChildren<QWidget *>().isEmpty());
-}
 
-void TestAccessibility::mnemonicsDoNotClash()
-{
-    const auto form = makeForm();
-    QHash<QString, QString> taken;
-    for (const QWidget *widget : form->findChildren<QWidget *>()) {
-        const QString caption = captionOf(*widget);
-        const QString key = QKeySequence::mnemonic(caption).toString();
-        if (key.isEmpty())
-            continue;
-        QVERIFY2(!taken.contains(key), qPrintable(caption + u" / "_s + taken.value(key)));
-        taken.insert(key, caption);
+private:
+    std::unique_ptr<QWidget> makeForm()
+    {
+        QFETCH_GLOBAL(const QString, name);
+        if (name == "FrmPrincipale"_L1)
+            return std::make_unique<FrmPrincipale>(m_values);
+        if (name == "FrmNuovaFattura"_L1)
+            return std::make_unique<FrmNuovaFattura>();
+        if (name == "FrmProfessionisti"_L1)
+            return std::make_unique<FrmProfessionisti>(m_values, m_overview);
+        return std::make_unique<FrmAziende>(m_values, m_overview);
     }
-    QVERIFY(taken.size() >= 4);
-}
 
-void TestAccessibility::largeTextFitsTheScreen()
-{
-    constexpr QSize screen(1366, 768);
-    constexpr int titleBar = 36;
-    const auto leastSize = [this](double scale, bool scrolling) {
-        QFont font = m_font;
-        font.setPointSizeF(m_font.pointSizeF() * scale);
-        QApplication::setFont(font);
-        const auto form = makeForm();
-        const auto *area = form->findChild<QScrollArea *>();
-        return (area && !scrolling ? area->widget() : form.get())->minimumSizeHint();
-    };
-    const auto fits = [screen](QSize size) {
-        return size.width() <= screen.width() && size.height() <= screen.height() - titleBar;
-    };
-    const QSize large = leastSize(1.5, false);
-    QVERIFY2(fits(large), qPrintable(u"%1 x %2"_s.arg(large.width()).arg(large.height())));
-    QVERIFY(fits(leastSize(2, true)));
-    // A text that did not scale would need no more room.
-    QVERIFY(leastSize(1, false).height() < large.height());
-}
-
-void TestAccessibility::darkThemeIsReadable()
-{
-    constexpr double readable = 4.5;
-    const auto early = makeForm(); // goes over to the theme while it is open
-    QApplication::setPalette(darkPalette());
-    QCoreApplication::processEvents();
-    const auto late = makeForm();
-    for (const QWidget *widget :
-         early->findChildren<QWidget *>() + late->findChildren<QWidget *>()) {
-        if (!widget->isEnabled())
-            continue;
-        const QPalette colors = widget->palette();
-        const bool onBase = isControl(*widget) && !qobject_cast<const QAbstractButton *>(widget);
-        const QColor text = colors.color(onBase ? QPalette::Text : QPalette::WindowText);
-        const QColor ground = colors.color(onBase ? QPalette::Base : QPalette::Window);
-        QVERIFY2(contrast(text, ground) >= readable, qPrintable(widget->objectName()));
-        QVERIFY2(!onBase || ground.lightnessF() < 0.5F, qPrintable(widget->objectName()));
-    }
-}
+    ProgramValues m_values;
+    TextTable m_overview{5};
+    const QFont m_font = QApplication::font();
+    const QPalette m_palette = QApplication::palette();
+};
 
 QTEST_MAIN(TestAccessibility)
 #include "test_accessibility.moc"

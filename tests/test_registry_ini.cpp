@@ -7,6 +7,7 @@
 #include <QTest>
 
 using namespace saldoro;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -14,8 +15,7 @@ void writeFile(const QString &path, const QByteArray &content)
 {
     QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), content.size());
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
 }
 
 } // namespace
@@ -27,29 +27,28 @@ class TestRegistryIni : public QObject
 private slots:
     void iniValue()
     {
-        const QString path = m_folder.filePath(QStringLiteral("a.ini"));
+        const QString path = m_folder.filePath(u"a.ini"_s);
         const QByteArray head = "[Configuration]\r\n";
-        const QList<QPair<QByteArray, QString>> files{
-            {head + "Build = 10168\r\n", "10168"},
-            {"[Configuration]\rBuild=12\rData=3\r", "12"},
-            {head + "Build=1\n[Configuration]\nBuild=2\n", "1"},
-            {head + "Data=1\n[FILE]\n[Configuration]\nBuild=2\n", ""},
-            {"Build=0\n[FILE]\nBuild=2\n", ""},
-            {head + ";Build=1\n ; Build=2\nBuild=3 ;x\n", "3 ;x"},
-            {head + "Builds=1\n", ""},
-            {head + "Build=\"  a b  \"\n", "  a b"},
-            {head + "Build='\"a\"'\n", "\"a\""},
-            {head + QByteArray("Build=ab \0c\n", 12), "ab"},
-            {head + "Build=" + QByteArray(254, 'x') + "y\n", QString(254, 'x')},
-            {head + "Build=" + QByteArray("à").repeated(300), QString(254, QChar(u'à'))},
-            {head + "Build=" + QByteArray(253, 'x') + " y\n", QString(253, 'x')},
-            {"\xEF\xBB\xBF" + head + "Build=perché €\n", QStringLiteral("perché €")},
-            {head + "Build=perch\xE9 \x80 \x93q\x94\n", QStringLiteral("perché € “q”")}};
-        for (const auto &[content, value] : files) {
+        for (const auto &[content, value] : QList<std::pair<QByteArray, QString>>{
+                 {head + "Build = 10168\r\n", u"10168"_s},
+                 {"[Configuration]\rBuild=12\rData=3\r", u"12"_s},
+                 {head + "Build=1\n[Configuration]\nBuild=2\n", u"1"_s},
+                 {head + "Data=1\n[FILE]\n[Configuration]\nBuild=2\n", {}},
+                 {"Build=0\n[FILE]\nBuild=2\n", {}},
+                 {head + ";Build=1\n ; Build=2\nBuild=3 ;x\n", u"3 ;x"_s},
+                 {head + "Builds=1\n", {}},
+                 {head + "Build=\"  a b  \"\n", u"  a b"_s},
+                 {head + "Build='\"a\"'\n", u"\"a\""_s},
+                 {head + QByteArray("Build=ab \0c\n", 12), u"ab"_s},
+                 {head + "Build=" + QByteArray(254, 'x') + "y\n", QString(254, u'x')},
+                 {head + "Build=" + QByteArray("à").repeated(300), QString(254, u'à')},
+                 {head + "Build=" + QByteArray(253, 'x') + " y\n", QString(253, u'x')},
+                 {"\xEF\xBB\xBF" + head + "Build=perché €\n", u"perché €"_s},
+                 {head + "Build=perch\xE9 \x80 \x93q\x94\n", u"perché € “q”"_s}}) {
             writeFile(path, content);
-            QCOMPARE(ReadIniString(path, QStringLiteral("Configuration"), QStringLiteral("Build")),
-                     value);
+            QCOMPARE(ReadIniString(path, u"Configuration"_s, u"Build"_s), value);
         }
+        QCOMPARE(ReadIniString(path + u'x', u"Configuration"_s, u"Build"_s), QString());
     }
 
     void registryValue()
@@ -58,22 +57,19 @@ private slots:
             QSKIP("the system has a registry");
         qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
         const QByteArray key = "[software\\dornvale\\zelt]\n";
-        const QList<QPair<QByteArray, QString>> files{
-            // a null text: no value at all
-            {key + "Drivers=D:\n", "D:"},
-            {key + "drivers=/" + QByteArray(400, 'x'), u'/' + QString(400, 'x')},
-            {key + "drivers=\"/a \"\n", "/a "},
-            {key + "drivers=REG_SZ:REG_SZ:\n", "REG_SZ:"},
-            {key + QByteArray("drivers=D:\0E\n", 13), "D:"},
-            {key + "drivers=\n", ""},
-            {key + "drivers=REG_EXPAND_SZ:%SystemDrive%\n", QString()},
-            {"[Software\\Dornvale]\ndrivers=D:\n", QString()}};
-        for (const auto &[content, value] : files) {
+        for (const auto &[content, value] : QList<std::pair<QByteArray, std::optional<QString>>>{
+                 {key + "Drivers=D:\n", u"D:"_s},
+                 {key + "drivers=/" + QByteArray(400, 'x'), u'/' + QString(400, u'x')},
+                 {key + "drivers=\"/a \"\n", u"/a "_s},
+                 {key + "drivers=REG_SZ:REG_SZ:\n", u"REG_SZ:"_s},
+                 {key + QByteArray("drivers=D:\0E\n", 13), u"D:"_s},
+                 {key + "drivers=\n", QString()},
+                 {key + "drivers=Reg_Expand_SZ:%SystemDrive%\n", {}},
+                 {key + "drivers=REG_DWORD:5\n", {}},
+                 {"[Software\\Dornvale]\ndrivers=D:\n", {}}}) {
             writeFile(RegistryFilePath(), content);
-            const auto found = ReadRegistryValue(QStringLiteral("Software\\Dornvale\\ZELT"),
-                                                 QStringLiteral("drivers"));
-            QVERIFY2(found.has_value() == !value.isNull(), content.constData());
-            QCOMPARE(found.value_or(QString()), value);
+            QVERIFY2(ReadRegistryValue(u"Software\\Dornvale\\ZELT"_s, u"drivers"_s) == value,
+                     content.constData());
         }
     }
 
@@ -82,26 +78,24 @@ private slots:
         if (RegistryFilePath().isEmpty())
             QSKIP("the system has a registry");
         qputenv("HOME", "/casa/rossi");
-        qputenv("XDG_CONFIG_HOME", "/altrove");
-        QCOMPARE(RegistryFilePath(), QStringLiteral("/altrove/saldoro/registro.ini"));
-        for (const char *unusable : {"", "qui"}) {
-            qputenv("XDG_CONFIG_HOME", unusable);
-            QCOMPARE(RegistryFilePath(),
-                     QStringLiteral("/casa/rossi/.config/saldoro/registro.ini"));
+        for (const auto &[folder, file] :
+             {std::pair{"/altrove", u"/altrove/saldoro/registro.ini"_s},
+              {"", u"/casa/rossi/.config/saldoro/registro.ini"_s},
+              {"qui", u"/casa/rossi/.config/saldoro/registro.ini"_s}}) {
+            qputenv("XDG_CONFIG_HOME", folder);
+            QCOMPARE(RegistryFilePath(), file);
         }
-        QVERIFY(!ReadRegistryValue(QStringLiteral("a"), QString()));
+        QVERIFY(!ReadRegistryValue(u"a"_s, QString()));
     }
 
     void commandLineTail()
     {
-        const auto tail = [](const char *line) {
-            return TailOfCommandLine(QString::fromUtf8(line));
-        };
-        QCOMPARE(tail(""), QString());
-        QCOMPARE(tail("Saldoro.exe /INI"), QStringLiteral("/INI"));
-        QCOMPARE(tail("\"C:\\Pro grammi\\S.exe\"  /INI"), QStringLiteral("/INI"));
-        QCOMPARE(tail("S.exe TUSMQDE7W00 112 "), QStringLiteral("TUSMQDE7W00 112 "));
-        QCOMPARE(tail("S \"/INI\""), QStringLiteral("\"/INI\""));
+        for (const auto &[line, tail] : {std::pair{QString(), QString()},
+                                         {u"Saldoro.exe /INI"_s, u"/INI"_s},
+                                         {u"\"C:\\Pro grammi\\S.exe\"  /INI"_s, u"/INI"_s},
+                                         {u"S.exe TUSMQDE7W00 112 "_s, u"TUSMQDE7W00 112 "_s},
+                                         {u"S \"/INI\""_s, u"\"/INI\""_s}})
+            QCOMPARE(TailOfCommandLine(line), tail);
     }
 
 private:
