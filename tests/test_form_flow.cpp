@@ -10,6 +10,7 @@
 #include "platform/machine_path.h"
 
 #include <QAbstractButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -17,7 +18,8 @@
 using namespace saldoro;
 using namespace Qt::StringLiterals;
 
-/** The real forms tied together, over three payments of which the second is a professional's. */
+/** The main screen, and the real forms tied together, over three payments of which the second is a
+ *  professional's. */
 class TestFormFlow : public QObject
 {
     Q_OBJECT
@@ -26,14 +28,18 @@ private slots:
     void init()
     {
         m_messages.clear();
-        m_archive = std::make_unique<TestArchive>();
+        m_answer = MessageAnswer::Yes;
+        m_archive = std::make_unique<TestArchive>(u"00451"_s);
         m_archive->build().addStandardCodes();
-        PlantItems(*m_archive, u"('L1','Lavori',90000000)"_s, u"(1,'L1',1220000)"_s);
+        PlantItems(*m_archive, u"('L1','Lavori',90000000),('S1','Sicurezza',2500000)"_s,
+                   u"(1,'L1',1220000),(2,'S1',650000),(3,'L1',305000)"_s);
         PlantThreePayments(*m_archive);
+        m_archive->execute(ContractPath(m_archive->values()),
+                           u"INSERT INTO SchedaProgetto (Voce) VALUES ('M0097_2')"_s);
         m_values = m_archive->values();
         ReplaceMessageBoxes([this](MessageKind kind, const QString &text) {
             m_messages += text;
-            return kind == MessageKind::Question ? MessageAnswer::Yes : MessageAnswer::Ok;
+            return kind == MessageKind::Question ? m_answer : MessageAnswer::Ok;
         });
         m_forms = std::make_unique<FormFlow>(m_values);
         m_ended = std::make_unique<QSignalSpy>(m_forms.get(), &FormFlow::lastFormClosed);
@@ -50,6 +56,89 @@ private slots:
         SetEnding(false);
     }
 
+    void opensFilled()
+    {
+        QCOMPARE(main()->windowTitle(), u"SALDORO APPALTO (00451)"_s);
+        QCOMPARE(BodyText(list()), u"1|Rossi S.r.l.|15/03/2021|122,00|€\n"
+                                   "2|Ing. Bò|02/04/2021|65,00|€\n"
+                                   "3|Cave Unite|20/05/2021|30,50|€"_s);
+        QCOMPARE(BodyText(main()->overviewTable()), u"L1|Lavori|9.000,00|152,50|8.847,50\n"
+                                                    "S1|Sicurezza|250,00|65,00|185,00"_s);
+        QCOMPARE(main()->overviewTable().row(), 1);
+        QVERIFY(main()->windowFlags() & Qt::WindowStaysOnTopHint);
+        const QPoint off = main()->frameGeometry().center() - main()->screen()->geometry().center();
+        QVERIFY2(off.manhattanLength() <= 4, "centred");
+        QStringList order;
+        for (int step = 0; step < 6 && QApplication::focusWidget(); ++step, act(u"tab"_s))
+            order += QApplication::focusWidget()->accessibleName();
+        QCOMPARE(order.join(u'|'),
+                 u"Saldoro effettuati|Quadro di disponibilità|Nuovo|Modifica|Elimina|Chiudi"_s);
+    }
+
+    /** Which form opens with which number. */
+    void obeysKeysAndClicks()
+    {
+        for (const auto &[steps, opened] : {std::pair{u"Command3"_s, u"A 3"_s}, // the last row
+                                            {u"up enter"_s, u"P 2"_s},
+                                            {u"up up Command3"_s, u"A 1"_s},
+                                            {u"up tab tab tab enter"_s, u"P 2"_s},
+                                            {u"double"_s, u"P 2"_s},
+                                            {u"tab up enter canc"_s, QString()}, // in the overview
+                                            {u"altm"_s, u"A 3"_s},
+                                            {u"alte altn"_s, question(3) + u" new 4"_s},
+                                            {u"altq tab enter"_s, u"new 4"_s}}) {
+            cleanup();
+            init();
+            m_answer = MessageAnswer::No;
+            act(steps);
+            QTRY_COMPARE(told(), opened);
+        }
+    }
+
+    void deletes()
+    {
+        for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
+            const bool deleted = answer == MessageAnswer::Yes;
+            cleanup();
+            init();
+            m_answer = answer;
+            act(deleted ? u"up Command4"_s : u"up canc"_s);
+            QCOMPARE(told(), question(2));
+            QCOMPARE(m_archive->ledgerRows(u"SELECT group_concat(Npag) FROM Fatture"_s),
+                     deleted ? u"1,3"_s : u"1,2,3"_s);
+            QCOMPARE(m_archive->contractRows(u"SELECT Voce FROM SchedaProgetto"_s).isEmpty(),
+                     deleted);
+            QCOMPARE(list().rows(), deleted ? 3 : 4);
+            QCOMPARE(main()->overviewTable().text(2, 3), deleted ? u"0,00"_s : u"65,00"_s);
+            QVERIFY(main()->isVisible() && main()->isLoaded());
+            QCOMPARE(takeDocuments(), 0);
+
+            // With payment 2 gone row 2 lists payment 3, but still goes by its own place.
+            m_messages.clear();
+            act(u"Command4 Command3 Command1"_s);
+            QCOMPARE(told(), (deleted ? u"%1 A 2 new 3"_s : u"%1 P 2 new 4"_s).arg(question(2)));
+            QCOMPARE(list().rows(), deleted ? 3 : 4);
+        }
+    }
+
+    void leavesAnEmptyLedgerAlone()
+    {
+        m_archive->execute(LedgerPath(m_values), u"DELETE FROM Fatture"_s);
+        main()->load();
+        QVERIFY(!main()->findChild<QWidget *>(u"Command3"_s)->isEnabled());
+        act(u"enter canc Command4 Command3 Command1"_s);
+        QCOMPARE(told(), u"new 1"_s);
+    }
+
+    void refreshesTheOverviewAlone()
+    {
+        m_archive->execute(LedgerPath(m_values),
+                           u"DELETE FROM Fatture; DELETE FROM Spese WHERE Cod = 'S1'"_s);
+        main()->RefreshProspetto();
+        QCOMPARE(main()->overviewTable().text(2, 3), u"0,00"_s);
+        QCOMPARE(list().rows(), 4);
+    }
+
     void newPaymentReachesTheList()
     {
         click(main(), u"Command1"_s);
@@ -57,19 +146,20 @@ private slots:
         QVERIFY(!main()->isEnabled() && !main()->close() && main()->isVisible());
         click(m_forms->chooser(), u"Option4"_s);
         click(m_forms->chooser(), u"Command1"_s);
-        QVERIFY(main()->isEnabled() && !m_forms->chooser() && !company() && professional());
+        QVERIFY(main()->isEnabled());
+        QCOMPARE(told(), u"P 4"_s);
         QVERIFY(QTest::qWaitForWindowActive(professional()));
-        type(u"Arch. Neri"_s);
+        type(professional(), "Arch. Neri");
         professional()->findChild<QWidget *>(u"MaskEdBox1"_s)->setFocus();
-        type(u"05062021"_s);
+        type(professional(), "05062021");
         click(professional(), u"Command1"_s);
-        QVERIFY(!professional());
+        QCOMPARE(told(), u"Gli importi non coincidono continuare ? "_s);
         QCOMPARE(
             m_archive->ledgerRows(u"SELECT AziProf, Creditore, Del FROM Fatture WHERE Npag=4"_s),
             u"P|Arch. Neri|2021-06-05"_s);
-        QCOMPARE(m_messages, QStringList{u"Gli importi non coincidono continuare ? "_s});
         QCOMPARE(list().text(4, 1), u"Arch. Neri"_s);
         QVERIFY(main()->isVisible() && main()->isLoaded());
+        QCOMPARE(takeDocuments(), 5);
         QCOMPARE(m_ended->count(), 0);
     }
 
@@ -78,14 +168,14 @@ private slots:
         const QString before = m_archive->ledgerRows(u"SELECT * FROM Fatture"_s);
         click(main(), u"Command1"_s);
         click(m_forms->chooser(), u"Command2"_s);
-        QVERIFY(!m_forms->chooser() && !company() && main()->isEnabled());
+        QCOMPARE(told(), QString());
+        QVERIFY(main()->isEnabled());
         QCOMPARE(main()->focusWidget(), main()->findChild<QWidget *>(u"Command1"_s));
-        QCOMPARE(m_values.CurrentPaymentNumber, 4);
         QCOMPARE(m_archive->ledgerRows(u"SELECT * FROM Fatture"_s), before);
-        QVERIFY(!hasDocuments());
+        QCOMPARE(takeDocuments(), 0);
         click(main(), u"Command2"_s);
         QCOMPARE(m_ended->count(), 1);
-        QVERIFY(hasDocuments());
+        QCOMPARE(takeDocuments(), 5);
     }
 
     /** An open form comes to the front with its own payment, whatever has been asked for. */
@@ -99,16 +189,15 @@ private slots:
         QTest::keyClicks(first->findChild<QWidget *>(u"Text1_0"_s), u"!"_s);
         modify(3);
         QCOMPARE(company(), first);
-        QCOMPARE(numberOf(first), 1);
-        QCOMPARE(numberOf(professional()), 2);
+        QCOMPARE(told(), u"A 1 P 2"_s);
         QVERIFY(QTest::qWaitForWindowActive(first));
         QVERIFY(!first->isMinimized());
 
         click(first, u"Command1"_s); // saves, though payment 3 is current
         QCOMPARE(list().text(1, 1), u"!Rossi S.r.l."_s);
-        QVERIFY(!company() && professional()->isVisible());
+        m_messages.clear();
         modify(3);
-        QCOMPARE(numberOf(company()), 3);
+        QCOMPARE(told(), u"A 3 P 2"_s);
         QVERIFY(closes(professional()) && closes(company()));
         QCOMPARE(m_ended->count(), 0);
         QVERIFY(main()->close());
@@ -119,13 +208,27 @@ private slots:
     {
         modify(1);
         QVERIFY(main()->close());
-        QVERIFY(!main()->isVisible() && hasDocuments());
+        QVERIFY(!main()->isVisible() && !main()->isLoaded());
+        QCOMPARE(takeDocuments(), 5);
+        main()->close(); // is done already
         QCOMPARE(m_ended->count(), 0);
         m_archive->execute(LedgerPath(m_values), u"UPDATE Fatture SET Creditore='Altri'"_s);
         click(company(), u"Command2"_s);
         QVERIFY(!company() && main()->isVisible() && main()->isLoaded());
         QCOMPARE(list().text(1, 1), u"Altri"_s);
+        QCOMPARE(takeDocuments(), 0); // there was nothing on screen to be written
         QCOMPARE(m_ended->count(), 0);
+    }
+
+    void reloadKeepsThePlace()
+    {
+        act(u"tab"_s);
+        main()->showMaximized();
+        const QRect place = main()->geometry();
+        main()->reload();
+        QVERIFY(main()->isVisible() && main()->isLoaded() && main()->isMaximized());
+        QCOMPARE(main()->geometry(), place);
+        QTRY_COMPARE(QApplication::focusWidget(), main()->findChild<QWidget *>(u"MSFlexGrid1"_s));
     }
 
     void mainFormStaysOutOfUseBelowTheChooser()
@@ -139,7 +242,7 @@ private slots:
         QTRY_COMPARE(QApplication::activeWindow(), m_forms->chooser());
         click(m_forms->chooser(), u"Command1"_s);
         QVERIFY(main()->isEnabled());
-        QCOMPARE(numberOf(company()), 4);
+        QCOMPARE(told(), u"A 4"_s);
     }
 
     /** The reload after a deletion meets a null; forms that close afterwards write nothing. */
@@ -157,13 +260,19 @@ private slots:
         for (const QString &part : {u"Saldoro.mdb"_s, u"Fatture"_s, u"Importo"_s, u"Pagamento: 2"_s,
                                     u"saldoro-archivio"_s})
             QVERIFY2(m_messages[1].contains(part), qUtf8Printable(m_messages[1]));
+        main()->setInUse(false); // nor does that keep it open now
         QVERIFY(closes(company()) && main()->close());
-        QVERIFY(!hasDocuments());
+        QCOMPARE(takeDocuments(), 0);
         QCOMPARE(m_ended->count(), 0);
         QCOMPARE(m_archive->ledgerRows(u"SELECT Npag FROM Fatture"_s), u"1\n2"_s);
     }
 
 private:
+    static QString question(int row)
+    {
+        return u"Sei sicuro di vole eliminare il pagamento N°%1"_s.arg(row);
+    }
+    static bool closes(InvoiceForm *form) { return form && form->close(); }
     static void click(const QWidget *form, const QString &name)
     {
         auto *button = form ? form->findChild<QAbstractButton *>(name) : nullptr;
@@ -171,15 +280,14 @@ private:
             QFAIL(qPrintable(u"no "_s + name));
         QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
     }
-    static int numberOf(const InvoiceForm *form) { return form ? form->paymentNumber() : -1; }
-    static bool closes(InvoiceForm *form) { return form && form->close(); }
-    /** To whatever has the focus in the active window. */
-    static void type(const QString &text)
+    /** To whatever has the focus in the form. */
+    static void type(const QWidget *form, const char *text)
     {
-        QVERIFY(QApplication::focusWidget() != nullptr);
-        QTest::keyClicks(QApplication::focusWidget(), text);
+        for (; *text != '\0'; ++text)
+            QTest::keyClick(form->windowHandle(), *text);
     }
-    TextTable &list() const { return main()->findChild<FlexGrid *>(u"MSFlexGrid1"_s)->table(); }
+    FlexGrid *grid() const { return main()->findChild<FlexGrid *>(u"MSFlexGrid1"_s); }
+    TextTable &list() const { return grid()->table(); }
     FrmPrincipale *main() const { return m_forms->mainForm(); }
     InvoiceForm *company() const { return m_forms->invoiceForm(CreditorKind::Company); }
     InvoiceForm *professional() const { return m_forms->invoiceForm(CreditorKind::Professional); }
@@ -188,9 +296,48 @@ private:
         list().setRow(row);
         click(main(), u"Command3"_s);
     }
-    bool hasDocuments() const
+    /** Steps in the main form, joined by blanks: a key, Alt and a letter, a double click on row 2,
+     *  or a click; no form that opens keeps the next one away. */
+    void act(const QString &steps) const
     {
-        return !QDir(MachinePath(ProjectFolder(m_values))).entryList({u"*.rtf"_s}).isEmpty();
+        static const QHash<QString, Qt::Key> keys = {{u"up"_s, Qt::Key_Up},
+                                                     {u"tab"_s, Qt::Key_Tab},
+                                                     {u"enter"_s, Qt::Key_Return},
+                                                     {u"canc"_s, Qt::Key_Delete}};
+        for (const QString &step : steps.split(u' ')) {
+            if (step == u"double") {
+                const QPoint cell = grid()->visualRect(grid()->model()->index(1, 1)).center();
+                QTest::mouseClick(grid()->viewport(), Qt::LeftButton, {}, cell);
+                QTest::mouseDClick(grid()->viewport(), Qt::LeftButton, {}, cell);
+            } else if (step.startsWith(u"alt"))
+                QTest::keyClick(main(), step.back().toLatin1(), Qt::AltModifier, 50);
+            else if (keys.contains(step))
+                QTest::keyClick(main()->windowHandle(), keys.value(step));
+            else
+                click(main(), step);
+        }
+    }
+    /** What was asked, and which forms are open with their payments. */
+    QString told() const
+    {
+        QStringList all = m_messages;
+        for (const InvoiceForm *form : {company(), professional()}) {
+            if (form)
+                all += (form == company() ? u"A "_s : u"P "_s) +
+                       QString::number(form->paymentNumber());
+        }
+        if (m_forms->chooser())
+            all += u"new "_s + QString::number(m_values.CurrentPaymentNumber);
+        return all.join(u' ');
+    }
+    /** Removes the documents in the project folder; how many there were. */
+    qsizetype takeDocuments() const
+    {
+        QDir folder(MachinePath(ProjectFolder(m_values)));
+        const QStringList names = folder.entryList({u"*.rtf"_s});
+        for (const QString &name : names)
+            folder.remove(name);
+        return names.size();
     }
 
     std::unique_ptr<TestArchive> m_archive;
@@ -198,6 +345,7 @@ private:
     std::unique_ptr<FormFlow> m_forms;
     std::unique_ptr<QSignalSpy> m_ended;
     QStringList m_messages;
+    MessageAnswer m_answer = MessageAnswer::Yes;
 };
 
 int main(int argc, char *argv[])
