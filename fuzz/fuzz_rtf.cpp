@@ -16,7 +16,7 @@ void FuzzRtf(Random &random)
     QByteArray written;
     QBuffer buffer(&written);
     buffer.open(QIODevice::WriteOnly);
-    if (!WriteRtf(buffer, text, {QStringLiteral("Courier New"), 17, true}))
+    if (!WriteRtf(buffer, text, QStringLiteral("Courier New")))
         throw std::runtime_error("the writer gave up");
     RequireSame(text, ReadRtf(written).text, MeantText(text));
 }

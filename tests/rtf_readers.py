@@ -23,7 +23,7 @@ from pathlib import Path
 
 
 def lines_of(text):
-    return re.split("\r\n|\r|\n", text)
+    return re.split("\r\n|[\n-\r]", text)
 
 
 def word_processor_reads(documents, folder):
@@ -50,7 +50,7 @@ def converter_reads(document):
 
 
 def as_word_processor(text):
-    return [re.sub("[\0-\x08\x0b\x0c\x0e-\x1f]", "", line) for line in lines_of(text)]
+    return [re.sub("[\0-\x08\x0e-\x1f]", "", line) for line in lines_of(text)]
 
 
 def as_converter(text):

@@ -1,5 +1,6 @@
 #include "rtf_text.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 namespace saldoro {
@@ -12,7 +13,8 @@ QString MeantText(const QString &text)
     for (const uint codePoint : text.toUcs4()) {
         meant += QChar::fromUcs4(codePoint);
     }
-    return meant.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').remove(QChar(u'\0'));
+    static const QRegularExpression lineBreak(u"\r\n|[\n\v\f\r]"_s);
+    return meant.replace(lineBreak, u"\n"_s).remove(QChar(u'\0'));
 }
 
 QString HostileText(std::mt19937 &random, int parts)

@@ -6,15 +6,14 @@
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Digits and slashes are typed; of the letters, A C V X are the keys with Ctrl, H E home and end,
- *  B D backspace and delete, L R the arrows and S the right arrow with Shift. */
+/** Of the letters, A C V X are the keys with Ctrl, H E home and end, B D backspace and delete, L R
+ *  the arrows and S the right arrow with Shift; other characters are typed. */
 void press(QWidget &box, const QString &keys)
 {
     static const QHash<QChar, QPair<Qt::Key, Qt::KeyboardModifier>> named{
@@ -49,17 +48,19 @@ private slots:
         const QString date = u"25/12/2003"_s;
         row("no more than eight digits", {}, u"010220037"_s, u"01/02/2003"_s);
         row("short form", {}, u"1/2/03"_s, u"01/02/03__"_s);
+        row("slashes written out", {}, u"12/03/2003"_s, u"12/03/2003"_s);
         row("slash before any digit", {}, u"/12"_s, u"12/__/____"_s);
         row("overtype the short way", date, u"H1/3/"_s, u"01/03/2003"_s);
-        row("slash behind a whole day", date, u"HRL1R"_s, u"15/12/2003"_s);
+        row("slash behind the second digit", date, u"HDRR/"_s, u"05/12/2003"_s);
         row("backspace over a slash", {}, u"123BB4"_s, u"14/__/____"_s);
+        row("backspace in the middle", date, u"HRRRRRB0"_s, u"25/10/2003"_s);
         row("delete from the start on", date, u"HDDD3"_s, u"3_/_2/2003"_s);
         row("end of what is written", {}, u"12HE3"_s, u"12/3_/____"_s);
-        row("selection deleted", date, u"HSSD"_s, u"__/12/2003"_s);
+        row("selection deleted", date, u"HSSSD"_s, u"__/12/2003"_s);
         row("selection typed over", date, u"A3"_s, u"3_/__/____"_s);
-        row("left of a selection", date, u"HRSSL9"_s, u"29/12/2003"_s);
+        row("letters leave the selection", date, u"Ax3"_s, u"3_/__/____"_s);
         row("no date, typed over", u"non nota"_s, u"E1"_s, u"1_/__/____"_s);
-        row("nearly a date", u"1/2/2003"_s, u"B"_s, u"__/__/____"_s);
+        row("nearly a date", u"1/2/2003"_s, u"EB"_s, u"__/__/____"_s);
     }
 
     void keys()
@@ -71,20 +72,26 @@ private slots:
         QCOMPARE(box.text(), start.isEmpty() ? u"__/__/____"_s : start);
         press(box, keys);
         QTEST(box.text(), "text");
+        box.setReadOnly(true);
+        press(box, u"H1/BDAXV"_s);
+        QTEST(box.text(), "text");
     }
 
     void pasting()
     {
-        const QList<QPair<QString, QString>> pasted{{u"1/2/2003"_s, u"01/02/2003"_s},
-                                                    {u"01022003"_s, u"01/02/2003"_s},
-                                                    {u"1/2/03"_s, u"01/02/03__"_s},
-                                                    {u"1 gennaio"_s, u"25/12/1999"_s}};
-        for (const auto &[clipboard, text] : pasted) {
-            QGuiApplication::clipboard()->setText(clipboard);
+        const QString date = u"25/12/1999"_s;
+        const QList<QStringList> pasted{{u"1/2/2003"_s, u"A"_s, u"01/02/2003"_s},
+                                        {u" 01022003\n"_s, u"H"_s, u"01/02/2003"_s},
+                                        {u"1/2/03"_s, u"HRRRR"_s, u"01/02/03__"_s},
+                                        {u"07/0"_s, u"H"_s, u"07/02/1999"_s},
+                                        {u"1 gennaio"_s, u"A"_s, date},
+                                        {u"30/12/1999"_s, u"A"_s, u"30/12/1999"_s}};
+        for (const QStringList &row : pasted) {
+            QGuiApplication::clipboard()->setText(row.at(0));
             DateBox box;
-            box.setDateText(u"25/12/1999"_s);
-            press(box, u"AV"_s);
-            QCOMPARE(box.text(), text);
+            box.setDateText(date);
+            press(box, row.at(1) + u'V');
+            QCOMPARE(box.text(), row.at(2));
         }
     }
 
@@ -109,7 +116,7 @@ private slots:
         DateBox box;
         box.setDateText(u"25/12/2003"_s);
         QSignalSpy edited(&box, &QLineEdit::textEdited);
-        press(box, u"HSSC"_s);
+        press(box, u"HSSSC"_s);
         QCOMPARE(QGuiApplication::clipboard()->text(), u"25/"_s);
         QCOMPARE(edited.count(), 0);
         press(box, u"AX"_s);
@@ -118,11 +125,12 @@ private slots:
         QCOMPARE(edited.count(), 1);
     }
 
+    /** Some keyboards deliver even digits as composed text. */
     void composedDigitsAreTyped()
     {
         DateBox box;
         QInputMethodEvent composed;
-        composed.setCommitString(u"1/x2"_s);
+        composed.setCommitString(u"1/2"_s);
         QCoreApplication::sendEvent(&box, &composed);
         QCOMPARE(box.text(), u"01/2_/____"_s);
     }
@@ -136,25 +144,14 @@ private slots:
         press(box, u"3"_s); // the click fell behind the places still empty
         QCOMPARE(box.text(), u"12/3_/____"_s);
         QGuiApplication::clipboard()->setText(u"25/12/2003"_s);
-        QStringList offered;
-        QTimer::singleShot(0, this, [&] {
-            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-            for (const QAction *action : menu->actions())
-                offered += action->isEnabled() ? action->text() : QString();
-            QTest::keyClick(menu, Qt::Key_I);
-        });
         QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {}, {});
         QCoreApplication::sendEvent(&box, &asked);
-        QCOMPARE(offered.join(u' '), u"  &Incolla   &Seleziona tutto"_s);
-        QCOMPARE(box.text(), u"25/12/2003"_s);
-    }
-
-    void readOnlyBoxStaysAsItIs()
-    {
-        DateBox box;
-        box.setDateText(u"25/12/2003"_s);
-        box.setReadOnly(true);
-        press(box, u"H1/BDAXVB"_s);
+        const auto *menu = box.findChild<QMenu *>();
+        QVERIFY(menu);
+        for (QAction *action : menu->actions()) {
+            if (action->text().startsWith(u"&Paste"))
+                action->trigger();
+        }
         QCOMPARE(box.text(), u"25/12/2003"_s);
     }
 };

@@ -72,9 +72,10 @@ private:
 
     void takeWord(const QString &word, const QString &number)
     {
-        static const QStringList silent{u"rtf"_s,      u"ansi"_s, u"ansicpg"_s, u"deff"_s,
-                                        u"fonttbl"_s,  u"f"_s,    u"fswiss"_s,  u"fprq"_s,
-                                        u"fcharset"_s, u"pard"_s, u"lang"_s,    u"fs"_s};
+        static const QStringList silent{
+            u"rtf"_s,    u"ansi"_s,   u"ansicpg"_s,  u"deff"_s,  u"fonttbl"_s, u"f"_s,
+            u"fswiss"_s, u"fprq"_s,   u"fcharset"_s, u"pard"_s,  u"lang"_s,    u"fs"_s,
+            u"paperw"_s, u"paperh"_s, u"margl"_s,    u"margr"_s, u"margt"_s,   u"margb"_s};
         require(m_toSkip == 0, u"control word in place of a fallback"_s);
         if (word == u"par") {
             add(u'\n');

@@ -1,13 +1,10 @@
 #include "controls/date_box.h"
 
 #include "common/date_text.h"
-#include "controls/date_mask.h"
 
-#include <QClipboard>
-#include <QContextMenuEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
-#include <QMenu>
+#include <QRegularExpression>
+#include <QValidator>
 
 #include <algorithm>
 
@@ -15,25 +12,155 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr QChar missing = u'_';
+constexpr qsizetype placesEnd = EmptyDateText.size();
+
+bool isSlash(qsizetype position)
+{
+    return position == 2 || position == 5;
+}
+
+bool isDigit(QChar character)
+{
+    return character >= u'0' && character <= u'9';
+}
+
+bool isTypeable(const QString &text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar character) { return isDigit(character) || character == u'/'; });
+}
+
+bool isMaskText(const QString &text)
+{
+    static const QRegularExpression shape(uR"(\A[0-9_]{2}/[0-9_]{2}/[0-9_]{4}\z)"_s);
+    return shape.match(text).hasMatch();
+}
+
+bool isWholeDate(const QString &text)
+{
+    static const QRegularExpression shape(
+        uR"(\A([0-9]{1,2}/[0-9]{1,2}/([0-9]{4}|[0-9]{2})|[0-9]{8})\z)"_s);
+    return shape.match(text).hasMatch();
+}
+
+/** A mask's text while it is being typed; the cursor stands before one of its characters or after
+ *  the last. */
+struct MaskText
+{
+    QString text;
+    qsizetype cursor;
+
+    void erase(qsizetype first, qsizetype last)
+    {
+        for (qsizetype position = first; position < last; ++position) {
+            if (!isSlash(position))
+                text[position] = missing;
+        }
+    }
+
+    /** A digit, or "/", goes behind the digit that stands nearest before the cursor. */
+    void type(QChar character)
+    {
+        while (cursor > 0 && !isDigit(text[cursor - 1]))
+            --cursor;
+        if (character == u'/')
+            typeSlash();
+        else
+            typeDigit(character);
+    }
+
+private:
+    void typeDigit(QChar digit)
+    {
+        const qsizetype place = isSlash(cursor) ? cursor + 1 : cursor;
+        if (place == placesEnd)
+            return;
+        text[place] = digit;
+        cursor = isSlash(place + 1) ? place + 2 : place + 1;
+    }
+
+    void typeSlash()
+    {
+        const qsizetype first = cursor <= 2 ? 0 : 3; // of the day's or the month's two places
+        if (cursor == first || cursor > 5)
+            return;
+        if (cursor == first + 1 || text[first] == missing) {
+            text[first + 1] = text[cursor - 1];
+            text[first] = u'0';
+        }
+        cursor = first + 3;
+    }
+};
+
+/** Makes a mask's text of what the line edit has done to the one that was shown. */
+class DateMask : public QValidator
+{
+public:
+    DateMask(const QString &shown, QObject *parent)
+        : QValidator(parent)
+        , m_shown(shown)
+    {
+    }
+
+    State validate(QString &text, int &cursor) const override
+    {
+        if (text == m_shown || isMaskText(text))
+            return Acceptable;
+        // What stood from first to last has given way to what stands before the cursor now.
+        const qsizetype behind = text.size() - cursor;
+        const qsizetype last = std::max<qsizetype>(m_shown.size() - behind, 0);
+        const auto *const same = std::mismatch(text.cbegin(), text.cbegin() + cursor,
+                                               m_shown.cbegin(), m_shown.cbegin() + last)
+                                     .first;
+        const qsizetype first = same - text.cbegin();
+        const QString typed = text.sliced(first, cursor - first).trimmed();
+        if (!isTypeable(typed))
+            return Invalid;
+        MaskText mask{m_shown, first};
+        if (isWholeDate(typed) || !isMaskText(m_shown))
+            mask = {EmptyDateText.toString(), 0};
+        else
+            mask.erase(first, last);
+        for (const QChar character : typed)
+            mask.type(character);
+        text = mask.text;
+        cursor = static_cast<int>(mask.cursor);
+        return Acceptable;
+    }
+
+private:
+    const QString &m_shown;
+};
+
+} // namespace
+
 DateBox::DateBox(QWidget *parent)
     : QLineEdit(parent)
 {
+    setValidator(new DateMask(m_shown, this));
     setDateText({});
     setInputMethodHints(Qt::ImhDate | Qt::ImhPreferNumbers | Qt::ImhNoPredictiveText);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAcceptDrops(false);
-    connect(this, &QLineEdit::textChanged, this, &QWidget::updateGeometry);
+    connect(this, &QLineEdit::textChanged, this, [this](const QString &text) {
+        m_shown = text;
+        updateGeometry();
+    });
 }
 
 void DateBox::setDateText(const QString &text)
 {
-    setText(text.isEmpty() ? EmptyDateText.toString() : text);
+    m_shown = text.isEmpty() ? EmptyDateText.toString() : text;
+    setText(m_shown);
     setCursorPosition(0);
 }
 
 bool DateBox::settle()
 {
-    const QDate day = DataDaTesto(text().section(u'_', 0, 0));
+    const QDate day = DataDaTesto(text().section(missing, 0, 0));
     if (day.isValid() && text() != FormatData(day))
         setDateText(FormatData(day));
     return day.isValid() || text() == EmptyDateText;
@@ -51,161 +178,26 @@ QSize DateBox::sizeHint() const
     return size;
 }
 
-QSize DateBox::minimumSizeHint() const
-{
-    return sizeHint();
-}
-
 void DateBox::keyPressEvent(QKeyEvent *event)
 {
-    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReadOnly() || isEnter) {
-        QLineEdit::keyPressEvent(event);
-        return;
-    }
+    const QString typed = event->text();
     const bool isCommand = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
-    const bool isOwn = handleClipboardKey(*event) || handleMovement(*event) ||
-                       handleErasing(*event) || (!isCommand && handleTyping(event->text()));
-    event->setAccepted(isOwn);
-}
-
-bool DateBox::handleClipboardKey(const QKeyEvent &event)
-{
-    if (event.matches(QKeySequence::SelectAll))
-        selectAll();
-    else if (event.matches(QKeySequence::Copy))
-        copy();
-    else if (event.matches(QKeySequence::Cut))
-        cutSelection();
-    else if (event.matches(QKeySequence::Paste))
-        pasteText(QGuiApplication::clipboard()->text());
-    else
-        return false;
-    return true;
-}
-
-bool DateBox::handleMovement(const QKeyEvent &event)
-{
-    const bool isSelecting = event.modifiers() & Qt::ShiftModifier;
-    const bool isLeavingSelection = hasSelectedText() && !isSelecting;
-    int target = 0;
-    switch (event.key()) {
-    case Qt::Key_Home:
-        break;
-    case Qt::Key_End:
-        target = DateMask::firstEmptyPlace(text());
-        break;
-    case Qt::Key_Left:
-        target = isLeavingSelection ? selectionStart() : DateMask::previousPlace(cursorPosition());
-        break;
-    case Qt::Key_Right:
-        target = isLeavingSelection ? selectionEnd() : DateMask::nextPlace(cursorPosition());
-        break;
-    default:
-        return false;
-    }
-    if (!isSelecting)
-        deselect();
-    cursorForward(isSelecting, target - cursorPosition());
-    return true;
-}
-
-bool DateBox::handleErasing(const QKeyEvent &event)
-{
-    if (event.key() != Qt::Key_Backspace && event.key() != Qt::Key_Delete)
-        return false;
-    if (hasSelectedText())
-        eraseSelection();
-    else if (event.key() == Qt::Key_Backspace)
-        edit(Selected::Keep, [](DateMask &mask) { mask.eraseBefore(); });
-    else
-        edit(Selected::Keep, [](DateMask &mask) { mask.eraseAfter(); });
-    return true;
-}
-
-bool DateBox::handleTyping(const QString &typed)
-{
-    const bool isDigit = typed.size() == 1 && typed[0] >= u'0' && typed[0] <= u'9';
-    if (isDigit)
-        edit(Selected::Erase, [typed](DateMask &mask) { mask.type(typed[0]); });
-    else if (typed == u"/")
-        edit(Selected::Keep, [](DateMask &mask) { mask.type(u'/'); });
-    else
-        return false;
-    return true;
-}
-
-void DateBox::edit(Selected selected, const std::function<void(DateMask &)> &change)
-{
-    const QString before = text();
-    DateMask mask(before, cursorPosition());
-    if (selected == Selected::Erase && hasSelectedText())
-        mask.erase(selectionStart(), selectionEnd());
-    change(mask);
-    if (mask.text() != before) {
-        setText(mask.text());
-        emit textEdited(mask.text());
-    }
-    setCursorPosition(mask.cursor());
-}
-
-void DateBox::eraseSelection()
-{
-    if (hasSelectedText())
-        edit(Selected::Erase, [](DateMask &) {});
-}
-
-void DateBox::cutSelection()
-{
-    copy();
-    eraseSelection();
-}
-
-void DateBox::pasteText(const QString &text)
-{
-    if (DateMask::canPaste(text))
-        edit(Selected::Erase, [&text](DateMask &mask) { mask.paste(text); });
-}
-
-// Some keyboards deliver even digits as composed text.
-void DateBox::inputMethodEvent(QInputMethodEvent *event)
-{
-    if (isReadOnly()) {
-        QLineEdit::inputMethodEvent(event);
+    if (!isCommand && !typed.isEmpty() && typed.front().isPrint() && !isTypeable(typed)) {
+        event->ignore();
         return;
     }
-    for (const QChar character : event->commitString())
-        handleTyping(character);
-    event->accept();
-}
-
-void DateBox::mouseReleaseEvent(QMouseEvent *event)
-{
-    if (event->button() == Qt::MiddleButton) {
-        if (!isReadOnly() && QGuiApplication::clipboard()->supportsSelection())
-            pasteText(QGuiApplication::clipboard()->text(QClipboard::Selection));
-        event->accept();
-        return;
+    const auto isGap = [this](int position) {
+        const QString character = text().mid(position, 1);
+        return character == missing || character == u"/";
+    };
+    if (event->key() == Qt::Key_Backspace && !hasSelectedText()) {
+        while (isGap(cursorPosition() - 1))
+            cursorBackward(false);
+    } else if (event->key() == Qt::Key_Delete && !hasSelectedText()) {
+        while (isGap(cursorPosition()))
+            cursorForward(false);
     }
-    QLineEdit::mouseReleaseEvent(event);
-    // A date is written from the left: a click behind its end goes on where the next digit is due.
-    if (!hasSelectedText())
-        setCursorPosition(std::min(cursorPosition(), DateMask::firstEmptyPlace(text())));
-}
-
-void DateBox::contextMenuEvent(QContextMenuEvent *event)
-{
-    QMenu menu(this);
-    const bool canChange = hasSelectedText() && !isReadOnly();
-    menu.addAction(u"Ta&glia"_s, this, &DateBox::cutSelection)->setEnabled(canChange);
-    menu.addAction(u"&Copia"_s, this, &QLineEdit::copy)->setEnabled(hasSelectedText());
-    const QString clipboard = QGuiApplication::clipboard()->text();
-    menu.addAction(u"&Incolla"_s, this, [this, clipboard] { pasteText(clipboard); })
-        ->setEnabled(!isReadOnly() && !clipboard.isEmpty());
-    menu.addAction(u"&Elimina"_s, this, &DateBox::eraseSelection)->setEnabled(canChange);
-    menu.addSeparator();
-    menu.addAction(u"&Seleziona tutto"_s, this, &QLineEdit::selectAll);
-    menu.exec(event->globalPos());
+    QLineEdit::keyPressEvent(event);
 }
 
 } // namespace saldoro

@@ -2,20 +2,17 @@
 
 #include <QLineEdit>
 
-#include <functional>
-
 namespace saldoro {
 
-class DateMask;
-
 /**
- * A box for a day with the mask "__/__/____". Typed digits fill the places one after the other;
- * "/" after a single digit pads it (1/2/03 becomes 01/02/03), Backspace and Canc empty places,
- * pasting a date fills them all. text() is what is seen, places still empty reading "_". Keys that
- * mean nothing here (Tab, Enter, Esc...) go on to the parent.
+ * A box for a day with the mask "__/__/____". Typed digits fill the places one after the other, in
+ * the place of what stands there; "/" after a single digit pads it (1/2/03 becomes 01/02/03),
+ * Backspace and Canc empty the nearest filled place, and a whole date that is pasted (1/2/2003,
+ * 1/2/03, 01022003) fills them all. text() is what is seen, places still empty reading "_". Other
+ * characters go on to the parent; the rest is a line edit's.
  *
- * A text set by the program is shown as it is, even when it is no date; the first typed character
- * then starts from the empty mask.
+ * A text set by the program is shown as it is, even when it is no date; the first change by the
+ * user then starts from the empty mask.
  */
 class DateBox : public QLineEdit
 {
@@ -33,30 +30,12 @@ public:
 
     /** Wide enough for a whole date and for the text shown. */
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
-    void inputMethodEvent(QInputMethodEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
-    void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
-    /** Whether a key was one of the box's own. */
-    bool handleClipboardKey(const QKeyEvent &event);
-    bool handleMovement(const QKeyEvent &event);
-    bool handleErasing(const QKeyEvent &event);
-    bool handleTyping(const QString &typed);
-
-    enum class Selected
-    {
-        Erase, ///< what is selected is emptied first
-        Keep
-    };
-    void edit(Selected selected, const std::function<void(DateMask &)> &change);
-    void eraseSelection();
-    void cutSelection();
-    void pasteText(const QString &text);
+    QString m_shown; ///< what the mask finds before a change
 };
 
 } // namespace saldoro

@@ -13,11 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isFixedPitch(const QString &fontName)
-{
-    return fontName.startsWith(u"Courier"_s, Qt::CaseInsensitive);
-}
-
 /** The most likely cause of a failed write, told from what is on the disk. */
 FileError describeFailure(const QSaveFile &file)
 {
@@ -59,10 +54,7 @@ void RichTextBox::saveFile(const QString &path) const
     // is still buffered has to be flushed here: committing would not notice that it found no room,
     // and put a cut document in the place of the old one.
     QSaveFile file(MachinePath(path));
-    RtfFont font;
-    font.name = m_fontName;
-    font.fixedPitch = isFixedPitch(m_fontName);
-    if (!file.open(QIODevice::WriteOnly) || !WriteRtf(file, m_text, font) || !file.flush() ||
+    if (!file.open(QIODevice::WriteOnly) || !WriteRtf(file, m_text, m_fontName) || !file.flush() ||
         !file.commit())
         throw describeFailure(file);
 }

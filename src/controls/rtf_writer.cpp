@@ -6,21 +6,11 @@
 #include <QIODevice>
 
 #include <algorithm>
-#include <array>
-#include <cstddef>
-#include <iterator>
+#include <string>
 
 namespace saldoro {
 
 namespace {
-
-constexpr char16_t ReplacementCharacter = 0xFFFD;
-
-bool standsForItself(QChar character)
-{
-    const char16_t unit = character.unicode();
-    return unit >= u' ' && unit < 0x7f && unit != u'\\' && unit != u'{' && unit != u'}';
-}
 
 /** Collects bytes and hands them to the device in large pieces. */
 class PieceWriter
@@ -31,29 +21,11 @@ public:
     {
     }
 
-    void put(char byte)
-    {
-        if (m_used == m_piece.size())
-            flush();
-        m_piece[m_used++] = byte;
-    }
     void put(QByteArrayView bytes)
     {
-        for (const char byte : bytes)
-            put(byte);
-    }
-    /** Writes characters up to the first that does not stand for itself; returns where that is. */
-    const QChar *putPlain(const QChar *from, const QChar *end)
-    {
-        while (from != end && standsForItself(*from)) {
-            if (m_used == m_piece.size())
-                flush();
-            const QChar *const full =
-                from + std::min(end - from, static_cast<std::ptrdiff_t>(m_piece.size() - m_used));
-            for (; from != full && standsForItself(*from); ++from)
-                m_piece[m_used++] = static_cast<char>(from->unicode());
-        }
-        return from;
+        m_piece.append(bytes.data(), static_cast<std::size_t>(bytes.size()));
+        if (m_piece.size() >= 65536)
+            flush();
     }
     /** Writes what is left; false when any write was refused. */
     bool finish()
@@ -66,27 +38,24 @@ private:
     void flush()
     {
         // A device that runs full takes part of a piece first and says why only when asked again.
-        const auto size = static_cast<qint64>(m_used);
+        const auto size = static_cast<qint64>(m_piece.size());
         for (qint64 written = 0; m_good && written < size;) {
             const qint64 taken = m_device.write(m_piece.data() + written, size - written);
             m_good = taken > 0;
             written += taken;
         }
-        m_used = 0;
+        m_piece.clear();
     }
 
     QIODevice &m_device;
-    std::array<char, 65536> m_piece;
-    std::size_t m_used = 0;
+    std::string m_piece;
     bool m_good = true;
 };
 
 void putByteEscape(PieceWriter &out, unsigned char byte)
 {
-    constexpr QByteArrayView digits = "0123456789abcdef";
     out.put("\\'");
-    out.put(digits[byte >> 4U]);
-    out.put(digits[byte & 15U]);
+    out.put(QByteArray(1, static_cast<char>(byte)).toHex());
 }
 
 /** A character beyond ASCII, or one half of one beyond the basic plane. The number is signed and
@@ -99,16 +68,21 @@ void putUnicode(PieceWriter &out, char16_t unit)
     putByteEscape(out, CodePageByte(unit).value_or('?'));
 }
 
-void putAscii(PieceWriter &out, char character)
+bool standsForItself(QChar character)
 {
-    if (character == '\\' || character == '{' || character == '}') {
-        out.put('\\');
-        out.put(character);
-    } else if (character == '\t') {
+    const char16_t unit = character.unicode();
+    return unit >= u' ' && unit < 0x7f && unit != u'\\' && unit != u'{' && unit != u'}';
+}
+
+/** ASCII that does not stand for itself. */
+void putEscaped(PieceWriter &out, char character)
+{
+    if (character == '\t')
         out.put("\\tab ");
-    } else if (character != '\0') {
+    else if (character >= ' ' && character < 0x7f)
+        out.put(QByteArray("\\") + character);
+    else if (character != '\0')
         putByteEscape(out, static_cast<unsigned char>(character));
-    }
 }
 
 bool isHalfAlone(const QChar *begin, const QChar *at, const QChar *end)
@@ -121,49 +95,53 @@ bool isHalfAlone(const QChar *begin, const QChar *at, const QChar *end)
 /** Writes the text; true when it ends in a line break. */
 bool putText(PieceWriter &out, const QString &text)
 {
+    constexpr char16_t replacement = 0xFFFD;
     bool endsInBreak = false;
     const QChar *const begin = text.constBegin();
     const QChar *const end = text.constEnd();
-    for (const QChar *at = begin; at != end;) {
-        const QChar *const special = out.putPlain(at, end);
-        endsInBreak = endsInBreak && special == at;
+    for (const QChar *at = begin; at != end; ++at) {
+        const QChar *const special = std::find_if_not(at, end, standsForItself);
+        if (special != at) {
+            out.put(QStringView(at, special).toLatin1());
+            endsInBreak = false;
+        }
         at = special;
         if (at == end)
             break;
         const char16_t unit = at->unicode();
-        endsInBreak = unit == u'\n' || unit == u'\r' || (unit == 0 && endsInBreak);
-        if (unit == u'\n' || unit == u'\r') {
-            if (unit == u'\r' && at + 1 != end && at[1] == u'\n')
-                ++at;
+        if (unit == u'\r' && at + 1 != end && at[1] == u'\n')
+            continue;
+        const bool isBreak = unit >= u'\n' && unit <= u'\r'; // vertical tab and form feed too
+        if (isBreak)
             out.put("\\par\r\n");
-        } else if (unit < 0x80) {
-            putAscii(out, static_cast<char>(unit));
-        } else {
-            putUnicode(out, isHalfAlone(begin, at, end) ? ReplacementCharacter : unit);
-        }
-        ++at;
+        else if (unit < 0x80)
+            putEscaped(out, static_cast<char>(unit));
+        else
+            putUnicode(out, isHalfAlone(begin, at, end) ? replacement : unit);
+        endsInBreak = isBreak || (unit == 0 && endsInBreak);
     }
     return endsInBreak;
 }
 
-void putHeader(PieceWriter &out, const RtfFont &font)
+/** Sheets of A4 with margins of 20 mm leave 482 points for a line; 93 characters take 474. */
+void putHeader(PieceWriter &out, const QString &fontName)
 {
+    // Readers that lack the font pick one like it.
+    const bool isFixedPitch = fontName.startsWith(u"Courier", Qt::CaseInsensitive);
     out.put("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0");
-    out.put(font.fixedPitch ? "\\fmodern\\fprq1" : "\\fswiss\\fprq2");
+    out.put(isFixedPitch ? "\\fmodern\\fprq1" : "\\fswiss\\fprq2");
     out.put("\\fcharset0 ");
-    putText(out, font.name);
-    out.put(";}}\r\n\\pard\\lang1040\\f0\\fs");
-    out.put(QByteArray::number(font.halfPoints));
-    // The blank belongs to the control word, so that one at the start of the text is kept.
-    out.put(' ');
+    putText(out, fontName);
+    out.put(";}}\r\n\\paperw11906\\paperh16838\\margl1134\\margr1134\\margt1134\\margb1134"
+            "\r\n\\pard\\lang1040\\f0\\fs17 ");
 }
 
 } // namespace
 
-bool WriteRtf(QIODevice &device, const QString &text, const RtfFont &font)
+bool WriteRtf(QIODevice &device, const QString &text, const QString &fontName)
 {
     PieceWriter out(device);
-    putHeader(out, font);
+    putHeader(out, fontName);
     // Readers take a last \par as the end of the paragraph before it, not as the start of one
     // more: an empty last line needs its own.
     if (putText(out, text))
