@@ -8,6 +8,7 @@
 #include "exchange/import.h"
 #include "platform/machine_path.h"
 #include "rtf_text.h"
+#include "store/project_files.h"
 #include "test_archive.h"
 
 #include <QDirIterator>
@@ -415,6 +416,10 @@ void TestExchange::refusals_data()
     const QString budgetFile = u"UltimaPerVariante.csv"_s;
     row("budget without code", budgetFile, budget + ";x;1\n", u"riga 2, campo Voce: "_s);
     row("budget without text", budgetFile, budget + "A1;;1\n", u"riga 2, campo Descri: "_s);
+    row("budget code that a pick cuts", budgetFile, budget + "A12345;x;1\n",
+        u"riga 2, campo Voce: il codice ha più di cinque"_s);
+    row("budget code twice", budgetFile, budget + "A1;x;1\na1;x;1\n",
+        u"riga 3, campo Voce: il codice è uguale"_s);
     row("allocation", u"Spese.csv"_s, "RelNpag;Cod;Importo\n1;A1;\n", u"riga 2, campo Importo: "_s);
     const QByteArray payments = "AziProf;Npag;Creditore;Del;Importo;ImportoIVA;Contributo\n";
     row("payment", u"Fatture.csv"_s, payments + "A;1;Rossi;;1;1;\n", u"riga 2, campo Del: "_s);

@@ -1,14 +1,8 @@
 #include "exchange/archive_tables.h"
 
 #include "common/amount_text.h"
-#include "common/archive_folders.h"
 #include "common/errors.h"
 #include "platform/legacy_text.h"
-#include "platform/machine_path.h"
-
-#include <QDir>
-#include <QFileInfo>
-#include <QStringBuilder>
 
 #include <map>
 
@@ -124,28 +118,6 @@ QString TableSummary(const ExchangedTable &table, const TableRows &rows)
     } catch (const OverflowError &) {
         return text + u"fuori misura\n"_s;
     }
-}
-
-QString ArchiveFilePath(ArchiveFile file, const QString &folder)
-{
-    static const std::map<ArchiveFile, QStringView> names{
-        {ArchiveFile::Codes, ArchiveFiles::Codes},
-        {ArchiveFile::Contract, ArchiveFiles::Contract},
-        {ArchiveFile::Companies, ArchiveFiles::Companies},
-        {ArchiveFile::Ledger, ArchiveFiles::Ledger}};
-    QString place = QDir(folder).absolutePath();
-    if (file == ArchiveFile::Codes)
-        place += u"/../../TABELLE"_s;
-    return MachinePath(QDir::cleanPath(place) % u'/' % names.at(file));
-}
-
-QString ExistingFolder(const QString &given)
-{
-    QString folder = QFileInfo(given).isDir() ? given : MachinePath(given);
-    if (!QFileInfo(folder).isDir())
-        throw FileError(folder, u"La cartella non esiste."_s,
-                        u"Controllare il nome della cartella."_s);
-    return folder;
 }
 
 } // namespace saldoro

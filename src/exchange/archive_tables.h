@@ -42,11 +42,4 @@ TableRows StandardCodeRows();
 /** "Spese: 41 righe, totale Importo 1.234,56"; the total where the table has amounts. */
 QString TableSummary(const ExchangedTable &table, const TableRows &rows);
 
-/** The file of a project in @p folder (a path of the machine), in any letter case; the code map
- * lies beside the projects. One that is not there keeps its usual name. */
-QString ArchiveFilePath(ArchiveFile file, const QString &folder);
-
-/** The folder as it was given, or whatever its letter case. Throws FileError when there is none. */
-QString ExistingFolder(const QString &given);
-
 } // namespace saldoro

@@ -6,6 +6,7 @@
 #include "exchange/archive_tables.h"
 #include "exchange/csv_values.h"
 #include "exchange/progress.h"
+#include "store/project_files.h"
 
 #include <QDir>
 #include <QSaveFile>

@@ -4,6 +4,7 @@
 #include "exchange/import_rules.h"
 #include "exchange/import_target.h"
 #include "exchange/project_place.h"
+#include "store/project_files.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,9 +1,12 @@
 #include "exchange/import_rules.h"
 
+#include "store/cost_item_rules.h"
 #include "store/internal_codes.h"
+#include "store/needed_values.h"
 
 #include <QStringBuilder>
 
+#include <optional>
 #include <set>
 
 namespace saldoro {
@@ -11,9 +14,6 @@ namespace saldoro {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/** Cost items that the invoice forms can offer. */
-constexpr qsizetype PickListSize = 201;
 
 QString textOf(const NewValue &value)
 {
@@ -27,50 +27,55 @@ QString compared(QStringView code)
     return code.toString().toCaseFolded();
 }
 
-/** Fields of a table that need a value, and what becomes of the program without one. */
-struct NeededValues
+/** Nulls that the program will stop at. */
+void checkNulls(const CsvTable &table, ImportRemarks &remarks)
 {
-    QString table;
-    QStringList fields;
-    QString consequence;
-    /** The rows that it concerns, by their first field; none is all. */
-    QString firstField;
-};
-
-const QList<NeededValues> &neededValues()
-{
-    static const QList<NeededValues> needs{
-        {u"Fatture"_s,
-         {u"Npag"_s, u"Creditore"_s, u"Del"_s, u"Importo"_s, u"ImportoIVA"_s},
-         u"la schermata principale non si apre."_s,
-         {}},
-        {u"Fatture"_s, {u"AziProf"_s}, u"il pagamento non si apre."_s, {}},
-        {u"Fatture"_s,
-         {u"ImportoPrest"_s, u"Contributo"_s, u"CassaPrev"_s, u"ImportoRA"_s},
-         u"la chiusura si ferma senza completare i documenti."_s,
-         u"P"_s},
-        {u"Spese"_s, {u"Importo"_s}, u"la schermata principale non si apre."_s, {}},
-        {u"UltimaPerVariante"_s,
-         {u"Voce"_s, u"Descri"_s},
-         u"la schermata principale non si apre."_s,
-         {}},
-        {u"Funzioni"_s, {u"CodExt"_s, u"Desc"_s}, u"chi cerca il codice si ferma."_s, {}}};
-    return needs;
-}
-
-void refuseNulls(const CsvTable &table, const NeededValues &need, ImportRemarks &remarks)
-{
-    for (const QString &field : need.fields) {
-        const qsizetype place = table.table->place(field);
-        for (qsizetype row = 0; row < table.rows.size(); ++row) {
-            const QList<NewValue> &values = table.rows[row];
-            const bool isConcerned = need.firstField.isEmpty() ||
-                                     compared(textOf(values[0])) == compared(need.firstField);
-            if (isConcerned && values[place] == NewValue())
-                remarks.refusals.append(table.place(row, field) + u"manca il valore: "_s +
-                                        need.consequence);
+    const qsizetype kind = table.table->place(u"AziProf"_s);
+    const auto &fields = table.table->definition.fields();
+    for (qsizetype row = 0; row < table.rows.size(); ++row) {
+        const QList<NewValue> &values = table.rows[row];
+        for (qsizetype place = 0; place < fields.size(); ++place) {
+            if (values[place] != NewValue())
+                continue;
+            const QString consequence =
+                ConsequenceOfNull(table.table->name(), fields[place].name,
+                                  kind < 0 ? QString() : textOf(values[kind]));
+            if (!consequence.isEmpty())
+                remarks.refusals.append(table.place(row, fields[place].name) +
+                                        u"manca il valore: "_s + consequence);
         }
     }
+}
+
+/** The item of the contractor, if there is one, has to have a link. */
+void checkContractor(const CsvTable &table, const CodeMap &codes, ImportRemarks &remarks)
+{
+    const auto contractor = codes.find(compared(InternalCode::Contractor));
+    if (contractor == codes.end())
+        return;
+    for (qsizetype row = 0; row < table.rows.size(); ++row) {
+        if (compared(textOf(table.rows[row][0])) == compared(contractor->second) &&
+            table.rows[row][table.table->place(u"Link"_s)] == NewValue())
+            remarks.refusals.append(table.place(row, u"Link"_s) +
+                                    u"manca il valore: le fatture delle aziende non si aprono."_s);
+    }
+}
+
+void checkBudget(const CsvTable &table, ImportRemarks &remarks)
+{
+    const auto textOrNone = [](const NewValue &value) {
+        return value == NewValue() ? std::nullopt : std::optional(textOf(value));
+    };
+    QList<CostItem> items;
+    for (const QList<NewValue> &row : table.rows)
+        items.append({textOrNone(row[0]), textOrNone(row[1])});
+    for (const CostItemFault &fault : CostItemFaults(items))
+        remarks.refusals.append(table.place(fault.item, fault.field) + fault.problem);
+    if (items.size() > PickListSize)
+        remarks.warnings.append(
+            table.file +
+            u": le voci sono %1; «Inserisci» ne può offrire %2 e si ferma."_s.arg(items.size())
+                .arg(PickListSize));
 }
 
 /** The rows of the payments list are taken for payment numbers. */
@@ -116,24 +121,15 @@ CodeMap CodeMapOf(const TableRows &rows)
 void CheckRows(const CsvTable &table, const CodeMap &codes, ImportRemarks &remarks)
 {
     const QString &name = table.table->name();
-    for (const NeededValues &need : neededValues()) {
-        if (need.table == name)
-            refuseNulls(table, need, remarks);
-    }
-    const auto contractor = codes.find(compared(InternalCode::Contractor));
-    if (name == "SchedaProgetto"_L1 && contractor != codes.end())
-        refuseNulls(
-            table,
-            {name, {u"Link"_s}, u"le fatture delle aziende non si aprono."_s, contractor->second},
-            remarks);
+    checkNulls(table, remarks);
+    if (name == "SchedaProgetto"_L1)
+        checkContractor(table, codes, remarks);
     if (name == "Fatture"_L1)
         checkPayments(table, remarks);
     if (name == "Funzioni"_L1)
         checkCodes(table, codes, remarks);
-    if (name == "UltimaPerVariante"_L1 && table.rows.size() > PickListSize)
-        remarks.warnings.append(
-            table.file + u": le voci sono %1; «Inserisci» ne può offrire 201 e si ferma."_s.arg(
-                             table.rows.size()));
+    if (name == "UltimaPerVariante"_L1)
+        checkBudget(table, remarks);
 }
 
 QStringList LostItems(const CsvTable &table, const TableRows &stored, const CodeMap &codes)
