@@ -7,7 +7,6 @@
 #include "overview/overview_document.h"
 #include "overview/payments_list.h"
 #include "overview_probe.h"
-#include "patience.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -251,7 +250,7 @@ void TestHostileData::aHundredThousandRowsStayQuick()
     QElapsedTimer clock;
     clock.start();
     QCOMPARE(outcome(*m_archive), u"close //////"_s); // more than the documents count
-    QVERIFY2(clock.elapsed() < 15000 * Patience(), qPrintable(QString::number(clock.elapsed())));
+    QVERIFY2(clock.elapsed() < 60000, qPrintable(QString::number(clock.elapsed())));
 }
 
 QTEST_MAIN(TestHostileData)
