@@ -67,6 +67,7 @@ void FuzzFind(Random &random);      ///< finds and queries on a table, between c
 void FuzzSql(Random &random);       ///< EngineQueryFor
 void FuzzDate(Random &random);      ///< DataDaTesto, FormatData
 void FuzzDateBox(Random &random);   ///< DateBox by keys
+void FuzzCsv(Random &random);       ///< CsvReader, AmountOf, AmountCell
 void FuzzRtf(Random &random);       ///< WriteRtf
 
 } // namespace saldoro

@@ -62,7 +62,7 @@ ls -l "$build"/Saldoro-*.zip "$build"/Saldoro-*.exe
 
 step 'the whole program, beside the Linux one'
 cmake --preset release
-cmake --build --preset release --target Saldoro saldoro_demo_archive
+cmake --build --preset release --target Saldoro saldoro-archivio
 scripts/wine-check.sh "$build" build/release
 
 step 'done'

@@ -50,7 +50,7 @@ build_program() {
             "Leggere i messaggi qui sopra (tutti in $log); se si parla di una cartella diversa, cancellare build/release."
     fi
     printf 'Costruzione del programma (la prima volta servono alcuni minuti)...\n'
-    logged cmake --build --preset release --target Saldoro saldoro_demo_archive saldoro_demo_tour \
+    logged cmake --build --preset release --target Saldoro saldoro-archivio saldoro_demo_tour \
         || fail 'il programma non si costruisce.' \
             "Leggere i messaggi qui sopra (tutti in $log) e riprovare; se continua, cancellare build/release."
 }
@@ -59,7 +59,7 @@ make_archive() {
     [ -d "$demo/archivio" ] && return
     # Made aside and put in place whole: an archive that is there is complete.
     rm -rf "$demo/archivio.nuovo"
-    if ! "$build/tools/saldoro_demo_archive" "$demo/archivio.nuovo" >/dev/null \
+    if ! make_demo "$demo/archivio.nuovo" demo "$build/src/archivio/saldoro-archivio" \
         || ! mv "$demo/archivio.nuovo" "$demo/archivio"; then
         fail "l'archivio dimostrativo non può essere creato." \
             "Controllare lo spazio libero in $demo e riprovare."
@@ -84,8 +84,8 @@ tour() {
 packages
 build_program
 [ "${1:-}" = --nuovo ] && rm -rf "$demo/archivio"
-make_archive
 make_setting
+make_archive
 
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     printf 'Nessuno schermo: le finestre vengono aperte fuori video.\n\n'

@@ -47,8 +47,8 @@ export FONTCONFIG_FILE=$work/fonts.conf QT_QPA_PLATFORM=offscreen:configfile=$wo
 export QT_STYLE_OVERRIDE=Fusion
 export QT_FONT_DPI=96 QT_SCALE_FACTOR=1 LC_ALL=C.UTF-8 XDG_CONFIG_HOME=$work/settings
 
-"$build/tools/saldoro_demo_archive" "$work/archive" >/dev/null
 set_archives_root "$work/settings" "$work/archive"
+make_demo "$work/archive" demo "$build/src/archivio/saldoro-archivio"
 "$build/tools/saldoro_demo_tour" 00112 "$work/taken" >/dev/null
 
 declare -A names=([1-schermata-principale]=principale [2-pagamento-professionista]=professionista

@@ -28,7 +28,7 @@ need_packages "${BUILD_PACKAGES[@]}" "${DEB_PACKAGES[@]}"
 
 step 'build'
 configure release || fail 'not configured'
-cmake --build --preset release --target Saldoro saldoro-archivio saldoro_demo_archive \
+cmake --build --preset release --target Saldoro saldoro-archivio \
     packaging_files >"$work/log" 2>&1 || { tail -n 40 "$work/log"; fail 'not built'; }
 
 step 'package'
@@ -66,8 +66,9 @@ for page in saldoro Saldoro saldoro-archivio; do
 done
 
 step 'start'
-"$build/tools/saldoro_demo_archive" "$work/archive" >/dev/null
 set_archives_root "$work/settings" "$work/archive"
+XDG_CONFIG_HOME=$work/settings make_demo "$work/archive" "$root/usr/share/doc/saldoro/examples" \
+    "$root/usr/bin/saldoro-archivio"
 folder=$work/archive/ARCHIVI.QX/ZELT/LAVORI/APPALTI/$project
 "$root/usr/bin/saldoro-archivio" verifica "$folder" || [ $? -eq 1 ] \
     || fail 'saldoro-archivio cannot check'

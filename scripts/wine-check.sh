@@ -141,6 +141,7 @@ check_installer() {
 
 check_updater() {
     local update=$work/archive-windows/ARCHIVI.QX/ZELT/UPDATE waited
+    mkdir -p "$update"
     cp "$windows/tests/slow_updater.exe" "$update/Updrun2.EXE"
     printf '[Configuration]\r\nBuild = 99999\r\n' >"$update/Saldoro.INI"
     SLOW_UPDATER_FOLDER=$(windows_path "$work/updater")
@@ -190,9 +191,9 @@ rm -rf "$work"
 mkdir -p "$work/here" "$work/updater"
 open_screen "$work" || fail 'no display'
 scripts/wine-prefix.sh "$WINEPREFIX"
-"$linux/tools/saldoro_demo_archive" "$work/archive-linux" "$project" 00039 >/dev/null
-wine "$windows/tools/saldoro_demo_archive.exe" "$(windows_path "$work/archive-windows")" \
-    "$project" 00039 >/dev/null
+make_demo "$work/archive-linux" demo "$linux/src/archivio/saldoro-archivio"
+make_demo "$(windows_path "$work/archive-windows")" demo \
+    wine "$windows/src/archivio/saldoro-archivio.exe"
 
 check_version_resource
 check_installer

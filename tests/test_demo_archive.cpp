@@ -1,6 +1,7 @@
 #include "common/archive_folders.h"
 #include "database_probe.h"
-#include "demo_archive.h"
+#include "exchange/export.h"
+#include "exchange/import.h"
 #include "platform/machine_path.h"
 #include "test_archive.h"
 
@@ -8,6 +9,18 @@
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString demo = QStringLiteral(DEMO_FOLDER);
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file " + path.toUtf8());
+}
+
+} // namespace
 
 /** The figures of the demo archive agree with each other, as a clerk would check them. */
 class TestDemoArchive : public QObject
@@ -18,6 +31,7 @@ private slots:
     void initTestCase();
     void figures_data();
     void figures();
+    void goesOutAsItCameIn();
 
 private:
     TestArchive m_archive;
@@ -28,7 +42,10 @@ void TestDemoArchive::initTestCase()
 {
     m_values = m_archive.values();
     m_values.ProjectCode = u"demo"_s;
-    MakeDemoProject(m_values.ArchiveRoot, m_values.ProjectCode);
+    const QString folder = MachinePath(ProjectFolder(m_values));
+    QVERIFY(QDir().mkpath(folder));
+    const ImportOutcome outcome = ImportProject({demo, folder, false, false, {}});
+    QVERIFY2(outcome.isDone && outcome.remarks.isEmpty(), qPrintable(outcome.remarks));
 }
 
 void TestDemoArchive::figures_data()
@@ -68,6 +85,16 @@ void TestDemoArchive::figures()
     DirectConnection ledger(MachinePath(LedgerPath(m_values)));
     QCOMPARE(ledger.run(u"ATTACH '%1' AS b"_s.arg(contract)), QString());
     QTEST(ledger.run(sql), "rows");
+}
+
+void TestDemoArchive::goesOutAsItCameIn()
+{
+    const QTemporaryDir folder;
+    ExportProject({MachinePath(ProjectFolder(m_values)), folder.path(), false});
+    const QStringList files = QDir(demo).entryList({u"*.csv"_s});
+    QCOMPARE(files.size(), 8);
+    for (const QString &file : files)
+        QCOMPARE(contentOf(folder.filePath(file)), contentOf(demo + u'/' + file));
 }
 
 QTEST_GUILESS_MAIN(TestDemoArchive)

@@ -185,7 +185,7 @@ private:
         m_result.lines.append(row.line);
     }
 
-    /** Null in place of what can't be stored, which is an error. */
+    /** What can't be stored is an error, and its place taken by what no file can tell. */
     NewValue value(const CsvRow &row, qsizetype place)
     {
         const CsvCell &cell = row.cells[place];
@@ -200,7 +200,7 @@ private:
                        : u"«%1» non è %2, o è fuori misura."_s.arg(LeftCharacters(cell.text, 40),
                                                                    expected(field.type, m_dialect)),
                  field.name);
-        return {};
+        return 0.0;
     }
 
     static constexpr qsizetype Nameless = -2;

@@ -1,0 +1,98 @@
+#include "exchange/csv_reader.h"
+#include "exchange/csv_values.h"
+#include "fuzzer.h"
+
+#include <QRegularExpression>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString shown(const CsvCell &cell)
+{
+    return (cell.isQuoted ? u"'"_s : u"<"_s) + cell.text;
+}
+
+QString readQuickly(const QString &text)
+{
+    CsvReader reader(text, u';');
+    QString rows;
+    CsvRow row;
+    try {
+        while (reader.next(row)) {
+            rows += u'\n' + QString::number(row.line);
+            for (const CsvCell &cell : row.cells)
+                rows += shown(cell);
+        }
+    } catch (const CsvFault &) {
+        rows += u"\nfault"_s;
+    }
+    return rows;
+}
+
+/** Cell by cell by a regular expression. */
+QString readSlowly(const QString &text)
+{
+    static const QRegularExpression cellAndEnd(
+        u"\\G(?:\"((?:[^\"]|\"\")*)\"|([^\";\\r\\n]*))(;|\\r?\\n|\\z)"_s);
+    QString rows;
+    QString row = u"\n1"_s;
+    for (qsizetype at = 0; at < text.size() || text.endsWith(u';');) {
+        const QRegularExpressionMatch match = cellAndEnd.match(text, at);
+        if (!match.hasMatch())
+            return rows + u"\nfault"_s;
+        const bool isQuoted = match.hasCaptured(1);
+        row += shown({match.captured(isQuoted ? 1 : 2).replace(u"\"\""_s, u"\""_s), isQuoted});
+        at = match.capturedEnd();
+        if (match.captured(3) == ";"_L1)
+            continue;
+        rows += row;
+        row = u'\n' + QString::number(text.first(at).count(u'\n') + 1);
+        if (match.captured(3).isEmpty())
+            break;
+    }
+    return rows;
+}
+
+QString amountSlowly(const QString &text, CsvDialect dialect)
+{
+    static const QString before = u"\\A\\s*(?:€\\s*)?([-+]?)\\s*(?:€\\s*)?"_s;
+    static const QString behind = u"\\s*€?\\s*\\z"_s;
+    static const QRegularExpression italian(
+        before + u"([0-9]{1,3}(?:\\.[0-9]{3})+|[0-9]+)(?:,([0-9]{1,4}))?"_s + behind);
+    static const QRegularExpression international(
+        before + u"([0-9]+)(?:\\.([0-9]{1,2}|[0-9]{4}))?"_s + behind);
+    const auto match = (dialect == CsvDialect::Italian ? italian : international).match(text);
+    bool fits = match.hasMatch() && text.count(u'€') < 2;
+    const qint64 value = (match.captured(1) + match.captured(2).remove(u'.') +
+                          match.captured(3).leftJustified(4, u'0'))
+                             .toLongLong(fits ? &fits : nullptr);
+    return fits ? QString::number(value) : u"none"_s;
+}
+
+} // namespace
+
+void FuzzCsv(Random &random)
+{
+    const QString text =
+        random.text({u"\""_s, u"\""_s, u"\"\""_s, u";"_s, u";"_s, u"\n"_s, u"\r\n"_s, u"\r"_s,
+                     u","_s, u" "_s, u"a"_s, u"è"_s, u"\";\""_s, u"\"\n"_s, QString(QChar(0))},
+                    14);
+    RequireSame(text, readQuickly(text), readSlowly(text));
+    const QString amount = random.text({u"€"_s, u" "_s, u"-"_s, u"+"_s, u""_s, u""_s}, 3) +
+                           random.text({u"1"_s, u"234"_s, u".567"_s, u"."_s, u","_s, u".00"_s,
+                                        u"922337203685477"_s, u"5807"_s, u"5808"_s, u"e"_s},
+                                       6) +
+                           random.text({u"€"_s, u" "_s, u"-"_s, u""_s}, 2);
+    for (const CsvDialect dialect : {CsvDialect::Italian, CsvDialect::International}) {
+        const auto read = AmountOf(amount, dialect);
+        RequireSame(amount, read ? QString::number(read->scaled()) : u"none"_s,
+                    amountSlowly(amount, dialect));
+        if (read && AmountOf(AmountCell(*read), CsvDialect::Italian) != read)
+            Differ(amount, AmountCell(*read), u"the amount again"_s);
+    }
+}
+
+} // namespace saldoro
