@@ -1,14 +1,14 @@
 #include "archivio/command_line.h"
 #include "common/errors.h"
+#include "exchange/csv_values.h"
 #include "exchange/export.h"
 #include "exchange/import.h"
 #include "platform/console.h"
-#include "platform/machine_path.h"
+#include "store/project_files.h"
 #include "verify/missing_value.h"
 #include "verify/verification.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
@@ -23,14 +23,30 @@ enum Status
     NotPossible = 2 ///< to do the command
 };
 
-/** The folder as it was given, or whatever its letter case. */
-QString existingFolder(const QString &given)
+/** The value as the words behind --imposta give it: a payment number, a field in any letter case,
+ *  and a day or an amount as an Italian spreadsheet writes it. */
+MissingValue missingValue(const QStringList &words)
 {
-    QString folder = QFileInfo(given).isDir() ? given : MachinePath(given);
-    if (!QFileInfo(folder).isDir())
-        throw FileError(folder, u"La cartella del progetto non esiste."_s,
-                        u"Controllare il nome della cartella."_s);
-    return folder;
+    const auto refusal = [&](const QString &problem) {
+        SaldoroError error(problem, u"Nessun valore è stato cambiato."_s);
+        error.addDetail(u"Pagamento"_s, words[0]);
+        error.addDetail(u"Campo"_s, words[1]);
+        return error;
+    };
+    const std::optional<qint32> payment = WholeOf(words[0]);
+    if (!payment)
+        throw refusal(u"Il numero del pagamento non è un numero intero."_s);
+    const SettableField *field = SettableFieldNamed(words[1]);
+    if (field == nullptr)
+        throw refusal(u"Si possono impostare soltanto Del, Importo e ImportoIVA."_s);
+    if (field->name == "Del"_L1) {
+        if (const auto day = DayOf(words[2], CsvDialect::Italian))
+            return {*payment, field->name, *day};
+        throw refusal(u"«"_s + words[2] + u"» non è una data gg/mm/aaaa."_s);
+    }
+    if (const auto amount = AmountOf(words[2], CsvDialect::Italian))
+        return {*payment, field->name, *amount};
+    throw refusal(u"«"_s + words[2] + u"» non è un importo come 1.234,56."_s);
 }
 
 /** @p heading stands above the report of an error. */
@@ -38,17 +54,18 @@ int verifyProject(const CommandLine &line, QString &heading)
 {
     QList<MissingValue> missingValues;
     for (const QStringList &words : line.words(u"--imposta"_s))
-        missingValues.append(ParseMissingValue(words[0], words[1], words[2]));
+        missingValues.append(missingValue(words));
     const QList<QStringList> codes = line.words(u"--codici"_s);
-    const ProjectFiles files = FilesOfProject(existingFolder(line.folders.first()),
-                                              codes.isEmpty() ? QString() : codes.last().first());
+    const QString folder = ExistingFolder(line.folders.first());
     if (!missingValues.isEmpty()) {
-        const QString copy = SetMissingValues(files.ledger, missingValues);
+        const QString copy =
+            SetMissingValues(ArchiveFilePath(ArchiveFile::Ledger, folder), missingValues);
         PrintOut(u"Valori impostati: %1. Copia del registro com'era: %2\n\n"_s.arg(
             QString::number(missingValues.size()), copy));
         heading = u"I valori sono stati impostati; il controllo non è stato possibile."_s;
     }
-    const Findings findings = VerifyProject(files);
+    const Findings findings =
+        VerifyProject(folder, codes.isEmpty() ? QString() : codes.last().first());
     PrintOut(FindingsReport(findings));
     return findings.isEmpty() ? Done : Found;
 }

@@ -60,15 +60,13 @@ QList<CostItemFault> CostItemFaults(const QList<CostItem> &items)
                 faults.append({place, field, problem});
         };
         const auto &[code, description] = items[place];
+        add(u"Voce"_s, code ? spellingFaults(*code) : missingFaults(u"il codice (Voce)"_s));
+        if (code) {
+            if (const auto [first, isNew] = known.insert(*code); !isNew)
+                add(u"Voce"_s, {twinFault(*first)});
+        }
         if (!description)
             add(u"Descri"_s, missingFaults(u"la descrizione (Descri)"_s));
-        if (!code) {
-            add(u"Voce"_s, missingFaults(u"il codice (Voce)"_s));
-            continue;
-        }
-        add(u"Voce"_s, spellingFaults(*code));
-        if (const auto [first, isNew] = known.insert(*code); !isNew)
-            add(u"Voce"_s, {twinFault(*first)});
     }
     return faults;
 }

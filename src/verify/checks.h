@@ -1,33 +1,46 @@
 #pragma once
 
-#include "verify/project_data.h"
+#include "database/record_set.h"
+#include "store/cost_item_rules.h"
+#include "verify/findings.h"
+#include "verify/project_rows.h"
+
+#include <QString>
 
 namespace saldoro {
 
 /*
- * The rules of the check, one subject each. They look only at what was read and leave out what
- * could not be; none of them stops at a value.
+ * The rules of the check, one subject each. None of them stops at a value; what can't be read has
+ * been found when the rows were.
  */
 
-/** Values that a payment must have, its kind, sums beyond the range, payments of a kind that are
- *  more than the documents can count. */
-void CheckPayments(const ProjectData &data, Findings &findings);
+/** Numbers that several payments have, rows of the list that stand for another number, and the
+ *  number that the next new payment gets. */
+void CheckNumbering(const QList<PaymentRow> &payments, Findings &findings);
 
-/** Duplicate and missing numbers, rows of the list that stand for another number, and the number
- *  that the next new payment gets. */
-void CheckNumbering(const ProjectData &data, Findings &findings);
+/** Allocations of no payment. */
+void CheckOwners(const QList<AllocationRow> &allocations, const QList<PaymentRow> &payments,
+                 Findings &findings);
 
-/** Allocations of no payment or no cost item, without amount, or made twice; totals that are not
- *  those of the invoices. */
-void CheckAllocations(const ProjectData &data, Findings &findings);
+/** Allocations of no cost item, or of one whose code is written differently. */
+void CheckItems(const QList<AllocationRow> &allocations, const QList<CostItem> &budget,
+                Findings &findings);
 
-/** Codes and descriptions of the cost items and what the screens make of them. */
-void CheckBudget(const ProjectData &data, Findings &findings);
+/** A cost item twice in a payment. */
+void CheckRepeated(const QList<AllocationRow> &allocations, Findings &findings);
 
-/** The internal codes that the program needs and what they are mapped to. */
-void CheckCodes(const ProjectData &data, Findings &findings);
+/** Allocations that do not add up to their invoice. */
+void CheckInvoices(const QList<AllocationRow> &allocations, const QList<PaymentRow> &payments,
+                   Findings &findings);
 
-/** Mandate notes and the contractor's item in the contract sheet. */
-void CheckContract(const ProjectData &data, Findings &findings);
+/** Codes and descriptions of the cost items, and their number. */
+void CheckBudget(const QList<CostItem> &budget, Findings &findings);
+
+/** The internal codes that the program needs, looked up in the code map. Gives the item code of
+ *  the contractor; empty when it is not mapped. */
+QString CheckCodes(RecordSet &codes, Findings &findings);
+
+/** The contractor's item in the contract sheet and its link. */
+void CheckContractor(RecordSet &sheet, const QString &item, Findings &findings);
 
 } // namespace saldoro

@@ -1,11 +1,10 @@
 #include "verify/missing_value.h"
 
-#include "common/date_text.h"
 #include "common/errors.h"
 #include "database/database.h"
 
-#include <QRegularExpression>
-
+#include <algorithm>
+#include <array>
 #include <set>
 #include <utility>
 
@@ -21,39 +20,6 @@ SaldoroError refusal(const QString &problem, const QString &payment, const QStri
     error.addDetail(u"Pagamento"_s, payment);
     error.addDetail(u"Campo"_s, field);
     return error;
-}
-
-QString fieldName(const QString &field)
-{
-    for (const QString &name : {u"Del"_s, u"Importo"_s, u"ImportoIVA"_s}) {
-        if (name.compare(field, Qt::CaseInsensitive) == 0)
-            return name;
-    }
-    throw refusal(u"Si possono impostare soltanto Del, Importo e ImportoIVA."_s, {}, field);
-}
-
-/** Exact, digit by digit: no way through a floating number. */
-std::optional<Currency> amountOf(const QString &text)
-{
-    static const QRegularExpression notation(
-        u"\\A([+-]?)([0-9]{1,3}(?:\\.[0-9]{3})+|[0-9]+)(?:,([0-9]{1,4}))?\\z"_s);
-    const QRegularExpressionMatch match = notation.match(text);
-    if (!match.hasMatch())
-        return std::nullopt;
-    constexpr int Decimals = 4;
-    bool fits = false;
-    const qint64 scaled = (match.captured(1) + match.captured(2).remove(u'.') +
-                           match.captured(3).leftJustified(Decimals, u'0'))
-                              .toLongLong(&fits);
-    return fits ? std::optional(Currency::fromScaled(scaled)) : std::nullopt;
-}
-
-/** Four digits of the year: which century is meant is not for the program to say. */
-std::optional<QDate> dayOf(const QString &text)
-{
-    static const QRegularExpression notation(u"\\A[0-9]{1,2}/[0-9]{1,2}/[0-9]{4}\\z"_s);
-    const QDate day = notation.match(text).hasMatch() ? DataDaTesto(text) : QDate();
-    return day.isValid() ? std::optional(day) : std::nullopt;
 }
 
 /** Makes the one payment of that number the current record, with nothing in the field. */
@@ -95,26 +61,15 @@ void writeValue(RecordSet &payments, const MissingValue &value)
 
 } // namespace
 
-MissingValue ParseMissingValue(const QString &payment, const QString &field, const QString &value)
+const SettableField *SettableFieldNamed(const QString &name)
 {
-    MissingValue result;
-    bool isNumber = false;
-    result.payment = payment.toInt(&isNumber);
-    if (!isNumber)
-        throw refusal(u"Il numero del pagamento non è un numero intero."_s, payment, {});
-    result.field = fieldName(field);
-    if (result.field == "Del"_L1) {
-        const std::optional<QDate> day = dayOf(value);
-        if (!day)
-            throw refusal(u"«"_s + value + u"» non è una data gg/mm/aaaa."_s, payment, field);
-        result.value = *day;
-        return result;
-    }
-    const std::optional<Currency> amount = amountOf(value);
-    if (!amount)
-        throw refusal(u"«"_s + value + u"» non è un importo come 1.234,56."_s, payment, field);
-    result.value = *amount;
-    return result;
+    static const std::array<SettableField, 3> fields{{{u"Del"_s, u"gg/mm/aaaa"_s},
+                                                      {u"Importo"_s, u"1.234,56"_s},
+                                                      {u"ImportoIVA"_s, u"1.234,56"_s}}};
+    const auto *found = std::find_if(fields.begin(), fields.end(), [&](const SettableField &field) {
+        return field.name.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    return found == fields.end() ? nullptr : found;
 }
 
 QString SetMissingValues(const QString &ledger, const QList<MissingValue> &values)

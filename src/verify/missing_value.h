@@ -7,20 +7,23 @@
 
 namespace saldoro {
 
+/** A field that a payment can be given a value for when it has none. */
+struct SettableField
+{
+    QString name;
+    QString example; ///< of how the value is written
+};
+
+/** The field of that name in any letter case: Del, Importo or ImportoIVA; null for any other. */
+const SettableField *SettableFieldNamed(const QString &name);
+
 /** A value to be given to a payment that has none; without it the main screen does not open. */
 struct MissingValue
 {
     qint32 payment = 0;
-    QString field; ///< Del, Importo or ImportoIVA, in these letters
+    QString field; ///< of a SettableField
     NewValue value;
 };
-
-/**
- * Reads the three words that name a missing value: a payment number, a field in any letter case,
- * and a day dd/MM/yyyy or an amount in Italian notation with four decimals at most. Nothing is
- * guessed: throws SaldoroError for whatever is not exactly that.
- */
-MissingValue ParseMissingValue(const QString &payment, const QString &field, const QString &value);
 
 /**
  * Sets the values in a ledger, each of one payment whose field is null. First makes sure that all
