@@ -9,6 +9,7 @@
 #include "common/overview_column.h"
 #include "common/text_cut.h"
 #include "invoice/stored_allocations.h"
+#include "store/cost_item_rules.h"
 
 #include <utility>
 
@@ -18,14 +19,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Characters of a pick list's line that hold the code. */
-constexpr qsizetype CodeWidth = 5;
-
 QString pickLine(const TextTable &overview, int row)
 {
     QString line = overview.text(row, OverviewColumn::Cod).trimmed();
     // Only padded: a longer code stays readable as a whole.
-    if (const qsizetype missing = CodeWidth - CharacterCount(line); missing > 0)
+    if (const qsizetype missing = PickedCodeWidth - CharacterCount(line); missing > 0)
         line += QString(missing, u' ');
     return line + overview.text(row, OverviewColumn::Descrizione) + u" L."_s +
            overview.text(row, OverviewColumn::Disponibilita);
@@ -81,7 +79,8 @@ void AllocationBlock::pick(int line)
 {
     if (line < 0 || line >= m_pickLines.size())
         throw BoundsError(u"La riga scelta non è tra le voci di spesa offerte."_s);
-    m_grid.setText(m_grid.row(), CodColumn, LeftCharacters(m_pickLines[line], CodeWidth).trimmed());
+    m_grid.setText(m_grid.row(), CodColumn,
+                   LeftCharacters(m_pickLines[line], PickedCodeWidth).trimmed());
     m_grid.setText(m_grid.row(), DescrizioneColumn, m_pickDescriptions[line]);
     m_grid.setColumn(ImportoColumn);
 }

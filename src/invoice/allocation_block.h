@@ -17,9 +17,6 @@ namespace saldoro {
 class AllocationBlock
 {
 public:
-    /** Most lines that a pick list may have. */
-    static constexpr int PickListSize = 201;
-
     enum Column
     {
         CodColumn,
