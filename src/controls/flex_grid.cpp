@@ -77,10 +77,7 @@ FlexGrid::FlexGrid(Selection selection, QWidget *parent)
 
 void FlexGrid::setUpLook()
 {
-    setItemDelegate(new FlexGridDelegate(m_selection == Selection::Rows
-                                             ? FlexGridDelegate::FocusMark::None
-                                             : FlexGridDelegate::FocusMark::Cell,
-                                         this));
+    setItemDelegate(new FlexGridDelegate(m_selection, this));
     setAlternatingRowColors(true);
     setWordWrap(false);
     setHorizontalScrollMode(ScrollPerPixel);

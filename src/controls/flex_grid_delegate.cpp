@@ -22,9 +22,9 @@ QColor blend(const QColor &from, const QColor &to, int percent)
 
 } // namespace
 
-FlexGridDelegate::FlexGridDelegate(FocusMark mark, QObject *parent)
+FlexGridDelegate::FlexGridDelegate(FlexGrid::Selection selection, QObject *parent)
     : QStyledItemDelegate(parent)
-    , m_mark(mark)
+    , m_selection(selection)
 {
 }
 
@@ -51,7 +51,7 @@ bool FlexGridDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
 void FlexGridDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (m_mark == FocusMark::None)
+    if (m_selection == FlexGrid::Selection::Rows)
         option->state &= ~QStyle::State_HasFocus;
     constexpr int paleness = 65;
     QPalette &palette = option->palette;

@@ -1,24 +1,18 @@
 #pragma once
 
+#include "controls/flex_grid.h"
+
 #include <QStyledItemDelegate>
 
 namespace saldoro {
 
-/** Draws the cells of a grid: the selection turns paler while the grid has no focus, and a text
- *  that does not fit its cell is shown whole in a tool tip. */
+/** Draws the cells of a grid: the selection turns paler while the grid has no focus, only where
+ *  single cells are selected the current one carries the toolkit's focus mark, and a text that does
+ *  not fit its cell is shown whole in a tool tip. */
 class FlexGridDelegate : public QStyledItemDelegate
 {
-    Q_OBJECT
-
 public:
-    /** Whether the current cell carries the toolkit's focus mark. */
-    enum class FocusMark
-    {
-        Cell,
-        None
-    };
-
-    explicit FlexGridDelegate(FocusMark mark, QObject *parent);
+    FlexGridDelegate(FlexGrid::Selection selection, QObject *parent);
 
     /** Pixels of a cell's width that are not for its text, in @p view's style. */
     static int spaceAroundText(const QWidget &view);
@@ -30,7 +24,7 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 
 private:
-    FocusMark m_mark;
+    FlexGrid::Selection m_selection;
 };
 
 } // namespace saldoro

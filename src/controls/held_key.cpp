@@ -1,15 +1,16 @@
 #include "controls/held_key.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPointer>
+
+#include <optional>
 
 namespace saldoro {
 
 namespace {
 
-/** Sees every key event before it is handled; the same press may come by several times, on its way
+/** Sees every key event before it is handled. The same press may come by several times, on its way
  *  from shortcuts to the control and on to what the control stands on. */
 class KeyWatcher : public QObject
 {
@@ -17,7 +18,6 @@ public:
     explicit KeyWatcher(QObject &application)
         : QObject(&application)
     {
-        m_clock.start();
         application.installEventFilter(this);
     }
 
@@ -34,34 +34,40 @@ protected:
     }
 
 private:
-    void pressed(const QKeyEvent &press)
+    /** A key event, apart from which object it comes to. */
+    struct Told
     {
-        constexpr qint64 onItsWay = 5;         // milliseconds that one press takes
-        constexpr qint64 longestPause = 1'100; // before the first repetition
-        const qint64 now = m_clock.elapsed();
-        const qint64 pause = now - m_lastPress;
-        const bool isMarked = press.isAutoRepeat();
-        const bool isSameKey = press.key() == m_key;
-        if (!isSameKey || isMarked != m_wasMarked || pause >= onItsWay) {
-            const bool lacksMark = press.timestamp() != 0 && press.timestamp() == m_lastRelease;
-            m_isHeld = isSameKey && ((isMarked && pause < longestPause) || lacksMark);
-        }
-        m_key = press.key();
-        m_wasMarked = isMarked;
-        m_lastPress = now;
+        int key = 0;
+        quint64 time = 0; ///< the window system's own; 0 when it gives none
+        bool isMarked = false;
+        bool operator==(const Told &) const = default;
+    };
+
+    void pressed(const QKeyEvent &event)
+    {
+        const Told press{event.key(), event.timestamp(), event.isAutoRepeat()};
+        if (press == m_press && !m_release)
+            return;
+        const bool isAgain =
+            m_release && m_release->key == press.key &&
+            (m_release->isMarked || (press.time != 0 && m_release->time == press.time));
+        // Some systems mark presses and tell of no release in between.
+        const bool isMarkedAlone =
+            press.isMarked && !m_release && m_press.key == press.key && !m_isAgain;
+        m_isHeld = isAgain || isMarkedAlone;
+        m_isAgain = isAgain;
+        m_press = press;
+        m_release.reset();
     }
 
-    void released(const QKeyEvent &release)
+    void released(const QKeyEvent &event)
     {
-        if (!release.isAutoRepeat() && release.key() == m_key)
-            m_lastRelease = release.timestamp();
+        m_release = {event.key(), event.timestamp(), event.isAutoRepeat()};
     }
 
-    QElapsedTimer m_clock;
-    int m_key = 0;
-    qint64 m_lastPress = 0;
-    quint64 m_lastRelease = 0; ///< the window system's own time of the key's last release
-    bool m_wasMarked = false;
+    Told m_press;
+    std::optional<Told> m_release; ///< since the last press
+    bool m_isAgain = false;        ///< the last press came right behind a release of its own
     bool m_isHeld = false;
 };
 

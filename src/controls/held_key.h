@@ -8,9 +8,10 @@ namespace saldoro {
  * Tells key presses that come by themselves because a key is held down from those that somebody
  * makes. What a press has opened, or brought to the front, is to take no notice of the former.
  *
- * The system's own mark is not enough. A release that comes while no window of the program has the
- * keys is never told, and the next press of that key is then marked as a repetition; some window
- * systems forget the mark now and then.
+ * The system's own mark on a press is not enough: a repetition comes without it now and then, and
+ * the first press after a release that no window of the program was told of bears it. But where a
+ * system tells a repetition as a release and a press the two follow each other, and the release
+ * bears the mark or both the same time.
  */
 
 /** Begins to watch the application's keys; calls after the first do nothing. Needs the application
