@@ -13,14 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-int daysIn(int month, int year)
-{
-    const bool isLeap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    if (month == 2)
-        return isLeap ? 29 : 28;
-    return month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
-}
-
 /** dd/MM/yyyy of the day that is written, or a null text when there is none. */
 QString dayOf(const QString &text)
 {
@@ -33,7 +25,7 @@ QString dayOf(const QString &text)
     int year = match.captured(3).toInt();
     if (match.capturedLength(3) == 2)
         year += year < 30 ? 2000 : 1900;
-    if (year < 100 || month < 1 || month > 12 || day < 1 || day > daysIn(month, year))
+    if (year < 100 || !QDate::isValid(year, month, day))
         return {};
     const auto padded = [](int number, int width) {
         return QString::number(number).rightJustified(width, u'0');

@@ -1,7 +1,5 @@
 #include "controls/flex_grid.h"
-#include "patience.h"
 
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QSignalSpy>
@@ -12,6 +10,8 @@
 using namespace saldoro;
 using namespace Qt::StringLiterals;
 
+using Keys = QList<Qt::Key>;
+
 class TestFlexGrid : public QObject
 {
     Q_OBJECT
@@ -20,37 +20,35 @@ private slots:
     void keys_data()
     {
         QTest::addColumn<FlexGrid::Selection>("selection");
-        QTest::addColumn<QList<Qt::Key>>("keys");
+        QTest::addColumn<Keys>("keys");
         QTest::addColumn<QString>("wanted");
-        using Keys = QList<Qt::Key>;
+        const auto row = [](const char *name, FlexGrid::Selection selection, const Keys &keys,
+                            const QString &wanted) {
+            QTest::newRow(name) << selection << keys << wanted;
+        };
         const auto rows = FlexGrid::Selection::Rows;
         const auto cell = FlexGrid::Selection::Cell;
-        QTest::newRow("rows: up, up, up") << rows << Keys(3, Qt::Key_Up) << u"1,1 [1-1,0-2]"_s;
-        QTest::newRow("rows: end, down")
-            << rows << Keys{Qt::Key_End, Qt::Key_Down} << u"200,1 [200-200,0-2]"_s;
-        QTest::newRow("rows: end, home")
-            << rows << Keys{Qt::Key_End, Qt::Key_Home} << u"1,1 [1-1,0-2]"_s;
-        QTest::newRow("rows: page and back")
-            << rows << Keys{Qt::Key_PageDown, Qt::Key_PageUp} << u"3,1 [3-3,0-2]"_s;
-        QTest::newRow("rows: sideways")
-            << rows << Keys{Qt::Key_Right, Qt::Key_Left, Qt::Key_Left} << u"3,1 [3-3,0-2]"_s;
-        QTest::newRow("cell: home") << cell << Keys{Qt::Key_Home} << u"3,0 [3-3,0-0]"_s;
-        QTest::newRow("cell: end, right")
-            << cell << Keys{Qt::Key_End, Qt::Key_Right} << u"3,2 [3-3,2-2]"_s;
+        row("rows: up, up, up", rows, Keys(3, Qt::Key_Up), u"1,1 [1-1,0-2]"_s);
+        row("rows: end, down", rows, {Qt::Key_End, Qt::Key_Down}, u"200,1 [200-200,0-2]"_s);
+        row("rows: end, home", rows, {Qt::Key_End, Qt::Key_Home}, u"1,1 [1-1,0-2]"_s);
+        row("rows: page and back", rows, {Qt::Key_PageDown, Qt::Key_PageUp}, u"3,1 [3-3,0-2]"_s);
+        row("rows: sideways", rows, {Qt::Key_Right, Qt::Key_Left, Qt::Key_Left},
+            u"3,1 [3-3,0-2]"_s);
+        row("rows: digits", rows, {Qt::Key_1, Qt::Key_0}, u"3,1 [3-3,0-2]"_s);
+        row("cell: home", cell, {Qt::Key_Home}, u"3,0 [3-3,0-0]"_s);
+        row("cell: end, right", cell, {Qt::Key_End, Qt::Key_Right}, u"3,2 [3-3,2-2]"_s);
     }
 
     void keys()
     {
         QFETCH(const FlexGrid::Selection, selection);
-        QFETCH(const QList<Qt::Key>, keys);
+        QFETCH(const Keys, keys);
         open(selection, 200);
-        m_grid->table().setRow(3);
-        m_grid->table().setColumn(1);
+        m_grid->table().setCurrentCell(3, 1);
         for (const Qt::Key key : keys)
             QTest::keyClick(m_grid, key);
         QTEST(state(), "wanted");
-        const QRect current = m_grid->visualRect(m_grid->currentIndex());
-        QVERIFY(m_grid->viewport()->rect().contains(current.center()));
+        QVERIFY(isInSight());
     }
 
     void activation()
@@ -58,7 +56,7 @@ private slots:
         open(FlexGrid::Selection::Rows, 3);
         m_grid->table().setRow(2);
         QSignalSpy activated(m_grid, &FlexGrid::cellActivated);
-        QSignalSpy deleted(m_grid, &FlexGrid::deletePressed);
+        const QSignalSpy deleted(m_grid, &FlexGrid::deletePressed);
         QTest::keyClick(m_grid, Qt::Key_Enter, Qt::KeypadModifier);
         QTest::keyPress(m_grid, Qt::Key_Return);
         for (const bool press : {false, true, false, true}) // held down
@@ -69,6 +67,10 @@ private slots:
         QCOMPARE(deleted.count(), 1);
         QTest::mouseClick(m_grid->viewport(), Qt::LeftButton, Qt::ControlModifier, middleOf(2, 1));
         QCOMPARE(state(), u"2,1 [2-2,0-2]"_s); // one row stays selected
+        m_grid->table().setRows(1);
+        QTest::keyClick(m_grid, Qt::Key_Return);
+        QTest::keyClick(m_grid, Qt::Key_Delete);
+        QCOMPARE(activated.count() + deleted.count(), 3); // a header does not act
     }
 
     void doubleClick()
@@ -77,7 +79,7 @@ private slots:
         QSignalSpy activated(m_grid, &FlexGrid::cellActivated);
         QStringList current;
         connect(m_grid, &FlexGrid::cellActivated, this, [&] { current += state(); });
-        const auto twice = [this](QWidget *target, const QPoint &place, Qt::MouseButton button) {
+        const auto twice = [](QWidget *target, const QPoint &place, Qt::MouseButton button) {
             QTest::mouseClick(target, button, {}, place);
             QTest::mouseDClick(target, button, {}, place);
         };
@@ -93,19 +95,23 @@ private slots:
     void tableMovesTheView()
     {
         open(FlexGrid::Selection::Rows, 200);
-        m_grid->table().setRow(150);
+        TextTable &table = m_grid->table();
+        table.setRow(150);
         QCOMPARE(state(), u"150,0 [150-150,0-2]"_s);
-        QVERIFY(m_grid->viewport()->rect().contains(m_grid->visualRect(m_grid->currentIndex())));
+        QVERIFY(isInSight());
         {
-            const TextTable::BulkChange refilling(m_grid->table());
-            m_grid->table().setRow(20);
+            const TextTable::BulkChange refilling(table);
+            table.setRow(20);
         }
         QCOMPARE(state(), u"20,0 [20-20,0-2]"_s);
-        QVERIFY(m_grid->viewport()->rect().contains(m_grid->visualRect(m_grid->currentIndex())));
-        m_grid->table().setRows(20);
+        QVERIFY(isInSight());
+        table.setRows(20);
         QCOMPARE(state(), u"19,0 [19-19,0-2]"_s);
-        m_grid->table().setRows(1);
+        table.setRow(0);
         QCOMPARE(state(), u"0,0"_s);
+        m_grid->clearFocus();
+        m_grid->setFocus(Qt::TabFocusReason);
+        QCOMPARE(state(), u"1,0 [1-1,0-2]"_s);
     }
 
     void columnsGrow()
@@ -114,21 +120,23 @@ private slots:
         m_grid->table().setText(1, 1, QString(255, u'W')); // long texts are bounded
         const int dots = m_grid->logicalDpiX();
         QCOMPARE(m_grid->columnWidth(0), 400 * dots / 1440);
-        const auto restIsRight = [&] {
-            return m_grid->columnWidth(1) == m_grid->width() - m_grid->columnWidth(0) -
-                                                 m_grid->columnWidth(2) - 400 * dots / 1440;
-        };
-        QVERIFY(restIsRight());
         const QString amount = u"-123.456.789.012.345,67"_s;
+        const auto fits = [&] {
+            const int margin = 400 * dots / 1440;
+            return m_grid->columnWidth(2) > m_grid->fontMetrics().horizontalAdvance(amount) + 6 &&
+                   m_grid->columnWidth(1) + m_grid->columnWidth(0) + m_grid->columnWidth(2) ==
+                       m_grid->width() - margin;
+        };
         m_grid->table().setText(3, 2, amount);
-        QVERIFY(m_grid->columnWidth(2) > m_grid->fontMetrics().horizontalAdvance(amount) + 6);
-        QVERIFY(restIsRight());
+        QVERIFY(fits());
+        m_grid->table().setRightAligned({2}); // all is read anew
+        QVERIFY(fits());
         QFont larger = m_grid->font();
-        larger.setPointSize(3 * larger.pointSize());
+        larger.setPointSize(2 * larger.pointSize());
         const int rowHeight = m_grid->rowHeight(0);
         m_grid->setFont(larger);
-        QVERIFY(m_grid->columnWidth(2) > m_grid->fontMetrics().horizontalAdvance(amount) + 6);
-        QVERIFY(m_grid->rowHeight(0) > 2 * rowHeight);
+        QVERIFY(fits());
+        QVERIFY(m_grid->rowHeight(0) > rowHeight * 3 / 2);
     }
 
     void cutTextsShowWhole()
@@ -144,28 +152,6 @@ private slots:
         QCOMPARE(tipOver(1), u"<p>&lt;%1</p>"_s.arg(QString(300, u'W')));
         QToolTip::hideText();
         QTRY_COMPARE(tipOver(2), QString());
-    }
-
-    void manyRows()
-    {
-        QElapsedTimer clock;
-        clock.start();
-        open(FlexGrid::Selection::Rows, 30'000);
-        for (int page = 0; page < 50; ++page) {
-            QTest::keyClick(m_grid, Qt::Key_PageDown);
-            m_grid->repaint();
-        }
-        TextTable &table = m_grid->table();
-        for (int row = 1; row < table.rows(); ++row) { // one by one, as a form may fill it
-            table.setRow(row);
-            table.setText(row, 1, u"Scavi"_s);
-        }
-        table.setRows(1);
-        for (int row = 1; row <= 3'000; ++row)
-            table.setRows(row + 1);
-        QCOMPARE(m_grid->model()->rowCount(), 3'000);
-        qInfo("%lld ms", clock.elapsed());
-        QVERIFY(clock.elapsed() < 8'000 * Patience());
     }
 
 private:
@@ -197,6 +183,12 @@ private:
     QPoint middleOf(int row, int column) const
     {
         return m_grid->visualRect(m_grid->model()->index(row - 1, column)).center();
+    }
+
+    bool isInSight() const
+    {
+        const QRect current = m_grid->visualRect(m_grid->currentIndex());
+        return m_grid->viewport()->rect().contains(current.center());
     }
 
     /** "row,column", then the selected rows or cells. */

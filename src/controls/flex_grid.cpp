@@ -4,13 +4,13 @@
 #include "controls/flex_grid_delegate.h"
 #include "controls/held_key.h"
 
+#include <QHash>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace saldoro {
@@ -25,30 +25,23 @@ public:
     explicit LetterWidths(const QFont &font)
         : m_metrics(font)
     {
-        m_letters.fill(-1);
     }
 
     int of(const QString &text)
     {
         qreal width = 0;
-        for (const QChar letter : text)
-            width += of(letter);
+        for (const QChar letter : text) {
+            auto known = m_letters.constFind(letter);
+            if (known == m_letters.cend())
+                known = m_letters.insert(letter, m_metrics.horizontalAdvance(letter));
+            width += *known;
+        }
         return static_cast<int>(std::ceil(width));
     }
 
 private:
-    qreal of(QChar letter)
-    {
-        if (letter.unicode() >= m_letters.size())
-            return m_metrics.horizontalAdvance(letter);
-        qreal &width = m_letters[letter.unicode()];
-        if (width < 0)
-            width = m_metrics.horizontalAdvance(letter);
-        return width;
-    }
-
     QFontMetricsF m_metrics;
-    std::array<qreal, 0x2100> m_letters; ///< up to the currency signs
+    QHash<QChar, qreal> m_letters;
 };
 
 } // namespace

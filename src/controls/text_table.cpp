@@ -3,6 +3,7 @@
 #include "common/errors.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace saldoro {
 
@@ -10,12 +11,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-BoundsError outside(const QString &problem, const QString &label, int index)
+/** Throws unless @p index is at least @p least and less than @p end. */
+void requireWithin(int index, int least, qsizetype end, const QString &problem,
+                   const QString &label)
 {
+    if (index >= least && index < end)
+        return;
     BoundsError error(problem);
     error.addDetail(label, QString::number(index));
-    return error;
+    throw error;
 }
+
+constexpr int anySize = std::numeric_limits<int>::max();
 
 } // namespace
 
@@ -27,31 +34,21 @@ TextTable::TextTable(int columns)
 
 void TextTable::setRows(int rows)
 {
-    if (rows < 1)
-        throw outside(u"Numero di righe della griglia non ammesso."_s, u"Righe"_s, rows);
+    requireWithin(rows, 1, anySize, u"Numero di righe della griglia non ammesso."_s, u"Righe"_s);
     const int before = this->rows();
-    const bool isTold = m_bulkDepth == 0;
-    if (rows > before) {
-        if (isTold)
-            beginInsertRows({}, before - 1, rows - 2);
-        m_cells.insert(before, rows - before, QStringList(m_columns));
-        if (isTold)
-            endInsertRows();
-    } else if (rows < before) {
-        // Before the rows go a view leaves them, and takes the current cell with it.
-        if (isTold)
-            beginRemoveRows({}, rows - 1, before - 2);
-        m_cells.resize(rows);
-        if (isTold)
-            endRemoveRows();
-        setRow(std::min(m_row, rows - 1));
-    }
+    if (rows == before)
+        return;
+    const BulkChange change(*this);
+    m_cells.resize(rows);
+    for (int row = before; row < rows; ++row)
+        m_cells[row].resize(m_columns);
+    m_row = std::min(m_row, rows - 1);
 }
 
 void TextTable::setColumns(int columns)
 {
-    if (columns < 0)
-        throw outside(u"Numero di colonne della griglia non ammesso."_s, u"Colonne"_s, columns);
+    requireWithin(columns, 0, anySize, u"Numero di colonne della griglia non ammesso."_s,
+                  u"Colonne"_s);
     if (columns == m_columns)
         return;
     const BulkChange change(*this);
@@ -151,14 +148,12 @@ QVariant TextTable::cellData(int row, int column, int role) const
 
 void TextTable::checkRow(int row) const
 {
-    if (row < 0 || row >= rows())
-        throw outside(u"Riga della griglia inesistente."_s, u"Riga"_s, row);
+    requireWithin(row, 0, m_cells.size(), u"Riga della griglia inesistente."_s, u"Riga"_s);
 }
 
 void TextTable::checkColumn(int column) const
 {
-    if (column < 0 || column >= m_columns)
-        throw outside(u"Colonna della griglia inesistente."_s, u"Colonna"_s, column);
+    requireWithin(column, 0, m_columns, u"Colonna della griglia inesistente."_s, u"Colonna"_s);
 }
 
 TextTable::BulkChange::BulkChange(TextTable &table)

@@ -24,7 +24,8 @@ public:
     int rows() const { return static_cast<int>(m_cells.size()); }
     int columns() const { return m_columns; }
     /** Appends empty rows or drops the last ones. The current row moves to the last row when its
-     *  own is dropped. The header always stays: less than one row throws BoundsError. */
+     *  own is dropped. The header always stays: less than one row throws BoundsError. A view reads
+     *  everything anew, so long tables are best filled within a BulkChange. */
     void setRows(int rows);
     /** Sets the number of columns; existing rows keep the texts of the columns that stay. The
      *  current column moves to the last one when its own is dropped. */
