@@ -2,7 +2,8 @@
 #include "common/form_helpers.h"
 #include "form_driver.h"
 #include "invoice_model.h"
-#include "store/suite_tables.h"
+#include "store/code_lookups.h"
+#include "store/internal_codes.h"
 
 #include <QClipboard>
 #include <QLabel>
@@ -205,10 +206,9 @@ void TestInvoiceForms::creditorLists()
 void TestInvoiceForms::principals()
 {
     ArchiveBuilder &build = d->archive.build();
-    QString contractor;
-    for (const CodeMapping &code : StandardCodes())
-        contractor = code.internalCode == u"DA1" ? code.externalCode : contractor;
-    build.addSheetItem({{u"Voce"_s, contractor}, {u"Stringa"_s, u"ATI Ponte"_s}, {u"Link"_s, 9}});
+    build.addSheetItem({{u"Voce"_s, CodiceEsterno(build.values(), InternalCode::Contractor)},
+                        {u"Stringa"_s, u"ATI Ponte"_s},
+                        {u"Link"_s, 9}});
     build.addCompany(9, u"ATI Ponte"_s, u"ATI"_s);
     build.addCompany(10, u"Ferro Srl"_s, u"S"_s);
     build.addCompany(11, u"Acciaio Srl"_s, u"S"_s);

@@ -3,6 +3,7 @@
 #include "common/archive_folders.h"
 #include "common/errors.h"
 #include "platform/machine_path.h"
+#include "store/internal_codes.h"
 #include "store/ledger.h"
 #include "store/suite_tables.h"
 
@@ -86,10 +87,10 @@ void ArchiveBuilder::addCode(const QString &internalCode, const QString &externa
 void ArchiveBuilder::addStandardCodes()
 {
     RowAppender codes(CodesPath(m_values), u"Funzioni"_s);
-    for (const CodeMapping &code : StandardCodes()) {
-        codes.add({{u"CodInt"_s, code.internalCode},
-                   {u"CodExt"_s, code.externalCode},
-                   {u"Desc"_s, code.description}});
+    for (const UsedCode &used : UsedCodes) {
+        codes.add({{u"CodInt"_s, used.code.toString()},
+                   {u"CodExt"_s, used.standardItem.toString()},
+                   {u"Desc"_s, used.standardDescription.toString()}});
     }
 }
 

@@ -51,7 +51,7 @@ public:
 
     void addCode(const QString &internalCode, const QString &externalCode,
                  const QString &description);
-    /** The codes of StandardCodes(). */
+    /** All codes of UsedCodes with their standard items. */
     void addStandardCodes();
     /** A row of the contract sheet; fields not named stay null. */
     void addSheetItem(const FieldList &fields);

@@ -3,6 +3,7 @@
 #include "common/amount_text.h"
 #include "common/errors.h"
 #include "platform/legacy_text.h"
+#include "store/internal_codes.h"
 
 #include <map>
 
@@ -95,8 +96,9 @@ TableRows StoredRows(const Database &database, const ExchangedTable &table)
 TableRows StandardCodeRows()
 {
     TableRows rows;
-    for (const CodeMapping &code : StandardCodes())
-        rows.append({code.internalCode, code.externalCode, code.description});
+    for (const UsedCode &used : UsedCodes)
+        rows.append({used.code.toString(), used.standardItem.toString(),
+                     used.standardDescription.toString()});
     return rows;
 }
 

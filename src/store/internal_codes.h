@@ -40,19 +40,27 @@ struct UsedCode
 {
     QStringView code;
     CodeUse use;
+    /** Item code and description in a code map that is made where there is no suite. */
+    QStringView standardItem;
+    QStringView standardDescription;
 };
 
 /** All internal codes that the program uses. */
 inline constexpr std::array<UsedCode, 10> UsedCodes{
-    {{InternalCode::Contractor, CodeUse::Search},
-     {InternalCode::MandateNotes, CodeUse::Note},
-     {InternalCode::OverviewDocument, CodeUse::File},
-     {InternalCode::EarlierCompanyPayments, CodeUse::File},
-     {InternalCode::LastCompanyPayment, CodeUse::File},
-     {InternalCode::EarlierProfessionalPayments, CodeUse::File},
-     {InternalCode::LastProfessionalPayment, CodeUse::File},
-     {InternalCode::CompanyTotal, CodeUse::Total},
-     {InternalCode::ProfessionalTotal, CodeUse::Total},
-     {InternalCode::Total, CodeUse::Total}}};
+    {{InternalCode::Contractor, CodeUse::Search, u"D0101", u"Impresa appaltatrice"},
+     {InternalCode::MandateNotes, CodeUse::Note, u"M0097", u"Mandati di pagamento"},
+     {InternalCode::OverviewDocument, CodeUse::File, u"Q0100",
+      u"Prospetto delle disponibilità per voce di spesa"},
+     {InternalCode::EarlierCompanyPayments, CodeUse::File, u"Q0198",
+      u"Pagamenti precedenti alle imprese"},
+     {InternalCode::LastCompanyPayment, CodeUse::File, u"Q0199", u"Ultimo pagamento alle imprese"},
+     {InternalCode::EarlierProfessionalPayments, CodeUse::File, u"Q0298",
+      u"Pagamenti precedenti ai professionisti"},
+     {InternalCode::LastProfessionalPayment, CodeUse::File, u"Q0299",
+      u"Ultimo pagamento ai professionisti"},
+     {InternalCode::CompanyTotal, CodeUse::Total, u"S0101", u"Totale liquidato alle imprese"},
+     {InternalCode::ProfessionalTotal, CodeUse::Total, u"S0102",
+      u"Totale liquidato ai professionisti"},
+     {InternalCode::Total, CodeUse::Total, u"S0103", u"Totale liquidato"}}};
 
 } // namespace saldoro

@@ -1,6 +1,5 @@
 #include "store/suite_tables.h"
 
-#include "store/internal_codes.h"
 #include "store/ledger.h"
 
 #include <initializer_list>
@@ -80,28 +79,6 @@ Database CreateArchiveFile(const QString &path, ArchiveFile file,
         fill(database);
     transaction.commit();
     return database;
-}
-
-QList<CodeMapping> StandardCodes()
-{
-    return {
-        {InternalCode::Contractor.toString(), u"D0101"_s, u"Impresa appaltatrice"_s},
-        {InternalCode::MandateNotes.toString(), u"M0097"_s, u"Mandati di pagamento"_s},
-        {InternalCode::OverviewDocument.toString(), u"Q0100"_s,
-         u"Prospetto delle disponibilità per voce di spesa"_s},
-        {InternalCode::EarlierCompanyPayments.toString(), u"Q0198"_s,
-         u"Pagamenti precedenti alle imprese"_s},
-        {InternalCode::LastCompanyPayment.toString(), u"Q0199"_s,
-         u"Ultimo pagamento alle imprese"_s},
-        {InternalCode::EarlierProfessionalPayments.toString(), u"Q0298"_s,
-         u"Pagamenti precedenti ai professionisti"_s},
-        {InternalCode::LastProfessionalPayment.toString(), u"Q0299"_s,
-         u"Ultimo pagamento ai professionisti"_s},
-        {InternalCode::CompanyTotal.toString(), u"S0101"_s, u"Totale liquidato alle imprese"_s},
-        {InternalCode::ProfessionalTotal.toString(), u"S0102"_s,
-         u"Totale liquidato ai professionisti"_s},
-        {InternalCode::Total.toString(), u"S0103"_s, u"Totale liquidato"_s},
-    };
 }
 
 } // namespace saldoro

@@ -31,15 +31,4 @@ QList<TableDef> TablesOf(ArchiveFile file);
 Database CreateArchiveFile(const QString &path, ArchiveFile file,
                            const std::function<void(Database &)> &fill = {});
 
-/** A row of the code map: the program's own code, the suite's code and its description. */
-struct CodeMapping
-{
-    QString internalCode;
-    QString externalCode;
-    QString description;
-};
-
-/** A code map for where there is no suite: every internal code that the program uses. */
-QList<CodeMapping> StandardCodes();
-
 } // namespace saldoro
