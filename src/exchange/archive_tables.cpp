@@ -38,12 +38,16 @@ NewValue valueOf(FieldType type, const FieldValue &stored)
     return type == FieldType::Currency ? NewValue(stored.currency()) : NewValue(stored.integer());
 }
 
-NewValue valueOf(const FieldDef &field, const RecordSet &records)
+/** Whether the action can be done; not with a value of another type or a field that is not there.
+ */
+template <typename Action>
+bool canDo(const Action &action)
 {
     try {
-        return valueOf(field.type, records.field(field.name));
-    } catch (const DatabaseError &) { // of another type, too large or not there
-        return Untold;
+        action();
+        return true;
+    } catch (const DatabaseError &) {
+        return false;
     }
 }
 
@@ -81,15 +85,39 @@ const std::vector<ExchangedTable> &ExchangedTables()
     return tables;
 }
 
+StoredTable::StoredTable(const Database &database, const ExchangedTable &table)
+    : m_fields(table.definition.fields())
+    , m_records(database.openRecordSet(u"SELECT * FROM "_s + table.name()))
+    , m_columns(m_fields.size(), -1)
+{
+    for (qsizetype place = 0; place < m_fields.size(); ++place)
+        canDo([&] { m_columns[place] = m_records.column(m_fields[place].name); });
+}
+
+bool StoredTable::next(QList<NewValue> &row)
+{
+    if (m_isBegun && !m_records.eof())
+        m_records.moveNext();
+    m_isBegun = true;
+    if (m_records.eof())
+        return false;
+    row.resize(m_fields.size());
+    for (qsizetype place = 0; place < m_fields.size(); ++place) {
+        const auto read = [&] {
+            row[place] = valueOf(m_fields[place].type, m_records.field(m_columns[place]));
+        };
+        if (m_columns[place] < 0 || !canDo(read))
+            row[place] = Untold;
+    }
+    return true;
+}
+
 TableRows StoredRows(const Database &database, const ExchangedTable &table)
 {
     TableRows rows;
-    RecordSet records = database.openRecordSet(u"SELECT * FROM "_s + table.name());
-    for (; !records.eof(); records.moveNext()) {
-        QList<NewValue> &row = rows.emplace_back();
-        for (const FieldDef &field : table.definition.fields())
-            row.append(valueOf(field, records));
-    }
+    StoredTable stored(database, table);
+    for (QList<NewValue> row; stored.next(row);)
+        rows.append(row);
     return rows;
 }
 
@@ -102,24 +130,32 @@ TableRows StandardCodeRows()
     return rows;
 }
 
-QString TableSummary(const ExchangedTable &table, const TableRows &rows)
+TableSummary::TableSummary(const ExchangedTable &table)
+    : m_table(table.name())
+    , m_place(table.place(u"Importo"_s))
 {
-    QString text = table.name() + u": "_s + QString::number(rows.size()) +
-                   (rows.size() == 1 ? u" riga"_s : u" righe"_s);
-    const qsizetype place = table.place(u"Importo"_s);
-    if (place < 0)
-        return text + u'\n';
-    text += u", totale Importo "_s;
-    try {
-        Currency total;
-        for (const QList<NewValue> &row : rows) {
-            if (const auto *amount = std::get_if<Currency>(&row[place]))
-                total += *amount;
-        }
-        return text + FormatImporto(total) + u'\n';
-    } catch (const OverflowError &) {
-        return text + u"fuori misura\n"_s;
-    }
+}
+
+void TableSummary::add(const QList<NewValue> &row)
+{
+    ++m_rows;
+    const auto *amount = m_place < 0 ? nullptr : std::get_if<Currency>(&row[m_place]);
+    qint64 total = 0;
+    if (amount == nullptr || !m_total)
+        return;
+    if (__builtin_add_overflow(m_total->scaled(), amount->scaled(), &total))
+        m_total.reset();
+    else
+        m_total = Currency::fromScaled(total);
+}
+
+QString TableSummary::text() const
+{
+    QString text =
+        u"%1: %2 %3"_s.arg(m_table).arg(m_rows).arg(m_rows == 1 ? u"riga"_s : u"righe"_s);
+    if (m_place >= 0)
+        text += u", totale Importo "_s + (m_total ? FormatImporto(*m_total) : u"fuori misura"_s);
+    return text;
 }
 
 } // namespace saldoro

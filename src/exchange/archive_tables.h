@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace saldoro {
@@ -32,14 +33,40 @@ const std::vector<ExchangedTable> &ExchangedTables();
  * no text, a value of another type. */
 using TableRows = QList<QList<NewValue>>;
 
-/** The rows of a table in stored order. A field that the database lacks holds what can't be told.
- *  Throws DatabaseError. */
+/** The rows of a table in stored order, one after the other. A field that the database lacks holds
+ *  what can't be told. Throws DatabaseError. */
+class StoredTable
+{
+public:
+    StoredTable(const Database &database, const ExchangedTable &table);
+    /** Puts the next row into @p row; false behind the last. */
+    bool next(QList<NewValue> &row);
+
+private:
+    QList<FieldDef> m_fields;
+    RecordSet m_records;
+    QList<int> m_columns; ///< of the fields, -1 for one that is not there
+    bool m_isBegun = false;
+};
 TableRows StoredRows(const Database &database, const ExchangedTable &table);
 
 /** The rows of a code map that is made without the suite. */
 TableRows StandardCodeRows();
 
-/** "Spese: 41 righe, totale Importo 1.234,56"; the total where the table has amounts. */
-QString TableSummary(const ExchangedTable &table, const TableRows &rows);
+/** Counts rows and, where the table has amounts, adds them up. */
+class TableSummary
+{
+public:
+    explicit TableSummary(const ExchangedTable &table);
+    void add(const QList<NewValue> &row);
+    /** "Spese: 41 righe, totale Importo 1.234,56". */
+    QString text() const;
+
+private:
+    QString m_table;
+    qsizetype m_place; ///< of the amount
+    int m_rows = 0;
+    std::optional<Currency> m_total = Currency(); ///< none once it is beyond the range
+};
 
 } // namespace saldoro

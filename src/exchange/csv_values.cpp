@@ -4,7 +4,8 @@
 
 #include <QRegularExpression>
 
-#include <limits>
+#include <algorithm>
+#include <array>
 
 namespace saldoro {
 
@@ -12,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype MostDecimals = 4;
+constexpr int MostDecimals = 4;
 
 /** Takes a character off the front, with the blanks behind it. */
 bool take(QStringView &text, QChar character)
@@ -23,49 +24,25 @@ bool take(QStringView &text, QChar character)
     return true;
 }
 
-/** Counts ten-thousandths digit by digit, without a sign. */
-class DigitCount
+bool areDigits(QStringView text)
 {
-public:
-    /** False for what is no digit, and beyond the range. */
-    bool add(QChar digit)
-    {
-        return digit >= u'0' && digit <= u'9' &&
-               !__builtin_mul_overflow(m_count, quint64{10}, &m_count) &&
-               !__builtin_add_overflow(m_count, static_cast<quint64>(digit.unicode() - u'0'),
-                                       &m_count);
-    }
-
-    std::optional<Currency> amount(bool isNegative) const
-    {
-        constexpr auto limit = static_cast<quint64>(std::numeric_limits<qint64>::max());
-        if (m_count > limit + (isNegative ? 1 : 0))
-            return std::nullopt;
-        return Currency::fromScaled(static_cast<qint64>(isNegative ? 0 - m_count : m_count));
-    }
-
-private:
-    quint64 m_count = 0;
-};
-
-/** The whole part, where "." may stand between groups of three and then must. */
-bool addWhole(QStringView whole, bool isGrouped, DigitCount &count)
-{
-    for (qsizetype place = 0; place < whole.size(); ++place) {
-        const bool isMark = isGrouped && (whole.size() - place) % 4 == 0;
-        if (isMark ? place == 0 || whole[place] != u'.' : !count.add(whole[place]))
-            return false;
-    }
-    return !whole.isEmpty();
+    return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar character) {
+        return character >= u'0' && character <= u'9';
+    });
 }
 
-bool addDecimals(QStringView decimals, DigitCount &count)
+/** Without the "." between groups of three; as it stands when they are elsewhere. */
+QString ungrouped(QStringView whole)
 {
-    for (qsizetype place = 0; place < MostDecimals; ++place) {
-        if (!count.add(place < decimals.size() ? decimals[place] : u'0'))
-            return false;
+    QString digits;
+    for (qsizetype place = 0; place < whole.size(); ++place) {
+        const bool isBetween = place > 0 && (whole.size() - place) % 4 == 0;
+        if (isBetween != (whole[place] == u'.'))
+            return whole.toString();
+        if (!isBetween)
+            digits += whole[place];
     }
-    return decimals.size() <= MostDecimals;
+    return whole.size() % 4 == 0 ? whole.toString() : digits;
 }
 
 std::optional<QDate> dayOf(QStringView year, QStringView month, QStringView day)
@@ -96,13 +73,16 @@ std::optional<Currency> AmountOf(QStringView text, CsvDialect dialect)
     const bool isItalian = dialect == CsvDialect::Italian;
     const qsizetype mark = text.indexOf(isItalian ? u',' : u'.');
     const QStringView whole = mark < 0 ? text : text.first(mark);
-    const QStringView decimals = mark < 0 ? QStringView() : text.sliced(mark + 1);
-    if ((mark >= 0 && decimals.isEmpty()) || (!isItalian && decimals.size() == 3))
+    const QStringView decimals = mark < 0 ? QStringView(u"0") : text.sliced(mark + 1);
+    const QString digits = isItalian && whole.contains(u'.') ? ungrouped(whole) : whole.toString();
+    if (!areDigits(digits) || !areDigits(decimals) || decimals.size() > MostDecimals ||
+        (!isItalian && decimals.size() == 3))
         return std::nullopt;
-    DigitCount count;
-    if (!addWhole(whole, isItalian && whole.contains(u'.'), count) || !addDecimals(decimals, count))
-        return std::nullopt;
-    return count.amount(isNegative);
+    bool fits = false;
+    const qint64 scaled = ((isNegative ? u"-"_s : u""_s) + digits +
+                           decimals.toString().leftJustified(MostDecimals, u'0'))
+                              .toLongLong(&fits);
+    return fits ? std::optional(Currency::fromScaled(scaled)) : std::nullopt;
 }
 
 std::optional<QDate> DayOf(QStringView text, CsvDialect dialect)
@@ -122,26 +102,29 @@ std::optional<QDate> DayOf(QStringView text, CsvDialect dialect)
 std::optional<qint32> WholeOf(QStringView text)
 {
     text = text.trimmed();
-    const bool isNegative = take(text, u'-');
-    DigitCount count;
-    if (!addWhole(text, false, count))
-        return std::nullopt;
-    const qint64 number = count.amount(isNegative).value_or(Currency()).scaled();
-    const auto narrow = static_cast<qint32>(number);
-    return narrow == number ? std::optional(narrow) : std::nullopt;
+    bool fits = areDigits(text.startsWith(u'-') ? text.sliced(1) : text);
+    const qint32 number = fits ? text.toInt(&fits) : 0;
+    return fits ? std::optional(number) : std::nullopt;
 }
 
 QString AmountCell(Currency amount)
 {
-    const bool isNegative = amount.scaled() < 0;
     // Unsigned, since the smallest value has no positive counterpart.
-    const quint64 magnitude = isNegative ? 0 - static_cast<quint64>(amount.scaled())
-                                         : static_cast<quint64>(amount.scaled());
-    QString text = QString::number(magnitude).rightJustified(MostDecimals + 1, u'0');
-    text.insert(text.size() - MostDecimals, u',');
-    for (int spare = 2; spare > 0 && text.endsWith(u'0'); --spare)
-        text.chop(1);
-    return isNegative ? u'-' + text : text;
+    const quint64 magnitude = amount.scaled() < 0 ? 0 - static_cast<quint64>(amount.scaled())
+                                                  : static_cast<quint64>(amount.scaled());
+    // Long tables are full of amounts: one buffer, filled from the last character to the first.
+    std::array<QChar, 24> buffer;
+    auto first = buffer.end();
+    quint64 rest = magnitude % 100 == 0 ? magnitude / 100 : magnitude;
+    for (int decimals = magnitude % 100 == 0 ? 2 : MostDecimals; decimals >= 0 || rest > 0;
+         --decimals, rest /= 10) {
+        if (decimals == 0)
+            *--first = u',';
+        *--first = QChar(u'0' + static_cast<char16_t>(rest % 10));
+    }
+    if (amount.scaled() < 0)
+        *--first = u'-';
+    return QString(first, buffer.end() - first); // NOLINT(modernize-return-braced-init-list)
 }
 
 } // namespace saldoro

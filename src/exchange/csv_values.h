@@ -31,7 +31,7 @@ std::optional<QDate> DayOf(QStringView text, CsvDialect dialect);
 /** A whole number of 32 bits in plain digits. */
 std::optional<qint32> WholeOf(QStringView text);
 
-/** An amount as the Italian dialect writes it, with two decimals at least and without groups. */
+/** An amount as the Italian dialect writes it, with two decimals or four and without groups. */
 QString AmountCell(Currency amount);
 
 } // namespace saldoro

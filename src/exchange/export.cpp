@@ -11,7 +11,7 @@
 #include <QDir>
 #include <QSaveFile>
 
-#include <algorithm>
+#include <variant>
 
 namespace saldoro {
 
@@ -26,53 +26,60 @@ struct TableFile
     QByteArray content;
 };
 
-/** The text of a value's cell; texts stand in quotes, which codes made of digits need and the empty
- *  text. */
-struct CellText
+/** Appends the text of a value's cell; texts stand in quotes, which codes made of digits need and
+ * the empty text. */
+struct CellWriter
 {
-    QString operator()(std::monostate /*null*/) const { return {}; }
-    QString operator()(QString text) const { return u'"' + text.replace(u'"', u"\"\""_s) + u'"'; }
-    QString operator()(qint32 number) const { return QString::number(number); }
-    QString operator()(Currency amount) const { return AmountCell(amount); }
-    QString operator()(QDate day) const { return FormatData(day); }
-    QString operator()(double /*untold*/) const { return u"?"_s; }
-};
+    QString &line;
 
-QString cellText(const NewValue &value)
-{
-    return std::visit(CellText(), value);
-}
+    void operator()(std::monostate /*null*/) const {}
+    void operator()(const QString &text) const
+    {
+        line += u'"';
+        line += text.contains(u'"') ? QString(text).replace(u'"', u"\"\""_s) : text;
+        line += u'"';
+    }
+    void operator()(qint32 number) const { line += QString::number(number); }
+    void operator()(Currency amount) const { line += AmountCell(amount); }
+    void operator()(QDate day) const { line += FormatData(day); }
+    void operator()(double /*untold*/) const { line += u'?'; }
+};
 
 /** Why a file can't tell a row: empty when it can. A row without a value is none of a file. */
 QString untold(const ExchangedTable &table, const QList<NewValue> &row)
 {
     QStringList fields;
+    bool hasValue = false;
     for (qsizetype place = 0; place < row.size(); ++place) {
+        hasValue = hasValue || !std::holds_alternative<std::monostate>(row[place]);
         if (std::holds_alternative<double>(row[place]))
             fields.append(u"campo "_s + table.definition.fields()[place].name);
     }
-    const bool hasValue = std::any_of(row.begin(), row.end(),
-                                      [](const NewValue &value) { return value != NewValue(); });
     return hasValue ? fields.join(u", "_s) : u"nessun valore"_s;
 }
 
-QByteArray fileContent(const ExchangedTable &table, const TableRows &rows, QStringList &untolds,
-                       Progress &progress)
+/** The content of a table's file. Rows that it can't tell are added to @p untolds. */
+QByteArray fileContent(const ExchangedTable &table, StoredTable stored, TableSummary &summary,
+                       QStringList &untolds, Progress &progress)
 {
-    QStringList names;
+    QString line;
     for (const FieldDef &field : table.definition.fields())
-        names.append(field.name);
-    QByteArray content = "\xEF\xBB\xBF" + names.join(u';').toUtf8() + "\r\n";
-    for (qsizetype place = 0; place < rows.size(); ++place) {
-        QStringList cells;
-        for (const NewValue &value : rows[place])
-            cells.append(cellText(value));
-        content += cells.join(u';').toUtf8() + "\r\n";
-        if (const QString what = untold(table, rows[place]); !what.isEmpty())
-            untolds.append(u"%1, riga %2 (%3): "_s.arg(table.name(), QString::number(place + 1),
-                                                       LeftCharacters(cells.join(u' '), 60)) +
+        line += (line.isEmpty() ? u""_s : u";"_s) + field.name;
+    QByteArray content = "\xEF\xBB\xBF" + line.toUtf8() + "\r\n";
+    int place = 0;
+    for (QList<NewValue> row; stored.next(row); summary.add(row)) {
+        progress.show(u"Lettura di"_s, table.name(), ++place);
+        line.resize(0);
+        for (const NewValue &value : row) {
+            std::visit(CellWriter{line}, value);
+            line += u';';
+        }
+        line.chop(1);
+        content += line.toUtf8() + "\r\n";
+        if (const QString what = untold(table, row); !what.isEmpty())
+            untolds.append(u"%1, riga %2 (%3): "_s.arg(table.name(), QString::number(place),
+                                                       LeftCharacters(line, 60)) +
                            what);
-        progress.show(u"Scrittura di"_s, table.name(), place);
     }
     return content;
 }
@@ -109,10 +116,11 @@ QString ExportProject(const ExportRequest &request)
     Progress progress;
     for (const ExchangedTable &table : ExchangedTables()) {
         const Database database = Database::open(ArchiveFilePath(table.archive, project));
-        const TableRows rows = StoredRows(database, table);
-        files.push_back({targetPath(folder, table.fileName(), request.overwrite),
-                         fileContent(table, rows, untolds, progress)});
-        summary += TableSummary(table, rows);
+        TableSummary rows(table);
+        files.push_back(
+            {targetPath(folder, table.fileName(), request.overwrite),
+             fileContent(table, StoredTable(database, table), rows, untolds, progress)});
+        summary += rows.text() + u'\n';
     }
     if (!untolds.isEmpty())
         throw SaldoroError(u"Questi valori non si possono dire in un file CSV: una data con l'ora, "

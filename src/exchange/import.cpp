@@ -116,9 +116,11 @@ public:
             done += target.report();
         }
         for (const CsvTable &table : m_tables) {
-            done += TableSummary(*table.table, table.rows);
-            if (m_same.contains(&table))
-                done.insert(done.size() - 1, u" (c'era già, uguale)"_s);
+            TableSummary summary(*table.table);
+            for (const QList<NewValue> &row : table.rows)
+                summary.add(row);
+            done +=
+                summary.text() + (m_same.contains(&table) ? u" (c'era già, uguale)\n"_s : u"\n"_s);
         }
         return done;
     }
