@@ -117,7 +117,7 @@ void TestVerify::finds_data()
         "Appalto.mdb, tabella UltimaPerVariante: Nell'archivio manca una tabella.");
     add("C", "UPDATE SchedaProgetto SET Link = NULL", "Appaltatore (voce D0101): manca il coll");
     add("C", "UPDATE SchedaProgetto SET Link = 0", "Appaltatore (voce D0101): non è collegato");
-    add("C", "DELETE FROM SchedaProgetto", "Appaltatore (voce D0101): la voce manca nella");
+    add("C", "DELETE FROM SchedaProgetto", "");
     add("K",
         "UPDATE Funzioni SET CodExt = 'Q''1' WHERE CodInt = 'DA1'; UPDATE Funzioni SET Desc = NULL "
         "WHERE CodInt IN ('P99', 'QS1A'); DELETE FROM Funzioni WHERE CodInt IN ('P98P', 'QS1P')",

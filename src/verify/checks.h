@@ -40,7 +40,7 @@ void CheckBudget(const QList<CostItem> &budget, Findings &findings);
  *  the contractor; empty when it is not mapped. */
 QString CheckCodes(RecordSet &codes, Findings &findings);
 
-/** The contractor's item in the contract sheet and its link. */
+/** The link of the contractor's item in the contract sheet, if there is one. */
 void CheckContractor(RecordSet &sheet, const QString &item, Findings &findings);
 
 } // namespace saldoro

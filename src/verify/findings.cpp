@@ -11,13 +11,13 @@ using namespace Qt::StringLiterals;
 
 constexpr std::array<std::pair<FindingGroup, QStringView>, 8> Groups{{
     {FindingGroup::Files, u"Archivi"},
-    {FindingGroup::Values, u"Valori e testi"},
+    {FindingGroup::Values, u"Valori"},
     {FindingGroup::Payments, u"Pagamenti"},
     {FindingGroup::Numbering, u"Numerazione dei pagamenti"},
     {FindingGroup::Allocations, u"Conti di spesa dei pagamenti"},
     {FindingGroup::Budget, u"Voci di spesa dell'appalto"},
     {FindingGroup::Codes, u"Tabella dei codici"},
-    {FindingGroup::Contract, u"Mandati e appaltatore"},
+    {FindingGroup::Contract, u"Appaltatore"},
 }};
 
 QString lines(const Finding &finding)

@@ -79,24 +79,19 @@ void CheckContractor(RecordSet &sheet, const QString &item, Findings &findings)
 {
     if (item.isEmpty())
         return;
-    const auto add = [&](const QString &problem) {
-        findings.append({FindingGroup::Contract, u"Appaltatore (voce "_s + item + u')', problem,
-                         u"scegliere l'appaltatore nel programma che tiene la scheda "
-                         "dell'appalto."_s});
-    };
     sheet.findFirst(u"Voce = '"_s + item + u'\'');
-    if (sheet.noMatch()) {
-        add(u"la voce manca nella scheda dell'appalto: i pagamenti nuovi alle aziende partono "
-            "senza creditore e «Mandanti» resta disabilitato."_s);
-        return;
-    }
+    if (sheet.noMatch())
+        return; // a contract that has no contractor yet
     const FieldValue link = sheet.field(u"Link"_s);
-    if (link.isNull())
-        add(u"manca il collegamento (Link) all'anagrafe delle imprese: le fatture delle aziende "
-            u"non "
-            "si aprono."_s);
-    else if (link.integer() <= 0)
-        add(u"non è collegato all'anagrafe delle imprese: «Mandanti» resta disabilitato."_s);
+    if (!link.isNull() && link.integer() > 0)
+        return;
+    findings.append(
+        {FindingGroup::Contract, u"Appaltatore (voce "_s + item + u')',
+         link.isNull()
+             ? u"manca il collegamento (Link) all'anagrafe delle imprese: le fatture delle aziende "
+               "non si aprono."_s
+             : u"non è collegato all'anagrafe delle imprese: «Mandanti» resta disabilitato."_s,
+         u"scegliere di nuovo l'appaltatore nel programma che tiene la scheda dell'appalto."_s});
 }
 
 void CheckBudget(const QList<CostItem> &budget, Findings &findings)
