@@ -4,7 +4,6 @@
 #include "common/archive_folders.h"
 #include "common/date_text.h"
 #include "invoice/allocation_block.h"
-#include "invoice/payment_save.h"
 #include "overview/payment_deletion.h"
 #include "store/mandate_note.h"
 
@@ -23,9 +22,9 @@ void appendAllocation(TextTable &grid, int item)
 {
     const int row = grid.rows();
     grid.setRows(row + 1);
-    grid.setText(row, AllocationBlock::CodColumn, u"V%1"_s.arg(item, 4, 10, QChar(u'0')));
-    grid.setText(row, AllocationBlock::DescrizioneColumn, u"Voce di spesa numero %1"_s.arg(item));
-    grid.setText(row, AllocationBlock::ImportoColumn, u"61,00"_s);
+    grid.setText(row, AllocationColumn::Cod, u"V%1"_s.arg(item, 4, 10, QChar(u'0')));
+    grid.setText(row, AllocationColumn::Descrizione, u"Voce di spesa numero %1"_s.arg(item));
+    grid.setText(row, AllocationColumn::Importo, u"61,00"_s);
 }
 
 } // namespace
@@ -34,7 +33,7 @@ BenchPayment::BenchPayment(const ProgramValues &values, qint32 number, int alloc
     : m_values(values)
     , m_number(number)
     , m_noteKey(VoceMandato(values, number).toUtf8())
-    , m_grid(AllocationBlock::ColumnCount)
+    , m_grid(AllocationColumn::Count)
 {
     m_record.creditore = u"ing. Niccolò D'Amìco"_s;
     m_record.nFat = u"12/2025"_s;
@@ -43,15 +42,15 @@ BenchPayment::BenchPayment(const ProgramValues &values, qint32 number, int alloc
     m_record.memo = u"Pratica n. 7\r\nVisto dell'ufficio"_s;
     m_record.mandato = u"1208"_s;
     m_record.mandatoDell = u"20/03/2025"_s;
-    for (const StoredAmount &amount : m_amounts.storedAmounts())
-        m_amounts.setText(amount.field, u"1.000,00"_s);
+    for (int position = 0; position < m_amounts.fields().size(); ++position)
+        m_texts.setText(position, u"1.000,00"_s);
     for (int item = 1; item <= allocations; ++item)
         appendAllocation(m_grid, item);
 }
 
 void BenchPayment::save()
 {
-    SavePagamento(m_values, m_number, m_record, m_amounts, m_grid);
+    SavePagamento(m_values, {CreditorKind::Professional, m_number}, m_record, m_amounts, m_grid);
 }
 
 void BenchPayment::remove()
@@ -79,9 +78,9 @@ void BenchPayment::writeLedger(BareFile &ledger)
     BareStatement insert =
         ledger.prepare("INSERT INTO Spese (RelNpag, Cod, Descrizione, Importo) VALUES (?,?,?,?)");
     for (int row = 1; row < m_grid.rows(); ++row) {
-        insert.run(qint64{m_number}, m_grid.text(row, AllocationBlock::CodColumn),
-                   m_grid.text(row, AllocationBlock::DescrizioneColumn),
-                   scaled(m_grid.text(row, AllocationBlock::ImportoColumn)));
+        insert.run(qint64{m_number}, m_grid.text(row, AllocationColumn::Cod),
+                   m_grid.text(row, AllocationColumn::Descrizione),
+                   scaled(m_grid.text(row, AllocationColumn::Importo)));
         m_allocationRows.push_back(ledger.lastRowId());
     }
 }

@@ -6,6 +6,8 @@
 #include "invoice/payment_record.h"
 #include "invoice/professional_amounts.h"
 
+#include <QMap>
+
 #include <vector>
 
 namespace saldoro {
@@ -32,6 +34,17 @@ public:
     void clear();
 
 private:
+    /** The boxes of the amounts. */
+    class Texts : public AmountTexts
+    {
+    public:
+        QString text(int position) const override { return m_texts.value(position); }
+        void setText(int position, const QString &text) override { m_texts[position] = text; }
+
+    private:
+        QMap<int, QString> m_texts;
+    };
+
     void writeLedger(BareFile &ledger);
     void writeNote(BareFile &contract);
     qint64 readCode() const;
@@ -40,7 +53,8 @@ private:
     qint32 m_number;
     QByteArray m_noteKey;
     PaymentRecord m_record;
-    ProfessionalAmounts m_amounts;
+    Texts m_texts;
+    ProfessionalAmounts m_amounts{m_texts};
     TextTable m_grid;
     qint64 m_paymentRow = 0;
     qint64 m_noteRow = 0;

@@ -2,8 +2,6 @@
 
 #include "exchange/import.h"
 #include "held_form.h"
-#include "invoice/payment_load.h"
-#include "invoice/payment_save.h"
 #include "overview/availability_overview.h"
 #include "overview/overview_document.h"
 #include "overview/payment_deletion.h"
@@ -44,16 +42,17 @@ void save(ProgramValues &values, CreditorKind kind, int number)
     HeldForm form(kind);
     form.record = {u"Creditore d'Oro"_s, u"12/B"_s, u"05/06/2021"_s, u"Acconto"_s,
                    u"Riga\nriga"_s,      u"44"_s,   u"__/__/____"_s};
-    for (int field = 0; field < form.amounts->fieldCount(); ++field)
-        form.amounts->setText(
-            field, form.amounts->field(field).role == AmountRole::Rate ? u"22.5"_s : u"1.234,56"_s);
+    for (int field = 0; field < form.amounts->fields().size(); ++field)
+        form.texts.setText(field, form.amounts->fields()[field].role == AmountRole::Rate
+                                      ? u"22.5"_s
+                                      : u"1.234,56"_s);
     form.grid.setRows(5);
     for (int row = 1; row <= 4; ++row) {
         const QStringList cells = {u"A%1"_s.arg(row + 2), u"Voce di spesa"_s, u"%1,10"_s.arg(row)};
         for (int column = 0; column < 3; ++column)
             form.grid.setText(row, column, cells[column]);
     }
-    SavePagamento(values, number, form.record, *form.amounts, form.grid);
+    form.save(values, number);
 }
 
 /** The writes of save(): payment, allocations, note. The items up to @p lastKnown are allocated. */
@@ -84,10 +83,10 @@ QStringList savingWrites(int number, const QString &newPayment, const QString &o
 void removeAllocation(ProgramValues &values)
 {
     HeldForm form(CreditorKind::Professional);
-    LoadPagamento(values, 2, form.record, *form.amounts, form.grid);
+    form.load(values, 2);
     for (int row = 1; row < form.grid.rows(); ++row) {
         form.grid.setRow(row);
-        if (form.grid.text(row, AllocationBlock::CodColumn) == "A3"_L1)
+        if (form.grid.text(row, AllocationColumn::Cod) == "A3"_L1)
             return form.block.deleteCurrentRow(values, 2);
     }
 }

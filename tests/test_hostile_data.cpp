@@ -1,8 +1,6 @@
 #include "held_form.h"
-#include "invoice/contractor.h"
-#include "invoice/creditor_lists.h"
-#include "invoice/payment_load.h"
-#include "invoice/payment_save.h"
+#include "invoice/contractor_and_principals.h"
+#include "invoice/creditor_search.h"
 #include "overview/availability_overview.h"
 #include "overview/overview_document.h"
 #include "overview/payments_list.h"
@@ -43,12 +41,11 @@ QString outcome(const TestArchive &archive)
     for (const CreditorKind kind : {CreditorKind::Company, CreditorKind::Professional}) {
         HeldForm form(kind);
         run(u"load"_s, [&] {
-            LoadPagamento(values, 1, form.record, *form.amounts, form.grid);
+            form.load(values, 1);
             form.block.RecalcAllocationTotal();
         });
         if (places.isEmpty() && kind == CreditorKind::Company)
-            run(u"save"_s,
-                [&] { SavePagamento(values, 1, form.record, *form.amounts, form.grid); });
+            run(u"save"_s, [&] { form.save(values, 1); });
     }
     run(u"lists"_s, [&] {
         LoadContractor(values);

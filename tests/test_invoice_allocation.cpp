@@ -2,6 +2,7 @@
 #include "form_driver.h"
 
 #include <QListWidget>
+#include <QScrollBar>
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
@@ -19,6 +20,10 @@ private slots:
     void abandonedInsertionLeavesNoRow();
     void nothingLeftToInsert();
     void editorOpensOnAmountsOnlyAndKeepsToItself();
+    void escapeGivesTheAmountBack();
+    void editorScrollsWithItsCell();
+    void aPickListShowsItsLines();
+    void anItemWithoutCodeIsNoChoice();
     void editorAlwaysReachesItsCell();
     void confirmWithOpenEditor();
     void closesWithPopUpsOpen();
@@ -130,11 +135,73 @@ void TestInvoiceAllocation::editorOpensOnAmountsOnlyAndKeepsToItself()
     QCOMPARE(m_editor->text(), u"45,00"_s);
     QCOMPARE(m_editor->selectedText(), u"45,00"_s);
     d->type(u"8"_s);
-    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Up, Qt::Key_Down, Qt::Key_Home})
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_Home, Qt::Key_F2})
         d->press(key);
     QVERIFY(m_editor->hasFocus());
     QCOMPARE(m_grid->table().row(), 2);
     QCOMPARE(m_editor->text(), u"8"_s);
+}
+
+void TestInvoiceAllocation::escapeGivesTheAmountBack()
+{
+    open(2);
+    edit(1);
+    d->type(u"7.5"_s);
+    d->press(Qt::Key_Escape);
+    QVERIFY(m_editor->isHidden() && m_grid->hasFocus());
+    QCOMPARE(d->allocations().section(u';', 0, 0), u"A1|Scavi e rinterri|1.300,00"_s);
+    // Untouched and left otherwise, the display form is read as any other text.
+    edit(1);
+    d->press(Qt::Key_Return);
+    QVERIFY(m_editor->isHidden() && m_grid->hasFocus());
+    QCOMPARE(d->allocations().section(u';', 0, 0), u"A1|Scavi e rinterri|1,30"_s);
+    QCOMPARE(d->text(u"Text3"_s), u"46,30"_s);
+}
+
+void TestInvoiceAllocation::editorScrollsWithItsCell()
+{
+    for (int item = 10; item < 40; ++item)
+        d->archive.build().addAllocation(2, u"Z%1"_s.arg(item), u"Opere"_s, Currency());
+    open(2);
+    edit(1);
+    const auto distance = [this] {
+        const QRect cell = m_grid->visualRect(m_grid->currentIndex());
+        return m_editor->mapToGlobal(QPoint()) - m_grid->viewport()->mapToGlobal(cell.topLeft());
+    };
+    for (const int row : {1, 5, m_grid->verticalScrollBar()->maximum()}) {
+        m_grid->verticalScrollBar()->setValue(row);
+        QCOMPARE(distance(), QPoint());
+        QVERIFY(m_editor->visibleRegion().isEmpty()); // no longer over any other cell
+        QVERIFY(m_editor->hasFocus());
+    }
+    d->type(u"6"_s);
+    QCOMPARE(distance(), QPoint());
+    QCOMPARE(m_editor->visibleRegion().boundingRect(), m_editor->rect());
+    d->press(Qt::Key_Return);
+    QCOMPARE(d->allocations().section(u';', 0, 0), u"A1|Scavi e rinterri|6,00"_s);
+}
+
+void TestInvoiceAllocation::aPickListShowsItsLines()
+{
+    open(1);
+    d->overview.setRows(2);
+    d->overview.setText(1, 1, u"Opere "_s.repeated(40));
+    d->click(u"Command3"_s);
+    QVERIFY(m_list->viewport()->height() >= m_list->sizeHintForRow(0));
+    QTest::mouseClick(m_list->viewport(), Qt::LeftButton, {},
+                      m_list->visualItemRect(m_list->item(0)).center());
+    QVERIFY(m_editor->hasFocus());
+}
+
+void TestInvoiceAllocation::anItemWithoutCodeIsNoChoice()
+{
+    open(2);
+    d->overview.setText(3, 0, u"   "_s);
+    const QString before = d->allocations();
+    d->click(u"Command3"_s);
+    d->press(Qt::Key_Return);
+    QVERIFY(m_list->isHidden() && m_editor->isHidden() && m_grid->hasFocus());
+    QCOMPARE(d->allocations(), before);
 }
 
 void TestInvoiceAllocation::editorAlwaysReachesItsCell()

@@ -6,8 +6,11 @@
 #include "store/internal_codes.h"
 
 #include <QClipboard>
+#include <QDropEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QMenu>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -28,6 +31,7 @@ private slots:
     void clickSelectsTheWholeText();
     void impossibleDateHolds();
     void limitsOfTyping();
+    void pastedLineEndsGo();
     void creditorLists();
     void principals();
     void untouchedNoteStays();
@@ -136,7 +140,7 @@ void TestInvoiceForms::limitsOfTyping()
 {
     const QString longName = u"012345678"_s.repeated(7);
     d->archive.build().addSheetItem(
-        {{u"Voce"_s, u"C1"_s}, {u"FUNZIONE"_s, 17}, {u"Stringa"_s, longName}});
+        {{u"Voce"_s, u"C1"_s}, {u"FUNZIONE"_s, 17}, {u"Stringa"_s, longName + u"\n"_s}});
     d->open(CreditorKind::Professional, 1);
     const QList<std::pair<QString, int>> limits = {
         {u"Text1_0"_s, 60}, {u"Text1_1"_s, 10}, {u"Text1_3"_s, 50}};
@@ -146,28 +150,62 @@ void TestInvoiceForms::limitsOfTyping()
         d->type(QString(limit + 5, u'e'));
         QCOMPARE(d->text(name), QString(limit, u'e'));
     }
-    auto *box = d->find<QLineEdit>(u"Text1_0"_s);
-    const auto look = [box] { return box->palette().text().color().name() + box->toolTip(); };
-    const QString usual = look();
     d->click(u"Command5"_s);
     d->press(Qt::Key_Return);
-    QCOMPARE(look(), u"#b31b1bIl testo ha 63 caratteri: nel registro ce ne stanno 60."_s);
+    QCOMPARE(d->text(u"Text1_0"_s), longName.left(60)); // what is picked shows cut
+    auto *box = d->find<QLineEdit>(u"Text1_0"_s);
     box->setCursorPosition(5);
-    d->type(u"\b\bx"_s); // still too long
-    QCOMPARE(box->text(), QString(longName).remove(3, 2));
-    d->press(Qt::Key_Z, Qt::ControlModifier);
-    QCOMPARE(box->text(), longName);
-    d->press(Qt::Key_Home);
-    for (int i = 0; i < 6; ++i)
-        d->press(Qt::Key_Delete);
-    d->type(u"ab"_s);
-    const QString shorter = u"ab"_s + longName.mid(6);
-    QCOMPARE(look(), usual);
+    d->type(u"\b\b\bx"_s);
+    const QString shorter = longName.left(60).replace(2, 3, u"x"_s);
+    QCOMPARE(box->text(), shorter);
     QApplication::clipboard()->setText(astral.repeated(3));
     d->press(Qt::Key_V, Qt::ControlModifier); // as much as fits
-    QCOMPARE(box->text(), QString(shorter).insert(2, astral));
+    const QString full = QString(shorter).insert(3, astral.repeated(2));
+    QCOMPARE(box->text(), full);
     d->press(Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(box->text(), shorter);
+    d->press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(box->text(), full);
+    d->answer = MessageAnswer::Yes;
+    d->click(u"Command1"_s);
+    QCOMPARE(d->archive.ledgerRows(u"SELECT Creditore FROM Fatture"_s), full);
+}
+
+void TestInvoiceForms::pastedLineEndsGo()
+{
+    d->open(CreditorKind::Company, 1);
+    QMimeData dropped;
+    dropped.setText(u"\t\nBianchi\r\n\t& C.\r\n"_s);
+    QApplication::clipboard()->setText(dropped.text());
+    for (const QString &name : {u"Text1_0"_s, u"Text1_1"_s, u"Text1_3"_s, u"Mandato"_s}) {
+        auto *box = d->find<QLineEdit>(name);
+        const QString clean = u"Bianchi & C."_s.left(name == "Text1_1"_L1 ? 8 : 12);
+        const auto menu = [box] {
+            const std::unique_ptr<QMenu> actions(box->createStandardContextMenu());
+            for (QAction *action : actions->actions()) {
+                if (action->text().startsWith(u"&Paste"_s))
+                    action->trigger();
+            }
+        };
+        const auto dropping = [&] {
+            const QPoint place = box->rect().center();
+            QDragEnterEvent enter(place, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+            QApplication::sendEvent(box, &enter);
+            QDropEvent drop(place, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+            QApplication::sendEvent(box, &drop);
+        };
+        const auto keys = [&] { d->press(Qt::Key_V, Qt::ControlModifier); };
+        for (const std::function<void()> &paste :
+             {std::function<void()>(keys), {menu}, {dropping}}) {
+            box->setFocus();
+            d->press(Qt::Key_A, Qt::ControlModifier);
+            d->type(u"A."_s);
+            paste();
+            QTRY_COMPARE(box->text(), u"A."_s + clean);
+            d->press(Qt::Key_Z, Qt::ControlModifier);
+            QVERIFY(!box->text().contains(u"Bianchi"_s)); // the paste can be undone
+        }
+    }
 }
 
 void TestInvoiceForms::creditorLists()

@@ -1,9 +1,7 @@
 #include "common/errors.h"
 #include "held_form.h"
-#include "invoice/contractor.h"
-#include "invoice/creditor_lists.h"
-#include "invoice/payment_load.h"
-#include "invoice/payment_save.h"
+#include "invoice/contractor_and_principals.h"
+#include "invoice/creditor_search.h"
 #include "store/mandate_note.h"
 #include "test_archive.h"
 
@@ -17,10 +15,10 @@ namespace {
 struct Form : HeldForm
 {
     using HeldForm::HeldForm;
-    Form(CreditorKind kind, const TestArchive &archive, qint32 number)
-        : HeldForm(kind)
+    Form(CreditorKind creditor, const TestArchive &archive, qint32 number)
+        : HeldForm(creditor)
     {
-        LoadPagamento(archive.values(), number, record, *amounts, grid);
+        load(archive.values(), number);
     }
 
     void addRow(const QString &code, const QString &description, const QString &amount)
@@ -40,8 +38,8 @@ struct Form : HeldForm
                         record.memo,      record.mandato, record.mandatoDell}
                 .join(u'|') +
             u'\n';
-        for (int position = 0; position < amounts->fieldCount(); ++position)
-            text += amounts->text(position) + u'|';
+        for (int position = 0; position < amounts->fields().size(); ++position)
+            text += texts.text(position) + u'|';
         for (int row = 1; row < grid.rows(); ++row)
             text += u'\n' + grid.text(row, 0) + u'|' + grid.text(row, 1) + u'|' + grid.text(row, 2);
         return text;
@@ -82,10 +80,10 @@ void TestPaymentLoadSave::failuresLeaveWhatWasWritten()
     TestArchive archive;
     ProgramValues values = archive.values();
     Form form(CreditorKind::Professional);
-    form.amounts->setText(ProfessionalAmounts::AliquotaIva, u"22.5"_s);
+    form.texts.setText(ProfessionalAmounts::AliquotaIva, u"22.5"_s);
     form.addRow(u"B1"_s, u"Scavi"_s, u"1.000,00"_s);
     form.addRow(u"L'8"_s, QString(60, u'ò'), QString());
-    const auto save = [&] { SavePagamento(values, 1, form.record, *form.amounts, form.grid); };
+    const auto save = [&] { form.save(values, 1); };
     form.record.creditore = QString(61, u'x');
     QCOMPARE(faultOf(save), DatabaseFault::FieldTooSmall);
     QCOMPARE(archive.ledgerRows(PaymentsSql), QString());
@@ -127,7 +125,7 @@ void TestPaymentLoadSave::rowsWithoutCodeAreNotDoubled()
     Form form(CreditorKind::Company, archive, 2);
     form.grid.setText(2, 2, u"6,00"_s);
     for (int pass = 0; pass < 2; ++pass)
-        SavePagamento(values, 2, form.record, *form.amounts, form.grid);
+        form.save(values, 2);
     QCOMPARE(archive.ledgerRows(AllocationsSql), u"2|B1|Scavi|10000\n2|-|-|60000"_s);
 }
 

@@ -8,8 +8,9 @@
 #include "common/number_text.h"
 #include "common/overview_column.h"
 #include "common/text_cut.h"
-#include "invoice/stored_allocations.h"
+#include "invoice/allocation_total.h"
 #include "store/cost_item_rules.h"
+#include "store/ledger.h"
 
 #include <utility>
 
@@ -47,7 +48,7 @@ bool AllocationBlock::CekCodCaricato(const QString &code) const
 {
     const QString wanted = code.trimmed();
     for (int row = 1; row < m_grid.rows(); ++row) {
-        if (m_grid.text(row, CodColumn).trimmed() == wanted)
+        if (m_grid.text(row, AllocationColumn::Cod).trimmed() == wanted)
             return false;
     }
     return true;
@@ -70,32 +71,35 @@ QStringList AllocationBlock::openPickList()
         ShowMessage(MessageKind::Information, u"Nessun elemento da inserire disponibile"_s);
     } else {
         m_grid.setRows(m_grid.rows() + 1);
-        setCurrent(m_grid.rows() - 1, CodColumn);
+        setCurrent(m_grid.rows() - 1, AllocationColumn::Cod);
     }
     return m_pickLines;
 }
 
-void AllocationBlock::pick(int line)
+bool AllocationBlock::pick(int line)
 {
     if (line < 0 || line >= m_pickLines.size())
         throw BoundsError(u"La riga scelta non è tra le voci di spesa offerte."_s);
-    m_grid.setText(m_grid.row(), CodColumn,
-                   LeftCharacters(m_pickLines[line], PickedCodeWidth).trimmed());
-    m_grid.setText(m_grid.row(), DescrizioneColumn, m_pickDescriptions[line]);
-    m_grid.setColumn(ImportoColumn);
+    const QString code = LeftCharacters(m_pickLines[line], PickedCodeWidth).trimmed();
+    if (code.isEmpty())
+        return false;
+    m_grid.setText(m_grid.row(), AllocationColumn::Cod, code);
+    m_grid.setText(m_grid.row(), AllocationColumn::Descrizione, m_pickDescriptions[line]);
+    m_grid.setColumn(AllocationColumn::Importo);
+    return true;
 }
 
 void AllocationBlock::leavePickList()
 {
-    setCurrent(m_grid.rows() - 1, CodColumn);
+    setCurrent(m_grid.rows() - 1, AllocationColumn::Cod);
     if (m_grid.currentText().isEmpty())
         m_grid.setRows(m_grid.rows() - 1);
-    m_grid.setColumn(ImportoColumn);
+    m_grid.setColumn(AllocationColumn::Importo);
 }
 
 bool AllocationBlock::isCurrentCellEditable() const
 {
-    return m_grid.column() == ImportoColumn && m_grid.row() > 0;
+    return m_grid.column() == AllocationColumn::Importo && m_grid.row() > 0;
 }
 
 void AllocationBlock::editorEntered()
@@ -127,7 +131,7 @@ void AllocationBlock::writeCurrentAmount(const QString &editorText)
 
 void AllocationBlock::deleteCurrentRow(const ProgramValues &values, qint32 paymentNumber)
 {
-    m_grid.setColumn(CodColumn);
+    m_grid.setColumn(AllocationColumn::Cod);
     if (m_grid.rows() <= 1 || m_grid.row() < 1)
         return;
     const QString code = m_grid.currentText();
@@ -146,7 +150,7 @@ void AllocationBlock::removeCurrentRow()
 {
     const TextTable::BulkChange change(m_grid);
     for (int row = m_grid.row() + 1; row < m_grid.rows(); ++row) {
-        for (int column = 0; column < ColumnCount; ++column)
+        for (int column = 0; column < AllocationColumn::Count; ++column)
             m_grid.setText(row - 1, column, m_grid.text(row, column));
     }
     m_grid.setRows(m_grid.rows() - 1);
@@ -154,24 +158,8 @@ void AllocationBlock::removeCurrentRow()
 
 void AllocationBlock::RecalcAllocationTotal()
 {
-    Currency total;
-    for (int row = 1; row < m_grid.rows(); ++row) {
-        try {
-            total += ImportoDaTesto(m_grid.text(row, ImportoColumn));
-        } catch (SaldoroError &error) {
-            error.addDetail(u"Voce"_s, m_grid.text(row, CodColumn));
-            error.addDetail(u"Riga"_s, QString::number(row));
-            throw;
-        }
-    }
-    m_totalText = FormatImporto(total);
-    m_grid.setColumn(ImportoColumn);
-}
-
-bool AllocationBlock::confirmTotal(const QString &invoiceTotalText) const
-{
-    return m_totalText == invoiceTotalText ||
-           ChiediConferma(u"Gli importi non coincidono continuare ? "_s);
+    m_totalText = AllocationTotal(m_grid);
+    m_grid.setColumn(AllocationColumn::Importo);
 }
 
 void AllocationBlock::setCurrent(int row, int column)

@@ -7,6 +7,14 @@
 
 namespace saldoro {
 
+/** Columns of the grid. */
+namespace AllocationColumn {
+inline constexpr int Cod = 0;
+inline constexpr int Descrizione = 1;
+inline constexpr int Importo = 2;
+inline constexpr int Count = 3;
+} // namespace AllocationColumn
+
 /**
  * The allocation of one payment over cost items: the grid of code, description and amount, the
  * pick list of items, the in-place editor's value and the total. Works on the grid's own table
@@ -17,14 +25,6 @@ namespace saldoro {
 class AllocationBlock
 {
 public:
-    enum Column
-    {
-        CodColumn,
-        DescrizioneColumn,
-        ImportoColumn,
-        ColumnCount
-    };
-
     AllocationBlock(const TextTable &overview, TextTable &grid);
 
     /** Three columns and the header row alone. */
@@ -41,8 +41,9 @@ public:
      */
     QStringList openPickList();
     /** Puts the item of that line into the current row and makes its amount current, for the
-     *  editor to open on. Throws BoundsError for a line that was not offered. */
-    void pick(int line);
+     *  editor to open on. False, with nothing done, for an item without a code: the list is then
+     *  left as without a choice. Throws BoundsError for a line that was not offered. */
+    bool pick(int line);
     /** The pick list is left: an empty last row goes, the last row's amount becomes current.
      *  Harmless after pick(). */
     void leavePickList();
@@ -69,10 +70,6 @@ public:
     void RecalcAllocationTotal();
     /** The sum in display form, as last computed. */
     const QString &totalText() const { return m_totalText; }
-
-    /** True when the payment may be saved: the total's text equals @p invoiceTotalText, or the
-     *  user wants to go on all the same. */
-    bool confirmTotal(const QString &invoiceTotalText) const;
 
 private:
     void setCurrent(int row, int column);

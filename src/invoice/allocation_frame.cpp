@@ -1,5 +1,6 @@
 #include "invoice/allocation_frame.h"
 
+#include "common/amount_text.h"
 #include "controls/buttons.h"
 #include "controls/flex_grid.h"
 #include "controls/held_key.h"
@@ -8,10 +9,10 @@
 #include "invoice/popup_list.h"
 
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScrollBar>
 
 namespace saldoro {
 
@@ -32,7 +33,7 @@ AllocationFrame::AllocationFrame(const QString &caption, const Sources &sources,
     , m_values(sources.values)
     , m_fields(fields)
     , m_grid(new FlexGrid(FlexGrid::Selection::Cell, this))
-    , m_editor(new QLineEdit(this))
+    , m_editor(new QLineEdit(m_grid->viewport()))
     , m_list(new PopupList(form))
     , m_invoiceTotal(new QLabel(this))
     , m_total(new QLineEdit(this))
@@ -75,15 +76,20 @@ void AllocationFrame::showInvoiceTotal(const QString &text)
     m_invoiceTotal->setText(text);
 }
 
-bool AllocationFrame::confirmTotal(const QString &invoiceTotal) const
-{
-    return m_block.confirmTotal(invoiceTotal);
-}
-
-// The key that picked the item may still be held down; it must not confirm an empty amount.
 bool AllocationFrame::eventFilter(QObject *watched, QEvent *event)
 {
-    return watched == m_editor && IsRepeatedEnter(*event);
+    if (watched != m_editor || event->type() != QEvent::KeyPress)
+        return false;
+    // The key that picked the item may still be held down; it must not confirm an empty amount.
+    if (IsRepeatedEnter(*event))
+        return true;
+    m_grid->scrollTo(m_grid->currentIndex());
+    if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
+        giveAmountBack();
+    else
+        m_editor->event(event);
+    event->accept(); // the grid around the editor has no part in it
+    return true;
 }
 
 void AllocationFrame::resizeEvent(QResizeEvent *event)
@@ -98,24 +104,22 @@ void AllocationFrame::addGrid()
     Describe(*m_grid, u"MSFlexGrid1"_s, u"Conti di Spesa"_s,
              u"Voci di spesa su cui è ripartito il pagamento; Invio o doppio clic "
              u"sull'importo per modificarlo"_s);
-    m_grid->setLeastWidth(AllocationBlock::CodColumn, codTwips);
-    m_grid->setLeastWidth(AllocationBlock::ImportoColumn, importoTwips);
-    m_grid->setRestColumn(AllocationBlock::DescrizioneColumn);
-    m_grid->table().setRightAligned({AllocationBlock::ImportoColumn});
+    m_grid->setLeastWidth(AllocationColumn::Cod, codTwips);
+    m_grid->setLeastWidth(AllocationColumn::Importo, importoTwips);
+    m_grid->setRestColumn(AllocationColumn::Descrizione);
+    m_grid->table().setRightAligned({AllocationColumn::Importo});
     m_grid->setMinimumSize(leastVisibleCharacters * fontMetrics().averageCharWidth(),
                            leastVisibleRows * 2 * fontMetrics().height());
     connect(m_grid, &FlexGrid::cellActivated, this, [this] {
         if (m_fields.focus().moveTo(*m_grid) && m_block.isCurrentCellEditable())
             openEditor();
     });
-    for (const QScrollBar *bar : {m_grid->verticalScrollBar(), m_grid->horizontalScrollBar()})
-        connect(bar, &QScrollBar::valueChanged, this, &AllocationFrame::placeEditor);
 }
 
 void AllocationFrame::addEditor()
 {
     Describe(*m_editor, u"edtTxt"_s, u"Importo"_s,
-             u"Importo della voce di spesa, con il punto per i decimali"_s);
+             u"Importo della voce di spesa, con il punto per i decimali; Esc lo lascia com'era"_s);
     m_editor->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_editor->setFrame(false);
     m_editor->hide();
@@ -189,7 +193,10 @@ void AllocationFrame::insertItem()
 
 void AllocationFrame::itemPicked(int line)
 {
-    m_block.pick(line);
+    if (!m_block.pick(line)) {
+        m_fields.focus().moveTo(*m_grid);
+        return;
+    }
     // The list closes with a choice, which is not the same as being left.
     m_fields.focus().forget();
     openEditor();
@@ -220,8 +227,14 @@ void AllocationFrame::openEditor()
 
 void AllocationFrame::placeEditor()
 {
-    const QRect cell = m_grid->currentCellRect();
-    m_editor->setGeometry(QRect(m_grid->mapTo(this, cell.topLeft()), cell.size()));
+    m_editor->setGeometry(m_grid->visualRect(m_grid->currentIndex()));
+}
+
+void AllocationFrame::giveAmountBack()
+{
+    QString amount = m_grid->table().currentText();
+    m_editor->setText(PuntoDecimale(amount));
+    m_fields.focus().moveTo(*m_grid);
 }
 
 void AllocationFrame::editorConfirmed()

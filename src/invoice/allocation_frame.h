@@ -41,8 +41,8 @@ public:
     void recalculate();
     /** Repeats the invoice's total beside that of the allocations. */
     void showInvoiceTotal(const QString &text);
-    /** Whether the total equals the invoice's, or the user saves all the same. */
-    bool confirmTotal(const QString &invoiceTotal) const;
+    /** The sum in display form, as last shown. */
+    const QString &totalText() const { return m_block.totalText(); }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -62,6 +62,7 @@ private:
 
     void openEditor();
     void placeEditor();
+    void giveAmountBack();
     void editorConfirmed();
     void editorLeft();
     void showTotal();

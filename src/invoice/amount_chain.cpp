@@ -11,64 +11,45 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-AmountChain::AmountChain(QList<AmountField> fields)
+AmountChain::AmountChain(QList<AmountField> fields, AmountTexts &texts)
     : m_fields(std::move(fields))
-    , m_texts(m_fields.size())
+    , m_texts(texts)
 {
-}
-
-void AmountChain::throwNoSuchField()
-{
-    throw BoundsError(u"Campo di importo inesistente."_s);
-}
-
-void AmountChain::check(int position) const
-{
-    if (position < 0 || position >= m_fields.size())
-        throwNoSuchField();
-}
-
-const AmountField &AmountChain::field(int position) const
-{
-    check(position);
-    return m_fields[position];
-}
-
-int AmountChain::position(const QString &objectName) const
-{
-    for (int position = 0; position < m_fields.size(); ++position) {
-        if (m_fields[position].objectName == objectName)
-            return position;
-    }
-    throwNoSuchField();
-}
-
-QString AmountChain::text(int position) const
-{
-    check(position);
-    return m_texts[position];
-}
-
-void AmountChain::setText(int position, const QString &text)
-{
-    check(position);
-    m_texts[position] = text;
 }
 
 void AmountChain::entered(int position)
 {
-    check(position);
-    PuntoDecimale(m_texts[position]);
+    QString plain = text(position);
+    m_texts.setText(position, PuntoDecimale(plain));
 }
 
-void AmountChain::showStored(int position, std::optional<Currency> value)
+void AmountChain::showStored(const QList<std::optional<Currency>> &stored)
 {
-    if (!value)
-        setText(position, QString());
-    else if (field(position).role == AmountRole::Rate)
-        setText(position, RateText(value->toDouble()));
-    else
-        show(position, *value);
+    QList<Currency> values;
+    for (int position = 0; position < m_fields.size(); ++position) {
+        const std::optional<Currency> value = stored[position];
+        values.append(value.value_or(Currency()));
+        if (!value)
+            m_texts.setText(position, {});
+        else if (m_fields[position].role == AmountRole::Rate)
+            m_texts.setText(position, RateText(value->toDouble()));
+        else
+            show(position, *value);
+    }
+    showComputed(values);
+}
+
+Currency AmountChain::storedValue(int position) const
+{
+    return m_fields[position].role == AmountRole::Rate
+               ? Currency::fromDouble(LeadingNumber(text(position)))
+               : amount(position);
+}
+
+void AmountChain::clear()
+{
+    for (int position = 0; position < m_fields.size(); ++position)
+        m_texts.setText(position, {});
 }
 
 Currency AmountChain::amount(int position) const
@@ -79,7 +60,7 @@ Currency AmountChain::amount(int position) const
 
 void AmountChain::show(int position, Currency value)
 {
-    setText(position, FormatImporto(value));
+    m_texts.setText(position, FormatImporto(value));
 }
 
 void AmountChain::showTyped(int position)
@@ -98,7 +79,7 @@ double AmountChain::rate(int position) const
 
 void AmountChain::showRate(int position)
 {
-    setText(position, RateText(rate(position)));
+    m_texts.setText(position, RateText(rate(position)));
 }
 
 Currency AmountChain::share(int basePosition, int ratePosition) const

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "common/creditor_kind.h"
 #include "common/currency.h"
 
 #include <QList>
@@ -18,30 +17,45 @@ enum class AmountRole
     Derived ///< an amount that leaving some field may write
 };
 
-/** One amount field of an invoice form. */
-struct AmountField
+/** How the keyboard gets to an amount. */
+enum class Reach
 {
-    /** Object name of its widget, e.g. "Text4_0". */
-    QString objectName;
-    AmountRole role = AmountRole::Typed;
+    InTurn,   ///< by Enter and Tab
+    OnRequest ///< by its mnemonic or a click alone: a computed amount that stays in plain form when
+              ///< it is left, and would then be misread, must not be passed through unawares
 };
 
-/** A ledger column of a payment and the field that shows it. */
-struct StoredAmount
+/** All that there is to know of one amount field of an invoice form. */
+struct AmountField
 {
-    QString column;
-    int field = 0;
+    QString objectName; ///< of its box, e.g. "Text4_0"
+    AmountRole role = AmountRole::Typed;
+    QString column;  ///< of the ledger; empty for a value that is not stored
+    QString caption; ///< with its mnemonic; empty behind a rate, whose line and caption it shares
+    QString hint;
+    Reach reach = Reach::InTurn;
+};
+
+/** Where the texts of the amount fields are: the boxes of a form. Fields go by their position. */
+class AmountTexts
+{
+public:
+    AmountTexts() = default;
+    AmountTexts(const AmountTexts &) = delete;
+    AmountTexts &operator=(const AmountTexts &) = delete;
+    virtual ~AmountTexts() = default;
+
+    virtual QString text(int position) const = 0;
+    virtual void setText(int position, const QString &text) = 0;
 };
 
 /**
- * The amount fields of one invoice form as texts, and what entering and leaving a field does to
- * them. The texts are the whole state: a form hands over what its widgets show (setText), tells
- * entered() and left(), and shows text() of every field again.
+ * The amount fields of one invoice form and what entering and leaving a field does to their texts,
+ * which are the whole state.
  *
  * A field is in plain form ("1234.56") while it has the focus and, as a rule, in display form
- * ("1.234,56") otherwise. Fields are addressed by position, 0 to fieldCount() - 1, in reading
- * order; positions out of range throw BoundsError. A result beyond the currency range throws
- * OverflowError.
+ * ("1.234,56") otherwise. Fields are addressed by position, in reading order. A result beyond the
+ * currency range throws OverflowError.
  */
 class AmountChain
 {
@@ -50,55 +64,48 @@ public:
     AmountChain(const AmountChain &) = delete;
     AmountChain &operator=(const AmountChain &) = delete;
 
-    int fieldCount() const { return static_cast<int>(m_fields.size()); }
-    const AmountField &field(int position) const;
-    /** Position of the field of that object name; throws BoundsError when there is none. */
-    int position(const QString &objectName) const;
-
-    QString text(int position) const;
-    void setText(int position, const QString &text);
+    const QList<AmountField> &fields() const { return m_fields; }
 
     /** The field got the focus: its text is turned into plain form. The form then selects it. */
     void entered(int position);
     /** The field lost the focus: whatever follows from that is written into the texts. */
     virtual void left(int position) = 0;
 
-    /** Which payments these fields describe. */
-    virtual CreditorKind kind() const = 0;
     /** Position of "Totale Fattura", which the allocations are compared with. */
     virtual int totalField() const = 0;
-    /** The ledger columns behind the fields, in the order in which a save writes them. */
-    virtual const QList<StoredAmount> &storedAmounts() const = 0;
 
-    /** Shows a stored value in its field: a rate as plain text, an amount in display form, an
-     *  absent value as the empty text. */
-    void showStored(int position, std::optional<Currency> value);
-    /** Fills the fields that are not stored. @p stored holds the ledger's value for each position,
-     *  0 for absent values and fields without a column; showStored() has been called before. */
-    virtual void fillDerived(const QList<Currency> &stored) = 0;
+    /** Shows a payment of the ledger; @p stored has a value for each field, none for a null and
+     *  for a field without a column. A rate shows as plain text, an amount in display form and a
+     *  null as the empty text, which counts as 0 in what is computed. */
+    void showStored(const QList<std::optional<Currency>> &stored);
+    /** What the field's column gets. */
+    Currency storedValue(int position) const;
+    /** Empties all fields, for a new payment. */
+    void clear();
 
 protected:
-    explicit AmountChain(QList<AmountField> fields);
+    AmountChain(QList<AmountField> fields, AmountTexts &texts);
 
-    /** Throws BoundsError. */
-    [[noreturn]] static void throwNoSuchField();
+    /** Fills the fields without a column from the values of the others. */
+    virtual void showComputed(const QList<Currency> &stored) = 0;
+
+    QString text(int position) const { return m_texts.text(position); }
     /** The value of a field's text taken as Italian notation; the text stays as it is. */
     Currency amount(int position) const;
     void show(int position, Currency value);
     /** Takes the field's text as plain form and shows it in display form. */
     void showTyped(int position);
-    /** The percentage that a field's text begins with; throws OverflowError when infinite. */
-    double rate(int position) const;
     /** Rewrites a rate field as the plain number that was understood. */
     void showRate(int position);
-    /** Base amount times rate over 100, multiplied and divided as floating point. */
+    /** Base amount times rate over 100, multiplied and divided as floating point. Throws
+     *  OverflowError also for an infinite rate. */
     Currency share(int basePosition, int ratePosition) const;
 
 private:
-    void check(int position) const;
+    double rate(int position) const;
 
     QList<AmountField> m_fields;
-    QList<QString> m_texts;
+    AmountTexts &m_texts;
 };
 
 } // namespace saldoro

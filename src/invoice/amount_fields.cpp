@@ -1,6 +1,8 @@
 #include "invoice/amount_fields.h"
 
+#include "invoice/company_amounts.h"
 #include "invoice/form_fields.h"
+#include "invoice/professional_amounts.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -30,13 +32,11 @@ QColor mixed(const QColor &base, const QColor &tint)
                             mix(base.blueF(), tint.blueF()));
 }
 
-/** What is read aloud for a box: a caption that stands for two boxes names one at a time. */
-QString spokenName(const AmountRow &row, LayoutColumn place)
+std::unique_ptr<AmountChain> makeChain(CreditorKind kind, AmountTexts &texts)
 {
-    QString name = QString(row.caption).remove(u'&');
-    if (!row.rateName.isEmpty())
-        name.replace(u"Aliquota e importo"_s, place == RatePlace ? u"Aliquota"_s : u"Importo"_s);
-    return name;
+    if (kind == CreditorKind::Company)
+        return std::make_unique<CompanyAmounts>(texts);
+    return std::make_unique<ProfessionalAmounts>(texts);
 }
 
 } // namespace
@@ -47,35 +47,33 @@ int BoxWidth(const QWidget &box, QStringView widest)
     return box.fontMetrics().horizontalAdvance(widest.toString()) + frame;
 }
 
-AmountFields::AmountFields(AmountChain &chain, const QList<AmountRow> &rows, FormFields &fields,
-                           QWidget *parent)
+AmountFields::AmountFields(CreditorKind kind, FormFields &fields, QWidget *parent)
     : QGroupBox(parent)
-    , m_chain(chain)
-    , m_boxes(chain.fieldCount(), nullptr)
+    , m_chain(makeChain(kind, *this))
+    , m_boxes(m_chain->fields().size(), nullptr)
 {
     setObjectName(u"Frame1"_s);
     setTitle({});
     setAccessibleName(u"Importi"_s);
     auto *grid = new QGridLayout(this);
-    for (const AmountRow &row : rows)
-        addRow(*grid, row, fields);
+    for (int position = 0; position < m_boxes.size(); ++position) {
+        if (!m_boxes.at(position))
+            addLine(*grid, position, fields);
+    }
     grid->setColumnStretch(CaptionPlace, 1);
     grid->setRowStretch(grid->rowCount(), 1);
     tintDerived();
 }
 
-void AmountFields::readAll()
+QString AmountFields::text(int position) const
 {
-    for (int i = 0; i < m_boxes.size(); ++i)
-        m_chain.setText(i, m_boxes.at(i)->text());
+    return m_boxes.at(position)->text();
 }
 
-void AmountFields::showAll()
+void AmountFields::setText(int position, const QString &text)
 {
-    for (int i = 0; i < m_boxes.size(); ++i) {
-        if (m_boxes.at(i)->text() != m_chain.text(i))
-            m_boxes.at(i)->setText(m_chain.text(i));
-    }
+    if (m_boxes.at(position)->text() != text) // the cursor stays where nothing changes
+        m_boxes.at(position)->setText(text);
 }
 
 void AmountFields::changeEvent(QEvent *event)
@@ -85,59 +83,50 @@ void AmountFields::changeEvent(QEvent *event)
         tintDerived();
 }
 
-QLineEdit *AmountFields::addBox(const QString &objectName, const QString &name, const QString &hint,
-                                FormFields &fields)
+QLineEdit *AmountFields::addBox(int position, const QString &spokenName, FormFields &fields)
 {
-    const int position = m_chain.position(objectName);
+    const AmountField &field = m_chain->fields().at(position);
     auto *box = new QLineEdit(this);
-    Describe(*box, objectName, name, hint);
+    Describe(*box, field.objectName, spokenName, field.hint);
     box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    if (field.reach == Reach::OnRequest)
+        box->setFocusPolicy(Qt::ClickFocus);
     fields.addLine(
-        *box, [this, position] { entered(position); },
+        *box, [this, position] { m_chain->entered(position); },
         [this, position] {
-            left(position);
+            m_chain->left(position);
             return Leaving::Allowed;
         });
     m_boxes[position] = box;
     return box;
 }
 
-void AmountFields::addRow(QGridLayout &grid, const AmountRow &row, FormFields &fields)
+void AmountFields::addLine(QGridLayout &grid, int position, FormFields &fields)
 {
     const int line = grid.rowCount();
-    QLineEdit *rate = nullptr;
-    if (!row.rateName.isEmpty()) {
-        rate = addBox(row.rateName, spokenName(row, RatePlace), row.hint, fields);
-        rate->setFixedWidth(BoxWidth(*rate, u"99.99"));
-        grid.addWidget(rate, line, RatePlace);
+    const QString caption = m_chain->fields().at(position).caption;
+    QString spokenName = QString(caption).remove(u'&');
+    QLineEdit *first = nullptr;
+    if (position + 1 < m_boxes.size() && m_chain->fields().at(position + 1).caption.isEmpty()) {
+        // Two boxes under one caption: it is read aloud for one at a time.
+        const QString both = u"Aliquota e importo"_s;
+        first = addBox(position, QString(spokenName).replace(both, u"Aliquota"_s), fields);
+        first->setFixedWidth(BoxWidth(*first, u"99.99"));
+        grid.addWidget(first, line, RatePlace);
+        spokenName.replace(both, u"Importo"_s);
+        ++position;
     }
-    QLineEdit *amount = addBox(row.amountName, spokenName(row, AmountPlace), row.hint, fields);
+    QLineEdit *amount = addBox(position, spokenName, fields);
     amount->setMinimumWidth(BoxWidth(*amount, WidestAmount));
-    if (row.reach == Reach::OnRequest)
-        amount->setFocusPolicy(Qt::ClickFocus);
     grid.addWidget(amount, line, AmountPlace);
-    grid.addWidget(LabelFor(rate ? *rate : *amount, row.caption), line, CaptionPlace);
-}
-
-void AmountFields::entered(int position)
-{
-    readAll();
-    m_chain.entered(position);
-    showAll();
-}
-
-void AmountFields::left(int position)
-{
-    readAll();
-    m_chain.left(position);
-    showAll();
+    grid.addWidget(LabelFor(first ? *first : *amount, caption), line, CaptionPlace);
 }
 
 // Still an entry box, but one whose content usually comes by itself.
 void AmountFields::tintDerived()
 {
     for (int i = 0; i < m_boxes.size(); ++i) {
-        if (!m_boxes.at(i) || m_chain.field(i).role != AmountRole::Derived)
+        if (!m_boxes.at(i) || m_chain->fields().at(i).role != AmountRole::Derived)
             continue;
         QPalette tinted = palette();
         tinted.setColor(QPalette::Base,

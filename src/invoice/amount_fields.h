@@ -1,8 +1,11 @@
 #pragma once
 
+#include "common/creditor_kind.h"
 #include "invoice/amount_chain.h"
 
 #include <QGroupBox>
+
+#include <memory>
 
 class QGridLayout;
 class QLineEdit;
@@ -17,58 +20,32 @@ inline constexpr QStringView WidestAmount = u"999.999.999,99";
 /** Least width in pixels of a box that shows @p widest. */
 int BoxWidth(const QWidget &box, QStringView widest);
 
-/** How the keyboard gets to an amount. */
-enum class Reach
-{
-    InTurn,   ///< by Enter and Tab
-    OnRequest ///< by its mnemonic or a click alone: a computed amount that stays in plain form when
-              ///< it is left, and would then be misread, must not be passed through unawares
-};
-
-/** One line of the block of amounts. */
-struct AmountRow
-{
-    QString caption;
-    /** Object name of a rate to the left of the amount; empty for none. */
-    QString rateName;
-    /** Object name of the amount. */
-    QString amountName;
-    QString hint;
-    Reach reach = Reach::InTurn;
-};
-
 /**
  * The block of amount fields of an invoice form: one column of right-aligned boxes beside their
  * labels, those that the form computes being tinted. What the boxes read is the state; the chain
  * says what entering and leaving one does to the others.
  */
-class AmountFields : public QGroupBox
+class AmountFields : public QGroupBox, public AmountTexts
 {
 public:
-    /** @p chain and @p fields must outlive the block; the rows name all fields of the chain, in its
-     *  order. */
-    AmountFields(AmountChain &chain, const QList<AmountRow> &rows, FormFields &fields,
-                 QWidget *parent);
+    /** @p fields must outlive the block. */
+    AmountFields(CreditorKind kind, FormFields &fields, QWidget *parent);
 
-    /** Hands what the boxes read to the chain. */
-    void readAll();
-    /** Shows the chain's texts in the boxes. */
-    void showAll();
+    AmountChain &chain() { return *m_chain; }
+    QLineEdit &totalBox() const { return *m_boxes.at(m_chain->totalField()); }
 
-    QLineEdit &box(int position) const { return *m_boxes.at(position); }
+    QString text(int position) const override;
+    void setText(int position, const QString &text) override;
 
 protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    QLineEdit *addBox(const QString &objectName, const QString &name, const QString &hint,
-                      FormFields &fields);
-    void addRow(QGridLayout &grid, const AmountRow &row, FormFields &fields);
-    void entered(int position);
-    void left(int position);
+    QLineEdit *addBox(int position, const QString &spokenName, FormFields &fields);
+    void addLine(QGridLayout &grid, int position, FormFields &fields);
     void tintDerived();
 
-    AmountChain &m_chain;
+    std::unique_ptr<AmountChain> m_chain;
     QList<QLineEdit *> m_boxes;
 };
 

@@ -3,32 +3,37 @@
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
+using enum AmountRole;
 
-CompanyAmounts::CompanyAmounts()
-    : AmountChain({{u"Text2_0"_s, AmountRole::Typed},
-                   {u"Text2_1"_s, AmountRole::Rate},
-                   {u"Text2_2"_s, AmountRole::Derived},
-                   {u"Text2_3"_s, AmountRole::Derived}})
+CompanyAmounts::CompanyAmounts(AmountTexts &texts)
+    : AmountChain(
+          {{u"Text2_0"_s, Typed, u"Importo"_s, u"Im&porto"_s,
+            u"Imponibile, con il punto per i decimali"_s},
+           {u"Text2_1"_s, Rate, u"Aliquota"_s, u"Ali&quota IVA"_s,
+            u"In percento; lasciandola si ricalcola l'IVA"_s},
+           {u"Text2_2"_s, Derived, u"ImportoIVA"_s, u"Importo I&VA"_s,
+            u"Si calcola dall'aliquota e si può correggere"_s},
+           {u"Text2_3"_s, Derived, {}, u"Totale Fatt&ura"_s, u"Importo e IVA"_s, Reach::OnRequest}},
+          texts)
 {
 }
 
 void CompanyAmounts::left(int position)
 {
-    switch (static_cast<Position>(position)) {
+    switch (position) {
     case Importo:
     case ImportoIva:
         showTyped(position);
         showTotal();
-        return;
+        break;
     case AliquotaIva:
         show(ImportoIva, share(Importo, AliquotaIva));
         showTotal();
         showRate(AliquotaIva);
-        return;
-    case TotaleFattura:
-        return; // stays as it was typed, plain form included
+        break;
+    default: // the total stays as it was typed, plain form included
+        break;
     }
-    throwNoSuchField();
 }
 
 void CompanyAmounts::showTotal()
@@ -36,14 +41,7 @@ void CompanyAmounts::showTotal()
     show(TotaleFattura, amount(Importo) + amount(ImportoIva));
 }
 
-const QList<StoredAmount> &CompanyAmounts::storedAmounts() const
-{
-    static const QList<StoredAmount> columns{
-        {u"Aliquota"_s, AliquotaIva}, {u"Importo"_s, Importo}, {u"ImportoIVA"_s, ImportoIva}};
-    return columns;
-}
-
-void CompanyAmounts::fillDerived(const QList<Currency> &stored)
+void CompanyAmounts::showComputed(const QList<Currency> &stored)
 {
     show(TotaleFattura, stored[Importo] + stored[ImportoIva]);
 }

@@ -11,7 +11,7 @@ namespace saldoro {
 class CompanyAmounts : public AmountChain
 {
 public:
-    /** Positions of the fields; the object names are Text2_0 to Text2_3. */
+    /** Positions of the fields. */
     enum Position
     {
         Importo,
@@ -20,13 +20,13 @@ public:
         TotaleFattura
     };
 
-    CompanyAmounts();
+    explicit CompanyAmounts(AmountTexts &texts);
 
     void left(int position) override;
-    CreditorKind kind() const override { return CreditorKind::Company; }
     int totalField() const override { return TotaleFattura; }
-    const QList<StoredAmount> &storedAmounts() const override;
-    void fillDerived(const QList<Currency> &stored) override;
+
+protected:
+    void showComputed(const QList<Currency> &stored) override;
 
 private:
     void showTotal();

@@ -18,11 +18,11 @@ using namespace Qt::StringLiterals;
 CreditorFields::CreditorFields(const QString &dateBoxName, FormFields &fields, QWidget *form)
     : QWidget(form)
     , m_fields(fields)
-    , m_creditor(new EntryField(LedgerSize::Creditore, this))
+    , m_creditor(new EntryField(this, LedgerSize::Creditore))
     , m_searches(new QHBoxLayout)
-    , m_number(new EntryField(LedgerSize::NFat, this))
+    , m_number(new EntryField(this, LedgerSize::NFat))
     , m_date(new DateBox(this))
-    , m_description(new EntryField(LedgerSize::Descrizione, this))
+    , m_description(new EntryField(this, LedgerSize::Descrizione))
     , m_list(new PopupList(form))
 {
     auto *grid = new QGridLayout(this);

@@ -3,18 +3,30 @@
 #include "common/text_cut.h"
 
 #include <QEvent>
+#include <QRegularExpression>
 #include <QValidator>
 
-#include <algorithm>
 #include <utility>
 
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-/** Has the line take back an edit that makes it too long. The line's own limit counts units of the
- *  encoding, of which some characters take two, and cannot change without the loss of what there
- *  is to undo. */
+namespace {
+
+/** What a field of one line makes of a text from elsewhere. */
+QString cleaned(QString text)
+{
+    static const QRegularExpression atTheEnds(u"^[\\t\\v]+|[\\t\\v]+\\z"_s);
+    static const QRegularExpression inside(u"[\\t\\v]+"_s); // \v: whatever ends a line
+    return text.remove(atTheEnds).replace(inside, u" "_s);
+}
+
+} // namespace
+
+/** Has the line take back an edit that it can't hold. Its own limit counts units of the encoding,
+ *  of which some characters take two, and changing the text afterwards would lose what there is to
+ *  undo. */
 class EntryField::Limit : public QValidator
 {
 public:
@@ -33,19 +45,16 @@ private:
     EntryField &m_field;
 };
 
-EntryField::EntryField(int mostCharacters, QWidget *parent)
+EntryField::EntryField(QWidget *parent, int mostCharacters)
     : QLineEdit(parent)
     , m_mostCharacters(mostCharacters)
 {
     setValidator(new Limit(*this));
-    connect(this, &QLineEdit::textChanged, this, &EntryField::followText);
 }
 
 void EntryField::showText(const QString &text)
 {
-    setMaxLength(std::max(maxLength(), static_cast<int>(text.size())));
-    m_characters = CharacterCount(text); // or the line would take it for an edit
-    setText(text);
+    setText(LeftCharacters(cleaned(text), m_mostCharacters));
     setCursorPosition(0);
 }
 
@@ -58,7 +67,7 @@ bool EntryField::event(QEvent *event)
     case QEvent::InputMethod:
     case QEvent::MouseButtonRelease:
     case QEvent::Drop:
-        insertWhatFits();
+        insertRefused();
         break;
     default:
         break;
@@ -66,73 +75,32 @@ bool EntryField::event(QEvent *event)
     return isHandled;
 }
 
-void EntryField::changeEvent(QEvent *event)
-{
-    QLineEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        showColor();
-}
-
-qsizetype EntryField::allowedCharacters() const
-{
-    return std::max<qsizetype>(m_mostCharacters, m_characters);
-}
-
 bool EntryField::accepts(const QString &text, int cursor)
 {
     if (!text.isValidUtf16())
         return false;
-    // An undone edit can be made again, a new one cannot: undoing leads back to any text.
-    if (CharacterCount(text) <= allowedCharacters() || isRedoAvailable())
+    if (CharacterCount(text) <= m_mostCharacters && cleaned(text) == text)
         return true;
     m_refused = text;
     m_refusedCursor = cursor;
     // The menu of the line does its work outside the line's own events.
-    QMetaObject::invokeMethod(this, &EntryField::insertWhatFits, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &EntryField::insertRefused, Qt::QueuedConnection);
     return false;
 }
 
 // The edit has been taken back, so what it replaced is selected again.
-void EntryField::insertWhatFits()
+void EntryField::insertRefused()
 {
     if (m_refused.isNull())
         return;
     const QString refused = std::exchange(m_refused, {});
     const int start = hasSelectedText() ? selectionStart() : cursorPosition();
-    const qsizetype room = allowedCharacters() - m_characters + CharacterCount(selectedText());
-    const QString fitting = LeftCharacters(refused.mid(start, m_refusedCursor - start), room);
+    const qsizetype room =
+        m_mostCharacters - CharacterCount(text()) + CharacterCount(selectedText());
+    const QString fitting =
+        LeftCharacters(cleaned(refused.mid(start, m_refusedCursor - start)), room);
     if (!fitting.isEmpty())
         insert(fitting);
-}
-
-void EntryField::followText(const QString &text)
-{
-    m_characters = CharacterCount(text);
-    if (m_characters > m_mostCharacters) {
-        if (!m_hint)
-            m_hint = toolTip();
-        say(u"Il testo ha %1 caratteri: nel registro ce ne stanno %2."_s.arg(m_characters)
-                .arg(m_mostCharacters));
-    } else if (m_hint) {
-        say(*std::exchange(m_hint, std::nullopt));
-    }
-    showColor();
-}
-
-void EntryField::say(const QString &hint)
-{
-    setToolTip(hint);
-    setAccessibleDescription(hint);
-}
-
-void EntryField::showColor()
-{
-    QPalette own; // what is not set in it stays as the theme has it
-    if (m_hint) {
-        const bool isDark = palette().color(QPalette::Base).lightnessF() < 0.5F;
-        own.setColor(QPalette::Text, isDark ? QColor(0xff, 0x8a, 0x80) : QColor(0xb3, 0x1b, 0x1b));
-    }
-    setPalette(own);
 }
 
 } // namespace saldoro

@@ -1,8 +1,7 @@
 #include "invoice/frm_aziende.h"
 
-#include "invoice/company_amounts.h"
 #include "invoice/creditor_fields.h"
-#include "invoice/creditor_lists.h"
+#include "invoice/creditor_search.h"
 
 #include <QPushButton>
 
@@ -14,24 +13,18 @@ namespace {
 
 InvoiceFormLook companyLook()
 {
-    const QList<AmountRow> rows = {
-        {u"Im&porto"_s, {}, u"Text2_0"_s, u"Imponibile, con il punto per i decimali"_s},
-        {u"Ali&quota IVA"_s, {}, u"Text2_1"_s, u"In percento; lasciandola si ricalcola l'IVA"_s},
-        {u"Importo I&VA"_s, {}, u"Text2_2"_s, u"Si calcola dall'aliquota e si può correggere"_s},
-        {u"Totale Fatt&ura"_s, {}, u"Text2_3"_s, u"Importo e IVA"_s, Reach::OnRequest},
-    };
-    return {u"Aziende"_s,
+    return {CreditorKind::Company,
+            u"Aziende"_s,
             u"MaskEdBox1_0"_s,
             u" Conti di Spesa "_s,
             u"Elenca le imprese partecipanti il cui nome inizia come il creditore scritto"_s,
-            NotesPlace::BelowAmounts,
-            rows};
+            NotesPlace::BelowAmounts};
 }
 
 } // namespace
 
 FrmAziende::FrmAziende(ProgramValues &values, const TextTable &overview)
-    : InvoiceForm(values, overview, std::make_unique<CompanyAmounts>(), companyLook())
+    : InvoiceForm(values, overview, companyLook())
     , m_principals(creditorFields().addSearch(
           u"Command6"_s, u"&Mandanti"_s, u"Elenca le mandanti dell'associazione di imprese"_s,
           [this] { return Principals(this->values(), m_contractor.IdImpresa); }))

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "invoice/contractor.h"
+#include "invoice/contractor_and_principals.h"
 #include "invoice/invoice_form.h"
 
 namespace saldoro {

@@ -4,10 +4,9 @@
 #include "common/form_helpers.h"
 #include "common/number_text.h"
 #include "invoice/allocation_frame.h"
+#include "invoice/allocation_total.h"
 #include "invoice/creditor_fields.h"
 #include "invoice/note_fields.h"
-#include "invoice/payment_load.h"
-#include "invoice/payment_save.h"
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -24,16 +23,16 @@ namespace saldoro {
 using namespace Qt::StringLiterals;
 
 InvoiceForm::InvoiceForm(ProgramValues &values, const TextTable &overview,
-                         std::unique_ptr<AmountChain> amounts, const InvoiceFormLook &look)
+                         const InvoiceFormLook &look)
     : m_values(values)
-    , m_amounts(std::move(amounts))
     , m_fields(*this)
     , m_page(new QWidget(this))
     , m_number(new QLabel(this))
     , m_creditor(new CreditorFields(look.dateBoxName, m_fields, this))
-    , m_amountFields(new AmountFields(*m_amounts, look.amountRows, m_fields, this))
+    , m_amounts(new AmountFields(look.kind, m_fields, this))
     , m_notes(new NoteFields(m_fields, this))
     , m_allocation(new AllocationFrame(look.allocationCaption, {overview, values}, m_fields, this))
+    , m_payment{look.kind, 0}
 {
     setWindowTitle(look.title);
     m_number->setObjectName(u"Label2"_s);
@@ -45,11 +44,9 @@ InvoiceForm::InvoiceForm(ProgramValues &values, const TextTable &overview,
                           [this] { return searchCreditors(m_creditor->creditor()); });
     arrange(look.notesPlace);
     connect(m_creditor, &CreditorFields::creditorChanged, this, &InvoiceForm::followCreditor);
-    connect(&m_amountFields->box(m_amounts->totalField()), &QLineEdit::textChanged, m_allocation,
+    connect(&m_amounts->totalBox(), &QLineEdit::textChanged, m_allocation,
             &AllocationFrame::showInvoiceTotal);
 }
-
-InvoiceForm::~InvoiceForm() = default;
 
 void InvoiceForm::load()
 {
@@ -59,10 +56,10 @@ void InvoiceForm::load()
     const QSize least(TwipsToPixels(openingWidth, *this), TwipsToPixels(openingHeight, *this));
     ResizeWithinScreen(*this, m_page->sizeHint().expandedTo(least));
     CentraForm(*this);
-    m_paymentNumber = m_values.CurrentPaymentNumber;
+    m_payment.number = m_values.CurrentPaymentNumber;
     m_fields.focus().forget();
     loadPayment();
-    m_number->setText(u"Pagamento N. "_s + SignedNumberText(m_paymentNumber));
+    m_number->setText(u"Pagamento N. "_s + SignedNumberText(m_payment.number));
     followCreditor();
     m_allocation->recalculate();
     m_creditor->focusCreditor();
@@ -80,7 +77,7 @@ void InvoiceForm::arrange(NotesPlace notesPlace)
 {
     auto *left = new QVBoxLayout;
     auto *right = new QVBoxLayout;
-    left->addWidget(m_amountFields);
+    left->addWidget(m_amounts);
     if (notesPlace == NotesPlace::BelowAmounts)
         left->addWidget(m_notes, 1);
     else
@@ -139,25 +136,21 @@ void InvoiceForm::followCreditor()
 void InvoiceForm::loadPayment()
 {
     PaymentRecord record = startRecord();
-    m_allocation->prepare(m_paymentNumber);
-    for (int i = 0; i < m_amounts->fieldCount(); ++i)
-        m_amounts->setText(i, {});
+    m_allocation->prepare(m_payment.number);
+    m_amounts->chain().clear();
     {
         const TextTable::BulkChange filling(m_allocation->table());
-        LoadPagamento(m_values, m_paymentNumber, record, *m_amounts, m_allocation->table());
+        LoadPagamento(m_values, m_payment, record, m_amounts->chain(), m_allocation->table());
     }
     m_creditor->showRecord(record);
-    m_amountFields->showAll();
     m_notes->showRecord(record);
 }
 
 void InvoiceForm::confirm()
 {
-    const QString total = m_amountFields->box(m_amounts->totalField()).text();
-    if (!m_allocation->confirmTotal(total))
+    if (!ConfirmTotals(m_allocation->totalText(), m_amounts->totalBox().text()))
         return;
-    m_amountFields->readAll();
-    SavePagamento(m_values, m_paymentNumber, record(), *m_amounts, m_allocation->table());
+    SavePagamento(m_values, m_payment, record(), m_amounts->chain(), m_allocation->table());
     close();
 }
 

@@ -7,8 +7,6 @@
 
 #include <QWidget>
 
-#include <memory>
-
 class QLabel;
 class QPushButton;
 
@@ -29,12 +27,12 @@ enum class NotesPlace
 /** What tells the two invoice forms apart at sight. */
 struct InvoiceFormLook
 {
+    CreditorKind kind = CreditorKind::Company;
     QString title;
     QString dateBoxName;
     QString allocationCaption;
     QString searchHint;
     NotesPlace notesPlace = NotesPlace::BelowAmounts;
-    QList<AmountRow> amountRows;
 };
 
 /**
@@ -49,13 +47,11 @@ class InvoiceForm : public QWidget
     Q_OBJECT
 
 public:
-    ~InvoiceForm() override;
-
     /** Fills the form from the databases, centres it and sets the first focus; to be called before
      *  it is shown. */
     void load();
 
-    qint32 paymentNumber() const { return m_paymentNumber; }
+    qint32 paymentNumber() const { return m_payment.number; }
 
 signals:
     /** The form has closed, once for each load(). Not sent while the program is ending. */
@@ -63,8 +59,7 @@ signals:
 
 protected:
     /** @p values and @p overview, the table of cost items, must outlive the form. */
-    InvoiceForm(ProgramValues &values, const TextTable &overview,
-                std::unique_ptr<AmountChain> amounts, const InvoiceFormLook &look);
+    InvoiceForm(ProgramValues &values, const TextTable &overview, const InvoiceFormLook &look);
 
     const ProgramValues &values() const { return m_values; }
     CreditorFields &creditorFields() { return *m_creditor; }
@@ -86,16 +81,15 @@ private:
     PaymentRecord record() const;
 
     ProgramValues &m_values;
-    std::unique_ptr<AmountChain> m_amounts;
     FormFields m_fields;
     QWidget *m_page;
     QLabel *m_number;
     CreditorFields *m_creditor;
-    AmountFields *m_amountFields;
+    AmountFields *m_amounts;
     NoteFields *m_notes;
     AllocationFrame *m_allocation;
     QPushButton *m_confirm = nullptr;
-    qint32 m_paymentNumber = 0;
+    PaymentKey m_payment;
     bool m_open = false;
 };
 

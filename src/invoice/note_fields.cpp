@@ -1,20 +1,71 @@
 #include "invoice/note_fields.h"
 
 #include "controls/date_box.h"
+#include "invoice/entry_field.h"
 #include "invoice/form_fields.h"
-#include "invoice/note_box.h"
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QLineEdit>
+#include <QPlainTextEdit>
 
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
+/**
+ * A box for a note of several lines; Enter breaks the line, Tab moves on. A note that was not
+ * touched reads back exactly as it was shown, and a changed one keeps the kind of line breaks that
+ * it came with, whatever program wrote it.
+ */
+class NoteBox : public QPlainTextEdit
+{
+public:
+    explicit NoteBox(QWidget *parent = nullptr);
+
+    void showNote(const QString &note);
+    QString note() const;
+
+    /** A few lines; a form may give it more. */
+    QSize sizeHint() const override { return minimumSizeHint(); }
+    QSize minimumSizeHint() const override;
+
+private:
+    QString m_shown;
+};
+
+NoteBox::NoteBox(QWidget *parent)
+    : QPlainTextEdit(parent)
+{
+    setTabChangesFocus(true);
+}
+
+QSize NoteBox::minimumSizeHint() const
+{
+    constexpr int lines = 4;
+    constexpr int characters = 30;
+    return {characters * fontMetrics().averageCharWidth(), lines * fontMetrics().lineSpacing()};
+}
+
+void NoteBox::showNote(const QString &note)
+{
+    m_shown = note;
+    setPlainText(note);
+    document()->setModified(false);
+}
+
+QString NoteBox::note() const
+{
+    if (!document()->isModified())
+        return m_shown;
+    QString text = toPlainText();
+    if (m_shown.contains(u"\r\n"_s))
+        text.replace(QLatin1Char('\n'), u"\r\n"_s);
+    return text;
+}
+
 NoteFields::NoteFields(FormFields &fields, QWidget *parent)
     : QWidget(parent)
-    , m_mandate(new QLineEdit(this))
+    , m_mandate(new EntryField(this))
     , m_mandateDate(new DateBox(this))
     , m_note(new NoteBox(this))
 {
@@ -37,7 +88,7 @@ NoteFields::NoteFields(FormFields &fields, QWidget *parent)
 
 void NoteFields::showRecord(const PaymentRecord &record)
 {
-    m_mandate->setText(record.mandato);
+    m_mandate->showText(record.mandato);
     m_mandateDate->setDateText(record.mandatoDell);
     m_note->showNote(record.memo);
 }

@@ -4,11 +4,10 @@
 
 #include <QWidget>
 
-class QLineEdit;
-
 namespace saldoro {
 
 class DateBox;
+class EntryField;
 class FormFields;
 class NoteBox;
 
@@ -23,7 +22,7 @@ public:
     void readInto(PaymentRecord &record) const;
 
 private:
-    QLineEdit *m_mandate;
+    EntryField *m_mandate;
     DateBox *m_mandateDate;
     NoteBox *m_note;
 };

@@ -1,10 +1,9 @@
-#include "invoice/payment_load.h"
-
 #include "common/amount_text.h"
 #include "common/archive_folders.h"
 #include "common/errors.h"
 #include "database/database.h"
 #include "invoice/allocation_block.h"
+#include "invoice/payment_record.h"
 #include "store/code_lookups.h"
 #include "store/mandate_note.h"
 
@@ -27,13 +26,11 @@ void readTexts(const RecordSet &payments, PaymentRecord &record)
 
 void readAmounts(const RecordSet &payments, AmountChain &amounts)
 {
-    QList<Currency> stored(amounts.fieldCount());
-    for (const StoredAmount &item : amounts.storedAmounts()) {
-        const std::optional<Currency> value = payments.field(item.column).currencyOrNone();
-        amounts.showStored(item.field, value);
-        stored[item.field] = value.value_or(Currency());
-    }
-    amounts.fillDerived(stored);
+    QList<std::optional<Currency>> stored;
+    for (const AmountField &field : amounts.fields())
+        stored.append(field.column.isEmpty() ? std::nullopt
+                                             : payments.field(field.column).currencyOrNone());
+    amounts.showStored(stored);
 }
 
 void readPayment(const Database &ledger, qint32 paymentNumber, PaymentRecord &record,
@@ -75,10 +72,10 @@ void readAllocations(const Database &ledger, qint32 paymentNumber, TextTable &gr
         const int row = grid.rows();
         grid.setRows(row + 1);
         grid.setRow(row);
-        grid.setText(row, AllocationBlock::CodColumn, allocations.field(u"Cod"_s).textOrEmpty());
-        grid.setText(row, AllocationBlock::DescrizioneColumn,
+        grid.setText(row, AllocationColumn::Cod, allocations.field(u"Cod"_s).textOrEmpty());
+        grid.setText(row, AllocationColumn::Descrizione,
                      allocations.field(u"Descrizione"_s).textOrEmpty());
-        grid.setText(row, AllocationBlock::ImportoColumn, amountText(allocations));
+        grid.setText(row, AllocationColumn::Importo, amountText(allocations));
         allocations.findNext(criterion);
     }
 }
@@ -91,25 +88,24 @@ void readLedger(const ProgramValues &values, qint32 paymentNumber, PaymentRecord
     readAllocations(ledger, paymentNumber, grid);
 }
 
-void readMandate(const ProgramValues &values, qint32 paymentNumber, CreditorKind kind,
-                 PaymentRecord &record)
+void readMandate(const ProgramValues &values, PaymentKey key, PaymentRecord &record)
 {
-    const QString item = VoceMandato(values, paymentNumber);
+    const QString item = VoceMandato(values, key.number);
     if (!EsisteVoceLike(values, item))
         return;
-    const MandateNote note = ParseMandateNote(StringaVoceLike(values, item), kind);
+    const MandateNote note = ParseMandateNote(StringaVoceLike(values, item), key.kind);
     record.mandato = note.mandato;
     record.mandatoDell = note.mandatoDell.isEmpty() ? EmptyDateText.toString() : note.mandatoDell;
 }
 
 } // namespace
 
-void LoadPagamento(const ProgramValues &values, qint32 paymentNumber, PaymentRecord &record,
+void LoadPagamento(const ProgramValues &values, PaymentKey key, PaymentRecord &record,
                    AmountChain &amounts, TextTable &grid)
 {
-    Naming(u"Pagamento"_s, QString::number(paymentNumber), [&] {
-        readLedger(values, paymentNumber, record, amounts, grid);
-        readMandate(values, paymentNumber, amounts.kind(), record);
+    Naming(u"Pagamento"_s, QString::number(key.number), [&] {
+        readLedger(values, key.number, record, amounts, grid);
+        readMandate(values, key, record);
     });
 }
 

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "common/creditor_kind.h"
 #include "common/date_text.h"
+#include "common/program_values.h"
+#include "controls/text_table.h"
+#include "invoice/amount_chain.h"
 
 #include <QString>
 
@@ -17,5 +21,38 @@ struct PaymentRecord
     QString mandato;                                ///< Mandato
     QString mandatoDell = EmptyDateText.toString(); ///< MandatoDell, any text that was stored
 };
+
+/** The payment that an invoice form shows. */
+struct PaymentKey
+{
+    CreditorKind kind = CreditorKind::Company;
+    qint32 number = 0;
+};
+
+/**
+ * Reads a payment into an invoice form. @p record comes with what the form shows before (for a
+ * company the contractor's name as creditor), @p grid prepared with its header alone, @p amounts
+ * empty.
+ *
+ * A number that the ledger does not hold is a new payment: it takes the notes of the last payment
+ * stored and keeps everything else. Allocations and mandate note are read in both cases. An amount
+ * that is null shows as the empty text and counts as 0 in the totals. Errors pass, with
+ * the detail "Pagamento".
+ */
+void LoadPagamento(const ProgramValues &values, PaymentKey key, PaymentRecord &record,
+                   AmountChain &amounts, TextTable &grid);
+
+/**
+ * Writes what an invoice form shows: the payment's row, then one row per allocation in grid order,
+ * each a write of its own, then the mandate note, which is also kept in `MandateText`. A payment
+ * of that number and kind is changed, else added; an allocation of the same code is changed, else
+ * added; none is deleted here.
+ *
+ * A text longer than its column throws FieldTooSmall before anything is written, save the
+ * description of a cost item, whose stored copy is cut. Errors pass, with the
+ * detail "Pagamento".
+ */
+void SavePagamento(ProgramValues &values, PaymentKey key, const PaymentRecord &record,
+                   const AmountChain &amounts, const TextTable &grid);
 
 } // namespace saldoro

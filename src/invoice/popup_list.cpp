@@ -2,9 +2,9 @@
 
 #include "controls/held_key.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QWindow>
 
 #include <algorithm>
@@ -20,10 +20,8 @@ namespace {
 class DoubleClickRest : public QObject
 {
 public:
-    DoubleClickRest(QWindow &window, const QMouseEvent &firstRelease)
+    explicit DoubleClickRest(QWindow &window)
         : QObject(&window)
-        , m_place(firstRelease.globalPosition())
-        , m_time(firstRelease.timestamp())
     {
         window.installEventFilter(this);
     }
@@ -50,17 +48,11 @@ protected:
     }
 
 private:
-    // A hand that moves a little makes two single clicks of its double click.
-    bool isRest(const QMouseEvent &press) const
+    static bool isRest(const QMouseEvent &press)
     {
-        if (press.button() != Qt::LeftButton)
-            return false;
-        const auto interval = static_cast<quint64>(QApplication::doubleClickInterval());
-        const QPointF way = press.globalPosition() - m_place;
-        return press.type() == QEvent::MouseButtonDblClick ||
-               press.flags().testFlag(Qt::MouseEventCreatedDoubleClick) ||
-               (press.timestamp() - m_time <= interval &&
-                way.manhattanLength() <= QApplication::startDragDistance());
+        return press.button() == Qt::LeftButton &&
+               (press.type() == QEvent::MouseButtonDblClick ||
+                press.flags().testFlag(Qt::MouseEventCreatedDoubleClick));
     }
 
     void end(QObject &window)
@@ -69,8 +61,6 @@ private:
         deleteLater();
     }
 
-    QPointF m_place;
-    quint64 m_time;
     bool m_taken = false;
 };
 
@@ -92,7 +82,9 @@ void PopupList::open(const QStringList &lines, const QRect &area)
     addItems(lines);
     const int shownLines = std::max(1, static_cast<int>(lines.size()));
     const int lineHeight = std::max(sizeHintForRow(0), fontMetrics().height());
-    const int wanted = shownLines * lineHeight + 2 * frameWidth();
+    int wanted = shownLines * lineHeight + 2 * frameWidth();
+    if (sizeHintForColumn(0) + 2 * frameWidth() > area.width())
+        wanted += horizontalScrollBar()->sizeHint().height();
     setGeometry(area.x(), area.y(), area.width(), std::min(wanted, area.height()));
     setCurrentRow(0);
     show();
@@ -121,7 +113,7 @@ void PopupList::mouseReleaseEvent(QMouseEvent *event)
 {
     QListWidget::mouseReleaseEvent(event);
     if (isHidden())
-        new DoubleClickRest(*window()->windowHandle(), *event);
+        new DoubleClickRest(*window()->windowHandle());
 }
 
 void PopupList::pick(const QListWidgetItem *chosen)

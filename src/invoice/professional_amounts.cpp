@@ -6,45 +6,63 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-ProfessionalAmounts::ProfessionalAmounts()
-    : AmountChain({{u"Text4_0"_s, AmountRole::Typed},
-                   {u"Text4_1"_s, AmountRole::Typed},
-                   {u"Text4_2"_s, AmountRole::Typed},
-                   {u"Text2_0"_s, AmountRole::Derived},
-                   {u"Text2_1"_s, AmountRole::Rate},
-                   {u"Text2_2"_s, AmountRole::Derived},
-                   {u"Text2_5"_s, AmountRole::Typed},
-                   {u"Text2_3"_s, AmountRole::Derived},
-                   {u"Text2_4"_s, AmountRole::Derived},
-                   {u"Text5_0"_s, AmountRole::Rate},
-                   {u"Text5_1"_s, AmountRole::Derived},
-                   {u"Text5_2"_s, AmountRole::Derived}})
+namespace {
+
+QList<AmountField> feeNoteFields()
+{
+    const QString vat = u"Aliquota in percento; l'importo si calcola da sé solo se è vuoto"_s;
+    const QString withholding =
+        u"Aliquota in percento; l'importo si calcola da sé se è vuoto o zero"_s;
+    using enum AmountRole;
+    return {
+        {u"Text4_0"_s, Typed, u"ImportoPrest"_s, u"Im&porto Prestazione"_s,
+         u"Compenso, con il punto per i decimali"_s},
+        {u"Text4_1"_s, Typed, u"Contributo"_s, u"Contri&buto previdenziale 4%"_s,
+         u"Importo del contributo"_s},
+        {u"Text4_2"_s, Typed, u"CassaPrev"_s, u"Cassa Pre&videnza 2%"_s,
+         u"Importo dovuto alla cassa"_s},
+        {u"Text2_0"_s, Derived, u"Importo"_s, u"So&mma soggetta a Iva"_s,
+         u"Prestazione, contributo e cassa"_s},
+        {u"Text2_1"_s, Rate, u"Aliquota"_s, u"Ali&quota e importo IVA"_s, vat},
+        {u"Text2_2"_s, Derived, u"ImportoIVA"_s, {}, vat},
+        {u"Text2_5"_s, Typed, u"AltriImporti01"_s, u"Al&tri Importi"_s,
+         u"Importi che si aggiungono al totale"_s},
+        {u"Text2_3"_s,
+         Derived,
+         {},
+         u"Totale Fatt&ura"_s,
+         u"Somma soggetta a IVA, IVA e altri importi"_s},
+        {u"Text2_4"_s,
+         Derived,
+         {},
+         u"Somma so&ggetta a R.A."_s,
+         u"Prestazione e contributo"_s,
+         Reach::OnRequest},
+        {u"Text5_0"_s, Rate, u"AliquotaRA"_s, u"Aliquota e importo R.A."_s, withholding},
+        {u"Text5_1"_s, Derived, u"ImportoRA"_s, {}, withholding},
+        {u"Text5_2"_s,
+         Derived,
+         {},
+         u"Netto"_s,
+         u"Totale della fattura meno la ritenuta d'acconto"_s},
+    };
+}
+
+} // namespace
+
+ProfessionalAmounts::ProfessionalAmounts(AmountTexts &texts)
+    : AmountChain(feeNoteFields(), texts)
 {
 }
 
 void ProfessionalAmounts::left(int position)
 {
-    switch (static_cast<Position>(position)) {
-    case Prestazione:
-    case Contributo:
-    case CassaPrev:
+    if (position <= CassaPrev)
         leftFees(position);
-        return;
-    case SoggettaIva:
-    case AliquotaIva:
-    case ImportoIva:
-    case AltriImporti:
-    case TotaleFattura:
-    case SoggettaRA:
+    else if (position <= SoggettaRA)
         leftVat(position);
-        return;
-    case AliquotaRA:
-    case ImportoRA:
-    case Netto:
+    else
         leftWithholding(position);
-        return;
-    }
-    throwNoSuchField();
 }
 
 void ProfessionalAmounts::leftFees(int position)
@@ -80,18 +98,7 @@ void ProfessionalAmounts::leftWithholding(int position)
     show(Netto, amount(TotaleFattura) - amount(ImportoRA));
 }
 
-const QList<StoredAmount> &ProfessionalAmounts::storedAmounts() const
-{
-    static const QList<StoredAmount> columns{
-        {u"Aliquota"_s, AliquotaIva},       {u"AliquotaRA"_s, AliquotaRA},
-        {u"Importo"_s, SoggettaIva},        {u"ImportoIVA"_s, ImportoIva},
-        {u"ImportoPrest"_s, Prestazione},   {u"Contributo"_s, Contributo},
-        {u"CassaPrev"_s, CassaPrev},        {u"ImportoRA"_s, ImportoRA},
-        {u"AltriImporti01"_s, AltriImporti}};
-    return columns;
-}
-
-void ProfessionalAmounts::fillDerived(const QList<Currency> &stored)
+void ProfessionalAmounts::showComputed(const QList<Currency> &stored)
 {
     const Currency total = stored[SoggettaIva] + stored[ImportoIva] + stored[AltriImporti];
     show(TotaleFattura, total);

@@ -12,30 +12,30 @@ namespace saldoro {
 class ProfessionalAmounts : public AmountChain
 {
 public:
-    /** Positions of the fields, with their object names. */
+    /** Positions of the fields. */
     enum Position
     {
-        Prestazione,   ///< Text4_0, fee
-        Contributo,    ///< Text4_1, social contribution
-        CassaPrev,     ///< Text4_2, pension-fund contribution
-        SoggettaIva,   ///< Text2_0, base for VAT
-        AliquotaIva,   ///< Text2_1
-        ImportoIva,    ///< Text2_2
-        AltriImporti,  ///< Text2_5
-        TotaleFattura, ///< Text2_3
-        SoggettaRA,    ///< Text2_4, base for the withholding
-        AliquotaRA,    ///< Text5_0
-        ImportoRA,     ///< Text5_1
-        Netto          ///< Text5_2
+        Prestazione,
+        Contributo,
+        CassaPrev,
+        SoggettaIva, ///< base for VAT
+        AliquotaIva,
+        ImportoIva,
+        AltriImporti,
+        TotaleFattura,
+        SoggettaRA, ///< base for the withholding
+        AliquotaRA,
+        ImportoRA,
+        Netto
     };
 
-    ProfessionalAmounts();
+    explicit ProfessionalAmounts(AmountTexts &texts);
 
     void left(int position) override;
-    CreditorKind kind() const override { return CreditorKind::Professional; }
     int totalField() const override { return TotaleFattura; }
-    const QList<StoredAmount> &storedAmounts() const override;
-    void fillDerived(const QList<Currency> &stored) override;
+
+protected:
+    void showComputed(const QList<Currency> &stored) override;
 
 private:
     void leftFees(int position);

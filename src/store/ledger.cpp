@@ -1,5 +1,6 @@
 #include "store/ledger.h"
 
+#include "common/amount_text.h"
 #include "common/archive_folders.h"
 
 #include <QStringBuilder>
@@ -56,6 +57,26 @@ Database CreateLedgerDatabase(const QString &projectFolder)
     ledger.appendTableDef(FattureTable());
     ledger.appendTableDef(SpeseTable());
     return ledger;
+}
+
+RecordSet OpenAllocations(const Database &ledger, qint32 paymentNumber)
+{
+    return ledger.openRecordSet(u"SELECT * FROM Spese WHERE RelNpag = "_s +
+                                QString::number(paymentNumber));
+}
+
+bool FindAllocation(RecordSet &allocations, const QString &code)
+{
+    if (allocations.isEmpty())
+        return false;
+    if (code.isEmpty()) {
+        allocations.moveFirst();
+        while (!allocations.eof() && !allocations.field(u"Cod"_s).isNull())
+            allocations.moveNext();
+        return !allocations.eof();
+    }
+    allocations.findFirst(u"Cod = '"_s + RaddoppiaApici(code) + u"'"_s);
+    return !allocations.noMatch();
 }
 
 } // namespace saldoro

@@ -23,6 +23,15 @@ Database CreateLedgerDatabase(const QString &projectFolder);
 TableDef FattureTable();
 TableDef SpeseTable();
 
+/** The ledger's allocations of one payment, updatable. */
+RecordSet OpenAllocations(const Database &ledger, qint32 paymentNumber);
+
+/**
+ * Makes the first allocation of that cost item the current record; true when there is one. An
+ * empty code stands for a null one, as it is stored, so that such a row is found again too.
+ */
+bool FindAllocation(RecordSet &allocations, const QString &code);
+
 /** Most characters of the ledger's text columns, for entry fields and writers. */
 namespace LedgerSize {
 inline constexpr int Creditore = 60;

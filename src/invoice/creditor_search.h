@@ -14,7 +14,4 @@ QStringList ProfessionalCreditors(const ProgramValues &values);
  *  name. An empty prefix gives them all. */
 QStringList ParticipatingCompanies(const ProgramValues &values, const QString &prefix);
 
-/** Principals of the association @p IdImpresa, by name. */
-QStringList Principals(const ProgramValues &values, qint32 IdImpresa);
-
 } // namespace saldoro

@@ -1,4 +1,4 @@
-#include "invoice/creditor_lists.h"
+#include "invoice/creditor_search.h"
 
 #include "common/amount_text.h"
 #include "common/archive_folders.h"
@@ -34,19 +34,6 @@ QStringList ParticipatingCompanies(const ProgramValues &values, const QString &p
         names.append(companies.field(u"nominativo"_s).text());
         companies.findNext(criterion);
     }
-    return names;
-}
-
-QStringList Principals(const ProgramValues &values, qint32 IdImpresa)
-{
-    const Database database = Database::open(CompaniesPath(values));
-    RecordSet principals = database.openRecordSet(
-        u"SELECT Anag.ID, Anag.nominativo, Manda.AnagRel , Manda.AnagPar  FROM Anag "
-        "INNER JOIN Manda ON Anag.ID = Manda.AnagRel WHERE AnagPar = "_s +
-        QString::number(IdImpresa) + u" ORDER BY Anag.nominativo"_s);
-    QStringList names;
-    for (; !principals.eof(); principals.moveNext())
-        names.append(principals.field(u"nominativo"_s).textOrEmpty());
     return names;
 }
 

@@ -1,4 +1,4 @@
-#include "invoice/contractor.h"
+#include "invoice/contractor_and_principals.h"
 
 #include "common/archive_folders.h"
 #include "common/errors.h"
@@ -40,6 +40,19 @@ Contractor LoadContractor(const ProgramValues &values)
     if (contractor.IdImpresa > 0)
         contractor.isAssociation = isAssociation(values, contractor.IdImpresa);
     return contractor;
+}
+
+QStringList Principals(const ProgramValues &values, qint32 IdImpresa)
+{
+    const Database database = Database::open(CompaniesPath(values));
+    RecordSet principals = database.openRecordSet(
+        u"SELECT Anag.ID, Anag.nominativo, Manda.AnagRel , Manda.AnagPar  FROM Anag "
+        "INNER JOIN Manda ON Anag.ID = Manda.AnagRel WHERE AnagPar = "_s +
+        QString::number(IdImpresa) + u" ORDER BY Anag.nominativo"_s);
+    QStringList names;
+    for (; !principals.eof(); principals.moveNext())
+        names.append(principals.field(u"nominativo"_s).textOrEmpty());
+    return names;
 }
 
 } // namespace saldoro

@@ -2,7 +2,7 @@
 
 #include "common/program_values.h"
 
-#include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -23,5 +23,8 @@ struct Contractor
 /** Looks the contractor up in the contract sheet and, when linked, in the register of companies.
  *  A contractor without a link value (null) throws NullValue; database errors pass. */
 Contractor LoadContractor(const ProgramValues &values);
+
+/** Principals of the association @p IdImpresa, by name. */
+QStringList Principals(const ProgramValues &values, qint32 IdImpresa);
 
 } // namespace saldoro

@@ -1,0 +1,31 @@
+#include "invoice/allocation_total.h"
+
+#include "common/amount_text.h"
+#include "common/errors.h"
+#include "common/form_helpers.h"
+#include "invoice/allocation_block.h"
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+QString AllocationTotal(const TextTable &grid)
+{
+    Currency total;
+    for (int row = 1; row < grid.rows(); ++row) {
+        const auto code = [&] { return grid.text(row, AllocationColumn::Cod); };
+        Naming(u"Riga"_s, QString::number(row), [&] {
+            Naming(u"Voce"_s, code,
+                   [&] { total += ImportoDaTesto(grid.text(row, AllocationColumn::Importo)); });
+        });
+    }
+    return FormatImporto(total);
+}
+
+bool ConfirmTotals(const QString &allocationTotal, const QString &invoiceTotal)
+{
+    return allocationTotal == invoiceTotal ||
+           ChiediConferma(u"Gli importi non coincidono continuare ? "_s);
+}
+
+} // namespace saldoro
