@@ -202,6 +202,7 @@ private slots:
     void refusals_data();
     void refusals();
     void replaces();
+    void takesEqualCodes();
     void keepsWhatTheProgramWrote();
     void setsTheArchivesRootOnce();
     void roundTrip();
@@ -421,7 +422,13 @@ void TestExchange::replaces()
                 u"DROP TABLE UltimaPerVariante; CREATE VIEW "
                 "UltimaPerVariante AS SELECT 'V' Voce, 'x' Descri, 1 Importo"_s);
     QVERIFY(office.import(false, {u"UltimaPerVariante"_s}).contains(u"un'interrogazione"_s));
+}
 
+void TestExchange::takesEqualCodes()
+{
+    const Office office;
+    office.putBudget("A1;Scavi;1\n");
+    office.import();
     QFile::remove(office.csv() + u"/UltimaPerVariante.csv"_s);
     ExportProject({office.project(), office.path(u"out"_s)}); // codes that are equal need no leave
     QFile::copy(office.path(u"out/Funzioni.csv"_s), office.csv() + u"/Funzioni.csv"_s);

@@ -81,18 +81,19 @@ void checkBudget(const CsvTable &table, ImportRemarks &remarks)
 /** The rows of the payments list are taken for payment numbers. */
 void checkPayments(const CsvTable &table, ImportRemarks &remarks)
 {
-    std::set<NewValue> numbers;
+    std::set<qint32> numbers;
     const qsizetype count = table.rows.size();
     for (qsizetype row = 0; row < count; ++row) {
         const QString kind = textOf(table.rows[row][table.table->place(u"AziProf"_s)]);
         if (!kind.isEmpty() && kind != "A"_L1 && kind != "P"_L1)
             remarks.errors.append(table.place(row, u"AziProf"_s) + u"«"_s + kind +
                                   u"» non è A (azienda) né P (professionista)."_s);
-        numbers.insert(table.rows[row][table.table->place(u"Npag"_s)]);
+        if (const auto *number =
+                std::get_if<qint32>(&table.rows[row][table.table->place(u"Npag"_s)]))
+            numbers.insert(*number);
     }
-    if (count > 0 &&
-        (static_cast<qsizetype>(numbers.size()) != count || *numbers.begin() != NewValue(1) ||
-         *numbers.rbegin() != NewValue(static_cast<qint32>(count))))
+    if (count > 0 && (static_cast<qsizetype>(numbers.size()) != count || *numbers.begin() != 1 ||
+                      *numbers.rbegin() != count))
         remarks.warnings.append(
             table.file +
             u": i pagamenti non sono numerati da 1 a %1 senza salti né doppioni; "

@@ -66,7 +66,7 @@ QString SettingReport(const ProjectPlace &place)
     const QString key = SettingsKey.toString();
     const QString name = ArchiveRootValue.toString();
     const auto present = ReadRegistryValue(key, name);
-    const QString opened = u"Per aprire il progetto: "_s + command(place) + u'\n';
+    QString opened = u"Per aprire il progetto: "_s + command(place) + u'\n';
     if (present && isSameFolder(*present, place.root))
         return opened;
     if (present)
