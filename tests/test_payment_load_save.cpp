@@ -69,6 +69,7 @@ class TestPaymentLoadSave : public QObject
 private slots:
     void failuresLeaveWhatWasWritten();
     void nullsShowEmpty();
+    void aNewPaymentTakesTheLastNote();
     void rowsWithoutCodeAreNotDoubled();
     void mandateNotes();
     void contractor();
@@ -114,6 +115,15 @@ void TestPaymentLoadSave::nullsShowEmpty()
     QCOMPARE(Form(CreditorKind::Professional, archive, 5).state(),
              state.arg(u"|3,00||0,00|||0,00|0,01|3,00|20.25|0,00|0,00"_s));
     QCOMPARE(Form(CreditorKind::Company, archive, 5).state(), state.arg(u"0,00|||0,00"_s));
+}
+
+void TestPaymentLoadSave::aNewPaymentTakesTheLastNote()
+{
+    TestArchive archive;
+    for (const QString &text : {u"prima"_s, u"seconda"_s, u"ultima"_s})
+        archive.build().addPayment({{u"Npag"_s, 1}, {u"Creditore"_s, text}, {u"Memo"_s, text}});
+    const PaymentRecord record = Form(CreditorKind::Company, archive, 2).record;
+    QCOMPARE(record.creditore + u'|' + record.memo, u"|ultima"_s);
 }
 
 void TestPaymentLoadSave::rowsWithoutCodeAreNotDoubled()
