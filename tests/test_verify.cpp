@@ -53,17 +53,21 @@ void TestVerify::finds_data()
         "Pagamento 2 (riga 2): manca il valore di Contributo: la chiusura\n"
         "Pagamento 2 (riga 2): manca il valore di CassaPrev: la chiusura\n"
         "Pagamento 2 (riga 2): manca il valore di ImportoRA: la chiusura");
-    add("L", "UPDATE Fatture SET Npag = NULL WHERE Npag = 2",
+    add("L",
+        "UPDATE Fatture SET Npag = NULL WHERE Npag = 2; UPDATE Spese SET RelNpag = NULL "
+        "WHERE Cod = 'B2'",
         "Pagamento senza numero (riga 1, Ing. Po): manca il valore di Npag:\n"
         "Riga 2: qui l'elenco mostra il pagamento 1,\n"
         "Conto di spesa alla riga 2 (pagamento 2, codice A1): non è di nessun\n"
-        "Conto di spesa alla riga 3 (pagamento 2, codice B2): non è di nessun");
+        "Conto di spesa alla riga 3 (pagamento mancante, codice B2): non è di nessun");
     add("L", "UPDATE Fatture SET AziProf = iif(Npag = 1, 'a', NULL)",
         "Pagamento 1 (riga 1, Edil Valle): il tipo di creditore (AziProf) è «a» e\n"
         "Pagamento 2 (riga 2, Ing. Po): manca il valore di AziProf: «Modifica»\n"
         "Pagamento 2 (riga 2, Ing. Po): i conti di spesa sommano 61,50 e il totale della fattura è "
         "61,00.");
-    add("L", "INSERT INTO Fatture SELECT * FROM Fatture WHERE Npag = 1",
+    add("L",
+        "INSERT INTO Fatture SELECT * FROM Fatture WHERE Npag = 1; UPDATE Fatture SET ImportoIVA = "
+        "0 WHERE Npag = 1",
         "Pagamento 1: il numero è usato da 2 pagamenti (righe 1, 2):\n"
         "Righe da 2 a 3: qui l'elenco mostra i pagamenti da 1 a 2, ma");
     add("L", "UPDATE Fatture SET Npag = Npag - 1; UPDATE Spese SET RelNpag = RelNpag - 1",
