@@ -55,6 +55,7 @@ private slots:
         row("end of what is written", {}, u"12HE3"_s, u"12/3_/____"_s);
         row("selection deleted", date, u"HSSSD"_s, u"__/12/2003"_s);
         row("selection typed over", date, u"A3"_s, u"3_/__/____"_s);
+        row("a slash leaves the selection", date, u"A//"_s, date);
         row("letters leave the selection", date, u"Ax3"_s, u"3_/__/____"_s);
         row("no date, typed over", u"non nota"_s, u"E1"_s, u"1_/__/____"_s);
         row("cut", date, u"AX"_s, u"__/__/____"_s);

@@ -116,14 +116,15 @@ public:
                                                m_shown.cbegin(), m_shown.cbegin() + last)
                                      .first;
         const qsizetype first = same - text.cbegin();
-        const QString typed = text.sliced(first, cursor - first).trimmed();
-        if (!isTypeable(typed))
+        const QString written = text.sliced(first, cursor - first);
+        const QString typed = written.trimmed();
+        if (!isTypeable(typed) || (typed.isEmpty() && !written.isEmpty()))
             return Invalid;
         MaskText mask{m_shown, first};
         if (isWholeDate(typed) || !isMaskText(m_shown))
             mask = {EmptyDateText.toString(), 0};
-        else
-            mask.erase(first, last);
+        else if (typed.isEmpty() || std::any_of(typed.begin(), typed.end(), isDigit))
+            mask.erase(first, last); // a "/" alone takes no date away
         for (const QChar character : typed)
             mask.type(character);
         text = mask.text;
