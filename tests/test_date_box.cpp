@@ -118,6 +118,8 @@ private slots:
         QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(190, box.height() / 2));
         press(box, u"3"_s);
         QCOMPARE(box.text(), u"12/3_/____"_s);
+        press(box, u"1"_s);
+        QCOMPARE(box.cursorPosition(), 6); // the slash is passed over
     }
 };
 

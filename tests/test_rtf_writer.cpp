@@ -65,6 +65,7 @@ private slots:
             "a\\par\r\nb\\par\r\nc\\par\r\n\\par\r\n d\\par\r\ne\\par\r\n\\par\r\nf");
         row("break at the end", u"a\r\n"_s, "a\\par\r\n\\par\r\n");
         row("page at the end", u"a\f"_s, "a\\par\r\n\\par\r\n");
+        row("break and nothing at the end", u"a\n"_s + QChar(u'\0'), "a\\par\r\n\\par\r\n");
         row("break alone", u"\r"_s, "\\par\r\n\\par\r\n");
         row("code page", u"è 1€ÿŽ"_s, "\\u232\\'e8 1\\u8364\\'80\\u255\\'ff\\u381\\'8e");
         row("no byte in the code page", u"ł9\u0081\u0080"_s, "\\u322\\'3f9\\u129\\'3f\\u128\\'3f");
