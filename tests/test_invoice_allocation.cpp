@@ -25,6 +25,7 @@ private slots:
     void aPickListShowsItsLines();
     void anItemWithoutCodeIsNoChoice();
     void editorAlwaysReachesItsCell();
+    void theGridHasTheFocusAfterItsEditor();
     void confirmWithOpenEditor();
     void closesWithPopUpsOpen();
 
@@ -235,6 +236,21 @@ void TestInvoiceAllocation::editorAlwaysReachesItsCell()
     QTest::mouseClick(window, Qt::LeftButton, {},
                       creditor->mapTo(d->form.get(), creditor->rect().center()));
     QCOMPARE(d->focused(), u"Text1_0"_s);
+}
+
+void TestInvoiceAllocation::theGridHasTheFocusAfterItsEditor()
+{
+    open(2);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Backtab}) {
+        edit(1);
+        QVERIFY(m_editor->hasFocus());
+        d->press(key);
+        QCOMPARE(d->focused(), u"MSFlexGrid1"_s);
+        QVERIFY(m_editor->isHidden());
+    }
+    edit(1);
+    d->focus(u"Memo"_s);
+    QCOMPARE(d->focused(), u"MSFlexGrid1"_s);
 }
 
 void TestInvoiceAllocation::confirmWithOpenEditor()
