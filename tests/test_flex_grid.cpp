@@ -129,6 +129,8 @@ private slots:
         };
         m_grid->table().setText(3, 2, amount);
         QVERIFY(fits());
+        m_grid->table().setText(0, 0, u"Numero"_s);
+        QVERIFY(m_grid->columnWidth(0) > 400 * dots / 1440 && fits());
         m_grid->table().setRightAligned({2}); // all is read anew
         QVERIFY(fits());
         QFont larger = m_grid->font();
