@@ -4,7 +4,6 @@
 #include "controls/flex_grid_delegate.h"
 #include "controls/held_key.h"
 
-#include <QHash>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -12,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace saldoro {
 
@@ -31,17 +31,17 @@ public:
     {
         qreal width = 0;
         for (const QChar letter : text) {
-            auto known = m_letters.constFind(letter);
-            if (known == m_letters.cend())
-                known = m_letters.insert(letter, m_metrics.horizontalAdvance(letter));
-            width += *known;
+            qreal &known = m_letters[letter.unicode()];
+            if (known < 0)
+                known = m_metrics.horizontalAdvance(letter);
+            width += known;
         }
         return static_cast<int>(std::ceil(width));
     }
 
 private:
     QFontMetricsF m_metrics;
-    QHash<QChar, qreal> m_letters;
+    std::vector<qreal> m_letters = std::vector<qreal>(0x10000, -1); ///< below 0: not measured yet
 };
 
 } // namespace
