@@ -3,6 +3,7 @@
 #include "controls/flex_grid.h"
 #include "invoice/frm_aziende.h"
 #include "invoice/frm_professionisti.h"
+#include "overview_probe.h"
 
 namespace saldoro {
 
@@ -13,16 +14,9 @@ FormDriver::FormDriver()
     , overview(5)
 {
     archive.build().addStandardCodes();
-    const QList<QStringList> items = {{u"A1"_s, u"Scavi e rinterri"_s, u"12.500,00"_s},
-                                      {u"A2"_s, u"Murature"_s, u"1.800,00"_s},
-                                      {u"B10"_s, u"Spese tecniche"_s, u"640,00"_s}};
-    for (const QStringList &item : items) {
-        const int row = overview.rows();
-        overview.setRows(row + 1);
-        overview.setText(row, 0, item.at(0));
-        overview.setText(row, 1, item.at(1));
-        overview.setText(row, 4, item.at(2));
-    }
+    AddRow(overview, {u"A1"_s, u"Scavi e rinterri"_s, {}, {}, u"12.500,00"_s});
+    AddRow(overview, {u"A2"_s, u"Murature"_s, {}, {}, u"1.800,00"_s});
+    AddRow(overview, {u"B10"_s, u"Spese tecniche"_s, {}, {}, u"640,00"_s});
     m_realBoxes = ReplaceMessageBoxes([this](MessageKind kind, const QString &text) {
         messages += text;
         return kind == MessageKind::Question ? answer : MessageAnswer::Ok;
@@ -43,9 +37,34 @@ void FormDriver::open(CreditorKind kind, qint32 paymentNumber)
         form = std::make_unique<FrmProfessionisti>(values, overview);
     QObject::connect(form.get(), &InvoiceForm::unloaded, form.get(), [this] { ++unloads; });
     form->load();
+    values.CurrentPaymentNumber = 99; // another form's business
     form->show();
     if (!QTest::qWaitForWindowActive(form.get()))
         qFatal("the form did not become active");
+}
+
+void FormDriver::play(const QString &steps)
+{
+    for (const QString &step : steps.split(u", "_s)) {
+        const QString verb = step.section(u' ', 0, 0);
+        const QString object = step.section(u' ', 1);
+        QWidget *const control = QApplication::focusWidget();
+        if (verb == "to"_L1) {
+            find(object)->setFocus();
+        } else if (verb == "click"_L1) {
+            QTest::mouseClick(find(object), Qt::LeftButton);
+        } else if (verb == "type"_L1) {
+            QTest::keyClicks(control, object);
+        } else if (verb == "hold"_L1) {
+            const QKeyCombination key = QKeySequence(object)[0];
+            for (const bool again : {false, true, true})
+                qt_handleKeyEvent(form->windowHandle(), QEvent::KeyPress, key.key(),
+                                  key.keyboardModifiers(), {}, again);
+        } else {
+            const QKeyCombination key = QKeySequence(step)[0];
+            QTest::keyClick(control, key.key(), key.keyboardModifiers());
+        }
+    }
 }
 
 QString FormDriver::texts(const QString &names) const
@@ -58,11 +77,7 @@ QString FormDriver::texts(const QString &names) const
 
 QString FormDriver::allocations() const
 {
-    const TextTable &table = find<FlexGrid>(u"MSFlexGrid1"_s)->table();
-    QStringList rows;
-    for (int row = 1; row < table.rows(); ++row)
-        rows += QStringList{table.text(row, 0), table.text(row, 1), table.text(row, 2)}.join(u'|');
-    return rows.join(u';');
+    return BodyText(find<FlexGrid>(u"MSFlexGrid1"_s)->table()).replace(u'\n', u';');
 }
 
 } // namespace saldoro

@@ -41,18 +41,12 @@ public:
         return control ? control->objectName() : QString();
     }
 
-    void focus(const QString &name) { find(name)->setFocus(); }
-    void type(const QString &text) { QTest::keyClicks(QApplication::focusWidget(), text); }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
-    void hold(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        for (const bool again : {false, true, true}) // it comes again by itself
-            qt_handleKeyEvent(form->windowHandle(), QEvent::KeyPress, key, modifiers, {}, again);
-    }
-    void click(const QString &name) { QTest::mouseClick(find(name), Qt::LeftButton); }
+    /**
+     * Carries out steps such as "to Text1_0, type Bo, Tab, click Command1": the focus given to a
+     * control, a text typed, a key (also "Alt+E") and a click. A key that is held down ("hold Tab")
+     * comes again by itself.
+     */
+    void play(const QString &steps);
 
     /** The allocation grid below its header: cells joined by "|", rows by ";". */
     QString allocations() const;

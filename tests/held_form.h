@@ -44,6 +44,15 @@ struct HeldForm
         SavePagamento(values, {kind, number}, record, *amounts, grid);
     }
 
+    /** What the amount fields show, joined by "|". */
+    QString amountTexts() const
+    {
+        QStringList shown;
+        for (int position = 0; position < amounts->fields().size(); ++position)
+            shown += texts.text(position);
+        return shown.join(u'|');
+    }
+
     CreditorKind kind;
     PaymentRecord record;
     HeldTexts texts;

@@ -22,6 +22,14 @@ inline QString BodyText(const TextTable &table)
     return rows.join(u'\n');
 }
 
+/** A row more, with these cells. */
+inline void AddRow(TextTable &table, const QStringList &cells)
+{
+    table.setRows(table.rows() + 1);
+    for (int column = 0; column < cells.size(); ++column)
+        table.setText(table.rows() - 1, column, cells.at(column));
+}
+
 /** Plants (AziProf, Npag, Creditore, Del, Importo, ImportoIVA, AltriImporti01) in Fatture; here as
  *  below amounts are ten-thousandths. */
 inline void PlantPayments(const TestArchive &archive, const char *rows)

@@ -35,12 +35,6 @@ struct Project
                 " || '€ 😀' || char(13,10),NULL,0,%2*10000,2500,0,0,0,0,0,10000)"_s.arg(kind)
                     .arg(number));
     }
-    void addOverviewRow(const QStringList &cells)
-    {
-        overview.setRows(overview.rows() + 1);
-        for (int column = 0; column < cells.size(); ++column)
-            overview.setText(overview.rows() - 1, column, cells.at(column));
-    }
     /** Closes; the error's report, if any. */
     QString close()
     {
@@ -108,7 +102,7 @@ private slots:
         Project project;
         project.addPayments(u"P"_s, {9, 4, 7});
         project.addPayments(u"A"_s, {500, 3});
-        project.addOverviewRow({u"A01"_s, u"Scavi"_s, u"1,00"_s, u"2,00"_s, u"-1,00"_s});
+        AddRow(project.overview, {u"A01"_s, u"Scavi"_s, u"1,00"_s, u"2,00"_s, u"-1,00"_s});
         QCOMPARE(project.close(), QString());
         QCOMPARE(project.documents(),
                  u"P98P98.rtf P98PP98P.rtf P99P99.rtf P99PP99P.rtf QDPQDP.rtf"_s);
@@ -170,10 +164,10 @@ private slots:
     void overviewLinesHaveOneWidth()
     {
         Project project;
-        project.addOverviewRow({u"A01"_s, {}, u"1.000,00"_s, u"0,00"_s, u"-200,00"_s});
-        project.addOverviewRow({u"ABCDEFG"_s, QString(40, u'è'), QString(20, u'1'),
-                                QString(20, u'2'), QString(20, u'3')});
-        project.addOverviewRow({u"😀😀"_s, u"😀"_s.repeated(36), u"0"_s, {}, {}});
+        AddRow(project.overview, {u"A01"_s, {}, u"1.000,00"_s, u"0,00"_s, u"-200,00"_s});
+        AddRow(project.overview, {u"ABCDEFG"_s, QString(40, u'è'), QString(20, u'1'),
+                                  QString(20, u'2'), QString(20, u'3')});
+        AddRow(project.overview, {u"😀😀"_s, u"😀"_s.repeated(36), u"0"_s, {}, {}});
         QCOMPARE(project.close(), QString());
         const QString blanks(50, u' ');
         const QStringList lines{u"A01  "_s + blanks.first(37) +

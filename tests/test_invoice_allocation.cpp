@@ -1,5 +1,8 @@
+#include "common/errors.h"
 #include "controls/flex_grid.h"
 #include "form_driver.h"
+#include "held_form.h"
+#include "overview_probe.h"
 
 #include <QListWidget>
 #include <QScrollBar>
@@ -13,21 +16,205 @@ class TestInvoiceAllocation : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        d = std::make_unique<FormDriver>();
+        PlantItems(d->archive, {}, u"(2,'A1',13000000),(3,'A1',90000),(2,'A2',450000)"_s);
+        d->archive.execute(LedgerPath(d->values), u"UPDATE Spese SET Descrizione='x';"
+                                                  "INSERT INTO Fatture (AziProf, Npag, Creditore) "
+                                                  "VALUES ('P', 2, 'Arch. Sala')"_s);
+    }
+
     void cleanup() { d.reset(); }
 
-    void insertsByKeyboard();
-    void abandonedInsertionLeavesNoRow();
-    void nothingLeftToInsert();
-    void editorOpensOnAmountsOnlyAndKeepsToItself();
-    void escapeGivesTheAmountBack();
-    void editorScrollsWithItsCell();
-    void aPickListShowsItsLines();
-    void anItemWithoutCodeIsNoChoice();
-    void editorAlwaysReachesItsCell();
-    void theGridHasTheFocusAfterItsEditor();
-    void confirmWithOpenEditor();
-    void closesWithPopUpsOpen();
+    void codesThatLookAlike()
+    {
+        HeldForm form(CreditorKind::Company);
+        for (const QString &code : {u"B1"_s, u" b1 "_s, u"Q7654321"_s})
+            AddRow(form.overview, {code, u"voce"_s, {}, {}, u"-1,00"_s});
+        const QStringList all{u"B1   voce L.-1,00"_s, u"b1   voce L.-1,00"_s,
+                              u"Q7654321voce L.-1,00"_s};
+        QCOMPARE(form.block.openPickList(), all);
+        form.block.pick(0);
+        // Another letter case is another item; a code cut to five characters is offered again.
+        QCOMPARE(form.block.openPickList(), all.mid(1));
+        form.block.pick(1);
+        QCOMPARE(form.grid.text(2, 0), u"Q7654"_s);
+        QCOMPARE(form.block.openPickList(), all.mid(1));
+        QVERIFY(!form.block.CekCodCaricato(u" B1"_s));
+        QVERIFY_THROWS_EXCEPTION(BoundsError, form.block.pick(2));
+    }
+
+    void pickListHas201Lines()
+    {
+        HeldForm form(CreditorKind::Company);
+        for (int item = 0; item < 202; ++item)
+            AddRow(form.overview, {u"V%1"_s.arg(item)});
+        QVERIFY_THROWS_EXCEPTION(BoundsError, form.block.openPickList());
+        QCOMPARE(form.grid.rows(), 1);
+        form.overview.setRows(202); // header and 201 items
+        QCOMPARE(form.block.openPickList().size(), 201);
+        form.block.pick(200);
+        QCOMPARE(form.grid.text(1, 0), u"V200"_s);
+    }
+
+    void insertsByKeyboard()
+    {
+        open(1);
+        d->overview.setText(1, 4, u"-5,00"_s); // read when the list opens
+        d->play(u"to Command3, hold Return"_s);
+        QCOMPARE(seen(), u"|| = 0,00 at List1"_s);
+        QCOMPARE(m_list->item(0)->text(), u"A1   Scavi e rinterri L.-5,00"_s);
+        d->play(u"Down, hold Return"_s);
+        QCOMPARE(seen(), u"A2|Murature| = 0,00 at edtTxt"_s);
+        QCOMPARE(m_editor->geometry(), m_grid->visualRect(m_grid->currentIndex()));
+        d->play(u"Alt+I"_s); // at once: the next key is meant for the list
+        QCOMPARE(seen(), u"A2|Murature|0,00;|| = 0,00 at List1"_s);
+        QCOMPARE(m_list->count(), 2);
+        QCOMPARE(m_list->currentRow(), 0);
+    }
+
+    void abandonedInsertionLeavesNoRow()
+    {
+        open(2);
+        for (int pass = 0; pass < 2; ++pass) {
+            d->play(u"click Command3"_s); // again, the second time
+            QCOMPARE(seen(), u"A1|x|1.300,00;A2|x|45,00;|| = 1.345,00 at List1"_s);
+        }
+        d->play(u"Escape"_s);
+        QCOMPARE(seen(), u"A1|x|1.300,00;A2|x|45,00 = 1.345,00 at MSFlexGrid1"_s);
+        d->overview.setText(3, 0, u"   "_s); // without a code it is no choice
+        d->play(u"click Command3, Return"_s);
+        QCOMPARE(seen(), u"A1|x|1.300,00;A2|x|45,00 = 1.345,00 at MSFlexGrid1"_s);
+        d->answer = MessageAnswer::Yes;
+        d->play(u"click Command3, hold Alt+E"_s); // once: one item
+        QCOMPARE(seen(), u"A1|x|1.300,00 = 1.300,00 at Command4"_s);
+        QCOMPARE(d->messages, QStringList(u"Vuoi eliminare il Cod. A2?"_s));
+    }
+
+    void nothingLeftToInsert()
+    {
+        open(2);
+        d->play(u"click Command3, Return, Return, click Command3"_s);
+        QCOMPARE(d->messages, QStringList(u"Nessun elemento da inserire disponibile"_s));
+        QCOMPARE(seen(),
+                 u"A1|x|1.300,00;A2|x|45,00;B10|Spese tecniche|0,00 = 1.345,00 at Command3"_s);
+    }
+
+    void deletesTheCurrentRowAtOnce()
+    {
+        open(2);
+        d->play(u"click Command4"_s); // the last row, to begin with
+        QCOMPARE(seen(), u"A1|x|1.300,00;A2|x|45,00 = 1.345,00 at Command4"_s);
+        d->answer = MessageAnswer::Yes;
+        click(1, 0);
+        d->play(u"click Command4"_s);
+        QCOMPARE(seen(), u"A2|x|45,00 = 45,00 at Command4"_s);
+        QCOMPARE(stored(), u"3|A1|90000\n2|A2|450000"_s);
+        d->play(u"click Command4, click Command4"_s); // nothing is left to be asked about
+        QCOMPARE(seen(), u" = 0,00 at Command4"_s);
+        QCOMPARE(stored(), u"3|A1|90000"_s);
+        QCOMPARE(d->messages.join(u' ').remove(u"Vuoi eliminare il Cod. "_s), u"A2? A1? A2?"_s);
+    }
+
+    void editorOpensOnAmountsOnlyAndKeepsToItself()
+    {
+        open(2);
+        for (const int column : {0, 1}) {
+            click(2, column, true);
+            d->play(u"Return"_s);
+            QVERIFY(m_editor->isHidden());
+        }
+        click(2, 2, true);
+        QCOMPARE(d->focused() + m_editor->selectedText(), u"edtTxt45,00"_s);
+        d->play(u"type 8, Up, Down, PgUp, Home, F2"_s);
+        QCOMPARE(d->focused() + m_editor->text(), u"edtTxt8"_s);
+        QCOMPARE(m_grid->table().row(), 2);
+    }
+
+    /** Whatever leaves the editor, a click elsewhere too; Escape alone gives the amount back. */
+    void theEditorLeavesItsAmountAndTheFocus()
+    {
+        open(2);
+        for (const auto &[steps, shown] : {std::pair{u"type 81, Return"_s, u"81,00 = 1.381,00"_s},
+                                           {u"type 82.1, Tab"_s, u"82,10 = 1.382,10"_s},
+                                           {u"type 86, Shift+Tab"_s, u"86,00 = 1.386,00"_s},
+                                           {u"type 83, click Text1_1"_s, u"83,00 = 1.383,00"_s},
+                                           {u"type 84, click Text2_0"_s, u"84,00 = 1.384,00"_s},
+                                           {u"type 85, click Memo"_s, u"85,00 = 1.385,00"_s},
+                                           {u"type 7.5, Escape"_s, u"85,00 = 1.385,00"_s}}) {
+            edit(2);
+            d->play(steps);
+            QCOMPARE(seen(), u"A1|x|1.300,00;A2|x|%1 at MSFlexGrid1"_s.arg(shown));
+        }
+        // Untouched, the display form is read as any other text.
+        edit(1);
+        d->play(u"Return"_s);
+        QCOMPARE(seen(), u"A1|x|1,30;A2|x|85,00 = 86,30 at MSFlexGrid1"_s);
+        edit(2);
+        d->play(u"type 77"_s);
+        click(1, 1);
+        QCOMPARE(seen(), u"A1|x|1,30;A2|x|77,00 = 78,30 at MSFlexGrid1"_s);
+        QCOMPARE(m_grid->table().row(), 1);
+        // Buttons act at once, the amount being in its cell first.
+        edit(1);
+        d->play(u"type 9, Alt+R"_s);
+        QTRY_COMPARE(d->focused(), u"List2"_s);
+        QCOMPARE(d->text(u"Text3"_s), u"86,00"_s);
+    }
+
+    void editorScrollsWithItsCell()
+    {
+        for (int item = 10; item < 40; ++item)
+            d->archive.build().addAllocation(2, u"Z%1"_s.arg(item), u"Opere"_s, Currency());
+        open(2);
+        edit(1);
+        for (const int row : {1, 5, m_grid->verticalScrollBar()->maximum()}) {
+            m_grid->verticalScrollBar()->setValue(row);
+            QCOMPARE(m_editor->geometry(), m_grid->visualRect(m_grid->currentIndex()));
+            QVERIFY(m_editor->visibleRegion().isEmpty()); // no longer over any other cell
+            QVERIFY(m_editor->hasFocus());
+        }
+        d->play(u"type 6"_s);
+        QCOMPARE(m_editor->geometry(), m_grid->visualRect(m_grid->currentIndex()));
+        QCOMPARE(m_editor->visibleRegion().boundingRect(), m_editor->rect());
+        d->play(u"Return"_s);
+        QCOMPARE(d->allocations().section(u';', 0, 0), u"A1|x|6,00"_s);
+    }
+
+    void restOfADoubleClickGoesNowhere()
+    {
+        open(2);
+        d->overview.setText(3, 1, u"Opere "_s.repeated(40));
+        d->play(u"click Command3"_s);
+        QVERIFY(m_list->viewport()->height() >= m_list->sizeHintForRow(0)); // the whole line
+        const auto inForm = [this](const QWidget &control, const QRect &area) {
+            return control.mapTo(d->form.get(), area.center());
+        };
+        QWindow *const window = d->form->windowHandle();
+        const QPoint line = inForm(*m_list->viewport(), m_list->viewport()->rect());
+        QTest::mouseDClick(window, Qt::LeftButton, {}, line);
+        d->play(u"type 800, click Command4"_s);
+        QCOMPARE(d->text(u"Text3"_s), u"2.145,00"_s);
+        QCOMPARE(d->messages, QStringList(u"Vuoi eliminare il Cod. B10?"_s));
+        // A click of its own, elsewhere, is no part of the pick.
+        d->play(u"click Command3"_s);
+        QTest::mouseClick(window, Qt::LeftButton, {}, line);
+        const auto *creditor = d->find(u"Text1_0"_s);
+        QTest::mouseClick(window, Qt::LeftButton, {}, inForm(*creditor, creditor->rect()));
+        QCOMPARE(d->focused(), u"Text1_0"_s);
+    }
+
+    void confirmWithOpenEditor()
+    {
+        open(2);
+        d->play(u"to Text4_0, type 1301, Return, to Text2_0"_s);
+        edit(2);
+        d->play(u"type 1, Alt+C"_s);
+        QTRY_COMPARE(d->unloads, 1);
+        QCOMPARE(d->messages, QStringList());
+        QCOMPARE(stored(), u"2|A1|13000000\n3|A1|90000\n2|A2|10000"_s);
+    }
 
 private:
     void open(qint32 number)
@@ -37,19 +224,25 @@ private:
         m_editor = d->find<QLineEdit>(u"edtTxt"_s);
         m_list = d->find<QListWidget>(u"List1"_s);
     }
+    /** Rows, their sum and where the focus is; nothing pops up without it. */
+    QString seen() const
+    {
+        return d->allocations() + u" = "_s + d->text(u"Text3"_s) + u" at "_s + d->focused() +
+               (m_editor->isVisible() && !m_editor->hasFocus() ? u" editor"_s : QString()) +
+               (m_list->isVisible() && !m_list->hasFocus() ? u" list"_s : QString());
+    }
     /** Opens the editor of a row, by Enter on its amount. */
     void edit(int row)
     {
-        m_grid->setFocus();
-        m_grid->table().setRow(row);
-        m_grid->table().setColumn(2);
-        d->press(Qt::Key_Return);
+        m_grid->table().setCurrentCell(row, 2);
+        d->play(u"to MSFlexGrid1, Return"_s);
     }
-    void doubleClick(int row, int column)
+    void click(int row, int column, bool twice = false)
     {
-        const QRect cell = m_grid->visualRect(m_grid->model()->index(row - 1, column));
-        QTest::mouseClick(m_grid->viewport(), Qt::LeftButton, {}, cell.center());
-        QTest::mouseDClick(m_grid->viewport(), Qt::LeftButton, {}, cell.center());
+        const QPoint cell = m_grid->visualRect(m_grid->model()->index(row - 1, column)).center();
+        QTest::mouseClick(m_grid->viewport(), Qt::LeftButton, {}, cell);
+        if (twice)
+            QTest::mouseDClick(m_grid->viewport(), Qt::LeftButton, {}, cell);
     }
     QString stored() const
     {
@@ -61,226 +254,6 @@ private:
     QLineEdit *m_editor = nullptr;
     QListWidget *m_list = nullptr;
 };
-
-void TestInvoiceAllocation::init()
-{
-    d = std::make_unique<FormDriver>();
-    ArchiveBuilder &build = d->archive.build();
-    build.addPayment({{u"AziProf"_s, u"P"_s}, {u"Npag"_s, 2}, {u"Creditore"_s, u"Arch. Sala"_s}});
-    build.addAllocation(2, u"A1"_s, u"Scavi e rinterri"_s, Currency::fromWhole(1300));
-    build.addAllocation(3, u"A1"_s, u"Scavi e rinterri"_s, Currency::fromWhole(9));
-    build.addAllocation(2, u"A2"_s, u"Murature"_s, Currency::fromWhole(45));
-}
-
-void TestInvoiceAllocation::insertsByKeyboard()
-{
-    open(1);
-    d->overview.setText(1, 4, u"-5,00"_s); // read when the list opens
-    d->focus(u"Command3"_s);
-    d->hold(Qt::Key_Return);
-    QVERIFY(m_list->isVisible() && m_list->hasFocus());
-    QCOMPARE(m_list->item(0)->text(), u"A1   Scavi e rinterri L.-5,00"_s);
-    d->press(Qt::Key_Down);
-    d->hold(Qt::Key_Return);
-    QVERIFY(m_list->isHidden() && m_editor->hasFocus());
-    const QRect cell = m_grid->currentCellRect();
-    QCOMPARE(m_editor->geometry().size(), cell.size());
-    QCOMPARE(m_editor->mapToGlobal(QPoint()), m_grid->mapToGlobal(cell.topLeft()));
-    d->press(Qt::Key_I, Qt::AltModifier);
-    QCOMPARE(d->focused(), u"List1"_s); // at once: the next key is meant for the list
-    QCOMPARE(m_list->count(), 2);
-    QCOMPARE(m_list->currentRow(), 0);
-}
-
-void TestInvoiceAllocation::abandonedInsertionLeavesNoRow()
-{
-    open(2);
-    const QString before = d->allocations();
-    for (int pass = 0; pass < 2; ++pass) {
-        d->click(u"Command3"_s); // again, the second time
-        QVERIFY(m_list->hasFocus());
-        QCOMPARE(d->allocations(), before + u";||"_s);
-    }
-    d->answer = MessageAnswer::Yes;
-    d->hold(Qt::Key_E, Qt::AltModifier); // once: one item
-    QVERIFY(m_list->isHidden());
-    QCOMPARE(d->messages, QStringList(u"Vuoi eliminare il Cod. A2?"_s));
-    QCOMPARE(d->allocations(), before.section(u';', 0, 0));
-}
-
-void TestInvoiceAllocation::nothingLeftToInsert()
-{
-    open(2);
-    d->click(u"Command3"_s);
-    d->press(Qt::Key_Return);
-    d->press(Qt::Key_Return);
-    const QString whole = d->allocations();
-    QCOMPARE(whole.count(u';'), 2);
-    d->click(u"Command3"_s);
-    QCOMPARE(d->messages, QStringList(u"Nessun elemento da inserire disponibile"_s));
-    QVERIFY(m_list->isHidden());
-    QCOMPARE(d->allocations(), whole);
-}
-
-void TestInvoiceAllocation::editorOpensOnAmountsOnlyAndKeepsToItself()
-{
-    open(2);
-    doubleClick(1, 0);
-    QVERIFY(m_editor->isHidden());
-    doubleClick(2, 1);
-    QVERIFY(m_editor->isHidden());
-    d->press(Qt::Key_Return);
-    QVERIFY(m_editor->isHidden());
-    doubleClick(2, 2);
-    QVERIFY(m_editor->isVisible() && m_editor->hasFocus());
-    QCOMPARE(m_editor->text(), u"45,00"_s);
-    QCOMPARE(m_editor->selectedText(), u"45,00"_s);
-    d->type(u"8"_s);
-    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_Home, Qt::Key_F2})
-        d->press(key);
-    QVERIFY(m_editor->hasFocus());
-    QCOMPARE(m_grid->table().row(), 2);
-    QCOMPARE(m_editor->text(), u"8"_s);
-}
-
-void TestInvoiceAllocation::escapeGivesTheAmountBack()
-{
-    open(2);
-    edit(1);
-    d->type(u"7.5"_s);
-    d->press(Qt::Key_Escape);
-    QVERIFY(m_editor->isHidden() && m_grid->hasFocus());
-    QCOMPARE(d->allocations().section(u';', 0, 0), u"A1|Scavi e rinterri|1.300,00"_s);
-    // Untouched and left otherwise, the display form is read as any other text.
-    edit(1);
-    d->press(Qt::Key_Return);
-    QVERIFY(m_editor->isHidden() && m_grid->hasFocus());
-    QCOMPARE(d->allocations().section(u';', 0, 0), u"A1|Scavi e rinterri|1,30"_s);
-    QCOMPARE(d->text(u"Text3"_s), u"46,30"_s);
-}
-
-void TestInvoiceAllocation::editorScrollsWithItsCell()
-{
-    for (int item = 10; item < 40; ++item)
-        d->archive.build().addAllocation(2, u"Z%1"_s.arg(item), u"Opere"_s, Currency());
-    open(2);
-    edit(1);
-    const auto distance = [this] {
-        const QRect cell = m_grid->visualRect(m_grid->currentIndex());
-        return m_editor->mapToGlobal(QPoint()) - m_grid->viewport()->mapToGlobal(cell.topLeft());
-    };
-    for (const int row : {1, 5, m_grid->verticalScrollBar()->maximum()}) {
-        m_grid->verticalScrollBar()->setValue(row);
-        QCOMPARE(distance(), QPoint());
-        QVERIFY(m_editor->visibleRegion().isEmpty()); // no longer over any other cell
-        QVERIFY(m_editor->hasFocus());
-    }
-    d->type(u"6"_s);
-    QCOMPARE(distance(), QPoint());
-    QCOMPARE(m_editor->visibleRegion().boundingRect(), m_editor->rect());
-    d->press(Qt::Key_Return);
-    QCOMPARE(d->allocations().section(u';', 0, 0), u"A1|Scavi e rinterri|6,00"_s);
-}
-
-void TestInvoiceAllocation::aPickListShowsItsLines()
-{
-    open(1);
-    d->overview.setRows(2);
-    d->overview.setText(1, 1, u"Opere "_s.repeated(40));
-    d->click(u"Command3"_s);
-    QVERIFY(m_list->viewport()->height() >= m_list->sizeHintForRow(0));
-    QTest::mouseClick(m_list->viewport(), Qt::LeftButton, {},
-                      m_list->visualItemRect(m_list->item(0)).center());
-    QVERIFY(m_editor->hasFocus());
-}
-
-void TestInvoiceAllocation::anItemWithoutCodeIsNoChoice()
-{
-    open(2);
-    d->overview.setText(3, 0, u"   "_s);
-    const QString before = d->allocations();
-    d->click(u"Command3"_s);
-    d->press(Qt::Key_Return);
-    QVERIFY(m_list->isHidden() && m_editor->isHidden() && m_grid->hasFocus());
-    QCOMPARE(d->allocations(), before);
-}
-
-void TestInvoiceAllocation::editorAlwaysReachesItsCell()
-{
-    open(2);
-    edit(2);
-    d->type(u"77.1"_s);
-    QTest::mouseClick(m_grid->viewport(), Qt::LeftButton, {},
-                      m_grid->visualRect(m_grid->model()->index(0, 1)).center());
-    QCOMPARE(d->allocations(), u"A1|Scavi e rinterri|1.300,00;A2|Murature|77,10"_s);
-    QCOMPARE(m_grid->table().row(), 1);
-    // Buttons act at once, the amount being in its cell first.
-    edit(1);
-    d->type(u"9"_s);
-    d->press(Qt::Key_R, Qt::AltModifier);
-    QTRY_COMPARE(d->focused(), u"List2"_s);
-    QCOMPARE(d->text(u"Text3"_s), u"86,10"_s);
-    d->click(u"Command3"_s);
-    const QPoint first = m_list->visualItemRect(m_list->item(0)).center();
-    QTest::mouseDClick(d->form->windowHandle(), Qt::LeftButton, {},
-                       m_list->viewport()->mapTo(d->form.get(), first));
-    d->type(u"800"_s); // the second click went nowhere
-    d->click(u"Command4"_s);
-    QCOMPARE(d->text(u"Text3"_s), u"886,10"_s);
-    QCOMPARE(d->messages, QStringList(u"Vuoi eliminare il Cod. B10?"_s));
-    // A click of its own, elsewhere, is no part of the pick.
-    d->click(u"Command3"_s);
-    QWindow *const window = d->form->windowHandle();
-    QTest::mouseClick(window, Qt::LeftButton, {}, m_list->viewport()->mapTo(d->form.get(), first));
-    auto *creditor = d->find(u"Text1_0"_s);
-    QTest::mouseClick(window, Qt::LeftButton, {},
-                      creditor->mapTo(d->form.get(), creditor->rect().center()));
-    QCOMPARE(d->focused(), u"Text1_0"_s);
-}
-
-void TestInvoiceAllocation::theGridHasTheFocusAfterItsEditor()
-{
-    open(2);
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Backtab}) {
-        edit(1);
-        QVERIFY(m_editor->hasFocus());
-        d->press(key);
-        QCOMPARE(d->focused(), u"MSFlexGrid1"_s);
-        QVERIFY(m_editor->isHidden());
-    }
-    edit(1);
-    d->focus(u"Memo"_s);
-    QCOMPARE(d->focused(), u"MSFlexGrid1"_s);
-}
-
-void TestInvoiceAllocation::confirmWithOpenEditor()
-{
-    open(2);
-    d->focus(u"Text4_0"_s);
-    d->type(u"1301"_s);
-    d->press(Qt::Key_Return);
-    d->focus(u"Text2_0"_s);
-    edit(2);
-    d->type(u"1"_s);
-    d->press(Qt::Key_C, Qt::AltModifier);
-    QTRY_COMPARE(d->unloads, 1);
-    QCOMPARE(d->messages, QStringList());
-    QCOMPARE(stored(), u"2|A1|13000000\n3|A1|90000\n2|A2|10000"_s);
-}
-
-void TestInvoiceAllocation::closesWithPopUpsOpen()
-{
-    open(2);
-    edit(1);
-    d->type(u"5"_s);
-    d->form->close();
-    d->form.reset();
-    open(2);
-    d->click(u"Command3"_s);
-    d->form.reset();
-    QCOMPARE(d->unloads, 1);
-    QCOMPARE(stored().count(u'\n'), 2);
-}
 
 QTEST_MAIN(TestInvoiceAllocation)
 #include "test_invoice_allocation.moc"

@@ -109,12 +109,6 @@ void FlexGrid::setRestColumn(int column)
     measureAll();
 }
 
-QRect FlexGrid::currentCellRect() const
-{
-    const QModelIndex cell = m_table.currentIndex();
-    return cell.isValid() ? visualRect(cell).translated(viewport()->pos()) : QRect();
-}
-
 void FlexGrid::scrollTo(const QModelIndex &index, ScrollHint hint)
 {
     const int sideways = horizontalScrollBar()->value();

@@ -46,10 +46,6 @@ public:
     /** The column that takes the grid's width minus the others' and minus a margin of 400 twips. */
     void setRestColumn(int column);
 
-    /** Geometry of the table's current cell in this widget's coordinates, for an in-place editor;
-     *  empty while the current row is the header. */
-    QRect currentCellRect() const;
-
     /** Brings a cell into sight; where rows are selected, without moving sideways. */
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
     /** Does nothing: letters and digits choose no row. */
