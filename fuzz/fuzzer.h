@@ -60,14 +60,12 @@ inline void RequireSame(const QString &input, const QString &program, const QStr
 }
 
 /** One case each; a difference is a std::runtime_error. */
-void FuzzAmount(Random &random);    ///< ImportoDaTesto, FormatImporto
-void FuzzLike(Random &random);      ///< LikePattern
-void FuzzCriterion(Random &random); ///< ParseCriterion
-void FuzzFind(Random &random);      ///< finds and queries on a table, between changes of it
-void FuzzSql(Random &random);       ///< EngineQueryFor
-void FuzzDate(Random &random);      ///< DataDaTesto, FormatData
-void FuzzDateBox(Random &random);   ///< DateBox by keys
-void FuzzCsv(Random &random);       ///< CsvReader, AmountOf, AmountCell
-void FuzzRtf(Random &random);       ///< WriteRtf
+void FuzzAmount(Random &random);  ///< ImportoDaTesto, FormatImporto
+void FuzzLike(Random &random);    ///< LikePattern
+void FuzzFind(Random &random);    ///< finds and queries on a table, between changes of it
+void FuzzDate(Random &random);    ///< DataDaTesto, FormatData
+void FuzzDateBox(Random &random); ///< DateBox by keys
+void FuzzCsv(Random &random);     ///< CsvReader, AmountOf, AmountCell
+void FuzzRtf(Random &random);     ///< WriteRtf
 
 } // namespace saldoro

@@ -127,8 +127,7 @@ private slots:
             // Codes that a criterion, a pattern or a file name cannot hold.
             {'K', "UPDATE Funzioni SET CodExt = 'X''97' WHERE CodInt = 'P97'",
              "load load Appalto.mdb/SchedaProgetto///1//"},
-            {'K', "UPDATE Funzioni SET CodExt = 'X[97' WHERE CodInt = 'P97'",
-             "load load Appalto.mdb/SchedaProgetto/Voce//1//"},
+            {'K', "UPDATE Funzioni SET CodExt = 'X[97' WHERE CodInt = 'P97'", ""},
             {'K', "UPDATE Funzioni SET CodExt = NULL WHERE CodInt = 'P97'",
              "load load chiavi.mdb/Funzioni/CodExt//1//"},
             {'K', "UPDATE Funzioni SET CodExt = 'a/b' WHERE CodInt = 'P99'", "close b.rtf//////"}};

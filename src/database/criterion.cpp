@@ -1,113 +1,115 @@
 #include "database/criterion.h"
 
-#include <algorithm>
+#include <QList>
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-/** Takes a criterion apart from left to right; each step says whether it found its part. */
-class CriterionReader
+/** A text without letter case, in which an accented letter is one character. */
+QString folded(const QString &text)
 {
-public:
-    explicit CriterionReader(QStringView text)
-        : m_rest(text.trimmed())
-    {
-    }
+    return text.normalized(QString::NormalizationForm_C).toCaseFolded();
+}
 
-    bool takeField(QString &field)
-    {
-        if (m_rest.startsWith(u'[')) {
-            const qsizetype end = m_rest.indexOf(u']');
-            if (end < 2)
-                return false;
-            field = m_rest.sliced(1, end - 1).toString();
-            drop(end + 1);
-            return true;
+QString plain(uint character)
+{
+    return u"\\x{%1}"_s.arg(character, 0, 16);
+}
+
+/** The expression for "[list]"; none when a range runs backwards. */
+std::optional<QString> listExpression(QList<uint> list)
+{
+    if (list.isEmpty())
+        return QString(); // an empty list stands for no character at all
+    const bool isNegated = list.size() > 1 && list.front() == u'!';
+    if (isNegated)
+        list.removeFirst();
+    QString members;
+    for (qsizetype place = 0; place < list.size(); ++place) {
+        members += plain(list[place]);
+        if (place + 2 >= list.size() || list[place + 1] != u'-')
+            continue;
+        if (list[place] > list[place + 2])
+            return std::nullopt;
+        members += u'-' + plain(list[place + 2]);
+        place += 2;
+    }
+    return (isNegated ? u"[^"_s : u"["_s) + members + u']';
+}
+
+/** What is between two runs has one length, so the first place where it fits is as good as any
+ *  later one: the groups never give back what they took, and the work stays small. */
+QString likeExpression(const QString &pattern)
+{
+    const QList<uint> characters = folded(pattern).toUcs4();
+    QString expression = u"\\A"_s;
+    QString part; // since the last run
+    bool isBehindRun = false;
+    for (qsizetype place = 0; place < characters.size(); ++place) {
+        switch (characters[place]) {
+        case u'*':
+            expression += isBehindRun ? u"(?>.*?"_s + part + u')' : part;
+            part.clear();
+            isBehindRun = true;
+            break;
+        case u'?':
+            part += u'.';
+            break;
+        case u'#':
+            part += u"[0-9]"_s;
+            break;
+        case u'[': {
+            const qsizetype end = characters.indexOf(u']', place);
+            const std::optional<QString> list =
+                end < 0 ? std::nullopt
+                        : listExpression(characters.sliced(place + 1, end - place - 1));
+            part += list.value_or(plain(u'['));
+            if (list)
+                place = end;
+            break;
         }
-        const qsizetype length = wordLength();
-        if (length == 0 || m_rest.front().isDigit())
-            return false;
-        field = m_rest.first(length).toString();
-        drop(length);
-        return true;
-    }
-
-    bool takeOperator(Criterion::Operator &comparison)
-    {
-        if (m_rest.startsWith(u'=')) {
-            comparison = Criterion::Operator::Equals;
-            drop(1);
-            return true;
+        default:
+            part += plain(characters[place]);
         }
-        const qsizetype length = wordLength();
-        if (m_rest.first(length).compare(u"Like", Qt::CaseInsensitive) != 0)
-            return false;
-        comparison = Criterion::Operator::Like;
-        drop(length);
-        return true;
     }
-
-    /** A quoted text that reaches to the end of the criterion. */
-    bool takeText(QString &text)
-    {
-        if (m_rest.size() < 2 || !m_rest.startsWith(u'\'') || !m_rest.endsWith(u'\''))
-            return false;
-        const QStringView quoted = m_rest.sliced(1, m_rest.size() - 2);
-        text.reserve(quoted.size());
-        for (qsizetype place = 0; place < quoted.size(); ++place) {
-            if (quoted[place] == u'\'') {
-                if (++place == quoted.size() || quoted[place] != u'\'')
-                    return false;
-            }
-            text.append(quoted[place]);
-        }
-        return true;
-    }
-
-    bool takeNumber(qint64 &number)
-    {
-        QStringView digits = m_rest;
-        if (digits.startsWith(u'+') || digits.startsWith(u'-'))
-            digits = digits.sliced(1);
-        const auto isPlainDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
-        if (digits.isEmpty() || !std::all_of(digits.begin(), digits.end(), isPlainDigit))
-            return false;
-        bool fits = false;
-        number = m_rest.toLongLong(&fits);
-        return fits;
-    }
-
-private:
-    qsizetype wordLength() const
-    {
-        const auto isInWord = [](QChar c) { return c.isLetterOrNumber() || c == u'_'; };
-        return std::find_if_not(m_rest.begin(), m_rest.end(), isInWord) - m_rest.begin();
-    }
-
-    void drop(qsizetype count) { m_rest = m_rest.sliced(count).trimmed(); }
-
-    QStringView m_rest;
-};
+    return expression + (isBehindRun ? u".*"_s : QString()) + part + u"\\z"_s;
+}
 
 } // namespace
 
+LikePattern::LikePattern(const QString &pattern)
+    : m_expression(likeExpression(pattern), QRegularExpression::DotMatchesEverythingOption)
+{
+}
+
+bool LikePattern::matches(const QString &text) const
+{
+    return m_expression.match(folded(text)).hasMatch();
+}
+
 std::optional<Criterion> ParseCriterion(const QString &text)
 {
-    Criterion criterion;
-    CriterionReader reader(text);
-    if (!reader.takeField(criterion.field) || !reader.takeOperator(criterion.comparison))
+    static const QRegularExpression notation(
+        uR"(\A\s*(?:\[([^\]]+)\]|(?![0-9])([\p{L}\p{N}_]++))\s*(=|(?i:like)(?![\p{L}\p{N}_])))"
+        uR"(\s*(?:'([^']*+(?:''[^']*+)*+)'|([+-]?[0-9]+))\s*\z)"_s,
+        QRegularExpression::UseUnicodePropertiesOption);
+    const QRegularExpressionMatch match = notation.match(text);
+    if (!match.hasMatch())
         return std::nullopt;
-    QString quoted;
-    if (reader.takeText(quoted)) {
-        criterion.literal = quoted;
-        return criterion;
+    const QString field = match.captured(1) + match.captured(2);
+    const bool isLike = match.captured(3) != u'=';
+    if (!match.hasCaptured(5)) {
+        const QString literal = match.captured(4).replace(u"''"_s, u"'"_s);
+        if (isLike)
+            return Criterion{field, LikePattern(literal)};
+        return Criterion{field, literal};
     }
-    qint64 number = 0;
-    if (criterion.comparison == Criterion::Operator::Like || !reader.takeNumber(number))
-        return std::nullopt;
-    criterion.literal = number;
-    return criterion;
+    bool fits = false;
+    const qint64 number = match.captured(5).toLongLong(&fits);
+    return fits && !isLike ? std::optional(Criterion{field, number}) : std::nullopt;
 }
 
 } // namespace saldoro

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRegularExpression>
 #include <QString>
 
 #include <optional>
@@ -7,19 +8,31 @@
 
 namespace saldoro {
 
-/** What a find asks for: one field compared with one literal. */
+/**
+ * A pattern of the Like operator as the desktop engine reads it: `*` any run of characters, `?`
+ * one character, `#` one digit, `[list]` one of the listed characters or ranges, `[!list]` one that
+ * is not listed. Every other character, `_` and `%` included, stands for itself, and so does a `[`
+ * that is never closed or that opens a range which runs backwards. Letter case is ignored; ranges
+ * go by the numbers of the characters.
+ */
+class LikePattern
+{
+public:
+    explicit LikePattern(const QString &pattern);
+
+    /** Whether the whole of @p text meets the pattern. The work stays within the length of the text
+     *  times that of the pattern. */
+    bool matches(const QString &text) const;
+
+private:
+    QRegularExpression m_expression;
+};
+
+/** What a find asks for: one field compared with a whole number or a text, or like a pattern. */
 struct Criterion
 {
-    enum class Operator
-    {
-        Equals,
-        Like
-    };
-
     QString field;
-    Operator comparison = Operator::Equals;
-    /** A whole number or a text; always a text for Like. */
-    std::variant<qint64, QString> literal;
+    std::variant<qint64, QString, LikePattern> wanted;
 };
 
 /**

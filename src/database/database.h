@@ -1,6 +1,5 @@
 #pragma once
 
-#include "common/currency.h"
 #include "database/record_set.h"
 #include "database/table_def.h"
 
@@ -11,11 +10,11 @@
 
 namespace saldoro {
 
-class DatabaseFile;
+class Connection;
 
 /**
- * One open database file. Tables are made from definitions; everything else goes through record
- * sets.
+ * One open database file. Not copied, only moved. Tables are made from definitions; everything else
+ * goes through record sets.
  *
  * Paths are archive paths (backslashes, any letter case), turned into paths of the machine here.
  * Every failure is a DatabaseError naming the file. The other programs of the suite use the same
@@ -38,20 +37,13 @@ public:
     /** As open(), but no change can reach the file through it. */
     static Database openReadOnly(const QString &path);
 
-    Database(Database &&other) noexcept;
-    /** Closes what was open here before. */
-    Database &operator=(Database &&other) noexcept;
-    Database(const Database &) = delete;
-    Database &operator=(const Database &) = delete;
-    ~Database();
-
     /** Adds an empty table with the fields of @p table in their order. Throws Other when the file
      *  has a table of that name. */
     void appendTableDef(const TableDef &table);
 
-    /** The definition of a table that the file holds, by its name in any letter case: fields that
-     *  are of no type known here are FieldType::Undeclared, a text without a bound is a memo. No
-     *  value when there is no such table; a stored query is none. */
+    /** The definition of a table that the file holds, by its name in any letter case: in tables of
+     *  other programs as far as the words of their types tell. No value when there is no such
+     *  table; a stored query is none. */
     std::optional<TableDef> tableDef(const QString &name) const;
 
     /** Whether @p name, in any letter case, is a stored query of the file. */
@@ -61,9 +53,6 @@ public:
      *  DiskFull. */
     void deleteAll(const QString &table);
 
-    /** The names of the tables and stored queries in the file, in alphabetical order. */
-    QStringList tableNames() const;
-
     /**
      * Opens a record set on @p sql, which is taken as it stands, trailing and doubled blanks
      * included. "SELECT * FROM one-table ..." gives an updatable key set; joins and stored queries
@@ -72,25 +61,16 @@ public:
      */
     RecordSet openRecordSet(const QString &sql) const;
 
-    /** What the engine finds wrong with the file itself, one line for each fault and no more than
-     *  twenty, in the engine's own words; empty for a sound file. */
-    QStringList integrityReport() const;
-
-    /** Writes a whole copy of the file to @p path (of the machine), as it stands between two
-     *  changes of other programs, and flushes it to the disk. Never overwrites: throws FileExists,
-     *  ReadOnly, DiskFull; a copy that fails is taken away again. */
-    void backUpTo(const QString &path) const;
-
-    /** As backUpTo(), beside the file under a name with date and time that no file has yet:
-     *  "Saldoro copia 2026-03-31 10.15.00.mdb". Gives the copy's path. */
+    /** Writes a whole copy of the file beside it, as it stands between two changes of other
+     *  programs, and flushes it to the disk. It gets a name with date and time that no file has
+     * yet, "Saldoro copia 2026-03-31 10.15.00.mdb". Throws Locked, ReadOnly, DiskFull; a copy that
+     * fails is taken away again.
+     *  @return the copy's path of the machine. */
     QString backUpBeside() const;
 
-    /** Waits @p milliseconds for a locked file from now on, instead of LockWaitMilliseconds. */
-    void setLockWait(int milliseconds);
-
-    /** Closes the file; record sets opened from it keep what they have read but can't write. Also
-     *  done by the destructor. */
-    void close();
+    /** Lets go of the file, which is closed when the last record set opened from it is closed, too.
+     *  Also done by the destructor. */
+    void close() { m_file.reset(); }
 
     /** The path of the machine, for messages. */
     QString path() const;
@@ -98,9 +78,9 @@ public:
 private:
     friend class Transaction;
     friend class TableAppender;
-    explicit Database(std::shared_ptr<DatabaseFile> file);
-    const std::shared_ptr<DatabaseFile> &file() const;
-    std::shared_ptr<DatabaseFile> m_file;
+    explicit Database(std::shared_ptr<Connection> file);
+    const std::shared_ptr<Connection> &file() const;
+    std::shared_ptr<Connection> m_file;
 };
 
 /**
@@ -123,7 +103,7 @@ public:
     void commit();
 
 private:
-    std::shared_ptr<DatabaseFile> m_file;
+    std::shared_ptr<Connection> m_file;
     bool m_isOpen = false;
 };
 

@@ -1,63 +1,47 @@
 #include "database/engine_error.h"
 
 #include "common/errors.h"
+#include "database/sql_text.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
 #include <new>
-#include <optional>
 #include <sqlite3.h>
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
-
-/** What follows @p beginning in @p message, when it begins so. */
-std::optional<QString> after(const QString &message, QStringView beginning)
-{
-    if (!message.startsWith(beginning))
-        return std::nullopt;
-    return message.sliced(beginning.size());
-}
-
-/** "Fatture.Npag" and "main.Fatture" without what stands before the dot. */
-QString lastName(const QString &qualified)
-{
-    return qualified.sliced(qualified.lastIndexOf(u'.') + 1);
-}
 
 DatabaseError statementError(const QString &message, const QString &path, const QString &table)
 {
-    if (const auto name = after(message, u"no such table: "))
-        return {DatabaseFault::TableMissing, path, lastName(*name)};
-    if (const auto name = after(message, u"no such column: "))
-        return {DatabaseFault::FieldMissing, path, table, lastName(*name)};
-    if (const auto rest = after(message, u"table ")) {
-        const QStringView link = u" has no column named ";
-        const qsizetype end = rest->indexOf(link);
-        if (end >= 0)
-            return {DatabaseFault::FieldMissing, path, rest->first(end),
-                    rest->sliced(end + link.size())};
-    }
-    const bool unreadable = message.startsWith(u"near ") || message.contains(u"syntax error") ||
-                            message.startsWith(u"incomplete input") ||
-                            message.startsWith(u"unrecognized token") ||
-                            message.startsWith(u"ambiguous column name");
+    static const QRegularExpression missing(u"^no such (table|column): (?:.*\\.)?(.+)$"_s);
+    static const QRegularExpression unreadable(
+        u"^(?:near |incomplete input|unrecognized token|ambiguous column name)|syntax error"_s);
+    const QRegularExpressionMatch name = missing.match(message);
+    if (name.captured(1) == u"table")
+        return {DatabaseFault::TableMissing, path, name.captured(2)};
+    if (name.hasMatch())
+        return {DatabaseFault::FieldMissing, path, table, name.captured(2)};
+    const bool isUnreadable = unreadable.match(message).hasMatch();
     return {
-        unreadable ? DatabaseFault::SyntaxError : DatabaseFault::Other, path, table, {}, message};
+        isUnreadable ? DatabaseFault::SyntaxError : DatabaseFault::Other, path, table, {}, message};
 }
 
 DatabaseError constraintError(int code, const QString &message, const QString &path,
                               const QString &table)
 {
-    if (const auto name = after(message, u"CHECK constraint failed: ")) {
-        if (const auto field = after(*name, QString(ZeroLengthConstraint)))
-            return {DatabaseFault::ZeroLengthRefused, path, table, *field};
-    }
-    if (const auto field = after(message, u"NOT NULL constraint failed: "))
-        return {DatabaseFault::NullValue, path, table, lastName(*field)};
+    static const QRegularExpression empty(u"^CHECK constraint failed: "_s + ZeroLengthConstraint +
+                                          u"(.+)$"_s);
+    static const QRegularExpression null(u"^NOT NULL constraint failed: (?:.*\\.)?(.+)$"_s);
+    if (const auto field = empty.match(message); field.hasMatch())
+        return {DatabaseFault::ZeroLengthRefused, path, table, field.captured(1)};
+    if (const auto field = null.match(message); field.hasMatch())
+        return {DatabaseFault::NullValue, path, table, field.captured(1)};
     const bool wrongType = code == SQLITE_CONSTRAINT_DATATYPE;
     return {
         wrongType ? DatabaseFault::TypeMismatch : DatabaseFault::Other, path, table, {}, message};

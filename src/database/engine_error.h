@@ -4,9 +4,6 @@
 
 namespace saldoro {
 
-/** Beginning of the names of the constraints that refuse empty texts; the field's name follows. */
-inline constexpr QLatin1StringView ZeroLengthConstraint("ZeroLength ");
-
 /**
  * Throws the DatabaseError that stands for the result code @p code of the engine.
  *

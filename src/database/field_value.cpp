@@ -1,83 +1,178 @@
+#include "database/field_value.h"
+
+#include "common/date_text.h"
 #include "common/rounding.h"
-#include "database/record_set.h"
-#include "database/record_set_data.h"
-#include "database/stored_text.h"
+#include "common/text_cut.h"
+#include "platform/legacy_text.h"
+
+#include <QLocale>
+#include <QRegularExpression>
+
+#include <algorithm>
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-DatabaseError errorAt(const RecordSetData &data, int column, DatabaseFault fault)
+/** The plain decimal form of a count of ten-thousandths, without trailing zeros: "-0.5". */
+QString tenThousandthsText(qint64 scaled)
 {
-    return data.error(fault, data.columnInfo(column).name);
+    static const QRegularExpression trailing(u"\\.?0+$"_s);
+    constexpr int Decimals = 4;
+    QString digits = QString::number(scaled);
+    const QString sign = scaled < 0 ? u"-"_s : QString();
+    digits = digits.sliced(sign.size()).rightJustified(Decimals + 1, u'0');
+    digits.insert(digits.size() - Decimals, u'.');
+    return sign + digits.remove(trailing);
 }
 
-/** The cell, which must not be null. */
-const Cell &valueAt(const RecordSetData &data, int column)
+/** The shortest plain decimal form that gives back @p value: "0.1". */
+QString realText(double value)
 {
-    const Cell &cell = data.currentCell(column);
-    if (cell.type == CellType::Null)
-        throw errorAt(data, column, DatabaseFault::NullValue);
-    return cell;
+    return QString::number(value, 'f', QLocale::FloatingPointShortest);
 }
 
-/** Whether numbers of the column count ten-thousandths. */
-bool countsTenThousandths(const ColumnInfo &column)
+/** The day in a stored text yyyy-MM-dd, a time of day after it being ignored. No value for
+ *  anything else. */
+std::optional<QDate> dayOf(const StoredValue &value)
 {
-    return column.kind == ColumnKind::Currency || column.kind == ColumnKind::Undeclared;
-}
-
-std::optional<QDate> dayAt(const RecordSetData &data, const Cell &cell)
-{
-    if (cell.type != CellType::Text)
+    constexpr qsizetype DayLength = 10;
+    const auto *text = std::get_if<QByteArrayView>(&value);
+    if (text == nullptr || text->size() < DayLength)
         return std::nullopt;
-    return DayFromStoredText(QString::fromUtf8(data.cells().text(cell)));
+    if (text->size() > DayLength && (*text)[DayLength] != ' ' && (*text)[DayLength] != 'T')
+        return std::nullopt;
+    const QDate day = QDate::fromString(QString::fromLatin1(text->first(DayLength)), Qt::ISODate);
+    return day.isValid() ? std::optional(day) : std::nullopt;
 }
+
+/** Turns one kind of new value into the stored form of its field. */
+struct Converter
+{
+    using Form = std::variant<StoredValue, DatabaseFault>;
+
+    const FieldDef &field;
+    std::pmr::memory_resource &texts;
+
+    Form operator()(std::monostate /*null*/) const { return StoredValue(); }
+
+    Form operator()(const QString &text) const
+    {
+        if (field.type == FieldType::Date && !text.isEmpty())
+            return (*this)(QDate::fromString(text, u"dd/MM/yyyy"_s));
+        const bool isKeptAsText =
+            IsText(field) || field.type == FieldType::Date || field.type == FieldType::Undeclared;
+        if (!isKeptAsText)
+            return DatabaseFault::TypeMismatch;
+        if (field.size > 0 && CharacterCount(text) > field.size)
+            return DatabaseFault::FieldTooSmall;
+        return StoredValue(KeptText(text.toUtf8(), texts));
+    }
+
+    Form operator()(QDate day) const
+    {
+        if (!day.isValid() || field.type != FieldType::Date)
+            return DatabaseFault::TypeMismatch;
+        return StoredValue(KeptText(day.toString(u"yyyy-MM-dd"_s).toUtf8(), texts));
+    }
+
+    Form operator()(qint32 number) const
+    {
+        if (IsText(field) || field.type == FieldType::Date)
+            return DatabaseFault::TypeMismatch;
+        if (field.type == FieldType::Currency)
+            return StoredValue(Currency::fromWhole(number).scaled());
+        if (field.type == FieldType::Integer && number != static_cast<qint16>(number))
+            return DatabaseFault::FieldTooSmall;
+        return StoredValue(qint64{number});
+    }
+
+    Form operator()(Currency amount) const
+    {
+        if (field.type == FieldType::Currency || field.type == FieldType::Undeclared)
+            return StoredValue(amount.scaled());
+        if (field.type == FieldType::Double)
+            return StoredValue(amount.toDouble());
+        return DatabaseFault::TypeMismatch;
+    }
+};
 
 } // namespace
 
-bool FieldValue::isNull() const
+QByteArrayView KeptText(QByteArrayView text, std::pmr::memory_resource &texts)
 {
-    return m_data->currentCell(m_column).type == CellType::Null;
+    auto *bytes = static_cast<char *>(texts.allocate(static_cast<size_t>(text.size()) + 1, 1));
+    std::copy(text.begin(), text.end(), bytes);
+    return {bytes, text.size()};
+}
+
+std::variant<StoredValue, DatabaseFault> StoredForm(const FieldDef &field, const NewValue &value,
+                                                    std::pmr::memory_resource &texts)
+{
+    return std::visit(Converter{field, texts}, value);
+}
+
+QString PlainText(const StoredValue &value, FieldType type)
+{
+    const bool isCurrency = type == FieldType::Currency;
+    if (const auto *whole = std::get_if<qint64>(&value))
+        return isCurrency ? tenThousandthsText(*whole) : QString::number(*whole);
+    if (const auto *real = std::get_if<double>(&value))
+        return realText(isCurrency ? *real / Currency::Scale : *real);
+    if (type == FieldType::Date) {
+        if (const auto day = dayOf(value))
+            return FormatData(*day);
+    }
+    const auto *text = std::get_if<QByteArrayView>(&value);
+    return text == nullptr ? QString() : TextOfStoredBytes(*text);
+}
+
+DatabaseError FieldValue::error(DatabaseFault fault) const
+{
+    return {fault, m_place->file, m_place->table, m_field->name};
+}
+
+/** The value, which must not be null. */
+const StoredValue &FieldValue::known() const
+{
+    if (isNull())
+        throw error(DatabaseFault::NullValue);
+    return *m_value;
 }
 
 QString FieldValue::text() const
 {
-    valueAt(*m_data, m_column);
-    return textOrEmpty();
-}
-
-QString FieldValue::textOrEmpty() const
-{
-    return StoredText(m_data->cells(), m_data->currentCell(m_column), m_data->columnInfo(m_column));
+    return PlainText(known(), m_field->type);
 }
 
 std::optional<QByteArrayView> FieldValue::storedBytes() const
 {
-    const Cell &cell = m_data->currentCell(m_column);
-    return cell.type == CellType::Text && cell.isExact ? std::optional(m_data->cells().text(cell))
-                                                       : std::nullopt;
+    const auto *text = std::get_if<QByteArrayView>(m_value);
+    return text != nullptr && text->isValidUtf8() ? std::optional(*text) : std::nullopt;
 }
 
 Currency FieldValue::currency() const
 {
-    const Cell &cell = valueAt(*m_data, m_column);
-    const bool isScaled = countsTenThousandths(m_data->columnInfo(m_column));
+    const StoredValue &value = known();
+    const bool countsTenThousandths =
+        m_field->type == FieldType::Currency || m_field->type == FieldType::Undeclared;
     try {
-        if (cell.type == CellType::Whole)
-            return isScaled ? Currency::fromScaled(cell.whole())
-                            : Currency::fromWhole(cell.whole());
-        if (cell.type == CellType::Real && !isScaled)
-            return Currency::fromDouble(cell.real());
+        if (const auto *whole = std::get_if<qint64>(&value))
+            return countsTenThousandths ? Currency::fromScaled(*whole)
+                                        : Currency::fromWhole(*whole);
+        if (const auto *real = std::get_if<double>(&value)) {
+            if (!countsTenThousandths)
+                return Currency::fromDouble(*real);
+            if (const auto scaled = RoundHalfEven<qint64>(*real))
+                return Currency::fromScaled(*scaled);
+            throw error(DatabaseFault::FieldTooSmall);
+        }
     } catch (const OverflowError &) {
-        throw errorAt(*m_data, m_column, DatabaseFault::FieldTooSmall);
+        throw error(DatabaseFault::FieldTooSmall);
     }
-    if (cell.type != CellType::Real)
-        throw errorAt(*m_data, m_column, DatabaseFault::TypeMismatch);
-    const auto scaled = RoundHalfEven<qint64>(cell.real());
-    if (!scaled)
-        throw errorAt(*m_data, m_column, DatabaseFault::FieldTooSmall);
-    return Currency::fromScaled(*scaled);
+    throw error(DatabaseFault::TypeMismatch);
 }
 
 std::optional<Currency> FieldValue::currencyOrNone() const
@@ -87,34 +182,36 @@ std::optional<Currency> FieldValue::currencyOrNone() const
 
 qint32 FieldValue::integer() const
 {
-    const Cell &cell = valueAt(*m_data, m_column);
-    if (cell.type == CellType::Text)
-        throw errorAt(*m_data, m_column, DatabaseFault::TypeMismatch);
+    const StoredValue &value = known();
+    if (std::holds_alternative<QByteArrayView>(value))
+        throw error(DatabaseFault::TypeMismatch);
+    const auto *whole = std::get_if<qint64>(&value);
     std::optional<qint32> number;
-    if (m_data->columnInfo(m_column).kind == ColumnKind::Currency)
+    if (m_field->type == FieldType::Currency)
         number = RoundHalfEven<qint32>(currency().toDouble());
-    else if (cell.type == CellType::Real)
-        number = RoundHalfEven<qint32>(cell.real());
-    else if (cell.whole() == static_cast<qint32>(cell.whole()))
-        number = static_cast<qint32>(cell.whole());
+    else if (whole == nullptr)
+        number = RoundHalfEven<qint32>(std::get<double>(value));
+    else if (*whole == static_cast<qint32>(*whole))
+        number = static_cast<qint32>(*whole);
     if (!number)
-        throw errorAt(*m_data, m_column, DatabaseFault::FieldTooSmall);
+        throw error(DatabaseFault::FieldTooSmall);
     return *number;
 }
 
 QDate FieldValue::date() const
 {
-    const Cell &cell = valueAt(*m_data, m_column);
-    if (const auto day = dayAt(*m_data, cell))
+    const StoredValue &value = known();
+    if (const auto day = dayOf(value))
         return *day;
-    if (cell.type != CellType::Text || cell.length > 0)
-        throw errorAt(*m_data, m_column, DatabaseFault::TypeMismatch);
+    const auto *text = std::get_if<QByteArrayView>(&value);
+    if (text == nullptr || !text->isEmpty())
+        throw error(DatabaseFault::TypeMismatch);
     return {};
 }
 
 QDate FieldValue::dateOrNone() const
 {
-    return dayAt(*m_data, m_data->currentCell(m_column)).value_or(QDate());
+    return dayOf(*m_value).value_or(QDate());
 }
 
 } // namespace saldoro

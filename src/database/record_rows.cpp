@@ -1,162 +1,136 @@
 #include "database/record_rows.h"
 
-#include "database/stored_text.h"
-#include "database/text_collation.h"
+#include "database/connection.h"
+#include "database/text_order.h"
 
-#include <bit>
-#include <utility>
+#include <QtNumeric>
+
+#include <algorithm>
+#include <limits>
 
 namespace saldoro {
 
 namespace {
 
-bool isNumber(const Cell &cell)
-{
-    return cell.type == CellType::Whole || cell.type == CellType::Real;
-}
+/** Stands in place of the row id of a record that was removed. */
+constexpr qint64 Removed = std::numeric_limits<qint64>::min();
 
-bool equalsNumber(const Cell &cell, qint64 number)
+bool equalsNumber(const StoredValue &value, qint64 number)
 {
-    if (cell.type == CellType::Whole)
-        return cell.whole() == number;
-    return cell.type == CellType::Real && cell.real() == static_cast<double>(number);
-}
-
-/** Whole and floating numbers of the same value share a hash. */
-quint32 hashOfNumber(double value)
-{
-    const auto bits = std::bit_cast<quint64>(value + 0.0);
-    return static_cast<quint32>((bits * 0x9E3779B97F4A7C15U) >> 32U);
-}
-
-quint32 hashOfNumber(const Cell &cell)
-{
-    return hashOfNumber(cell.type == CellType::Real ? cell.real()
-                                                    : static_cast<double>(cell.whole()));
+    if (const auto *whole = std::get_if<qint64>(&value))
+        return *whole == number;
+    const auto *real = std::get_if<double>(&value);
+    return real != nullptr && *real == static_cast<double>(number);
 }
 
 } // namespace
 
-RecordRows::RecordRows(std::vector<ColumnInfo> columns)
-    : m_columns(std::move(columns))
-    , m_cells(static_cast<int>(m_columns.size()))
+void RecordRows::read(const Statement &query, int first, qint64 rowId)
 {
-}
-
-void RecordRows::noteRow(qint64 rowId)
-{
+    for (int column = 0; column < m_fields.size(); ++column)
+        m_values.push_back(query.value(first + column, *m_texts));
     m_rowIds.push_back(rowId);
-    m_live.push_back(true);
     ++m_liveCount;
 }
 
 int RecordRows::nextLive(int row) const
 {
-    const int end = static_cast<int>(m_live.size());
-    for (int candidate = row + 1; candidate < end; ++candidate) {
-        if (isLive(candidate))
-            return candidate;
-    }
-    return NoRow;
+    const auto next = std::find_if(m_rowIds.begin() + (row + 1), m_rowIds.end(),
+                                   [](qint64 rowId) { return rowId != Removed; });
+    return next == m_rowIds.end() ? NoRow : static_cast<int>(next - m_rowIds.begin());
 }
 
 int RecordRows::lastLive() const
 {
-    int row = static_cast<int>(m_live.size()) - 1;
-    while (row >= 0 && !isLive(row))
+    int row = static_cast<int>(m_rowIds.size()) - 1;
+    while (row >= 0 && rowId(row) == Removed)
         --row;
-    return row < 0 ? NoRow : row;
+    return row;
 }
 
-void RecordRows::append(const CellTable &row, qint64 rowId)
+void RecordRows::append(const RecordChanges &values, qint64 rowId)
 {
-    m_cells.appendRow(row);
-    noteRow(rowId);
-    enterEverywhere(static_cast<int>(m_rowIds.size()) - 1);
+    m_values.resize(m_values.size() + static_cast<size_t>(m_fields.size()));
+    m_rowIds.push_back(rowId);
+    ++m_liveCount;
+    replace(static_cast<int>(m_rowIds.size()) - 1, values);
 }
 
-void RecordRows::replace(int row, const CellTable &values, qint64 rowId)
+void RecordRows::replace(int row, const RecordChanges &values)
 {
-    for (auto &[key, index] : m_indexes)
-        index.remove(row);
-    m_cells.replaceRow(row, values);
-    m_rowIds[static_cast<size_t>(row)] = rowId;
-    enterEverywhere(row);
+    const size_t first = static_cast<size_t>(row) * static_cast<size_t>(m_fields.size());
+    for (const auto &[column, value] : values)
+        m_values[first + static_cast<size_t>(column)] = value;
+    m_isWritten = true;
+    m_indexes.clear();
 }
 
 void RecordRows::remove(int row)
 {
-    for (auto &[key, index] : m_indexes)
-        index.remove(row);
-    m_live[static_cast<size_t>(row)] = false;
+    m_rowIds[static_cast<size_t>(row)] = Removed;
     --m_liveCount;
 }
 
-int RecordRows::findNumber(int column, qint64 number, int row)
+int RecordRows::nextMatch(int row, int column, const Criterion &criterion)
 {
-    return indexOf(column, Comparison::AsNumber)
-        .firstAfter(row, hashOfNumber(static_cast<double>(number)), [&](int candidate) {
-            return equalsNumber(m_cells.cell(candidate, column), number);
+    const FieldType type = m_fields[column].type;
+    if (const auto *text = std::get_if<QString>(&criterion.wanted))
+        return nextEqual(row, column, *text);
+    if (const auto *pattern = std::get_if<LikePattern>(&criterion.wanted))
+        return nextThat(row, column, [&](const StoredValue &value) {
+            return pattern->matches(PlainText(value, type));
         });
+    qint64 number = std::get<qint64>(criterion.wanted);
+    if (type == FieldType::Currency && qMulOverflow(number, Currency::Scale, &number))
+        return NoRow; // beyond any amount that can be stored
+    return nextThat(row, column,
+                    [number](const StoredValue &value) { return equalsNumber(value, number); });
 }
 
-int RecordRows::findText(int column, const QByteArray &text, int row)
+/** The first record after @p row whose value in @p column is not null and is what is wanted. */
+template <typename Meets>
+int RecordRows::nextThat(int row, int column, const Meets &meets) const
 {
-    QByteArray buffer;
-    return indexOf(column, Comparison::AsText).firstAfter(row, HashText(text), [&](int candidate) {
-        return CompareText(textOf(m_cells.cell(candidate, column), column, buffer), text) == 0;
-    });
-}
-
-int RecordRows::findLike(int column, const LikePattern &pattern, int row) const
-{
-    QByteArray buffer;
     for (row = nextLive(row); row != NoRow; row = nextLive(row)) {
-        const Cell &cell = m_cells.cell(row, column);
-        if (cell.type != CellType::Null && pattern.matches(textOf(cell, column, buffer)))
+        const StoredValue &candidate = value(row, column);
+        if (!std::holds_alternative<std::monostate>(candidate) && meets(candidate))
             return row;
     }
     return NoRow;
 }
 
-QByteArrayView RecordRows::textOf(const Cell &cell, int column, QByteArray &buffer) const
+QByteArray RecordRows::comparableText(const StoredValue &value, int column) const
 {
-    if (cell.type == CellType::Text && this->column(column).kind != ColumnKind::Date)
-        return m_cells.text(cell);
-    buffer = StoredText(m_cells, cell, this->column(column)).toUtf8();
-    return buffer;
+    const auto *text = std::get_if<QByteArrayView>(&value);
+    if (text != nullptr && IsText(m_fields[column]))
+        return ComparableText(*text);
+    return ComparableText(PlainText(value, m_fields[column].type).toUtf8());
 }
 
-EqualityIndex &RecordRows::indexOf(int column, Comparison comparison)
+int RecordRows::nextEqual(int row, int column, const QString &text)
 {
-    const IndexKey key(column, comparison);
-    const auto [place, isNew] = m_indexes.try_emplace(key);
-    if (isNew) {
-        // From the last row to the first: the first entry sizes the table for all of them.
-        for (int row = static_cast<int>(m_live.size()) - 1; row >= 0; --row)
-            enter(place->second, key, row);
+    const QByteArray wanted = ComparableText(text.toUtf8());
+    if (m_isWritten)
+        return nextThat(row, column, [&](const StoredValue &value) {
+            return comparableText(value, column) == wanted;
+        });
+    const QList<int> rows = indexOf(column).value(wanted);
+    const auto match = std::find_if(std::upper_bound(rows.begin(), rows.end(), row), rows.end(),
+                                    [this](int candidate) { return rowId(candidate) != Removed; });
+    return match == rows.end() ? NoRow : *match;
+}
+
+const RecordRows::Index &RecordRows::indexOf(int column)
+{
+    const auto known = m_indexes.constFind(column);
+    if (known != m_indexes.constEnd())
+        return *known;
+    Index &index = m_indexes[column];
+    for (int row = nextLive(NoRow); row != NoRow; row = nextLive(row)) {
+        if (!std::holds_alternative<std::monostate>(value(row, column)))
+            index[comparableText(value(row, column), column)].append(row);
     }
-    return place->second;
-}
-
-void RecordRows::enter(EqualityIndex &index, const IndexKey &key, int row) const
-{
-    const Cell &cell = m_cells.cell(row, key.first);
-    if (!isLive(row) || cell.type == CellType::Null)
-        return;
-    if (key.second == Comparison::AsNumber) {
-        if (isNumber(cell))
-            index.add(row, hashOfNumber(cell));
-        return;
-    }
-    QByteArray buffer;
-    index.add(row, HashText(textOf(cell, key.first, buffer)));
-}
-
-void RecordRows::enterEverywhere(int row)
-{
-    for (auto &[key, index] : m_indexes)
-        enter(index, key, row);
+    return index;
 }
 
 } // namespace saldoro

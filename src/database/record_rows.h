@@ -1,18 +1,22 @@
 #pragma once
 
-#include "database/cell_table.h"
-#include "database/column_info.h"
 #include "database/criterion.h"
-#include "database/equality_index.h"
-#include "database/like_pattern.h"
+#include "database/field_value.h"
 
-#include <QByteArray>
+#include <QHash>
+#include <QList>
 
 #include <map>
-#include <utility>
+#include <memory>
+#include <memory_resource>
 #include <vector>
 
 namespace saldoro {
+
+class Statement;
+
+/** What is written of a record: the place of the field and the value. */
+using RecordChanges = std::map<int, StoredValue>;
 
 /**
  * The records of a record set as read from the file, with what was changed through the set since.
@@ -21,21 +25,28 @@ namespace saldoro {
 class RecordRows
 {
 public:
-    static constexpr int NoRow = EqualityIndex::NoRow;
+    static constexpr int NoRow = -1;
 
-    explicit RecordRows(std::vector<ColumnInfo> columns);
+    explicit RecordRows(QList<FieldDef> fields)
+        : m_fields(std::move(fields))
+    {
+    }
 
-    const std::vector<ColumnInfo> &columns() const { return m_columns; }
-    /** Replaces what is known of the columns; their number and order stay. */
-    void setColumns(std::vector<ColumnInfo> columns) { m_columns = std::move(columns); }
-    const ColumnInfo &column(int column) const { return m_columns[static_cast<size_t>(column)]; }
-    const CellTable &cells() const { return m_cells; }
+    const QList<FieldDef> &fields() const { return m_fields; }
 
-    /** Where the rows of a query are read into; every row is followed by noteRow(). */
-    CellTable &incoming() { return m_cells; }
-    void noteRow(qint64 rowId);
+    /** Where the texts of the records lie, as long as these live. */
+    std::pmr::memory_resource &texts() const { return *m_texts; }
 
+    /** Adds the current row of @p query, whose fields begin at its column @p first. */
+    void read(const Statement &query, int first, qint64 rowId);
+
+    const StoredValue &value(int row, int column) const
+    {
+        return m_values[static_cast<size_t>(row) * static_cast<size_t>(m_fields.size()) +
+                        static_cast<size_t>(column)];
+    }
     qint64 rowId(int row) const { return m_rowIds[static_cast<size_t>(row)]; }
+    int count() const { return static_cast<int>(m_rowIds.size()); }
     int liveCount() const { return m_liveCount; }
 
     /** The first record after @p row (NoRow for the very first) that was not removed, or NoRow. */
@@ -44,38 +55,31 @@ public:
     int lastLive() const;
 
     /** Follows what was written: a new record comes last, a changed one stays in its place. */
-    void append(const CellTable &row, qint64 rowId);
-    void replace(int row, const CellTable &values, qint64 rowId);
+    void append(const RecordChanges &values, qint64 rowId);
+    void replace(int row, const RecordChanges &values);
     void remove(int row);
 
-    /** The first record after @p row whose field equals @p number, which counts ten-thousandths
-     *  where the column does. Texts are passed over. */
-    int findNumber(int column, qint64 number, int row);
-    /** The first record after @p row whose field, as text, equals @p text in UTF-8. */
-    int findText(int column, const QByteArray &text, int row);
-    /** The first record after @p row whose field, as text, meets @p pattern. */
-    int findLike(int column, const LikePattern &pattern, int row) const;
+    /** The first record after @p row whose field meets @p criterion, or NoRow. Whole numbers are
+     *  compared with numbers only, texts with the plain text of the value. */
+    int nextMatch(int row, int column, const Criterion &criterion);
 
 private:
-    enum class Comparison
-    {
-        AsNumber,
-        AsText
-    };
-    using IndexKey = std::pair<int, Comparison>;
+    using Index = QHash<QByteArray, QList<int>>;
 
-    bool isLive(int row) const { return m_live[static_cast<size_t>(row)]; }
-    QByteArrayView textOf(const Cell &cell, int column, QByteArray &buffer) const;
-    EqualityIndex &indexOf(int column, Comparison comparison);
-    void enter(EqualityIndex &index, const IndexKey &key, int row) const;
-    void enterEverywhere(int row);
+    template <typename Meets>
+    int nextThat(int row, int column, const Meets &meets) const;
+    QByteArray comparableText(const StoredValue &value, int column) const;
+    int nextEqual(int row, int column, const QString &text);
+    const Index &indexOf(int column);
 
-    std::vector<ColumnInfo> m_columns;
-    CellTable m_cells;
+    QList<FieldDef> m_fields;
+    std::unique_ptr<std::pmr::monotonic_buffer_resource> m_texts =
+        std::make_unique<std::pmr::monotonic_buffer_resource>();
+    std::vector<StoredValue> m_values; ///< record after record
     std::vector<qint64> m_rowIds;
-    std::vector<bool> m_live;
     int m_liveCount = 0;
-    std::map<IndexKey, EqualityIndex> m_indexes; ///< built when first asked for
+    bool m_isWritten = false;    ///< then nothing is indexed any more
+    QHash<int, Index> m_indexes; ///< by column: the records of each text, made when first asked for
 };
 
 } // namespace saldoro

@@ -1,29 +1,205 @@
 #include "database/record_set.h"
 
-#include "database/record_set_data.h"
+#include "database/connection.h"
+#include "database/criterion.h"
+#include "database/record_rows.h"
+#include "database/sql_text.h"
 
+#include <optional>
 #include <utility>
 
 namespace saldoro {
 
-RecordSet::RecordSet(std::unique_ptr<RecordSetData> data)
-    : m_data(std::move(data))
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum class Position
 {
+    OnRecord,
+    OnDeleted, ///< on a record that was deleted through this set
+    AtEnd,
+    Nowhere ///< after a find without a match
+};
+
+enum class Change
+{
+    None,
+    Adding,
+    Editing
+};
+
+} // namespace
+
+/**
+ * The records, the position among them and the buffer of a change under way. The prepared query
+ * waits for the first use, then all records are read at once, so that nothing is locked while the
+ * set is walked.
+ */
+struct RecordSet::Data
+{
+    std::shared_ptr<Connection> file;
+    std::optional<Statement> query; ///< as long as the records have not been read
+    RecordPlace place;
+    bool isUpdatable;
+    RecordRows rows;
+
+    int row = RecordRows::NoRow;
+    Position position = Position::AtEnd;
+    bool noMatch = false;
+
+    QString criterionText = {}; ///< what was searched for last
+    std::optional<Criterion> criterion = {};
+    int criterionColumn = 0;
+    int soughtUpTo = RecordRows::NoRow; ///< up to here no record meets it
+
+    Change change = Change::None;
+    RecordChanges buffer = {};
+
+    DatabaseError error(DatabaseFault fault, const QString &field = {},
+                        const QString &extra = {}) const
+    {
+        return {fault, place.file, place.table, field, extra};
+    }
+
+    void read();
+    int columnOf(const QString &name) const;
+    void requireRecord() const;
+    void goTo(int wanted, Position otherwise);
+    void setCriterion(const QString &text);
+    void findAfter(int start);
+    void begin(Change wanted);
+    QStringList changedFields() const;
+    int write(const QString &sql, std::optional<qint64> rowId = {});
+};
+
+void RecordSet::Data::read()
+{
+    const int first = isUpdatable ? 1 : 0;
+    RecordRows incoming(rows.fields());
+    while (query->step()) {
+        incoming.read(*query, first, isUpdatable ? query->whole(0) : 0);
+    }
+    rows = std::move(incoming);
+    query.reset();
+    goTo(rows.nextLive(RecordRows::NoRow), Position::AtEnd);
 }
+
+void RecordSet::Data::goTo(int wanted, Position otherwise)
+{
+    row = wanted;
+    position = wanted == RecordRows::NoRow ? otherwise : Position::OnRecord;
+    change = Change::None;
+    buffer.clear();
+}
+
+int RecordSet::Data::columnOf(const QString &name) const
+{
+    for (int column = 0; column < rows.fields().size(); ++column) {
+        if (rows.fields()[column].name.compare(name, Qt::CaseInsensitive) == 0)
+            return column;
+    }
+    throw error(DatabaseFault::FieldMissing, name);
+}
+
+void RecordSet::Data::requireRecord() const
+{
+    if (position != Position::OnRecord)
+        throw error(DatabaseFault::NoCurrentRecord);
+}
+
+void RecordSet::Data::setCriterion(const QString &text)
+{
+    // A walk through all matches, or a deletion of them, asks the same again and again.
+    if (criterion && text == criterionText)
+        return;
+    criterion.reset();
+    std::optional<Criterion> wanted = ParseCriterion(text);
+    if (!wanted)
+        throw error(DatabaseFault::SyntaxError, {}, text);
+    criterionColumn = columnOf(wanted->field);
+    const FieldDef &field = rows.fields()[criterionColumn];
+    const auto *literal = std::get_if<QString>(&wanted->wanted);
+    if (literal != nullptr && !IsText(field) && field.type != FieldType::Undeclared)
+        throw error(DatabaseFault::TypeMismatch, field.name, *literal);
+    const auto *number = std::get_if<qint64>(&wanted->wanted);
+    if (number != nullptr && (IsText(field) || field.type == FieldType::Date))
+        throw error(DatabaseFault::TypeMismatch, field.name, QString::number(*number));
+    criterion = std::move(wanted);
+    criterionText = text;
+    soughtUpTo = RecordRows::NoRow;
+}
+
+void RecordSet::Data::findAfter(int start)
+{
+    const int match = rows.nextMatch(start, criterionColumn, *criterion);
+    goTo(match, Position::Nowhere);
+    noMatch = match == RecordRows::NoRow;
+}
+
+void RecordSet::Data::begin(Change wanted)
+{
+    if (!isUpdatable)
+        throw error(DatabaseFault::ReadOnly);
+    buffer.clear();
+    change = wanted;
+}
+
+QStringList RecordSet::Data::changedFields() const
+{
+    QStringList names;
+    for (const auto &[column, value] : buffer)
+        names.append(rows.fields()[column].name);
+    return names;
+}
+
+/** Runs a statement whose parameters are the values in the buffer, then perhaps the current row's
+ *  id; the number of records that it changed. */
+int RecordSet::Data::write(const QString &sql, std::optional<qint64> rowId)
+{
+    Statement statement(file, sql, place.table);
+    int parameter = 0;
+    for (const auto &[column, value] : buffer)
+        statement.bind(++parameter, value);
+    if (rowId)
+        statement.bind(++parameter, *rowId);
+    return statement.run();
+}
+
+RecordSet::RecordSet(std::shared_ptr<Connection> file, Statement query, const QString &table,
+                     Access access)
+{
+    const bool isUpdatable = access == Access::Updatable;
+    QList<FieldDef> fields = query.fields(isUpdatable ? 1 : 0);
+    const QString path = file->path();
+    m_data = std::make_unique<Data>(
+        Data{std::move(file), std::move(query), {path, table}, isUpdatable, RecordRows(fields)});
+}
+
 RecordSet::RecordSet(RecordSet &&other) noexcept = default;
 RecordSet &RecordSet::operator=(RecordSet &&other) noexcept = default;
 RecordSet::~RecordSet() = default;
 
-RecordSetData &RecordSet::opened() const
+RecordSet::Data &RecordSet::opened() const
 {
     if (!m_data)
         throw DatabaseError(DatabaseFault::NoCurrentRecord, {});
     return *m_data;
 }
 
+/** The state with its records, which are read from the file when this is the first use. */
+RecordSet::Data &RecordSet::filled() const
+{
+    Data &data = opened();
+    if (data.query)
+        data.read();
+    return data;
+}
+
 bool RecordSet::eof() const
 {
-    return opened().isAtEnd();
+    const Data &data = filled();
+    return data.rows.liveCount() == 0 || data.position == Position::AtEnd;
 }
 
 bool RecordSet::isEmpty() const
@@ -33,42 +209,57 @@ bool RecordSet::isEmpty() const
 
 int RecordSet::recordCount() const
 {
-    return opened().rows().liveCount();
+    return filled().rows.liveCount();
 }
 
 void RecordSet::moveFirst()
 {
-    opened().moveFirst();
+    Data &data = filled();
+    data.goTo(data.rows.nextLive(RecordRows::NoRow), Position::AtEnd);
 }
 
 void RecordSet::moveLast()
 {
-    opened().moveLast();
+    Data &data = filled();
+    data.goTo(data.rows.lastLive(), Position::AtEnd);
 }
 
 void RecordSet::moveNext()
 {
-    opened().moveNext();
+    Data &data = filled();
+    if (data.position == Position::AtEnd || data.position == Position::Nowhere)
+        throw data.error(DatabaseFault::NoCurrentRecord);
+    data.goTo(data.rows.nextLive(data.row), Position::AtEnd);
 }
 
 void RecordSet::findFirst(const QString &criterion)
 {
-    opened().findFirst(criterion);
+    Data &data = filled();
+    data.setCriterion(criterion);
+    data.findAfter(data.soughtUpTo);
+    data.soughtUpTo = (data.noMatch ? data.rows.count() : data.row) - 1;
 }
 
 void RecordSet::findNext(const QString &criterion)
 {
-    opened().findNext(criterion);
+    Data &data = filled();
+    const bool isEmpty = data.rows.liveCount() == 0;
+    if (data.position == Position::Nowhere && !isEmpty)
+        throw data.error(DatabaseFault::NoCurrentRecord);
+    // Behind the last record only what was added meanwhile could follow, and that is not looked at.
+    const bool isBehindAll = isEmpty || data.position == Position::AtEnd;
+    data.setCriterion(criterion);
+    data.findAfter(isBehindAll ? data.rows.lastLive() : data.row);
 }
 
 bool RecordSet::noMatch() const
 {
-    return opened().noMatch();
+    return opened().noMatch;
 }
 
 int RecordSet::column(const QString &name) const
 {
-    return opened().column(name);
+    return opened().columnOf(name);
 }
 
 FieldValue RecordSet::field(const QString &name) const
@@ -78,34 +269,69 @@ FieldValue RecordSet::field(const QString &name) const
 
 FieldValue RecordSet::field(int column) const
 {
-    RecordSetData &data = opened();
-    data.requireField(column);
-    return {&data, column};
+    const Data &data = filled();
+    if (column < 0 || column >= data.rows.fields().size())
+        throw data.error(DatabaseFault::FieldMissing, QString::number(column));
+    const FieldDef &field = data.rows.fields()[column];
+    if (data.position != Position::OnRecord)
+        throw data.error(DatabaseFault::NoCurrentRecord, field.name);
+    return {data.rows.value(data.row, column), field, data.place};
 }
 
 void RecordSet::addNew()
 {
-    opened().addNew();
+    filled().begin(Change::Adding);
 }
 
 void RecordSet::edit()
 {
-    opened().edit();
+    Data &data = filled();
+    data.requireRecord();
+    data.begin(Change::Editing);
 }
 
 void RecordSet::set(const QString &name, const NewValue &value)
 {
-    opened().set(name, value);
+    Data &data = opened();
+    const int column = data.columnOf(name);
+    if (data.change == Change::None)
+        throw data.error(DatabaseFault::Other, name, u"nessuna modifica in corso"_s);
+    const auto form = StoredForm(data.rows.fields()[column], value, data.rows.texts());
+    if (const auto *fault = std::get_if<DatabaseFault>(&form))
+        throw data.error(*fault, name);
+    data.buffer[column] = std::get<StoredValue>(form);
 }
 
 void RecordSet::update()
 {
-    opened().update();
+    Data &data = opened();
+    if (data.change == Change::None)
+        throw data.error(DatabaseFault::Other, {}, u"nessuna modifica in corso"_s);
+    if (data.change == Change::Adding) {
+        data.write(InsertSql(data.place.table, data.changedFields()));
+        data.rows.append(data.buffer, data.file->lastRowId());
+    } else if (!data.buffer.empty()) {
+        const QString sql = UpdateSql(data.place.table, data.changedFields());
+        if (data.write(sql, data.rows.rowId(data.row)) == 0)
+            throw data.error(DatabaseFault::RecordGone);
+        data.rows.replace(data.row, data.buffer);
+    }
+    data.soughtUpTo = RecordRows::NoRow;
+    data.change = Change::None;
+    data.buffer.clear();
 }
 
 void RecordSet::deleteRecord()
 {
-    opened().deleteRecord();
+    Data &data = filled();
+    data.requireRecord();
+    if (!data.isUpdatable)
+        throw data.error(DatabaseFault::ReadOnly);
+    data.buffer.clear();
+    data.write(DeleteSql(data.place.table), data.rows.rowId(data.row));
+    data.rows.remove(data.row);
+    data.position = Position::OnDeleted;
+    data.change = Change::None;
 }
 
 void RecordSet::close()

@@ -1,70 +1,15 @@
 #pragma once
 
-#include "common/currency.h"
+#include "database/field_value.h"
 
-#include <QByteArrayView>
-#include <QDate>
 #include <QString>
 
 #include <memory>
-#include <optional>
-#include <variant>
 
 namespace saldoro {
 
-class RecordSetData;
-
-/**
- * What one field of the current record holds, with its place for error texts. A value stays valid
- * only until the record set moves, changes or is closed: read it at once.
- *
- * Reading a null throws NullValue, save by the forms "OrEmpty", "OrNone" and "isNull"; a stored
- * value that is not of the type asked for throws TypeMismatch; a number beyond the type
- * FieldTooSmall.
- */
-class FieldValue
-{
-public:
-    bool isNull() const;
-
-    /** The value as text: numbers in plain decimal form, dates as dd/MM/yyyy. */
-    QString text() const;
-    /** As text(), a null giving the empty text. */
-    QString textOrEmpty() const;
-
-    /** The bytes of a stored text as they are, a day's included; no value for a null, a
-     *  number or bytes that are no text.
-     *  Valid until the set changes. */
-    std::optional<QByteArrayView> storedBytes() const;
-
-    /** A currency field's exact value; whole and floating numbers are converted (ties to even). A
-     *  number in a column without declared type (an expression of a stored query) is taken as a
-     *  count of ten-thousandths. */
-    Currency currency() const;
-    /** As currency(), a null giving no value. */
-    std::optional<Currency> currencyOrNone() const;
-
-    qint32 integer() const;
-
-    /** A date field's day; an invalid QDate for the empty text that some date fields hold. */
-    QDate date() const;
-    /** As date(), a null or anything that is no date giving an invalid QDate. */
-    QDate dateOrNone() const;
-
-private:
-    friend class RecordSet;
-    FieldValue(const RecordSetData *data, int column)
-        : m_data(data)
-        , m_column(column)
-    {
-    }
-    const RecordSetData *m_data;
-    int m_column;
-};
-
-/** What can be written into a field: null, text, a whole number, a currency value, a day, a
- *  floating number. Text for a date field is read as dd/MM/yyyy. */
-using NewValue = std::variant<std::monostate, QString, qint32, Currency, QDate, double>;
+class Connection;
+class Statement;
 
 /**
  * An updatable key set over the rows of a query. The set of records and their order are fixed when
@@ -120,7 +65,8 @@ public:
     FieldValue field(int column) const;
 
     /** Starts a new record or the change of the current one. set() fills its buffer, update()
-     *  writes it; a field that is not set keeps its value, in a new record the file's default.
+     *  writes it; a field that is not set keeps its value, in a new record the file's default,
+     *  which shows when the set is opened anew.
      *  Throws ReadOnly on joins and stored queries, edit() also NoCurrentRecord. */
     void addNew();
     void edit();
@@ -141,9 +87,23 @@ public:
 
 private:
     friend class Database;
-    explicit RecordSet(std::unique_ptr<RecordSetData> data);
-    RecordSetData &opened() const;
-    std::unique_ptr<RecordSetData> m_data;
+
+    /** Whether the records of a query can be told apart in their table, and so be written. */
+    enum class Access
+    {
+        ReadOnly,
+        Updatable
+    };
+
+    /** @param query prepared and not yet run; with Updatable its first column is the row's id.
+     *  @param table the single table of the query, or empty. */
+    RecordSet(std::shared_ptr<Connection> file, Statement query, const QString &table,
+              Access access);
+
+    struct Data;
+    Data &opened() const;
+    Data &filled() const;
+    std::unique_ptr<Data> m_data;
 };
 
 } // namespace saldoro

@@ -8,12 +8,12 @@ namespace saldoro {
 /** Field types, numbered as the desktop engine numbers them. */
 enum class FieldType
 {
-    Undeclared = 0, ///< of a table of another program: a type that is not told here
+    Undeclared = 0, ///< an expression of a stored query; never of a table that is made here
     Integer = 3,    ///< whole number of 16 bits
     Long = 4,       ///< whole number of 32 bits
     Currency = 5,   ///< exact count of ten-thousandths in 64 bits
-    Double = 7,     ///< floating point
-    Date = 8,       ///< a day, or null
+    Double = 7,     ///< floating point, and whatever else is declared
+    Date = 8,       ///< texts yyyy-MM-dd, with or without a time of day after them
     Text = 10,      ///< up to `size` characters
     Memo = 12       ///< text without a bound
 };
@@ -28,6 +28,12 @@ struct FieldDef
     /** Whether an empty text may be stored; null is always accepted. */
     bool allowZeroLength = false;
 };
+
+/** Whether the field holds texts. */
+inline bool IsText(const FieldDef &field)
+{
+    return field.type == FieldType::Text || field.type == FieldType::Memo;
+}
 
 /** Definition of a table: its name and its fields in creation order. */
 class TableDef
@@ -48,5 +54,14 @@ private:
     QString m_name;
     QList<FieldDef> m_fields;
 };
+
+/** The type that a field declares in a file. The words also choose how the engine keeps a value:
+ *  whatever holds text must have TEXT in its declaration, or a text made of digits would turn into
+ *  a number. Dates are safe without. */
+QString DeclaredType(const FieldDef &field);
+
+/** The field that a column declares by "TEXT(60)", "INTEGER16", "CURRENCY"...; tables of other
+ *  programs are told by the words in their types, too. Zero length counts as allowed. */
+FieldDef FieldOfDeclaration(const QString &name, const QString &declaredType);
 
 } // namespace saldoro

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const NewValue Untold = 0.0;
+const NewValue Untold = QDate();
 
 NewValue dayOf(const FieldValue &stored)
 {

@@ -28,9 +28,9 @@ struct ExchangedTable
 /** The eight tables, those of one database next to each other. */
 const std::vector<ExchangedTable> &ExchangedTables();
 
-/** Rows of a table: a value for each field of its definition, null where there is none. A floating
- *  number stands for a stored value that a CSV file can't tell: a day with a time, bytes that are
- * no text, a value of another type. */
+/** Rows of a table: a value for each field of its definition, null where there is none. An
+ *  invalid day stands for a stored value that a CSV file can't tell: a day with a time, bytes that
+ *  are no text, a value of another type. */
 using TableRows = QList<QList<NewValue>>;
 
 /** The rows of a table in stored order, one after the other. A field that the database lacks holds

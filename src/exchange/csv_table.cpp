@@ -200,7 +200,7 @@ private:
                        : u"«%1» non è %2, o è fuori misura."_s.arg(LeftCharacters(cell.text, 40),
                                                                    expected(field.type, m_dialect)),
                  field.name);
-        return 0.0;
+        return QDate();
     }
 
     static constexpr qsizetype Nameless = -2;

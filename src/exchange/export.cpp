@@ -41,8 +41,7 @@ struct CellWriter
     }
     void operator()(qint32 number) const { line += QString::number(number); }
     void operator()(Currency amount) const { line += AmountCell(amount); }
-    void operator()(QDate day) const { line += FormatData(day); }
-    void operator()(double /*untold*/) const { line += u'?'; }
+    void operator()(QDate day) const { line += day.isValid() ? FormatData(day) : u"?"_s; }
 };
 
 /** Why a file can't tell a row: empty when it can. A row without a value is none of a file. */
@@ -52,7 +51,7 @@ QString untold(const ExchangedTable &table, const QList<NewValue> &row)
     bool hasValue = false;
     for (qsizetype place = 0; place < row.size(); ++place) {
         hasValue = hasValue || !std::holds_alternative<std::monostate>(row[place]);
-        if (std::holds_alternative<double>(row[place]))
+        if (row[place] == NewValue(QDate()))
             fields.append(u"campo "_s + table.definition.fields()[place].name);
     }
     return hasValue ? fields.join(u", "_s) : u"nessun valore"_s;

@@ -1,7 +1,7 @@
 #include "store/cost_item_rules.h"
 
 #include "common/text_cut.h"
-#include "database/text_collation.h"
+#include "database/text_order.h"
 
 #include <set>
 

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <QByteArray>
 #include <QByteArrayView>
-#include <QString>
 
 namespace saldoro {
+
+/** The name under which the order of texts is known to the engine. */
+inline constexpr const char *TextOrderName = "SALDORO";
 
 /**
  * The order of texts in every comparison of the databases: letter case is ignored, accented letters
@@ -14,7 +17,7 @@ namespace saldoro {
  */
 int CompareText(QByteArrayView left, QByteArrayView right);
 
-/** A hash that is the same for all texts that CompareText() finds equal. */
-quint32 HashText(QByteArrayView text);
+/** A form that is the same for all texts that CompareText() finds equal, and for no others. */
+QByteArray ComparableText(QByteArrayView text);
 
 } // namespace saldoro

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "database/field_value.h"
+
+#include <QString>
+
+#include <memory>
+#include <memory_resource>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace saldoro {
+
+/** Whether changes can reach the file. */
+enum class FileAccess
+{
+    Create, ///< as ReadWrite; the file is empty and becomes a database without tables
+    ReadWrite,
+    ReadOnly
+};
+
+/**
+ * One open connection to a database file, shared by a Database and the record sets opened from it.
+ * Every result code of the engine that stands for a failure leaves through fail().
+ */
+class Connection
+{
+public:
+    /** Opens an existing file and looks into it, so that what is no database is found out here.
+     *  @param path path of the machine. */
+    Connection(const QString &path, FileAccess access);
+    Connection(const Connection &) = delete;
+    Connection &operator=(const Connection &) = delete;
+    ~Connection();
+
+    const QString &path() const { return m_path; }
+    sqlite3 *handle() const { return m_handle; }
+
+    /** The row id of the record that was added last. */
+    qint64 lastRowId() const;
+
+    /** Puts the whole content of this file into @p copy and flushes that to the disk. */
+    void copyTo(Connection &copy) const;
+
+    /** Throws the error that @p code stands for. */
+    [[noreturn]] void fail(int code, const QString &table) const;
+
+private:
+    void connect(FileAccess access);
+
+    QString m_path;
+    sqlite3 *m_handle = nullptr;
+};
+
+/** One prepared statement. Every failure is a DatabaseError with the file and the table. */
+class Statement
+{
+public:
+    /** Prepares @p sql, which must hold exactly one statement. @p table is for error texts. */
+    Statement(std::shared_ptr<Connection> file, const QString &sql, const QString &table = {});
+
+    /** Whether running it gives rows and changes nothing. */
+    bool isQuery() const;
+    /** The columns of the result, from position @p first on, as far as their declarations tell. */
+    QList<FieldDef> fields(int first) const;
+
+    /** Sets the parameter at @p position, counted from 1. */
+    void bind(int position, const StoredValue &value);
+
+    /** Runs to the next row; false at the end, when a change has reached the disk. */
+    bool step();
+    /** Runs to the end; then, or after a failure, it can be run again. The number of records that
+     *  it changed. */
+    int run();
+
+    int columnCount() const;
+    /** A value of the current row, a text being put into @p texts. */
+    StoredValue value(int column, std::pmr::memory_resource &texts) const;
+    /** A value of the current row, converted as the engine does; 0 and the empty text for a null.
+     */
+    qint64 whole(int column) const;
+    QString text(int column) const;
+
+private:
+    struct Finalizer
+    {
+        void operator()(sqlite3_stmt *statement) const;
+    };
+
+    std::shared_ptr<Connection> m_file;
+    QString m_table;
+    std::unique_ptr<sqlite3_stmt, Finalizer> m_statement;
+};
+
+} // namespace saldoro

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "common/currency.h"
+#include "common/errors.h"
+#include "database/table_def.h"
+
+#include <QByteArrayView>
+#include <QDate>
+#include <QString>
+
+#include <memory_resource>
+#include <optional>
+#include <variant>
+
+namespace saldoro {
+
+/** What can be written into a field: null, text, a whole number, a currency value, a day. Text for
+ *  a date field is read as dd/MM/yyyy. */
+using NewValue = std::variant<std::monostate, QString, qint32, Currency, QDate>;
+
+/** A value as the file keeps it: null, a whole number, a floating one, a text in UTF-8 whose bytes
+ *  lie elsewhere. */
+using StoredValue = std::variant<std::monostate, qint64, double, QByteArrayView>;
+
+/** Puts a copy of @p text into @p texts. */
+QByteArrayView KeptText(QByteArrayView text, std::pmr::memory_resource &texts);
+
+/**
+ * The form in which @p value is stored in @p field, with a text put into @p texts, or the fault
+ * that forbids it: TypeMismatch, FieldTooSmall. Amounts go into currency fields and whole numbers
+ * into all number fields; a text is never read as a number. Whether an empty text is accepted is
+ * for the file to say.
+ */
+std::variant<StoredValue, DatabaseFault> StoredForm(const FieldDef &field, const NewValue &value,
+                                                    std::pmr::memory_resource &texts);
+
+/** The text of a stored value: numbers in plain decimal form, days as dd/MM/yyyy, null as empty. */
+QString PlainText(const StoredValue &value, FieldType type);
+
+/** The file and the table of a record, for error texts. */
+struct RecordPlace
+{
+    QString file;
+    QString table;
+};
+
+/**
+ * What one field of the current record holds, with its place for error texts. A value stays valid
+ * only until the record set moves, changes or is closed: read it at once.
+ *
+ * Reading a null throws NullValue, save by the forms "OrEmpty", "OrNone" and "isNull"; a stored
+ * value that is not of the type asked for throws TypeMismatch; a number beyond the type
+ * FieldTooSmall.
+ */
+class FieldValue
+{
+public:
+    bool isNull() const { return std::holds_alternative<std::monostate>(*m_value); }
+
+    /** The value as text: numbers in plain decimal form, dates as dd/MM/yyyy. */
+    QString text() const;
+    /** As text(), a null giving the empty text. */
+    QString textOrEmpty() const { return PlainText(*m_value, m_field->type); }
+
+    /** The bytes of a stored text as they are, a day's included; no value for a null, a number or
+     *  bytes that are no text. Valid until the set changes. */
+    std::optional<QByteArrayView> storedBytes() const;
+
+    /** A currency field's exact value; whole and floating numbers are converted (ties to even). A
+     *  number in a column without declared type (an expression of a stored query) is taken as a
+     *  count of ten-thousandths. */
+    Currency currency() const;
+    /** As currency(), a null giving no value. */
+    std::optional<Currency> currencyOrNone() const;
+
+    qint32 integer() const;
+
+    /** A date field's day; an invalid QDate for the empty text that some date fields hold. */
+    QDate date() const;
+    /** As date(), a null or anything that is no date giving an invalid QDate. */
+    QDate dateOrNone() const;
+
+private:
+    friend class RecordSet;
+    FieldValue(const StoredValue &value, const FieldDef &field, const RecordPlace &place)
+        : m_value(&value)
+        , m_field(&field)
+        , m_place(&place)
+    {
+    }
+    const StoredValue &known() const;
+    DatabaseError error(DatabaseFault fault) const;
+
+    const StoredValue *m_value;
+    const FieldDef *m_field;
+    const RecordPlace *m_place;
+};
+
+} // namespace saldoro

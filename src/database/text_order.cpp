@@ -1,0 +1,53 @@
+#include "database/text_order.h"
+
+#include "platform/legacy_text.h"
+
+#include <algorithm>
+
+namespace saldoro {
+
+namespace {
+
+bool isAscii(QByteArrayView text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+}
+
+/** Base letters and accents apart, letter case removed. */
+QString folded(QByteArrayView text)
+{
+    return TextOfStoredBytes(text).normalized(QString::NormalizationForm_D).toCaseFolded();
+}
+
+QString withoutAccents(const QString &decomposed)
+{
+    QString bare;
+    bare.reserve(decomposed.size());
+    for (const QChar character : decomposed) {
+        if (character.category() != QChar::Mark_NonSpacing)
+            bare.append(character);
+    }
+    return bare;
+}
+
+} // namespace
+
+int CompareText(QByteArrayView left, QByteArrayView right)
+{
+    if (isAscii(left) && isAscii(right))
+        return left.compare(right, Qt::CaseInsensitive);
+    const QString leftText = folded(left);
+    const QString rightText = folded(right);
+    const int bare = withoutAccents(leftText).compare(withoutAccents(rightText));
+    return bare != 0 ? bare : leftText.compare(rightText);
+}
+
+QByteArray ComparableText(QByteArrayView text)
+{
+    if (isAscii(text))
+        return text.toByteArray().toLower();
+    return folded(text).toUtf8();
+}
+
+} // namespace saldoro
