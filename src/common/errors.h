@@ -108,7 +108,7 @@ private:
  * function that gives it and is called for an error only.
  */
 template <typename Value, typename Action>
-auto Naming(const QString &label, const Value &value, const Action &action)
+auto WithDetail(const QString &label, const Value &value, const Action &action)
 {
     try {
         return action();

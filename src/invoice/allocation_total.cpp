@@ -14,9 +14,9 @@ QString AllocationTotal(const TextTable &grid)
     Currency total;
     for (int row = 1; row < grid.rows(); ++row) {
         const auto code = [&] { return grid.text(row, AllocationColumn::Cod); };
-        Naming(u"Riga"_s, QString::number(row), [&] {
-            Naming(u"Voce"_s, code,
-                   [&] { total += ImportoDaTesto(grid.text(row, AllocationColumn::Importo)); });
+        WithDetail(u"Riga"_s, QString::number(row), [&] {
+            WithDetail(u"Voce"_s, code,
+                       [&] { total += ImportoDaTesto(grid.text(row, AllocationColumn::Importo)); });
         });
     }
     return FormatImporto(total);

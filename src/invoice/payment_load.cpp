@@ -53,7 +53,7 @@ void readPayment(const Database &ledger, qint32 paymentNumber, PaymentRecord &re
 QString amountText(const RecordSet &allocations)
 {
     const auto code = [&] { return allocations.field(u"Cod"_s).textOrEmpty(); };
-    return Naming(u"Voce"_s, code, [&] {
+    return WithDetail(u"Voce"_s, code, [&] {
         const std::optional<Currency> amount = allocations.field(u"Importo"_s).currencyOrNone();
         return amount ? FormatImporto(*amount) : QString();
     });
@@ -103,7 +103,7 @@ void readMandate(const ProgramValues &values, PaymentKey key, PaymentRecord &rec
 void LoadPagamento(const ProgramValues &values, PaymentKey key, PaymentRecord &record,
                    AmountChain &amounts, TextTable &grid)
 {
-    Naming(u"Pagamento"_s, QString::number(key.number), [&] {
+    WithDetail(u"Pagamento"_s, QString::number(key.number), [&] {
         readLedger(values, key.number, record, amounts, grid);
         readMandate(values, key, record);
     });

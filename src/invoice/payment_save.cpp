@@ -93,7 +93,7 @@ void writeLedger(const ProgramValues &values, PaymentKey key, const PaymentRecor
 void SavePagamento(ProgramValues &values, PaymentKey key, const PaymentRecord &record,
                    const AmountChain &amounts, const TextTable &grid)
 {
-    Naming(u"Pagamento"_s, QString::number(key.number), [&] {
+    WithDetail(u"Pagamento"_s, QString::number(key.number), [&] {
         writeLedger(values, key, record, amounts, grid);
 
         constexpr qint16 noFunction = 0;

@@ -24,8 +24,8 @@ void appendBudgetRow(TextTable &overview, const RecordSet &budget, int code, int
         overview.setText(row, OverviewColumn::Spesa,
                          amountOrNone ? FormatImporto(*amountOrNone) : u"0"_s);
     };
-    Naming(u"Riga"_s, QString::number(row), [&] {
-        Naming(
+    WithDetail(u"Riga"_s, QString::number(row), [&] {
+        WithDetail(
             u"Voce"_s, [&] { return overview.text(row, OverviewColumn::Cod); }, write);
     });
 }
@@ -51,7 +51,7 @@ Currency paidOn(RecordSet &spese, const QString &code)
         return paid;
     const int amount = spese.column(u"Importo"_s);
     for (; !spese.noMatch(); spese.findNext(criterion)) {
-        Naming(
+        WithDetail(
             u"Pagamento"_s, [&] { return spese.field(u"RelNpag"_s).textOrEmpty(); },
             [&] { paid += spese.field(amount).currency(); });
     }
@@ -61,7 +61,7 @@ Currency paidOn(RecordSet &spese, const QString &code)
 void fillAmounts(TextTable &overview, int row, RecordSet &spese)
 {
     const QString code = overview.text(row, OverviewColumn::Cod);
-    Naming(u"Voce"_s, code, [&] {
+    WithDetail(u"Voce"_s, code, [&] {
         const Currency paid = paidOn(spese, code);
         const Currency budget = ImportoDaTesto(overview.text(row, OverviewColumn::Spesa));
         overview.setText(row, OverviewColumn::Spesa, FormatImporto(budget));

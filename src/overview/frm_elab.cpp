@@ -40,7 +40,7 @@ void FrmElab::save(const RichTextBox &box, QStringView internalCode) const
 
 void FrmElab::registerDocument(QStringView internalCode) const
 {
-    Naming(u"Codice"_s, internalCode.toString(), [&] {
+    WithDetail(u"Codice"_s, internalCode.toString(), [&] {
         ScriviVoceFile(m_values, CodiceEsterno(m_values, internalCode), registerTag,
                        DescrizioneFunzione(m_values, internalCode),
                        fileName(m_values, internalCode));

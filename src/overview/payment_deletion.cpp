@@ -43,7 +43,7 @@ bool ConfirmDeletion(qint32 row)
 void DeletePayment(const ProgramValues &values, qint32 row)
 {
     const QString number = QString::number(row);
-    Naming(u"Pagamento"_s, number, [&] {
+    WithDetail(u"Pagamento"_s, number, [&] {
         EliminaVociLike(values, VoceMandato(values, row));
         deleteFromLedger(values, number);
     });

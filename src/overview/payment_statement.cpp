@@ -113,7 +113,7 @@ QString statement(const LedgerPayment &payment, Currency gross)
 void ComponiTestoPagamento(const LedgerPayment &payment, ProgramValues &values)
 {
     const auto number = [&] { return payment.field(PaymentField::Npag).textOrEmpty(); };
-    Naming(u"Pagamento"_s, number, [&] {
+    WithDetail(u"Pagamento"_s, number, [&] {
         const Currency gross = payment.grossAmount();
         const Currency total = values.TotaleLiquidato + gross;
         values.TestoPagamento = statement(payment, gross);

@@ -74,7 +74,7 @@ struct Item
 void writeItem(const ProgramValues &values, const Item &item, ExistingKey existing,
                std::initializer_list<std::pair<QString, NewValue>> others)
 {
-    Naming(u"Voce"_s, item.code, [&] {
+    WithDetail(u"Voce"_s, item.code, [&] {
         // The sheet has a note for every payment: only the items of that code are read and put in
         // order.
         const QString criterion = u"Voce = '"_s + item.code + u"'"_s;
@@ -100,7 +100,7 @@ void writeItem(const ProgramValues &values, const Item &item, ExistingKey existi
 
 QString CodiceEsterno(const ProgramValues &values, QStringView internalCode)
 {
-    return Naming(u"Codice"_s, internalCode.toString(), [&] {
+    return WithDetail(u"Codice"_s, internalCode.toString(), [&] {
         const OpenTable codes = findCode(values, internalCode);
         return codes.records.noMatch() ? QString() : codes.records.field(u"CodExt"_s).text();
     });
@@ -108,14 +108,15 @@ QString CodiceEsterno(const ProgramValues &values, QStringView internalCode)
 
 QString DescrizioneFunzione(const ProgramValues &values, QStringView internalCode)
 {
-    return Naming(u"Codice"_s, internalCode.toString(),
-                  [&] { return findCode(values, internalCode).records.field(u"Desc"_s).text(); });
+    return WithDetail(u"Codice"_s, internalCode.toString(), [&] {
+        return findCode(values, internalCode).records.field(u"Desc"_s).text();
+    });
 }
 
 void AggiornaVoceImporto(const ProgramValues &values, QStringView internalCode, qint16 tag,
                          Currency amount)
 {
-    Naming(u"Codice"_s, internalCode.toString(), [&] {
+    WithDetail(u"Codice"_s, internalCode.toString(), [&] {
         const Item item = [&] {
             const OpenTable codes = findCode(values, internalCode);
             return Item{codes.records.field(u"CodExt"_s).text(), tag,
@@ -147,7 +148,7 @@ bool EsisteVoceLike(const ProgramValues &values, const QString &pattern)
 
 QString StringaVoceLike(const ProgramValues &values, const QString &pattern)
 {
-    return Naming(u"Voce"_s, pattern, [&] {
+    return WithDetail(u"Voce"_s, pattern, [&] {
         return findItemLike(values, pattern).records.field(u"Stringa"_s).textOrEmpty();
     });
 }
