@@ -128,15 +128,16 @@ private slots:
                                                                          u"à"_s.repeated(60)));
     }
 
-    /** Letter case is nothing, "_" and "%" stand for themselves. */
+    /** Letter case is nothing, "_" and "%" stand for themselves; the first is the first by its key.
+     */
     void patterns()
     {
-        const QString items = u"X_1 X_10 x_1 XA1 Y_2 X%1 Z*"_s;
+        const QString items = u"X_10 X_1 x_1 XA1 Y_2 X%1 Z*"_s;
         for (const auto &[pattern, first, left] :
              {std::tuple{u"X_1"_s, u"X_1"_s, u"X_10 XA1 Y_2 X%1 Z*"_s},
               {u"X_2"_s, QString(), items},
               {u"x_1*"_s, u"X_1"_s, u"XA1 Y_2 X%1 Z*"_s},
-              {u"Z[*]"_s, u"Z*"_s, u"X_1 X_10 x_1 XA1 Y_2 X%1"_s}}) {
+              {u"Z[*]"_s, u"Z*"_s, u"X_10 X_1 x_1 XA1 Y_2 X%1"_s}}) {
             init();
             m_archive->execute(ContractPath(m_values),
                                u"INSERT INTO SchedaProgetto (Voce, Stringa) SELECT value, value"
