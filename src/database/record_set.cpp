@@ -12,25 +12,6 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-enum class Position
-{
-    OnRecord,
-    OnDeleted, ///< on a record that was deleted through this set
-    AtEnd,
-    Nowhere ///< after a find without a match
-};
-
-enum class Change
-{
-    None,
-    Adding,
-    Editing
-};
-
-} // namespace
-
 /**
  * The records, the position among them and the buffer of a change under way. The prepared query
  * waits for the first use, then all records are read at once, so that nothing is locked while the
@@ -38,6 +19,21 @@ enum class Change
  */
 struct RecordSet::Data
 {
+    enum class Position
+    {
+        OnRecord,
+        OnDeleted, ///< on a record that was deleted through this set
+        AtEnd,
+        Nowhere ///< after a find without a match
+    };
+
+    enum class Change
+    {
+        None,
+        Adding,
+        Editing
+    };
+
     std::shared_ptr<Connection> file;
     std::optional<Statement> query; ///< as long as the records have not been read
     RecordPlace place;
@@ -199,7 +195,7 @@ RecordSet::Data &RecordSet::filled() const
 bool RecordSet::eof() const
 {
     const Data &data = filled();
-    return data.rows.liveCount() == 0 || data.position == Position::AtEnd;
+    return data.rows.liveCount() == 0 || data.position == Data::Position::AtEnd;
 }
 
 bool RecordSet::isEmpty() const
@@ -215,21 +211,21 @@ int RecordSet::recordCount() const
 void RecordSet::moveFirst()
 {
     Data &data = filled();
-    data.goTo(data.rows.nextLive(RecordRows::NoRow), Position::AtEnd);
+    data.goTo(data.rows.nextLive(RecordRows::NoRow), Data::Position::AtEnd);
 }
 
 void RecordSet::moveLast()
 {
     Data &data = filled();
-    data.goTo(data.rows.lastLive(), Position::AtEnd);
+    data.goTo(data.rows.lastLive(), Data::Position::AtEnd);
 }
 
 void RecordSet::moveNext()
 {
     Data &data = filled();
-    if (data.position == Position::AtEnd || data.position == Position::Nowhere)
+    if (data.position == Data::Position::AtEnd || data.position == Data::Position::Nowhere)
         throw data.error(DatabaseFault::NoCurrentRecord);
-    data.goTo(data.rows.nextLive(data.row), Position::AtEnd);
+    data.goTo(data.rows.nextLive(data.row), Data::Position::AtEnd);
 }
 
 void RecordSet::findFirst(const QString &criterion)
@@ -244,10 +240,10 @@ void RecordSet::findNext(const QString &criterion)
 {
     Data &data = filled();
     const bool isEmpty = data.rows.liveCount() == 0;
-    if (data.position == Position::Nowhere && !isEmpty)
+    if (data.position == Data::Position::Nowhere && !isEmpty)
         throw data.error(DatabaseFault::NoCurrentRecord);
     // Behind the last record only what was added meanwhile could follow, and that is not looked at.
-    const bool isBehindAll = isEmpty || data.position == Position::AtEnd;
+    const bool isBehindAll = isEmpty || data.position == Data::Position::AtEnd;
     data.setCriterion(criterion);
     data.findAfter(isBehindAll ? data.rows.lastLive() : data.row);
 }
@@ -273,28 +269,28 @@ FieldValue RecordSet::field(int column) const
     if (column < 0 || column >= data.rows.fields().size())
         throw data.error(DatabaseFault::FieldMissing, QString::number(column));
     const FieldDef &field = data.rows.fields()[column];
-    if (data.position != Position::OnRecord)
+    if (data.position != Data::Position::OnRecord)
         throw data.error(DatabaseFault::NoCurrentRecord, field.name);
     return {data.rows.value(data.row, column), field, data.place};
 }
 
 void RecordSet::addNew()
 {
-    filled().begin(Change::Adding);
+    filled().begin(Data::Change::Adding);
 }
 
 void RecordSet::edit()
 {
     Data &data = filled();
     data.requireRecord();
-    data.begin(Change::Editing);
+    data.begin(Data::Change::Editing);
 }
 
 void RecordSet::set(const QString &name, const NewValue &value)
 {
     Data &data = opened();
     const int column = data.columnOf(name);
-    if (data.change == Change::None)
+    if (data.change == Data::Change::None)
         throw data.error(DatabaseFault::Other, name, u"nessuna modifica in corso"_s);
     const auto form = StoredForm(data.rows.fields()[column], value, data.rows.texts());
     if (const auto *fault = std::get_if<DatabaseFault>(&form))
@@ -305,9 +301,9 @@ void RecordSet::set(const QString &name, const NewValue &value)
 void RecordSet::update()
 {
     Data &data = opened();
-    if (data.change == Change::None)
+    if (data.change == Data::Change::None)
         throw data.error(DatabaseFault::Other, {}, u"nessuna modifica in corso"_s);
-    if (data.change == Change::Adding) {
+    if (data.change == Data::Change::Adding) {
         data.write(InsertSql(data.place.table, data.changedFields()));
         data.rows.append(data.buffer, data.file->lastRowId());
     } else if (!data.buffer.empty()) {
@@ -317,7 +313,7 @@ void RecordSet::update()
         data.rows.replace(data.row, data.buffer);
     }
     data.soughtUpTo = RecordRows::NoRow;
-    data.change = Change::None;
+    data.change = Data::Change::None;
     data.buffer.clear();
 }
 
@@ -330,8 +326,8 @@ void RecordSet::deleteRecord()
     data.buffer.clear();
     data.write(DeleteSql(data.place.table), data.rows.rowId(data.row));
     data.rows.remove(data.row);
-    data.position = Position::OnDeleted;
-    data.change = Change::None;
+    data.position = Data::Position::OnDeleted;
+    data.change = Data::Change::None;
 }
 
 void RecordSet::close()
