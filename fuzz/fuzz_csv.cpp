@@ -10,9 +10,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString shown(const CsvCell &cell)
+QString shown(const QString &cell)
 {
-    return (cell.isQuoted ? u"'"_s : u"<"_s) + cell.text;
+    return cell.isNull() ? u"-"_s : u'<' + cell;
 }
 
 QString readQuickly(const QString &text)
@@ -23,7 +23,7 @@ QString readQuickly(const QString &text)
     try {
         while (reader.next(row)) {
             rows += u'\n' + QString::number(row.line);
-            for (const CsvCell &cell : row.cells)
+            for (const QString &cell : row.cells)
                 rows += shown(cell);
         }
     } catch (const CsvFault &) {
@@ -44,7 +44,9 @@ QString readSlowly(const QString &text)
         if (!match.hasMatch())
             return rows + u"\nfault"_s;
         const bool isQuoted = match.hasCaptured(1);
-        row += shown({match.captured(isQuoted ? 1 : 2).replace(u"\"\""_s, u"\""_s), isQuoted});
+        row += match.capturedLength() == match.capturedLength(3)
+                   ? u"-"_s
+                   : u'<' + match.captured(isQuoted ? 1 : 2).replace(u"\"\""_s, u"\""_s);
         at = match.capturedEnd();
         if (match.captured(3) == ";"_L1)
             continue;

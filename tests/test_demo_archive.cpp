@@ -90,7 +90,7 @@ void TestDemoArchive::figures()
 void TestDemoArchive::goesOutAsItCameIn()
 {
     const QTemporaryDir folder;
-    ExportProject({MachinePath(ProjectFolder(m_values)), folder.path(), false});
+    ExportProject(MachinePath(ProjectFolder(m_values)), folder.path());
     const QStringList files = QDir(demo).entryList({u"*.csv"_s});
     QCOMPARE(files.size(), 8);
     for (const QString &file : files)

@@ -430,7 +430,7 @@ void TestExchange::takesEqualCodes()
     office.putBudget("A1;Scavi;1\n");
     office.import();
     QFile::remove(office.csv() + u"/UltimaPerVariante.csv"_s);
-    ExportProject({office.project(), office.path(u"out"_s)}); // codes that are equal need no leave
+    ExportProject(office.project(), office.path(u"out"_s)); // codes that are equal need no leave
     QFile::copy(office.path(u"out/Funzioni.csv"_s), office.csv() + u"/Funzioni.csv"_s);
     QVERIFY(office.import().contains(u"Funzioni: 10 righe (c'era già, uguale)"_s));
     office.put(u"Funzioni.csv"_s,
@@ -486,11 +486,11 @@ void TestExchange::roundTrip()
         const TestArchive archive;
         const QString project = MachinePath(ProjectFolder(archive.values()));
         HostileRows(static_cast<quint32>(seed)).fill(project);
-        ExportProject({project, office.csv()});
+        ExportProject(project, office.csv());
         const QString said = office.import(true);
         QVERIFY2(said.contains(u"Saldoro.mdb: creato"_s), qPrintable(said));
         QCOMPARE(wholeProject(office.project()), wholeProject(project));
-        ExportProject({office.project(), office.path(u"out"_s)});
+        ExportProject(office.project(), office.path(u"out"_s));
         for (const QString &file : QDir(office.csv()).entryList(QDir::Files))
             QCOMPARE(readFile(office.path(u"out/"_s + file)), readFile(office.csv() + u'/' + file));
     }
@@ -503,7 +503,7 @@ void TestExchange::exportRefuses()
     office.import();
     const auto refusal = [&] {
         try {
-            ExportProject({office.project(), office.path(u"out"_s)});
+            ExportProject(office.project(), office.path(u"out"_s));
         } catch (const SaldoroError &error) {
             return error.message();
         }
@@ -522,7 +522,7 @@ void TestExchange::exportRefuses()
     writeFile(office.path(u"out/fatture.CSV"_s), "mio");
     QVERIFY(refusal().contains(u"Il file c'è già."_s));
     QCOMPARE(QDir(office.path(u"out"_s)).count(), 3U); // with "." and ".."
-    ExportProject({office.project(), office.path(u"out"_s), true});
+    ExportProject(office.project(), office.path(u"out"_s), true);
     QVERIFY(readFile(office.path(u"out/fatture.CSV"_s))
                 .startsWith("\xEF\xBB\xBF"
                             "AziProf;Npag"));

@@ -84,7 +84,7 @@ int importProject(const CommandLine &line)
 
 int exportProject(const CommandLine &line)
 {
-    PrintOut(ExportProject({line.folders[0], line.folders[1], line.has(u"--sovrascrivi"_s)}));
+    PrintOut(ExportProject(line.folders[0], line.folders[1], line.has(u"--sovrascrivi"_s)));
     return Done;
 }
 

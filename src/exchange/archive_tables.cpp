@@ -15,40 +15,23 @@ namespace {
 
 const NewValue Untold = QDate();
 
-NewValue dayOf(const FieldValue &stored)
-{
-    constexpr qsizetype DayLength = 10;
-    const auto bytes = stored.storedBytes();
-    if (!bytes || bytes->isEmpty())
-        return bytes ? NewValue(QString()) : Untold;
-    const QDate day = bytes->size() == DayLength ? stored.dateOrNone() : QDate();
-    return day.isValid() ? NewValue(day) : Untold;
-}
-
 /** The field's value, exactly. */
 NewValue valueOf(FieldType type, const FieldValue &stored)
 {
+    constexpr qsizetype DayLength = 10;
     if (stored.isNull())
         return {};
-    if (type == FieldType::Date)
-        return dayOf(stored);
+    if (type == FieldType::Currency)
+        return stored.currency();
+    if (type == FieldType::Integer || type == FieldType::Long)
+        return stored.integer();
     const auto bytes = stored.storedBytes();
-    if (type == FieldType::Text || type == FieldType::Memo)
-        return bytes ? NewValue(TextOfUtf8(*bytes)) : Untold;
-    return type == FieldType::Currency ? NewValue(stored.currency()) : NewValue(stored.integer());
-}
-
-/** Whether the action can be done; not with a value of another type or a field that is not there.
- */
-template <typename Action>
-bool canDo(const Action &action)
-{
-    try {
-        action();
-        return true;
-    } catch (const DatabaseError &) {
-        return false;
-    }
+    if (!bytes)
+        return Untold;
+    if (type != FieldType::Date || bytes->isEmpty())
+        return TextOfUtf8(*bytes);
+    const QDate day = bytes->size() == DayLength ? stored.dateOrNone() : QDate();
+    return day.isValid() ? NewValue(day) : Untold;
 }
 
 } // namespace
@@ -85,39 +68,25 @@ const std::vector<ExchangedTable> &ExchangedTables()
     return tables;
 }
 
-StoredTable::StoredTable(const Database &database, const ExchangedTable &table)
-    : m_fields(table.definition.fields())
-    , m_records(database.openRecordSet(u"SELECT * FROM "_s + table.name()))
-    , m_columns(m_fields.size(), -1)
-{
-    for (qsizetype place = 0; place < m_fields.size(); ++place)
-        canDo([&] { m_columns[place] = m_records.column(m_fields[place].name); });
-}
-
-bool StoredTable::next(QList<NewValue> &row)
-{
-    if (m_isBegun && !m_records.eof())
-        m_records.moveNext();
-    m_isBegun = true;
-    if (m_records.eof())
-        return false;
-    row.resize(m_fields.size());
-    for (qsizetype place = 0; place < m_fields.size(); ++place) {
-        const auto read = [&] {
-            row[place] = valueOf(m_fields[place].type, m_records.field(m_columns[place]));
-        };
-        if (m_columns[place] < 0 || !canDo(read))
-            row[place] = Untold;
-    }
-    return true;
-}
-
 TableRows StoredRows(const Database &database, const ExchangedTable &table)
 {
+    const auto &fields = table.definition.fields();
+    RecordSet records = database.openRecordSet(u"SELECT * FROM "_s + table.name());
+    QList<int> columns(fields.size(), -1);
     TableRows rows;
-    StoredTable stored(database, table);
-    for (QList<NewValue> row; stored.next(row);)
-        rows.append(row);
+    for (; !records.eof(); records.moveNext()) {
+        TableRow row(fields.size(), Untold);
+        for (qsizetype place = 0; place < fields.size(); ++place) {
+            try {
+                if (columns[place] < 0)
+                    columns[place] = records.column(fields[place].name);
+                row[place] = valueOf(fields[place].type, records.field(columns[place]));
+            } catch (const DatabaseError &) {
+                continue; // a value of another type, or a field that is not there
+            }
+        }
+        rows.append(std::move(row));
+    }
     return rows;
 }
 
@@ -130,32 +99,22 @@ TableRows StandardCodeRows()
     return rows;
 }
 
-TableSummary::TableSummary(const ExchangedTable &table)
-    : m_table(table.name())
-    , m_place(table.place(u"Importo"_s))
+QString SummaryOf(const ExchangedTable &table, const TableRows &rows)
 {
-}
-
-void TableSummary::add(const QList<NewValue> &row)
-{
-    ++m_rows;
-    const auto *amount = m_place < 0 ? nullptr : std::get_if<Currency>(&row[m_place]);
+    const QString text = u"%1: %2 %3"_s.arg(table.name())
+                             .arg(rows.size())
+                             .arg(rows.size() == 1 ? u"riga"_s : u"righe"_s);
+    const qsizetype place = table.place(u"Importo"_s);
+    if (place < 0)
+        return text;
     qint64 total = 0;
-    if (amount == nullptr || !m_total)
-        return;
-    if (__builtin_add_overflow(m_total->scaled(), amount->scaled(), &total))
-        m_total.reset();
-    else
-        m_total = Currency::fromScaled(total);
-}
-
-QString TableSummary::text() const
-{
-    QString text =
-        u"%1: %2 %3"_s.arg(m_table).arg(m_rows).arg(m_rows == 1 ? u"riga"_s : u"righe"_s);
-    if (m_place >= 0)
-        text += u", totale Importo "_s + (m_total ? FormatImporto(*m_total) : u"fuori misura"_s);
-    return text;
+    bool fits = true;
+    for (const TableRow &row : rows) {
+        if (const auto *amount = std::get_if<Currency>(&row[place]))
+            fits = fits && !__builtin_add_overflow(total, amount->scaled(), &total);
+    }
+    return text + u", totale Importo "_s +
+           (fits ? FormatImporto(Currency::fromScaled(total)) : u"fuori misura"_s);
 }
 
 } // namespace saldoro

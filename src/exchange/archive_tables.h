@@ -7,7 +7,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <optional>
 #include <vector>
 
 namespace saldoro {
@@ -31,42 +30,18 @@ const std::vector<ExchangedTable> &ExchangedTables();
 /** Rows of a table: a value for each field of its definition, null where there is none. An
  *  invalid day stands for a stored value that a CSV file can't tell: a day with a time, bytes that
  *  are no text, a value of another type. */
-using TableRows = QList<QList<NewValue>>;
+using TableRow = QList<NewValue>;
+using TableRows = QList<TableRow>;
 
-/** The rows of a table in stored order, one after the other. A field that the database lacks holds
- *  what can't be told. Throws DatabaseError. */
-class StoredTable
-{
-public:
-    StoredTable(const Database &database, const ExchangedTable &table);
-    /** Puts the next row into @p row; false behind the last. */
-    bool next(QList<NewValue> &row);
-
-private:
-    QList<FieldDef> m_fields;
-    RecordSet m_records;
-    QList<int> m_columns; ///< of the fields, -1 for one that is not there
-    bool m_isBegun = false;
-};
+/** The rows of a table in stored order. A field that the database lacks holds what can't be told.
+ *  Throws DatabaseError. */
 TableRows StoredRows(const Database &database, const ExchangedTable &table);
 
 /** The rows of a code map that is made without the suite. */
 TableRows StandardCodeRows();
 
-/** Counts rows and, where the table has amounts, adds them up. */
-class TableSummary
-{
-public:
-    explicit TableSummary(const ExchangedTable &table);
-    void add(const QList<NewValue> &row);
-    /** "Spese: 41 righe, totale Importo 1.234,56". */
-    QString text() const;
-
-private:
-    QString m_table;
-    qsizetype m_place; ///< of the amount
-    int m_rows = 0;
-    std::optional<Currency> m_total = Currency(); ///< none once it is beyond the range
-};
+/** Counts rows and, where the table has amounts, adds them up: "Spese: 41 righe, totale Importo
+ *  1.234,56". */
+QString SummaryOf(const ExchangedTable &table, const TableRows &rows);
 
 } // namespace saldoro

@@ -18,7 +18,7 @@ bool CsvReader::next(CsvRow &row)
     return true;
 }
 
-CsvCell CsvReader::cell()
+QString CsvReader::cell()
 {
     if (isAt(u'"'))
         return quotedCell();
@@ -30,21 +30,21 @@ CsvCell CsvReader::cell()
                            u"ci sono virgolette dentro una cella che non comincia con esse"_s};
         ++m_at;
     }
-    return {m_text.sliced(begin, m_at - begin).toString(), false};
+    return m_at == begin ? QString() : m_text.sliced(begin, m_at - begin).toString();
 }
 
-CsvCell CsvReader::quotedCell()
+QString CsvReader::quotedCell()
 {
-    CsvCell cell{{}, true};
+    QString cell = u""_s;
     for (bool goesOn = false; isAt(u'"'); goesOn = true) {
         if (goesOn) // the quote that seemed to end the cell was the first of two
-            cell.text += u'"';
+            cell += u'"';
         const qsizetype begin = m_at + 1;
         const qsizetype end = m_text.indexOf(u'"', begin);
         if (end < 0)
             throw CsvFault{m_line, u"le virgolette aperte non vengono chiuse"_s};
         const QStringView part = m_text.sliced(begin, end - begin);
-        cell.text += part;
+        cell += part;
         m_line += static_cast<int>(part.count(u'\n'));
         m_at = end + 1;
     }

@@ -1,24 +1,15 @@
 #pragma once
 
-#include <QList>
 #include <QString>
+#include <QStringList>
 
 namespace saldoro {
-
-/** One cell; an empty one without quotes is no value, one in quotes the empty text. */
-struct CsvCell
-{
-    QString text;
-    bool isQuoted = false;
-
-    bool isNull() const { return text.isEmpty() && !isQuoted; }
-};
 
 /** One row and the line that it begins on, counted from 1. */
 struct CsvRow
 {
     int line = 0;
-    QList<CsvCell> cells;
+    QStringList cells; ///< an empty one without quotes is a null text, one in quotes an empty one
 };
 
 /** Why a file can't be read on. */
@@ -47,8 +38,8 @@ public:
     bool next(CsvRow &row);
 
 private:
-    CsvCell cell();
-    CsvCell quotedCell();
+    QString cell();
+    QString quotedCell();
     void endRow();
     bool isAt(QChar character) const { return m_at < m_text.size() && m_text[m_at] == character; }
 

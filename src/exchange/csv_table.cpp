@@ -5,12 +5,15 @@
 #include "database/table_appender.h"
 #include "exchange/csv_reader.h"
 #include "exchange/csv_values.h"
+#include "exchange/progress.h"
 #include "platform/legacy_text.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
+#include <functional>
 
 namespace saldoro {
 
@@ -33,33 +36,24 @@ QString fileText(const QString &path)
 /** The first separator outside of quotes in the first line tells. */
 CsvDialect dialectOf(const QString &text)
 {
-    bool isInQuotes = false;
-    for (const QChar character : text) {
-        if (character == u'"')
-            isInQuotes = !isInQuotes;
-        else if (!isInQuotes && character == u',')
-            return CsvDialect::International;
-        else if (!isInQuotes && (character == u';' || character == u'\n'))
-            break;
-    }
-    return CsvDialect::Italian;
+    static const QRegularExpression comma(u"\\A(?:\"[^\"]*\"|[^\",;\\n])*+,"_s);
+    return comma.match(text).hasMatch() ? CsvDialect::International : CsvDialect::Italian;
 }
 
 bool isBlank(const CsvRow &row)
 {
-    return std::all_of(row.cells.begin(), row.cells.end(),
-                       [](const CsvCell &cell) { return cell.isNull(); });
+    return std::all_of(row.cells.begin(), row.cells.end(), std::mem_fn(&QString::isNull));
 }
 
 /** A line "sep=;", which spreadsheets read as a hint. */
 bool isHint(const CsvRow &row)
 {
     return row.cells.size() == 2 && row.cells[1].isNull() &&
-           row.cells[0].text.compare("sep="_L1, Qt::CaseInsensitive) == 0;
+           row.cells[0].compare("sep="_L1, Qt::CaseInsensitive) == 0;
 }
 
 /** The value of a cell; no value when it is not written as one of the type. */
-std::optional<NewValue> valueOf(const CsvCell &cell, FieldType type, CsvDialect dialect)
+std::optional<NewValue> valueOf(const QString &cell, FieldType type, CsvDialect dialect)
 {
     const auto orNone = [](const auto &value) {
         return value ? std::optional<NewValue>(*value) : std::nullopt;
@@ -67,12 +61,12 @@ std::optional<NewValue> valueOf(const CsvCell &cell, FieldType type, CsvDialect 
     if (cell.isNull())
         return NewValue();
     if (type == FieldType::Currency)
-        return orNone(AmountOf(cell.text, dialect));
+        return orNone(AmountOf(cell, dialect));
     if (type == FieldType::Integer || type == FieldType::Long)
-        return orNone(WholeOf(cell.text));
-    if (type == FieldType::Date && !cell.text.isEmpty())
-        return orNone(DayOf(cell.text, dialect));
-    return cell.text;
+        return orNone(WholeOf(cell));
+    if (type == FieldType::Date && !cell.isEmpty())
+        return orNone(DayOf(cell, dialect));
+    return cell;
 }
 
 /** What a cell that could not be read should hold. */
@@ -120,10 +114,11 @@ public:
         }
     }
 
-    CsvTable read(Progress &progress)
+    CsvTable read()
     {
         CsvReader reader(m_text, m_dialect == CsvDialect::Italian ? u';' : u',');
         CsvRow row;
+        Progress progress(u"Lettura di "_s + m_result.file);
         try {
             while (reader.next(row) && (isBlank(row) || isHint(row)))
                 row = {};
@@ -131,7 +126,7 @@ public:
             while (reader.next(row)) {
                 if (!isBlank(row))
                     readRow(row);
-                progress.show(u"Lettura di "_s, m_result.file, m_result.rows.size());
+                progress.show(m_result.rows.size());
             }
         } catch (const CsvFault &fault) {
             addError(fault.line, fault.problem + u": il resto del file non è stato letto."_s);
@@ -152,8 +147,8 @@ private:
 
     void readNames(const CsvRow &row)
     {
-        for (const CsvCell &cell : row.cells) {
-            const QString name = cell.text.trimmed();
+        for (const QString &cell : row.cells) {
+            const QString name = cell.trimmed();
             const qsizetype place = name.isEmpty() ? Nameless : m_result.table->place(name);
             if (place == -1)
                 m_result.unknownFields.append(name);
@@ -174,7 +169,7 @@ private:
                                    .arg(m_places.size()));
             return;
         }
-        QList<NewValue> values(m_definition.size());
+        TableRow values(m_definition.size());
         for (qsizetype cell = 0; cell < m_places.size(); ++cell) {
             if (m_places[cell] >= 0)
                 values[m_places[cell]] = value(row, cell);
@@ -188,7 +183,7 @@ private:
     /** What can't be stored is an error, and its place taken by what no file can tell. */
     NewValue value(const CsvRow &row, qsizetype place)
     {
-        const CsvCell &cell = row.cells[place];
+        const QString &cell = row.cells[place];
         const FieldDef &field = m_definition[m_places[place]];
         const FieldDef &stored = m_stored[m_places[place]];
         std::optional<NewValue> value = valueOf(cell, field.type, m_dialect);
@@ -197,7 +192,7 @@ private:
             return *std::move(value);
         addError(row.line,
                  fault ? refusal(*fault, stored, *value)
-                       : u"«%1» non è %2, o è fuori misura."_s.arg(LeftCharacters(cell.text, 40),
+                       : u"«%1» non è %2, o è fuori misura."_s.arg(LeftCharacters(cell, 40),
                                                                    expected(field.type, m_dialect)),
                  field.name);
         return QDate();
@@ -222,9 +217,9 @@ QString CsvTable::place(qsizetype row, const QString &field) const
 }
 
 CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,
-                      QStringList &errors, Progress &progress)
+                      QStringList &errors)
 {
-    return TableReader(path, table, stored, errors).read(progress);
+    return TableReader(path, table, stored, errors).read();
 }
 
 } // namespace saldoro

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "exchange/archive_tables.h"
-#include "exchange/progress.h"
 
 #include <QList>
 #include <QString>
@@ -18,6 +17,10 @@ struct CsvTable
     QList<int> lines;          ///< that the rows begin on
     QStringList unknownFields; ///< named in the first line and left out
 
+    const NewValue &value(qsizetype row, const QString &field) const
+    {
+        return rows[row][table->place(field)];
+    }
     /** "Spese.csv, riga 12, campo Importo: ". */
     QString place(qsizetype row, const QString &field) const;
 };
@@ -28,6 +31,6 @@ struct CsvTable
  * FileError.
  */
 CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,
-                      QStringList &errors, Progress &progress);
+                      QStringList &errors);
 
 } // namespace saldoro

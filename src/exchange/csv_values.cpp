@@ -1,7 +1,5 @@
 #include "exchange/csv_values.h"
 
-#include "common/number_text.h"
-
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -31,32 +29,16 @@ bool areDigits(QStringView text)
     });
 }
 
-/** Without the "." between groups of three; as it stands when they are elsewhere. */
+/** Without the "." between groups of three; nothing when they are elsewhere. */
 QString ungrouped(QStringView whole)
 {
-    QString digits;
-    for (qsizetype place = 0; place < whole.size(); ++place) {
-        const bool isBetween = place > 0 && (whole.size() - place) % 4 == 0;
-        if (isBetween != (whole[place] == u'.'))
-            return whole.toString();
-        if (!isBetween)
-            digits += whole[place];
+    QString digits = whole.toString();
+    for (qsizetype dot = digits.size() - 4; dot >= 0; dot -= 4) {
+        if (dot == 0 || digits[dot] != u'.')
+            return {};
+        digits.remove(dot, 1);
     }
-    return whole.size() % 4 == 0 ? whole.toString() : digits;
-}
-
-std::optional<QDate> dayOf(QStringView year, QStringView month, QStringView day)
-{
-    if (year.size() != 4 || month.size() > 2 || day.size() > 2)
-        return std::nullopt;
-    const QDate result(DigitsValue(year), DigitsValue(month), DigitsValue(day));
-    return result.isValid() && result.year() > 0 ? std::optional(result) : std::nullopt;
-}
-
-bool isMidnight(QStringView text)
-{
-    static const QRegularExpression midnight(u"\\A[ T]00:00(:00(\\.0+)?)?\\z"_s);
-    return text.isEmpty() || midnight.match(text.toString()).hasMatch();
+    return digits;
 }
 
 } // namespace
@@ -87,16 +69,14 @@ std::optional<Currency> AmountOf(QStringView text, CsvDialect dialect)
 
 std::optional<QDate> DayOf(QStringView text, CsvDialect dialect)
 {
-    text = text.trimmed();
-    if (dialect == CsvDialect::Italian) {
-        const QList<QStringView> parts = text.split(u'/');
-        return parts.size() == 3 ? dayOf(parts[2], parts[1], parts[0]) : std::nullopt;
-    }
-    constexpr qsizetype DayLength = 10;
-    if (text.size() < DayLength || text[4] != u'-' || text[7] != u'-' ||
-        !isMidnight(text.sliced(DayLength)))
-        return std::nullopt;
-    return dayOf(text.first(4), text.sliced(5, 2), text.sliced(8, 2));
+    static const QRegularExpression italian(u"\\A(\\d\\d?)/(\\d\\d?)/(\\d{4})\\z"_s);
+    static const QRegularExpression international(
+        u"\\A(\\d{4})-(\\d\\d)-(\\d\\d)(?:[ T]00:00(?::00(?:\\.0+)?)?)?\\z"_s);
+    const bool isItalian = dialect == CsvDialect::Italian;
+    const auto match = (isItalian ? italian : international).match(text.trimmed().toString());
+    const auto part = [&match](int place) { return match.capturedView(place).toInt(); };
+    const QDate day(part(isItalian ? 3 : 1), part(2), part(isItalian ? 1 : 3));
+    return day.isValid() && day.year() > 0 ? std::optional(day) : std::nullopt;
 }
 
 std::optional<qint32> WholeOf(QStringView text)

@@ -6,12 +6,14 @@
 #include "exchange/archive_tables.h"
 #include "exchange/csv_values.h"
 #include "exchange/progress.h"
+#include "exchange/project_place.h"
 #include "store/project_files.h"
 
 #include <QDir>
 #include <QSaveFile>
 
-#include <variant>
+#include <utility>
+#include <vector>
 
 namespace saldoro {
 
@@ -19,58 +21,47 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** A table as its file is to hold it. */
-struct TableFile
+/** Appends a value's cell; texts stand in quotes, which codes made of digits need and the empty
+ *  text. */
+void appendCell(QString &line, const NewValue &value)
 {
-    QString path;
-    QByteArray content;
-};
-
-/** Appends the text of a value's cell; texts stand in quotes, which codes made of digits need and
- * the empty text. */
-struct CellWriter
-{
-    QString &line;
-
-    void operator()(std::monostate /*null*/) const {}
-    void operator()(const QString &text) const
-    {
-        line += u'"';
-        line += text.contains(u'"') ? QString(text).replace(u'"', u"\"\""_s) : text;
-        line += u'"';
-    }
-    void operator()(qint32 number) const { line += QString::number(number); }
-    void operator()(Currency amount) const { line += AmountCell(amount); }
-    void operator()(QDate day) const { line += day.isValid() ? FormatData(day) : u"?"_s; }
-};
+    if (const auto *text = std::get_if<QString>(&value))
+        line += u'"' + QString(*text).replace(u'"', u"\"\""_s) + u'"';
+    else if (const auto *number = std::get_if<qint32>(&value))
+        line += QString::number(*number);
+    else if (const auto *amount = std::get_if<Currency>(&value))
+        line += AmountCell(*amount);
+    else if (const auto *day = std::get_if<QDate>(&value))
+        line += day->isValid() ? FormatData(*day) : u"?"_s;
+}
 
 /** Why a file can't tell a row: empty when it can. A row without a value is none of a file. */
-QString untold(const ExchangedTable &table, const QList<NewValue> &row)
+QString untold(const ExchangedTable &table, const TableRow &row)
 {
+    if (row.count(NewValue()) == row.size())
+        return u"nessun valore"_s;
     QStringList fields;
-    bool hasValue = false;
     for (qsizetype place = 0; place < row.size(); ++place) {
-        hasValue = hasValue || !std::holds_alternative<std::monostate>(row[place]);
         if (row[place] == NewValue(QDate()))
             fields.append(u"campo "_s + table.definition.fields()[place].name);
     }
-    return hasValue ? fields.join(u", "_s) : u"nessun valore"_s;
+    return fields.join(u", "_s);
 }
 
 /** The content of a table's file. Rows that it can't tell are added to @p untolds. */
-QByteArray fileContent(const ExchangedTable &table, StoredTable stored, TableSummary &summary,
-                       QStringList &untolds, Progress &progress)
+QByteArray fileContent(const ExchangedTable &table, const TableRows &rows, QStringList &untolds)
 {
-    QString line;
+    QStringList names;
     for (const FieldDef &field : table.definition.fields())
-        line += (line.isEmpty() ? u""_s : u";"_s) + field.name;
-    QByteArray content = "\xEF\xBB\xBF" + line.toUtf8() + "\r\n";
-    int place = 0;
-    for (QList<NewValue> row; stored.next(row); summary.add(row)) {
-        progress.show(u"Lettura di"_s, table.name(), ++place);
-        line.resize(0);
+        names.append(field.name);
+    QByteArray content = "\xEF\xBB\xBF" + names.join(u';').toUtf8() + "\r\n";
+    Progress progress(u"Scrittura di "_s + table.name());
+    for (qsizetype place = 1; place <= rows.size(); ++place) {
+        progress.show(place);
+        const TableRow &row = rows[place - 1];
+        QString line;
         for (const NewValue &value : row) {
-            std::visit(CellWriter{line}, value);
+            appendCell(line, value);
             line += u';';
         }
         line.chop(1);
@@ -95,42 +86,37 @@ QString targetPath(const QDir &folder, const QString &name, bool overwrite)
     return folder.filePath(there.first());
 }
 
-void writeFile(const TableFile &table)
+void writeFile(const QString &path, const QByteArray &content)
 {
-    QSaveFile file(table.path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(table.content) < 0 || !file.commit())
-        throw FileError(table.path, u"Il file non può essere scritto."_s,
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) < 0 || !file.commit())
+        throw FileError(path, u"Il file non può essere scritto."_s,
                         u"Controllare i permessi e lo spazio libero sul disco."_s);
 }
 
 } // namespace
 
-QString ExportProject(const ExportRequest &request)
+QString ExportProject(const QString &projectFolder, const QString &csvFolder, bool overwrite)
 {
-    const QString project = ExistingFolder(request.projectFolder);
-    const QDir folder(request.csvFolder);
-    std::vector<TableFile> files;
+    const QString project = ExistingFolder(projectFolder);
+    std::vector<std::pair<QString, QByteArray>> files;
     QStringList untolds;
     QString summary;
-    Progress progress;
     for (const ExchangedTable &table : ExchangedTables()) {
-        const Database database = Database::open(ArchiveFilePath(table.archive, project));
-        TableSummary rows(table);
-        files.push_back(
-            {targetPath(folder, table.fileName(), request.overwrite),
-             fileContent(table, StoredTable(database, table), rows, untolds, progress)});
-        summary += rows.text() + u'\n';
+        const TableRows rows =
+            StoredRows(Database::open(ArchiveFilePath(table.archive, project)), table);
+        files.emplace_back(targetPath(csvFolder, table.fileName(), overwrite),
+                           fileContent(table, rows, untolds));
+        summary += SummaryOf(table, rows) + u'\n';
     }
     if (!untolds.isEmpty())
         throw SaldoroError(u"Questi valori non si possono dire in un file CSV: una data con l'ora, "
                            "byte che non sono testo.\n  "_s +
                                untolds.join(u"\n  "_s),
                            u"Nessun file è stato scritto. Correggere i valori nell'archivio."_s);
-    if (!folder.mkpath(u"."_s))
-        throw FileError(folder.path(), u"La cartella non può essere creata."_s,
-                        u"Controllare i permessi e lo spazio libero sul disco."_s);
-    for (const TableFile &file : files)
-        writeFile(file);
+    MakeFolder(csvFolder);
+    for (const auto &[path, content] : files)
+        writeFile(path, content);
     return summary;
 }
 

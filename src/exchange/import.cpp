@@ -104,7 +104,7 @@ public:
         for (auto &[file, target] : m_targets)
             target.backUp();
         for (auto &[file, target] : m_targets)
-            target.write(m_progress);
+            target.write();
         QString done;
         for (auto &[file, target] : m_targets) {
             try {
@@ -115,13 +115,9 @@ public:
             }
             done += target.report();
         }
-        for (const CsvTable &table : m_tables) {
-            TableSummary summary(*table.table);
-            for (const QList<NewValue> &row : table.rows)
-                summary.add(row);
-            done +=
-                summary.text() + (m_same.contains(&table) ? u" (c'era già, uguale)\n"_s : u"\n"_s);
-        }
+        for (const CsvTable &table : m_tables)
+            done += SummaryOf(*table.table, table.rows) +
+                    (m_same.contains(&table) ? u" (c'era già, uguale)\n"_s : u"\n"_s);
         return done;
     }
 
@@ -133,7 +129,7 @@ private:
         if (!stored)
             return;
         const CsvTable &read =
-            m_tables.emplace_back(ReadCsvTable(path, table, *stored, m_remarks.errors, m_progress));
+            m_tables.emplace_back(ReadCsvTable(path, table, *stored, m_remarks.errors));
         if (!read.unknownFields.isEmpty())
             m_remarks.warnings.append(read.file + u": campi tralasciati: "_s +
                                       read.unknownFields.join(u", "_s) + u'.');
@@ -187,7 +183,6 @@ private:
     ImportRemarks m_remarks;
     std::list<CsvTable> m_tables;
     QList<const CsvTable *> m_same; ///< those that the archive holds already
-    Progress m_progress;
     std::map<ArchiveFile, ImportTarget> m_targets;
 };
 

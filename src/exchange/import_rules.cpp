@@ -6,6 +6,7 @@
 
 #include <QStringBuilder>
 
+#include <algorithm>
 #include <optional>
 #include <set>
 
@@ -33,7 +34,7 @@ void checkNulls(const CsvTable &table, ImportRemarks &remarks)
     const qsizetype kind = table.table->place(u"AziProf"_s);
     const auto &fields = table.table->definition.fields();
     for (qsizetype row = 0; row < table.rows.size(); ++row) {
-        const QList<NewValue> &values = table.rows[row];
+        const TableRow &values = table.rows[row];
         for (qsizetype place = 0; place < fields.size(); ++place) {
             if (values[place] != NewValue())
                 continue;
@@ -55,7 +56,7 @@ void checkContractor(const CsvTable &table, const CodeMap &codes, ImportRemarks 
         return;
     for (qsizetype row = 0; row < table.rows.size(); ++row) {
         if (compared(textOf(table.rows[row][0])) == compared(contractor->second) &&
-            table.rows[row][table.table->place(u"Link"_s)] == NewValue())
+            table.value(row, u"Link"_s) == NewValue())
             remarks.refusals.append(table.place(row, u"Link"_s) +
                                     u"manca il valore: le fatture delle aziende non si aprono."_s);
     }
@@ -67,7 +68,7 @@ void checkBudget(const CsvTable &table, ImportRemarks &remarks)
         return value == NewValue() ? std::nullopt : std::optional(textOf(value));
     };
     QList<CostItem> items;
-    for (const QList<NewValue> &row : table.rows)
+    for (const TableRow &row : table.rows)
         items.append({textOrNone(row[0]), textOrNone(row[1])});
     for (const CostItemFault &fault : CostItemFaults(items))
         remarks.refusals.append(table.place(fault.item, fault.field) + fault.problem);
@@ -84,12 +85,11 @@ void checkPayments(const CsvTable &table, ImportRemarks &remarks)
     std::set<qint32> numbers;
     const qsizetype count = table.rows.size();
     for (qsizetype row = 0; row < count; ++row) {
-        const QString kind = textOf(table.rows[row][table.table->place(u"AziProf"_s)]);
+        const QString kind = textOf(table.value(row, u"AziProf"_s));
         if (!kind.isEmpty() && kind != "A"_L1 && kind != "P"_L1)
             remarks.errors.append(table.place(row, u"AziProf"_s) + u"«"_s + kind +
                                   u"» non è A (azienda) né P (professionista)."_s);
-        if (const auto *number =
-                std::get_if<qint32>(&table.rows[row][table.table->place(u"Npag"_s)]))
+        if (const auto *number = std::get_if<qint32>(&table.value(row, u"Npag"_s)))
             numbers.insert(*number);
     }
     if (count > 0 && (static_cast<qsizetype>(numbers.size()) != count || *numbers.begin() != 1 ||
@@ -114,7 +114,7 @@ void checkCodes(const CsvTable &table, const CodeMap &codes, ImportRemarks &rema
 CodeMap CodeMapOf(const TableRows &rows)
 {
     CodeMap codes;
-    for (const QList<NewValue> &row : rows)
+    for (const TableRow &row : rows)
         codes.try_emplace(compared(textOf(row[0])), textOf(row[1]));
     return codes;
 }
@@ -136,26 +136,26 @@ void CheckRows(const CsvTable &table, const CodeMap &codes, ImportRemarks &remar
 QStringList LostItems(const CsvTable &table, const TableRows &stored, const CodeMap &codes)
 {
     std::set<QString> kept;
-    for (const QList<NewValue> &row : table.rows)
+    for (const TableRow &row : table.rows)
         kept.insert(compared(textOf(row[0])));
-    std::set<QString> registered;
-    QString notes;
-    for (const UsedCode &used : UsedCodes) {
+    const auto isWritten = [&codes](const UsedCode &used, const QString &item) {
         const auto external = codes.find(compared(used.code));
         if (external == codes.end() || used.use == CodeUse::Search)
-            continue;
-        if (used.use == CodeUse::Note)
-            notes = compared(external->second) + u'_';
-        else
-            registered.insert(compared(external->second));
-    }
-    QStringList lost;
-    for (const QList<NewValue> &row : stored) {
-        const QString item = compared(textOf(row[0]));
-        bool isNote = !notes.isEmpty() && item.startsWith(notes);
+            return false;
+        const QString code = compared(external->second);
+        if (used.use != CodeUse::Note)
+            return item == code;
+        bool isNote = item.startsWith(code + u'_');
         if (isNote)
-            item.sliced(notes.size()).toInt(&isNote);
-        if ((isNote || registered.contains(item)) && !kept.contains(item))
+            item.sliced(code.size() + 1).toInt(&isNote);
+        return isNote;
+    };
+    QStringList lost;
+    for (const TableRow &row : stored) {
+        const QString item = compared(textOf(row[0]));
+        if (!kept.contains(item) &&
+            std::any_of(UsedCodes.begin(), UsedCodes.end(),
+                        [&](const UsedCode &used) { return isWritten(used, item); }))
             lost.append(
                 u"%1 (%2)"_s.arg(textOf(row[0]), textOf(row[table.table->place(u"Descri"_s)])));
     }

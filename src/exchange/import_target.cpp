@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "database/table_appender.h"
+#include "exchange/progress.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -12,16 +13,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void append(Database &database, const ExchangedTable &table, const TableRows &rows,
-            Progress &progress)
+void append(Database &database, const ExchangedTable &table, const TableRows &rows)
 {
     QStringList fields;
     for (const FieldDef &field : table.definition.fields())
         fields.append(field.name);
     TableAppender appender(database, table.name(), fields);
+    Progress progress(u"Scrittura di "_s + table.name());
     for (qsizetype place = 0; place < rows.size(); ++place) {
         appender.append(rows[place]);
-        progress.show(u"Scrittura di"_s, table.name(), place);
+        progress.show(place);
     }
 }
 
@@ -72,14 +73,14 @@ void ImportTarget::backUp()
         m_copy = opened().backUpBeside();
 }
 
-void ImportTarget::write(Progress &progress)
+void ImportTarget::write()
 {
     if (!m_exists) {
         removeNew(); // of an import that was broken off
-        CreateArchiveFile(m_newPath, m_file, [&](Database &database) { fill(database, progress); });
+        CreateArchiveFile(m_newPath, m_file, [this](Database &database) { fill(database); });
     } else if (!m_changes.isEmpty()) {
         m_transaction = std::make_unique<Transaction>(opened());
-        fill(opened(), progress);
+        fill(opened());
     }
 }
 
@@ -108,7 +109,7 @@ void ImportTarget::removeNew() const
     QFile::remove(m_newPath + u"-journal"_s);
 }
 
-void ImportTarget::fill(Database &database, Progress &progress) const
+void ImportTarget::fill(Database &database) const
 {
     for (const auto &[table, seen] : m_changes) {
         if (m_exists && StoredRows(database, *table->table) != seen)
@@ -116,10 +117,10 @@ void ImportTarget::fill(Database &database, Progress &progress) const
                             u"Chiudere Saldoro e ripetere il comando."_s);
         if (!seen.isEmpty())
             database.deleteAll(table->table->name());
-        append(database, *table->table, table->rows, progress);
+        append(database, *table->table, table->rows);
     }
     if (m_file == ArchiveFile::Codes && m_changes.isEmpty())
-        append(database, ExchangedTables().front(), StandardCodeRows(), progress);
+        append(database, ExchangedTables().front(), StandardCodeRows());
 }
 
 } // namespace saldoro

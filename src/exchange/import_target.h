@@ -33,7 +33,7 @@ public:
     // The three steps of writing, to be taken for all databases one after the other. What throws
     // leaves this database as it was.
     void backUp();
-    void write(Progress &progress);
+    void write();
     void finish();
 
     bool exists() const { return m_exists; }
@@ -50,7 +50,7 @@ private:
 
     Database &opened();
     void removeNew() const;
-    void fill(Database &database, Progress &progress) const;
+    void fill(Database &database) const;
 
     ArchiveFile m_file;
     QString m_path;

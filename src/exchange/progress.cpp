@@ -2,20 +2,33 @@
 
 #include "platform/console.h"
 
-#include <limits>
+#include <QElapsedTimer>
 
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
 constexpr qsizetype LineWidth = 60;
+
+/** Milliseconds since the first step began. */
+qint64 elapsed()
+{
+    static const QElapsedTimer clock = [] {
+        QElapsedTimer started;
+        started.start();
+        return started;
+    }();
+    return clock.elapsed();
+}
+
 } // namespace
 
-Progress::Progress()
-    : m_next(IsErrorTerminal() ? 1000 : std::numeric_limits<qint64>::max())
+Progress::Progress(const QString &step)
+    : m_step(step)
 {
-    m_clock.start();
+    elapsed();
 }
 
 Progress::~Progress()
@@ -24,13 +37,13 @@ Progress::~Progress()
         PrintError(u'\r' + QString(LineWidth, u' ') + u'\r');
 }
 
-void Progress::show(const QString &step, const QString &table, qsizetype rows)
+void Progress::show(qsizetype rows)
 {
-    if (m_clock.elapsed() < m_next)
+    if (elapsed() < m_next || !IsErrorTerminal())
         return;
-    m_next = m_clock.elapsed() + 200;
+    m_next = elapsed() + 200;
     m_isShown = true;
-    const QString line = u"%1 %2: %3 righe"_s.arg(step, table).arg(rows);
+    const QString line = u"%1: %2 righe"_s.arg(m_step).arg(rows);
     PrintError(u'\r' + line.leftJustified(LineWidth, u' ', true));
 }
 

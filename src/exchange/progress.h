@@ -1,24 +1,24 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QString>
 
 namespace saldoro {
 
-/** Tells how far work has got once it takes more than a second, and only on a terminal. */
+/** Tells on a terminal how many rows a step has come to, once all work takes more than a second. */
 class Progress
 {
 public:
-    Progress();
+    /** @param step such as "Lettura di Spese". */
+    explicit Progress(const QString &step);
     /** Takes the line away. */
     ~Progress();
     Q_DISABLE_COPY_MOVE(Progress)
 
-    void show(const QString &step, const QString &table, qsizetype rows);
+    void show(qsizetype rows);
 
 private:
-    QElapsedTimer m_clock;
-    qint64 m_next; ///< milliseconds
+    QString m_step;
+    qint64 m_next = 1000; ///< milliseconds of all work at which to show the next line
     bool m_isShown = false;
 };
 

@@ -20,9 +20,8 @@ constexpr QStringView MenuProject = u"00039";
 QString command(const ProjectPlace &place)
 {
     const bool isWindows = RegistryFilePath().isEmpty(); // its registry is no file
-    const QString program = isWindows ? u"Saldoro.exe"_s : u"saldoro"_s;
-    return place.code == MenuProject ? program + u", o dal menu"_s
-                                     : program + u" TUSMQDE7W"_s + place.code;
+    return (isWindows ? u"Saldoro.exe"_s : u"saldoro"_s) +
+           (place.code == MenuProject ? u", o dal menu"_s : u" TUSMQDE7W"_s + place.code);
 }
 
 bool isSameFolder(const QString &one, const QString &other)
@@ -51,14 +50,17 @@ ProjectPlace PlaceOf(const QString &folder)
     return place;
 }
 
+void MakeFolder(const QString &folder)
+{
+    if (!QDir().mkpath(folder))
+        throw FileError(folder, u"La cartella non può essere creata."_s,
+                        u"Controllare i permessi e lo spazio libero sul disco."_s);
+}
+
 void MakeFolders(const ProjectPlace &place)
 {
-    for (const QString &folder :
-         {place.folder, MachinePath(place.root + ArchiveFolders::Tabelle.toString())}) {
-        if (!QDir().mkpath(folder))
-            throw FileError(folder, u"La cartella non può essere creata."_s,
-                            u"Controllare i permessi e lo spazio libero sul disco."_s);
-    }
+    MakeFolder(place.folder);
+    MakeFolder(MachinePath(place.root + ArchiveFolders::Tabelle.toString()));
 }
 
 QString SettingReport(const ProjectPlace &place)

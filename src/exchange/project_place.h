@@ -16,6 +16,9 @@ struct ProjectPlace
  * for any other folder. */
 ProjectPlace PlaceOf(const QString &folder);
 
+/** Makes a folder of the machine with those above it. Throws FileError. */
+void MakeFolder(const QString &folder);
+
 /** Makes the folders of the project and of the shared tables. Throws FileError. */
 void MakeFolders(const ProjectPlace &place);
 
