@@ -11,6 +11,7 @@
 
 #include <list>
 #include <map>
+#include <optional>
 
 namespace saldoro {
 
@@ -108,12 +109,11 @@ public:
         QString done;
         for (auto &[file, target] : m_targets) {
             try {
-                target.finish();
+                done += target.finish();
             } catch (SaldoroError &error) {
                 error.addDetail(u"Prima di questo"_s, done.trimmed());
                 throw;
             }
-            done += target.report();
         }
         for (const CsvTable &table : m_tables)
             done += SummaryOf(*table.table, table.rows) +
@@ -125,9 +125,17 @@ private:
     void read(const ExchangedTable &table, const QString &path)
     {
         ImportTarget &target = m_targets.at(table.archive);
-        const std::optional<TableDef> stored = target.storedTable(table, m_remarks.errors);
-        if (!stored)
+        std::optional<TableDef> stored = table.definition;
+        if (target.exists())
+            stored = target.opened().tableDef(table.name());
+        if (!stored) {
+            m_remarks.errors.append(
+                table.fileName() + u": "_s + QFileInfo(target.path()).fileName() +
+                (target.opened().isStoredQuery(table.name())
+                     ? u" ha sotto questo nome un'interrogazione, che non si sostituisce."_s
+                     : u" non ha questa tabella."_s));
             return;
+        }
         const CsvTable &read =
             m_tables.emplace_back(ReadCsvTable(path, table, *stored, m_remarks.errors));
         if (!read.unknownFields.isEmpty())
