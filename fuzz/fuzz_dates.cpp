@@ -58,7 +58,7 @@ QString randomDate(Random &random)
 
 void FuzzDate(Random &random)
 {
-    static const QStringList noise = {u"/"_s, u"_"_s, u" "_s, u"3"_s, u"-"_s, u"٣"_s, u"."_s};
+    static const QStringList noise = {u"/"_s, u"_"_s, u" "_s, u"3"_s, u"-"_s, u"٣"_s, u"\n"_s};
     QString text = randomDate(random);
     for (int changes = random.below(3); changes > 0; --changes)
         text.insert(random.below(static_cast<int>(text.size()) + 1), random.pick(noise));

@@ -1,9 +1,8 @@
 #!/usr/bin/env python3
 """Documents as readers of other makers see them: rtf_readers.py RTF_CASES_PROGRAM
 
-Two readers have to give back the texts that were meant, and the documents of a closed project have
-to hold the statements that this script composes from the databases by itself. Both have habits of
-their own, which are allowed for here and nowhere else:
+Two readers have to give back the texts that were meant. Both have habits of their own, which are
+allowed for here and nowhere else:
 - the word processor drops control characters below the blank (other than tab);
 - the converter drops empty paragraphs, and reads a character beyond the basic plane as two
   replacement characters.
@@ -13,12 +12,10 @@ Exit status 77 means that a reader is not installed.
 import json
 import re
 import shutil
-import sqlite3
 import subprocess
 import sys
 import tempfile
 from concurrent.futures import ThreadPoolExecutor
-from decimal import ROUND_HALF_UP, Decimal
 from pathlib import Path
 
 
@@ -58,66 +55,6 @@ def as_converter(text):
     return [line for line in lines if line]
 
 
-def amount(scaled):
-    cents = int(Decimal(scaled or 0).scaleb(-2).quantize(Decimal(1), ROUND_HALF_UP))
-    whole = f"{abs(cents) // 100:,}".replace(",", ".")
-    return f"{'-' if scaled < 0 else ''}{whole},{abs(cents) % 100:02}"
-
-
-def statement(row):
-    day = "/".join(reversed(row["Del"].split("-"))) if row["Del"] else ""
-    other = (row["AltriImporti01"] or 0) if row["AziProf"] == "P" else 0
-    number = (row["NFat"] or "").strip(" ")
-    entries = [
-        ("Numero Pagamento", row["Npag"]),
-        ("Creditore", row["Creditore"] or ""),
-        ("Descrizione", row["Descrizione"] or ""),
-        ("Titolo (fattura)", f"Nr. {number} del {day}"),
-        ("Importo totale pagato", amount(row["Importo"] + row["ImportoIVA"] + other)),
-    ]
-    if row["AziProf"] == "P":
-        entries += [("Altri Importi", amount(other)), "Elenco analitico voci spesa ",
-                    ("  Importo Prestazione", amount(row["ImportoPrest"])),
-                    ("  Contributo pre.le 4%", amount(row["Contributo"])),
-                    ("  Cassa Previdenza 2%", amount(row["CassaPrev"])),
-                    ("  Iva lavori", amount(row["ImportoIVA"])),
-                    ("  Importo R.A.", amount(row["ImportoRA"])), "  Note ..:"]
-    else:
-        entries += ["Elenco analitico voci spesa ", ("  Importo lavori", amount(row["Importo"])),
-                    ("  Iva lavori", amount(row["ImportoIVA"])), "Note ..:"]
-    lines = [entry if isinstance(entry, str) else f"{entry[0] + ' ':.<28}: {entry[1]}"
-             for entry in entries]
-    return "\r\n".join(lines + [row["Memo"] or ""])
-
-
-def cell(text, width):
-    return (text + " " * width)[:width]
-
-
-def project_texts(folder):
-    """What each document of the project has to say, by path."""
-    base = folder / "archive/ARCHIVI.QX/ZELT/LAVORI"
-    project = base / "APPALTI/00112"
-
-    def query(path, sql):
-        with sqlite3.connect(path) as database:
-            database.row_factory = sqlite3.Row
-            return database.execute(sql).fetchall()
-
-    names = dict(query(base / "TABELLE/chiavi.mdb", "SELECT CodInt, CodExt FROM Funzioni"))
-    items = query(project / "Appalto.mdb", "SELECT * FROM UltimaPerVariante ORDER BY rowid")
-    texts = {"QDP": "".join(
-        cell(item["Voce"], 5) + cell(item["Descri"], 35) + "  "
-        + 3 * cell(amount(item["Importo"]), 17) + "\r\n" for item in items)}
-    for kind, suffix in ("A", ""), ("P", "P"):
-        rows = query(project / "Saldoro.mdb",
-                     f"SELECT * FROM Fatture WHERE upper(AziProf) = '{kind}' ORDER BY Npag")
-        statements = [statement(row) for row in rows]
-        texts["P98" + suffix] = "".join("\r\n" + text for text in statements[:-1])
-        texts["P99" + suffix] = statements[-1]
-    return {project / (names[code] + ".rtf"): text for code, text in texts.items()}
-
-
 def difference(document, reader, read, meant):
     if read == meant:
         return None
@@ -137,8 +74,7 @@ def main(program):
         folder = Path(name)
         subprocess.run([program, folder], check=True)
         meant = {path.with_suffix(".rtf"): path.read_bytes().decode()
-                 for path in sorted((folder / "texts").glob("*.txt"))}
-        meant.update(project_texts(folder))
+                 for path in sorted(folder.glob("*.txt"))}
         with ThreadPoolExecutor(max_workers=2) as pool:
             processed = pool.submit(word_processor_reads, list(meant), folder)
             converted = dict(zip(meant, pool.map(converter_reads, meant)))

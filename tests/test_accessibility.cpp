@@ -16,8 +16,6 @@
 #include <QScrollArea>
 #include <QTest>
 
-#include <cmath>
-
 using namespace saldoro;
 using namespace Qt::StringLiterals;
 
@@ -39,19 +37,6 @@ QString captionOf(const QWidget &widget)
         return button->text();
     const auto *label = qobject_cast<const QLabel *>(&widget);
     return label && label->buddy() ? label->text() : QString();
-}
-
-/** Contrast of two colours, 1 to 21. */
-double contrast(const QColor &one, const QColor &other)
-{
-    const auto part = [](double value) {
-        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    const auto light = [part](const QColor &color) {
-        return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) +
-               0.0722 * part(color.blueF()) + 0.05;
-    };
-    return std::max(light(one), light(other)) / std::min(light(one), light(other));
 }
 
 } // namespace
@@ -136,7 +121,7 @@ private slots:
 
     void darkThemeIsReadable()
     {
-        constexpr double readable = 4.5;
+        constexpr float apart = 0.5F;            // of the way from black to white
         const auto early = makeForm();           // goes over to the theme while it is open
         QPalette dark(QColor(0x2b, 0x2b, 0x2b)); // from which the toolkit takes the other colours
         dark.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x1e));
@@ -152,8 +137,8 @@ private slots:
                 isControl(*widget) && !qobject_cast<const QAbstractButton *>(widget);
             const QColor text = colors.color(onBase ? QPalette::Text : QPalette::WindowText);
             const QColor ground = colors.color(onBase ? QPalette::Base : QPalette::Window);
-            QVERIFY2(contrast(text, ground) >= readable, qPrintable(widget->objectName()));
-            QVERIFY2(!onBase || ground.lightnessF() < 0.5F, qPrintable(widget->objectName()));
+            QVERIFY2(text.lightnessF() - ground.lightnessF() > apart,
+                     qPrintable(widget->objectName()));
         }
     }
 

@@ -79,7 +79,8 @@ private slots:
             // What other programs may leave and nothing here trips over.
             {'L',
              "UPDATE Fatture SET Memo = 'a' || char(0) || 'b', Creditore = CAST(X'45E8' AS TEXT);"
-             "UPDATE Fatture SET Creditore = '' WHERE Npag = 1; INSERT INTO Spese DEFAULT VALUES;"
+             "UPDATE Fatture SET Creditore = '', Del = '' WHERE Npag = 1; INSERT INTO Spese "
+             "DEFAULT VALUES;"
              "UPDATE Spese SET Cod = 'A''1*' WHERE Cod = 'A1'",
              ""},
             {'C',
@@ -96,6 +97,8 @@ private slots:
             {'L', "UPDATE Fatture SET Aliquota = 'x', Del = 20200131 WHERE Npag = 1",
              "load load Saldoro.mdb/Fatture/Aliquota//1//\n"
              "list close Saldoro.mdb/Fatture/Del//1//"},
+            {'L', "UPDATE Fatture SET ImportoRA = NULL WHERE Npag = 2",
+             "close Saldoro.mdb/Fatture/ImportoRA//2//"},
             {'L', "UPDATE Spese SET Importo = 'x' WHERE Cod = 'A1'",
              "overview load load Saldoro.mdb/Spese/Importo/A1/1//"},
             {'C', "INSERT INTO SchedaProgetto (Voce, Link) VALUES ('XDA1', 'x')",
