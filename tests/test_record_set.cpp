@@ -126,6 +126,14 @@ private slots:
         requireAll();
         set.findFirst(u"Importo = 0"_s);
         QCOMPARE(set.field(u"Npag"_s).integer(), 2);
+        set.findFirst(u"Importo = 7"_s); // nor is one over that found nothing before a change
+        QVERIFY(set.noMatch());
+        set.moveFirst();
+        set.edit();
+        set.set(u"Importo"_s, 7);
+        set.update();
+        set.findFirst(u"Importo = 7"_s);
+        QVERIFY(!set.noMatch());
         const QList<QPair<QString, QString>> faults{
             {u"Cod = 1"_s, InVoci(TypeMismatch, u"Cod"_s)},
             {u"Npag = '1'"_s, InVoci(TypeMismatch, u"Npag"_s)},
