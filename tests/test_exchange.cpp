@@ -320,8 +320,6 @@ void TestExchange::refusals()
     const QByteArray budget = "Voce;Descri;Importo\n";
     const QString budgetFile = u"UltimaPerVariante.csv"_s;
     row(budgetFile, budget + ";x;1\n", u"riga 2, campo Voce: "_s);
-    row(budgetFile, budget + "A1;;1\n", u"riga 2, campo Descri: "_s);
-    row(budgetFile, budget + "A12345;x;1\n", u"riga 2, campo Voce: il codice ha più di cinque"_s);
     row(budgetFile, budget + "A1;x;1\na1;x;1\n", u"riga 3, campo Voce: il codice è uguale"_s);
     row(u"Spese.csv"_s, "RelNpag;Cod;Importo\n1;A1;\n", u"riga 2, campo Importo: "_s);
     const QByteArray payments = "AziProf;Npag;Creditore;Del;Importo;ImportoIVA;Contributo\n";

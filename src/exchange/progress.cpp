@@ -2,34 +2,14 @@
 
 #include "platform/console.h"
 
-#include <QElapsedTimer>
-
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
 constexpr qsizetype LineWidth = 60;
-
-/** Milliseconds since the first step began. */
-qint64 elapsed()
-{
-    static const QElapsedTimer clock = [] {
-        QElapsedTimer started;
-        started.start();
-        return started;
-    }();
-    return clock.elapsed();
-}
-
+const auto ProgramStart = std::chrono::steady_clock::now();
 } // namespace
-
-Progress::Progress(const QString &step)
-    : m_step(step)
-{
-    elapsed();
-}
 
 Progress::~Progress()
 {
@@ -39,9 +19,10 @@ Progress::~Progress()
 
 void Progress::show(qsizetype rows)
 {
-    if (elapsed() < m_next || !IsErrorTerminal())
+    const auto elapsed = std::chrono::steady_clock::now() - ProgramStart;
+    if (elapsed < m_next || !IsErrorTerminal())
         return;
-    m_next = elapsed() + 200;
+    m_next = elapsed + std::chrono::milliseconds(200);
     m_isShown = true;
     const QString line = u"%1: %2 righe"_s.arg(m_step).arg(rows);
     PrintError(u'\r' + line.leftJustified(LineWidth, u' ', true));

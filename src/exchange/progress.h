@@ -2,6 +2,9 @@
 
 #include <QString>
 
+#include <chrono>
+#include <utility>
+
 namespace saldoro {
 
 /** Tells on a terminal how many rows a step has come to, once all work takes more than a second. */
@@ -9,7 +12,10 @@ class Progress
 {
 public:
     /** @param step such as "Lettura di Spese". */
-    explicit Progress(const QString &step);
+    explicit Progress(QString step)
+        : m_step(std::move(step))
+    {
+    }
     /** Takes the line away. */
     ~Progress();
     Q_DISABLE_COPY_MOVE(Progress)
@@ -18,7 +24,7 @@ public:
 
 private:
     QString m_step;
-    qint64 m_next = 1000; ///< milliseconds of all work at which to show the next line
+    std::chrono::steady_clock::duration m_next = std::chrono::seconds(1); ///< when to show a line
     bool m_isShown = false;
 };
 
