@@ -49,7 +49,8 @@ public:
     Currency operator-(Currency other) const;
     Currency &operator+=(Currency other) { return *this = *this + other; }
 
-    constexpr auto operator<=>(const Currency &) const = default;
+    // The tool takes the zero that comparisons are rewritten with for a pointer.
+    constexpr auto operator<=>(const Currency &) const = default; // NOLINT(modernize-use-nullptr)
 
 private:
     qint64 m_scaled = 0;

@@ -101,9 +101,9 @@ TableRows StandardCodeRows()
 
 QString SummaryOf(const ExchangedTable &table, const TableRows &rows)
 {
-    const QString text = u"%1: %2 %3"_s.arg(table.name())
-                             .arg(rows.size())
-                             .arg(rows.size() == 1 ? u"riga"_s : u"righe"_s);
+    QString text = u"%1: %2 %3"_s.arg(table.name())
+                       .arg(rows.size())
+                       .arg(rows.size() == 1 ? u"riga"_s : u"righe"_s);
     const qsizetype place = table.place(u"Importo"_s);
     if (place < 0)
         return text;
