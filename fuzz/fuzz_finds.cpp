@@ -94,7 +94,7 @@ bool isLike(const QString &text, const QString &pattern)
 QString randomPattern(Random &random)
 {
     static const QStringList special = {u"*"_s,     u"?"_s,     u"#"_s,  u"[a-e]"_s, u"[!a]"_s,
-                                        u"[è-é]"_s, u"[0-9]"_s, u"[]"_s, u"[!]"_s,   u"[-a]"_s,
+                                        u"[è-é]"_s, u"[0-9]"_s, u"[]"_s, u"[a-a]"_s, u"[-a]"_s,
                                         u"[a-]"_s,  u"["_s,     u"]"_s,  u"[z-a]"_s, u"[*?#]"_s,
                                         u"[à]"_s,   u"[A-Zé]"_s};
     QString pattern;

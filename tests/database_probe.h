@@ -52,7 +52,8 @@ QString FaultOf(const Action &action)
 inline QString Walk(RecordSet &set, const QString &name)
 {
     QStringList texts;
-    for (set.moveFirst(); !set.eof(); set.moveNext()) {
+    set.moveFirst();
+    for (; !set.eof() && texts.size() <= set.recordCount(); set.moveNext()) {
         const FieldValue value = set.field(name);
         texts.append(value.isNull() ? QStringLiteral("-") : value.text());
     }
@@ -63,7 +64,9 @@ inline QString Walk(RecordSet &set, const QString &name)
 inline QString FindAll(RecordSet &set, const QString &criterion, const QString &name)
 {
     QStringList texts;
-    for (set.findFirst(criterion); !set.noMatch(); set.findNext(criterion))
+    set.findFirst(criterion);
+    // One more than there are would be a fault that never ends.
+    for (; !set.noMatch() && texts.size() <= set.recordCount(); set.findNext(criterion))
         texts.append(set.field(name).textOrEmpty());
     return texts.join(u' ');
 }

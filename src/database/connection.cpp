@@ -39,37 +39,23 @@ Connection::Connection(const QString &path, FileAccess access)
 {
     if (access != FileAccess::Create)
         refuseWhatIsNoDatabase(m_path);
-    try {
-        connect(access);
-    } catch (...) {
-        sqlite3_close(m_handle);
-        throw;
-    }
-}
-
-Connection::~Connection()
-{
-    sqlite3_close(m_handle);
-}
-
-void Connection::connect(FileAccess access)
-{
     const int mode = access == FileAccess::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
-    int code = sqlite3_open_v2(m_path.toUtf8().constData(), &m_handle, mode | SQLITE_OPEN_NOMUTEX,
-                               nullptr);
+    sqlite3 *file = nullptr;
+    int code =
+        sqlite3_open_v2(m_path.toUtf8().constData(), &file, mode | SQLITE_OPEN_NOMUTEX, nullptr);
+    m_handle.reset(file, sqlite3_close);
     if (code != SQLITE_OK)
         fail(code, {});
-    sqlite3_busy_timeout(m_handle, Database::LockWaitMilliseconds);
-    sqlite3_extended_result_codes(m_handle, 1);
-    code = sqlite3_create_collation_v2(m_handle, TextOrderName, SQLITE_UTF8, nullptr, collate,
-                                       nullptr);
+    sqlite3_busy_timeout(file, Database::LockWaitMilliseconds);
+    sqlite3_extended_result_codes(file, 1);
+    code = sqlite3_create_collation_v2(file, TextOrderName, SQLITE_UTF8, nullptr, collate, nullptr);
     // Opening reads nothing: it is the list of tables that shows whether this is a database. A new
     // file gets its header by the first change of anything.
     const char *look = access == FileAccess::Create ? "PRAGMA user_version = 1"
                                                     : "SELECT count(*) FROM sqlite_master";
     for (const char *sql : {"PRAGMA synchronous = FULL", look}) {
         if (code == SQLITE_OK)
-            code = sqlite3_exec(m_handle, sql, nullptr, nullptr, nullptr);
+            code = sqlite3_exec(file, sql, nullptr, nullptr, nullptr);
     }
     if (code != SQLITE_OK)
         fail(code, {});
@@ -77,14 +63,14 @@ void Connection::connect(FileAccess access)
 
 qint64 Connection::lastRowId() const
 {
-    return sqlite3_last_insert_rowid(m_handle);
+    return sqlite3_last_insert_rowid(handle());
 }
 
 void Connection::copyTo(Connection &copy) const
 {
-    sqlite3_backup *backup = sqlite3_backup_init(copy.m_handle, "main", m_handle, "main");
+    sqlite3_backup *backup = sqlite3_backup_init(copy.handle(), "main", handle(), "main");
     if (backup == nullptr)
-        copy.fail(sqlite3_errcode(copy.m_handle), {});
+        copy.fail(sqlite3_errcode(copy.handle()), {});
     constexpr int AllPages = -1;
     const int step = sqlite3_backup_step(backup, AllPages); // waits for a locked file
     const int code = sqlite3_backup_finish(backup);
@@ -95,13 +81,8 @@ void Connection::copyTo(Connection &copy) const
 void Connection::fail(int code, const QString &table) const
 {
     const QString message = m_handle == nullptr ? QString::fromUtf8(sqlite3_errstr(code))
-                                                : QString::fromUtf8(sqlite3_errmsg(m_handle));
+                                                : QString::fromUtf8(sqlite3_errmsg(handle()));
     ThrowEngineError(code, message, m_path, table);
-}
-
-void Statement::Finalizer::operator()(sqlite3_stmt *statement) const
-{
-    sqlite3_finalize(statement);
 }
 
 Statement::Statement(std::shared_ptr<Connection> file, const QString &sql, const QString &table)
@@ -115,7 +96,7 @@ Statement::Statement(std::shared_ptr<Connection> file, const QString &sql, const
                                         static_cast<int>(text.size() + 1), &statement, &rest);
     if (code != SQLITE_OK)
         m_file->fail(code, table);
-    m_statement.reset(statement);
+    m_statement.reset(statement, sqlite3_finalize);
     const QByteArrayView remainder(rest, text.constData() + text.size());
     if (statement == nullptr || !remainder.trimmed().isEmpty())
         throw DatabaseError(DatabaseFault::SyntaxError, m_file->path(), table, {}, sql);

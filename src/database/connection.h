@@ -30,12 +30,9 @@ public:
     /** Opens an existing file and looks into it, so that what is no database is found out here.
      *  @param path path of the machine. */
     Connection(const QString &path, FileAccess access);
-    Connection(const Connection &) = delete;
-    Connection &operator=(const Connection &) = delete;
-    ~Connection();
 
     const QString &path() const { return m_path; }
-    sqlite3 *handle() const { return m_handle; }
+    sqlite3 *handle() const { return m_handle.get(); }
 
     /** The row id of the record that was added last. */
     qint64 lastRowId() const;
@@ -47,10 +44,8 @@ public:
     [[noreturn]] void fail(int code, const QString &table) const;
 
 private:
-    void connect(FileAccess access);
-
     QString m_path;
-    sqlite3 *m_handle = nullptr;
+    std::shared_ptr<sqlite3> m_handle;
 };
 
 /** One prepared statement. Every failure is a DatabaseError with the file and the table. */
@@ -83,14 +78,9 @@ public:
     QString text(int column) const;
 
 private:
-    struct Finalizer
-    {
-        void operator()(sqlite3_stmt *statement) const;
-    };
-
     std::shared_ptr<Connection> m_file;
     QString m_table;
-    std::unique_ptr<sqlite3_stmt, Finalizer> m_statement;
+    std::shared_ptr<sqlite3_stmt> m_statement;
 };
 
 } // namespace saldoro

@@ -90,6 +90,14 @@ bool LikePattern::matches(const QString &text) const
     return m_expression.match(folded(text)).hasMatch();
 }
 
+bool Criterion::fits(FieldType type) const
+{
+    const bool isText = type == FieldType::Text || type == FieldType::Memo;
+    if (std::holds_alternative<qint64>(wanted))
+        return !isText && type != FieldType::Date;
+    return isText || type == FieldType::Undeclared || std::holds_alternative<LikePattern>(wanted);
+}
+
 std::optional<Criterion> ParseCriterion(const QString &text)
 {
     static const QRegularExpression notation(

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "database/table_def.h"
+
 #include <QRegularExpression>
 #include <QString>
 
@@ -33,6 +35,9 @@ struct Criterion
 {
     QString field;
     std::variant<qint64, QString, LikePattern> wanted;
+
+    /** Whether values of that type can be compared so. */
+    bool fits(FieldType type) const;
 };
 
 /**

@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "database/connection.h"
+#include "database/record_rows.h"
 #include "database/sql_text.h"
 #include "platform/machine_path.h"
 
@@ -33,16 +34,17 @@ void createFile(const QString &path)
     }
 }
 
-/** The statement that made the table or view of that name; no text when there is none. */
+/** The statement that made the table ("table") or stored query ("view") of that name; no text when
+ *  there is none. */
 QString definitionOf(const std::shared_ptr<Connection> &file, const QString &type,
                      const QString &name)
 {
     Statement query(
-        file, u"SELECT sql FROM sqlite_master WHERE type = ? AND name = ? COLLATE NOCASE"_s, name);
-    const QByteArray typeText = type.toUtf8();
-    const QByteArray nameText = name.toUtf8();
-    query.bind(1, QByteArrayView(typeText));
-    query.bind(2, QByteArrayView(nameText));
+        file,
+        u"SELECT sql FROM sqlite_master WHERE type = '%1' AND name = ? COLLATE NOCASE"_s.arg(type),
+        name);
+    const QByteArray text = name.toUtf8();
+    query.bind(1, QByteArrayView(text));
     return query.step() ? query.text(0) : QString();
 }
 
@@ -116,8 +118,9 @@ RecordSet Database::openRecordSet(const QString &sql) const
     Statement statement(file(), hasRowIds ? query.textWithRowId : query.text, query.singleTable);
     if (!statement.isQuery())
         throw DatabaseError(DatabaseFault::SyntaxError, path(), {}, {}, sql);
-    return {m_file, std::move(statement), query.singleTable,
-            hasRowIds ? RecordSet::Access::Updatable : RecordSet::Access::ReadOnly};
+    return RecordSet(
+        std::make_unique<RecordRows>(m_file, std::move(statement), query.singleTable,
+                                     hasRowIds ? RecordAccess::Updatable : RecordAccess::ReadOnly));
 }
 
 QString Database::backUpBeside() const

@@ -32,8 +32,7 @@ DatabaseError statementError(const QString &message, const QString &path, const 
         isUnreadable ? DatabaseFault::SyntaxError : DatabaseFault::Other, path, table, {}, message};
 }
 
-DatabaseError constraintError(int code, const QString &message, const QString &path,
-                              const QString &table)
+DatabaseError constraintError(const QString &message, const QString &path, const QString &table)
 {
     static const QRegularExpression empty(u"^CHECK constraint failed: "_s + ZeroLengthConstraint +
                                           u"(.+)$"_s);
@@ -42,9 +41,7 @@ DatabaseError constraintError(int code, const QString &message, const QString &p
         return {DatabaseFault::ZeroLengthRefused, path, table, field.captured(1)};
     if (const auto field = null.match(message); field.hasMatch())
         return {DatabaseFault::NullValue, path, table, field.captured(1)};
-    const bool wrongType = code == SQLITE_CONSTRAINT_DATATYPE;
-    return {
-        wrongType ? DatabaseFault::TypeMismatch : DatabaseFault::Other, path, table, {}, message};
+    return {DatabaseFault::Other, path, table, {}, message};
 }
 
 /** A file that can't be opened: missing, no file at all, or its folder takes no journal. */
@@ -73,14 +70,11 @@ DatabaseFault faultOf(int code, const QString &path)
     switch (code & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-    case SQLITE_PROTOCOL:
         return DatabaseFault::Locked;
     case SQLITE_READONLY:
-    case SQLITE_PERM:
         return DatabaseFault::ReadOnly;
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
-    case SQLITE_FORMAT:
         return DatabaseFault::NotADatabase;
     case SQLITE_FULL:
         return DatabaseFault::DiskFull;
@@ -88,10 +82,6 @@ DatabaseFault faultOf(int code, const QString &path)
         return isFailedReading(code) ? DatabaseFault::ReadFailed : DatabaseFault::DiskFull;
     case SQLITE_CANTOPEN:
         return cannotOpenFault(path);
-    case SQLITE_MISMATCH:
-        return DatabaseFault::TypeMismatch;
-    case SQLITE_TOOBIG:
-        return DatabaseFault::FieldTooSmall;
     default:
         return DatabaseFault::Other;
     }
@@ -107,7 +97,7 @@ void ThrowEngineError(int code, const QString &message, const QString &path, con
     case SQLITE_ERROR:
         throw statementError(message, path, table);
     case SQLITE_CONSTRAINT:
-        throw constraintError(code, message, path, table);
+        throw constraintError(message, path, table);
     default:
         const DatabaseFault fault = faultOf(code, path);
         const bool needsDetail = fault == DatabaseFault::Other ||

@@ -1,6 +1,6 @@
 #include "database/record_rows.h"
 
-#include "database/connection.h"
+#include "database/sql_text.h"
 #include "database/text_order.h"
 
 #include <QtNumeric>
@@ -25,50 +25,110 @@ bool equalsNumber(const StoredValue &value, qint64 number)
 
 } // namespace
 
-void RecordRows::read(const Statement &query, int first, qint64 rowId)
+RecordRows::RecordRows(std::shared_ptr<Connection> file, Statement query, const QString &table,
+                       RecordAccess access)
+    : m_file(std::move(file))
+    , m_query(std::move(query))
+    , m_place{m_file->path(), table}
+    , m_access(access)
+    , m_fields(m_query->fields(areUpdatable() ? 1 : 0))
 {
-    for (int column = 0; column < m_fields.size(); ++column)
-        m_values.push_back(query.value(first + column, *m_texts));
-    m_rowIds.push_back(rowId);
-    ++m_liveCount;
+}
+
+bool RecordRows::read()
+{
+    if (!m_query)
+        return false;
+    const int first = areUpdatable() ? 1 : 0;
+    m_values.clear(); // of an attempt that failed
+    m_rowIds.clear();
+    while (m_query->step()) {
+        for (int column = 0; column < m_fields.size(); ++column)
+            m_values.push_back(m_query->value(first + column, m_texts));
+        m_rowIds.push_back(areUpdatable() ? m_query->whole(0) : 0);
+    }
+    m_liveCount = static_cast<int>(m_rowIds.size());
+    m_query.reset();
+    return true;
+}
+
+bool RecordRows::isLive(int row) const
+{
+    return m_rowIds[static_cast<size_t>(row)] != Removed;
 }
 
 int RecordRows::nextLive(int row) const
 {
-    const auto next = std::find_if(m_rowIds.begin() + (row + 1), m_rowIds.end(),
-                                   [](qint64 rowId) { return rowId != Removed; });
-    return next == m_rowIds.end() ? NoRow : static_cast<int>(next - m_rowIds.begin());
+    const int end = static_cast<int>(m_rowIds.size());
+    do
+        ++row;
+    while (row < end && !isLive(row));
+    return row < end ? row : NoRow;
 }
 
 int RecordRows::lastLive() const
 {
     int row = static_cast<int>(m_rowIds.size()) - 1;
-    while (row >= 0 && rowId(row) == Removed)
+    while (row >= 0 && !isLive(row))
         --row;
     return row;
 }
 
-void RecordRows::append(const RecordChanges &values, qint64 rowId)
+void RecordRows::insert(const RecordChanges &values)
 {
+    write(InsertSql(m_place.table, namesOf(values)), values, {});
     m_values.resize(m_values.size() + static_cast<size_t>(m_fields.size()));
-    m_rowIds.push_back(rowId);
+    m_rowIds.push_back(m_file->lastRowId());
     ++m_liveCount;
-    replace(static_cast<int>(m_rowIds.size()) - 1, values);
+    keep(static_cast<int>(m_rowIds.size()) - 1, values);
 }
 
-void RecordRows::replace(int row, const RecordChanges &values)
+bool RecordRows::update(int row, const RecordChanges &values)
+{
+    const QString sql = UpdateSql(m_place.table, namesOf(values));
+    if (write(sql, values, m_rowIds[static_cast<size_t>(row)]) == 0)
+        return false;
+    keep(row, values);
+    return true;
+}
+
+void RecordRows::remove(int row)
+{
+    qint64 &rowId = m_rowIds[static_cast<size_t>(row)];
+    write(DeleteSql(m_place.table), {}, rowId);
+    rowId = Removed;
+    --m_liveCount;
+}
+
+QStringList RecordRows::namesOf(const RecordChanges &values) const
+{
+    QStringList names;
+    for (const auto &[column, value] : values)
+        names.append(m_fields[column].name);
+    return names;
+}
+
+/** Runs a statement whose parameters are the values, then perhaps a row's id; the number of records
+ *  that it changed. */
+int RecordRows::write(const QString &sql, const RecordChanges &values,
+                      std::optional<qint64> rowId) const
+{
+    Statement statement(m_file, sql, m_place.table);
+    int parameter = 0;
+    for (const auto &[column, value] : values)
+        statement.bind(++parameter, value);
+    if (rowId)
+        statement.bind(++parameter, *rowId);
+    return statement.run();
+}
+
+void RecordRows::keep(int row, const RecordChanges &values)
 {
     const size_t first = static_cast<size_t>(row) * static_cast<size_t>(m_fields.size());
     for (const auto &[column, value] : values)
         m_values[first + static_cast<size_t>(column)] = value;
     m_isWritten = true;
     m_indexes.clear();
-}
-
-void RecordRows::remove(int row)
-{
-    m_rowIds[static_cast<size_t>(row)] = Removed;
-    --m_liveCount;
 }
 
 int RecordRows::nextMatch(int row, int column, const Criterion &criterion)
@@ -116,7 +176,7 @@ int RecordRows::nextEqual(int row, int column, const QString &text)
         });
     const QList<int> rows = indexOf(column).value(wanted);
     const auto match = std::find_if(std::upper_bound(rows.begin(), rows.end(), row), rows.end(),
-                                    [this](int candidate) { return rowId(candidate) != Removed; });
+                                    [this](int candidate) { return isLive(candidate); });
     return match == rows.end() ? NoRow : *match;
 }
 

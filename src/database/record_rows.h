@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/connection.h"
 #include "database/criterion.h"
 #include "database/field_value.h"
 
@@ -9,44 +10,51 @@
 #include <map>
 #include <memory>
 #include <memory_resource>
+#include <optional>
 #include <vector>
 
 namespace saldoro {
 
-class Statement;
-
 /** What is written of a record: the place of the field and the value. */
 using RecordChanges = std::map<int, StoredValue>;
 
+/** Whether the records of a query can be told apart in their table, and so be written. */
+enum class RecordAccess
+{
+    ReadOnly,
+    Updatable
+};
+
 /**
- * The records of a record set as read from the file, with what was changed through the set since.
- * Records are numbered from 0 in their order; a removed one keeps its number and is passed over.
+ * The records of a record set: read from the file all at once, so that nothing is locked while they
+ * are walked, and written one by one. They are numbered from 0 in their order; a removed one keeps
+ * its number and is passed over.
  */
 class RecordRows
 {
 public:
     static constexpr int NoRow = -1;
 
-    explicit RecordRows(QList<FieldDef> fields)
-        : m_fields(std::move(fields))
-    {
-    }
+    /** @param query prepared and not yet run; with Updatable its first column is the row's id.
+     *  @param table the single table of the query, or empty. */
+    RecordRows(std::shared_ptr<Connection> file, Statement query, const QString &table,
+               RecordAccess access);
 
+    /** Reads the records; false when that was done before. */
+    bool read();
+
+    const RecordPlace &place() const { return m_place; }
+    bool areUpdatable() const { return m_access == RecordAccess::Updatable; }
     const QList<FieldDef> &fields() const { return m_fields; }
 
     /** Where the texts of the records lie, as long as these live. */
-    std::pmr::memory_resource &texts() const { return *m_texts; }
-
-    /** Adds the current row of @p query, whose fields begin at its column @p first. */
-    void read(const Statement &query, int first, qint64 rowId);
+    std::pmr::memory_resource &texts() { return m_texts; }
 
     const StoredValue &value(int row, int column) const
     {
         return m_values[static_cast<size_t>(row) * static_cast<size_t>(m_fields.size()) +
                         static_cast<size_t>(column)];
     }
-    qint64 rowId(int row) const { return m_rowIds[static_cast<size_t>(row)]; }
-    int count() const { return static_cast<int>(m_rowIds.size()); }
     int liveCount() const { return m_liveCount; }
 
     /** The first record after @p row (NoRow for the very first) that was not removed, or NoRow. */
@@ -54,9 +62,11 @@ public:
     /** The last record that was not removed, or NoRow. */
     int lastLive() const;
 
-    /** Follows what was written: a new record comes last, a changed one stays in its place. */
-    void append(const RecordChanges &values, qint64 rowId);
-    void replace(int row, const RecordChanges &values);
+    /** Each writes one record in one statement, which either is on the disk when the call returns
+     * or has changed nothing. A new record comes last; update() is false when there is no such
+     * record in the file any more. */
+    void insert(const RecordChanges &values);
+    bool update(int row, const RecordChanges &values);
     void remove(int row);
 
     /** The first record after @p row whose field meets @p criterion, or NoRow. Whole numbers are
@@ -66,15 +76,23 @@ public:
 private:
     using Index = QHash<QByteArray, QList<int>>;
 
+    bool isLive(int row) const;
     template <typename Meets>
     int nextThat(int row, int column, const Meets &meets) const;
     QByteArray comparableText(const StoredValue &value, int column) const;
     int nextEqual(int row, int column, const QString &text);
     const Index &indexOf(int column);
 
+    QStringList namesOf(const RecordChanges &values) const;
+    int write(const QString &sql, const RecordChanges &values, std::optional<qint64> rowId) const;
+    void keep(int row, const RecordChanges &values);
+
+    std::shared_ptr<Connection> m_file;
+    std::optional<Statement> m_query; ///< as long as the records have not been read
+    RecordPlace m_place;
+    RecordAccess m_access;
     QList<FieldDef> m_fields;
-    std::unique_ptr<std::pmr::monotonic_buffer_resource> m_texts =
-        std::make_unique<std::pmr::monotonic_buffer_resource>();
+    std::pmr::monotonic_buffer_resource m_texts;
     std::vector<StoredValue> m_values; ///< record after record
     std::vector<qint64> m_rowIds;
     int m_liveCount = 0;

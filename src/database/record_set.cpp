@@ -1,22 +1,119 @@
 #include "database/record_set.h"
 
-#include "database/record_set_data.h"
-#include "database/sql_text.h"
+#include "database/record_rows.h"
 
+#include <optional>
 #include <utility>
 
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-RecordSet::RecordSet(std::shared_ptr<Connection> file, Statement query, const QString &table,
-                     Access access)
+/** The records, the position among them, what is sought and the buffer of a change under way. */
+struct RecordSet::Data
 {
-    const bool isUpdatable = access == Access::Updatable;
-    QList<FieldDef> fields = query.fields(isUpdatable ? 1 : 0);
-    const QString path = file->path();
-    m_data = std::make_unique<Data>(
-        Data{std::move(file), std::move(query), {path, table}, isUpdatable, RecordRows(fields)});
+    enum class Position
+    {
+        OnRecord,
+        OnDeleted, ///< on a record that was deleted through this set
+        AtEnd,
+        Nowhere ///< after a find without a match
+    };
+
+    enum class Change
+    {
+        None,
+        Adding,
+        Editing
+    };
+
+    std::unique_ptr<RecordRows> rows;
+
+    int row = RecordRows::NoRow;
+    Position position = Position::AtEnd;
+    bool noMatch = false;
+
+    QString criterionText = {}; ///< what was searched for last
+    std::optional<Criterion> criterion = {};
+    int criterionColumn = 0;
+    int soughtUpTo = RecordRows::NoRow; ///< up to here no record meets it
+
+    Change change = Change::None;
+    RecordChanges buffer = {};
+
+    DatabaseError error(DatabaseFault fault, const QString &field = {},
+                        const QString &extra = {}) const
+    {
+        return {fault, rows->place().file, rows->place().table, field, extra};
+    }
+
+    int columnOf(const QString &name) const;
+    void requireRecord() const;
+    void goTo(int wanted, Position otherwise);
+    void setCriterion(const QString &text);
+    void findAfter(int start);
+    void begin(Change wanted);
+};
+
+void RecordSet::Data::goTo(int wanted, Position otherwise)
+{
+    row = wanted;
+    position = wanted == RecordRows::NoRow ? otherwise : Position::OnRecord;
+    change = Change::None;
+    buffer.clear();
+}
+
+int RecordSet::Data::columnOf(const QString &name) const
+{
+    for (int column = 0; column < rows->fields().size(); ++column) {
+        if (rows->fields()[column].name.compare(name, Qt::CaseInsensitive) == 0)
+            return column;
+    }
+    throw error(DatabaseFault::FieldMissing, name);
+}
+
+void RecordSet::Data::requireRecord() const
+{
+    if (position != Position::OnRecord)
+        throw error(DatabaseFault::NoCurrentRecord);
+}
+
+void RecordSet::Data::setCriterion(const QString &text)
+{
+    // A walk through all matches, or a deletion of them, asks the same again and again.
+    if (criterion && text == criterionText)
+        return;
+    criterion.reset();
+    std::optional<Criterion> wanted = ParseCriterion(text);
+    if (!wanted)
+        throw error(DatabaseFault::SyntaxError, {}, text);
+    criterionColumn = columnOf(wanted->field);
+    const FieldDef &field = rows->fields()[criterionColumn];
+    if (!wanted->fits(field.type))
+        throw error(DatabaseFault::TypeMismatch, field.name, text);
+    criterion = std::move(wanted);
+    criterionText = text;
+    soughtUpTo = RecordRows::NoRow;
+}
+
+void RecordSet::Data::findAfter(int start)
+{
+    const int match = rows->nextMatch(start, criterionColumn, *criterion);
+    goTo(match, Position::Nowhere);
+    noMatch = match == RecordRows::NoRow;
+}
+
+void RecordSet::Data::begin(Change wanted)
+{
+    if (!rows->areUpdatable())
+        throw error(DatabaseFault::ReadOnly);
+    buffer.clear();
+    change = wanted;
+}
+
+RecordSet::RecordSet(std::unique_ptr<RecordRows> rows)
+    : m_data(new Data{std::move(rows)})
+{
 }
 
 RecordSet::RecordSet(RecordSet &&other) noexcept = default;
@@ -34,37 +131,32 @@ RecordSet::Data &RecordSet::opened() const
 RecordSet::Data &RecordSet::filled() const
 {
     Data &data = opened();
-    if (data.query)
-        data.read();
+    if (data.rows->read())
+        data.goTo(data.rows->nextLive(RecordRows::NoRow), Data::Position::AtEnd);
     return data;
 }
 
 bool RecordSet::eof() const
 {
     const Data &data = filled();
-    return data.rows.liveCount() == 0 || data.position == Data::Position::AtEnd;
-}
-
-bool RecordSet::isEmpty() const
-{
-    return recordCount() == 0;
+    return data.rows->liveCount() == 0 || data.position == Data::Position::AtEnd;
 }
 
 int RecordSet::recordCount() const
 {
-    return filled().rows.liveCount();
+    return filled().rows->liveCount();
 }
 
 void RecordSet::moveFirst()
 {
     Data &data = filled();
-    data.goTo(data.rows.nextLive(RecordRows::NoRow), Data::Position::AtEnd);
+    data.goTo(data.rows->nextLive(RecordRows::NoRow), Data::Position::AtEnd);
 }
 
 void RecordSet::moveLast()
 {
     Data &data = filled();
-    data.goTo(data.rows.lastLive(), Data::Position::AtEnd);
+    data.goTo(data.rows->lastLive(), Data::Position::AtEnd);
 }
 
 void RecordSet::moveNext()
@@ -72,7 +164,7 @@ void RecordSet::moveNext()
     Data &data = filled();
     if (data.position == Data::Position::AtEnd || data.position == Data::Position::Nowhere)
         throw data.error(DatabaseFault::NoCurrentRecord);
-    data.goTo(data.rows.nextLive(data.row), Data::Position::AtEnd);
+    data.goTo(data.rows->nextLive(data.row), Data::Position::AtEnd);
 }
 
 void RecordSet::findFirst(const QString &criterion)
@@ -80,19 +172,19 @@ void RecordSet::findFirst(const QString &criterion)
     Data &data = filled();
     data.setCriterion(criterion);
     data.findAfter(data.soughtUpTo);
-    data.soughtUpTo = (data.noMatch ? data.rows.count() : data.row) - 1;
+    data.soughtUpTo = data.noMatch ? data.rows->lastLive() : data.row - 1;
 }
 
 void RecordSet::findNext(const QString &criterion)
 {
     Data &data = filled();
-    const bool isEmpty = data.rows.liveCount() == 0;
+    const bool isEmpty = data.rows->liveCount() == 0;
     if (data.position == Data::Position::Nowhere && !isEmpty)
         throw data.error(DatabaseFault::NoCurrentRecord);
     // Behind the last record only what was added meanwhile could follow, and that is not looked at.
     const bool isBehindAll = isEmpty || data.position == Data::Position::AtEnd;
     data.setCriterion(criterion);
-    data.findAfter(isBehindAll ? data.rows.lastLive() : data.row);
+    data.findAfter(isBehindAll ? data.rows->lastLive() : data.row);
 }
 
 bool RecordSet::noMatch() const
@@ -105,20 +197,15 @@ int RecordSet::column(const QString &name) const
     return opened().columnOf(name);
 }
 
-FieldValue RecordSet::field(const QString &name) const
-{
-    return field(column(name));
-}
-
 FieldValue RecordSet::field(int column) const
 {
     const Data &data = filled();
-    if (column < 0 || column >= data.rows.fields().size())
+    if (column < 0 || column >= data.rows->fields().size())
         throw data.error(DatabaseFault::FieldMissing, QString::number(column));
-    const FieldDef &field = data.rows.fields()[column];
+    const FieldDef &field = data.rows->fields()[column];
     if (data.position != Data::Position::OnRecord)
         throw data.error(DatabaseFault::NoCurrentRecord, field.name);
-    return {data.rows.value(data.row, column), field, data.place};
+    return {data.rows->value(data.row, column), field, data.rows->place()};
 }
 
 void RecordSet::addNew()
@@ -139,7 +226,7 @@ void RecordSet::set(const QString &name, const NewValue &value)
     const int column = data.columnOf(name);
     if (data.change == Data::Change::None)
         throw data.error(DatabaseFault::Other, name, u"nessuna modifica in corso"_s);
-    const auto form = StoredForm(data.rows.fields()[column], value, data.rows.texts());
+    const auto form = StoredForm(data.rows->fields()[column], value, data.rows->texts());
     if (const auto *fault = std::get_if<DatabaseFault>(&form))
         throw data.error(*fault, name);
     data.buffer[column] = std::get<StoredValue>(form);
@@ -150,15 +237,10 @@ void RecordSet::update()
     Data &data = opened();
     if (data.change == Data::Change::None)
         throw data.error(DatabaseFault::Other, {}, u"nessuna modifica in corso"_s);
-    if (data.change == Data::Change::Adding) {
-        data.write(InsertSql(data.place.table, data.changedFields()));
-        data.rows.append(data.buffer, data.file->lastRowId());
-    } else if (!data.buffer.empty()) {
-        const QString sql = UpdateSql(data.place.table, data.changedFields());
-        if (data.write(sql, data.rows.rowId(data.row)) == 0)
-            throw data.error(DatabaseFault::RecordGone);
-        data.rows.replace(data.row, data.buffer);
-    }
+    if (data.change == Data::Change::Adding)
+        data.rows->insert(data.buffer);
+    else if (!data.buffer.empty() && !data.rows->update(data.row, data.buffer))
+        throw data.error(DatabaseFault::RecordGone);
     data.soughtUpTo = RecordRows::NoRow;
     data.change = Data::Change::None;
     data.buffer.clear();
@@ -168,11 +250,9 @@ void RecordSet::deleteRecord()
 {
     Data &data = filled();
     data.requireRecord();
-    if (!data.isUpdatable)
+    if (!data.rows->areUpdatable())
         throw data.error(DatabaseFault::ReadOnly);
-    data.buffer.clear();
-    data.write(DeleteSql(data.place.table), data.rows.rowId(data.row));
-    data.rows.remove(data.row);
+    data.rows->remove(data.row);
     data.position = Data::Position::OnDeleted;
     data.change = Data::Change::None;
 }

@@ -8,8 +8,7 @@
 
 namespace saldoro {
 
-class Connection;
-class Statement;
+class RecordRows;
 
 /**
  * An updatable key set over the rows of a query. The set of records and their order are fixed when
@@ -33,7 +32,7 @@ public:
      *  set that was just opened stands on its first record. */
     bool eof() const;
     /** True when the set holds no record at all (deleted ones do not count). */
-    bool isEmpty() const;
+    bool isEmpty() const { return recordCount() == 0; }
     /** Number of records, deleted ones not counted. */
     int recordCount() const;
 
@@ -61,7 +60,7 @@ public:
     int column(const QString &name) const;
 
     /** A field of the current record. Throws NoCurrentRecord, FieldMissing. */
-    FieldValue field(const QString &name) const;
+    FieldValue field(const QString &name) const { return field(column(name)); }
     FieldValue field(int column) const;
 
     /** Starts a new record or the change of the current one. set() fills its buffer, update()
@@ -87,18 +86,7 @@ public:
 
 private:
     friend class Database;
-
-    /** Whether the records of a query can be told apart in their table, and so be written. */
-    enum class Access
-    {
-        ReadOnly,
-        Updatable
-    };
-
-    /** @param query prepared and not yet run; with Updatable its first column is the row's id.
-     *  @param table the single table of the query, or empty. */
-    RecordSet(std::shared_ptr<Connection> file, Statement query, const QString &table,
-              Access access);
+    explicit RecordSet(std::unique_ptr<RecordRows> rows);
 
     struct Data;
     Data &opened() const;
