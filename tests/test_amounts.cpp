@@ -1,6 +1,7 @@
 // Currency arithmetic, and what random amounts do not reach in their texts.
 
 #include "common/amount_text.h"
+#include "common/date_text.h"
 #include "common/errors.h"
 #include "common/number_text.h"
 #include "common/rounding.h"
@@ -71,6 +72,14 @@ private slots:
         QCOMPARE(RoundHalfEven<qint32>(2147483646.5), 2147483646);
         QCOMPARE(RoundHalfEven<qint32>(-2147483648.5), std::numeric_limits<qint32>::min());
         QVERIFY(!RoundHalfEven<qint32>(2147483647.5) && !RoundHalfEven<qint32>(-2147483649.0));
+    }
+
+    void textsOfFields()
+    {
+        QString text = u"1.2,3,4"_s;
+        QCOMPARE(PuntoDecimale(text), u"12.3,4"_s);
+        QCOMPARE(FormatData(DataDaTesto(u"1/2/29"_s)), u"01/02/2029"_s);
+        QCOMPARE(FormatData(DataDaTesto(u"1/2/30"_s)), u"01/02/1930"_s);
     }
 
     void rateTexts()
