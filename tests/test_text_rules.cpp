@@ -72,9 +72,9 @@ private slots:
             const auto criterion = ParseCriterion(text);
             QVERIFY2(criterion, qPrintable(text));
             const auto *number = std::get_if<qint64>(&criterion->wanted);
-            const auto *literal = std::get_if<QString>(&criterion->wanted);
+            const auto *literal = std::get_if<QByteArray>(&criterion->wanted);
             QCOMPARE(criterion->field + (number    ? u" = "_s + QString::number(*number)
-                                         : literal ? u" = '"_s + *literal + u'\''
+                                         : literal ? u" = '"_s + QString::fromUtf8(*literal) + u'\''
                                                    : u" Like"_s),
                      wanted);
         }

@@ -1,5 +1,7 @@
 #include "database/criterion.h"
 
+#include "database/text_order.h"
+
 #include <QList>
 
 namespace saldoro {
@@ -113,7 +115,7 @@ std::optional<Criterion> ParseCriterion(const QString &text)
         const QString literal = match.captured(4).replace(u"''"_s, u"'"_s);
         if (isLike)
             return Criterion{field, LikePattern(literal)};
-        return Criterion{field, literal};
+        return Criterion{field, ComparableText(literal.toUtf8())};
     }
     bool fits = false;
     const qint64 number = match.captured(5).toLongLong(&fits);

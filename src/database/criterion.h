@@ -30,11 +30,12 @@ private:
     QRegularExpression m_expression;
 };
 
-/** What a find asks for: one field compared with a whole number or a text, or like a pattern. */
+/** What a find asks for: one field compared with a whole number or with a text (in its
+ *  ComparableText() form), or like a pattern. */
 struct Criterion
 {
     QString field;
-    std::variant<qint64, QString, LikePattern> wanted;
+    std::variant<qint64, QByteArray, LikePattern> wanted;
 
     /** Whether values of that type can be compared so. */
     bool fits(FieldType type) const;

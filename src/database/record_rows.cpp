@@ -6,14 +6,11 @@
 #include <QtNumeric>
 
 #include <algorithm>
-#include <limits>
+#include <memory>
 
 namespace saldoro {
 
 namespace {
-
-/** Stands in place of the row id of a record that was removed. */
-constexpr qint64 Removed = std::numeric_limits<qint64>::min();
 
 bool equalsNumber(const StoredValue &value, qint64 number)
 {
@@ -40,26 +37,30 @@ bool RecordRows::read()
     if (!m_query)
         return false;
     const int first = areUpdatable() ? 1 : 0;
-    m_values.clear(); // of an attempt that failed
-    m_rowIds.clear();
+    m_records.clear(); // of an attempt that failed
     while (m_query->step()) {
+        StoredValue *values = append(areUpdatable() ? m_query->whole(0) : 0);
         for (int column = 0; column < m_fields.size(); ++column)
-            m_values.push_back(m_query->value(first + column, m_texts));
-        m_rowIds.push_back(areUpdatable() ? m_query->whole(0) : 0);
+            values[column] = m_query->value(first + column, m_memory);
     }
-    m_liveCount = static_cast<int>(m_rowIds.size());
+    m_liveCount = static_cast<int>(m_records.size());
     m_query.reset();
     return true;
 }
 
-bool RecordRows::isLive(int row) const
+/** Adds a record of nulls. */
+StoredValue *RecordRows::append(qint64 id)
 {
-    return m_rowIds[static_cast<size_t>(row)] != Removed;
+    const auto count = static_cast<size_t>(m_fields.size());
+    StoredValue *values = std::pmr::polymorphic_allocator<StoredValue>(&m_memory).allocate(count);
+    std::uninitialized_value_construct_n(values, count);
+    m_records.push_back({id, values});
+    return values;
 }
 
 int RecordRows::nextLive(int row) const
 {
-    const int end = static_cast<int>(m_rowIds.size());
+    const int end = static_cast<int>(m_records.size());
     do
         ++row;
     while (row < end && !isLive(row));
@@ -68,7 +69,7 @@ int RecordRows::nextLive(int row) const
 
 int RecordRows::lastLive() const
 {
-    int row = static_cast<int>(m_rowIds.size()) - 1;
+    int row = static_cast<int>(m_records.size()) - 1;
     while (row >= 0 && !isLive(row))
         --row;
     return row;
@@ -77,16 +78,15 @@ int RecordRows::lastLive() const
 void RecordRows::insert(const RecordChanges &values)
 {
     write(InsertSql(m_place.table, namesOf(values)), values, {});
-    m_values.resize(m_values.size() + static_cast<size_t>(m_fields.size()));
-    m_rowIds.push_back(m_file->lastRowId());
+    append(m_file->lastRowId());
     ++m_liveCount;
-    keep(static_cast<int>(m_rowIds.size()) - 1, values);
+    keep(static_cast<int>(m_records.size()) - 1, values);
 }
 
 bool RecordRows::update(int row, const RecordChanges &values)
 {
     const QString sql = UpdateSql(m_place.table, namesOf(values));
-    if (write(sql, values, m_rowIds[static_cast<size_t>(row)]) == 0)
+    if (write(sql, values, record(row).id) == 0)
         return false;
     keep(row, values);
     return true;
@@ -94,9 +94,8 @@ bool RecordRows::update(int row, const RecordChanges &values)
 
 void RecordRows::remove(int row)
 {
-    qint64 &rowId = m_rowIds[static_cast<size_t>(row)];
-    write(DeleteSql(m_place.table), {}, rowId);
-    rowId = Removed;
+    write(DeleteSql(m_place.table), {}, record(row).id);
+    m_records[static_cast<size_t>(row)].values = nullptr;
     --m_liveCount;
 }
 
@@ -124,9 +123,8 @@ int RecordRows::write(const QString &sql, const RecordChanges &values,
 
 void RecordRows::keep(int row, const RecordChanges &values)
 {
-    const size_t first = static_cast<size_t>(row) * static_cast<size_t>(m_fields.size());
     for (const auto &[column, value] : values)
-        m_values[first + static_cast<size_t>(column)] = value;
+        record(row).values[column] = value;
     m_isWritten = true;
     m_indexes.clear();
 }
@@ -134,7 +132,7 @@ void RecordRows::keep(int row, const RecordChanges &values)
 int RecordRows::nextMatch(int row, int column, const Criterion &criterion)
 {
     const FieldType type = m_fields[column].type;
-    if (const auto *text = std::get_if<QString>(&criterion.wanted))
+    if (const auto *text = std::get_if<QByteArray>(&criterion.wanted))
         return nextEqual(row, column, *text);
     if (const auto *pattern = std::get_if<LikePattern>(&criterion.wanted))
         return nextThat(row, column, [&](const StoredValue &value) {
@@ -167,9 +165,8 @@ QByteArray RecordRows::comparableText(const StoredValue &value, int column) cons
     return ComparableText(PlainText(value, m_fields[column].type).toUtf8());
 }
 
-int RecordRows::nextEqual(int row, int column, const QString &text)
+int RecordRows::nextEqual(int row, int column, const QByteArray &wanted)
 {
-    const QByteArray wanted = ComparableText(text.toUtf8());
     if (m_isWritten)
         return nextThat(row, column, [&](const StoredValue &value) {
             return comparableText(value, column) == wanted;

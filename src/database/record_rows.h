@@ -48,13 +48,9 @@ public:
     const QList<FieldDef> &fields() const { return m_fields; }
 
     /** Where the texts of the records lie, as long as these live. */
-    std::pmr::memory_resource &texts() { return m_texts; }
+    std::pmr::memory_resource &texts() { return m_memory; }
 
-    const StoredValue &value(int row, int column) const
-    {
-        return m_values[static_cast<size_t>(row) * static_cast<size_t>(m_fields.size()) +
-                        static_cast<size_t>(column)];
-    }
+    const StoredValue &value(int row, int column) const { return record(row).values[column]; }
     int liveCount() const { return m_liveCount; }
 
     /** The first record after @p row (NoRow for the very first) that was not removed, or NoRow. */
@@ -76,11 +72,19 @@ public:
 private:
     using Index = QHash<QByteArray, QList<int>>;
 
-    bool isLive(int row) const;
+    struct Record
+    {
+        qint64 id;           ///< of the row in the table
+        StoredValue *values; ///< one for each field, in m_memory; null for a removed record
+    };
+
+    const Record &record(int row) const { return m_records[static_cast<size_t>(row)]; }
+    bool isLive(int row) const { return record(row).values != nullptr; }
+    StoredValue *append(qint64 id);
     template <typename Meets>
     int nextThat(int row, int column, const Meets &meets) const;
     QByteArray comparableText(const StoredValue &value, int column) const;
-    int nextEqual(int row, int column, const QString &text);
+    int nextEqual(int row, int column, const QByteArray &wanted);
     const Index &indexOf(int column);
 
     QStringList namesOf(const RecordChanges &values) const;
@@ -92,9 +96,8 @@ private:
     RecordPlace m_place;
     RecordAccess m_access;
     QList<FieldDef> m_fields;
-    std::pmr::monotonic_buffer_resource m_texts;
-    std::vector<StoredValue> m_values; ///< record after record
-    std::vector<qint64> m_rowIds;
+    std::pmr::monotonic_buffer_resource m_memory;
+    std::vector<Record> m_records;
     int m_liveCount = 0;
     bool m_isWritten = false;    ///< then nothing is indexed any more
     QHash<int, Index> m_indexes; ///< by column: the records of each text, made when first asked for
