@@ -1,11 +1,17 @@
 #include "bench_archive.h"
 
-#include "bulk_archive.h"
+#include "bare_file.h"
+#include "common/archive_folders.h"
+#include "empty_archive.h"
+#include "store/mandate_note.h"
 
+#include <QDate>
 #include <QDir>
 #include <QFile>
 
+#include <array>
 #include <map>
+#include <random>
 #include <stdexcept>
 
 namespace saldoro {
@@ -14,23 +20,127 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qint64 Euro = 10000;
+constexpr int AllocationsOfPayment = 3;
+constexpr int CostItems = 200;
+
+/** Numbers that are the same on every machine, unlike those of the standard distributions. */
+class Chance
+{
+public:
+    /** From 0 up to @p bound, which is left out. */
+    int below(int bound) { return static_cast<int>(m_engine() % static_cast<quint32>(bound)); }
+
+private:
+    std::mt19937 m_engine{1};
+};
+
 QString &benchFolder()
 {
     static QString folder;
     return folder;
 }
 
+QString itemCode(int item)
+{
+    return u"V%1"_s.arg(item, 4, 10, u'0');
+}
+
+QString itemDescription(int item)
+{
+    return u"Voce di spesa numero %1 del quadro economico"_s.arg(item);
+}
+
+QString creditorName(int number)
+{
+    static constexpr std::array<QStringView, 6> names{u"Impresa Sant'Elìa Costruzioni S.r.l.",
+                                                      u"ing. Niccolò D'Amìco",
+                                                      u"Cooperativa La Quercia",
+                                                      u"Studio associato Brè & Forlì",
+                                                      u"arch. Perla Dell'Orsa",
+                                                      u"Scavi Valle Bruna S.n.c."};
+    const auto name = static_cast<std::size_t>(number) % names.size();
+    return names[name].toString() + u" (%1)"_s.arg(number);
+}
+
+QString memoOf(int payment)
+{
+    return payment % 3 == 0 ? QString() : u"Pratica n. %1\r\nVisto dell'ufficio"_s.arg(payment);
+}
+
+/** The allocations of one payment, to different cost items, add up to @p total. */
+void addAllocations(BareStatement &allocations, Chance &chance, int payment, qint64 total)
+{
+    constexpr qint64 cent = Euro / 100;
+    const int firstItem = chance.below(CostItems);
+    const qint64 share = total / AllocationsOfPayment / cent * cent;
+    for (int place = 0; place < AllocationsOfPayment; ++place) {
+        const int item = (firstItem + place) % CostItems + 1;
+        const bool isLast = place + 1 == AllocationsOfPayment;
+        allocations.run(qint64{payment}, itemCode(item), itemDescription(item),
+                        isLast ? total - share * place : share);
+    }
+}
+
+/** A payment of either kind with figures that agree; its total in ten-thousandths. */
+qint64 addPayment(BareStatement &payments, Chance &chance, int number)
+{
+    const bool professional = chance.below(2) == 0;
+    const qint64 fee = (1 + chance.below(50000)) * Euro;
+    const qint64 contribution = professional ? fee * 4 / 100 : 0;
+    const qint64 fund = professional ? fee * 2 / 100 : 0;
+    const qint64 taxable = fee + contribution + fund;
+    const qint64 vat = taxable * 22 / 100;
+    const qint64 withheld = professional ? (fee + contribution) * 20 / 100 : 0;
+    const qint64 other = professional ? chance.below(200) * Euro : 0;
+    const QDate day = QDate(2020, 1, 1).addDays(chance.below(2000));
+    payments.run(professional ? u"P"_s : u"A"_s, qint64{number}, creditorName(chance.below(400)),
+                 QString::number(chance.below(9000) + 1), day.toString(Qt::ISODate), memoOf(number),
+                 u"Pagamento n. %1"_s.arg(number), 22 * Euro, taxable, vat, 20 * Euro, fee,
+                 contribution, fund, withheld, other);
+    return taxable + vat + other;
+}
+
+// One transaction a file: a synced write for each row would take minutes.
+
+void fillLedger(const ProgramValues &values, int payments)
+{
+    BareFile file(LedgerPath(values));
+    file.run("BEGIN IMMEDIATE");
+    BareStatement insert =
+        file.prepare("INSERT INTO Fatture VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
+    BareStatement allocations = file.prepare("INSERT INTO Spese VALUES (?,?,?,?)");
+    Chance chance;
+    for (int number = 1; number <= payments; ++number)
+        addAllocations(allocations, chance, number, addPayment(insert, chance, number));
+    file.run("COMMIT");
+}
+
+void fillContract(const ProgramValues &values, int payments)
+{
+    // Asked for before the file is taken: the key of a note holds the mapped code.
+    const QString keyStart = MandateKeyStart(values);
+    BareFile file(ContractPath(values));
+    file.run("BEGIN IMMEDIATE");
+    BareStatement items = file.prepare("INSERT INTO UltimaPerVariante VALUES (?,?,?)");
+    for (int item = 1; item <= CostItems; ++item)
+        items.run(itemCode(item), itemDescription(item), (item * 7919 % 100000) * Euro);
+    BareStatement notes = file.prepare(
+        "INSERT INTO SchedaProgetto (Voce, Funzione, Descri, Stringa) VALUES (?,?,?,?)");
+    for (int number = 1; number <= payments; ++number)
+        notes.run(keyStart + QString::number(number), qint64{0},
+                  MandateDescription(number, u"creditore"_s),
+                  ComposeMandateNote(QString::number(1000 + number), u"15/03/2025"_s));
+    file.run("COMMIT");
+}
+
 ProgramValues makeArchive(int payments)
 {
-    ArchiveBuilder archive(benchFolder(), QString::number(payments));
-    archive.addStandardCodes();
-    BulkSize size;
-    size.payments = payments;
-    size.allocations = 3 * payments;
-    size.costItems = 200;
-    size.mandateNotes = payments;
-    FillArchive(archive, size);
-    return archive.values();
+    ProgramValues values = MakeEmptyArchive(benchFolder(), QString::number(payments));
+    AddStandardCodes(values);
+    fillLedger(values, payments);
+    fillContract(values, payments);
+    return values;
 }
 
 } // namespace

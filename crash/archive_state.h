@@ -21,18 +21,4 @@ ArchiveState ReadState(const TestArchive &archive);
 /** Where two states differ, for a person. */
 QString Difference(const ArchiveState &found, const ArchiveState &expected);
 
-/** Opens each database as the program does, which undoes what a crash has left half done, and tells
- *  what is wrong with it then; empty when all are sound. A file without content is passed over. */
-QString DatabaseFaults(const ProgramValues &values);
-
-/** Makes the files of the project and of the shared tables of @p to those of @p from: databases,
- *  their journals and documents. Files of the program's that a crash left half-written are named
- *  neither way and stay behind. */
-void CopyProject(const ProgramValues &from, const ProgramValues &to);
-
-/** Puts a contract into the empty @p archive: twelve cost items, codes, the contractor, companies,
- *  and payments 1 to 3, the second to a professional, each with allocations to the first four items
- *  and a mandate note. */
-void FillProject(TestArchive &archive);
-
 } // namespace saldoro

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QtGlobal>
 
 namespace saldoro {
 
@@ -10,8 +9,9 @@ enum class CallFault
 {
     Once,       ///< the one call fails, as a disk may that has a bad moment
     FromThenOn, ///< it fails and all calls after it
-    FullDisk,   ///< a write finds half of the room it needs, all later ones none; the rest works
-    Kill        ///< the process dies in the call, half of what it was to write being written
+    Death,      ///< the same, half of what it was to write being written: when a process dies in a
+                ///< call, no later one of it reaches the disk either
+    FullDisk    ///< a write finds half of the room it needs, all later ones none; the rest works
 };
 
 /**
@@ -23,13 +23,9 @@ namespace FailingCalls {
 
 /** From now on the @p call -th call that the fault applies to goes wrong, the first being 1. */
 void arm(int call, CallFault fault);
-/** Nothing goes wrong any more; true when something has since arm(). */
-bool disarm();
-/** What the first call that went wrong was to do and to which file: "sync Saldoro.mdb". */
-QString struckCall();
-
-/** Milliseconds that would have been waited since the last call of this function. */
-qint64 takeWaited();
+/** Nothing goes wrong any more. What the first call since arm() that went wrong was and the file it
+ *  was about, as "fdatasync Saldoro.mdb"; empty when none has. */
+QString disarm();
 
 } // namespace FailingCalls
 

@@ -1,21 +1,16 @@
 #pragma once
 
+#include "common/errors.h"
 #include "works.h"
 
 #include <QSet>
 
-#include <functional>
 #include <optional>
 
 namespace saldoro {
 
-/** What the program reported when something failed. */
-struct Report
-{
-    QString text;    ///< the whole report; empty when nothing failed
-    QString file;    ///< the file it names
-    QString problem; ///< its first sentence
-};
+/** What the program reported; nothing when it took its work for done. */
+using Report = std::optional<SaldoroError>;
 
 /**
  * A work done over and over on copies of one archive while something goes wrong. Each time the
@@ -28,22 +23,21 @@ public:
     explicit FaultTrial(Work work);
 
     const Work &work() const { return m_work; }
-    const ProgramValues &values() const { return m_copy.values(); }
+    const ProgramValues &values() const { return m_copy->values(); }
 
     /** A fresh copy of the archive. */
     void renew();
     /** Does the work on the copy as it stands. */
     Report perform();
-    /** The same in a process of its own, after @p prepare: what that process does to itself does
-     * not come back. No report when it was killed. */
-    std::optional<Report> performApart(const std::function<void()> &prepare);
     /** Looks at what the work has left, with the fault gone; throws std::runtime_error. */
     void check(const Report &report);
 
 private:
+    void requireSound(const Report &report) const;
+
     Work m_work;
     TestArchive m_origin;
-    TestArchive m_copy;
+    std::optional<TestArchive> m_copy;
     QList<ArchiveState> m_possible;
     QSet<qsizetype> m_completed; ///< states from which the work was brought to its end
 };

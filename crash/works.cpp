@@ -6,6 +6,7 @@
 #include "overview/overview_document.h"
 #include "overview/payment_deletion.h"
 #include "overview/payments_list.h"
+#include "overview_probe.h"
 #include "platform/machine_path.h"
 #include "store/ledger.h"
 
@@ -161,7 +162,7 @@ QString csvFolder()
     }
     // Also for a process that has given up its rights.
     QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
-                                             QFile::ReadOther | QFile::ExeOther);
+                                             QFile::ReadGroup | QFile::ExeGroup);
     return folder.path();
 }
 
@@ -179,6 +180,20 @@ void import(const ProgramValues &values, const QString &csv)
 }
 
 } // namespace
+
+void FillProject(const TestArchive &archive)
+{
+    AddStandardCodes(archive.values());
+    PlantItems(archive,
+               u"('A1','Scavi e rìnterri',90000000),('A2','Murature',NULL),('A3','Ponteggi',1),"
+               "('A4','Oneri',2500000)"_s,
+               u"(1,'A1',1220000),(2,'A1',100),(2,'A2',200),(2,'A3',300),(2,'A4',400),"
+               "(3,'A1',305000)"_s);
+    PlantThreePayments(archive);
+    archive.execute(ContractPath(archive.values()),
+                    u"INSERT INTO SchedaProgetto (Voce, Stringa) VALUES "
+                    "('M0097_2', 'Mandato nr.5 del 01/02/2021')"_s);
+}
 
 QList<Work> AllWorks()
 {

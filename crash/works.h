@@ -27,6 +27,10 @@ struct Work
     std::function<void(TestArchive &archive)> prepare = {};
 };
 
+/** Puts a contract into the empty @p archive: four cost items, the standard codes and payments 1 to
+ *  3, the second to a professional, with a mandate note and allocations to all items. */
+void FillProject(const TestArchive &archive);
+
 /** Creating the ledger, the main screen's load and its closing work, saves of both kinds, new and
  *  changed, deletions of a payment and of an allocation, an import. */
 QList<Work> AllWorks();

@@ -3,8 +3,8 @@
 # runs the tests and checks formatting and the rules of the house. Under five minutes on two cores.
 #
 #   scripts/test.sh          that
-#   scripts/test.sh --all    also kills the program and fails its disk, reads the documents with the
-#                            programs of other makers, repeats all tests under address and
+#   scripts/test.sh --all    also lets the program die and its disk fail at every call, reads the
+#                            documents with other programs, repeats all tests under address and
 #                            undefined-behaviour sanitizers and runs the static analysis; about
 #                            fifteen minutes
 set -euo pipefail

@@ -13,7 +13,7 @@ FormDriver::FormDriver()
     : values(archive.values())
     , overview(5)
 {
-    archive.build().addStandardCodes();
+    AddStandardCodes(archive.values());
     AddRow(overview, {u"A1"_s, u"Scavi e rinterri"_s, {}, {}, u"12.500,00"_s});
     AddRow(overview, {u"A2"_s, u"Murature"_s, {}, {}, u"1.800,00"_s});
     AddRow(overview, {u"B10"_s, u"Spese tecniche"_s, {}, {}, u"640,00"_s});

@@ -29,7 +29,7 @@ private:
     {
         static const std::unique_ptr<TestArchive> project = [] {
             auto archive = std::make_unique<TestArchive>();
-            archive->build().addStandardCodes();
+            AddStandardCodes(archive->values());
             PlantItems(*archive, u"('A1','Scavi',90000000),('B2','Ponti',NULL)"_s,
                        u"(1,'A1',1220000),(2,'A1',600000),(2,'B2',15000)"_s);
             archive->execute(ContractPath(archive->values()),

@@ -3,9 +3,7 @@
 #include "bare_file.h"
 #include "platform/machine_path.h"
 
-#include <QDir>
 #include <QFile>
-#include <QStringList>
 
 #include <stdexcept>
 
@@ -15,45 +13,39 @@ namespace {
 
 void copyFiles(const QString &from, const QString &to)
 {
-    if (!QDir().mkpath(to))
-        throw std::runtime_error("no folder for the archive: " + to.toStdString());
-    for (const QString &file : QDir(from).entryList(QDir::Files)) {
-        QFile::copy(from + u'/' + file, to + u'/' + file);
-    }
-}
-
-/** The archive of @p original once more, below @p root. */
-ArchiveBuilder copyOf(const ProgramValues &original, const QString &root,
-                      const QString &projectCode)
-{
-    ArchiveBuilder archive = ArchiveBuilder::ofExisting(root, projectCode);
-    copyFiles(MachinePath(ProjectFolder(original)), MachinePath(ProjectFolder(archive.values())));
-    for (const QStringView folder : {ArchiveFolders::Tabelle, ArchiveFolders::Update}) {
-        copyFiles(MachinePath(original.ArchiveRoot + folder.toString()),
-                  MachinePath(root + folder.toString()));
-    }
-    return archive;
-}
-
-/** A new archive, copied from one that is made once: making it syncs every table to the disk. */
-ArchiveBuilder emptyArchive(const QString &root, const QString &projectCode)
-{
-    static const QTemporaryDir templateFolder;
-    static const ProgramValues empty =
-        ArchiveBuilder(templateFolder.path(), QStringLiteral("empty")).values();
-    return copyOf(empty, root, projectCode);
+    const QDir folder(MachinePath(to));
+    bool isCopied = folder.mkpath(folder.path());
+    for (const QFileInfo &file : QDir(MachinePath(from)).entryInfoList(QDir::Files))
+        isCopied &= QFile::copy(file.filePath(), folder.filePath(file.fileName()));
+    if (!isCopied)
+        throw std::runtime_error("an archive can't be copied to " + to.toStdString());
 }
 
 } // namespace
 
 TestArchive::TestArchive(const QString &projectCode)
-    : m_builder(emptyArchive(m_folder.path(), projectCode))
 {
+    // Made once and then copied: making it syncs every table to the disk.
+    static const QTemporaryDir templateFolder;
+    static const ProgramValues empty =
+        MakeEmptyArchive(templateFolder.path(), QStringLiteral("empty"));
+    m_values.ProjectCode = projectCode;
+    copyFrom(empty);
 }
 
 TestArchive::TestArchive(const TestArchive &other)
-    : m_builder(copyOf(other.values(), m_folder.path(), other.values().ProjectCode))
 {
+    m_values.ProjectCode = other.values().ProjectCode;
+    copyFrom(other.values());
+}
+
+void TestArchive::copyFrom(const ProgramValues &original)
+{
+    m_values.ArchiveRoot = m_folder.path();
+    copyFiles(ProjectFolder(original), ProjectFolder(m_values));
+    copyFiles(UpdateFolder(original), UpdateFolder(m_values));
+    const QString tables = ArchiveFolders::Tabelle.toString();
+    copyFiles(original.ArchiveRoot + tables, m_values.ArchiveRoot + tables);
 }
 
 QString TestArchive::rows(const QString &archivePath, const QString &sql) const

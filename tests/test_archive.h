@@ -1,7 +1,7 @@
 #pragma once
 
-#include "archive_builder.h"
 #include "common/archive_folders.h"
+#include "empty_archive.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -16,21 +16,22 @@ public:
     /** A folder of its own with the files of @p other, which is quicker than making them anew. */
     TestArchive(const TestArchive &other);
 
-    ArchiveBuilder &build() { return m_builder; }
-    const ProgramValues &values() const { return m_builder.values(); }
+    const ProgramValues &values() const { return m_values; }
 
     /** Rows of @p sql on an archive path, as BareFile gives them: past the database layer. */
     QString rows(const QString &archivePath, const QString &sql) const;
     QString ledgerRows(const QString &sql) const { return rows(LedgerPath(values()), sql); }
     QString contractRows(const QString &sql) const { return rows(ContractPath(values()), sql); }
 
-    /** Runs one statement past the database layer, to plant what other programs may leave. */
+    /** Runs statements past the database layer, to plant what other programs may leave. */
     void execute(const QString &archivePath, const QString &sql) const;
 
 private:
+    void copyFrom(const ProgramValues &original);
+
     /** Archives stand under names with accents, too. */
     QTemporaryDir m_folder{QDir::tempPath() + QStringLiteral("/saldoro-è-XXXXXX")};
-    ArchiveBuilder m_builder;
+    ProgramValues m_values;
 };
 
 } // namespace saldoro

@@ -30,7 +30,7 @@ private slots:
         m_messages.clear();
         m_answer = MessageAnswer::Yes;
         m_archive = std::make_unique<TestArchive>(u"00451"_s);
-        m_archive->build().addStandardCodes();
+        AddStandardCodes(m_archive->values());
         PlantItems(*m_archive, u"('L1','Lavori',90000000),('S1','Sicurezza',2500000)"_s,
                    u"(1,'L1',1220000),(2,'S1',650000),(3,'L1',305000)"_s);
         PlantThreePayments(*m_archive);

@@ -64,7 +64,7 @@ private slots:
     void init()
     {
         m_archive = std::make_unique<TestArchive>();
-        m_archive->build().addStandardCodes();
+        AddStandardCodes(m_archive->values());
         PlantItems(*m_archive, u"('A1','Scavi',90000000),('B2','Ponti',NULL)"_s,
                    u"(1,'A1',1220000),(2,'B2',615000)"_s);
         PlantPayments(*m_archive, "('A',1,'Edil Valle','2020-01-31',1000000,220000,NULL),"

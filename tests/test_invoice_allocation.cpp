@@ -166,7 +166,8 @@ private slots:
     void editorScrollsWithItsCell()
     {
         for (int item = 10; item < 40; ++item)
-            d->archive.build().addAllocation(2, u"Z%1"_s.arg(item), u"Opere"_s, Currency());
+            d->archive.execute(LedgerPath(d->values),
+                               u"INSERT INTO Spese VALUES (2, 'Z%1', 'Opere', 0)"_s.arg(item));
         open(2);
         edit(1);
         for (const int row : {1, 5, m_grid->verticalScrollBar()->maximum()}) {

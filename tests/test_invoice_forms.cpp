@@ -126,8 +126,9 @@ private slots:
     void limitsOfTyping()
     {
         const QString longName = u"012345678"_s.repeated(7);
-        d->archive.build().addSheetItem(
-            {{u"Voce"_s, u"C1"_s}, {u"FUNZIONE"_s, 17}, {u"Stringa"_s, longName + u"\n"_s}});
+        d->archive.execute(ContractPath(d->values),
+                           u"INSERT INTO SchedaProgetto (Voce, Funzione, Stringa) VALUES "
+                           "('C1', 17, '%1\n')"_s.arg(longName));
         d->open(CreditorKind::Professional, 1);
         for (const auto &[name, limit] :
              {std::pair{u"Text1_0"_s, 60}, {u"Text1_1"_s, 10}, {u"Text1_3"_s, 50}}) {
@@ -187,11 +188,11 @@ private slots:
 
     void creditorLists()
     {
-        ArchiveBuilder &build = d->archive.build();
-        build.addSheetItem(
-            {{u"Voce"_s, u"C1"_s}, {u"FUNZIONE"_s, 17}, {u"Stringa"_s, u"Ing. Rossi"_s}});
-        build.addCompany(5, u"D'Amico"_s, u"S"_s);
-        build.addParticipant(2, 5);
+        d->archive.execute(ContractPath(d->values),
+                           u"INSERT INTO SchedaProgetto (Voce, Funzione, Stringa) VALUES "
+                           "('C1', 17, 'Ing. Rossi')"_s);
+        d->archive.execute(CompaniesPath(d->values), u"INSERT INTO Anag VALUES (5,'D''Amico','S');"
+                                                     "INSERT INTO Partecip VALUES (2, 5)"_s);
         for (const CreditorKind kind : {CreditorKind::Professional, CreditorKind::Company}) {
             d->open(kind, 1);
             const auto *list = d->find<QListWidget>(u"List2"_s);
@@ -218,8 +219,9 @@ private slots:
 
     void principals()
     {
-        d->archive.build().addSheetItem(
-            {{u"Voce"_s, u"D0101"_s}, {u"Stringa"_s, u"ATI Ponte"_s}, {u"Link"_s, 9}});
+        d->archive.execute(ContractPath(d->values),
+                           u"INSERT INTO SchedaProgetto (Voce, Stringa, Link) VALUES "
+                           "('D0101', 'ATI Ponte', 9)"_s);
         d->archive.execute(CompaniesPath(d->values),
                            u"INSERT INTO Anag (ID, nominativo, TipImprese) VALUES (9,'ATI Ponte',"
                            "'ATI'), (10,'Ferro Srl','S'), (11,'Acciaio Srl','S');"
@@ -236,7 +238,9 @@ private slots:
     void untouchedNoteStays()
     {
         const QString note = u"a\r\nb\u00a0c"_s;
-        d->archive.build().addPayment({{u"AziProf"_s, u"P"_s}, {u"Npag"_s, 1}, {u"Memo"_s, note}});
+        d->archive.execute(
+            LedgerPath(d->values),
+            u"INSERT INTO Fatture (AziProf, Npag, Memo) VALUES ('P', 1, '%1')"_s.arg(note));
         d->answer = MessageAnswer::Yes;
         for (const auto &[steps, stored] :
              {std::pair{u"type x"_s, note}, {u"to Memo, Return"_s, u"\r\na\r\nb c"_s}}) {

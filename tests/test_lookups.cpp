@@ -60,10 +60,10 @@ private slots:
                      fields);
         QStringList emptiable;
         for (const QString &table : {u"Fatture"_s, u"Spese"_s}) {
-            RowAppender rows(LedgerPath(m_values), table);
             for (const QString &field : {u"AziProf"_s, u"Creditore"_s, u"NFat"_s, u"Del"_s,
                                          u"Memo"_s, u"Descrizione"_s, u"Cod"_s}) {
-                if (errorOf([&] { rows.add({{field, QString()}}); }).isEmpty())
+                const QString sql = u"INSERT INTO %1(%2) VALUES('')"_s.arg(table, field);
+                if (DirectConnection(LedgerPath(m_values)).run(sql).isEmpty())
                     emptiable += table + u'.' + field;
             }
         }
@@ -74,9 +74,9 @@ private slots:
     void codesAreMapped()
     {
         QCOMPARE(VoceMandato(m_values, 12), u"_12"_s);
-        m_archive->build().addCode(u"DA1"_s, u"k9 z"_s, u"Impresa dell'appalto"_s);
-        m_archive->build().addCode(u"DA"_s, u"other"_s, u"Altro"_s);
-        m_archive->build().addCode(u"P97"_s, u"X"_s, QString());
+        m_archive->execute(CodesPath(m_values),
+                           u"INSERT INTO Funzioni VALUES ('DA1','k9 z','Impresa dell''appalto'),"
+                           "('DA','other','Altro'),('P97','X','')"_s);
         for (const QStringView code : {u"DA1", u"da1"})
             QCOMPARE(CodiceEsterno(m_values, code), u"k9 z"_s);
         for (const QStringView code : {u"D*", u"DA2"})

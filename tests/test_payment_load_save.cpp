@@ -152,7 +152,7 @@ a mano => a mano @  => a mano @ )"_s;
     void contractor()
     {
         TestArchive archive;
-        archive.build().addStandardCodes();
+        AddStandardCodes(archive.values());
         archive.execute(CompaniesPath(archive.values()),
                         u"INSERT INTO Anag (ID, TipImprese) VALUES (11, 'ATI'), (12, 'ati'), "
                         "(13, NULL)"_s);
@@ -162,7 +162,9 @@ a mano => a mano @  => a mano @ )"_s;
                    (found.isAssociation ? u" association"_s : u""_s);
         };
         QCOMPARE(state(), u"-1 -"_s);
-        archive.build().addSheetItem({{u"Voce"_s, u"D0101"_s}, {u"Stringa"_s, u"L'Arca"_s}});
+        archive.execute(
+            ContractPath(archive.values()),
+            u"INSERT INTO SchedaProgetto (Voce, Stringa) VALUES ('D0101', 'L''Arca')"_s);
         QCOMPARE(faultOf(state), DatabaseFault::NullValue);
         // 12 is written in other letter case, 13 has no kind, 14 is not in the register.
         for (const QString &link : {u"0"_s, u"11"_s, u"12"_s, u"13"_s, u"14"_s}) {

@@ -29,17 +29,12 @@ qint64 readColumn(sqlite3_stmt *statement, int column)
 
 } // namespace
 
-void BareStatement::Closer::operator()(sqlite3_stmt *statement) const
-{
-    sqlite3_finalize(statement);
-}
-
 BareStatement::BareStatement(sqlite3 *file, const char *sql)
     : m_file(file)
 {
     sqlite3_stmt *statement = nullptr;
     check(sqlite3_prepare_v2(file, sql, -1, &statement, nullptr) == SQLITE_OK);
-    m_statement.reset(statement);
+    m_statement.reset(statement, sqlite3_finalize);
 }
 
 void BareStatement::bind(int position, qint64 value)
@@ -55,10 +50,7 @@ void BareStatement::bind(int position, const QByteArray &utf8)
 
 void BareStatement::finish()
 {
-    int code = SQLITE_ROW;
-    while (code == SQLITE_ROW)
-        code = sqlite3_step(m_statement.get());
-    check(code == SQLITE_DONE);
+    readAll();
     sqlite3_reset(m_statement.get());
 }
 
@@ -81,17 +73,12 @@ void BareStatement::check(bool worked) const
         throw std::runtime_error(sqlite3_errmsg(m_file));
 }
 
-void BareFile::Closer::operator()(sqlite3 *file) const
-{
-    sqlite3_close(file);
-}
-
 BareFile::BareFile(const QString &archivePath, Durability durability)
 {
     sqlite3 *file = nullptr;
     const int code = sqlite3_open_v2(MachinePath(archivePath).toUtf8().constData(), &file,
                                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-    m_file.reset(file);
+    m_file.reset(file, sqlite3_close);
     if (code != SQLITE_OK)
         throw std::runtime_error(sqlite3_errmsg(file));
     run(durability == Durability::Full ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = OFF");

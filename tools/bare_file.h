@@ -36,11 +36,6 @@ public:
 
 private:
     friend class BareFile;
-    struct Closer
-    {
-        void operator()(sqlite3_stmt *statement) const;
-    };
-
     BareStatement(sqlite3 *file, const char *sql);
     void bind(int position, qint64 value);
     void bind(int position, const QByteArray &utf8);
@@ -49,7 +44,7 @@ private:
     void check(bool worked) const;
 
     sqlite3 *m_file;
-    std::unique_ptr<sqlite3_stmt, Closer> m_statement;
+    std::shared_ptr<sqlite3_stmt> m_statement;
 };
 
 /** One connection to a database file with nothing but the engine's own calls, as another program
@@ -70,12 +65,7 @@ public:
     qint64 lastRowId() const;
 
 private:
-    struct Closer
-    {
-        void operator()(sqlite3 *file) const;
-    };
-
-    std::unique_ptr<sqlite3, Closer> m_file;
+    std::shared_ptr<sqlite3> m_file;
 };
 
 } // namespace saldoro
