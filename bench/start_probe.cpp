@@ -39,8 +39,13 @@ int startProgram(int argc, char **argv, const QString &project)
     application.installEventFilter(&end);
     ProgramValues values;
     FormFlow forms(values);
-    StartUp startUp(values, u"TUSMQDE7W"_s + project, [&forms] { forms.showMainForm(); });
-    return application.run([&startUp] { return startUp.run(); });
+    StartUp startUp(values);
+    return application.run([&] {
+        const bool goesOn = startUp.run(u"TUSMQDE7W"_s + project);
+        if (goesOn)
+            forms.showMainForm();
+        return goesOn;
+    });
 }
 
 int startBare(int argc, char **argv, const QString &project)

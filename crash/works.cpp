@@ -96,9 +96,9 @@ void load(ProgramValues &values, TextTable &overview)
 {
     PrepareAvailabilityOverview(overview);
     FillAvailabilityOverview(overview, values);
-    TextTable payments(PaymentColumn::Count);
+    TextTable payments;
     PreparePaymentsList(payments);
-    PaymentsReader(values).fill(payments);
+    FillPaymentsList(payments, values);
 }
 
 void close(ProgramValues &values)

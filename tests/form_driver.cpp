@@ -9,6 +9,31 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
+void Play(const QWidget &form, const QString &steps)
+{
+    for (const QString &step : steps.split(u", "_s)) {
+        const QString verb = step.section(u' ', 0, 0);
+        const QString object = step.section(u' ', 1);
+        if (verb == "to"_L1) {
+            Find(form, object)->setFocus();
+        } else if (verb == "click"_L1) {
+            QWidget *control = Find(form, object);
+            // An option shows in but a part of its room.
+            QTest::mouseClick(control, Qt::LeftButton, {}, QPoint(8, control->height() / 2));
+        } else if (verb == "type"_L1) {
+            QTest::keyClicks(form.focusWidget(), object);
+        } else if (verb == "hold"_L1) {
+            const QKeyCombination key = QKeySequence(object)[0];
+            for (const bool again : {false, true, true})
+                qt_handleKeyEvent(form.windowHandle(), QEvent::KeyPress, key.key(),
+                                  key.keyboardModifiers(), {}, again);
+        } else {
+            const QKeyCombination key = QKeySequence(step)[0];
+            QTest::keyClick(form.focusWidget(), key.key(), key.keyboardModifiers());
+        }
+    }
+}
+
 FormDriver::FormDriver()
     : values(archive.values())
     , overview(5)
@@ -17,15 +42,6 @@ FormDriver::FormDriver()
     AddRow(overview, {u"A1"_s, u"Scavi e rinterri"_s, {}, {}, u"12.500,00"_s});
     AddRow(overview, {u"A2"_s, u"Murature"_s, {}, {}, u"1.800,00"_s});
     AddRow(overview, {u"B10"_s, u"Spese tecniche"_s, {}, {}, u"640,00"_s});
-    m_realBoxes = ReplaceMessageBoxes([this](MessageKind kind, const QString &text) {
-        messages += text;
-        return kind == MessageKind::Question ? answer : MessageAnswer::Ok;
-    });
-}
-
-FormDriver::~FormDriver()
-{
-    ReplaceMessageBoxes(m_realBoxes);
 }
 
 void FormDriver::open(CreditorKind kind, qint32 paymentNumber)
@@ -41,30 +57,6 @@ void FormDriver::open(CreditorKind kind, qint32 paymentNumber)
     form->show();
     if (!QTest::qWaitForWindowActive(form.get()))
         qFatal("the form did not become active");
-}
-
-void FormDriver::play(const QString &steps)
-{
-    for (const QString &step : steps.split(u", "_s)) {
-        const QString verb = step.section(u' ', 0, 0);
-        const QString object = step.section(u' ', 1);
-        QWidget *const control = QApplication::focusWidget();
-        if (verb == "to"_L1) {
-            find(object)->setFocus();
-        } else if (verb == "click"_L1) {
-            QTest::mouseClick(find(object), Qt::LeftButton);
-        } else if (verb == "type"_L1) {
-            QTest::keyClicks(control, object);
-        } else if (verb == "hold"_L1) {
-            const QKeyCombination key = QKeySequence(object)[0];
-            for (const bool again : {false, true, true})
-                qt_handleKeyEvent(form->windowHandle(), QEvent::KeyPress, key.key(),
-                                  key.keyboardModifiers(), {}, again);
-        } else {
-            const QKeyCombination key = QKeySequence(step)[0];
-            QTest::keyClick(control, key.key(), key.keyboardModifiers());
-        }
-    }
 }
 
 QString FormDriver::texts(const QString &names) const

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "answered_boxes.h"
 #include "common/creditor_kind.h"
-#include "common/message_box.h"
 #include "controls/text_table.h"
 #include "invoice/invoice_form.h"
 #include "test_archive.h"
@@ -12,12 +12,28 @@
 
 namespace saldoro {
 
+/** The control of that name, which has to be there. */
+template <class Widget = QWidget>
+Widget *Find(const QWidget &form, const QString &name)
+{
+    auto *widget = form.findChild<Widget *>(name);
+    if (!widget)
+        qFatal("no such control: %s", qPrintable(name));
+    return widget;
+}
+
+/**
+ * Carries out steps such as "to Text1_0, type Bo, Tab, click Command1": the focus given to a
+ * control, a text typed, a key (also "Alt+E") and a click. Keys go to what has the focus in the
+ * form, active or not. A key that is held down ("hold Tab") comes again by itself.
+ */
+void Play(const QWidget &form, const QString &steps);
+
 /** One invoice form over a temporary archive, driven by keys and clicks as a user would. */
-class FormDriver
+class FormDriver : public AnsweredBoxes
 {
 public:
     FormDriver();
-    ~FormDriver();
 
     /** Opens the form of @p kind on a payment and waits until it has the focus. */
     void open(CreditorKind kind, qint32 paymentNumber);
@@ -25,10 +41,7 @@ public:
     template <class Widget = QWidget>
     Widget *find(const QString &name) const
     {
-        auto *widget = form->findChild<Widget *>(name);
-        if (!widget)
-            qFatal("no such control: %s", qPrintable(name));
-        return widget;
+        return Find<Widget>(*form, name);
     }
 
     QString text(const QString &name) const { return find<QLineEdit>(name)->text(); }
@@ -41,12 +54,7 @@ public:
         return control ? control->objectName() : QString();
     }
 
-    /**
-     * Carries out steps such as "to Text1_0, type Bo, Tab, click Command1": the focus given to a
-     * control, a text typed, a key (also "Alt+E") and a click. A key that is held down ("hold Tab")
-     * comes again by itself.
-     */
-    void play(const QString &steps);
+    void play(const QString &steps) const { Play(*form, steps); }
 
     /** The allocation grid below its header: cells joined by "|", rows by ";". */
     QString allocations() const;
@@ -56,13 +64,7 @@ public:
     /** Three cost items. */
     TextTable overview;
     std::unique_ptr<InvoiceForm> form;
-    /** Message boxes so far, and the answer to questions. */
-    QStringList messages;
-    MessageAnswer answer = MessageAnswer::No;
     int unloads = 0;
-
-private:
-    MessageAnswerer m_realBoxes;
 };
 
 } // namespace saldoro

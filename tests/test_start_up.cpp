@@ -1,13 +1,13 @@
+#include "answered_boxes.h"
 #include "app/application.h"
 #include "app/error_report.h"
 #include "app/install_settings.h"
 #include "app/start_up.h"
-#include "app/update_manifest.h"
+#include "app/update_handshake.h"
 #include "app/version.h"
 #include "common/archive_folders.h"
 #include "common/ending.h"
 #include "common/errors.h"
-#include "common/message_box.h"
 #include "platform/machine_path.h"
 #include "platform/process.h"
 #include "platform/registry.h"
@@ -53,15 +53,15 @@ void setArchivesRoot(const QString &root)
     QVERIFY(AddRegistryValue(key, ArchiveRootValue.toString(), root));
 }
 
-/** The program itself on a machine without a display: "status, what it said". */
-QString runWithoutDisplay(const QString &argument)
+/** A program on a machine without a display: "status, what it said". */
+QString runWithoutDisplay(const QString &path, const QString &argument)
 {
     QProcess program;
     auto environment = QProcessEnvironment::systemEnvironment();
     for (const char *display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         environment.remove(QString::fromLatin1(display));
     program.setProcessEnvironment(environment);
-    program.start(SaldoroProgram, {argument});
+    program.start(path, {argument});
     if (!program.waitForFinished() || program.exitStatus() != QProcess::NormalExit)
         return u"crashed"_s;
     return QString::number(program.exitCode()) + u", "_s +
@@ -91,18 +91,13 @@ private slots:
         QDir::setCurrent(m_workingFolder->path());
         QVERIFY(QDir().mkpath(updatePath({})));
         m_values = ProgramValues();
-        m_formsShown = 0;
-        m_messages.clear();
-        ReplaceMessageBoxes([this](MessageKind kind, const QString &text) {
-            m_messages.append((kind == MessageKind::Critical ? u"!"_s : u"?"_s) + text);
-            return MessageAnswer::Ok;
-        });
+        m_boxes = std::make_unique<AnsweredBoxes>();
     }
 
     void cleanup()
     {
         QDir::setCurrent(QDir::tempPath());
-        ReplaceMessageBoxes({});
+        m_boxes.reset();
         SetEnding(false);
     }
 
@@ -110,23 +105,14 @@ private slots:
      */
     void versionAndBuild()
     {
-        QCOMPARE(BuildText(1, 0, 1234), u"10234"_s);
+        QCOMPARE(BuildText({1, 0, 1234}), u"10234"_s);
+        QCOMPARE(BuildText({2, 3, 5}), u"23005"_s);
 #ifdef Q_OS_WIN
         const ProgramVersion expected{2, 3, 1005};
 #else
         const ProgramVersion expected{VersionMajor, VersionMinor, VersionRevision};
 #endif
         QCOMPARE(OwnVersion(), expected);
-    }
-
-    void manifestText()
-    {
-        const ManifestFacts facts = {
-            u"Prova"_s, 1, 0, 7, QDate(2003, 2, 1), QDate(2024, 12, 31), QTime(7, 5, 9, 999)};
-        QCOMPARE(ManifestText(facts),
-                 u"[Configuration]\r\nAutorun = Prova.exe\r\nVersione = 1.0.7     (01/02/2003)\r\n"
-                 "Build = 10007\r\nKeyReg = Software\\Dornvale\\ZELT\r\nData = 31/12/2024\r\n"
-                 "Time = 07:05:09\r\n\r\n[FILE]\r\nNUMFILE = 1\r\nFILE1 = Prova.EXE\r\n"_s);
     }
 
     void manifestSwitch()
@@ -139,23 +125,37 @@ private slots:
     /** Without a display, a setting or an update check; what is there is written anew. */
     void writesTheManifestAnywhere()
     {
-        const QString name = u"Saldoro.ini"_s;
+        QVERIFY(QDir().mkdir(u"bin"_s));
+        const QString program =
+            u"bin/"_s + QFileInfo(SaldoroProgram).fileName().replace(u"Saldoro"_s, u"Prova"_s);
+        QVERIFY(QFile::copy(SaldoroProgram, program));
+        QFile file(program);
+        QVERIFY(file.open(QIODevice::Append) &&
+                file.setFileTime(QDateTime({2003, 2, 1}, {12, 0}), QFile::FileModificationTime));
+        file.close();
+        const QString name = u"Prova.ini"_s;
         writeFile(name, QByteArray(5000, 'x'));
         writeFile(updatePath(name), "[Configuration]\nBuild=99999\n");
         const QDateTime before = QDateTime::currentDateTime();
-        QCOMPARE(runWithoutDisplay(u"/ini"_s), u"0, "_s);
+        QCOMPARE(runWithoutDisplay(program, u"/ini"_s), u"0, "_s);
         const QString text = QString::fromUtf8(contentOf(name));
-        const auto written =
-            QDateTime(QDate::fromString(text.section(u"\nData = "_s, 1).left(10), u"dd/MM/yyyy"_s),
-                      QTime::fromString(text.section(u"\nTime = "_s, 1).left(8), u"HH:mm:ss"_s));
+        const QString date = text.section(u"\nData = "_s, 1).left(10);
+        const QString time = text.section(u"\nTime = "_s, 1).left(8);
+        const QDateTime written(QDate::fromString(date, u"dd/MM/yyyy"_s),
+                                QTime::fromString(time, u"HH:mm:ss"_s));
         QVERIFY(before.secsTo(written) >= 0 && written <= QDateTime::currentDateTime());
-        QCOMPARE(text, ManifestText({u"Saldoro"_s, VersionMajor, VersionMinor, VersionRevision,
-                                     QFileInfo(SaldoroProgram).lastModified().date(),
-                                     written.date(), written.time()}));
+        const ProgramVersion version{VersionMajor, VersionMinor, VersionRevision};
+        QCOMPARE(text, u"[Configuration]\r\nAutorun = Prova.exe\r\n"
+                       "Versione = %1.%2.%3     (01/02/2003)\r\nBuild = %4\r\n"
+                       "KeyReg = Software\\Dornvale\\ZELT\r\nData = %5\r\nTime = %6\r\n\r\n"
+                       "[FILE]\r\nNUMFILE = 1\r\nFILE1 = Prova.EXE\r\n"_s.arg(version.major)
+                           .arg(version.minor)
+                           .arg(version.revision)
+                           .arg(BuildText(version), date, time));
         QCOMPARE(QDir().entryList(QDir::Files), QStringList{name});
 
         QVERIFY(QFile::remove(name) && QDir().mkdir(name)); // a folder stands in the way
-        const QString said = runWithoutDisplay(u"/INI"_s);
+        const QString said = runWithoutDisplay(program, u"/INI"_s);
         QVERIFY2(said.startsWith(u"1, Non è possibile scrivere"), qPrintable(said));
         QVERIFY2(said.contains(QDir().absoluteFilePath(name)), qPrintable(said));
     }
@@ -163,8 +163,7 @@ private slots:
     /** Before anything else; the updater is called, or missed, without a form or a ledger. */
     void updateCheck()
     {
-        const auto [major, minor, revision] = OwnVersion();
-        const QString own = BuildText(major, minor, revision);
+        const QString own = BuildText(OwnVersion());
         const QString next = QString::number(own.toInt() + 1);
         for (const auto &[build, update] : {std::pair{u"Build = "_s + next, true},
                                             {u"Build="_s + own + u".5"_s, true},
@@ -185,11 +184,10 @@ private slots:
                                         updater));
                 QVERIFY(QFile::remove(MachinePath(LedgerPath(m_archive->values()))));
                 QVERIFY2(start({}) != update, qPrintable(build));
-                QCOMPARE(m_formsShown, update ? 0 : 1);
                 QCOMPARE(ArchivePathExists(LedgerPath(m_archive->values())), !update);
-                QCOMPARE(m_messages.join(u'|'), update && !isThere
-                                                    ? u"!Il file Updrun2.exe Non è stato trovato"_s
-                                                    : QString());
+                QCOMPARE(m_boxes->messages.join(u'|'),
+                         update && !isThere ? u"!Il file Updrun2.exe Non è stato trovato"_s
+                                            : QString());
                 const QByteArray told = "/F\n" + ProgramName().toUtf8() + '\n';
                 QTRY_COMPARE(contentOf(updater + u".txt"_s),
                              update && isThere ? told : QByteArray("missing"));
@@ -217,18 +215,16 @@ private slots:
         QVERIFY(QFile::rename(ledger, QString(ledger).replace(u"Saldoro.mdb"_s, u"SALDORO.MDB"_s)));
         QVERIFY(start(u"TUSMQDE7W00039"_s));
         QCOMPARE(contentOf(MachinePath(LedgerPath(m_values))), QByteArray("no database"));
-        QCOMPARE(m_formsShown, 2);
     }
 
     void missingFolderEndsTheProgram()
     {
         QCOMPARE(application().run([this] { return start(u"TUSMQDE7W77777"_s); }), 1);
-        QCOMPARE(m_formsShown, 0);
-        QCOMPARE(m_messages.size(), 1);
+        QCOMPARE(m_boxes->messages.size(), 1);
         const QString missing = QDir::toNativeSeparators(MachinePath(ProjectFolder(m_values)));
         for (const QString &part : {u"Saldoro.mdb"_s, u"\"drivers\" di "_s,
                                     u"Non esiste la cartella: "_s + missing + u'\n'})
-            QVERIFY2(m_messages[0].contains(part), qUtf8Printable(m_messages[0]));
+            QVERIFY2(m_boxes->messages[0].contains(part), qUtf8Printable(m_boxes->messages[0]));
         QVERIFY(IsEnding());
     }
 
@@ -236,8 +232,9 @@ private slots:
      */
     void errorInNestedHandlerEndsOnce()
     {
-        ReplaceMessageBoxes([this](MessageKind, const QString &text) {
-            m_messages.append(text);
+        QStringList messages;
+        ReplaceMessageBoxes([&messages](MessageKind, const QString &text) {
+            messages += text;
             QTimer::singleShot(0, qApp, [] { throw OverflowError(u"secondo"_s); });
             QCoreApplication::processEvents();
             throw std::runtime_error("third");
@@ -251,7 +248,7 @@ private slots:
         });
         QTest::ignoreMessage(QtCriticalMsg, "Saldoro: primo\n\nrimedio");
         QCOMPARE(application().run([] { return true; }), 1);
-        QCOMPARE(m_messages, QStringList{u"primo\n\nrimedio"_s});
+        QCOMPARE(messages, QStringList{u"primo\n\nrimedio"_s});
         QCOMPARE(dialogResult, static_cast<int>(QDialog::Rejected));
 
         SetEnding(false); // and without an error: no form, no loop
@@ -278,7 +275,7 @@ private slots:
 private:
     bool start(const QString &tail)
     {
-        return StartUp(m_values, tail, [this] { ++m_formsShown; }).run();
+        return StartUp(m_values).run(tail);
     }
 
     QString updatePath(const QString &name) const
@@ -290,8 +287,7 @@ private:
     ProgramValues m_before;
     std::unique_ptr<QTemporaryDir> m_workingFolder;
     ProgramValues m_values;
-    int m_formsShown = 0;
-    QStringList m_messages;
+    std::unique_ptr<AnsweredBoxes> m_boxes;
 };
 
 int main(int argc, char *argv[])

@@ -226,13 +226,14 @@ int main(int argc, char *argv[])
     ReplaceMessageBoxes(printMessage);
     ProgramValues values;
     FormFlow forms(values);
-    StartUp startUp(values, u"TUSMQDE7W"_s + QString::fromLocal8Bit(argv[1]),
-                    [&forms] { forms.showMainForm(); });
+    StartUp startUp(values);
     const QString pictures = QString::fromLocal8Bit(argv[2]);
     // The tour is over when it returns: there is no loop to be entered.
     return application.run([&] {
-        if (startUp.run())
+        if (startUp.run(u"TUSMQDE7W"_s + QString::fromLocal8Bit(argv[1]))) {
+            forms.showMainForm();
             DemoTour(values, forms, pictures).run();
+        }
         return false;
     });
 }

@@ -19,7 +19,6 @@ Application::Application(int &argc, char **argv)
 {
     // Not the display name: window systems append that to every caption.
     setApplicationName(u"Saldoro"_s);
-    setQuitOnLastWindowClosed(false);
     speakItalian();
 }
 

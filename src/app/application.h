@@ -24,8 +24,8 @@ public:
     Application(int &argc, char **argv);
 
     /**
-     * Runs @p startUp, then the event loop if it returned true, and returns the exit status. The
-     * program ends only by exit(), never by itself because a window closes.
+     * Runs @p startUp, then the event loop if it returned true until the last window has closed,
+     * and returns the exit status.
      */
     int run(const std::function<bool()> &startUp);
 

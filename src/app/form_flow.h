@@ -5,10 +5,8 @@
 
 #include <QObject>
 
-#include <array>
+#include <map>
 #include <memory>
-
-class QWidget;
 
 namespace saldoro {
 
@@ -17,46 +15,38 @@ class FrmPrincipale;
 class InvoiceForm;
 
 /**
- * Owns the forms and ties them together: which form opens on whose signal, what happens to the
- * main form when another one closes, and when nothing is open any more. At most one form of each
- * kind is open; asking for an open one brings it to the front as it is.
+ * Owns the forms and ties them together: which form opens on whose signal, and what happens to the
+ * main form when another one closes. At most one form of each kind is open; asking for an open one
+ * brings it to the front as it is.
  */
 class FormFlow : public QObject
 {
     Q_OBJECT
 
 public:
-    /** @p values must outlive the object. */
+    /** Makes the main form and shows nothing yet. @p values must outlive the object. */
     explicit FormFlow(ProgramValues &values);
     ~FormFlow() override;
 
-    /** Loads and shows the main form, or brings it to the front when it is open. Errors of its
-     *  load pass through. */
+    /** Loads and shows the main form. Errors of its load pass through. */
     void showMainForm();
 
-    /** The forms; none that is not open, save the main form, which once made stays. */
+    /** The forms; none that is not open, save the main form, which is always there. */
     FrmPrincipale *mainForm() const { return m_main.get(); }
     FrmNuovaFattura *chooser() const { return m_chooser.get(); }
-    InvoiceForm *invoiceForm(CreditorKind kind) const;
-
-signals:
-    /** No form is open any more. */
-    void lastFormClosed();
+    InvoiceForm *invoiceForm(CreditorKind kind);
 
 private:
-    void makeMainForm();
     void showChooser();
     void raiseChooser();
     void chooserFinished();
     void showInvoiceForm(CreditorKind kind);
     void invoiceFormUnloaded(CreditorKind kind);
-    void announceLastForm();
-    std::unique_ptr<InvoiceForm> &invoiceSlot(CreditorKind kind);
 
     ProgramValues &m_values;
     std::unique_ptr<FrmPrincipale> m_main;
     std::unique_ptr<FrmNuovaFattura> m_chooser;
-    std::array<std::unique_ptr<InvoiceForm>, 2> m_invoices; ///< by CreditorKind
+    std::map<CreditorKind, std::unique_ptr<InvoiceForm>> m_invoices;
 };
 
 } // namespace saldoro

@@ -1,17 +1,19 @@
 #include "app/install_settings.h"
 
 #include "app/version.h"
+#include "common/archive_folders.h"
 #include "platform/registry.h"
 
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-QString BuildText(int major, int minor, int revision)
+QString BuildText(const ProgramVersion &version)
 {
     constexpr qsizetype revisionDigits = 3;
-    const QString padded = u"000"_s + QString::number(revision);
-    return QString::number(major) + QString::number(minor) + padded.last(revisionDigits);
+    const QString padded = u"000"_s + QString::number(version.revision);
+    return QString::number(version.major) + QString::number(version.minor) +
+           padded.last(revisionDigits);
 }
 
 ProgramVersion OwnVersion()
@@ -21,8 +23,7 @@ ProgramVersion OwnVersion()
 
 void InitInstallSettings(ProgramValues &values)
 {
-    const ProgramVersion version = OwnVersion();
-    values.ProgramBuild = BuildText(version.major, version.minor, version.revision);
+    values.ProgramBuild = BuildText(OwnVersion());
     values.ArchiveRoot =
         ReadRegistryValue(SettingsKey.toString(), ArchiveRootValue.toString()).value_or(QString());
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/archive_folders.h"
+#include "common/program_values.h"
 #include "platform/program_version.h"
 
 #include <QString>
@@ -9,7 +9,7 @@ namespace saldoro {
 
 /** The build text of a version: major and minor as they are, then the last three digits of the
  *  revision, padded with zeros. 1.0.167 gives 10167. */
-QString BuildText(int major, int minor, int revision);
+QString BuildText(const ProgramVersion &version);
 
 /** The version of this program: what its file says of itself, or where files say nothing the one it
  *  was built as. */

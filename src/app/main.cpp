@@ -1,8 +1,10 @@
 #include "app/application.h"
+#include "app/error_report.h"
 #include "app/form_flow.h"
 #include "app/start_up.h"
-#include "app/update_manifest.h"
+#include "app/update_handshake.h"
 #include "common/program_values.h"
+#include "platform/console.h"
 #include "platform/process.h"
 
 #include <QIcon>
@@ -22,6 +24,18 @@ QIcon windowIcon()
     return icon;
 }
 
+/** Without a display an error is said on the standard error stream; returns the exit status. */
+int writeManifest()
+{
+    try {
+        saldoro::WriteUpdateManifest();
+    } catch (const std::exception &error) {
+        saldoro::PrintError(saldoro::ErrorReport(error) + u'\n');
+        return saldoro::Application::ErrorStatus;
+    }
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -32,7 +46,7 @@ int main(int argc, char *argv[])
     const QString tail = saldoro::CommandLineTail(argc, argv);
     if (saldoro::AsksForManifest(tail)) {
         const QCoreApplication application(programOnlyCount, programOnly.data());
-        return saldoro::RunForManifest();
+        return writeManifest();
     }
     saldoro::Application application(programOnlyCount, programOnly.data());
     QGuiApplication::setDesktopFileName(u"saldoro"_s);
@@ -40,8 +54,11 @@ int main(int argc, char *argv[])
 
     saldoro::ProgramValues values;
     saldoro::FormFlow forms(values);
-    saldoro::StartUp startUp(values, tail, [&forms] { forms.showMainForm(); });
-    QObject::connect(&forms, &saldoro::FormFlow::lastFormClosed, &application,
-                     [] { QCoreApplication::exit(0); });
-    return application.run([&startUp] { return startUp.run(); });
+    saldoro::StartUp startUp(values);
+    return application.run([&] {
+        const bool goesOn = startUp.run(tail);
+        if (goesOn)
+            forms.showMainForm();
+        return goesOn;
+    });
 }

@@ -5,7 +5,6 @@
 
 #include <QString>
 
-#include <functional>
 #include <optional>
 
 namespace saldoro {
@@ -15,28 +14,23 @@ namespace saldoro {
 QString ProjectCodeFromTail(const QString &tail);
 
 /**
- * The start-up sequence: settings, update check, project, ledger, main form, in this order. The
+ * What comes before the main form: settings, update check, project, ledger, in this order. The
  * object must live as long as the program, since it keeps the ledger open that it has created.
  */
 class StartUp
 {
 public:
-    /** @param tail the command line behind the program's name, verbatim.
-     *  @param showMainForm loads and shows the main form; called last, unless an update is waiting.
-     */
-    StartUp(ProgramValues &values, QString tail, std::function<void()> showMainForm);
+    /** @p values must outlive the object. */
+    explicit StartUp(ProgramValues &values);
 
-    /** Runs the sequence; true when it came to the main form, without which the program ends.
-     *  Errors of the ledger's creation (no project folder, no right to write) and of the main form
-     *  pass through. */
-    bool run();
+    /** @param tail the command line behind the program's name, verbatim.
+     *  @return whether the main form is to be shown; else an update is waiting, its updater has
+     * been started, and the program is to end. Errors of the ledger's creation (no project folder,
+     * no right to write) pass through. */
+    bool run(const QString &tail);
 
 private:
-    void createLedgerIfMissing();
-
     ProgramValues &m_values;
-    QString m_tail;
-    std::function<void()> m_showMainForm;
     std::optional<Database> m_createdLedger;
 };
 

@@ -34,7 +34,8 @@ QRadioButton *addOption(QBoxLayout &layout, const QString &name, const QString &
 
 } // namespace
 
-FrmNuovaFattura::FrmNuovaFattura()
+FrmNuovaFattura::FrmNuovaFattura(QWidget *owner)
+    : QDialog(owner)
 {
     setObjectName(u"FrmNuovaFattura"_s);
     setWindowTitle(u"Tipo Fattura"_s);

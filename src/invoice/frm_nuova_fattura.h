@@ -17,7 +17,8 @@ class FrmNuovaFattura : public QDialog
     Q_OBJECT
 
 public:
-    FrmNuovaFattura();
+    /** @param owner the form that it stays above. */
+    explicit FrmNuovaFattura(QWidget *owner = nullptr);
 
     /** Does nothing: Esc is no way out. */
     void reject() override;

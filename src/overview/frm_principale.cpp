@@ -61,24 +61,22 @@ void FrmPrincipale::prepareGrids()
 {
     Describe(*m_payments, u"MSFlexGrid1"_s, u"Saldoro effettuati"_s,
              u"Pagamenti già registrati: Invio apre quello scelto, Canc lo elimina"_s);
-    PreparePaymentsList(payments());
     m_payments->setLeastWidth(PaymentColumn::Nr, 400);
     m_payments->setLeastWidth(PaymentColumn::Data, 1000);
     m_payments->setLeastWidth(PaymentColumn::Importo, 1800);
     m_payments->setLeastWidth(PaymentColumn::Euro, 400);
     m_payments->setRestColumn(PaymentColumn::Creditore);
-    payments().setRightAligned({PaymentColumn::Importo});
+    m_payments->table().setRightAligned({PaymentColumn::Importo});
 
     Describe(*m_overview, u"MSFlexGrid2"_s, u"Quadro di disponibilità"_s,
              u"Spesa prevista, pagata e ancora disponibile di ogni voce"_s);
-    PrepareAvailabilityOverview(overview());
     m_overview->setLeastWidth(OverviewColumn::Cod, 400);
     m_overview->setRestColumn(OverviewColumn::Descrizione);
     const QList<int> amounts = {OverviewColumn::Spesa, OverviewColumn::Pagato,
                                 OverviewColumn::Disponibilita};
     for (const int column : amounts)
         m_overview->setLeastWidth(column, 1100);
-    overview().setRightAligned(amounts);
+    m_overview->table().setRightAligned(amounts);
 }
 
 void FrmPrincipale::arrange()
@@ -107,20 +105,10 @@ QLayout *FrmPrincipale::makeButtons()
     connect(nuovo, &QPushButton::clicked, this, &FrmPrincipale::addPayment);
     connect(m_modify, &QPushButton::clicked, this, &FrmPrincipale::CaricaFattura);
     connect(elimina, &QPushButton::clicked, this, &FrmPrincipale::deletePayment);
-    connect(chiudi, &QPushButton::clicked, this, &FrmPrincipale::unload);
-    connect(m_payments, &FlexGrid::cellActivated, this, &FrmPrincipale::activatePayment);
+    connect(chiudi, &QPushButton::clicked, this, &QWidget::close);
+    connect(m_payments, &FlexGrid::cellActivated, this, &FrmPrincipale::CaricaFattura);
     connect(m_payments, &FlexGrid::deletePressed, this, &FrmPrincipale::deletePayment);
     return row;
-}
-
-TextTable &FrmPrincipale::payments()
-{
-    return m_payments->table();
-}
-
-TextTable &FrmPrincipale::overview()
-{
-    return m_overview->table();
 }
 
 const TextTable &FrmPrincipale::overviewTable() const
@@ -132,90 +120,58 @@ void FrmPrincipale::load()
 {
     SetTopMost(*this);
     CentraForm(*this);
-    {
-        PaymentsReader reader(m_values);
-        setWindowTitle(u"SALDORO APPALTO ("_s + m_values.ProjectCode + u')');
-        PrepareAvailabilityOverview(overview());
-        PreparePaymentsList(payments());
-        m_modify->setEnabled(false);
-        reader.fill(payments());
-        m_modify->setEnabled(payments().rows() > 1);
-    }
-    LoadArrayProspettoSaldoro();
-    if (overview().rows() > 1)
-        overview().setRow(1); // the list goes on at its end, this is read from the start
-    m_loaded = true;
+    setWindowTitle(u"SALDORO APPALTO ("_s + m_values.ProjectCode + u')');
+    TextTable &payments = m_payments->table();
+    TextTable &overview = m_overview->table();
+    PrepareAvailabilityOverview(overview);
+    PreparePaymentsList(payments);
+    m_modify->setEnabled(false);
+    FillPaymentsList(payments, m_values);
+    m_modify->setEnabled(payments.rows() > 1);
+    FillAvailabilityOverview(overview, m_values);
+    if (overview.rows() > 1)
+        overview.setRow(1); // the list goes on at its end, this is read from the start
 }
 
-void FrmPrincipale::LoadArrayProspettoSaldoro()
+void FrmPrincipale::writeDocuments()
 {
-    FillAvailabilityOverview(overview(), m_values);
-}
-
-void FrmPrincipale::RefreshProspetto()
-{
-    LoadArrayProspettoSaldoro();
-}
-
-void FrmPrincipale::finish()
-{
-    if (!m_loaded)
-        return;
-    WriteProjectDocuments(m_values, overviewTable());
-    m_loaded = false;
-}
-
-void FrmPrincipale::unload()
-{
-    if (!m_loaded)
-        return;
-    finish();
-    hide();
-    emit unloaded();
+    if (isVisible() && !IsEnding())
+        WriteProjectDocuments(m_values, overviewTable());
 }
 
 void FrmPrincipale::reload()
 {
-    finish();
+    writeDocuments();
     load();
     BringToFront(*this);
     m_payments->setFocus(); // as at any opening, though a form on screen is not hidden in between
 }
 
-void FrmPrincipale::setInUse(bool inUse)
-{
-    if (inUse == isEnabled())
-        return;
-    if (!inUse)
-        m_focusBefore = focusWidget();
-    setEnabled(inUse);
-    if (inUse && m_focusBefore)
-        m_focusBefore->setFocus();
-}
-
 void FrmPrincipale::addPayment()
 {
-    setInUse(false);
-    m_values.CurrentPaymentNumber = payments().rows();
+    m_focusBefore = focusWidget();
+    setEnabled(false);
+    m_values.CurrentPaymentNumber = m_payments->table().rows();
     emit nuovoRequested();
+}
+
+void FrmPrincipale::putBackInUse()
+{
+    setEnabled(true);
+    if (m_focusBefore)
+        m_focusBefore->setFocus();
 }
 
 void FrmPrincipale::CaricaFattura()
 {
-    if (const auto kind = OpenPayment(m_values, payments().row()))
+    if (const auto kind = OpenPayment(m_values, m_payments->table().row()))
         emit openPaymentRequested(*kind);
-}
-
-void FrmPrincipale::activatePayment()
-{
-    if (m_modify->isEnabled())
-        CaricaFattura();
 }
 
 void FrmPrincipale::deletePayment()
 {
-    const int row = payments().row();
-    if (payments().rows() == 1 || !ConfirmDeletion(row))
+    const int row = m_payments->table().row();
+    if (m_payments->table().rows() == 1 || !ConfirmDeletion(row))
         return;
     DeletePayment(m_values, row);
     load();
@@ -231,16 +187,8 @@ void FrmPrincipale::changeEvent(QEvent *event)
 void FrmPrincipale::closeEvent(QCloseEvent *event)
 {
     event->setAccepted(isEnabled() || IsEnding());
-    if (event->isAccepted() && !IsEnding())
-        unload();
-}
-
-void FrmPrincipale::showEvent(QShowEvent *event)
-{
-    QWidget::showEvent(event);
-    if (event->spontaneous())
-        return;
-    m_payments->setFocus();
+    if (event->isAccepted())
+        writeDocuments();
 }
 
 } // namespace saldoro

@@ -4,6 +4,7 @@
 #include "common/archive_folders.h"
 #include "common/date_text.h"
 #include "common/errors.h"
+#include "database/database.h"
 #include "store/ledger_payment.h"
 
 namespace saldoro {
@@ -54,18 +55,14 @@ void PreparePaymentsList(TextTable &payments)
     payments.setHeader({u"Nr"_s, u"Creditore"_s, u"Data"_s, u"importo"_s, u"€"_s});
 }
 
-PaymentsReader::PaymentsReader(const ProgramValues &values)
-    : m_ledger(Database::open(LedgerPath(values)))
-    , m_fatture(m_ledger.openRecordSet(u"SELECT * FROM Fatture ORDER BY Npag "_s))
-    , m_spese(m_ledger.openRecordSet(u"SELECT * FROM Spese"_s))
+void FillPaymentsList(TextTable &payments, const ProgramValues &values)
 {
-}
-
-void PaymentsReader::fill(TextTable &payments)
-{
+    const Database ledger = Database::open(LedgerPath(values));
+    RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture ORDER BY Npag "_s);
+    const RecordSet spese = ledger.openRecordSet(u"SELECT * FROM Spese"_s); // has to be there
     const TextTable::BulkChange change(payments);
-    const LedgerPayment payment(m_fatture);
-    for (; !m_fatture.eof(); m_fatture.moveNext())
+    const LedgerPayment payment(fatture);
+    for (; !fatture.eof(); fatture.moveNext())
         appendRow(payments, payment);
 }
 

@@ -2,7 +2,6 @@
 
 #include "common/program_values.h"
 #include "controls/text_table.h"
-#include "database/database.h"
 
 namespace saldoro {
 
@@ -13,37 +12,20 @@ inline constexpr int Creditore = 1;
 inline constexpr int Data = 2;
 inline constexpr int Importo = 3;
 inline constexpr int Euro = 4;
-inline constexpr int Count = 5;
 } // namespace PaymentColumn
 
 /** Cuts the table down to its header: five columns with their headings. */
 void PreparePaymentsList(TextTable &payments);
 
 /**
- * The payments of the ledger as they go into the list. The ledger is open from the making of a
- * reader to its end; both its tables must be there.
+ * Appends one row for each payment of the ledger to a prepared table, in the order of the numbers;
+ * the current row is the last one afterwards. The amount is gross: with the VAT and, of a
+ * professional only, the other amounts.
+ *
+ * Throws DatabaseError when one of the ledger's tables is missing and for a null in anything but
+ * the kind and the other amounts, and OverflowError; details "Pagamento", and "Riga" and
+ * "Creditore" of a payment without number. The rows before stay.
  */
-class PaymentsReader
-{
-public:
-    /** Throws DatabaseError. */
-    explicit PaymentsReader(const ProgramValues &values);
-
-    /**
-     * Appends one row for each payment to a prepared table, in the order of the numbers; the
-     * current row is the last one afterwards. The amount is gross: with the VAT and, of a
-     * professional only, the other amounts.
-     *
-     * Throws DatabaseError for a null in anything but the kind and the other amounts, and
-     * OverflowError; details "Pagamento", and "Riga" and "Creditore" of a payment without number.
-     * The rows before stay.
-     */
-    void fill(TextTable &payments);
-
-private:
-    Database m_ledger;
-    RecordSet m_fatture;
-    RecordSet m_spese;
-};
+void FillPaymentsList(TextTable &payments, const ProgramValues &values);
 
 } // namespace saldoro

@@ -1,0 +1,83 @@
+#include "app/update_handshake.h"
+
+#include "app/install_settings.h"
+#include "common/archive_folders.h"
+#include "common/date_text.h"
+#include "common/errors.h"
+#include "common/message_box.h"
+#include "common/number_text.h"
+#include "platform/ini_file.h"
+#include "platform/machine_path.h"
+#include "platform/process.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStringList>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString manifestText()
+{
+    const ProgramVersion version = OwnVersion();
+    // The two spellings of the extension are part of the format.
+    const QStringList lines = {
+        u"[Configuration]"_s,
+        u"Autorun = "_s + ProgramName() + u".exe"_s,
+        u"Versione = %1.%2.%3     (%4)"_s.arg(version.major)
+            .arg(version.minor)
+            .arg(version.revision)
+            .arg(FormatData(ProgramFileTime().date())),
+        u"Build = "_s + BuildText(version),
+        u"KeyReg = "_s + SettingsKey.toString(),
+        u"Data = "_s + FormatData(QDate::currentDate()),
+        u"Time = "_s + QTime::currentTime().toString(u"HH:mm:ss"_s),
+        QString(),
+        u"[FILE]"_s,
+        u"NUMFILE = 1"_s,
+        u"FILE1 = "_s + ProgramName() + u".EXE"_s,
+    };
+    return lines.join(u"\r\n"_s) + u"\r\n"_s;
+}
+
+} // namespace
+
+bool AsksForManifest(const QString &tail)
+{
+    return tail.compare(QStringView(u"/INI"), Qt::CaseInsensitive) == 0;
+}
+
+void WriteUpdateManifest()
+{
+    // A manifest of that name in other letter case is the same file to the suite.
+    QSaveFile file(MachinePath(ProgramName() + u".ini"_s));
+    const bool written = file.open(QIODevice::WriteOnly) &&
+                         file.write(manifestText().toLocal8Bit()) >= 0 &&
+                         file.flush() && // committing alone would not notice a full disk
+                         file.commit();
+    if (!written)
+        throw FileError(QFileInfo(file.fileName()).absoluteFilePath(),
+                        u"Non è possibile scrivere il file di aggiornamento."_s,
+                        u"Avviare il programma da una cartella in cui si può "
+                        "scrivere."_s);
+}
+
+bool UpdateIsWaiting(const ProgramValues &values)
+{
+    const QString manifest = UpdateFolder(values) + ProgramName() + u".INI"_s;
+    const QString build = ReadIniString(manifest, u"Configuration"_s, u"Build"_s);
+    return LeadingNumber(build) > LeadingNumber(values.ProgramBuild);
+}
+
+void RunUpdater(const ProgramValues &values)
+{
+    const QString updater = UpdateFolder(values) + u"Updrun2.EXE"_s;
+    if (!StartDetached(updater, {u"/F"_s, ProgramName()}))
+        ShowMessage(MessageKind::Critical, u"Il file Updrun2.exe Non è stato trovato"_s);
+}
+
+} // namespace saldoro

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "common/program_values.h"
+
+#include <QString>
+
+namespace saldoro {
+
+/*
+ * Programs and updater of the suite meet in the update folder: each program can describe itself in
+ * a manifest, and hands over to the updater when the manifest there states a newer build.
+ */
+
+/** Whether the command line behind the program's name asks for the manifest and nothing else:
+ *  "/INI", in any letter case. */
+bool AsksForManifest(const QString &tail);
+
+/** Writes the manifest of the running program, <name>.ini, into the current working directory in
+ *  place of one that is there. It needs no display, settings or project. Throws FileError when it
+ *  can't be written. */
+void WriteUpdateManifest();
+
+/** Whether the manifest in the update folder, if there is one, states a newer build than this
+ *  program's. Builds are compared as numbers: 9999 is older than 10167. */
+bool UpdateIsWaiting(const ProgramValues &values);
+
+/** Starts the suite's updater for this program and does not wait for it. When it can't be started
+ *  a message says so; either way the caller is to end the program. */
+void RunUpdater(const ProgramValues &values);
+
+} // namespace saldoro

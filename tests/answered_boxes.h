@@ -1,0 +1,33 @@
+#pragma once
+
+#include "common/message_box.h"
+
+#include <QStringList>
+
+namespace saldoro {
+
+/** As long as one lives, message boxes are answered at once and their texts kept, those with a stop
+ *  sign after a "!". */
+class AnsweredBoxes
+{
+public:
+    AnsweredBoxes()
+        : m_before(ReplaceMessageBoxes([this](MessageKind kind, const QString &text) {
+            messages += (kind == MessageKind::Critical ? QStringLiteral("!") : QString()) + text;
+            return kind == MessageKind::Question ? answer : MessageAnswer::Ok;
+        }))
+    {
+    }
+    ~AnsweredBoxes() { ReplaceMessageBoxes(m_before); }
+    AnsweredBoxes(const AnsweredBoxes &) = delete;
+    AnsweredBoxes &operator=(const AnsweredBoxes &) = delete;
+
+    QStringList messages;
+    /** To questions. */
+    MessageAnswer answer = MessageAnswer::No;
+
+private:
+    MessageAnswerer m_before;
+};
+
+} // namespace saldoro
