@@ -52,14 +52,16 @@ private slots:
         row("backspace over a slash", {}, u"123BB4"_s, u"14/__/____"_s);
         row("backspace in the middle", date, u"HRRRRRB0"_s, u"25/10/2003"_s);
         row("delete from the start on", date, u"HDDD3"_s, u"3_/_2/2003"_s);
-        row("end of what is written", {}, u"12HE3"_s, u"12/3_/____"_s);
         row("selection deleted", date, u"HSSSD"_s, u"__/12/2003"_s);
         row("selection typed over", date, u"A3"_s, u"3_/__/____"_s);
-        row("a slash leaves the selection", date, u"A//"_s, date);
+        row("a slash leaves the selection", date, u"A/3"_s, u"3_/__/____"_s);
         row("letters leave the selection", date, u"Ax3"_s, u"3_/__/____"_s);
         row("no date, typed over", u"non nota"_s, u"E1"_s, u"1_/__/____"_s);
         row("cut", date, u"AX"_s, u"__/__/____"_s);
         row("nearly a date", u"1/2/2003"_s, u"EB"_s, u"__/__/____"_s);
+        row("nearly a date, typed over", u"1/2/2003"_s, u"A1/3"_s, u"01/3_/____"_s);
+        row("the same digits again", date, u"A25/1"_s, u"25/1_/____"_s);
+        row("behind empty places", u"12/__/____"_s, u"E3"_s, u"12/3_/____"_s);
     }
 
     void keys()

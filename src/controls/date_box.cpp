@@ -99,32 +99,29 @@ private:
 class DateMask : public QValidator
 {
 public:
-    DateMask(const QString &shown, QObject *parent)
+    /** @param before what is shown while nothing changes, and where a change would begin */
+    DateMask(const QString &before, const int &start, QObject *parent)
         : QValidator(parent)
-        , m_shown(shown)
+        , m_before(before)
+        , m_start(start)
     {
     }
 
     State validate(QString &text, int &cursor) const override
     {
-        if (text == m_shown || isMaskText(text))
+        if (text == m_before || isMaskText(text)) // the toolkit also asks about what it was given
             return Acceptable;
         // What stood from first to last has given way to what stands before the cursor now.
-        const qsizetype behind = text.size() - cursor;
-        const qsizetype last = std::max<qsizetype>(m_shown.size() - behind, 0);
-        const auto *const same = std::mismatch(text.cbegin(), text.cbegin() + cursor,
-                                               m_shown.cbegin(), m_shown.cbegin() + last)
-                                     .first;
-        const qsizetype first = same - text.cbegin();
-        const QString written = text.sliced(first, cursor - first);
-        const QString typed = written.trimmed();
-        if (!isTypeable(typed) || (typed.isEmpty() && !written.isEmpty()))
+        const qsizetype first = std::min(m_start, cursor);
+        const qsizetype last = m_before.size() - (text.size() - cursor);
+        const QString typed = text.sliced(first, cursor - first).trimmed();
+        if (!isTypeable(typed))
             return Invalid;
-        MaskText mask{m_shown, first};
-        if (isWholeDate(typed) || !isMaskText(m_shown))
+        MaskText mask{m_before, first};
+        if (isWholeDate(typed) || !isMaskText(m_before))
             mask = {EmptyDateText.toString(), 0};
-        else if (typed.isEmpty() || std::any_of(typed.begin(), typed.end(), isDigit))
-            mask.erase(first, last); // a "/" alone takes no date away
+        else
+            mask.erase(first, last);
         for (const QChar character : typed)
             mask.type(character);
         text = mask.text;
@@ -133,7 +130,8 @@ public:
     }
 
 private:
-    const QString &m_shown;
+    const QString &m_before;
+    const int &m_start;
 };
 
 } // namespace
@@ -141,21 +139,25 @@ private:
 DateBox::DateBox(QWidget *parent)
     : QLineEdit(parent)
 {
-    setValidator(new DateMask(m_shown, this));
+    setValidator(new DateMask(m_before, m_start, this));
     setDateText({});
     setInputMethodHints(Qt::ImhDate | Qt::ImhPreferNumbers | Qt::ImhNoPredictiveText);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAcceptDrops(false);
-    connect(this, &QLineEdit::textChanged, this, [this](const QString &text) {
-        m_shown = text;
-        updateGeometry();
-    });
+    const auto remember = [this] {
+        m_before = text();
+        m_start = hasSelectedText() ? selectionStart() : cursorPosition();
+    };
+    connect(this, &QLineEdit::textChanged, this, remember);
+    connect(this, &QLineEdit::cursorPositionChanged, this, remember);
+    connect(this, &QLineEdit::selectionChanged, this, remember);
+    connect(this, &QLineEdit::textChanged, this, &QWidget::updateGeometry);
 }
 
 void DateBox::setDateText(const QString &text)
 {
-    m_shown = text.isEmpty() ? EmptyDateText.toString() : text;
-    setText(m_shown);
+    m_before = text.isEmpty() ? EmptyDateText.toString() : text;
+    setText(m_before);
     setCursorPosition(0);
 }
 
@@ -183,7 +185,9 @@ void DateBox::keyPressEvent(QKeyEvent *event)
 {
     const QString typed = event->text();
     const bool isCommand = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
-    if (!isCommand && !typed.isEmpty() && typed.front().isPrint() && !isTypeable(typed)) {
+    // What the mask has no place for, and a "/" alone, take no selected date away.
+    const bool isRefused = !isTypeable(typed) || (typed == u"/" && hasSelectedText());
+    if (!isCommand && !typed.isEmpty() && typed.front().isPrint() && isRefused) {
         event->ignore();
         return;
     }

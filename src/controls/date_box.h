@@ -35,7 +35,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    QString m_shown; ///< what the mask finds before a change
+    QString m_before; ///< what the next change finds
+    int m_start = 0;  ///< and where it begins
 };
 
 } // namespace saldoro

@@ -31,8 +31,10 @@ public:
     {
         qreal width = 0;
         for (const QChar letter : text) {
+            if (letter.unicode() >= m_letters.size())
+                m_letters.resize(letter.unicode() + 1, unknown);
             qreal &known = m_letters[letter.unicode()];
-            if (known < 0)
+            if (known == unknown)
                 known = m_metrics.horizontalAdvance(letter);
             width += known;
         }
@@ -41,7 +43,8 @@ public:
 
 private:
     QFontMetricsF m_metrics;
-    std::vector<qreal> m_letters = std::vector<qreal>(0x10000, -1); ///< below 0: not measured yet
+    static constexpr qreal unknown = -1;
+    std::vector<qreal> m_letters; ///< up to the highest one met
 };
 
 } // namespace
