@@ -171,9 +171,7 @@ private:
             table.setText(row, 0, QString::number(row));
             table.setText(row, 2, u"1.000,00"_s);
         }
-        m_grid->setLeastWidth(0, 400);
-        m_grid->setRestColumn(1);
-        m_grid->setLeastWidth(2, 1100);
+        m_grid->setWidths({400, FlexGrid::Rest, 1100});
         table.setRightAligned({2});
         m_window->resize(600, 400);
         m_window->show();

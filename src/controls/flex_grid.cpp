@@ -100,15 +100,12 @@ void FlexGrid::setUpSelection()
     setFocusPolicy(Qt::StrongFocus);
 }
 
-void FlexGrid::setLeastWidth(int column, int twips)
+void FlexGrid::setWidths(const QList<int> &twips)
 {
-    m_leastWidths[column] = TwipsToPixels(twips, *this);
-    fitColumns();
-}
-
-void FlexGrid::setRestColumn(int column)
-{
-    m_restColumn = column;
+    m_restColumn = static_cast<int>(twips.indexOf(Rest));
+    m_leastWidths.clear();
+    for (const int width : twips)
+        m_leastWidths += width == Rest ? 0 : TwipsToPixels(width, *this);
     measureAll();
 }
 

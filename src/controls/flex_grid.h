@@ -2,7 +2,6 @@
 
 #include "controls/text_table.h"
 
-#include <QMap>
 #include <QTableView>
 
 namespace saldoro {
@@ -41,10 +40,11 @@ public:
     TextTable &table() { return m_table; }
     const TextTable &table() const { return m_table; }
 
-    /** Least width of a column in twips. */
-    void setLeastWidth(int column, int twips);
-    /** The column that takes the grid's width minus the others' and minus a margin of 400 twips. */
-    void setRestColumn(int column);
+    /** In place of a column's width: it takes the grid's width minus the others' and minus a margin
+     *  of 400 twips. */
+    static constexpr int Rest = -1;
+    /** Least widths of the columns in twips, of which one may be Rest. */
+    void setWidths(const QList<int> &twips);
 
     /** Brings a cell into sight; where rows are selected, without moving sideways. */
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
@@ -82,7 +82,7 @@ private:
 
     Selection m_selection;
     TextTable m_table;
-    QMap<int, int> m_leastWidths; ///< pixels
+    QList<int> m_leastWidths; ///< pixels
     int m_restColumn = -1;
     QList<int> m_textWidths; ///< pixels of each column's widest text, of the rest column's heading
 };

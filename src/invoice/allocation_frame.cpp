@@ -104,9 +104,7 @@ void AllocationFrame::addGrid()
     Describe(*m_grid, u"MSFlexGrid1"_s, u"Conti di Spesa"_s,
              u"Voci di spesa su cui è ripartito il pagamento; Invio o doppio clic "
              u"sull'importo per modificarlo"_s);
-    m_grid->setLeastWidth(AllocationColumn::Cod, codTwips);
-    m_grid->setLeastWidth(AllocationColumn::Importo, importoTwips);
-    m_grid->setRestColumn(AllocationColumn::Descrizione);
+    m_grid->setWidths({codTwips, FlexGrid::Rest, importoTwips});
     m_grid->table().setRightAligned({AllocationColumn::Importo});
     m_grid->setMinimumSize(leastVisibleCharacters * fontMetrics().averageCharWidth(),
                            leastVisibleRows * 2 * fontMetrics().height());

@@ -61,22 +61,14 @@ void FrmPrincipale::prepareGrids()
 {
     Describe(*m_payments, u"MSFlexGrid1"_s, u"Saldoro effettuati"_s,
              u"Pagamenti già registrati: Invio apre quello scelto, Canc lo elimina"_s);
-    m_payments->setLeastWidth(PaymentColumn::Nr, 400);
-    m_payments->setLeastWidth(PaymentColumn::Data, 1000);
-    m_payments->setLeastWidth(PaymentColumn::Importo, 1800);
-    m_payments->setLeastWidth(PaymentColumn::Euro, 400);
-    m_payments->setRestColumn(PaymentColumn::Creditore);
+    m_payments->setWidths({400, FlexGrid::Rest, 1000, 1800, 400});
     m_payments->table().setRightAligned({PaymentColumn::Importo});
 
     Describe(*m_overview, u"MSFlexGrid2"_s, u"Quadro di disponibilità"_s,
              u"Spesa prevista, pagata e ancora disponibile di ogni voce"_s);
-    m_overview->setLeastWidth(OverviewColumn::Cod, 400);
-    m_overview->setRestColumn(OverviewColumn::Descrizione);
-    const QList<int> amounts = {OverviewColumn::Spesa, OverviewColumn::Pagato,
-                                OverviewColumn::Disponibilita};
-    for (const int column : amounts)
-        m_overview->setLeastWidth(column, 1100);
-    m_overview->table().setRightAligned(amounts);
+    m_overview->setWidths({400, FlexGrid::Rest, 1100, 1100, 1100});
+    m_overview->table().setRightAligned(
+        {OverviewColumn::Spesa, OverviewColumn::Pagato, OverviewColumn::Disponibilita});
 }
 
 void FrmPrincipale::arrange()

@@ -4,9 +4,8 @@
 #include "common/date_text.h"
 #include "common/errors.h"
 
-#include <QStringView>
-
-#include <utility>
+#include <QRegularExpression>
+#include <QStringList>
 
 namespace saldoro {
 
@@ -16,13 +15,8 @@ namespace {
 
 QString withoutOuterBlanks(const QString &text)
 {
-    qsizetype first = 0;
-    qsizetype end = text.size();
-    while (first < end && text[first] == u' ')
-        ++first;
-    while (end > first && text[end - 1] == u' ')
-        --end;
-    return text.sliced(first, end - first);
+    static const QRegularExpression outerBlanks(u"^ +| +\\z"_s);
+    return QString(text).remove(outerBlanks);
 }
 
 QString title(const LedgerPayment &payment)
@@ -32,78 +26,43 @@ QString title(const LedgerPayment &payment)
            u" del "_s + (day.isNull() ? QString() : FormatData(day.date()));
 }
 
-/** A statement under way, taking its lines from the current payment. */
-class Lines
+QString amount(const LedgerPayment &payment, PaymentField field)
 {
-public:
-    explicit Lines(const LedgerPayment &payment)
-        : m_payment(payment)
-    {
-        constexpr qsizetype usualLength = 768;
-        m_text.reserve(usualLength);
-    }
-
-    void add(QStringView label, const QString &value = {})
-    {
-        m_text += label;
-        m_text += value;
-        m_text += u"\r\n";
-    }
-    void addText(QStringView label, PaymentField field)
-    {
-        add(label, m_payment.field(field).textOrEmpty());
-    }
-    void addAmount(QStringView label, Currency amount) { add(label, FormatImporto(amount)); }
-    void addAmount(QStringView label, PaymentField field)
-    {
-        addAmount(label, m_payment.field(field).currency());
-    }
-
-    /** The whole statement, the payment's note being the last line. */
-    QString takeWithNote()
-    {
-        m_text += m_payment.field(PaymentField::Memo).textOrEmpty();
-        return std::move(m_text);
-    }
-
-private:
-    const LedgerPayment &m_payment;
-    QString m_text;
-};
-
-void addProfessional(Lines &lines, const LedgerPayment &payment)
-{
-    lines.addAmount(u"Altri Importi ..............: ", payment.otherAmounts());
-    lines.add(u"Elenco analitico voci spesa ");
-    lines.addAmount(u"  Importo Prestazione ......: ", PaymentField::ImportoPrest);
-    lines.addAmount(u"  Contributo pre.le 4% .....: ", PaymentField::Contributo);
-    lines.addAmount(u"  Cassa Previdenza 2% ......: ", PaymentField::CassaPrev);
-    lines.addAmount(u"  Iva lavori ...............: ", PaymentField::ImportoIVA);
-    lines.addAmount(u"  Importo R.A. .............: ", PaymentField::ImportoRA);
-    lines.add(u"  Note ..:");
+    return FormatImporto(payment.field(field).currency());
 }
 
-void addCompany(Lines &lines)
+QStringList professionalLines(const LedgerPayment &payment)
 {
-    lines.add(u"Elenco analitico voci spesa ");
-    lines.addAmount(u"  Importo lavori ...........: ", PaymentField::Importo);
-    lines.addAmount(u"  Iva lavori ...............: ", PaymentField::ImportoIVA);
-    lines.add(u"Note ..:");
+    return {u"Altri Importi ..............: "_s + FormatImporto(payment.otherAmounts()),
+            u"Elenco analitico voci spesa "_s,
+            u"  Importo Prestazione ......: "_s + amount(payment, PaymentField::ImportoPrest),
+            u"  Contributo pre.le 4% .....: "_s + amount(payment, PaymentField::Contributo),
+            u"  Cassa Previdenza 2% ......: "_s + amount(payment, PaymentField::CassaPrev),
+            u"  Iva lavori ...............: "_s + amount(payment, PaymentField::ImportoIVA),
+            u"  Importo R.A. .............: "_s + amount(payment, PaymentField::ImportoRA),
+            u"  Note ..:"_s};
+}
+
+QStringList companyLines(const LedgerPayment &payment)
+{
+    return {u"Elenco analitico voci spesa "_s,
+            u"  Importo lavori ...........: "_s + amount(payment, PaymentField::Importo),
+            u"  Iva lavori ...............: "_s + amount(payment, PaymentField::ImportoIVA),
+            u"Note ..:"_s};
 }
 
 QString statement(const LedgerPayment &payment, Currency gross)
 {
-    Lines lines(payment);
-    lines.add(u"Numero Pagamento ...........: ", payment.field(PaymentField::Npag).text());
-    lines.addText(u"Creditore ..................: ", PaymentField::Creditore);
-    lines.addText(u"Descrizione ................: ", PaymentField::Descrizione);
-    lines.add(u"Titolo (fattura) ...........: ", title(payment));
-    lines.addAmount(u"Importo totale pagato ......: ", gross);
-    if (payment.isProfessional())
-        addProfessional(lines, payment);
-    else
-        addCompany(lines);
-    return lines.takeWithNote();
+    const auto text = [&](PaymentField field) { return payment.field(field).textOrEmpty(); };
+    QStringList lines{u"Numero Pagamento ...........: "_s +
+                          payment.field(PaymentField::Npag).text(),
+                      u"Creditore ..................: "_s + text(PaymentField::Creditore),
+                      u"Descrizione ................: "_s + text(PaymentField::Descrizione),
+                      u"Titolo (fattura) ...........: "_s + title(payment),
+                      u"Importo totale pagato ......: "_s + FormatImporto(gross)};
+    lines += payment.isProfessional() ? professionalLines(payment) : companyLines(payment);
+    lines += text(PaymentField::Memo);
+    return lines.join(u"\r\n"_s);
 }
 
 } // namespace
