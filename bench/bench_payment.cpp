@@ -35,6 +35,8 @@ BenchPayment::BenchPayment(const ProgramValues &values, qint32 number, int alloc
     , m_noteKey(VoceMandato(values, number).toUtf8())
     , m_grid(AllocationColumn::Count)
 {
+    m_record.kind = CreditorKind::Professional;
+    m_record.number = number;
     m_record.creditore = u"ing. Niccolò D'Amìco"_s;
     m_record.nFat = u"12/2025"_s;
     m_record.del = u"15/03/2025"_s;
@@ -42,15 +44,15 @@ BenchPayment::BenchPayment(const ProgramValues &values, qint32 number, int alloc
     m_record.memo = u"Pratica n. 7\r\nVisto dell'ufficio"_s;
     m_record.mandato = u"1208"_s;
     m_record.mandatoDell = u"20/03/2025"_s;
-    for (int position = 0; position < m_amounts.fields().size(); ++position)
-        m_texts.setText(position, u"1.000,00"_s);
+    for (const AmountField &field : ProfessionalAmounts().fields)
+        m_record.amounts.setText(field.amount, u"1.000,00"_s);
     for (int item = 1; item <= allocations; ++item)
         appendAllocation(m_grid, item);
 }
 
 void BenchPayment::save()
 {
-    SavePagamento(m_values, {CreditorKind::Professional, m_number}, m_record, m_amounts, m_grid);
+    SavePagamento(m_values, m_record, m_grid);
 }
 
 void BenchPayment::remove()

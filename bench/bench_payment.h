@@ -4,9 +4,6 @@
 #include "common/program_values.h"
 #include "controls/text_table.h"
 #include "invoice/payment_record.h"
-#include "invoice/professional_amounts.h"
-
-#include <QMap>
 
 #include <vector>
 
@@ -34,17 +31,6 @@ public:
     void clear();
 
 private:
-    /** The boxes of the amounts. */
-    class Texts : public AmountTexts
-    {
-    public:
-        QString text(int position) const override { return m_texts.value(position); }
-        void setText(int position, const QString &text) override { m_texts[position] = text; }
-
-    private:
-        QMap<int, QString> m_texts;
-    };
-
     void writeLedger(BareFile &ledger);
     void writeNote(BareFile &contract);
     qint64 readCode() const;
@@ -53,8 +39,6 @@ private:
     qint32 m_number;
     QByteArray m_noteKey;
     PaymentRecord m_record;
-    Texts m_texts;
-    ProfessionalAmounts m_amounts{m_texts};
     TextTable m_grid;
     qint64 m_paymentRow = 0;
     qint64 m_noteRow = 0;

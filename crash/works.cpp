@@ -40,20 +40,23 @@ auto writing(const QStringList &writes)
 /** As a form that shows the same amount everywhere and allocates to the items A3 to A6. */
 void save(ProgramValues &values, CreditorKind kind, int number)
 {
-    HeldForm form(kind);
-    form.record = {u"Creditore d'Oro"_s, u"12/B"_s, u"05/06/2021"_s, u"Acconto"_s,
-                   u"Riga\nriga"_s,      u"44"_s,   u"__/__/____"_s};
-    for (int field = 0; field < form.amounts->fields().size(); ++field)
-        form.texts.setText(field, form.amounts->fields()[field].role == AmountRole::Rate
-                                      ? u"22.5"_s
-                                      : u"1.234,56"_s);
+    HeldForm form(kind, number);
+    form.record.creditore = u"Creditore d'Oro"_s;
+    form.record.nFat = u"12/B"_s;
+    form.record.del = u"05/06/2021"_s;
+    form.record.descrizione = u"Acconto"_s;
+    form.record.memo = u"Riga\nriga"_s;
+    form.record.mandato = u"44"_s;
+    for (const AmountField &field : form.chain().fields)
+        form.record.amounts.setText(field.amount,
+                                    field.role == AmountRole::Rate ? u"22.5"_s : u"1.234,56"_s);
     form.grid.setRows(5);
     for (int row = 1; row <= 4; ++row) {
         const QStringList cells = {u"A%1"_s.arg(row + 2), u"Voce di spesa"_s, u"%1,10"_s.arg(row)};
         for (int column = 0; column < 3; ++column)
             form.grid.setText(row, column, cells[column]);
     }
-    form.save(values, number);
+    form.save(values);
 }
 
 /** The writes of save(): payment, allocations, note. The items up to @p lastKnown are allocated. */
@@ -83,12 +86,12 @@ QStringList savingWrites(int number, const QString &newPayment, const QString &o
 /** "Elimina" of an invoice form that shows payment 2, on the item A3. */
 void removeAllocation(ProgramValues &values)
 {
-    HeldForm form(CreditorKind::Professional);
-    form.load(values, 2);
+    HeldForm form(CreditorKind::Professional, 2);
+    form.load(values);
     for (int row = 1; row < form.grid.rows(); ++row) {
         form.grid.setRow(row);
         if (form.grid.text(row, AllocationColumn::Cod) == "A3"_L1)
-            return form.block.deleteCurrentRow(values, 2);
+            return DeleteCurrentRow(form.grid, values, 2);
     }
 }
 

@@ -16,15 +16,16 @@ void perform(HeldForm &form, const QString &step)
     static const QRegularExpression parts(u"^(\\w+)([=:]?)(.*)$"_s);
     const QRegularExpressionMatch match = parts.match(step);
     int field = 0;
-    while (form.amounts->fields().at(field).objectName != match.captured(1))
+    while (form.chain().fields.at(field).objectName != match.captured(1))
         ++field;
+    const Amount amount = form.chain().fields.at(field).amount;
     const bool withFocus = match.captured(2) != u":";
     if (withFocus)
-        form.amounts->entered(field);
+        form.record.amounts.makePlain(amount);
     if (match.hasCaptured(2) && !match.captured(2).isEmpty())
-        form.texts.setText(field, match.captured(3));
+        form.record.amounts.setText(amount, match.captured(3));
     if (withFocus)
-        form.amounts->left(field);
+        form.chain().leave(form.record.amounts, amount);
 }
 
 /** Carries out a script: each step and what all fields show after it. */

@@ -1,7 +1,7 @@
 #include "common/errors.h"
 #include "controls/flex_grid.h"
 #include "form_driver.h"
-#include "held_form.h"
+#include "invoice/allocation_block.h"
 #include "overview_probe.h"
 
 #include <QListWidget>
@@ -29,33 +29,37 @@ private slots:
 
     void codesThatLookAlike()
     {
-        HeldForm form(CreditorKind::Company);
+        TextTable items(5);
+        TextTable grid;
+        PrepareAllocations(grid);
         for (const QString &code : {u"B1"_s, u" b1 "_s, u"Q7654321"_s})
-            AddRow(form.overview, {code, u"voce"_s, {}, {}, u"-1,00"_s});
-        const QStringList all{u"B1   voce L.-1,00"_s, u"b1   voce L.-1,00"_s,
-                              u"Q7654321voce L.-1,00"_s};
-        QCOMPARE(form.block.openPickList(), all);
-        form.block.pick(0);
+            AddRow(items, {code, u"voce"_s, {}, {}, u"-1,00"_s});
+        const auto offered = [&] {
+            QString lines;
+            for (const OfferedItem &item : ItemsOnOffer(items, grid))
+                lines += item.line + u';';
+            return lines;
+        };
+        const auto insert = [&](int line) {
+            BeginInsertion(grid);
+            return PickItem(grid, ItemsOnOffer(items, grid).at(line));
+        };
+        const QString rest = u"b1   voce L.-1,00;Q7654321voce L.-1,00;"_s;
+        QCOMPARE(offered(), u"B1   voce L.-1,00;"_s + rest);
+        insert(0);
         // Another letter case is another item; a code cut to five characters is offered again.
-        QCOMPARE(form.block.openPickList(), all.mid(1));
-        form.block.pick(1);
-        QCOMPARE(form.grid.text(2, 0), u"Q7654"_s);
-        QCOMPARE(form.block.openPickList(), all.mid(1));
-        QVERIFY(!form.block.CekCodCaricato(u" B1"_s));
-        QVERIFY_THROWS_EXCEPTION(BoundsError, form.block.pick(2));
-    }
-
-    void pickListHas201Lines()
-    {
-        HeldForm form(CreditorKind::Company);
-        for (int item = 0; item < 202; ++item)
-            AddRow(form.overview, {u"V%1"_s.arg(item)});
-        QVERIFY_THROWS_EXCEPTION(BoundsError, form.block.openPickList());
-        QCOMPARE(form.grid.rows(), 1);
-        form.overview.setRows(202); // header and 201 items
-        QCOMPARE(form.block.openPickList().size(), 201);
-        form.block.pick(200);
-        QCOMPARE(form.grid.text(1, 0), u"V200"_s);
+        QCOMPARE(offered(), rest);
+        insert(1);
+        QCOMPARE(grid.text(2, 0), u"Q7654"_s);
+        QCOMPARE(offered(), rest);
+        QVERIFY(!CekCodCaricato(grid, u" B1"_s));
+        while (items.rows() <= 202) // the header, and more items than a list holds
+            AddRow(items, {u"V%1"_s.arg(items.rows())});
+        QCOMPARE(ItemsOnOffer(items, grid).size(), 201);
+        QVERIFY(insert(200));
+        AddRow(items, {u"V1"_s});
+        AddRow(items, {u"V2"_s});
+        QVERIFY_THROWS_EXCEPTION(BoundsError, ItemsOnOffer(items, grid));
     }
 
     void insertsByKeyboard()

@@ -1,10 +1,10 @@
 #include "invoice/allocation_frame.h"
 
 #include "common/amount_text.h"
-#include "controls/buttons.h"
+#include "common/message_box.h"
 #include "controls/flex_grid.h"
 #include "controls/held_key.h"
-#include "invoice/amount_fields.h"
+#include "invoice/allocation_total.h"
 #include "invoice/form_fields.h"
 #include "invoice/popup_list.h"
 
@@ -27,17 +27,19 @@ constexpr int leastVisibleCharacters = 56;
 
 } // namespace
 
-AllocationFrame::AllocationFrame(const QString &caption, const Sources &sources, FormFields &fields,
-                                 QWidget *form)
+AllocationFrame::AllocationFrame(const QString &caption, const TextTable &overview,
+                                 const ProgramValues &values, qint32 paymentNumber,
+                                 FormFields &fields, QWidget *form)
     : QGroupBox(caption, form)
-    , m_values(sources.values)
+    , m_overview(overview)
+    , m_values(values)
+    , m_paymentNumber(paymentNumber)
     , m_fields(fields)
     , m_grid(new FlexGrid(FlexGrid::Selection::Cell, this))
     , m_editor(new QLineEdit(m_grid->viewport()))
     , m_list(new PopupList(form))
     , m_invoiceTotal(new QLabel(this))
     , m_total(new QLineEdit(this))
-    , m_block(sources.overview, m_grid->table())
 {
     setObjectName(u"Frame2"_s);
     addGrid();
@@ -57,23 +59,14 @@ TextTable &AllocationFrame::table()
     return m_grid->table();
 }
 
-void AllocationFrame::prepare(qint32 paymentNumber)
+void AllocationFrame::RecalcAllocationTotal()
 {
-    m_paymentNumber = paymentNumber;
-    m_editor->hide();
-    m_list->hide();
-    m_block.prepareGrid();
+    m_total->setText(AllocationTotal(table()));
 }
 
-void AllocationFrame::recalculate()
+QString AllocationFrame::totalText() const
 {
-    m_block.RecalcAllocationTotal();
-    showTotal();
-}
-
-void AllocationFrame::showInvoiceTotal(const QString &text)
-{
-    m_invoiceTotal->setText(text);
+    return m_total->text();
 }
 
 bool AllocationFrame::eventFilter(QObject *watched, QEvent *event)
@@ -100,16 +93,16 @@ void AllocationFrame::resizeEvent(QResizeEvent *event)
 
 void AllocationFrame::addGrid()
 {
-    m_block.prepareGrid();
+    PrepareAllocations(table());
     Describe(*m_grid, u"MSFlexGrid1"_s, u"Conti di Spesa"_s,
              u"Voci di spesa su cui è ripartito il pagamento; Invio o doppio clic "
              u"sull'importo per modificarlo"_s);
     m_grid->setWidths({codTwips, FlexGrid::Rest, importoTwips});
-    m_grid->table().setRightAligned({AllocationColumn::Importo});
+    table().setRightAligned({AllocationColumn::Importo});
     m_grid->setMinimumSize(leastVisibleCharacters * fontMetrics().averageCharWidth(),
                            leastVisibleRows * 2 * fontMetrics().height());
     connect(m_grid, &FlexGrid::cellActivated, this, [this] {
-        if (m_fields.focus().moveTo(*m_grid) && m_block.isCurrentCellEditable())
+        if (m_fields.moveTo(*m_grid) && table().column() == AllocationColumn::Importo)
             openEditor();
     });
 }
@@ -122,43 +115,33 @@ void AllocationFrame::addEditor()
     m_editor->setFrame(false);
     m_editor->hide();
     m_editor->installEventFilter(this);
-    connect(m_editor, &QLineEdit::returnPressed, this, &AllocationFrame::editorConfirmed);
-    const auto entered = [this] {
-        m_block.editorEntered();
-        m_editor->selectAll();
-    };
-    m_fields.focus().watch(*m_editor, entered, [this] {
-        editorLeft();
-        return Leaving::Allowed;
-    });
+    connect(m_editor, &QLineEdit::returnPressed, this, [this] { m_fields.moveTo(*m_grid); });
+    m_fields.watch(
+        *m_editor, [this] { m_editedRow = table().row(); }, [this] { editorLeft(); });
 }
 
 void AllocationFrame::addPickList()
 {
     Describe(*m_list, u"List1"_s, u"Voci di spesa"_s,
-             u"Frecce e Invio, o un clic, per scegliere la voce di spesa; Esc per "
-             u"rinunciare"_s);
-    connect(m_list, &PopupList::picked, this, &AllocationFrame::itemPicked);
-    connect(m_list, &PopupList::dismissed, m_grid, [this] { m_fields.focus().moveTo(*m_grid); });
-    m_fields.focus().watch(*m_list, {}, [this] {
-        pickListLeft();
-        return Leaving::Allowed;
+             u"Frecce e Invio, o un clic, per scegliere la voce di spesa; Esc per rinunciare"_s);
+    connect(m_list, &PopupList::answered, this, &AllocationFrame::itemPicked);
+    m_fields.watch(*m_list, {}, [this] {
+        EndInsertion(table());
+        m_list->hide();
     });
 }
 
-QBoxLayout *AllocationFrame::makeButtons()
+QLayout *AllocationFrame::makeButtons()
 {
-    QPushButton *insert =
-        new PromptButton(u"Command3"_s, u"&Inserisci"_s,
-                         u"Aggiunge una voce di spesa scelta dal quadro di disponibilità"_s, this);
-    QPushButton *remove =
-        new PromptButton(u"Command4"_s, u"&Elimina"_s,
-                         u"Elimina subito la voce di spesa corrente, anche dall'archivio"_s, this);
-    m_fields.addButton(*insert, [this] { insertItem(); });
-    m_fields.addButton(*remove, [this] { deleteItem(); });
     auto *row = new QHBoxLayout;
-    row->addWidget(insert);
-    row->addWidget(remove);
+    row->addWidget(
+        m_fields.addButton(u"Command3"_s, u"&Inserisci"_s,
+                           u"Aggiunge una voce di spesa scelta dal quadro di disponibilità"_s, this,
+                           [this] { insertItem(); }));
+    row->addWidget(
+        m_fields.addButton(u"Command4"_s, u"&Elimina"_s,
+                           u"Elimina subito la voce di spesa corrente, anche dall'archivio"_s, this,
+                           [this] { deleteItem(); }));
     return row;
 }
 
@@ -182,45 +165,45 @@ QLayout *AllocationFrame::makeTotals()
 
 void AllocationFrame::insertItem()
 {
-    const QStringList lines = m_block.openPickList();
-    if (lines.isEmpty())
+    m_offered = ItemsOnOffer(m_overview, table());
+    if (m_offered.isEmpty()) {
+        ShowMessage(MessageKind::Information, u"Nessun elemento da inserire disponibile"_s);
         return;
+    }
+    BeginInsertion(table());
+    QStringList lines;
+    for (const OfferedItem &item : m_offered)
+        lines += item.line;
     const QPoint corner = m_grid->mapTo(window(), QPoint(0, m_grid->height() / 4));
     m_list->open(lines, QRect(corner, QSize(m_grid->width(), window()->height() - corner.y())));
 }
 
 void AllocationFrame::itemPicked(int line)
 {
-    if (!m_block.pick(line)) {
-        m_fields.focus().moveTo(*m_grid);
+    if (line < 0 || !PickItem(table(), m_offered.at(line))) {
+        m_fields.moveTo(*m_grid);
         return;
     }
     // The list closes with a choice, which is not the same as being left.
-    m_fields.focus().forget();
+    m_fields.forget();
     openEditor();
-    m_list->hide();
-}
-
-void AllocationFrame::pickListLeft()
-{
-    m_block.leavePickList();
     m_list->hide();
 }
 
 void AllocationFrame::deleteItem()
 {
-    m_block.deleteCurrentRow(m_values, m_paymentNumber);
-    showTotal();
+    DeleteCurrentRow(table(), m_values, m_paymentNumber);
+    RecalcAllocationTotal();
 }
 
 void AllocationFrame::openEditor()
 {
     m_grid->scrollTo(m_grid->currentIndex());
-    m_editor->setText(m_grid->table().currentText());
+    m_editor->setText(table().currentText());
     m_editor->show();
     placeEditor();
     m_editor->raise();
-    m_fields.focus().moveTo(*m_editor);
+    m_fields.moveTo(*m_editor);
 }
 
 void AllocationFrame::placeEditor()
@@ -230,29 +213,18 @@ void AllocationFrame::placeEditor()
 
 void AllocationFrame::giveAmountBack()
 {
-    QString amount = m_grid->table().currentText();
+    QString amount = table().currentText();
     m_editor->setText(PuntoDecimale(amount));
-    m_fields.focus().moveTo(*m_grid);
-}
-
-void AllocationFrame::editorConfirmed()
-{
-    m_block.editorConfirmed(m_editor->text());
-    m_fields.focus().moveTo(*m_grid);
+    m_fields.moveTo(*m_grid);
 }
 
 // The focus is elsewhere by now, so hiding the editor does not move it.
 void AllocationFrame::editorLeft()
 {
-    m_block.editorLeft(m_editor->text());
+    WriteAmount(table(), m_editedRow, m_editor->text());
     m_editor->hide();
-    showTotal();
+    RecalcAllocationTotal();
     m_grid->setFocus(Qt::OtherFocusReason);
-}
-
-void AllocationFrame::showTotal()
-{
-    m_total->setText(m_block.totalText());
 }
 
 } // namespace saldoro

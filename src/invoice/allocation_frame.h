@@ -4,7 +4,6 @@
 
 #include <QGroupBox>
 
-class QBoxLayout;
 class QLabel;
 class QLineEdit;
 
@@ -21,28 +20,19 @@ class PopupList;
 class AllocationFrame : public QGroupBox
 {
 public:
-    /** What the frame takes its items from and where its deletions go; all must outlive it. */
-    struct Sources
-    {
-        const TextTable &overview;
-        const ProgramValues &values;
-    };
+    /** Items are taken from @p overview, a deletion goes to the ledger of @p values; all but the
+     *  caption must outlive the frame. The pick list floats over @p form, the frame's window. */
+    AllocationFrame(const QString &caption, const TextTable &overview, const ProgramValues &values,
+                    qint32 paymentNumber, FormFields &fields, QWidget *form);
 
-    /** The pick list floats over @p form, the frame's window. */
-    AllocationFrame(const QString &caption, const Sources &sources, FormFields &fields,
-                    QWidget *form);
-
-    /** The grid's content. */
+    /** The grid's content, to begin with the header alone. */
     TextTable &table();
-
-    /** Starts on a payment: the header alone, editor and pick list hidden. */
-    void prepare(qint32 paymentNumber);
-    /** Sums the grid and shows the total. */
-    void recalculate();
-    /** Repeats the invoice's total beside that of the allocations. */
-    void showInvoiceTotal(const QString &text);
+    /** Sums the grid and shows the total; to be called once the grid is filled. */
+    void RecalcAllocationTotal();
     /** The sum in display form, as last shown. */
-    const QString &totalText() const { return m_block.totalText(); }
+    QString totalText() const;
+    /** Where the invoice's total is repeated beside that of the allocations. */
+    QLabel &invoiceTotal() const { return *m_invoiceTotal; }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -52,30 +42,29 @@ private:
     void addGrid();
     void addEditor();
     void addPickList();
-    QBoxLayout *makeButtons();
+    QLayout *makeButtons();
     QLayout *makeTotals();
 
     void insertItem();
     void itemPicked(int line);
-    void pickListLeft();
     void deleteItem();
 
     void openEditor();
     void placeEditor();
     void giveAmountBack();
-    void editorConfirmed();
     void editorLeft();
-    void showTotal();
 
+    const TextTable &m_overview;
     const ProgramValues &m_values;
+    qint32 m_paymentNumber;
     FormFields &m_fields;
     FlexGrid *m_grid;
     QLineEdit *m_editor;
     PopupList *m_list;
     QLabel *m_invoiceTotal;
     QLineEdit *m_total;
-    AllocationBlock m_block;
-    qint32 m_paymentNumber = 0;
+    QList<OfferedItem> m_offered; ///< line by line in the pick list
+    int m_editedRow = 0;
 };
 
 } // namespace saldoro

@@ -5,86 +5,77 @@
 #include "common/number_text.h"
 
 #include <cmath>
-#include <utility>
 
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-AmountChain::AmountChain(QList<AmountField> fields, AmountTexts &texts)
-    : m_fields(std::move(fields))
-    , m_texts(texts)
+void AmountTexts::makePlain(Amount field)
 {
+    PuntoDecimale(m_texts[field]);
 }
 
-void AmountChain::entered(int position)
-{
-    QString plain = text(position);
-    m_texts.setText(position, PuntoDecimale(plain));
-}
-
-void AmountChain::showStored(const QList<std::optional<Currency>> &stored)
-{
-    QList<Currency> values;
-    for (int position = 0; position < m_fields.size(); ++position) {
-        const std::optional<Currency> value = stored[position];
-        values.append(value.value_or(Currency()));
-        if (!value)
-            m_texts.setText(position, {});
-        else if (m_fields[position].role == AmountRole::Rate)
-            m_texts.setText(position, RateText(value->toDouble()));
-        else
-            show(position, *value);
-    }
-    showComputed(values);
-}
-
-Currency AmountChain::storedValue(int position) const
-{
-    return m_fields[position].role == AmountRole::Rate
-               ? Currency::fromDouble(LeadingNumber(text(position)))
-               : amount(position);
-}
-
-void AmountChain::clear()
-{
-    for (int position = 0; position < m_fields.size(); ++position)
-        m_texts.setText(position, {});
-}
-
-Currency AmountChain::amount(int position) const
+Currency AmountTexts::amount(Amount field) const
 {
     // A copy: what the user sees must keep its display form.
-    return ImportoDaTesto(text(position));
+    return ImportoDaTesto(text(field));
 }
 
-void AmountChain::show(int position, Currency value)
+void AmountTexts::show(Amount field, Currency value)
 {
-    m_texts.setText(position, FormatImporto(value));
+    setText(field, FormatImporto(value));
 }
 
-void AmountChain::showTyped(int position)
+void AmountTexts::showTyped(Amount field)
 {
-    show(position, Currency::fromDouble(LeadingNumber(text(position))));
+    show(field, Currency::fromDouble(LeadingNumber(text(field))));
 }
 
-double AmountChain::rate(int position) const
+double AmountTexts::rate(Amount field) const
 {
-    const double value = LeadingNumber(text(position));
+    const double value = LeadingNumber(text(field));
     if (!std::isfinite(value))
         throw OverflowError(u"Un'aliquota supera il massimo che il programma può trattare."_s,
                             u"Controllare le aliquote scritte."_s);
     return value;
 }
 
-void AmountChain::showRate(int position)
+void AmountTexts::showRate(Amount field)
 {
-    m_texts.setText(position, RateText(rate(position)));
+    setText(field, RateText(rate(field)));
 }
 
-Currency AmountChain::share(int basePosition, int ratePosition) const
+Currency AmountTexts::share(Amount base, Amount rate) const
 {
-    return Currency::fromDouble(amount(basePosition).toDouble() * rate(ratePosition) / 100.0);
+    return Currency::fromDouble(amount(base).toDouble() * this->rate(rate) / 100.0);
+}
+
+Currency AmountTexts::storedValue(const AmountField &field) const
+{
+    return field.role == AmountRole::Rate ? Currency::fromDouble(LeadingNumber(text(field.amount)))
+                                          : amount(field.amount);
+}
+
+void AmountTexts::showStored(const QList<AmountField> &fields, const QMap<Amount, Currency> &stored)
+{
+    using enum Amount;
+    for (const AmountField &field : fields) {
+        if (!stored.contains(field.amount))
+            continue;
+        if (field.role == AmountRole::Rate)
+            setText(field.amount, RateText(stored[field.amount].toDouble()));
+        else
+            show(field.amount, stored[field.amount]);
+    }
+    const Currency total = stored[Importo] + stored[ImportoIva] + stored[AltriImporti];
+    show(TotaleFattura, total);
+    show(Netto, total - stored[ImportoRA]);
+    show(SoggettaRA, amount(Prestazione) + amount(Contributo));
+}
+
+const AmountChain &AmountChainOf(CreditorKind kind)
+{
+    return kind == CreditorKind::Company ? CompanyAmounts() : ProfessionalAmounts();
 }
 
 } // namespace saldoro

@@ -1,13 +1,31 @@
 #pragma once
 
+#include "common/creditor_kind.h"
 #include "common/currency.h"
 
 #include <QList>
+#include <QMap>
 #include <QString>
 
-#include <optional>
-
 namespace saldoro {
+
+/** The amounts of an invoice. A company's has those from Importo to TotaleFattura, save the other
+ *  amounts. */
+enum class Amount
+{
+    Prestazione,
+    Contributo,
+    CassaPrev,
+    Importo, ///< base for VAT: a company's invoice, a professional's "Somma soggetta a Iva"
+    AliquotaIva,
+    ImportoIva,
+    AltriImporti,
+    TotaleFattura, ///< what the allocations are compared with
+    SoggettaRA,    ///< base for the withholding
+    AliquotaRA,
+    ImportoRA,
+    Netto
+};
 
 /** How a field gets its value; forms show the derived ones differently, all may be typed over. */
 enum class AmountRole
@@ -28,84 +46,74 @@ enum class Reach
 /** All that there is to know of one amount field of an invoice form. */
 struct AmountField
 {
+    Amount amount = Amount::Importo;
     QString objectName; ///< of its box, e.g. "Text4_0"
     AmountRole role = AmountRole::Typed;
-    QString column;  ///< of the ledger; empty for a value that is not stored
     QString caption; ///< with its mnemonic; empty behind a rate, whose line and caption it shares
     QString hint;
+    QString column = {}; ///< of the ledger; empty for a value that is not stored
     Reach reach = Reach::InTurn;
 };
 
-/** Where the texts of the amount fields are: the boxes of a form. Fields go by their position. */
+/**
+ * The texts of an invoice form's amount fields, which are the whole state of its amounts, and the
+ * arithmetic on them. A field is in plain form ("1234.56") while it has the focus and, as a rule,
+ * in display form ("1.234,56") otherwise; one that a form does not have is empty, and an empty text
+ * counts as 0. A result beyond the currency range throws OverflowError.
+ */
 class AmountTexts
 {
 public:
-    AmountTexts() = default;
-    AmountTexts(const AmountTexts &) = delete;
-    AmountTexts &operator=(const AmountTexts &) = delete;
-    virtual ~AmountTexts() = default;
+    QString text(Amount field) const { return m_texts.value(field); }
+    void setText(Amount field, const QString &text) { m_texts[field] = text; }
 
-    virtual QString text(int position) const = 0;
-    virtual void setText(int position, const QString &text) = 0;
+    /** Turns a field that gets the focus into plain form. The form then selects it. */
+    void makePlain(Amount field);
+
+    /** The value of a field's text taken as Italian notation; the text stays as it is. */
+    Currency amount(Amount field) const;
+    void show(Amount field, Currency value);
+    /** Takes a field's text as plain form and shows it in display form. */
+    void showTyped(Amount field);
+    /** Rewrites a rate as the plain number that was understood. */
+    void showRate(Amount field);
+    /** Base amount times rate over 100, multiplied and divided as floating point. Throws
+     *  OverflowError also for an infinite rate. */
+    Currency share(Amount base, Amount rate) const;
+
+    /** What the column of @p field gets. */
+    Currency storedValue(const AmountField &field) const;
+    /** Shows a payment of the ledger: an amount in display form, a rate as plain text. Nulls, which
+     *  @p stored leaves out, stay empty. The computed fields follow from the stored values. */
+    void showStored(const QList<AmountField> &fields, const QMap<Amount, Currency> &stored);
+
+private:
+    double rate(Amount field) const;
+
+    QMap<Amount, QString> m_texts;
+};
+
+/** The amount fields of one kind of invoice, and what leaving one of them does to the texts. */
+struct AmountChain
+{
+    QList<AmountField> fields; ///< in reading order
+    void (*leave)(AmountTexts &texts, Amount field) = nullptr;
 };
 
 /**
- * The amount fields of one invoice form and what entering and leaving a field does to their texts,
- * which are the whole state.
- *
- * A field is in plain form ("1234.56") while it has the focus and, as a rule, in display form
- * ("1.234,56") otherwise. Fields are addressed by position, in reading order. A result beyond the
- * currency range throws OverflowError.
+ * Amounts of a company's invoice. VAT is computed anew whenever the rate is left, and only then;
+ * a later change of the taxable amount moves the total alone. A typed total stays as typed.
  */
-class AmountChain
-{
-public:
-    virtual ~AmountChain() = default;
-    AmountChain(const AmountChain &) = delete;
-    AmountChain &operator=(const AmountChain &) = delete;
+const AmountChain &CompanyAmounts();
 
-    const QList<AmountField> &fields() const { return m_fields; }
+/**
+ * Amounts of a professional's fee note. Nothing is multiplied by 4 % or 2 %: both contributions
+ * are typed. VAT and withholding follow from their rates only when their own field is empty: the
+ * VAT amount when its text is empty or "0", the withholding whenever it reads as zero.
+ */
+const AmountChain &ProfessionalAmounts();
 
-    /** The field got the focus: its text is turned into plain form. The form then selects it. */
-    void entered(int position);
-    /** The field lost the focus: whatever follows from that is written into the texts. */
-    virtual void left(int position) = 0;
-
-    /** Position of "Totale Fattura", which the allocations are compared with. */
-    virtual int totalField() const = 0;
-
-    /** Shows a payment of the ledger; @p stored has a value for each field, none for a null and
-     *  for a field without a column. A rate shows as plain text, an amount in display form and a
-     *  null as the empty text, which counts as 0 in what is computed. */
-    void showStored(const QList<std::optional<Currency>> &stored);
-    /** What the field's column gets. */
-    Currency storedValue(int position) const;
-    /** Empties all fields, for a new payment. */
-    void clear();
-
-protected:
-    AmountChain(QList<AmountField> fields, AmountTexts &texts);
-
-    /** Fills the fields without a column from the values of the others. */
-    virtual void showComputed(const QList<Currency> &stored) = 0;
-
-    QString text(int position) const { return m_texts.text(position); }
-    /** The value of a field's text taken as Italian notation; the text stays as it is. */
-    Currency amount(int position) const;
-    void show(int position, Currency value);
-    /** Takes the field's text as plain form and shows it in display form. */
-    void showTyped(int position);
-    /** Rewrites a rate field as the plain number that was understood. */
-    void showRate(int position);
-    /** Base amount times rate over 100, multiplied and divided as floating point. Throws
-     *  OverflowError also for an infinite rate. */
-    Currency share(int basePosition, int ratePosition) const;
-
-private:
-    double rate(int position) const;
-
-    QList<AmountField> m_fields;
-    AmountTexts &m_texts;
-};
+/** The one of the two that an invoice of @p kind has. */
+const AmountChain &AmountChainOf(CreditorKind kind);
 
 } // namespace saldoro

@@ -1,8 +1,6 @@
 #include "invoice/amount_fields.h"
 
-#include "invoice/company_amounts.h"
 #include "invoice/form_fields.h"
-#include "invoice/professional_amounts.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -32,48 +30,56 @@ QColor mixed(const QColor &base, const QColor &tint)
                             mix(base.blueF(), tint.blueF()));
 }
 
-std::unique_ptr<AmountChain> makeChain(CreditorKind kind, AmountTexts &texts)
-{
-    if (kind == CreditorKind::Company)
-        return std::make_unique<CompanyAmounts>(texts);
-    return std::make_unique<ProfessionalAmounts>(texts);
-}
-
 } // namespace
-
-int BoxWidth(const QWidget &box, QStringView widest)
-{
-    const int frame = 2 * box.fontMetrics().averageCharWidth();
-    return box.fontMetrics().horizontalAdvance(widest.toString()) + frame;
-}
 
 AmountFields::AmountFields(CreditorKind kind, FormFields &fields, QWidget *parent)
     : QGroupBox(parent)
-    , m_chain(makeChain(kind, *this))
-    , m_boxes(m_chain->fields().size(), nullptr)
+    , m_chain(AmountChainOf(kind))
 {
     setObjectName(u"Frame1"_s);
     setTitle({});
     setAccessibleName(u"Importi"_s);
     auto *grid = new QGridLayout(this);
-    for (int position = 0; position < m_boxes.size(); ++position) {
-        if (!m_boxes.at(position))
-            addLine(*grid, position, fields);
+    for (qsizetype i = 0; i < m_chain.fields.size(); ++i) {
+        const AmountField &first = m_chain.fields[i];
+        const bool isPair =
+            i + 1 < m_chain.fields.size() && m_chain.fields[i + 1].caption.isEmpty();
+        addLine(*grid, first, isPair ? &m_chain.fields[++i] : nullptr, fields);
     }
     grid->setColumnStretch(CaptionPlace, 1);
     grid->setRowStretch(grid->rowCount(), 1);
     tintDerived();
 }
 
-QString AmountFields::text(int position) const
+AmountTexts AmountFields::texts() const
 {
-    return m_boxes.at(position)->text();
+    AmountTexts shown;
+    for (auto box = m_boxes.begin(); box != m_boxes.end(); ++box)
+        shown.setText(box.key(), box.value()->text());
+    return shown;
 }
 
-void AmountFields::setText(int position, const QString &text)
+void AmountFields::showTexts(const AmountTexts &texts)
 {
-    if (m_boxes.at(position)->text() != text) // the cursor stays where nothing changes
-        m_boxes.at(position)->setText(text);
+    for (auto box = m_boxes.begin(); box != m_boxes.end(); ++box) {
+        const QString text = texts.text(box.key());
+        if (box.value()->text() != text) // the cursor stays where nothing changes
+            box.value()->setText(text);
+    }
+}
+
+void AmountFields::entered(Amount field)
+{
+    AmountTexts shown = texts();
+    shown.makePlain(field);
+    showTexts(shown);
+}
+
+void AmountFields::left(Amount field)
+{
+    AmountTexts shown = texts();
+    m_chain.leave(shown, field);
+    showTexts(shown);
 }
 
 void AmountFields::changeEvent(QEvent *event)
@@ -83,55 +89,51 @@ void AmountFields::changeEvent(QEvent *event)
         tintDerived();
 }
 
-QLineEdit *AmountFields::addBox(int position, const QString &spokenName, FormFields &fields)
+QLineEdit *AmountFields::addBox(const AmountField &field, const QString &spokenName,
+                                FormFields &fields)
 {
-    const AmountField &field = m_chain->fields().at(position);
     auto *box = new QLineEdit(this);
     Describe(*box, field.objectName, spokenName, field.hint);
     box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     if (field.reach == Reach::OnRequest)
         box->setFocusPolicy(Qt::ClickFocus);
+    const Amount amount = field.amount;
     fields.addLine(
-        *box, [this, position] { m_chain->entered(position); },
-        [this, position] {
-            m_chain->left(position);
-            return Leaving::Allowed;
-        });
-    m_boxes[position] = box;
+        *box, [=, this] { entered(amount); }, [=, this] { left(amount); });
+    m_boxes[amount] = box;
     return box;
 }
 
-void AmountFields::addLine(QGridLayout &grid, int position, FormFields &fields)
+void AmountFields::addLine(QGridLayout &grid, const AmountField &first, const AmountField *second,
+                           FormFields &fields)
 {
     const int line = grid.rowCount();
-    const QString caption = m_chain->fields().at(position).caption;
-    QString spokenName = QString(caption).remove(u'&');
-    QLineEdit *first = nullptr;
-    if (position + 1 < m_boxes.size() && m_chain->fields().at(position + 1).caption.isEmpty()) {
+    const QString both = u"Aliquota e importo"_s;
+    QString spokenName = QString(first.caption).remove(u'&');
+    QLineEdit *rate = nullptr;
+    if (second) {
         // Two boxes under one caption: it is read aloud for one at a time.
-        const QString both = u"Aliquota e importo"_s;
-        first = addBox(position, QString(spokenName).replace(both, u"Aliquota"_s), fields);
-        first->setFixedWidth(BoxWidth(*first, u"99.99"));
-        grid.addWidget(first, line, RatePlace);
+        rate = addBox(first, QString(spokenName).replace(both, u"Aliquota"_s), fields);
+        rate->setFixedWidth(BoxWidth(*rate, u"99.99"));
+        grid.addWidget(rate, line, RatePlace);
         spokenName.replace(both, u"Importo"_s);
-        ++position;
     }
-    QLineEdit *amount = addBox(position, spokenName, fields);
+    QLineEdit *amount = addBox(second ? *second : first, spokenName, fields);
     amount->setMinimumWidth(BoxWidth(*amount, WidestAmount));
     grid.addWidget(amount, line, AmountPlace);
-    grid.addWidget(LabelFor(first ? *first : *amount, caption), line, CaptionPlace);
+    grid.addWidget(LabelFor(rate ? *rate : *amount, first.caption), line, CaptionPlace);
 }
 
 // Still an entry box, but one whose content usually comes by itself.
 void AmountFields::tintDerived()
 {
-    for (int i = 0; i < m_boxes.size(); ++i) {
-        if (!m_boxes.at(i) || m_chain->fields().at(i).role != AmountRole::Derived)
+    for (const AmountField &field : m_chain.fields) {
+        if (field.role != AmountRole::Derived)
             continue;
         QPalette tinted = palette();
         tinted.setColor(QPalette::Base,
                         mixed(tinted.color(QPalette::Base), tinted.color(QPalette::Highlight)));
-        m_boxes.at(i)->setPalette(tinted);
+        m_boxes[field.amount]->setPalette(tinted);
     }
 }
 

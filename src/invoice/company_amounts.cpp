@@ -1,49 +1,41 @@
-#include "invoice/company_amounts.h"
+#include "invoice/amount_chain.h"
 
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
+using enum Amount;
 using enum AmountRole;
 
-CompanyAmounts::CompanyAmounts(AmountTexts &texts)
-    : AmountChain(
-          {{u"Text2_0"_s, Typed, u"Importo"_s, u"Im&porto"_s,
-            u"Imponibile, con il punto per i decimali"_s},
-           {u"Text2_1"_s, Rate, u"Aliquota"_s, u"Ali&quota IVA"_s,
-            u"In percento; lasciandola si ricalcola l'IVA"_s},
-           {u"Text2_2"_s, Derived, u"ImportoIVA"_s, u"Importo I&VA"_s,
-            u"Si calcola dall'aliquota e si può correggere"_s},
-           {u"Text2_3"_s, Derived, {}, u"Totale Fatt&ura"_s, u"Importo e IVA"_s, Reach::OnRequest}},
-          texts)
-{
-}
+namespace {
 
-void CompanyAmounts::left(int position)
+void leaveCompanyAmount(AmountTexts &texts, Amount field)
 {
-    switch (position) {
-    case Importo:
-    case ImportoIva:
-        showTyped(position);
-        showTotal();
-        break;
-    case AliquotaIva:
-        show(ImportoIva, share(Importo, AliquotaIva));
-        showTotal();
-        showRate(AliquotaIva);
-        break;
-    default: // the total stays as it was typed, plain form included
-        break;
+    if (field == TotaleFattura)
+        return; // stays as it was typed, plain form included
+    if (field == AliquotaIva) {
+        texts.show(ImportoIva, texts.share(Importo, AliquotaIva));
+        texts.showRate(AliquotaIva);
+    } else {
+        texts.showTyped(field);
     }
+    texts.show(TotaleFattura, texts.amount(Importo) + texts.amount(ImportoIva));
 }
 
-void CompanyAmounts::showTotal()
-{
-    show(TotaleFattura, amount(Importo) + amount(ImportoIva));
-}
+} // namespace
 
-void CompanyAmounts::showComputed(const QList<Currency> &stored)
+const AmountChain &CompanyAmounts()
 {
-    show(TotaleFattura, stored[Importo] + stored[ImportoIva]);
+    static const AmountChain chain{
+        {{Importo, u"Text2_0"_s, Typed, u"Im&porto"_s, u"Imponibile, con il punto per i decimali"_s,
+          u"Importo"_s},
+         {AliquotaIva, u"Text2_1"_s, Rate, u"Ali&quota IVA"_s,
+          u"In percento; lasciandola si ricalcola l'IVA"_s, u"Aliquota"_s},
+         {ImportoIva, u"Text2_2"_s, Derived, u"Importo I&VA"_s,
+          u"Si calcola dall'aliquota e si può correggere"_s, u"ImportoIVA"_s},
+         {TotaleFattura, u"Text2_3"_s, Derived, u"Totale Fatt&ura"_s, u"Importo e IVA"_s, QString(),
+          Reach::OnRequest}},
+        leaveCompanyAmount};
+    return chain;
 }
 
 } // namespace saldoro

@@ -4,8 +4,6 @@
 
 #include <QStringList>
 
-#include <optional>
-
 namespace saldoro {
 
 /** The contractor of the contract. */
@@ -14,8 +12,8 @@ struct Contractor
     /** Identity in the register of companies; 0 or less when there is no link, -1 when the
      *  contract sheet names no contractor. */
     qint32 IdImpresa = -1;
-    /** The creditor that a new payment starts with; no value when no contractor is named. */
-    std::optional<QString> name;
+    /** The creditor that a new payment starts with; empty when no contractor is named. */
+    QString name;
     /** Whether it is an association of companies, whose principals may be listed. */
     bool isAssociation = false;
 };

@@ -1,7 +1,6 @@
 #include "invoice/creditor_fields.h"
 
 #include "controls/date_box.h"
-#include "invoice/amount_fields.h"
 #include "invoice/entry_field.h"
 #include "invoice/form_fields.h"
 #include "invoice/popup_list.h"
@@ -10,6 +9,8 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+
+#include <utility>
 
 namespace saldoro {
 
@@ -20,6 +21,7 @@ CreditorFields::CreditorFields(const QString &dateBoxName, FormFields &fields, Q
     , m_fields(fields)
     , m_creditor(new EntryField(this, LedgerSize::Creditore))
     , m_searches(new QHBoxLayout)
+    , m_lastOfRow(m_creditor)
     , m_number(new EntryField(this, LedgerSize::NFat))
     , m_date(new DateBox(this))
     , m_description(new EntryField(this, LedgerSize::Descrizione))
@@ -35,19 +37,16 @@ CreditorFields::CreditorFields(const QString &dateBoxName, FormFields &fields, Q
 QPushButton *CreditorFields::addSearch(const QString &objectName, const QString &caption,
                                        const QString &hint, Names names)
 {
-    QPushButton *button = new PromptButton(objectName, caption, hint, this);
-    m_fields.addButton(*button, [this, names = std::move(names)] { offer(names()); });
-    QWidget *before =
-        m_searches->isEmpty() ? m_creditor : m_searches->itemAt(m_searches->count() - 1)->widget();
+    QPushButton *button = m_fields.addButton(objectName, caption, hint, this,
+                                             [this, names = std::move(names)] { offer(names()); });
     m_searches->addWidget(button);
-    setTabOrder(before, button);
+    setTabOrder(std::exchange(m_lastOfRow, button), button);
     setTabOrder(button, m_list);
     return button;
 }
 
 void CreditorFields::showRecord(const PaymentRecord &record)
 {
-    m_list->hide();
     m_creditor->showText(record.creditore);
     m_number->showText(record.nFat);
     m_date->setDateText(record.del);
@@ -74,52 +73,45 @@ void CreditorFields::focusCreditor()
 
 void CreditorFields::addCreditor(QGridLayout &grid)
 {
-    Describe(*m_creditor, u"Text1_0"_s, u"Creditore"_s,
-             u"Nome del creditore, necessario per confermare"_s);
-    m_fields.addLine(*m_creditor);
+    QLabel *label = m_fields.addLine(*m_creditor, u"Text1_0"_s, u"Cre&ditore"_s,
+                                     u"Nome del creditore, necessario per confermare"_s);
     connect(m_creditor, &QLineEdit::textChanged, this, &CreditorFields::creditorChanged);
     auto *line = new QHBoxLayout;
     line->addWidget(m_creditor, 1);
     line->addLayout(m_searches);
-    grid.addWidget(LabelFor(*m_creditor, u"Cre&ditore"_s), 0, 0);
+    grid.addWidget(label, 0, 0);
     grid.addLayout(line, 0, 1);
 }
 
 void CreditorFields::addInvoice(QGridLayout &grid, const QString &dateBoxName)
 {
-    Describe(*m_number, u"Text1_1"_s, u"Fattura Nr."_s, u"Numero della fattura"_s);
-    Describe(*m_date, dateBoxName, u"Del"_s, u"Data della fattura, giorno/mese/anno"_s);
-    Describe(*m_description, u"Text1_3"_s, u"Descrizione"_s, u"Descrizione del pagamento"_s);
-    m_fields.addLine(*m_number);
-    m_fields.addDate(*m_date);
-    m_fields.addLine(*m_description);
+    grid.addWidget(
+        m_fields.addLine(*m_number, u"Text1_1"_s, u"&Fattura Nr."_s, u"Numero della fattura"_s), 1,
+        0);
     m_number->setMinimumWidth(BoxWidth(*m_number, QString(LedgerSize::NFat, u'0')));
     m_description->setMinimumWidth(
         BoxWidth(*m_description, QString(LedgerSize::Descrizione, u'n')));
     auto *line = new QHBoxLayout;
     line->addWidget(m_number, 1);
-    line->addWidget(LabelFor(*m_date, u"De&l"_s));
+    line->addWidget(m_fields.addLine(*m_date, dateBoxName, u"De&l"_s,
+                                     u"Data della fattura, giorno/mese/anno"_s));
     line->addWidget(m_date);
-    line->addWidget(LabelFor(*m_description, u"De&scrizione"_s));
+    line->addWidget(m_fields.addLine(*m_description, u"Text1_3"_s, u"De&scrizione"_s,
+                                     u"Descrizione del pagamento"_s));
     line->addWidget(m_description, 4);
-    grid.addWidget(LabelFor(*m_number, u"&Fattura Nr."_s), 1, 0);
     grid.addLayout(line, 1, 1);
 }
 
 void CreditorFields::addList()
 {
     Describe(*m_list, u"List2"_s, u"Creditori"_s,
-             u"Frecce e Invio, o un clic, per scegliere il creditore; Esc per "
-             u"rinunciare"_s);
-    connect(m_list, &PopupList::picked, this, [this](int, const QString &name) {
-        m_creditor->showText(name);
-        m_fields.focus().moveTo(*m_creditor);
+             u"Frecce e Invio, o un clic, per scegliere il creditore; Esc per rinunciare"_s);
+    connect(m_list, &PopupList::answered, this, [this](int row) {
+        if (row >= 0)
+            m_creditor->showText(m_list->item(row)->text());
+        m_fields.moveTo(*m_creditor);
     });
-    connect(m_list, &PopupList::dismissed, this, [this] { m_fields.focus().moveTo(*m_creditor); });
-    m_fields.focus().watch(*m_list, {}, [this] {
-        m_list->hide();
-        return Leaving::Allowed;
-    });
+    m_fields.watch(*m_list, {}, [this] { m_list->hide(); });
 }
 
 void CreditorFields::offer(const QStringList &names)

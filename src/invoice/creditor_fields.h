@@ -54,6 +54,7 @@ private:
     FormFields &m_fields;
     EntryField *m_creditor;
     QHBoxLayout *m_searches;
+    QWidget *m_lastOfRow; ///< of creditor and buttons
     EntryField *m_number;
     DateBox *m_date;
     EntryField *m_description;

@@ -18,69 +18,132 @@ QLabel *LabelFor(QWidget &field, const QString &caption)
     return label;
 }
 
-FormFields::FormFields(QWidget &window)
-    : m_focus(window)
+int BoxWidth(const QWidget &box, QStringView widest)
 {
+    const int frame = 2 * box.fontMetrics().averageCharWidth();
+    return box.fontMetrics().horizontalAdvance(widest.toString()) + frame;
 }
 
-void FormFields::addLine(QLineEdit &line, FieldFocus::Entered entered, FieldFocus::Left left)
+FormFields::FormFields(QWidget &window)
+    : m_window(window)
+{
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget *, QWidget *now) { follow(now); });
+}
+
+void FormFields::watch(QWidget &control, Handler entered, Handler left)
+{
+    m_handlers.insert(&control, {std::move(entered), std::move(left)});
+}
+
+void FormFields::addLine(QLineEdit &line, Handler entered, Handler left)
 {
     line.installEventFilter(this);
-    const auto enter = [&line, entered = std::move(entered)] {
-        if (entered)
-            entered();
-        line.selectAll();
-    };
-    const auto leave = [&line, left = std::move(left)] {
-        const Leaving answer = left ? left() : Leaving::Allowed;
-        if (answer == Leaving::Allowed)
-            line.home(false); // a long text shows its beginning
-        return answer;
-    };
-    m_focus.watch(line, enter, leave);
+    watch(line, std::move(entered), std::move(left));
 }
 
-void FormFields::addDate(DateBox &box)
+QLabel *FormFields::addLine(QLineEdit &line, const QString &objectName, const QString &caption,
+                            const QString &hint)
 {
-    addLine(box, {}, [&box] { return box.settle() ? Leaving::Allowed : Leaving::Refused; });
+    Describe(line, objectName, QString(caption).remove(u'&'), hint);
+    addLine(line);
+    return LabelFor(line, caption);
 }
 
-void FormFields::addButton(QPushButton &button, std::function<void()> action)
+QPushButton *FormFields::addButton(const QString &objectName, const QString &caption,
+                                   const QString &hint, QWidget *parent, Handler action)
 {
-    button.setFocusPolicy(Qt::StrongFocus);
-    connect(&button, &QPushButton::clicked, this, [this, &button, action = std::move(action)] {
-        if (m_focus.moveTo(button))
+    auto *button = new PromptButton(objectName, caption, hint, parent);
+    button->setFocusPolicy(Qt::StrongFocus);
+    connect(button, &QPushButton::clicked, this, [this, button, action = std::move(action)] {
+        if (moveTo(*button))
             action();
     });
+    return button;
+}
+
+bool FormFields::moveTo(QWidget &control)
+{
+    const QPointer<QWidget> start = m_current;
+    takeFocus(control);
+    // What was left may have sent the focus elsewhere; that is no refusal.
+    if (m_current != &control && m_current != start)
+        takeFocus(control);
+    return m_current == &control;
+}
+
+void FormFields::takeFocus(QWidget &control)
+{
+    control.setFocus(Qt::OtherFocusReason);
+    // A window that is not active moves its focus without a word.
+    if (m_window.focusWidget() == &control)
+        follow(&control);
+}
+
+void FormFields::follow(QWidget *now)
+{
+    if (!now || now->window() != &m_window || now == m_current)
+        return;
+    if (!leaveCurrent() || m_window.focusWidget() != now)
+        return;
+    m_current = now;
+    const auto watched = m_handlers.constFind(now);
+    if (watched == m_handlers.cend())
+        return;
+    if (watched->entered)
+        watched->entered();
+    if (auto *line = qobject_cast<QLineEdit *>(now))
+        line->selectAll();
+}
+
+bool FormFields::leaveCurrent()
+{
+    const QPointer<QWidget> previous = std::exchange(m_current, nullptr);
+    const auto watched = m_handlers.constFind(previous.data());
+    if (watched == m_handlers.cend())
+        return true;
+    if (auto *date = qobject_cast<DateBox *>(previous.data()); date && !date->settle()) {
+        m_current = previous;
+        previous->setFocus(Qt::OtherFocusReason);
+        return false;
+    }
+    if (watched->left)
+        watched->left();
+    if (auto *line = qobject_cast<QLineEdit *>(previous.data()))
+        line->home(false); // a long text shows its beginning
+    return true;
 }
 
 bool FormFields::eventFilter(QObject *watched, QEvent *event)
 {
-    auto *line = qobject_cast<QLineEdit *>(watched);
-    if (!line)
-        return false;
-    if (event->type() == QEvent::KeyPress) {
+    auto &line = *static_cast<QLineEdit *>(watched);
+    switch (event->type()) {
+    case QEvent::KeyPress: {
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (key != Qt::Key_Return && key != Qt::Key_Enter)
             return false;
-        line->event(event); // by itself it does nothing visible with Enter
-        event->accept();
-        moveOn(*line);
+        moveOn(line, *event);
         return true;
     }
-    if (event->type() == QEvent::FocusIn) {
+    case QEvent::FocusIn: {
         const bool byMouse = static_cast<QFocusEvent *>(event)->reason() == Qt::MouseFocusReason;
-        m_clickedInto = byMouse ? line : nullptr;
+        m_clickedInto = byMouse ? &line : nullptr;
+        return false;
     }
-    // The press has put the cursor where it fell; only now can the whole text be selected.
-    if (event->type() == QEvent::MouseButtonRelease &&
-        std::exchange(m_clickedInto, nullptr) == line && !line->hasSelectedText())
-        line->selectAll();
-    return false;
+    case QEvent::MouseButtonRelease:
+        // The press has put the cursor where it fell; only now can the whole text be selected.
+        if (std::exchange(m_clickedInto, nullptr) == &line && !line.hasSelectedText())
+            line.selectAll();
+        return false;
+    default:
+        return false;
+    }
 }
 
-void FormFields::moveOn(QWidget &line)
+void FormFields::moveOn(QLineEdit &line, QEvent &enter)
 {
+    line.event(&enter); // by itself it does nothing visible with Enter
+    enter.accept();
     InvioTab(EnterKeyCode);
     // A key that is already waiting must reach the next field, not this one.
     QCoreApplication::sendPostedEvents(&line, QEvent::KeyPress);

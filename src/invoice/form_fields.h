@@ -1,50 +1,83 @@
 #pragma once
 
 #include "controls/buttons.h"
-#include "invoice/field_focus.h"
 
-class QEvent;
-class QKeyEvent;
+#include <QHash>
+#include <QPointer>
+
+#include <functional>
+
 class QLabel;
 class QLineEdit;
 
 namespace saldoro {
 
-class DateBox;
-
 /** A label beside @p field, whose mnemonic leads to it. */
 QLabel *LabelFor(QWidget &field, const QString &caption);
+
+/** Widest amount that is expected in a box. */
+inline constexpr QStringView WidestAmount = u"999.999.999,99";
+
+/** Least width in pixels of a box that shows @p widest. */
+int BoxWidth(const QWidget &box, QStringView widest);
 
 /**
  * How the controls of an invoice form behave, whatever they hold: Enter moves on as Tab does, the
  * whole text is selected on entry, a date box is not left with an impossible date, and a button
  * works only once the field that had the focus is settled.
+ *
+ * It knows which control of the window has the focus in the sense of the form. A control keeps the
+ * focus while its window is not the active one: message boxes, menus and other windows take it from
+ * nobody, so they set off no recalculation. Handlers run after the focus has really moved. A
+ * handler may move the focus itself; the control that the user was heading for is then not entered.
  */
 class FormFields : public QObject
 {
 public:
-    /** @p window must outlive this object. */
+    using Handler = std::function<void()>;
+
+    /** Follows the focus in @p window, which must outlive this object. */
     explicit FormFields(QWidget &window);
 
-    FieldFocus &focus() { return m_focus; }
+    /** Sets what entering and leaving a control bring about; either may be empty. */
+    void watch(QWidget &control, Handler entered, Handler left);
 
-    /** A line of text; the handlers, which may be empty, run on entry and on leaving. */
-    void addLine(QLineEdit &line, FieldFocus::Entered entered = {}, FieldFocus::Left left = {});
+    /** A line of text, also one for a date. */
+    void addLine(QLineEdit &line, Handler entered = {}, Handler left = {});
+    /** The same with a name, and the label that is returned; @p caption has its mnemonic. */
+    QLabel *addLine(QLineEdit &line, const QString &objectName, const QString &caption,
+                    const QString &hint);
 
-    /** A date box: left with a date it shows it in full, with an impossible one it is not left. */
-    void addDate(DateBox &box);
+    /** Makes a button, @p caption having its mnemonic. By mouse, key or mnemonic it takes the focus
+     *  first; @p action does not run when the control that has the focus refuses to be left. */
+    QPushButton *addButton(const QString &objectName, const QString &caption, const QString &hint,
+                           QWidget *parent, Handler action);
 
-    /** A button. By mouse, key or mnemonic it takes the focus first; @p action does not run when
-     *  the control that has the focus refuses to be left. */
-    void addButton(QPushButton &button, std::function<void()> action);
+    /** Moves the focus as a click on @p control would. False when the control that has it refuses
+     *  to be left; whatever the caller meant to do must then not be done. */
+    bool moveTo(QWidget &control);
+
+    /** From now on no control is taken to have the focus: none is left when another is entered. */
+    void forget() { m_current = nullptr; }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void moveOn(QWidget &line);
+    struct Handlers
+    {
+        Handler entered;
+        Handler left;
+    };
 
-    FieldFocus m_focus;
+    void takeFocus(QWidget &control);
+    void follow(QWidget *now);
+    bool leaveCurrent();
+    void moveOn(QLineEdit &line, QEvent &enter);
+
+    QWidget &m_window;
+    QHash<const QWidget *, Handlers> m_handlers;
+    QPointer<QWidget> m_current;
     /** The line that a mouse press just gave the focus to. */
     QPointer<QLineEdit> m_clickedInto;
 };

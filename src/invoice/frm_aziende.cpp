@@ -9,42 +9,27 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-InvoiceFormLook companyLook()
-{
-    return {CreditorKind::Company,
-            u"Aziende"_s,
-            u"MaskEdBox1_0"_s,
-            u" Conti di Spesa "_s,
-            u"Elenca le imprese partecipanti il cui nome inizia come il creditore scritto"_s,
-            NotesPlace::BelowAmounts};
-}
-
-} // namespace
-
 FrmAziende::FrmAziende(ProgramValues &values, const TextTable &overview)
-    : InvoiceForm(values, overview, companyLook())
-    , m_principals(creditorFields().addSearch(
-          u"Command6"_s, u"&Mandanti"_s, u"Elenca le mandanti dell'associazione di imprese"_s,
-          [this] { return Principals(this->values(), m_contractor.IdImpresa); }))
+    : InvoiceForm(values, overview,
+                  {CreditorKind::Company, u"Aziende"_s, u"MaskEdBox1_0"_s, u" Conti di Spesa "_s,
+                   NotesPlace::BelowAmounts})
 {
     setObjectName(u"FrmAziende"_s);
+    creditorFields().addSearch(
+        u"Command5"_s, u"&Ricerca"_s,
+        u"Elenca le imprese partecipanti il cui nome inizia come il creditore scritto"_s,
+        [this] { return ParticipatingCompanies(this->values(), creditorFields().creditor()); });
+    m_principals = creditorFields().addSearch(
+        u"Command6"_s, u"&Mandanti"_s, u"Elenca le mandanti dell'associazione di imprese"_s,
+        [this] { return Principals(this->values(), m_contractor.IdImpresa); });
     m_principals->setEnabled(false);
 }
 
-PaymentRecord FrmAziende::startRecord()
+QString FrmAziende::startingCreditor()
 {
     m_contractor = LoadContractor(values());
     m_principals->setEnabled(m_contractor.isAssociation);
-    PaymentRecord start;
-    start.creditore = m_contractor.name.value_or(QString());
-    return start;
-}
-
-QStringList FrmAziende::searchCreditors(const QString &typed) const
-{
-    return ParticipatingCompanies(values(), typed);
+    return m_contractor.name;
 }
 
 } // namespace saldoro

@@ -15,8 +15,7 @@ public:
     FrmAziende(ProgramValues &values, const TextTable &overview);
 
 protected:
-    PaymentRecord startRecord() override;
-    QStringList searchCreditors(const QString &typed) const override;
+    QString startingCreditor() override;
 
 private:
     QPushButton *m_principals;

@@ -1,34 +1,21 @@
 #include "invoice/frm_professionisti.h"
 
+#include "invoice/creditor_fields.h"
 #include "invoice/creditor_search.h"
 
 namespace saldoro {
 
-namespace {
-
 using namespace Qt::StringLiterals;
 
-InvoiceFormLook professionalLook()
-{
-    return {CreditorKind::Professional,
-            u"Professionisti"_s,
-            u"MaskEdBox1"_s,
-            u"Conti di Spesa"_s,
-            u"Elenca i professionisti incaricati nel contratto"_s,
-            NotesPlace::AboveAllocations};
-}
-
-} // namespace
-
 FrmProfessionisti::FrmProfessionisti(ProgramValues &values, const TextTable &overview)
-    : InvoiceForm(values, overview, professionalLook())
+    : InvoiceForm(values, overview,
+                  {CreditorKind::Professional, u"Professionisti"_s, u"MaskEdBox1"_s,
+                   u"Conti di Spesa"_s, NotesPlace::AboveAllocations})
 {
     setObjectName(u"FrmProfessionisti"_s);
-}
-
-QStringList FrmProfessionisti::searchCreditors(const QString &) const
-{
-    return ProfessionalCreditors(values());
+    creditorFields().addSearch(u"Command5"_s, u"&Ricerca"_s,
+                               u"Elenca i professionisti incaricati nel contratto"_s,
+                               [this] { return ProfessionalCreditors(this->values()); });
 }
 
 } // namespace saldoro

@@ -12,9 +12,6 @@ class FrmProfessionisti : public InvoiceForm
 public:
     /** @p values and @p overview, the table of cost items, must outlive the form. */
     FrmProfessionisti(ProgramValues &values, const TextTable &overview);
-
-protected:
-    QStringList searchCreditors(const QString &typed) const override;
 };
 
 } // namespace saldoro

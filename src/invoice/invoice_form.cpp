@@ -25,14 +25,15 @@ using namespace Qt::StringLiterals;
 InvoiceForm::InvoiceForm(ProgramValues &values, const TextTable &overview,
                          const InvoiceFormLook &look)
     : m_values(values)
+    , m_payment{look.kind, values.CurrentPaymentNumber}
     , m_fields(*this)
     , m_page(new QWidget(this))
     , m_number(new QLabel(this))
     , m_creditor(new CreditorFields(look.dateBoxName, m_fields, this))
     , m_amounts(new AmountFields(look.kind, m_fields, this))
     , m_notes(new NoteFields(m_fields, this))
-    , m_allocation(new AllocationFrame(look.allocationCaption, {overview, values}, m_fields, this))
-    , m_payment{look.kind, 0}
+    , m_allocation(new AllocationFrame(look.allocationCaption, overview, values, m_payment.number,
+                                       m_fields, this))
 {
     setWindowTitle(look.title);
     m_number->setObjectName(u"Label2"_s);
@@ -40,12 +41,10 @@ InvoiceForm::InvoiceForm(ProgramValues &values, const TextTable &overview,
     QFont heading = m_number->font();
     heading.setBold(true);
     m_number->setFont(heading);
-    m_creditor->addSearch(u"Command5"_s, u"&Ricerca"_s, look.searchHint,
-                          [this] { return searchCreditors(m_creditor->creditor()); });
     arrange(look.notesPlace);
     connect(m_creditor, &CreditorFields::creditorChanged, this, &InvoiceForm::followCreditor);
-    connect(&m_amounts->totalBox(), &QLineEdit::textChanged, m_allocation,
-            &AllocationFrame::showInvoiceTotal);
+    connect(&m_amounts->totalBox(), &QLineEdit::textChanged, &m_allocation->invoiceTotal(),
+            &QLabel::setText);
 }
 
 void InvoiceForm::load()
@@ -56,12 +55,10 @@ void InvoiceForm::load()
     const QSize least(TwipsToPixels(openingWidth, *this), TwipsToPixels(openingHeight, *this));
     ResizeWithinScreen(*this, m_page->sizeHint().expandedTo(least));
     CentraForm(*this);
-    m_payment.number = m_values.CurrentPaymentNumber;
-    m_fields.focus().forget();
     loadPayment();
     m_number->setText(u"Pagamento N. "_s + SignedNumberText(m_payment.number));
     followCreditor();
-    m_allocation->recalculate();
+    m_allocation->RecalcAllocationTotal();
     m_creditor->focusCreditor();
     m_open = true;
 }
@@ -115,10 +112,9 @@ QLayout *InvoiceForm::makeButtons()
 {
     auto *row = new QHBoxLayout;
     row->addStretch(1);
-    m_confirm =
-        new PromptButton(u"Command1"_s, u"&Conferma"_s, u"Salva il pagamento e chiude"_s, this);
+    m_confirm = m_fields.addButton(u"Command1"_s, u"&Conferma"_s, u"Salva il pagamento e chiude"_s,
+                                   this, [this] { confirm(); });
     row->addWidget(m_confirm);
-    m_fields.addButton(*m_confirm, [this] { confirm(); });
     // Giving up is always possible, also from a date that cannot be left.
     auto *cancel =
         new PromptButton(u"Command2"_s, u"&Annulla"_s,
@@ -135,31 +131,22 @@ void InvoiceForm::followCreditor()
 
 void InvoiceForm::loadPayment()
 {
-    PaymentRecord record = startRecord();
-    m_allocation->prepare(m_payment.number);
-    m_amounts->chain().clear();
-    {
-        const TextTable::BulkChange filling(m_allocation->table());
-        LoadPagamento(m_values, m_payment, record, m_amounts->chain(), m_allocation->table());
-    }
-    m_creditor->showRecord(record);
-    m_notes->showRecord(record);
+    m_payment.creditore = startingCreditor();
+    LoadPagamento(m_values, m_payment, m_allocation->table());
+    m_creditor->showRecord(m_payment);
+    m_amounts->showTexts(m_payment.amounts);
+    m_notes->showRecord(m_payment);
 }
 
 void InvoiceForm::confirm()
 {
     if (!ConfirmTotals(m_allocation->totalText(), m_amounts->totalBox().text()))
         return;
-    SavePagamento(m_values, m_payment, record(), m_amounts->chain(), m_allocation->table());
+    m_creditor->readInto(m_payment);
+    m_payment.amounts = m_amounts->texts();
+    m_notes->readInto(m_payment);
+    SavePagamento(m_values, m_payment, m_allocation->table());
     close();
-}
-
-PaymentRecord InvoiceForm::record() const
-{
-    PaymentRecord shown;
-    m_creditor->readInto(shown);
-    m_notes->readInto(shown);
-    return shown;
 }
 
 } // namespace saldoro

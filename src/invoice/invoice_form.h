@@ -31,14 +31,13 @@ struct InvoiceFormLook
     QString title;
     QString dateBoxName;
     QString allocationCaption;
-    QString searchHint;
     NotesPlace notesPlace = NotesPlace::BelowAmounts;
 };
 
 /**
- * The form of one payment: creditor, invoice, amounts, mandate, note and allocations. It loads the
- * payment that is current when load() is called and keeps that number until it closes, whatever
- * becomes current meanwhile. "Conferma" saves and closes; every other way of closing saves nothing.
+ * The form of one payment: creditor, invoice, amounts, mandate, note and allocations. It shows the
+ * payment that is current when it is made, whatever becomes current meanwhile. "Conferma" saves and
+ * closes; every other way of closing saves nothing.
  *
  * Errors of the databases and of the arithmetic pass through load() and through the event loop.
  */
@@ -47,14 +46,14 @@ class InvoiceForm : public QWidget
     Q_OBJECT
 
 public:
-    /** Fills the form from the databases, centres it and sets the first focus; to be called before
-     *  it is shown. */
+    /** Fills the form from the databases, centres it and sets the first focus; to be called once,
+     *  before it is shown. */
     void load();
 
     qint32 paymentNumber() const { return m_payment.number; }
 
 signals:
-    /** The form has closed, once for each load(). Not sent while the program is ending. */
+    /** The form has closed; sent once. Not sent while the program is ending. */
     void unloaded();
 
 protected:
@@ -64,10 +63,8 @@ protected:
     const ProgramValues &values() const { return m_values; }
     CreditorFields &creditorFields() { return *m_creditor; }
 
-    /** What the form shows before the payment is read. */
-    virtual PaymentRecord startRecord() { return {}; }
-    /** The creditors that "Ricerca" offers. */
-    virtual QStringList searchCreditors(const QString &typed) const = 0;
+    /** The creditor that a new payment starts with. */
+    virtual QString startingCreditor() { return {}; }
 
     void closeEvent(QCloseEvent *event) override;
 
@@ -78,9 +75,9 @@ private:
     void followCreditor();
     void loadPayment();
     void confirm();
-    PaymentRecord record() const;
 
     ProgramValues &m_values;
+    PaymentRecord m_payment;
     FormFields m_fields;
     QWidget *m_page;
     QLabel *m_number;
@@ -89,7 +86,6 @@ private:
     NoteFields *m_notes;
     AllocationFrame *m_allocation;
     QPushButton *m_confirm = nullptr;
-    PaymentKey m_payment;
     bool m_open = false;
 };
 

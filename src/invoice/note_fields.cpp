@@ -69,16 +69,16 @@ NoteFields::NoteFields(FormFields &fields, QWidget *parent)
     , m_mandateDate(new DateBox(this))
     , m_note(new NoteBox(this))
 {
-    Describe(*m_mandate, u"Mandato"_s, u"Mandato nr."_s, u"Numero del mandato di pagamento"_s);
     Describe(*m_mandateDate, u"MandatoDell"_s, u"Data del mandato"_s,
              u"Data del mandato di pagamento, giorno/mese/anno"_s);
     Describe(*m_note, u"Memo"_s, u"Note"_s, u"Note libere; Invio va a capo, Tab passa oltre"_s);
-    fields.addLine(*m_mandate);
-    fields.addDate(*m_mandateDate);
+    fields.addLine(*m_mandateDate);
 
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins({});
-    grid->addWidget(LabelFor(*m_mandate, u"Mandat&o nr."_s), 0, 0);
+    grid->addWidget(fields.addLine(*m_mandate, u"Mandato"_s, u"Mandat&o nr."_s,
+                                   u"Numero del mandato di pagamento"_s),
+                    0, 0);
     grid->addWidget(m_mandate, 0, 1);
     grid->addWidget(m_mandateDate, 0, 2);
     grid->addWidget(LabelFor(*m_note, u"&Note"_s), 1, 0, Qt::AlignTop);

@@ -24,29 +24,30 @@ void readTexts(const RecordSet &payments, PaymentRecord &record)
     record.memo = payments.field(u"Memo"_s).textOrEmpty();
 }
 
-void readAmounts(const RecordSet &payments, AmountChain &amounts)
+void readAmounts(const RecordSet &payments, PaymentRecord &record)
 {
-    QList<std::optional<Currency>> stored;
-    for (const AmountField &field : amounts.fields())
-        stored.append(field.column.isEmpty() ? std::nullopt
-                                             : payments.field(field.column).currencyOrNone());
-    amounts.showStored(stored);
+    const QList<AmountField> &fields = AmountChainOf(record.kind).fields;
+    QMap<Amount, Currency> stored;
+    for (const AmountField &field : fields) {
+        if (field.column.isEmpty())
+            continue;
+        if (const auto value = payments.field(field.column).currencyOrNone())
+            stored[field.amount] = *value;
+    }
+    record.amounts.showStored(fields, stored);
 }
 
-void readPayment(const Database &ledger, qint32 paymentNumber, PaymentRecord &record,
-                 AmountChain &amounts)
+void readPayment(const Database &ledger, PaymentRecord &record)
 {
     RecordSet payments = ledger.openRecordSet(u"SELECT * FROM Fatture "_s);
-    if (payments.isEmpty())
-        return;
-    payments.findFirst(u"Npag ="_s + QString::number(paymentNumber));
-    if (payments.noMatch()) {
+    payments.findFirst(u"Npag ="_s + QString::number(record.number));
+    if (!payments.noMatch()) {
+        readTexts(payments, record);
+        readAmounts(payments, record);
+    } else if (!payments.isEmpty()) {
         payments.moveLast();
         record.memo = payments.field(u"Memo"_s).textOrEmpty();
-        return;
     }
-    readTexts(payments, record);
-    readAmounts(payments, amounts);
 }
 
 /** The current allocation's amount; nothing for a null. */
@@ -59,53 +60,45 @@ QString amountText(const RecordSet &allocations)
     });
 }
 
-/** The last row added becomes the current one. */
+/** The amount of the last row added becomes current. */
 void readAllocations(const Database &ledger, qint32 paymentNumber, TextTable &grid)
 {
     RecordSet allocations = ledger.openRecordSet(u"SELECT * FROM Spese "_s);
-    if (allocations.isEmpty())
-        return;
     const TextTable::BulkChange change(grid);
     const QString criterion = u"RelNpag ="_s + QString::number(paymentNumber);
-    allocations.findFirst(criterion);
-    while (!allocations.noMatch()) {
+    for (allocations.findFirst(criterion); !allocations.noMatch();
+         allocations.findNext(criterion)) {
         const int row = grid.rows();
         grid.setRows(row + 1);
-        grid.setRow(row);
+        grid.setCurrentCell(row, AllocationColumn::Importo);
         grid.setText(row, AllocationColumn::Cod, allocations.field(u"Cod"_s).textOrEmpty());
         grid.setText(row, AllocationColumn::Descrizione,
                      allocations.field(u"Descrizione"_s).textOrEmpty());
         grid.setText(row, AllocationColumn::Importo, amountText(allocations));
-        allocations.findNext(criterion);
     }
 }
 
-void readLedger(const ProgramValues &values, qint32 paymentNumber, PaymentRecord &record,
-                AmountChain &amounts, TextTable &grid)
+void readMandate(const ProgramValues &values, PaymentRecord &record)
 {
-    const Database ledger = Database::open(LedgerPath(values));
-    readPayment(ledger, paymentNumber, record, amounts);
-    readAllocations(ledger, paymentNumber, grid);
-}
-
-void readMandate(const ProgramValues &values, PaymentKey key, PaymentRecord &record)
-{
-    const QString item = VoceMandato(values, key.number);
+    const QString item = VoceMandato(values, record.number);
     if (!EsisteVoceLike(values, item))
         return;
-    const MandateNote note = ParseMandateNote(StringaVoceLike(values, item), key.kind);
+    const MandateNote note = ParseMandateNote(StringaVoceLike(values, item), record.kind);
     record.mandato = note.mandato;
     record.mandatoDell = note.mandatoDell.isEmpty() ? EmptyDateText.toString() : note.mandatoDell;
 }
 
 } // namespace
 
-void LoadPagamento(const ProgramValues &values, PaymentKey key, PaymentRecord &record,
-                   AmountChain &amounts, TextTable &grid)
+void LoadPagamento(const ProgramValues &values, PaymentRecord &record, TextTable &grid)
 {
-    WithDetail(u"Pagamento"_s, QString::number(key.number), [&] {
-        readLedger(values, key.number, record, amounts, grid);
-        readMandate(values, key, record);
+    WithDetail(u"Pagamento"_s, QString::number(record.number), [&] {
+        {
+            const Database ledger = Database::open(LedgerPath(values));
+            readPayment(ledger, record);
+            readAllocations(ledger, record.number, grid);
+        }
+        readMandate(values, record);
     });
 }
 

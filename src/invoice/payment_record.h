@@ -10,37 +10,32 @@
 
 namespace saldoro {
 
-/** The texts of an invoice form beside its amounts and allocations, as the widgets show them. */
+/** A payment as an invoice form shows it, save its allocations: texts as the widgets have them. */
 struct PaymentRecord
-{
-    QString creditore;                              ///< Text1_0
-    QString nFat;                                   ///< Text1_1
-    QString del = EmptyDateText.toString();         ///< MaskEdBox1, "dd/MM/yyyy" or the empty mask
-    QString descrizione;                            ///< Text1_3
-    QString memo;                                   ///< Memo
-    QString mandato;                                ///< Mandato
-    QString mandatoDell = EmptyDateText.toString(); ///< MandatoDell, any text that was stored
-};
-
-/** The payment that an invoice form shows. */
-struct PaymentKey
 {
     CreditorKind kind = CreditorKind::Company;
     qint32 number = 0;
+    QString creditore = {};                         ///< Text1_0
+    QString nFat = {};                              ///< Text1_1
+    QString del = EmptyDateText.toString();         ///< MaskEdBox1, "dd/MM/yyyy" or the empty mask
+    QString descrizione = {};                       ///< Text1_3
+    QString memo = {};                              ///< Memo
+    QString mandato = {};                           ///< Mandato
+    QString mandatoDell = EmptyDateText.toString(); ///< MandatoDell, any text that was stored
+    AmountTexts amounts = {};
 };
 
 /**
- * Reads a payment into an invoice form. @p record comes with what the form shows before (for a
- * company the contractor's name as creditor), @p grid prepared with its header alone, @p amounts
- * empty.
+ * Reads the payment of the kind and number in @p record into it. Beyond them it comes with what the
+ * form shows before (for a company the contractor's name as creditor), @p grid with its header
+ * alone.
  *
  * A number that the ledger does not hold is a new payment: it takes the notes of the last payment
  * stored and keeps everything else. Allocations and mandate note are read in both cases. An amount
  * that is null shows as the empty text and counts as 0 in the totals. Errors pass, with
  * the detail "Pagamento".
  */
-void LoadPagamento(const ProgramValues &values, PaymentKey key, PaymentRecord &record,
-                   AmountChain &amounts, TextTable &grid);
+void LoadPagamento(const ProgramValues &values, PaymentRecord &record, TextTable &grid);
 
 /**
  * Writes what an invoice form shows: the payment's row, then one row per allocation in grid order,
@@ -52,7 +47,6 @@ void LoadPagamento(const ProgramValues &values, PaymentKey key, PaymentRecord &r
  * description of a cost item, whose stored copy is cut. Errors pass, with the
  * detail "Pagamento".
  */
-void SavePagamento(ProgramValues &values, PaymentKey key, const PaymentRecord &record,
-                   const AmountChain &amounts, const TextTable &grid);
+void SavePagamento(ProgramValues &values, const PaymentRecord &record, const TextTable &grid);
 
 } // namespace saldoro

@@ -26,36 +26,31 @@ NewValue dateOrNull(const QString &boxText)
     return boxText == EmptyDateText ? NewValue() : textOrNull(boxText);
 }
 
-void fillPayment(RecordSet &payments, PaymentKey key, const PaymentRecord &record,
-                 const AmountChain &amounts)
+void fillPayment(RecordSet &payments, const PaymentRecord &record)
 {
-    payments.set(u"AziProf"_s, KindCode(key.kind));
-    payments.set(u"Npag"_s, key.number);
+    payments.set(u"AziProf"_s, KindCode(record.kind));
+    payments.set(u"Npag"_s, record.number);
     payments.set(u"Creditore"_s, textOrNull(record.creditore));
     payments.set(u"NFat"_s, record.nFat);
     payments.set(u"Del"_s, dateOrNull(record.del));
     payments.set(u"Memo"_s, record.memo);
     payments.set(u"Descrizione"_s, record.descrizione);
-    for (int position = 0; position < amounts.fields().size(); ++position) {
-        const QString &column = amounts.fields().at(position).column;
-        if (!column.isEmpty())
-            payments.set(column, amounts.storedValue(position));
+    for (const AmountField &field : AmountChainOf(record.kind).fields) {
+        if (!field.column.isEmpty())
+            payments.set(field.column, record.amounts.storedValue(field));
     }
 }
 
-void writePayment(RecordSet &payments, PaymentKey key, const PaymentRecord &record,
-                  const AmountChain &amounts)
+void writePayment(const Database &ledger, const PaymentRecord &record)
 {
-    bool found = false;
-    if (!payments.isEmpty()) {
-        payments.findFirst(u"Npag ="_s + QString::number(key.number));
-        found = !payments.noMatch();
-    }
-    if (found)
-        payments.edit();
-    else
+    RecordSet payments = ledger.openRecordSet(u"SELECT * FROM Fatture WHERE AziProf = '"_s +
+                                              KindCode(record.kind) + u"' "_s);
+    payments.findFirst(u"Npag ="_s + QString::number(record.number));
+    if (payments.noMatch())
         payments.addNew();
-    fillPayment(payments, key, record, amounts);
+    else
+        payments.edit();
+    fillPayment(payments, record);
     payments.update();
 }
 
@@ -76,30 +71,22 @@ void writeAllocation(RecordSet &allocations, qint32 paymentNumber, const TextTab
     allocations.update();
 }
 
-void writeLedger(const ProgramValues &values, PaymentKey key, const PaymentRecord &record,
-                 const AmountChain &amounts, const TextTable &grid)
-{
-    const Database ledger = Database::open(LedgerPath(values));
-    RecordSet payments = ledger.openRecordSet(u"SELECT * FROM Fatture WHERE AziProf = '"_s +
-                                              KindCode(key.kind) + u"' "_s);
-    RecordSet allocations = OpenAllocations(ledger, key.number);
-    writePayment(payments, key, record, amounts);
-    for (int row = 1; row < grid.rows(); ++row)
-        writeAllocation(allocations, key.number, grid, row);
-}
-
 } // namespace
 
-void SavePagamento(ProgramValues &values, PaymentKey key, const PaymentRecord &record,
-                   const AmountChain &amounts, const TextTable &grid)
+void SavePagamento(ProgramValues &values, const PaymentRecord &record, const TextTable &grid)
 {
-    WithDetail(u"Pagamento"_s, QString::number(key.number), [&] {
-        writeLedger(values, key, record, amounts, grid);
-
+    WithDetail(u"Pagamento"_s, QString::number(record.number), [&] {
+        {
+            const Database ledger = Database::open(LedgerPath(values));
+            RecordSet allocations = OpenAllocations(ledger, record.number);
+            writePayment(ledger, record);
+            for (int row = 1; row < grid.rows(); ++row)
+                writeAllocation(allocations, record.number, grid, row);
+        }
         constexpr qint16 noFunction = 0;
         values.MandateText = ComposeMandateNote(record.mandato, record.mandatoDell);
-        ScriviVoceStringa(values, VoceMandato(values, key.number), noFunction,
-                          MandateDescription(key.number, record.creditore), values.MandateText);
+        ScriviVoceStringa(values, VoceMandato(values, record.number), noFunction,
+                          MandateDescription(record.number, record.creditore), values.MandateText);
     });
 }
 

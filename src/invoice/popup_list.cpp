@@ -8,61 +8,18 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace saldoro {
 
 namespace {
 
-/**
- * Takes the rest of a double click away from what its first click has uncovered. It does so where
- * the window gets its events, before any control is given the focus for a press.
- */
-class DoubleClickRest : public QObject
+bool isRestOfDoubleClick(const QMouseEvent &press)
 {
-public:
-    explicit DoubleClickRest(QWindow &window)
-        : QObject(&window)
-    {
-        window.installEventFilter(this);
-    }
-
-protected:
-    bool eventFilter(QObject *window, QEvent *event) override
-    {
-        switch (event->type()) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonDblClick:
-            m_taken = isRest(*static_cast<QMouseEvent *>(event));
-            if (!m_taken)
-                end(*window);
-            return m_taken;
-        case QEvent::MouseMove:
-            return m_taken;
-        case QEvent::MouseButtonRelease:
-            if (m_taken)
-                end(*window);
-            return m_taken;
-        default:
-            return false;
-        }
-    }
-
-private:
-    static bool isRest(const QMouseEvent &press)
-    {
-        return press.button() == Qt::LeftButton &&
-               (press.type() == QEvent::MouseButtonDblClick ||
-                press.flags().testFlag(Qt::MouseEventCreatedDoubleClick));
-    }
-
-    void end(QObject &window)
-    {
-        window.removeEventFilter(this);
-        deleteLater();
-    }
-
-    bool m_taken = false;
-};
+    return press.button() == Qt::LeftButton &&
+           (press.type() == QEvent::MouseButtonDblClick ||
+            press.flags().testFlag(Qt::MouseEventCreatedDoubleClick));
+}
 
 } // namespace
 
@@ -73,7 +30,8 @@ PopupList::PopupList(QWidget *form)
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setAutoFillBackground(true);
     hide();
-    connect(this, &QListWidget::itemClicked, this, &PopupList::pick);
+    connect(this, &QListWidget::itemClicked, this,
+            [this](const QListWidgetItem *line) { emit answered(row(line)); });
 }
 
 void PopupList::open(const QStringList &lines, const QRect &area)
@@ -99,10 +57,11 @@ void PopupList::keyPressEvent(QKeyEvent *event)
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        pick(currentItem());
+        if (count() > 0)
+            emit answered(currentRow());
         break;
     case Qt::Key_Escape:
-        emit dismissed();
+        emit answered(-1);
         break;
     default:
         QListWidget::keyPressEvent(event);
@@ -113,13 +72,31 @@ void PopupList::mouseReleaseEvent(QMouseEvent *event)
 {
     QListWidget::mouseReleaseEvent(event);
     if (isHidden())
-        new DoubleClickRest(*window()->windowHandle());
+        window()->windowHandle()->installEventFilter(this);
 }
 
-void PopupList::pick(const QListWidgetItem *chosen)
+// The rest of a double click is taken away from what its first click has uncovered, where the
+// window gets its events, before any control is given the focus for a press.
+bool PopupList::eventFilter(QObject *watched, QEvent *event)
 {
-    if (chosen)
-        emit picked(row(chosen), chosen->text());
+    if (watched != window()->windowHandle())
+        return QListWidget::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        m_takesRest = isRestOfDoubleClick(*static_cast<QMouseEvent *>(event));
+        if (!m_takesRest)
+            watched->removeEventFilter(this);
+        return m_takesRest;
+    case QEvent::MouseMove:
+        return m_takesRest;
+    case QEvent::MouseButtonRelease:
+        if (m_takesRest)
+            watched->removeEventFilter(this);
+        return std::exchange(m_takesRest, false);
+    default:
+        return false;
+    }
 }
 
 } // namespace saldoro

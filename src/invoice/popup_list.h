@@ -21,16 +21,17 @@ public:
     void open(const QStringList &lines, const QRect &area);
 
 signals:
-    void picked(int index, const QString &line);
-    /** Esc was pressed: the focus is to be taken elsewhere. */
-    void dismissed();
+    /** The list is done with: line @p row was picked, or none (-1) and Esc pressed. The focus is to
+     *  be taken elsewhere. */
+    void answered(int row);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void pick(const QListWidgetItem *chosen);
+    bool m_takesRest = false; ///< of a double click, until its release
 };
 
 } // namespace saldoro
