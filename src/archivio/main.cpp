@@ -1,11 +1,10 @@
 #include "archivio/command_line.h"
+#include "archivio/missing_values.h"
 #include "common/errors.h"
-#include "exchange/csv_values.h"
 #include "exchange/export.h"
 #include "exchange/import.h"
 #include "platform/console.h"
 #include "store/project_files.h"
-#include "verify/missing_value.h"
 #include "verify/verification.h"
 
 #include <QCoreApplication>
@@ -23,38 +22,10 @@ enum Status
     NotPossible = 2 ///< to do the command
 };
 
-/** The value as the words behind --imposta give it: a payment number, a field in any letter case,
- *  and a day or an amount as an Italian spreadsheet writes it. */
-MissingValue missingValue(const QStringList &words)
-{
-    const auto refusal = [&](const QString &problem) {
-        SaldoroError error(problem, u"Nessun valore è stato cambiato."_s);
-        error.addDetail(u"Pagamento"_s, words[0]);
-        error.addDetail(u"Campo"_s, words[1]);
-        return error;
-    };
-    const std::optional<qint32> payment = WholeOf(words[0]);
-    if (!payment)
-        throw refusal(u"Il numero del pagamento non è un numero intero."_s);
-    const SettableField *field = SettableFieldNamed(words[1]);
-    if (field == nullptr)
-        throw refusal(u"Si possono impostare soltanto Del, Importo e ImportoIVA."_s);
-    if (field->name == "Del"_L1) {
-        if (const auto day = DayOf(words[2], CsvDialect::Italian))
-            return {*payment, field->name, *day};
-        throw refusal(u"«"_s + words[2] + u"» non è una data gg/mm/aaaa."_s);
-    }
-    if (const auto amount = AmountOf(words[2], CsvDialect::Italian))
-        return {*payment, field->name, *amount};
-    throw refusal(u"«"_s + words[2] + u"» non è un importo come 1.234,56."_s);
-}
-
 /** @p heading stands above the report of an error. */
 int verifyProject(const CommandLine &line, QString &heading)
 {
-    QList<MissingValue> missingValues;
-    for (const QStringList &words : line.words(u"--imposta"_s))
-        missingValues.append(missingValue(words));
+    const QList<QStringList> missingValues = line.words(u"--imposta"_s);
     const QList<QStringList> codes = line.words(u"--codici"_s);
     const QString folder = ExistingFolder(line.folders.first());
     if (!missingValues.isEmpty()) {
@@ -108,13 +79,6 @@ int run(const QStringList &words, QString &heading)
     return NotPossible;
 }
 
-/** Whether the error came when something had been written already. */
-bool isHalfWay(const SaldoroError &error)
-{
-    return error.detail(u"Valori già impostati"_s).toInt() > 0 ||
-           !error.detail(u"Prima di questo"_s).isEmpty();
-}
-
 } // namespace
 
 int main(int argc, char *argv[])
@@ -124,7 +88,7 @@ int main(int argc, char *argv[])
     try {
         return run(QCoreApplication::arguments().sliced(1), heading);
     } catch (const SaldoroError &error) {
-        if (isHalfWay(error))
+        if (!error.detail(u"Prima di questo"_s).isEmpty()) // some databases are done
             heading = u"Il comando è stato eseguito solo in parte."_s;
         PrintError(heading + u'\n' + error.message() + u'\n');
     } catch (const std::exception &error) {

@@ -36,6 +36,14 @@ NewValue valueOf(FieldType type, const FieldValue &stored)
 
 } // namespace
 
+QStringList ExchangedTable::fieldNames() const
+{
+    QStringList names;
+    for (const FieldDef &field : definition.fields())
+        names.append(field.name);
+    return names;
+}
+
 qsizetype ExchangedTable::place(const QString &field) const
 {
     const auto &fields = definition.fields();

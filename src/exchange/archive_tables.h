@@ -20,6 +20,7 @@ struct ExchangedTable
 
     const QString &name() const { return definition.name(); }
     QString fileName() const { return name() + QStringLiteral(".csv"); }
+    QStringList fieldNames() const;
     /** Place of a field, by its name in any letter case, among those of a row; -1 for none. */
     qsizetype place(const QString &field) const;
 };

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace saldoro {
 
@@ -55,17 +56,14 @@ bool isHint(const CsvRow &row)
 /** The value of a cell; no value when it is not written as one of the type. */
 std::optional<NewValue> valueOf(const QString &cell, FieldType type, CsvDialect dialect)
 {
-    const auto orNone = [](const auto &value) {
-        return value ? std::optional<NewValue>(*value) : std::nullopt;
-    };
     if (cell.isNull())
         return NewValue();
     if (type == FieldType::Currency)
-        return orNone(AmountOf(cell, dialect));
+        return AmountOf(cell, dialect);
     if (type == FieldType::Integer || type == FieldType::Long)
-        return orNone(WholeOf(cell));
+        return WholeOf(cell);
     if (type == FieldType::Date && !cell.isEmpty())
-        return orNone(DayOf(cell, dialect));
+        return DayOf(cell, dialect);
     return cell;
 }
 
@@ -81,8 +79,12 @@ QString expected(FieldType type, CsvDialect dialect)
     return u"un numero intero"_s;
 }
 
-QString refusal(DatabaseFault fault, const FieldDef &field, const NewValue &value)
+/** Why the field of the archive can't hold the value; empty when it can. */
+QString refusal(const FieldDef &field, const NewValue &value)
 {
+    const auto fault = RefusalOf(field, value);
+    if (!fault)
+        return {};
     const auto *text = std::get_if<QString>(&value);
     if (fault == DatabaseFault::ZeroLengthRefused)
         return u"il testo è vuoto, mentre il campo deve essere pieno o senza valore."_s;
@@ -96,22 +98,15 @@ QString refusal(DatabaseFault fault, const FieldDef &field, const NewValue &valu
 class TableReader
 {
 public:
-    TableReader(const QString &path, const ExchangedTable &table, const TableDef &stored,
+    TableReader(const QString &path, const ExchangedTable &table, TableDef stored,
                 QStringList &errors)
-        : m_definition(table.definition.fields())
+        : m_result{&table, QFileInfo(path).fileName(), {}, {}, {}}
         , m_errors(errors)
         , m_text(fileText(path))
         , m_dialect(dialectOf(m_text))
     {
-        m_result.table = &table;
-        m_result.file = QFileInfo(path).fileName();
-        const ExchangedTable there{table.archive, stored, {}};
-        for (const FieldDef &field : m_definition) {
-            const qsizetype place = there.place(field.name);
-            if (place < 0)
-                addError({}, u"la tabella dell'archivio non ha il campo "_s + field.name + u'.');
-            m_stored.append(place < 0 ? field : stored.fields()[place]);
-        }
+        for (const FieldDef &field : table.definition.fields())
+            m_stored.append(stored.field(field.name));
     }
 
     CsvTable read()
@@ -135,14 +130,9 @@ public:
     }
 
 private:
-    void addError(std::optional<int> line, const QString &problem, const QString &field = {})
+    void addError(int line, const QString &problem)
     {
-        QString place = m_result.file;
-        if (line)
-            place += u", riga "_s + QString::number(*line);
-        if (!field.isEmpty())
-            place += u", campo "_s + field;
-        m_errors.append(place + u": "_s + problem);
+        m_errors.append(m_result.file + u", riga "_s + QString::number(line) + u": "_s + problem);
     }
 
     void readNames(const CsvRow &row)
@@ -150,15 +140,16 @@ private:
         for (const QString &cell : row.cells) {
             const QString name = cell.trimmed();
             const qsizetype place = name.isEmpty() ? Nameless : m_result.table->place(name);
-            if (place == -1)
+            if (place == Unknown)
                 m_result.unknownFields.append(name);
-            if (place >= 0 && m_places.contains(place))
+            else if (m_places.contains(place) && place != Nameless)
                 addError(row.line, u"il campo "_s + name + u" è nominato due volte."_s);
             m_places.append(place);
         }
         for (const QString &needed : m_result.table->neededFields) {
             if (!m_places.contains(m_result.table->place(needed)))
-                addError({}, u"nella prima riga manca il campo "_s + needed + u'.');
+                m_errors.append(m_result.file + u": nella prima riga manca il campo "_s + needed +
+                                u'.');
         }
     }
 
@@ -169,44 +160,41 @@ private:
                                    .arg(m_places.size()));
             return;
         }
-        TableRow values(m_definition.size());
+        m_result.rows.append(TableRow(m_stored.size()));
+        m_result.lines.append(row.line);
         for (qsizetype cell = 0; cell < m_places.size(); ++cell) {
             if (m_places[cell] >= 0)
-                values[m_places[cell]] = value(row, cell);
+                m_result.rows.last()[m_places[cell]] = value(row.cells[cell], m_places[cell]);
             else if (m_places[cell] == Nameless && !row.cells[cell].isNull())
                 addError(row.line, u"la cella %1 sta in una colonna senza nome."_s.arg(cell + 1));
         }
-        m_result.rows.append(std::move(values));
-        m_result.lines.append(row.line);
     }
 
     /** What can't be stored is an error, and its place taken by what no file can tell. */
-    NewValue value(const CsvRow &row, qsizetype place)
+    NewValue value(const QString &cell, qsizetype place)
     {
-        const QString &cell = row.cells[place];
-        const FieldDef &field = m_definition[m_places[place]];
-        const FieldDef &stored = m_stored[m_places[place]];
+        const FieldDef &field = m_result.table->definition.fields()[place];
         std::optional<NewValue> value = valueOf(cell, field.type, m_dialect);
-        const auto fault = value ? RefusalOf(stored, *value) : std::nullopt;
-        if (value && !fault)
+        const QString problem =
+            value ? refusal(m_stored[place], *value)
+                  : u"«%1» non è %2, o è fuori misura."_s.arg(LeftCharacters(cell, 40),
+                                                              expected(field.type, m_dialect));
+        if (problem.isEmpty())
             return *std::move(value);
-        addError(row.line,
-                 fault ? refusal(*fault, stored, *value)
-                       : u"«%1» non è %2, o è fuori misura."_s.arg(LeftCharacters(cell, 40),
-                                                                   expected(field.type, m_dialect)),
-                 field.name);
+        m_errors.append(m_result.place(m_result.rows.size() - 1, field.name) + problem);
         return QDate();
     }
 
+    // Places of cells that fill no field.
+    static constexpr qsizetype Unknown = -1;
     static constexpr qsizetype Nameless = -2;
 
     CsvTable m_result;
-    QList<FieldDef> m_definition;
-    QList<FieldDef> m_stored; ///< as the archive has the fields of the definition
+    QList<FieldDef> m_stored; ///< the fields as the archive has them
     QStringList &m_errors;
     QString m_text;
     CsvDialect m_dialect;
-    QList<qsizetype> m_places; ///< for each cell its field's place, below 0 when it has none
+    QList<qsizetype> m_places; ///< for each cell that of its field
 };
 
 } // namespace
@@ -216,10 +204,10 @@ QString CsvTable::place(qsizetype row, const QString &field) const
     return u"%1, riga %2, campo %3: "_s.arg(file, QString::number(lines[row]), field);
 }
 
-CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,
+CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, TableDef stored,
                       QStringList &errors)
 {
-    return TableReader(path, table, stored, errors).read();
+    return TableReader(path, table, std::move(stored), errors).read();
 }
 
 } // namespace saldoro

@@ -28,9 +28,9 @@ struct CsvTable
 /**
  * Reads the file at @p path (of the machine) for @p table. What can't be read, or can't be stored
  * in a table that is defined as @p stored, is added to @p errors, one line for each. Throws
- * FileError.
+ * FileError, and FieldMissing when the definition lacks one of the table's fields.
  */
-CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,
+CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, TableDef stored,
                       QStringList &errors);
 
 } // namespace saldoro

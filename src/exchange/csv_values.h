@@ -28,7 +28,7 @@ std::optional<Currency> AmountOf(QStringView text, CsvDialect dialect);
  *  it does not count. No value for anything else and for a day that the calendar does not have. */
 std::optional<QDate> DayOf(QStringView text, CsvDialect dialect);
 
-/** A whole number of 32 bits in plain digits. */
+/** A whole number of 32 bits in plain digits, a sign may stand in front. */
 std::optional<qint32> WholeOf(QStringView text);
 
 /** An amount as the Italian dialect writes it, with two decimals or four and without groups. */

@@ -51,10 +51,7 @@ QString untold(const ExchangedTable &table, const TableRow &row)
 /** The content of a table's file. Rows that it can't tell are added to @p untolds. */
 QByteArray fileContent(const ExchangedTable &table, const TableRows &rows, QStringList &untolds)
 {
-    QStringList names;
-    for (const FieldDef &field : table.definition.fields())
-        names.append(field.name);
-    QByteArray content = "\xEF\xBB\xBF" + names.join(u';').toUtf8() + "\r\n";
+    QByteArray content = "\xEF\xBB\xBF" + table.fieldNames().join(u';').toUtf8() + "\r\n";
     Progress progress(u"Scrittura di "_s + table.name());
     for (qsizetype place = 1; place <= rows.size(); ++place) {
         progress.show(place);

@@ -1,17 +1,18 @@
 #include "exchange/import.h"
 
 #include "common/errors.h"
+#include "database/table_appender.h"
 #include "exchange/import_rules.h"
-#include "exchange/import_target.h"
+#include "exchange/progress.h"
 #include "exchange/project_place.h"
 #include "store/project_files.h"
 
 #include <QDir>
 #include <QFileInfo>
 
-#include <list>
 #include <map>
 #include <optional>
+#include <utility>
 
 namespace saldoro {
 
@@ -46,27 +47,88 @@ std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, QStrin
     return paths;
 }
 
+/** What becomes of one table. */
+struct TableChange
+{
+    CsvTable table;
+    TableRows seen;       ///< the rows that make way
+    bool isNeeded = true; ///< false: the table is as its file already
+};
+
+void append(Database &database, const ExchangedTable &table, const TableRows &rows)
+{
+    TableAppender appender(database, table.name(), table.fieldNames());
+    Progress progress(u"Scrittura di "_s + table.name());
+    for (qsizetype place = 0; place < rows.size(); ++place) {
+        appender.append(rows[place]);
+        progress.show(place);
+    }
+}
+
+/** Changes a database in one transaction, after a copy of it has been put beside it. Gives what has
+ *  been done. */
+QString changeFile(const QString &path, const QList<const TableChange *> &changes)
+{
+    Database database = Database::open(path);
+    const QString copy = database.backUpBeside();
+    Transaction transaction(database);
+    for (const TableChange *change : changes) {
+        const ExchangedTable &table = *change->table.table;
+        if (StoredRows(database, table) != change->seen)
+            throw FileError(path, u"L'archivio è cambiato mentre veniva letto."_s,
+                            u"Chiudere Saldoro e ripetere il comando."_s);
+        if (!change->seen.isEmpty())
+            database.deleteAll(table.name());
+        append(database, table, change->table.rows);
+    }
+    transaction.commit();
+    return u"%1: cambiato; com'era sta in %2\n"_s.arg(QFileInfo(path).fileName(), copy);
+}
+
+/** Makes a database aside, with all its tables, and renames it. Gives what has been done. */
+QString makeFile(ArchiveFile file, const QString &path, const QList<const TableChange *> &changes)
+{
+    const QString aside = path + u".nuovo"_s;
+    const auto removeAside = [&aside] {
+        QFile::remove(aside);
+        QFile::remove(aside + u"-journal"_s);
+    };
+    removeAside(); // of an import that was broken off
+    try {
+        CreateArchiveFile(aside, file, [&](Database &database) {
+            for (const TableChange *change : changes)
+                append(database, *change->table.table, change->table.rows);
+            if (file == ArchiveFile::Codes && changes.isEmpty())
+                append(database, ExchangedTables().front(), StandardCodeRows());
+        });
+        if (!QFile::rename(aside, path))
+            throw FileError(path, u"L'archivio non può essere creato."_s,
+                            u"Controllare i permessi e lo spazio libero sul disco."_s);
+    } catch (...) {
+        removeAside();
+        throw;
+    }
+    return QFileInfo(path).fileName() + u": creato\n"_s;
+}
+
 /** One import from beginning to end. */
 class ProjectImport
 {
 public:
     ProjectImport(const ImportRequest &request, const QString &folder)
         : m_request(request)
+        , m_folder(folder)
     {
-        for (const ArchiveFile file : ArchiveFileList)
-            m_targets.try_emplace(file, file, ArchiveFilePath(file, folder));
     }
 
     /** Reads and checks. */
     void prepare()
     {
         const auto paths = csvPaths(ExistingFolder(m_request.csvFolder), m_remarks.errors);
-        for (const auto &[file, target] : m_targets) {
-            const QString folder = QFileInfo(target.path()).path();
-            if (!m_request.createProject && !QFileInfo(folder).isDir())
-                m_remarks.errors.append(folder +
-                                        u": la cartella non c'è; con --nuovo viene fatta."_s);
-        }
+        const QString codesFolder = QFileInfo(path(ArchiveFile::Codes)).path();
+        if (!m_request.createProject && !QFileInfo(codesFolder).isDir())
+            m_remarks.errors.append(codesFolder +
+                                    u": la cartella non c'è; con --nuovo viene fatta."_s);
         for (const QString &name : m_request.replacedTables) {
             if (!paths.contains(tableNamed(name)))
                 m_remarks.errors.append(u"--sostituisci "_s + name +
@@ -74,9 +136,11 @@ public:
         }
         for (const auto &[table, path] : paths)
             read(*table, path);
-        const CodeMap codes = codesInForce();
-        for (const CsvTable &table : m_tables)
-            CheckRows(table, codes, m_remarks);
+        // The code map comes first among the tables.
+        const bool haveCodes = !m_changes.isEmpty() && &table(m_changes.first()) == &codesTable();
+        const TableRows codes = haveCodes ? m_changes.first().table.rows : storedCodes();
+        for (const TableChange &change : m_changes)
+            CheckRows(change.table, codes, m_remarks);
     }
 
     bool isGood() const
@@ -102,53 +166,54 @@ public:
     /** Gives what has been written. */
     QString write()
     {
-        for (auto &[file, target] : m_targets)
-            target.backUp();
-        for (auto &[file, target] : m_targets)
-            target.write();
         QString done;
-        for (auto &[file, target] : m_targets) {
-            try {
-                done += target.finish();
-            } catch (SaldoroError &error) {
-                error.addDetail(u"Prima di questo"_s, done.trimmed());
-                throw;
-            }
+        for (const ArchiveFile file : ArchiveFileList) {
+            WithDetail(
+                u"Prima di questo"_s, [&done] { return done.trimmed(); },
+                [&] { done += write(file); });
         }
-        for (const CsvTable &table : m_tables)
-            done += SummaryOf(*table.table, table.rows) +
-                    (m_same.contains(&table) ? u" (c'era già, uguale)\n"_s : u"\n"_s);
+        for (const TableChange &change : m_changes)
+            done += SummaryOf(table(change), change.table.rows) +
+                    (change.isNeeded ? u"\n"_s : u" (c'era già, uguale)\n"_s);
         return done;
     }
 
 private:
-    void read(const ExchangedTable &table, const QString &path)
+    static const ExchangedTable &codesTable() { return ExchangedTables().front(); }
+    static const ExchangedTable &table(const TableChange &change) { return *change.table.table; }
+    QString path(ArchiveFile file) const { return ArchiveFilePath(file, m_folder); }
+    bool exists(ArchiveFile file) const { return QFileInfo::exists(path(file)); }
+
+    void read(const ExchangedTable &table, const QString &csvPath)
     {
-        ImportTarget &target = m_targets.at(table.archive);
-        std::optional<TableDef> stored = table.definition;
-        if (target.exists())
-            stored = target.opened().tableDef(table.name());
-        if (!stored) {
-            m_remarks.errors.append(
-                table.fileName() + u": "_s + QFileInfo(target.path()).fileName() +
-                (target.opened().isStoredQuery(table.name())
-                     ? u" ha sotto questo nome un'interrogazione, che non si sostituisce."_s
-                     : u" non ha questa tabella."_s));
-            return;
+        TableDef definition = table.definition;
+        TableRows rows;
+        const bool isThere = exists(table.archive);
+        if (isThere) {
+            const Database database = Database::open(path(table.archive));
+            const std::optional<TableDef> stored = database.tableDef(table.name());
+            if (!stored) {
+                m_remarks.errors.append(
+                    table.fileName() + u": "_s + QFileInfo(database.path()).fileName() +
+                    (database.isStoredQuery(table.name())
+                         ? u" ha sotto questo nome un'interrogazione, che non si sostituisce."_s
+                         : u" non ha questa tabella."_s));
+                return;
+            }
+            definition = *stored;
+            rows = StoredRows(database, table);
         }
-        const CsvTable &read =
-            m_tables.emplace_back(ReadCsvTable(path, table, *stored, m_remarks.errors));
+        CsvTable read = ReadCsvTable(csvPath, table, std::move(definition), m_remarks.errors);
         if (!read.unknownFields.isEmpty())
             m_remarks.warnings.append(read.file + u": campi tralasciati: "_s +
                                       read.unknownFields.join(u", "_s) + u'.');
-        const TableRows rows = target.storedRows(table);
-        if (target.exists() && read.rows == rows)
-            m_same.append(&read);
-        else if (rows.isEmpty() || mayReplace(read, rows))
-            target.add(read, rows);
+        const bool isNeeded = !isThere || read.rows != rows;
+        if (isNeeded && !rows.isEmpty())
+            checkReplacement(read, rows);
+        m_changes.append({std::move(read), std::move(rows), isNeeded});
     }
 
-    bool mayReplace(const CsvTable &table, const TableRows &rows)
+    void checkReplacement(const CsvTable &table, const TableRows &rows)
     {
         const QString &name = table.table->name();
         if (!m_request.replacedTables.contains(name, Qt::CaseInsensitive)) {
@@ -157,41 +222,40 @@ private:
                     .arg(table.file)
                     .arg(rows.size())
                     .arg(name));
-            return false;
-        }
-        if (name == "Funzioni"_L1)
+        } else if (name == "Funzioni"_L1) {
             m_remarks.warnings.append(
                 table.file + u": i codici valgono per tutti i progetti, e cambiano per tutti."_s);
-        if (name == "SchedaProgetto"_L1) {
+        } else if (name == "SchedaProgetto"_L1) {
             for (const QString &item : LostItems(table, rows, storedCodes()))
                 m_remarks.errors.append(table.file + u": andrebbe persa la voce "_s + item +
                                         u", che ha scritto Saldoro; aggiungerla al file."_s);
         }
-        return true;
     }
 
-    CodeMap storedCodes()
+    /** The code map as it is, or will be made. */
+    TableRows storedCodes() const
     {
-        ImportTarget &codes = m_targets.at(ArchiveFile::Codes);
-        return CodeMapOf(codes.exists() ? codes.storedRows(ExchangedTables().front())
-                                        : StandardCodeRows());
+        return exists(ArchiveFile::Codes)
+                   ? StoredRows(Database::open(path(ArchiveFile::Codes)), codesTable())
+                   : StandardCodeRows();
     }
 
-    /** The code map as it will be. */
-    CodeMap codesInForce()
+    QString write(ArchiveFile file) const
     {
-        for (const CsvTable &table : m_tables) {
-            if (table.table->archive == ArchiveFile::Codes)
-                return CodeMapOf(table.rows);
+        QList<const TableChange *> changes;
+        for (const TableChange &change : m_changes) {
+            if (table(change).archive == file && change.isNeeded)
+                changes.append(&change);
         }
-        return storedCodes();
+        if (!exists(file))
+            return makeFile(file, path(file), changes);
+        return changes.isEmpty() ? QString() : changeFile(path(file), changes);
     }
 
     const ImportRequest &m_request;
+    QString m_folder;
     ImportRemarks m_remarks;
-    std::list<CsvTable> m_tables;
-    QList<const CsvTable *> m_same; ///< those that the archive holds already
-    std::map<ArchiveFile, ImportTarget> m_targets;
+    QList<TableChange> m_changes;
 };
 
 } // namespace

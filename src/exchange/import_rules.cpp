@@ -1,12 +1,12 @@
 #include "exchange/import_rules.h"
 
+#include "common/creditor_kind.h"
 #include "store/cost_item_rules.h"
 #include "store/internal_codes.h"
 #include "store/needed_values.h"
 
 #include <QStringBuilder>
 
-#include <algorithm>
 #include <optional>
 #include <set>
 
@@ -22,10 +22,14 @@ QString textOf(const NewValue &value)
     return text == nullptr ? QString() : *text;
 }
 
-/** As the databases compare codes: without regard to letter case. */
-QString compared(QStringView code)
+/** The item code that the code map has for an internal one, if it does. */
+std::optional<QString> itemOf(QStringView internalCode, const TableRows &codes)
 {
-    return code.toString().toCaseFolded();
+    for (const TableRow &row : codes) {
+        if (textOf(row[0]).compare(internalCode, Qt::CaseInsensitive) == 0)
+            return textOf(row[1]);
+    }
+    return std::nullopt;
 }
 
 /** Nulls that the program will stop at. */
@@ -49,13 +53,11 @@ void checkNulls(const CsvTable &table, ImportRemarks &remarks)
 }
 
 /** The item of the contractor, if there is one, has to have a link. */
-void checkContractor(const CsvTable &table, const CodeMap &codes, ImportRemarks &remarks)
+void checkContractor(const CsvTable &table, const TableRows &codes, ImportRemarks &remarks)
 {
-    const auto contractor = codes.find(compared(InternalCode::Contractor));
-    if (contractor == codes.end())
-        return;
-    for (qsizetype row = 0; row < table.rows.size(); ++row) {
-        if (compared(textOf(table.rows[row][0])) == compared(contractor->second) &&
+    const auto contractor = itemOf(InternalCode::Contractor, codes);
+    for (qsizetype row = 0; contractor && row < table.rows.size(); ++row) {
+        if (textOf(table.rows[row][0]).compare(*contractor, Qt::CaseInsensitive) == 0 &&
             table.value(row, u"Link"_s) == NewValue())
             remarks.refusals.append(table.place(row, u"Link"_s) +
                                     u"manca il valore: le fatture delle aziende non si aprono."_s);
@@ -86,7 +88,7 @@ void checkPayments(const CsvTable &table, ImportRemarks &remarks)
     const qsizetype count = table.rows.size();
     for (qsizetype row = 0; row < count; ++row) {
         const QString kind = textOf(table.value(row, u"AziProf"_s));
-        if (!kind.isEmpty() && kind != "A"_L1 && kind != "P"_L1)
+        if (!kind.isEmpty() && !KindOfCode(kind))
             remarks.errors.append(table.place(row, u"AziProf"_s) + u"«"_s + kind +
                                   u"» non è A (azienda) né P (professionista)."_s);
         if (const auto *number = std::get_if<qint32>(&table.value(row, u"Npag"_s)))
@@ -100,10 +102,10 @@ void checkPayments(const CsvTable &table, ImportRemarks &remarks)
             "«Modifica» ed «Elimina» prendono per numero la riga dell'elenco."_s.arg(count));
 }
 
-void checkCodes(const CsvTable &table, const CodeMap &codes, ImportRemarks &remarks)
+void checkCodes(const CsvTable &table, ImportRemarks &remarks)
 {
     for (const UsedCode &used : UsedCodes) {
-        if (!codes.contains(compared(used.code)))
+        if (!itemOf(used.code, table.rows))
             remarks.refusals.append(table.file % u": manca il codice interno "_s % used.code %
                                     u", che il programma cerca."_s);
     }
@@ -111,15 +113,7 @@ void checkCodes(const CsvTable &table, const CodeMap &codes, ImportRemarks &rema
 
 } // namespace
 
-CodeMap CodeMapOf(const TableRows &rows)
-{
-    CodeMap codes;
-    for (const TableRow &row : rows)
-        codes.try_emplace(compared(textOf(row[0])), textOf(row[1]));
-    return codes;
-}
-
-void CheckRows(const CsvTable &table, const CodeMap &codes, ImportRemarks &remarks)
+void CheckRows(const CsvTable &table, const TableRows &codes, ImportRemarks &remarks)
 {
     const QString &name = table.table->name();
     checkNulls(table, remarks);
@@ -128,36 +122,35 @@ void CheckRows(const CsvTable &table, const CodeMap &codes, ImportRemarks &remar
     if (name == "Fatture"_L1)
         checkPayments(table, remarks);
     if (name == "Funzioni"_L1)
-        checkCodes(table, codes, remarks);
+        checkCodes(table, remarks);
     if (name == "UltimaPerVariante"_L1)
         checkBudget(table, remarks);
 }
 
-QStringList LostItems(const CsvTable &table, const TableRows &stored, const CodeMap &codes)
+QStringList LostItems(const CsvTable &table, const TableRows &stored, const TableRows &codes)
 {
-    std::set<QString> kept;
+    std::set<QString, CodeOrder> kept;
     for (const TableRow &row : table.rows)
-        kept.insert(compared(textOf(row[0])));
-    const auto isWritten = [&codes](const UsedCode &used, const QString &item) {
-        const auto external = codes.find(compared(used.code));
-        if (external == codes.end() || used.use == CodeUse::Search)
-            return false;
-        const QString code = compared(external->second);
-        if (used.use != CodeUse::Note)
-            return item == code;
-        bool isNote = item.startsWith(code + u'_');
-        if (isNote)
-            item.sliced(code.size() + 1).toInt(&isNote);
-        return isNote;
+        kept.insert(textOf(row[0]));
+    std::set<QString, CodeOrder> written;
+    QString noteStart;
+    for (const UsedCode &used : UsedCodes) {
+        const auto item = itemOf(used.code, codes);
+        if (item && used.use == CodeUse::Note)
+            noteStart = *item + u'_';
+        else if (item && used.use != CodeUse::Search)
+            written.insert(*item);
+    }
+    const auto isNote = [&noteStart](const QString &item) {
+        bool isNumber = false;
+        item.mid(noteStart.size()).toInt(&isNumber);
+        return isNumber && !noteStart.isEmpty() && item.startsWith(noteStart, Qt::CaseInsensitive);
     };
     QStringList lost;
     for (const TableRow &row : stored) {
-        const QString item = compared(textOf(row[0]));
-        if (!kept.contains(item) &&
-            std::any_of(UsedCodes.begin(), UsedCodes.end(),
-                        [&](const UsedCode &used) { return isWritten(used, item); }))
-            lost.append(
-                u"%1 (%2)"_s.arg(textOf(row[0]), textOf(row[table.table->place(u"Descri"_s)])));
+        const QString item = textOf(row[0]);
+        if ((written.contains(item) || isNote(item)) && !kept.contains(item))
+            lost.append(u"%1 (%2)"_s.arg(item, textOf(row[table.table->place(u"Descri"_s)])));
     }
     return lost;
 }

@@ -4,8 +4,6 @@
 
 #include <QStringList>
 
-#include <map>
-
 namespace saldoro {
 
 /** What is to be said about the files, one line for each thing. */
@@ -16,18 +14,13 @@ struct ImportRemarks
     QStringList warnings;
 };
 
-/** External codes by internal ones, as the databases compare them. */
-using CodeMap = std::map<QString, QString>;
-
-/** The rows of a table `Funzioni` as a map; of codes that occur twice the first counts. */
-CodeMap CodeMapOf(const TableRows &rows);
-
 /** Checks the rows of a file: values that are never stored, what stops the program later or
- * confuses a pick, and what calls for attention. @p codes is the code map that will be in force. */
-void CheckRows(const CsvTable &table, const CodeMap &codes, ImportRemarks &remarks);
+ * confuses a pick, and what calls for attention. @p codes are the rows of the code map that will be
+ * in force. */
+void CheckRows(const CsvTable &table, const TableRows &codes, ImportRemarks &remarks);
 
 /** The items among @p stored, rows of the contract sheet, that the program has written and that
  *  @p table does not hold: "M0097_3 (Pag. N.3 - Edil Rossi)". */
-QStringList LostItems(const CsvTable &table, const TableRows &stored, const CodeMap &codes);
+QStringList LostItems(const CsvTable &table, const TableRows &stored, const TableRows &codes);
 
 } // namespace saldoro

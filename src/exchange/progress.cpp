@@ -2,12 +2,15 @@
 
 #include "platform/console.h"
 
+#include <chrono>
+
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr qsizetype LineWidth = 60;
+constexpr qsizetype RowsPerLine = 1000;
 const auto ProgramStart = std::chrono::steady_clock::now();
 } // namespace
 
@@ -19,10 +22,9 @@ Progress::~Progress()
 
 void Progress::show(qsizetype rows)
 {
-    const auto elapsed = std::chrono::steady_clock::now() - ProgramStart;
-    if (elapsed < m_next || !IsErrorTerminal())
+    if (rows % RowsPerLine != 0 || !IsErrorTerminal() ||
+        std::chrono::steady_clock::now() - ProgramStart < std::chrono::seconds(1))
         return;
-    m_next = elapsed + std::chrono::milliseconds(200);
     m_isShown = true;
     const QString line = u"%1: %2 righe"_s.arg(m_step).arg(rows);
     PrintError(u'\r' + line.leftJustified(LineWidth, u' ', true));

@@ -2,7 +2,6 @@
 
 #include <QString>
 
-#include <chrono>
 #include <utility>
 
 namespace saldoro {
@@ -24,7 +23,6 @@ public:
 
 private:
     QString m_step;
-    std::chrono::steady_clock::duration m_next = std::chrono::seconds(1); ///< when to show a line
     bool m_isShown = false;
 };
 

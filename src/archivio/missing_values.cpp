@@ -1,0 +1,86 @@
+#include "archivio/missing_values.h"
+
+#include "common/errors.h"
+#include "database/database.h"
+#include "exchange/csv_values.h"
+
+#include <QFile>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+SaldoroError refusal(const QString &problem)
+{
+    return SaldoroError(problem, u"Nessun valore è stato cambiato."_s);
+}
+
+NewValue valueOf(const QString &text, bool isDay)
+{
+    if (isDay) {
+        if (const auto day = DayOf(text, CsvDialect::Italian))
+            return *day;
+        throw refusal(u"«"_s + text + u"» non è una data gg/mm/aaaa."_s);
+    }
+    if (const auto amount = AmountOf(text, CsvDialect::Italian))
+        return *amount;
+    throw refusal(u"«"_s + text + u"» non è un importo come 1.234,56."_s);
+}
+
+/** Makes the one payment of that number the current record. */
+void findPayment(RecordSet &payments, const QString &word)
+{
+    const auto number = WholeOf(word);
+    if (!number)
+        throw refusal(u"Il numero del pagamento non è un numero intero."_s);
+    const QString criterion = u"Npag = "_s + QString::number(*number);
+    payments.findFirst(criterion);
+    if (payments.noMatch())
+        throw refusal(u"Nessun pagamento ha questo numero."_s);
+    payments.findNext(criterion);
+    if (!payments.noMatch())
+        throw refusal(u"Più di un pagamento ha questo numero: non è chiaro quale cambiare."_s);
+    payments.findFirst(criterion);
+}
+
+void setValue(RecordSet &payments, const QString &field, const QString &text)
+{
+    if (!QStringList{u"Del"_s, u"Importo"_s, u"ImportoIVA"_s}.contains(field, Qt::CaseInsensitive))
+        throw refusal(u"Si possono impostare soltanto Del, Importo e ImportoIVA."_s);
+    const bool isDay = field.compare("Del"_L1, Qt::CaseInsensitive) == 0;
+    const NewValue value = valueOf(text, isDay);
+    if (!payments.field(field).isNull())
+        throw refusal(u"Il campo ha già un valore, che non viene sostituito."_s);
+    payments.edit();
+    payments.set(field, value);
+    payments.update();
+}
+
+} // namespace
+
+QString SetMissingValues(const QString &ledger, const QList<QStringList> &values)
+{
+    Database database = Database::open(ledger);
+    QString copy = database.backUpBeside();
+    try {
+        Transaction transaction(database);
+        RecordSet payments = database.openRecordSet(u"SELECT * FROM Fatture"_s);
+        for (const QStringList &words : values) {
+            WithDetail(u"Campo"_s, words[1], [&] {
+                WithDetail(u"Pagamento"_s, words[0], [&] {
+                    findPayment(payments, words[0]);
+                    setValue(payments, words[1], words[2]);
+                });
+            });
+        }
+        transaction.commit();
+    } catch (...) {
+        QFile::remove(copy); // of what has not changed
+        throw;
+    }
+    return copy;
+}
+
+} // namespace saldoro
