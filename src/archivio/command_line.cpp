@@ -2,38 +2,27 @@
 
 #include "common/errors.h"
 
-#include <algorithm>
-#include <array>
-
 namespace saldoro {
 
 namespace {
 
 using namespace Qt::StringLiterals;
 
-struct OptionForm
-{
-    QStringView name;
-    int words; ///< that follow it
-};
-
+/** What a command takes. */
 struct CommandForm
 {
-    Command command;
-    QStringView name;
-    QStringView folders; ///< names of those that it takes
-    QList<OptionForm> options;
+    QString folders;            ///< their names
+    QMap<QString, int> options; ///< with the number of words that follow each
 };
 
-const std::array<CommandForm, 3> &commandForms()
+const QMap<QString, CommandForm> &commandForms()
 {
-    static const std::array<CommandForm, 3> forms{
-        {{Command::Verify, u"verifica", u"CARTELLA", {{u"--codici", 1}, {u"--imposta", 3}}},
-         {Command::Import,
-          u"importa",
-          u"CARTELLA_CSV CARTELLA",
-          {{u"--nuovo", 0}, {u"--comunque", 0}, {u"--sostituisci", 1}}},
-         {Command::Export, u"esporta", u"CARTELLA CARTELLA_CSV", {{u"--sovrascrivi", 0}}}}};
+    static const QMap<QString, CommandForm> forms{
+        {u"verifica"_s, {u"CARTELLA"_s, {{u"--codici"_s, 1}, {u"--imposta"_s, 3}}}},
+        {u"importa"_s,
+         {u"CARTELLA_CSV CARTELLA"_s,
+          {{u"--nuovo"_s, 0}, {u"--comunque"_s, 0}, {u"--sostituisci"_s, 1}}}},
+        {u"esporta"_s, {u"CARTELLA CARTELLA_CSV"_s, {{u"--sovrascrivi"_s, 0}}}}};
     return forms;
 }
 
@@ -42,62 +31,38 @@ SaldoroError misuse(const QString &problem)
     return SaldoroError(problem, u"Con --aiuto si leggono le istruzioni."_s);
 }
 
-template <typename Forms>
-const auto *formOf(const QString &word, const Forms &forms)
-{
-    const auto found = std::find_if(forms.begin(), forms.end(),
-                                    [&word](const auto &form) { return form.name == word; });
-    return found == forms.end() ? nullptr : &*found;
-}
-
-/** The option's words are taken as they stand: a negative amount begins with "-" too. */
-GivenOption takeOption(const CommandForm &form, const QString &name, QStringList &rest)
-{
-    const OptionForm *option = formOf(name, form.options);
-    if (option == nullptr)
-        throw misuse(u"L'opzione "_s + name + u" non esiste."_s);
-    if (rest.size() < option->words)
-        throw misuse(u"Dopo "_s + name + u" manca qualcosa."_s);
-    GivenOption given{name, rest.first(option->words)};
-    rest.remove(0, option->words);
-    return given;
-}
-
 } // namespace
-
-QList<QStringList> CommandLine::words(const QString &name) const
-{
-    QList<QStringList> result;
-    for (const GivenOption &option : options) {
-        if (option.name == name)
-            result.append(option.words);
-    }
-    return result;
-}
 
 CommandLine ParseCommandLine(const QStringList &words)
 {
     if (words.isEmpty())
         throw misuse(u"Manca il comando: verifica, importa o esporta."_s);
-    const CommandForm *form = formOf(words.first(), commandForms());
-    CommandLine line;
-    QStringList rest = form == nullptr ? words : words.sliced(1);
-    while (!rest.isEmpty()) {
-        const QString word = rest.takeFirst();
-        if (word == "--aiuto"_L1 || word == "--versione"_L1) {
-            line.command = word == "--aiuto"_L1 ? Command::Help : Command::Version;
-            return line;
-        }
-        if (form == nullptr)
-            throw misuse(u"Il comando "_s + word + u" non esiste."_s);
-        if (word.startsWith(u'-'))
-            line.options.append(takeOption(*form, word, rest));
-        else
+    CommandLine line{words.first(), {}, {}};
+    for (const QString &word : words) {
+        if (word == "--aiuto"_L1 || word == "--versione"_L1)
+            return {word, {}, {}};
+    }
+    const auto form = commandForms().find(line.command);
+    if (form == commandForms().end())
+        throw misuse(u"Il comando "_s + line.command + u" non esiste."_s);
+    for (qsizetype at = 1; at < words.size(); ++at) {
+        const QString &word = words[at];
+        if (!word.startsWith(u'-')) {
             line.folders.append(word);
+            continue;
+        }
+        // The words behind an option are taken as they stand: a negative amount begins with "-"
+        // too.
+        const auto option = form->options.find(word);
+        if (option == form->options.end())
+            throw misuse(u"L'opzione "_s + word + u" non esiste."_s);
+        if (words.size() - 1 - at < *option)
+            throw misuse(u"Dopo "_s + word + u" manca qualcosa."_s);
+        line.options[word].append(words.sliced(at + 1, *option));
+        at += *option;
     }
     if (line.folders.size() != form->folders.count(u' ') + 1)
-        throw misuse(u"Dopo %1 ci vuole: %2"_s.arg(form->name, form->folders));
-    line.command = form->command;
+        throw misuse(u"Dopo %1 ci vuole: %2"_s.arg(line.command, form->folders));
     return line;
 }
 

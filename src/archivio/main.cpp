@@ -23,60 +23,47 @@ enum Status
 };
 
 /** @p heading stands above the report of an error. */
-int verifyProject(const CommandLine &line, QString &heading)
+Status verifyProject(const CommandLine &line, QString &heading)
 {
-    const QList<QStringList> missingValues = line.words(u"--imposta"_s);
-    const QList<QStringList> codes = line.words(u"--codici"_s);
+    const QStringList missingValues = line.options[u"--imposta"_s];
     const QString folder = ExistingFolder(line.folders.first());
     if (!missingValues.isEmpty()) {
         const QString copy =
             SetMissingValues(ArchiveFilePath(ArchiveFile::Ledger, folder), missingValues);
         PrintOut(u"Valori impostati: %1. Copia del registro com'era: %2\n\n"_s.arg(
-            QString::number(missingValues.size()), copy));
+            QString::number(missingValues.size() / 3), copy));
         heading = u"I valori sono stati impostati; il controllo non è stato possibile."_s;
     }
-    const Findings findings =
-        VerifyProject(folder, codes.isEmpty() ? QString() : codes.last().first());
+    const QStringList codes = line.options[u"--codici"_s];
+    const Findings findings = VerifyProject(folder, codes.value(codes.size() - 1));
     PrintOut(FindingsReport(findings));
     return findings.isEmpty() ? Done : Found;
 }
 
-int importProject(const CommandLine &line)
+Status importProject(const CommandLine &line)
 {
-    ImportRequest request{
-        line.folders[0], line.folders[1], line.has(u"--nuovo"_s), line.has(u"--comunque"_s), {}};
-    for (const QStringList &words : line.words(u"--sostituisci"_s))
-        request.replacedTables.append(words.first());
-    const ImportOutcome outcome = ImportProject(request);
+    const ImportOutcome outcome =
+        ImportProject({line.folders[0], line.folders[1], line.options.contains(u"--nuovo"_s),
+                       line.options.contains(u"--comunque"_s), line.options[u"--sostituisci"_s]});
     PrintError(outcome.remarks);
     PrintOut(outcome.summary);
     return outcome.isDone ? Done : Found;
 }
 
-int exportProject(const CommandLine &line)
-{
-    PrintOut(ExportProject(line.folders[0], line.folders[1], line.has(u"--sovrascrivi"_s)));
-    return Done;
-}
-
-int run(const QStringList &words, QString &heading)
+Status run(const QStringList &words, QString &heading)
 {
     const CommandLine line = ParseCommandLine(words);
-    switch (line.command) {
-    case Command::Help:
-        PrintOut(UsageText());
-        return Done;
-    case Command::Version:
-        PrintOut(u"saldoro-archivio " SALDORO_VERSION "\n"_s);
-        return Done;
-    case Command::Verify:
+    if (line.command == "verifica"_L1)
         return verifyProject(line, heading);
-    case Command::Import:
+    if (line.command == "importa"_L1)
         return importProject(line);
-    case Command::Export:
-        return exportProject(line);
-    }
-    return NotPossible;
+    if (line.command == "esporta"_L1)
+        PrintOut(ExportProject(line.folders[0], line.folders[1],
+                               line.options.contains(u"--sovrascrivi"_s)));
+    else
+        PrintOut(line.command == "--aiuto"_L1 ? UsageText()
+                                              : u"saldoro-archivio " SALDORO_VERSION "\n"_s);
+    return Done;
 }
 
 } // namespace

@@ -60,18 +60,18 @@ void setValue(RecordSet &payments, const QString &field, const QString &text)
 
 } // namespace
 
-QString SetMissingValues(const QString &ledger, const QList<QStringList> &values)
+QString SetMissingValues(const QString &ledger, const QStringList &words)
 {
     Database database = Database::open(ledger);
     QString copy = database.backUpBeside();
     try {
         Transaction transaction(database);
         RecordSet payments = database.openRecordSet(u"SELECT * FROM Fatture"_s);
-        for (const QStringList &words : values) {
-            WithDetail(u"Campo"_s, words[1], [&] {
-                WithDetail(u"Pagamento"_s, words[0], [&] {
-                    findPayment(payments, words[0]);
-                    setValue(payments, words[1], words[2]);
+        for (qsizetype at = 0; at < words.size(); at += 3) {
+            WithDetail(u"Campo"_s, words[at + 1], [&] {
+                WithDetail(u"Pagamento"_s, words[at], [&] {
+                    findPayment(payments, words[at]);
+                    setValue(payments, words[at + 1], words[at + 2]);
                 });
             });
         }

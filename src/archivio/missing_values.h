@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QList>
+#include <QString>
 #include <QStringList>
 
 namespace saldoro {
@@ -14,6 +14,6 @@ namespace saldoro {
  * Throws SaldoroError, with nothing changed, for words that can't be read, when no payment or more
  * than one has the number and when the field holds a value; and DatabaseError.
  */
-QString SetMissingValues(const QString &ledger, const QList<QStringList> &values);
+QString SetMissingValues(const QString &ledger, const QStringList &words);
 
 } // namespace saldoro

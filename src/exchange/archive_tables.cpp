@@ -6,6 +6,7 @@
 #include "store/internal_codes.h"
 
 #include <map>
+#include <utility>
 
 namespace saldoro {
 
@@ -19,19 +20,22 @@ const NewValue Untold = QDate();
 NewValue valueOf(FieldType type, const FieldValue &stored)
 {
     constexpr qsizetype DayLength = 10;
-    if (stored.isNull())
-        return {};
-    if (type == FieldType::Currency)
-        return stored.currency();
-    if (type == FieldType::Integer || type == FieldType::Long)
-        return stored.integer();
+    try {
+        if (stored.isNull())
+            return {};
+        if (type == FieldType::Currency)
+            return stored.currency();
+        if (type == FieldType::Integer || type == FieldType::Long)
+            return stored.integer();
+    } catch (const DatabaseError &) {
+        return Untold; // a value of another type
+    }
     const auto bytes = stored.storedBytes();
     if (!bytes)
         return Untold;
-    if (type != FieldType::Date || bytes->isEmpty())
-        return TextOfUtf8(*bytes);
-    const QDate day = bytes->size() == DayLength ? stored.dateOrNone() : QDate();
-    return day.isValid() ? NewValue(day) : Untold;
+    if (type == FieldType::Date && !bytes->isEmpty())
+        return bytes->size() == DayLength ? stored.dateOrNone() : QDate();
+    return TextOfUtf8(*bytes);
 }
 
 } // namespace
@@ -78,21 +82,15 @@ const std::vector<ExchangedTable> &ExchangedTables()
 
 TableRows StoredRows(const Database &database, const ExchangedTable &table)
 {
-    const auto &fields = table.definition.fields();
     RecordSet records = database.openRecordSet(u"SELECT * FROM "_s + table.name());
-    QList<int> columns(fields.size(), -1);
+    QList<std::pair<int, FieldType>> columns;
+    for (const FieldDef &field : table.definition.fields())
+        columns.append({records.column(field.name), field.type});
     TableRows rows;
     for (; !records.eof(); records.moveNext()) {
-        TableRow row(fields.size(), Untold);
-        for (qsizetype place = 0; place < fields.size(); ++place) {
-            try {
-                if (columns[place] < 0)
-                    columns[place] = records.column(fields[place].name);
-                row[place] = valueOf(fields[place].type, records.field(columns[place]));
-            } catch (const DatabaseError &) {
-                continue; // a value of another type, or a field that is not there
-            }
-        }
+        TableRow row;
+        for (const auto &[column, type] : columns)
+            row.append(valueOf(type, records.field(column)));
         rows.append(std::move(row));
     }
     return rows;
@@ -115,14 +113,16 @@ QString SummaryOf(const ExchangedTable &table, const TableRows &rows)
     const qsizetype place = table.place(u"Importo"_s);
     if (place < 0)
         return text;
-    qint64 total = 0;
-    bool fits = true;
-    for (const TableRow &row : rows) {
-        if (const auto *amount = std::get_if<Currency>(&row[place]))
-            fits = fits && !__builtin_add_overflow(total, amount->scaled(), &total);
+    try {
+        Currency total;
+        for (const TableRow &row : rows) {
+            if (const auto *amount = std::get_if<Currency>(&row[place]))
+                total += *amount;
+        }
+        return text + u", totale Importo "_s + FormatImporto(total);
+    } catch (const OverflowError &) {
+        return text + u", totale Importo fuori misura"_s;
     }
-    return text + u", totale Importo "_s +
-           (fits ? FormatImporto(Currency::fromScaled(total)) : u"fuori misura"_s);
 }
 
 } // namespace saldoro

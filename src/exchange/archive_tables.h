@@ -34,8 +34,8 @@ const std::vector<ExchangedTable> &ExchangedTables();
 using TableRow = QList<NewValue>;
 using TableRows = QList<TableRow>;
 
-/** The rows of a table in stored order. A field that the database lacks holds what can't be told.
- *  Throws DatabaseError. */
+/** The rows of a table in stored order. Throws DatabaseError, also for a field that the database
+ *  lacks. */
 TableRows StoredRows(const Database &database, const ExchangedTable &table);
 
 /** The rows of a code map that is made without the suite. */

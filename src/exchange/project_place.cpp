@@ -6,7 +6,7 @@
 #include "platform/registry.h"
 
 #include <QDir>
-#include <QRegularExpression>
+#include <QFileInfo>
 
 namespace saldoro {
 
@@ -33,18 +33,18 @@ bool isSameFolder(const QString &one, const QString &other)
 
 ProjectPlace PlaceOf(const QString &folder)
 {
-    static const QRegularExpression tree(
-        u"\\A(.*)[/\\\\]ARCHIVI\\.QX[/\\\\]ZELT[/\\\\]LAVORI[/\\\\]APPALTI[/\\\\]([^/\\\\]+)\\z"_s,
-        QRegularExpression::CaseInsensitiveOption);
-    const QString path = QDir::cleanPath(QDir::current().absoluteFilePath(folder));
-    const QRegularExpressionMatch match = tree.match(path);
-    if (!match.hasMatch())
+    const QString path =
+        QDir::cleanPath(QDir::current().absoluteFilePath(QString(folder).replace(u'\\', u'/')));
+    const QString above = QFileInfo(path).path();
+    const QString tree = ArchiveFolders::Appalti.toString().replace(u'\\', u'/');
+    if (!above.endsWith(tree, Qt::CaseInsensitive))
         throw FileError(path,
                         u"Un progetto nuovo sta in una cartella che finisce con "
                         "ARCHIVI.QX/ZELT/LAVORI/APPALTI/codice."_s,
                         u"Indicare una cartella così, per esempio "
                         "archivi/ARCHIVI.QX/ZELT/LAVORI/APPALTI/00039."_s);
-    ProjectPlace place{QDir::toNativeSeparators(match.captured(1)), match.captured(2), {}};
+    ProjectPlace place{
+        QDir::toNativeSeparators(above.chopped(tree.size())), QFileInfo(path).fileName(), {}};
     place.folder =
         MachinePath(place.root + ArchiveFolders::Appalti.toString() + u'\\' + place.code);
     return place;

@@ -18,24 +18,17 @@ namespace {
 /** Most characters of an item's description that ScriviVoceStringa stores. */
 constexpr qsizetype descriptionSize = 60;
 
-/** One of the suite's databases, open for one job with the one record set that the job needs. */
-struct OpenTable
+/** Opens a record set whose database is closed with it. */
+RecordSet openRecords(const QString &path, const QString &sql)
 {
-    Database database;
-    RecordSet records;
-
-    OpenTable(Database opened, const QString &sql)
-        : database(std::move(opened))
-        , records(database.openRecordSet(sql))
-    {
-    }
-};
+    return Database::open(path).openRecordSet(sql);
+}
 
 /** The code map, searched for an internal code; there may be no match. */
-OpenTable findCode(const ProgramValues &values, QStringView internalCode)
+RecordSet findCode(const ProgramValues &values, QStringView internalCode)
 {
-    OpenTable codes(Database::open(CodesPath(values)), u"SELECT * FROM Funzioni ORDER BY CodInt"_s);
-    codes.records.findFirst(u"CodInt = '%1'"_s.arg(internalCode));
+    RecordSet codes = openRecords(CodesPath(values), u"SELECT * FROM Funzioni ORDER BY CodInt"_s);
+    codes.findFirst(u"CodInt = '%1'"_s.arg(internalCode));
     return codes;
 }
 
@@ -47,11 +40,11 @@ QString likeCriterion(const QString &pattern)
 /** The contract sheet, searched for the first item that matches. Opened for writing also where it
  *  is only read: a change that was cut short by a crash is undone by whoever opens the file next,
  *  and that takes the right to write. */
-OpenTable findItemLike(const ProgramValues &values, const QString &pattern)
+RecordSet findItemLike(const ProgramValues &values, const QString &pattern)
 {
-    OpenTable sheet(Database::open(ContractPath(values)),
-                    u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s);
-    sheet.records.findFirst(likeCriterion(pattern));
+    RecordSet sheet =
+        openRecords(ContractPath(values), u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s);
+    sheet.findFirst(likeCriterion(pattern));
     return sheet;
 }
 
@@ -62,37 +55,28 @@ enum class ExistingKey
     Rewrite
 };
 
-/** An item of the contract sheet; the values of its other fields come with the writing. */
-struct Item
-{
-    QString code;
-    qint16 tag = 0;
-    QString description;
-};
-
 /** Writes the first item of that code, or a new one when there is none. */
-void writeItem(const ProgramValues &values, const Item &item, ExistingKey existing,
-               std::initializer_list<std::pair<QString, NewValue>> others)
+void writeItem(const ProgramValues &values, const QString &item, ExistingKey existing,
+               std::initializer_list<std::pair<QString, NewValue>> fields)
 {
-    WithDetail(u"Voce"_s, item.code, [&] {
+    WithDetail(u"Voce"_s, item, [&] {
         // The sheet has a note for every payment: only the items of that code are read and put in
         // order.
-        const QString criterion = u"Voce = '"_s + item.code + u"'"_s;
-        OpenTable sheet(Database::open(ContractPath(values)),
+        const QString criterion = u"Voce = '"_s + item + u"'"_s;
+        RecordSet sheet =
+            openRecords(ContractPath(values),
                         u"SELECT * FROM SchedaProgetto WHERE "_s + criterion + u" ORDER BY VOCE"_s);
-        sheet.records.findFirst(criterion);
-        const bool isNew = sheet.records.noMatch();
+        sheet.findFirst(criterion);
+        const bool isNew = sheet.noMatch();
         if (isNew)
-            sheet.records.addNew();
+            sheet.addNew();
         else
-            sheet.records.edit();
+            sheet.edit();
         if (isNew || existing == ExistingKey::Rewrite)
-            sheet.records.set(u"Voce"_s, item.code);
-        sheet.records.set(u"Funzione"_s, qint32{item.tag});
-        sheet.records.set(u"Descri"_s, item.description);
-        for (const auto &[field, value] : others)
-            sheet.records.set(field, value);
-        sheet.records.update();
+            sheet.set(u"Voce"_s, item);
+        for (const auto &[field, value] : fields)
+            sheet.set(field, value);
+        sheet.update();
     });
 }
 
@@ -101,65 +85,68 @@ void writeItem(const ProgramValues &values, const Item &item, ExistingKey existi
 QString CodiceEsterno(const ProgramValues &values, QStringView internalCode)
 {
     return WithDetail(u"Codice"_s, internalCode.toString(), [&] {
-        const OpenTable codes = findCode(values, internalCode);
-        return codes.records.noMatch() ? QString() : codes.records.field(u"CodExt"_s).text();
+        const RecordSet codes = findCode(values, internalCode);
+        return codes.noMatch() ? QString() : codes.field(u"CodExt"_s).text();
     });
 }
 
 QString DescrizioneFunzione(const ProgramValues &values, QStringView internalCode)
 {
-    return WithDetail(u"Codice"_s, internalCode.toString(), [&] {
-        return findCode(values, internalCode).records.field(u"Desc"_s).text();
-    });
+    return WithDetail(u"Codice"_s, internalCode.toString(),
+                      [&] { return findCode(values, internalCode).field(u"Desc"_s).text(); });
 }
 
 void AggiornaVoceImporto(const ProgramValues &values, QStringView internalCode, qint16 tag,
                          Currency amount)
 {
     WithDetail(u"Codice"_s, internalCode.toString(), [&] {
-        const Item item = [&] {
-            const OpenTable codes = findCode(values, internalCode);
-            return Item{codes.records.field(u"CodExt"_s).text(), tag,
-                        codes.records.field(u"Desc"_s).textOrEmpty()};
-        }();
+        const RecordSet codes = findCode(values, internalCode);
+        const QString item = codes.field(u"CodExt"_s).text();
         // The key of an item that is there already stays in the letter case it was written in.
         writeItem(values, item, ExistingKey::Keep,
-                  {{u"Stringa"_s, u"€ "_s + FormatImporto(amount)}, {u"Importo"_s, amount}});
+                  {{u"Funzione"_s, qint32{tag}},
+                   {u"Descri"_s, codes.field(u"Desc"_s).textOrEmpty()},
+                   {u"Stringa"_s, u"€ "_s + FormatImporto(amount)},
+                   {u"Importo"_s, amount}});
     });
 }
 
 void ScriviVoceFile(const ProgramValues &values, const QString &item, qint16 tag,
                     const QString &description, const QString &fileName)
 {
-    writeItem(values, {item, tag, description}, ExistingKey::Rewrite, {{u"NomeFile"_s, fileName}});
+    writeItem(
+        values, item, ExistingKey::Rewrite,
+        {{u"Funzione"_s, qint32{tag}}, {u"Descri"_s, description}, {u"NomeFile"_s, fileName}});
 }
 
 void ScriviVoceStringa(const ProgramValues &values, const QString &item, qint16 tag,
                        const QString &description, const QString &text)
 {
-    writeItem(values, {item, tag, LeftCharacters(description, descriptionSize)},
-              ExistingKey::Rewrite, {{u"Stringa"_s, text}});
+    writeItem(values, item, ExistingKey::Rewrite,
+              {{u"Funzione"_s, qint32{tag}},
+               {u"Descri"_s, LeftCharacters(description, descriptionSize)},
+               {u"Stringa"_s, text}});
 }
 
 bool EsisteVoceLike(const ProgramValues &values, const QString &pattern)
 {
-    return !findItemLike(values, pattern).records.noMatch();
+    return !findItemLike(values, pattern).noMatch();
 }
 
 QString StringaVoceLike(const ProgramValues &values, const QString &pattern)
 {
     return WithDetail(u"Voce"_s, pattern, [&] {
-        return findItemLike(values, pattern).records.field(u"Stringa"_s).textOrEmpty();
+        return findItemLike(values, pattern).field(u"Stringa"_s).textOrEmpty();
     });
 }
 
 bool EliminaVociLike(const ProgramValues &values, const QString &pattern)
 {
-    OpenTable sheet = findItemLike(values, pattern);
-    const bool isAny = !sheet.records.noMatch();
-    while (!sheet.records.noMatch()) {
-        sheet.records.deleteRecord();
-        sheet.records.findNext(likeCriterion(pattern));
+    RecordSet sheet = findItemLike(values, pattern);
+    const bool isAny = !sheet.noMatch();
+    while (!sheet.noMatch()) {
+        sheet.deleteRecord();
+        sheet.findNext(likeCriterion(pattern));
     }
     return isAny;
 }
