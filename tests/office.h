@@ -1,0 +1,59 @@
+#pragma once
+
+#include "bare_file.h"
+#include "common/errors.h"
+#include "exchange/import.h"
+#include "file_content.h"
+#include "store/project_files.h"
+
+#include <QTemporaryDir>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+/** An office of its own: a folder of CSV files and a project that the first import makes. */
+class Office
+{
+public:
+    Office() { qputenv("XDG_CONFIG_HOME", path(u"settings"_s).toUtf8()); }
+
+    QString path(const QString &name) const { return m_folder.filePath(name); }
+    QString csv() const { return path(u"csv"_s); }
+    QString project() const { return path(u"è/archivi.qx/ZELT/LAVORI/APPALTI/00039"_s); }
+
+    /** Puts a CSV file for that table. */
+    void put(const QString &table, const QByteArray &bytes) const
+    {
+        WriteFile(csv() + u'/' + table + u".csv"_s, bytes);
+    }
+    void putBudget(const QByteArray &rows) const
+    {
+        put(u"UltimaPerVariante"_s, "Voce;Descri;Importo\n" + rows);
+    }
+
+    /** Imports the CSV files; gives all that is said, behind "NO" when nothing was written. */
+    QString import(bool evenSo = false, const QStringList &replaced = {}) const
+    {
+        const ImportOutcome outcome = ImportProject({csv(), project(), true, evenSo, replaced});
+        return outcome.isDone ? outcome.remarks + outcome.summary : u"NO\n"_s + outcome.remarks;
+    }
+
+    /** Rows of a database of the project, as BareFile gives them. */
+    QString rows(ArchiveFile file, const QString &sql) const
+    {
+        return BareFile(ArchiveFilePath(file, project())).rows(sql);
+    }
+    /** The files of the project and of the shared tables. */
+    QMap<QString, QByteArray> archive() const
+    {
+        QMap<QString, QByteArray> files = ContentsOf(project());
+        files.insert(ContentsOf(project() + u"/../../TABELLE"_s));
+        return files;
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+} // namespace saldoro
