@@ -192,7 +192,12 @@ void FillProject(const TestArchive &archive)
                "('A4','Oneri',2500000)"_s,
                u"(1,'A1',1220000),(2,'A1',100),(2,'A2',200),(2,'A3',300),(2,'A4',400),"
                "(3,'A1',305000)"_s);
-    PlantThreePayments(archive);
+    PlantPayments(archive, "('A',1,'Rossi S.r.l.','2021-03-15',1000000,220000,NULL),"
+                           "('P',2,'Ing. Bò','2021-04-02',500000,110000,40000),"
+                           "('A',3,'Cave Unite','2021-05-20',250000,55000,NULL)");
+    archive.execute(LedgerPath(archive.values()),
+                    u"UPDATE Fatture SET Aliquota=220000, AliquotaRA=0, Contributo=0,"
+                    "ImportoPrest=Importo, CassaPrev=0, ImportoRA=0"_s);
     archive.execute(ContractPath(archive.values()),
                     u"INSERT INTO SchedaProgetto (Voce, Stringa) VALUES "
                     "('M0097_2', 'Mandato nr.5 del 01/02/2021')"_s);

@@ -9,27 +9,29 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-void Play(const QWidget &form, const QString &steps)
+void Play(const QWidget *form, const QString &steps)
 {
+    if (!form)
+        qFatal("no form to play: %s", qPrintable(steps));
     for (const QString &step : steps.split(u", "_s)) {
         const QString verb = step.section(u' ', 0, 0);
         const QString object = step.section(u' ', 1);
         if (verb == "to"_L1) {
-            Find(form, object)->setFocus();
+            Find(*form, object)->setFocus();
         } else if (verb == "click"_L1) {
-            QWidget *control = Find(form, object);
+            QWidget *control = Find(*form, object);
             // An option shows in but a part of its room.
             QTest::mouseClick(control, Qt::LeftButton, {}, QPoint(8, control->height() / 2));
         } else if (verb == "type"_L1) {
-            QTest::keyClicks(form.focusWidget(), object);
+            QTest::keyClicks(form->focusWidget(), object);
         } else if (verb == "hold"_L1) {
             const QKeyCombination key = QKeySequence(object)[0];
             for (const bool again : {false, true, true})
-                qt_handleKeyEvent(form.windowHandle(), QEvent::KeyPress, key.key(),
+                qt_handleKeyEvent(form->windowHandle(), QEvent::KeyPress, key.key(),
                                   key.keyboardModifiers(), {}, again);
         } else {
             const QKeyCombination key = QKeySequence(step)[0];
-            QTest::keyClick(form.focusWidget(), key.key(), key.keyboardModifiers());
+            QTest::keyClick(form->focusWidget(), key.key(), key.keyboardModifiers());
         }
     }
 }

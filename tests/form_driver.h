@@ -25,9 +25,10 @@ Widget *Find(const QWidget &form, const QString &name)
 /**
  * Carries out steps such as "to Text1_0, type Bo, Tab, click Command1": the focus given to a
  * control, a text typed, a key (also "Alt+E") and a click. Keys go to what has the focus in the
- * form, active or not. A key that is held down ("hold Tab") comes again by itself.
+ * form, active or not. A key that is held down ("hold Tab") comes again by itself. The form has to
+ * be open.
  */
-void Play(const QWidget &form, const QString &steps);
+void Play(const QWidget *form, const QString &steps);
 
 /** One invoice form over a temporary archive, driven by keys and clicks as a user would. */
 class FormDriver : public AnsweredBoxes
@@ -54,7 +55,7 @@ public:
         return control ? control->objectName() : QString();
     }
 
-    void play(const QString &steps) const { Play(*form, steps); }
+    void play(const QString &steps) const { Play(form.get(), steps); }
 
     /** The allocation grid below its header: cells joined by "|", rows by ";". */
     QString allocations() const;

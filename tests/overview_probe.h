@@ -40,17 +40,6 @@ inline void PlantPayments(const TestArchive &archive, const char *rows)
                         .arg(QString::fromUtf8(rows)));
 }
 
-/** Payments 1 and 3 to companies, 2 to a professional, with all that a form or document reads. */
-inline void PlantThreePayments(const TestArchive &archive)
-{
-    PlantPayments(archive, "('A',1,'Rossi S.r.l.','2021-03-15',1000000,220000,NULL),"
-                           "('P',2,'Ing. Bò','2021-04-02',500000,110000,40000),"
-                           "('A',3,'Cave Unite','2021-05-20',250000,55000,NULL)");
-    archive.execute(LedgerPath(archive.values()),
-                    QStringLiteral("UPDATE Fatture SET Aliquota=220000, AliquotaRA=0, Contributo=0,"
-                                   "ImportoPrest=Importo, CassaPrev=0, ImportoRA=0"));
-}
-
 /** Plants (Voce, Descri, Importo) in the budget and (RelNpag, Cod, Importo) in Spese. */
 inline void PlantItems(const TestArchive &archive, const QString &budget, const QString &spese)
 {

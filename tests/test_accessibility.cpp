@@ -5,14 +5,9 @@
 #include "overview/frm_principale.h"
 
 #include <QAbstractButton>
-#include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
-#include <QGroupBox>
-#include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QTest>
 
@@ -23,12 +18,9 @@ namespace {
 
 bool isControl(const QWidget &widget)
 {
-    return (qobject_cast<const QLineEdit *>(&widget) ||
-            qobject_cast<const QAbstractButton *>(&widget) ||
-            qobject_cast<const QPlainTextEdit *>(&widget) ||
-            qobject_cast<const QAbstractItemView *>(&widget)) &&
-           !qobject_cast<const QHeaderView *>(&widget) &&
-           !qobject_cast<const QAbstractItemView *>(widget.parentWidget());
+    return (widget.inherits("QLineEdit") || widget.inherits("QAbstractButton") ||
+            widget.inherits("QPlainTextEdit") || widget.inherits("QAbstractItemView")) &&
+           !widget.inherits("QHeaderView") && !widget.parentWidget()->inherits("QAbstractItemView");
 }
 
 QString captionOf(const QWidget &widget)
@@ -47,14 +39,6 @@ class TestAccessibility : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase_data()
-    {
-        QTest::addColumn<QString>("name");
-        for (const char *name :
-             {"FrmPrincipale", "FrmNuovaFattura", "FrmProfessionisti", "FrmAziende"})
-            QTest::newRow(name) << QString::fromLatin1(name);
-    }
-
     void cleanup()
     {
         QApplication::setFont(m_font);
@@ -63,78 +47,81 @@ private slots:
 
     void controlsAreNamed()
     {
-        const auto form = makeForm();
-        QStringList names;
-        for (QWidget *widget : form->findChildren<QWidget *>()) {
-            const bool isFrame = qobject_cast<QGroupBox *>(widget) != nullptr;
-            if (widget->objectName().startsWith("qt_"_L1) || (!isFrame && !isControl(*widget)))
-                continue;
-            QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(widget);
-            const QString name = spoken->text(QAccessible::Name);
-            QVERIFY2(!name.isEmpty(), qPrintable(widget->objectName()));
-            QVERIFY2(isFrame || !widget->toolTip().isEmpty(), qPrintable(widget->objectName()));
-            // Two boxes that are read aloud alike can't be told from each other.
-            if (qobject_cast<QLineEdit *>(widget) && widget->objectName() != "edtTxt"_L1) {
-                QVERIFY2(!names.contains(name), qPrintable(name));
-                names += name;
+        for (const auto &form : makeForms()) {
+            QStringList names;
+            for (QWidget *widget : form->findChildren<QWidget *>()) {
+                const bool isFrame = widget->inherits("QGroupBox");
+                if (widget->objectName().startsWith("qt_"_L1) || (!isFrame && !isControl(*widget)))
+                    continue;
+                QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(widget);
+                const QString name = spoken->text(QAccessible::Name);
+                QVERIFY2(!name.isEmpty(), qPrintable(widget->objectName()));
+                QVERIFY2(isFrame || !widget->toolTip().isEmpty(), qPrintable(widget->objectName()));
+                // Two boxes that are read aloud alike can't be told from each other.
+                if (widget->inherits("QLineEdit") && widget->objectName() != "edtTxt"_L1) {
+                    QVERIFY2(!names.contains(name), qPrintable(name));
+                    names += name;
+                }
             }
         }
-        QVERIFY(!form->findChildren<QWidget *>().isEmpty());
     }
 
     void mnemonicsDoNotClash()
     {
-        const auto form = makeForm();
-        QHash<QString, QString> taken;
-        for (const QWidget *widget : form->findChildren<QWidget *>()) {
-            const QString caption = captionOf(*widget);
-            const QString key = QKeySequence::mnemonic(caption).toString();
-            if (key.isEmpty())
-                continue;
-            QVERIFY2(!taken.contains(key), qPrintable(caption + u" / "_s + taken.value(key)));
-            taken.insert(key, caption);
+        for (const auto &form : makeForms()) {
+            QHash<QString, QString> taken;
+            for (const QWidget *widget : form->findChildren<QWidget *>()) {
+                const QString caption = captionOf(*widget);
+                const QString key = QKeySequence::mnemonic(caption).toString();
+                if (key.isEmpty())
+                    continue;
+                QVERIFY2(!taken.contains(key), qPrintable(caption + u" / "_s + taken.value(key)));
+                taken.insert(key, caption);
+            }
+            QVERIFY2(taken.size() >= 4, qPrintable(form->objectName()));
         }
-        QVERIFY(taken.size() >= 4);
     }
 
     void largeTextFitsTheScreen()
     {
-        constexpr QSize screen(1366, 768);
-        constexpr int titleBar = 36;
-        const auto leastSize = [this](double scale, bool scrolling) {
+        const QSize screen = QSize(1366, 768) - QSize(0, 36); // the title bar
+        const auto leastSizes = [this](double scale, bool scrolling) {
             QFont font = m_font;
             font.setPointSizeF(m_font.pointSizeF() * scale);
             QApplication::setFont(font);
-            const auto form = makeForm();
-            const auto *area = form->findChild<QScrollArea *>();
-            return (area && !scrolling ? area->widget() : form.get())->minimumSizeHint();
+            QList<QSize> sizes;
+            for (const auto &form : makeForms()) {
+                const auto *area = form->findChild<QScrollArea *>();
+                sizes += (area && !scrolling ? area->widget() : form.get())->minimumSizeHint();
+            }
+            return sizes;
         };
-        const auto fits = [screen](QSize size) {
-            return size.width() <= screen.width() && size.height() <= screen.height() - titleBar;
-        };
-        const QSize large = leastSize(1.5, false);
-        QVERIFY2(fits(large), qPrintable(u"%1 x %2"_s.arg(large.width()).arg(large.height())));
-        QVERIFY(fits(leastSize(2, true)));
-        // A text that did not scale would need no more room.
-        QVERIFY(leastSize(1, false).height() < large.height());
+        const auto fits = [screen](QSize size) { return size.boundedTo(screen) == size; };
+        const QList<QSize> plain = leastSizes(1, false);
+        const QList<QSize> large = leastSizes(1.5, false);
+        const QList<QSize> huge = leastSizes(2, true);
+        for (int form = 0; form < plain.size(); ++form) {
+            QVERIFY2(fits(large[form]) && fits(huge[form]), qPrintable(QString::number(form)));
+            // A text that did not scale would need no more room.
+            QVERIFY(plain[form].height() < large[form].height());
+        }
     }
 
     void darkThemeIsReadable()
     {
         constexpr float apart = 0.5F;            // of the way from black to white
-        const auto early = makeForm();           // goes over to the theme while it is open
+        const auto early = makeForms();          // go over to the theme while they are open
         QPalette dark(QColor(0x2b, 0x2b, 0x2b)); // from which the toolkit takes the other colours
         dark.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x1e));
         QApplication::setPalette(dark);
         QCoreApplication::processEvents();
-        const auto late = makeForm();
-        for (const QWidget *widget :
-             early->findChildren<QWidget *>() + late->findChildren<QWidget *>()) {
+        const auto late = makeForms();
+        for (const QWidget *widget : QApplication::allWidgets()) {
             if (!widget->isEnabled())
                 continue;
             const QPalette colors = widget->palette();
             const bool onBase =
-                isControl(*widget) && !qobject_cast<const QAbstractButton *>(widget);
+                !widget->isWindow() && isControl(*widget) && !widget->inherits("QAbstractButton");
             const QColor text = colors.color(onBase ? QPalette::Text : QPalette::WindowText);
             const QColor ground = colors.color(onBase ? QPalette::Base : QPalette::Window);
             QVERIFY2(text.lightnessF() - ground.lightnessF() > apart,
@@ -143,16 +130,15 @@ private slots:
     }
 
 private:
-    std::unique_ptr<QWidget> makeForm()
+    /** All forms of the program. */
+    std::vector<std::unique_ptr<QWidget>> makeForms()
     {
-        QFETCH_GLOBAL(const QString, name);
-        if (name == "FrmPrincipale"_L1)
-            return std::make_unique<FrmPrincipale>(m_values);
-        if (name == "FrmNuovaFattura"_L1)
-            return std::make_unique<FrmNuovaFattura>();
-        if (name == "FrmProfessionisti"_L1)
-            return std::make_unique<FrmProfessionisti>(m_values, m_overview);
-        return std::make_unique<FrmAziende>(m_values, m_overview);
+        std::vector<std::unique_ptr<QWidget>> forms;
+        forms.push_back(std::make_unique<FrmPrincipale>(m_values));
+        forms.push_back(std::make_unique<FrmNuovaFattura>());
+        forms.push_back(std::make_unique<FrmProfessionisti>(m_values, m_overview));
+        forms.push_back(std::make_unique<FrmAziende>(m_values, m_overview));
+        return forms;
     }
 
     ProgramValues m_values;

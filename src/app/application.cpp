@@ -8,8 +8,6 @@
 #include <QLocale>
 #include <QTranslator>
 
-#include <stdexcept>
-
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
@@ -41,8 +39,8 @@ int Application::run(const std::function<bool()> &startUp)
         // After an error in a handler of the start-up there is no loop to enter any more.
         if (startUp() && !IsEnding())
             status = exec();
-    } catch (...) {
-        endOnCurrentException();
+    } catch (const std::exception &error) {
+        endWithReport(error);
     }
     return IsEnding() ? ErrorStatus : status;
 }
@@ -52,22 +50,10 @@ bool Application::notify(QObject *receiver, QEvent *event)
     // The toolkit can't carry an exception through its event loops, so each one ends here.
     try {
         return QApplication::notify(receiver, event);
-    } catch (...) {
-        endOnCurrentException();
-    }
-    return false;
-}
-
-/** To be called in a handler of all exceptions. */
-void Application::endOnCurrentException()
-{
-    try {
-        throw;
     } catch (const std::exception &error) {
         endWithReport(error);
-    } catch (...) {
-        endWithReport(std::runtime_error("?"));
     }
+    return false;
 }
 
 /** The first error counts: what fails while it is shown, or on the way out, is its consequence. */

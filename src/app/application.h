@@ -34,7 +34,6 @@ public:
 private:
     void speakItalian();
     void endWithReport(const std::exception &error);
-    void endOnCurrentException();
 };
 
 } // namespace saldoro

@@ -16,13 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** The folder of a path with either kind of separator, or a stand-in when there is none. */
-QString folderOf(const QString &path)
-{
-    const qsizetype end = qMax(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\'));
-    return end > 0 ? u'"' + path.first(end) + u'"' : u"CARTELLA"_s;
-}
-
 /** The outermost folder on the way to a file that is not there; empty when all of them are. */
 QString missingFolder(const QString &path)
 {
@@ -66,11 +59,13 @@ bool isAboutStoredValues(const DatabaseError &error)
     }
 }
 
-/** The project's folder as the check takes it; the code map lies elsewhere. */
+/** The project's folder as the check takes it; a stand-in for the code map, which lies elsewhere.
+ */
 QString folderToCheck(const QString &path)
 {
-    const bool isCodeMap = path.endsWith(ArchiveFiles::Codes, Qt::CaseInsensitive);
-    return folderOf(isCodeMap ? QString() : path);
+    if (path.isEmpty() || path.endsWith(ArchiveFiles::Codes, Qt::CaseInsensitive))
+        return u"CARTELLA"_s;
+    return u'"' + QFileInfo(path).path() + u'"';
 }
 
 /** The check as a command to type: its name where the system finds it by that, else its place
