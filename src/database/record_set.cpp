@@ -66,7 +66,8 @@ void RecordSet::Data::goTo(int wanted, Position otherwise)
 int RecordSet::Data::columnOf(const QString &name) const
 {
     for (int column = 0; column < rows->fields().size(); ++column) {
-        if (rows->fields()[column].name.compare(name, Qt::CaseInsensitive) == 0)
+        const QString &own = rows->fields()[column].name;
+        if (own.size() == name.size() && own.compare(name, Qt::CaseInsensitive) == 0)
             return column;
     }
     throw error(DatabaseFault::FieldMissing, name);

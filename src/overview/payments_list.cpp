@@ -5,7 +5,7 @@
 #include "common/date_text.h"
 #include "common/errors.h"
 #include "database/database.h"
-#include "store/ledger_payment.h"
+#include "store/ledger.h"
 
 namespace saldoro {
 
@@ -13,29 +13,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void writeCells(TextTable &payments, int row, const LedgerPayment &payment)
+void writeCells(TextTable &payments, int row, const RecordSet &payment)
 {
-    payments.setText(row, PaymentColumn::Nr,
-                     QString::number(payment.field(PaymentField::Npag).integer()));
-    payments.setText(row, PaymentColumn::Creditore, payment.field(PaymentField::Creditore).text());
-    payments.setText(row, PaymentColumn::Data, FormatData(payment.field(PaymentField::Del).date()));
-    payments.setText(row, PaymentColumn::Importo, FormatImporto(payment.grossAmount()));
+    payments.setText(row, PaymentColumn::Nr, QString::number(payment.field(u"Npag"_s).integer()));
+    payments.setText(row, PaymentColumn::Creditore, payment.field(u"Creditore"_s).text());
+    payments.setText(row, PaymentColumn::Data, FormatData(payment.field(u"Del"_s).date()));
+    payments.setText(row, PaymentColumn::Importo, FormatImporto(GrossAmount(payment)));
     payments.setText(row, PaymentColumn::Euro, u"€"_s);
 }
 
-void addPlace(SaldoroError &error, int row, const LedgerPayment &payment)
+void addPlace(SaldoroError &error, int row, const RecordSet &payment)
 {
-    const QString number = payment.field(PaymentField::Npag).textOrEmpty();
+    const QString number = payment.field(u"Npag"_s).textOrEmpty();
     if (!number.isEmpty()) {
         error.addDetail(u"Pagamento"_s, number);
         return;
     }
     error.addDetail(u"Pagamento"_s, u"senza numero"_s);
     error.addDetail(u"Riga"_s, QString::number(row));
-    error.addDetail(u"Creditore"_s, payment.field(PaymentField::Creditore).textOrEmpty());
+    error.addDetail(u"Creditore"_s, payment.field(u"Creditore"_s).textOrEmpty());
 }
 
-void appendRow(TextTable &payments, const LedgerPayment &payment)
+void appendRow(TextTable &payments, const RecordSet &payment)
 {
     const int row = payments.rows();
     payments.setRows(row + 1);
@@ -61,9 +60,8 @@ void FillPaymentsList(TextTable &payments, const ProgramValues &values)
     RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture ORDER BY Npag "_s);
     const RecordSet spese = ledger.openRecordSet(u"SELECT * FROM Spese"_s); // has to be there
     const TextTable::BulkChange change(payments);
-    const LedgerPayment payment(fatture);
     for (; !fatture.eof(); fatture.moveNext())
-        appendRow(payments, payment);
+        appendRow(payments, fatture);
 }
 
 } // namespace saldoro

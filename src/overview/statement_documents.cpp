@@ -51,14 +51,13 @@ void composeStatements(RecordSet &fatture, const QString &creditors, ProgramValu
     if (fatture.isEmpty())
         return;
     const qint16 count = paymentCount(fatture, creditors);
-    const LedgerPayment payment(fatture);
     for (int number = 1; number < count; ++number) {
-        ComponiTestoPagamento(payment, values);
+        ComponiTestoPagamento(fatture, values);
         form.listBox.appendText(u"\r\n"_s);
         form.listBox.appendText(values.TestoPagamento);
         fatture.moveNext();
     }
-    ComponiTestoPagamento(payment, values);
+    ComponiTestoPagamento(fatture, values);
     form.lastPaymentBox.setText(values.TestoPagamento);
 }
 

@@ -2,6 +2,7 @@
 
 #include "common/amount_text.h"
 #include "common/archive_folders.h"
+#include "common/creditor_kind.h"
 
 #include <QStringBuilder>
 
@@ -77,6 +78,24 @@ bool FindAllocation(RecordSet &allocations, const QString &code)
     }
     allocations.findFirst(u"Cod = '"_s + RaddoppiaApici(code) + u"'"_s);
     return !allocations.noMatch();
+}
+
+bool IsProfessional(const RecordSet &payments)
+{
+    return payments.field(u"AziProf"_s).textOrEmpty() == KindCode(CreditorKind::Professional);
+}
+
+Currency OtherAmounts(const RecordSet &payments)
+{
+    if (!IsProfessional(payments))
+        return {};
+    return payments.field(u"AltriImporti01"_s).currencyOrNone().value_or(Currency());
+}
+
+Currency GrossAmount(const RecordSet &payments)
+{
+    return payments.field(u"Importo"_s).currency() + payments.field(u"ImportoIVA"_s).currency() +
+           OtherAmounts(payments);
 }
 
 } // namespace saldoro

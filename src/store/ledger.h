@@ -32,6 +32,21 @@ RecordSet OpenAllocations(const Database &ledger, qint32 paymentNumber);
  */
 bool FindAllocation(RecordSet &allocations, const QString &code);
 
+/*
+ * Of the payment that an open set of the ledger's payments stands on. Throws NoCurrentRecord,
+ * FieldMissing.
+ */
+
+/** Whether the kind is exactly "P"; every other payment counts as a company's. */
+bool IsProfessional(const RecordSet &payments);
+
+/** What a professional's payment holds beside fee and VAT, a null being 0; 0 for companies. */
+Currency OtherAmounts(const RecordSet &payments);
+
+/** Importo, ImportoIVA and the other amounts. A null in the first two throws NullValue, a sum
+ *  beyond the currency range OverflowError. */
+Currency GrossAmount(const RecordSet &payments);
+
 /** Most characters of the ledger's text columns, for entry fields and writers. */
 namespace LedgerSize {
 inline constexpr int Creditore = 60;

@@ -3,7 +3,7 @@
 #include "common/creditor_kind.h"
 #include "common/errors.h"
 #include "common/text_cut.h"
-#include "store/ledger_payment.h"
+#include "store/ledger.h"
 #include "store/needed_values.h"
 
 namespace saldoro {
@@ -98,11 +98,11 @@ void findWrongKind(const PaymentRow &payment, Findings &findings)
              fromAssistance(u"scrivere A o P nel campo AziProf"_s)});
 }
 
-std::optional<Currency> grossAmount(const LedgerPayment &payment, const QString &name,
+std::optional<Currency> grossAmount(const RecordSet &payment, const QString &name,
                                     Findings &findings)
 {
     try {
-        return payment.grossAmount();
+        return GrossAmount(payment);
     } catch (const DatabaseError &) {
         return std::nullopt; // one of the values is missing or wrong
     } catch (const OverflowError &) {
@@ -127,15 +127,14 @@ QString paymentName(const PaymentRow &payment, const QString &creditor)
 
 QList<PaymentRow> ReadPayments(RecordSet &records, const TableDef &table, Findings &findings)
 {
-    const LedgerPayment payment(records);
     QList<PaymentRow> rows;
     for (; !records.eof(); records.moveNext()) {
         PaymentRow row;
         row.row = static_cast<int>(rows.size()) + 1;
-        row.number = readable(payment.field(PaymentField::Npag), &FieldValue::integer);
-        row.kind = readable(payment.field(PaymentField::AziProf), &FieldValue::text);
-        row.name = paymentName(row, payment.field(PaymentField::Creditore).textOrEmpty());
-        row.gross = grossAmount(payment, row.name, findings);
+        row.number = readable(records.field(u"Npag"_s), &FieldValue::integer);
+        row.kind = readable(records.field(u"AziProf"_s), &FieldValue::text);
+        row.name = paymentName(row, records.field(u"Creditore"_s).textOrEmpty());
+        row.gross = grossAmount(records, row.name, findings);
         findWrongValues(records, table, row.name, findings);
         findNulls(records, table, row, findings);
         findWrongKind(row, findings);
