@@ -5,7 +5,7 @@
 #include "overview/availability_overview.h"
 #include "overview/overview_document.h"
 #include "overview/payments_list.h"
-#include "overview_probe.h"
+#include "sound_project.h"
 
 #include <QTest>
 
@@ -61,16 +61,10 @@ class TestHostileData : public QObject
     Q_OBJECT
 
 private slots:
-    /** Two items, a payment of either kind and the codes that the program asks for. */
     void init()
     {
-        m_archive = std::make_unique<TestArchive>();
-        AddStandardCodes(m_archive->values());
-        PlantItems(*m_archive, u"('A1','Scavi',90000000),('B2','Ponti',NULL)"_s,
-                   u"(1,'A1',1220000),(2,'B2',615000)"_s);
-        PlantPayments(*m_archive, "('A',1,'Edil Valle','2020-01-31',1000000,220000,NULL),"
-                                  "('P',2,'Ing. Po','2020-02-01',500000,110000,5000)");
-        plant('L', u"UPDATE Fatture SET ImportoPrest=1, Contributo=1, CassaPrev=1, ImportoRA=1"_s);
+        m_project = std::make_unique<SoundProject>();
+        plant('L', u"UPDATE Fatture SET AltriImporti01 = NULL, ImportoRA = 1 WHERE Npag = 1"_s);
         plant('K', u"UPDATE Funzioni SET CodExt = 'X' || CodInt"_s);
     }
 
@@ -139,7 +133,7 @@ private slots:
             init();
             const QString what = QString::fromUtf8(sql) + u" -> "_s;
             plant(file, QString::fromUtf8(sql));
-            QCOMPARE(what + outcome(*m_archive), what + QString::fromUtf8(places));
+            QCOMPARE(what + outcome(m_project->archive), what + QString::fromUtf8(places));
         }
     }
 
@@ -153,27 +147,28 @@ private slots:
               "UPDATE Spese SET Cod = iif(Cod = 'A1', CAST(X'41E8' AS TEXT), 'A*'), Importo = "
               "-10051; INSERT INTO Spese VALUES (2, 'A*' || char(0), 'x', 10000)"_s);
         plant('C', u"UPDATE UltimaPerVariante SET Voce = iif(Voce = 'A1', 'Aè', 'A*')"_s);
-        ProgramValues values = m_archive->values();
+        ProgramValues values = m_project->archive.values();
         TextTable overview;
         PrepareAvailabilityOverview(overview);
         FillAvailabilityOverview(overview, values);
         WriteProjectDocuments(values, overview);
         QCOMPARE(BodyText(overview), u"A*|Ponti|0,00|-1,01|1,01\n"
-                                     "Aè|Scavi|9.000,00|-1,01|9.001,01"_s);
-        QCOMPARE(m_archive->contractRows(u"SELECT group_concat(substr(Stringa, 3), ' ') FROM "
-                                         "(SELECT * FROM SchedaProgetto ORDER BY Voce) WHERE Voce "
-                                         "LIKE 'XQS1%'"_s),
+                                     "Aè|Scavi|9.000,00|-2,01|9.002,01"_s);
+        QCOMPARE(m_project->archive.contractRows(
+                     u"SELECT group_concat(substr(Stringa, 3), ' ') FROM "
+                     "(SELECT * FROM SchedaProgetto ORDER BY Voce) WHERE Voce "
+                     "LIKE 'XQS1%'"_s),
                  u"-922.337.203.685.476,58 922.337.203.685.477,58 1,00"_s);
     }
 
 private:
     void plant(char file, const QString &sql) const
     {
-        m_archive->execute(PathOf(*m_archive, QLatin1Char(file)),
-                           u"PRAGMA ignore_check_constraints=1;"_s + sql);
+        m_project->archive.execute(m_project->path(QLatin1Char(file)),
+                                   u"PRAGMA ignore_check_constraints=1;"_s + sql);
     }
 
-    std::unique_ptr<TestArchive> m_archive;
+    std::unique_ptr<SoundProject> m_project;
 };
 
 QTEST_MAIN(TestHostileData)

@@ -8,6 +8,7 @@
 #include "common/archive_folders.h"
 #include "common/ending.h"
 #include "common/errors.h"
+#include "file_content.h"
 #include "platform/machine_path.h"
 #include "platform/process.h"
 #include "platform/registry.h"
@@ -28,18 +29,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString SaldoroProgram = QStringLiteral(SALDORO_PROGRAM);
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
-}
-
-void writeFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-}
 
 void setArchivesRoot(const QString &root)
 {
@@ -89,7 +78,6 @@ private slots:
         setArchivesRoot(m_archive->values().ArchiveRoot);
         m_workingFolder = std::make_unique<QTemporaryDir>();
         QDir::setCurrent(m_workingFolder->path());
-        QVERIFY(QDir().mkpath(updatePath({})));
         m_values = ProgramValues();
         m_boxes = std::make_unique<AnsweredBoxes>();
     }
@@ -134,11 +122,11 @@ private slots:
                 file.setFileTime(QDateTime({2003, 2, 1}, {12, 0}), QFile::FileModificationTime));
         file.close();
         const QString name = u"Prova.ini"_s;
-        writeFile(name, QByteArray(5000, 'x'));
-        writeFile(updatePath(name), "[Configuration]\nBuild=99999\n");
+        WriteFile(name, QByteArray(5000, 'x'));
+        WriteFile(updatePath(name), "[Configuration]\nBuild=99999\n");
         const QDateTime before = QDateTime::currentDateTime();
         QCOMPARE(runWithoutDisplay(program, u"/ini"_s), u"0, "_s);
-        const QString text = QString::fromUtf8(contentOf(name));
+        const QString text = QString::fromUtf8(ContentOf(name));
         const QString date = text.section(u"\nData = "_s, 1).left(10);
         const QString time = text.section(u"\nTime = "_s, 1).left(8);
         const QDateTime written(QDate::fromString(date, u"dd/MM/yyyy"_s),
@@ -160,39 +148,36 @@ private slots:
         QVERIFY2(said.contains(QDir().absoluteFilePath(name)), qPrintable(said));
     }
 
-    /** Before anything else; the updater is called, or missed, without a form or a ledger. */
     void updateCheck()
     {
-        const QString own = BuildText(OwnVersion());
-        const QString next = QString::number(own.toInt() + 1);
-        for (const auto &[build, update] : {std::pair{u"Build = "_s + next, true},
-                                            {u"Build="_s + own + u".5"_s, true},
-                                            {u"Build="_s + own, false},
-                                            {u"Build=9999"_s, false}, // greater as text
-                                            {u"Build=x"_s + next, false},
-                                            {QString(), false}}) {
-            for (const bool isThere : {false, true}) {
-                cleanup();
-                init();
-                if (!build.isNull())
-                    writeFile(updatePath(ProgramName().toLower() + u".ini"_s),
-                              "[Configuration]\r\n" + build.toUtf8());
-                const QString updater = updatePath(u"UPDRUN2.exe"_s);
-                if (isThere)
-                    QVERIFY(QFile::copy(QCoreApplication::applicationDirPath() +
-                                            QStringLiteral("/" UPDATER_RECORDER),
-                                        updater));
-                QVERIFY(QFile::remove(MachinePath(LedgerPath(m_archive->values()))));
-                QVERIFY2(start({}) != update, qPrintable(build));
-                QCOMPARE(ArchivePathExists(LedgerPath(m_archive->values())), !update);
-                QCOMPARE(m_boxes->messages.join(u'|'),
-                         update && !isThere ? u"!Il file Updrun2.exe Non è stato trovato"_s
-                                            : QString());
-                const QByteArray told = "/F\n" + ProgramName().toUtf8() + '\n';
-                QTRY_COMPARE(contentOf(updater + u".txt"_s),
-                             update && isThere ? told : QByteArray("missing"));
-            }
+        InitInstallSettings(m_values);
+        const QString next = QString::number(m_values.ProgramBuild.toInt() + 1);
+        QVERIFY(!UpdateIsWaiting(m_values)); // no manifest
+        for (const auto &[build, isWaiting] : {std::pair{u" = "_s + next, true},
+                                               {u"="_s + m_values.ProgramBuild + u".5"_s, true},
+                                               {u"="_s + m_values.ProgramBuild, false},
+                                               {u"=9999"_s, false}, // greater as text
+                                               {u"=x"_s + next, false}}) {
+            putManifest("Build" + build.toUtf8());
+            QVERIFY2(UpdateIsWaiting(m_values) == isWaiting, qPrintable(build));
         }
+    }
+
+    /** Before anything else: the updater is called, or missed, without a ledger. */
+    void updateComesFirst()
+    {
+        QVERIFY(QFile::remove(MachinePath(LedgerPath(m_archive->values()))));
+        putManifest("Build=99999");
+        QVERIFY(!start({}));
+        QCOMPARE(m_boxes->messages.join(u'|'), u"!Il file Updrun2.exe Non è stato trovato"_s);
+        const QString updater = updatePath(u"UPDRUN2.exe"_s);
+        QVERIFY(QFile::copy(QCoreApplication::applicationDirPath() +
+                                QStringLiteral("/" UPDATER_RECORDER),
+                            updater));
+        QVERIFY(!start({}));
+        QTRY_COMPARE(ContentOf(updater + u".txt"_s), "/F\n" + ProgramName().toUtf8() + '\n');
+        QCOMPARE(m_boxes->messages.size(), 1);
+        QVERIFY(!ArchivePathExists(LedgerPath(m_archive->values())));
     }
 
     void projectCode()
@@ -211,10 +196,10 @@ private slots:
         QCOMPARE(m_values.ArchiveRoot, m_archive->values().ArchiveRoot);
         QCOMPARE(m_archive->ledgerRows(u"SELECT count(*) FROM Fatture"_s).trimmed(), u"0"_s);
 
-        writeFile(ledger, "no database"); // nor is a damaged or oddly spelt one made anew
+        WriteFile(ledger, "no database"); // nor is a damaged or oddly spelt one made anew
         QVERIFY(QFile::rename(ledger, QString(ledger).replace(u"Saldoro.mdb"_s, u"SALDORO.MDB"_s)));
         QVERIFY(start(u"TUSMQDE7W00039"_s));
-        QCOMPARE(contentOf(MachinePath(LedgerPath(m_values))), QByteArray("no database"));
+        QCOMPARE(ContentOf(MachinePath(LedgerPath(m_values))), QByteArray("no database"));
     }
 
     void missingFolderEndsTheProgram()
@@ -266,7 +251,7 @@ private slots:
         const QString check = u"Per controllare l'archivio eseguire: \"%1\" verifica "_s.arg(
             QDir::toNativeSeparators(place));
         QCOMPARE(report(DatabaseFault::NullValue, u"/a b/Saldoro.mdb"_s), check + u"\"/a b\""_s);
-        QCOMPARE(report(DatabaseFault::NullValue, {}), check + u"CARTELLA"_s);
+        QCOMPARE(report(DatabaseFault::NullValue, u"/a/chiavi.mdb"_s), check + u"CARTELLA"_s);
         QVERIFY(!report(DatabaseFault::Locked, u"/a/Saldoro.mdb"_s).contains(u"verifica"_s));
         QVERIFY(
             ErrorReport(std::runtime_error("bad")).contains(u"imprevisto.\nParticolari: bad\n"_s));
@@ -281,6 +266,11 @@ private:
     QString updatePath(const QString &name) const
     {
         return MachinePath(UpdateFolder(m_archive->values()) + name);
+    }
+
+    void putManifest(const QByteArray &build) const
+    {
+        WriteFile(updatePath(ProgramName().toLower() + u".ini"_s), "[Configuration]\r\n" + build);
     }
 
     std::unique_ptr<TestArchive> m_archive;
