@@ -16,7 +16,7 @@ ArchiveState ReadState(const TestArchive &archive)
     const QString items = archive.contractRows(u"SELECT * FROM SchedaProgetto ORDER BY rowid"_s);
     for (const QString &row : items.split(u'\n', Qt::SkipEmptyParts))
         state[row.section(u'|', 0, 0)] += row;
-    if (ArchivePathExists(LedgerPath(archive.values()))) {
+    if (QFile::exists(MachinePath(LedgerPath(archive.values())))) {
         state[u"tabelle"_s] = archive.ledgerRows(u"SELECT name FROM sqlite_master"_s);
         for (const QString &table : state[u"tabelle"_s].split(u'\n', Qt::SkipEmptyParts))
             state[table] =

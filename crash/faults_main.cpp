@@ -137,7 +137,7 @@ int lockedDatabases(FaultTrial &trial)
     for (const auto &pathOf : {LedgerPath, ContractPath, CodesPath}) {
         trial.renew();
         const QString path = pathOf(trial.values());
-        if (!ArchivePathExists(path))
+        if (!QFile::exists(MachinePath(path)))
             continue;
         std::optional<BareFile> other(path);
         other->rows(u"BEGIN EXCLUSIVE"_s);

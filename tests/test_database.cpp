@@ -284,7 +284,7 @@ private slots:
               {u"\\doppio\\Ab"_s, u"/doppio/Ab"_s},
               {u"\\DOPPIO\\aB"_s, u"/doppio/AB"_s}})
             QCOMPARE(MachinePath(base + path), m_folder.path() + found);
-        QVERIFY(ArchivePathExists(base + u"\\archivi.QX\\zelt\\lista.INI"_s));
+        QVERIFY(QFile::exists(MachinePath(base + u"\\archivi.QX\\zelt\\lista.INI"_s)));
         created(base + u"\\ARCHIVI.qx\\ZELT\\Nuovo.mdb"_s);
         QCOMPARE(Database::open(base + u"\\archivi.qx\\zelt\\NUOVO.MDB"_s).path(),
                  root.filePath(u"Archivi.QX/Zelt/Nuovo.mdb"_s));

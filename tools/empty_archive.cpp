@@ -22,7 +22,7 @@ ProgramValues MakeEmptyArchive(const QString &root, const QString &projectCode)
     CreateArchiveFile(ContractPath(values), ArchiveFile::Contract);
     CreateArchiveFile(CompaniesPath(values), ArchiveFile::Companies);
     CreateLedgerDatabase(ProjectFolder(values));
-    if (!ArchivePathExists(CodesPath(values)))
+    if (!QFile::exists(MachinePath(CodesPath(values))))
         CreateArchiveFile(CodesPath(values), ArchiveFile::Codes);
     return values;
 }

@@ -18,7 +18,7 @@ QString BuildText(const ProgramVersion &version)
 
 ProgramVersion OwnVersion()
 {
-    return VersionResource().value_or(ProgramVersion{VersionMajor, VersionMinor, VersionRevision});
+    return {VersionMajor, VersionMinor, VersionRevision};
 }
 
 void InitInstallSettings(ProgramValues &values)

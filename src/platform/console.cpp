@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #ifdef Q_OS_WIN
+#include <io.h>
 #include <windows.h>
 #else
 #include <unistd.h>
@@ -14,9 +15,9 @@ namespace {
 
 #ifdef Q_OS_WIN
 /** Writes to a console, whatever its code page; false when the stream goes somewhere else. */
-bool printToConsole(DWORD stream, const QString &text)
+bool printToConsole(std::FILE *stream, const QString &text)
 {
-    const HANDLE console = GetStdHandle(stream);
+    const auto console = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
     DWORD mode = 0;
     if (GetConsoleMode(console, &mode) == 0)
         return false;
@@ -31,6 +32,10 @@ bool printToConsole(DWORD stream, const QString &text)
 
 void print(std::FILE *stream, const QString &text)
 {
+#ifdef Q_OS_WIN
+    if (printToConsole(stream, text))
+        return;
+#endif
     const QByteArray bytes = text.toUtf8();
     std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stream);
     std::fflush(stream);
@@ -40,27 +45,18 @@ void print(std::FILE *stream, const QString &text)
 
 void PrintOut(const QString &text)
 {
-#ifdef Q_OS_WIN
-    if (printToConsole(STD_OUTPUT_HANDLE, text))
-        return;
-#endif
     print(stdout, text);
 }
 
 void PrintError(const QString &text)
 {
-#ifdef Q_OS_WIN
-    if (printToConsole(STD_ERROR_HANDLE, text))
-        return;
-#endif
     print(stderr, text);
 }
 
 bool IsErrorTerminal()
 {
 #ifdef Q_OS_WIN
-    DWORD mode = 0;
-    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+    return _isatty(_fileno(stderr)) != 0;
 #else
     return isatty(STDERR_FILENO) != 0;
 #endif

@@ -4,73 +4,43 @@
 #include "platform/legacy_text.h"
 #include "platform/machine_path.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSaveFile>
 #include <QStringDecoder>
-#include <QStringList>
 
 namespace saldoro {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-QString decoded(const QByteArray &data)
+/** The whole text; empty when the file can't be read. */
+QString contentOf(const QString &fileName)
 {
+    QFile file(MachinePath(fileName));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray data = file.readAll();
     const auto marked = QStringConverter::encodingForData(data);
     if (!marked)
         return TextOfStoredBytes(data);
     return QStringDecoder(*marked, QStringConverter::Flag::Stateless).decode(data);
 }
 
-/** Without the blanks and tabs at both ends. */
-QStringView stripped(QStringView text)
+/** Finds lines of that form. */
+QRegularExpression lineOf(const QString &form)
 {
-    const auto isBlank = [](QChar character) { return character == u' ' || character == u'\t'; };
-    while (!text.isEmpty() && isBlank(text.front()))
-        text = text.mid(1);
-    while (!text.isEmpty() && isBlank(text.back()))
-        text.chop(1);
-    return text;
+    return QRegularExpression(u"(*ANYCRLF)^[ \\t]*"_s + form + u"[ \\t]*$"_s,
+                              QRegularExpression::MultilineOption |
+                                  QRegularExpression::CaseInsensitiveOption);
 }
 
-QStringView withoutQuotes(QStringView value)
+QRegularExpression sectionLine(const QString &section)
 {
-    const bool quoted = value.size() >= 2 && value.front() == value.back() &&
-                        (value.front() == u'"' || value.front() == u'\'');
-    return quoted ? value.mid(1, value.size() - 2) : value;
-}
-
-bool sameName(QStringView left, QStringView right)
-{
-    return left.compare(right, Qt::CaseInsensitive) == 0;
-}
-
-/** The name in a section line, no value for any other line. */
-std::optional<QStringView> sectionName(QStringView line)
-{
-    const qsizetype end = line.lastIndexOf(u']');
-    if (!line.startsWith(u'[') || end < 0)
-        return std::nullopt;
-    return stripped(line.mid(1, end - 1));
-}
-
-std::optional<QString> valueIn(QString content, const QString &section, const QString &key)
-{
-    content.replace(u'\r', u'\n');
-    bool inSection = false;
-    for (const QStringView rawLine : QStringView(content).split(u'\n')) {
-        const QStringView line = stripped(rawLine);
-        if (line.startsWith(u';'))
-            continue;
-        if (const auto name = sectionName(line)) {
-            if (inSection)
-                return std::nullopt; // a second section of that name is not looked at
-            inSection = sameName(*name, stripped(section));
-            continue;
-        }
-        const qsizetype equals = line.indexOf(u'=');
-        if (inSection && equals >= 0 && sameName(stripped(line.first(equals)), stripped(key)))
-            return withoutQuotes(stripped(line.mid(equals + 1))).toString();
-    }
-    return std::nullopt;
+    return lineOf(u"\\[[ \\t]*"_s + QRegularExpression::escape(section) + u"[ \\t]*\\].*?"_s);
 }
 
 } // namespace
@@ -78,16 +48,41 @@ std::optional<QString> valueIn(QString content, const QString &section, const QS
 std::optional<QString> FindIniValue(const QString &fileName, const QString &section,
                                     const QString &key)
 {
-    QFile file(MachinePath(fileName));
-    if (!file.open(QIODevice::ReadOnly))
+    const QString content = contentOf(fileName);
+    const qsizetype begin = sectionLine(section).match(content).capturedEnd();
+    if (begin < 0)
         return std::nullopt;
-    return valueIn(decoded(file.readAll()), section, key);
+    static const QRegularExpression nextSection = lineOf(u"\\[.*\\].*?"_s);
+    const qsizetype end = content.indexOf(nextSection, begin);
+    const QString lines = content.mid(begin, end < 0 ? -1 : end - begin);
+    const auto found = lineOf(QRegularExpression::escape(key) +
+                              u"[ \\t]*=[ \\t]*(?<quote>[\"']?)(?<value>.*?)\\k<quote>"_s)
+                           .match(lines);
+    return found.hasMatch() ? std::optional(found.captured(u"value")) : std::nullopt;
+}
+
+bool AddIniValue(const QString &fileName, const QString &section, const QString &key,
+                 const QString &value)
+{
+    QString content = contentOf(fileName);
+    qsizetype place = sectionLine(section).match(content).capturedEnd();
+    if (place < 0) {
+        if (!content.isEmpty() && !content.endsWith(u'\n'))
+            content += u'\n';
+        content += u'[' + section + u"]\n"_s;
+        place = content.size() - 1;
+    }
+    content.insert(place, u'\n' + key + u"=\""_s + value + u'"');
+    QSaveFile file(MachinePath(fileName));
+    return QDir().mkpath(QFileInfo(file.fileName()).path()) && file.open(QIODevice::WriteOnly) &&
+           file.write(content.toUtf8()) >= 0 && file.commit();
 }
 
 QString ReadIniString(const QString &fileName, const QString &section, const QString &key)
 {
+    constexpr qsizetype mostCharacters = 254;
     QString value = FindIniValue(fileName, section, key).value_or(QString());
-    value = TrimAtNul(LeftCharacters(value, IniValueLimit));
+    value = TrimAtNul(LeftCharacters(value, mostCharacters));
     while (value.endsWith(u' '))
         value.chop(1);
     return value;

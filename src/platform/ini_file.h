@@ -6,12 +6,9 @@
 
 namespace saldoro {
 
-/** Most characters that ReadIniString hands over. */
-inline constexpr qsizetype IniValueLimit = 254;
-
 /**
  * The value of a key of a section of an INI file, or the empty text when the file, the section or
- * the key is missing. At most IniValueLimit characters are read, a NUL ends the value, trailing
+ * the key is missing. At most 254 characters are read, a NUL ends the value, trailing
  * blanks are lost. Nothing is thrown: a file that can't be read counts as missing.
  *
  * @param fileName archive path or path of the machine
@@ -29,6 +26,11 @@ QString ReadIniString(const QString &fileName, const QString &section, const QSt
  */
 std::optional<QString> FindIniValue(const QString &fileName, const QString &section,
                                     const QString &key);
+
+/** Adds a key that its section does not have yet, and the section if need be; all else stays as it
+ *  is. @p value holds no line end and no double quote. False when the file can't be written. */
+bool AddIniValue(const QString &fileName, const QString &section, const QString &key,
+                 const QString &value);
 
 /** The part of a text before its first NUL, or the whole text when it holds none. */
 QString TrimAtNul(const QString &text);

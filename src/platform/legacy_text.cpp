@@ -1,5 +1,7 @@
 #include "platform/legacy_text.h"
 
+#include <QStringDecoder>
+
 #include <algorithm>
 #include <array>
 
@@ -18,11 +20,10 @@ constexpr size_t firstUpper = 0x80;
 
 QString TextOfUtf8(QByteArrayView bytes)
 {
-    // The toolkit takes a mark at the front for a sign of the encoding and drops it.
-    QString text = QString::fromUtf8(bytes);
-    if (bytes.startsWith("\xEF\xBB\xBF"))
-        text.prepend(QChar(QChar::ByteOrderMark));
-    return text;
+    using Converter = QStringConverter;
+    return QStringDecoder(Converter::Utf8,
+                          Converter::Flag::Stateless | Converter::Flag::ConvertInitialBom)
+        .decode(bytes);
 }
 
 QString TextOfStoredBytes(QByteArrayView bytes)

@@ -16,15 +16,13 @@ QString entryFor(const QString &folder, const QString &name)
 {
     if (QFileInfo::exists(folder + name))
         return name;
-    const QStringList entries =
-        QDir(folder.isEmpty() ? u"."_s : folder)
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System, QDir::Unsorted);
-    QString best;
-    for (const QString &entry : entries) {
-        if (entry.compare(name, Qt::CaseInsensitive) == 0 && (best.isNull() || entry < best))
-            best = entry;
+    const QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::System;
+    for (const QString &entry :
+         QDir(folder.isEmpty() ? u"."_s : folder).entryList(all, QDir::Name)) {
+        if (entry.compare(name, Qt::CaseInsensitive) == 0)
+            return entry;
     }
-    return best.isNull() ? name : best;
+    return name;
 }
 
 } // namespace
@@ -45,11 +43,6 @@ QString MachinePath(const QString &archivePath)
     }
     return path;
 #endif
-}
-
-bool ArchivePathExists(const QString &archivePath)
-{
-    return QFileInfo::exists(MachinePath(archivePath));
 }
 
 } // namespace saldoro

@@ -13,7 +13,4 @@ namespace saldoro {
  */
 QString MachinePath(const QString &archivePath);
 
-/** True when a file or folder of that archive path exists, letter case ignored. */
-bool ArchivePathExists(const QString &archivePath);
-
 } // namespace saldoro

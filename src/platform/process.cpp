@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
 
 #ifdef Q_OS_WIN
 #include <QDir>
@@ -14,6 +15,8 @@
 #endif
 
 namespace saldoro {
+
+using namespace Qt::StringLiterals;
 
 #ifdef Q_OS_WIN
 namespace {
@@ -73,17 +76,8 @@ QString CommandLineTail(int argc, char *const argv[])
 
 QString TailOfCommandLine(const QString &commandLine)
 {
-    const auto isBlank = [](QChar character) { return character == u' ' || character == u'\t'; };
-    bool quoted = false;
-    qsizetype at = 0;
-    while (at < commandLine.size() && (quoted || !isBlank(commandLine.at(at)))) {
-        if (commandLine.at(at) == u'"')
-            quoted = !quoted;
-        ++at;
-    }
-    while (at < commandLine.size() && isBlank(commandLine.at(at)))
-        ++at;
-    return commandLine.mid(at);
+    static const QRegularExpression name(uR"(\A(?:[^" \t]|"[^"]*(?:"|\z))*[ \t]*)"_s);
+    return QString(commandLine).remove(name);
 }
 
 QString ProgramName()

@@ -1,19 +1,15 @@
 #include "platform/registry.h"
 
 #include "platform/ini_file.h"
-#include "platform/legacy_text.h"
 
 #ifdef Q_OS_WIN
-#include <QByteArray>
 #include <QSettings>
 
+#include <string>
 #include <windows.h>
 #else
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QRegularExpression>
-#include <QSaveFile>
 #endif
 
 namespace saldoro {
@@ -22,34 +18,22 @@ using namespace Qt::StringLiterals;
 
 #ifdef Q_OS_WIN
 
-namespace {
-
-/** Type and size are asked for first, so that only plain text is ever fetched. A key that could
- *  not be opened makes the query itself fail. */
-std::optional<QString> queryRegistryValue(HKEY openKey, const QByteArray &valueName)
-{
-    DWORD type = 0;
-    DWORD size = 0;
-    if (RegQueryValueExA(openKey, valueName.constData(), nullptr, &type, nullptr, &size) !=
-            ERROR_SUCCESS ||
-        type != REG_SZ)
-        return std::nullopt;
-    QByteArray buffer(static_cast<qsizetype>(size), ' ');
-    if (RegQueryValueExA(openKey, valueName.constData(), nullptr, &type,
-                         reinterpret_cast<BYTE *>(buffer.data()), &size) != ERROR_SUCCESS)
-        return std::nullopt;
-    return TrimAtNul(QString::fromLocal8Bit(buffer));
-}
-
-} // namespace
-
 std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &valueName)
 {
-    HKEY key = nullptr;
-    RegOpenKeyA(HKEY_CURRENT_USER, keyPath.toLocal8Bit().constData(), &key);
-    auto value = queryRegistryValue(key, valueName.toLocal8Bit());
-    RegCloseKey(key);
-    return value;
+    const std::wstring key = keyPath.toStdWString();
+    const std::wstring name = valueName.toStdWString();
+    const auto read = [&](wchar_t *text, DWORD &size) {
+        // Plain text alone: one that is to be expanded is not taken for it.
+        return RegGetValueW(HKEY_CURRENT_USER, key.c_str(), name.c_str(),
+                            RRF_RT_REG_SZ | RRF_NOEXPAND, nullptr, text, &size) == ERROR_SUCCESS;
+    };
+    DWORD size = 0; // in bytes
+    if (!read(nullptr, size))
+        return std::nullopt;
+    std::wstring text(size / sizeof(wchar_t), L'\0');
+    if (!read(text.data(), size))
+        return std::nullopt;
+    return TrimAtNul(QString::fromStdWString(text));
 }
 
 bool AddRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)
@@ -72,39 +56,17 @@ std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &
     std::optional<QString> value = FindIniValue(RegistryFilePath(), keyPath, valueName);
     if (!value)
         return std::nullopt;
-    for (const QStringView otherType : {u"REG_EXPAND_SZ:", u"REG_BINARY:", u"REG_DWORD:"}) {
-        if (value->startsWith(otherType, Qt::CaseInsensitive))
-            return std::nullopt;
-    }
-    constexpr QStringView plainText = u"REG_SZ:";
-    if (value->startsWith(plainText, Qt::CaseInsensitive))
-        value->remove(0, plainText.size());
-    return TrimAtNul(*value);
+    static const QRegularExpression typeInFront(u"\\AREG_(SZ|EXPAND_SZ|BINARY|DWORD):"_s,
+                                                QRegularExpression::CaseInsensitiveOption);
+    const auto type = typeInFront.match(*value);
+    if (type.hasMatch() && type.captured(1).toUpper() != u"SZ")
+        return std::nullopt;
+    return TrimAtNul(value->sliced(type.capturedLength()));
 }
 
 bool AddRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)
 {
-    const QString path = RegistryFilePath();
-    QFile present(path);
-    QString content;
-    if (present.open(QIODevice::ReadOnly))
-        content = TextOfStoredBytes(present.readAll());
-    if (!content.isEmpty() && !content.endsWith(u'\n'))
-        content += u'\n';
-    // Of two sections of the same name only the first is looked at.
-    const QRegularExpression section(u"^[ \\t]*\\[[ \\t]*"_s + QRegularExpression::escape(keyPath) +
-                                         u"[ \\t]*\\][^\\r\\n]*[\\r\\n]+"_s,
-                                     QRegularExpression::MultilineOption |
-                                         QRegularExpression::CaseInsensitiveOption);
-    qsizetype place = section.match(content).capturedEnd();
-    if (place < 0) {
-        content += u'[' + keyPath + u"]\n"_s;
-        place = content.size();
-    }
-    content.insert(place, valueName + u"=\""_s + text + u"\"\n"_s);
-    QSaveFile file(path);
-    return QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) &&
-           file.write(content.toUtf8()) >= 0 && file.commit();
+    return AddIniValue(RegistryFilePath(), keyPath, valueName, text);
 }
 
 QString RegistryFilePath()
