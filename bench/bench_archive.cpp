@@ -43,7 +43,7 @@ QString &benchFolder()
 
 QString itemCode(int item)
 {
-    return u"V%1"_s.arg(item, 4, 10, u'0');
+    return u"V%1"_s.arg(item, 4, 10, QLatin1Char('0'));
 }
 
 QString itemDescription(int item)

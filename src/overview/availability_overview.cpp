@@ -11,50 +11,30 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void appendBudgetRow(TextTable &overview, const RecordSet &budget, int code, int description,
-                     int amount)
+void appendBudgetRow(TextTable &overview, const RecordSet &budget)
 {
     const int row = overview.rows();
     overview.setRows(row + 1);
     overview.setRow(row);
-    const auto write = [&] {
-        overview.setText(row, OverviewColumn::Cod, budget.field(code).text());
-        overview.setText(row, OverviewColumn::Descrizione, budget.field(description).text());
-        const auto amountOrNone = budget.field(amount).currencyOrNone();
-        overview.setText(row, OverviewColumn::Spesa,
-                         amountOrNone ? FormatImporto(*amountOrNone) : u"0"_s);
-    };
+    const auto code = [&] { return overview.text(row, OverviewColumn::Cod); };
     WithDetail(u"Riga"_s, QString::number(row), [&] {
-        WithDetail(
-            u"Voce"_s, [&] { return overview.text(row, OverviewColumn::Cod); }, write);
+        WithDetail(u"Voce"_s, code, [&] {
+            overview.setText(row, OverviewColumn::Cod, budget.field(u"Voce"_s).text());
+            overview.setText(row, OverviewColumn::Descrizione, budget.field(u"Descri"_s).text());
+            const auto amount = budget.field(u"Importo"_s).currencyOrNone();
+            overview.setText(row, OverviewColumn::Spesa, amount ? FormatImporto(*amount) : u"0"_s);
+        });
     });
-}
-
-void appendBudgetRows(TextTable &overview, RecordSet &budget)
-{
-    if (budget.eof())
-        return;
-    const int code = budget.column(u"Voce"_s);
-    const int description = budget.column(u"Descri"_s);
-    const int amount = budget.column(u"Importo"_s);
-    for (; !budget.eof(); budget.moveNext())
-        appendBudgetRow(overview, budget, code, description, amount);
 }
 
 /** Everything that the ledger allocates to a cost item, whatever the payment. */
 Currency paidOn(RecordSet &spese, const QString &code)
 {
     const QString criterion = u"Cod = '"_s + code + u'\'';
+    const auto payment = [&] { return spese.field(u"RelNpag"_s).textOrEmpty(); };
     Currency paid;
-    spese.findFirst(criterion);
-    if (spese.noMatch())
-        return paid;
-    const int amount = spese.column(u"Importo"_s);
-    for (; !spese.noMatch(); spese.findNext(criterion)) {
-        WithDetail(
-            u"Pagamento"_s, [&] { return spese.field(u"RelNpag"_s).textOrEmpty(); },
-            [&] { paid += spese.field(amount).currency(); });
-    }
+    for (spese.findFirst(criterion); !spese.noMatch(); spese.findNext(criterion))
+        WithDetail(u"Pagamento"_s, payment, [&] { paid += spese.field(u"Importo"_s).currency(); });
     return paid;
 }
 
@@ -79,16 +59,15 @@ void PrepareAvailabilityOverview(TextTable &overview)
 
 void FillAvailabilityOverview(TextTable &overview, const ProgramValues &values)
 {
-    Database contract = Database::open(ContractPath(values));
+    const Database contract = Database::open(ContractPath(values));
     RecordSet budget = contract.openRecordSet(u"SELECT * FROM UltimaPerVariante ORDER BY Voce"_s);
     const Database ledger = Database::open(LedgerPath(values));
     RecordSet spese = ledger.openRecordSet(u"SELECT * FROM Spese"_s);
 
     const TextTable::BulkChange change(overview);
     overview.setRows(1);
-    appendBudgetRows(overview, budget);
-    budget.close();
-    contract.close();
+    for (; !budget.eof(); budget.moveNext())
+        appendBudgetRow(overview, budget);
 
     const int lastRow = overview.rows() - 1;
     for (int row = 1; row <= lastRow; ++row) {

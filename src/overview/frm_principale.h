@@ -26,12 +26,15 @@ class FrmPrincipale : public QWidget
     Q_OBJECT
 
 public:
-    /** @p values must outlive the form. Nothing is read before reload(). */
+    /** @p values must outlive the form. Nothing is read before load(). */
     explicit FrmPrincipale(ProgramValues &values);
 
-    /** Shows the form with what the databases hold now, above the other windows and in the middle
-     *  of the screen; the last payment is the current one. A form that is on screen does the work
-     *  of closing first, but does not go from the screen; that it is out of use, it stays. */
+    /** Puts the form above the other windows and in the middle of the screen and fills both grids
+     *  from the databases; the last payment is the current one then. Shows nothing by itself. */
+    void load();
+
+    /** Loads the form and shows it. One that is on screen does the work of closing first, but does
+     *  not go from the screen; that it is out of use, it stays. */
     void reload();
 
     /** Puts the form back into use after nuovoRequested(), the focus where it was. While it is out
@@ -61,7 +64,6 @@ private:
     void arrange();
     void prepareGrids();
     QLayout *makeButtons();
-    void load();
     void addPayment();
     void deletePayment();
     void writeDocuments();
