@@ -1,8 +1,6 @@
 #include "form_driver.h"
 
 #include "controls/flex_grid.h"
-#include "invoice/frm_aziende.h"
-#include "invoice/frm_professionisti.h"
 #include "overview_probe.h"
 
 namespace saldoro {
@@ -49,10 +47,7 @@ FormDriver::FormDriver()
 void FormDriver::open(CreditorKind kind, qint32 paymentNumber)
 {
     values.CurrentPaymentNumber = paymentNumber;
-    if (kind == CreditorKind::Company)
-        form = std::make_unique<FrmAziende>(values, overview);
-    else
-        form = std::make_unique<FrmProfessionisti>(values, overview);
+    form = std::make_unique<InvoiceForm>(kind, values, overview);
     QObject::connect(form.get(), &InvoiceForm::unloaded, form.get(), [this] { ++unloads; });
     form->load();
     values.CurrentPaymentNumber = 99; // another form's business

@@ -1,7 +1,6 @@
 #include "controls/text_table.h"
-#include "invoice/frm_aziende.h"
 #include "invoice/frm_nuova_fattura.h"
-#include "invoice/frm_professionisti.h"
+#include "invoice/invoice_form.h"
 #include "overview/frm_principale.h"
 
 #include <QAbstractButton>
@@ -136,8 +135,8 @@ private:
         std::vector<std::unique_ptr<QWidget>> forms;
         forms.push_back(std::make_unique<FrmPrincipale>(m_values));
         forms.push_back(std::make_unique<FrmNuovaFattura>());
-        forms.push_back(std::make_unique<FrmProfessionisti>(m_values, m_overview));
-        forms.push_back(std::make_unique<FrmAziende>(m_values, m_overview));
+        for (const CreditorKind kind : {CreditorKind::Professional, CreditorKind::Company})
+            forms.push_back(std::make_unique<InvoiceForm>(kind, m_values, m_overview));
         return forms;
     }
 

@@ -2,22 +2,13 @@
 
 #include "common/ending.h"
 #include "common/form_helpers.h"
-#include "invoice/frm_aziende.h"
 #include "invoice/frm_nuova_fattura.h"
-#include "invoice/frm_professionisti.h"
+#include "invoice/invoice_form.h"
 #include "overview/frm_principale.h"
 
 namespace saldoro {
 
 namespace {
-
-std::unique_ptr<InvoiceForm> makeInvoiceForm(CreditorKind kind, ProgramValues &values,
-                                             const TextTable &overview)
-{
-    if (kind == CreditorKind::Company)
-        return std::make_unique<FrmAziende>(values, overview);
-    return std::make_unique<FrmProfessionisti>(values, overview);
-}
 
 /** Gives up a form that is in the midst of its own signal. */
 template <typename Form>
@@ -76,7 +67,7 @@ void FormFlow::showInvoiceForm(CreditorKind kind)
 {
     auto &shown = m_invoices[kind];
     if (!shown) {
-        auto form = makeInvoiceForm(kind, m_values, m_main->overviewTable());
+        auto form = std::make_unique<InvoiceForm>(kind, m_values, m_main->overviewTable());
         form->load();
         connect(form.get(), &InvoiceForm::unloaded, this,
                 [this, kind] { invoiceFormUnloaded(kind); });

@@ -77,10 +77,13 @@ bool AllocationFrame::eventFilter(QObject *watched, QEvent *event)
     if (IsRepeatedEnter(*event))
         return true;
     m_grid->scrollTo(m_grid->currentIndex());
-    if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
-        giveAmountBack();
-    else
+    if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+        QString amount = table().currentText();
+        m_editor->setText(PuntoDecimale(amount)); // the same amount will be written
+        m_fields.moveTo(*m_grid);
+    } else {
         m_editor->event(event);
+    }
     event->accept(); // the grid around the editor has no part in it
     return true;
 }
@@ -138,10 +141,12 @@ QLayout *AllocationFrame::makeButtons()
         m_fields.addButton(u"Command3"_s, u"&Inserisci"_s,
                            u"Aggiunge una voce di spesa scelta dal quadro di disponibilità"_s, this,
                            [this] { insertItem(); }));
-    row->addWidget(
-        m_fields.addButton(u"Command4"_s, u"&Elimina"_s,
-                           u"Elimina subito la voce di spesa corrente, anche dall'archivio"_s, this,
-                           [this] { deleteItem(); }));
+    row->addWidget(m_fields.addButton(
+        u"Command4"_s, u"&Elimina"_s,
+        u"Elimina subito la voce di spesa corrente, anche dall'archivio"_s, this, [this] {
+            DeleteCurrentRow(table(), m_values, m_paymentNumber);
+            RecalcAllocationTotal();
+        }));
     return row;
 }
 
@@ -174,8 +179,7 @@ void AllocationFrame::insertItem()
     QStringList lines;
     for (const OfferedItem &item : m_offered)
         lines += item.line;
-    const QPoint corner = m_grid->mapTo(window(), QPoint(0, m_grid->height() / 4));
-    m_list->open(lines, QRect(corner, QSize(m_grid->width(), window()->height() - corner.y())));
+    m_list->open(lines, *m_grid, m_grid->height() / 4);
 }
 
 void AllocationFrame::itemPicked(int line)
@@ -188,12 +192,6 @@ void AllocationFrame::itemPicked(int line)
     m_fields.forget();
     openEditor();
     m_list->hide();
-}
-
-void AllocationFrame::deleteItem()
-{
-    DeleteCurrentRow(table(), m_values, m_paymentNumber);
-    RecalcAllocationTotal();
 }
 
 void AllocationFrame::openEditor()
@@ -209,13 +207,6 @@ void AllocationFrame::openEditor()
 void AllocationFrame::placeEditor()
 {
     m_editor->setGeometry(m_grid->visualRect(m_grid->currentIndex()));
-}
-
-void AllocationFrame::giveAmountBack()
-{
-    QString amount = table().currentText();
-    m_editor->setText(PuntoDecimale(amount));
-    m_fields.moveTo(*m_grid);
 }
 
 // The focus is elsewhere by now, so hiding the editor does not move it.

@@ -47,11 +47,9 @@ private:
 
     void insertItem();
     void itemPicked(int line);
-    void deleteItem();
 
     void openEditor();
     void placeEditor();
-    void giveAmountBack();
     void editorLeft();
 
     const TextTable &m_overview;

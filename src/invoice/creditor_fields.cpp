@@ -20,7 +20,7 @@ CreditorFields::CreditorFields(const QString &dateBoxName, FormFields &fields, Q
     : QWidget(form)
     , m_fields(fields)
     , m_creditor(new EntryField(this, LedgerSize::Creditore))
-    , m_searches(new QHBoxLayout)
+    , m_buttons(new QHBoxLayout)
     , m_lastOfRow(m_creditor)
     , m_number(new EntryField(this, LedgerSize::NFat))
     , m_date(new DateBox(this))
@@ -31,15 +31,17 @@ CreditorFields::CreditorFields(const QString &dateBoxName, FormFields &fields, Q
     grid->setContentsMargins({});
     addCreditor(*grid);
     addInvoice(*grid, dateBoxName);
-    addList();
+    preparePickList();
 }
 
-QPushButton *CreditorFields::addSearch(const QString &objectName, const QString &caption,
-                                       const QString &hint, Names names)
+QPushButton *CreditorFields::addList(const QString &objectName, const QString &caption,
+                                     const QString &hint, Names names)
 {
-    QPushButton *button = m_fields.addButton(objectName, caption, hint, this,
-                                             [this, names = std::move(names)] { offer(names()); });
-    m_searches->addWidget(button);
+    QPushButton *button =
+        m_fields.addButton(objectName, caption, hint, this, [this, names = std::move(names)] {
+            m_list->open(names(), *m_creditor, m_creditor->height());
+        });
+    m_buttons->addWidget(button);
     setTabOrder(std::exchange(m_lastOfRow, button), button);
     setTabOrder(button, m_list);
     return button;
@@ -61,24 +63,13 @@ void CreditorFields::readInto(PaymentRecord &record) const
     record.descrizione = m_description->text();
 }
 
-QString CreditorFields::creditor() const
-{
-    return m_creditor->text();
-}
-
-void CreditorFields::focusCreditor()
-{
-    m_creditor->setFocus(Qt::OtherFocusReason);
-}
-
 void CreditorFields::addCreditor(QGridLayout &grid)
 {
     QLabel *label = m_fields.addLine(*m_creditor, u"Text1_0"_s, u"Cre&ditore"_s,
                                      u"Nome del creditore, necessario per confermare"_s);
-    connect(m_creditor, &QLineEdit::textChanged, this, &CreditorFields::creditorChanged);
     auto *line = new QHBoxLayout;
     line->addWidget(m_creditor, 1);
-    line->addLayout(m_searches);
+    line->addLayout(m_buttons);
     grid.addWidget(label, 0, 0);
     grid.addLayout(line, 0, 1);
 }
@@ -102,7 +93,7 @@ void CreditorFields::addInvoice(QGridLayout &grid, const QString &dateBoxName)
     grid.addLayout(line, 1, 1);
 }
 
-void CreditorFields::addList()
+void CreditorFields::preparePickList()
 {
     Describe(*m_list, u"List2"_s, u"Creditori"_s,
              u"Frecce e Invio, o un clic, per scegliere il creditore; Esc per rinunciare"_s);
@@ -112,13 +103,6 @@ void CreditorFields::addList()
         m_fields.moveTo(*m_creditor);
     });
     m_fields.watch(*m_list, {}, [this] { m_list->hide(); });
-}
-
-void CreditorFields::offer(const QStringList &names)
-{
-    const QPoint corner = m_creditor->mapTo(window(), QPoint(0, m_creditor->height()));
-    const QSize room(m_creditor->width(), window()->height() - corner.y());
-    m_list->open(names, QRect(corner, room));
 }
 
 } // namespace saldoro

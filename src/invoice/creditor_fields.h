@@ -23,8 +23,6 @@ class PopupList;
  */
 class CreditorFields : public QWidget
 {
-    Q_OBJECT
-
 public:
     /** Gives the names that a button offers. */
     using Names = std::function<QStringList()>;
@@ -33,27 +31,22 @@ public:
     CreditorFields(const QString &dateBoxName, FormFields &fields, QWidget *form);
 
     /** Adds a button behind the creditor. Its list is shown even when @p names gives none. */
-    QPushButton *addSearch(const QString &objectName, const QString &caption, const QString &hint,
-                           Names names);
+    QPushButton *addList(const QString &objectName, const QString &caption, const QString &hint,
+                         Names names);
+
+    EntryField &creditorBox() const { return *m_creditor; }
 
     void showRecord(const PaymentRecord &record);
     void readInto(PaymentRecord &record) const;
 
-    QString creditor() const;
-    void focusCreditor();
-
-signals:
-    void creditorChanged(const QString &creditor);
-
 private:
     void addCreditor(QGridLayout &grid);
     void addInvoice(QGridLayout &grid, const QString &dateBoxName);
-    void addList();
-    void offer(const QStringList &names);
+    void preparePickList();
 
     FormFields &m_fields;
     EntryField *m_creditor;
-    QHBoxLayout *m_searches;
+    QHBoxLayout *m_buttons;
     QWidget *m_lastOfRow; ///< of creditor and buttons
     EntryField *m_number;
     DateBox *m_date;

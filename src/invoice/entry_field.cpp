@@ -2,7 +2,6 @@
 
 #include "common/text_cut.h"
 
-#include <QEvent>
 #include <QRegularExpression>
 #include <QValidator>
 
@@ -58,21 +57,10 @@ void EntryField::showText(const QString &text)
     setCursorPosition(0);
 }
 
-bool EntryField::event(QEvent *event)
+void EntryField::keyPressEvent(QKeyEvent *event)
 {
-    const bool isHandled = QLineEdit::event(event);
-    // The line gets other events, such as questions of an input method, in the midst of an edit.
-    switch (event->type()) {
-    case QEvent::KeyPress:
-    case QEvent::InputMethod:
-    case QEvent::MouseButtonRelease:
-    case QEvent::Drop:
-        insertRefused();
-        break;
-    default:
-        break;
-    }
-    return isHandled;
+    QLineEdit::keyPressEvent(event);
+    insertRefused(); // before the next key
 }
 
 bool EntryField::accepts(const QString &text, int cursor)
@@ -83,7 +71,7 @@ bool EntryField::accepts(const QString &text, int cursor)
         return true;
     m_refused = text;
     m_refusedCursor = cursor;
-    // The menu of the line does its work outside the line's own events.
+    // Menu, mouse and input method do their work past the line's keys.
     QMetaObject::invokeMethod(this, &EntryField::insertRefused, Qt::QueuedConnection);
     return false;
 }

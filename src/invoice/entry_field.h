@@ -22,7 +22,7 @@ public:
     void showText(const QString &text);
 
 protected:
-    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     class Limit;

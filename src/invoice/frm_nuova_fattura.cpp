@@ -17,18 +17,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-template <class Button>
-Button *added(QBoxLayout &layout, Button *button)
+QRadioButton *makeOption(const QString &name, const QString &text, const QString &hint)
 {
-    layout.addWidget(button);
-    return button;
-}
-
-QRadioButton *addOption(QBoxLayout &layout, const QString &name, const QString &text,
-                        const QString &hint)
-{
-    auto *option = added(layout, new QRadioButton(text));
+    auto *option = new QRadioButton(text);
     Describe(*option, name, QString(text).remove(u'&'), hint);
+    // By its mnemonic it is chosen after a moment only; an Enter right behind must count.
+    QObject::connect(option, &QRadioButton::pressed, option,
+                     [option] { option->setChecked(true); });
     return option;
 }
 
@@ -55,29 +50,28 @@ QWidget *FrmNuovaFattura::makeOptions()
     frame->setObjectName(u"Frame2"_s);
     constexpr int leastCharacters = 40; // leaves the window's title readable
     frame->setMinimumWidth(leastCharacters * frame->fontMetrics().averageCharWidth());
-    auto *options = new QVBoxLayout(frame);
-    m_company =
-        addOption(*options, u"Option3"_s, u"&Impresa"_s, u"Il pagamento è per un'impresa"_s);
-    addOption(*options, u"Option4"_s, u"&Professionista"_s,
-              u"Il pagamento è per un professionista"_s);
+    m_company = makeOption(u"Option3"_s, u"&Impresa"_s, u"Il pagamento è per un'impresa"_s);
     m_company->setChecked(true);
-    // By its mnemonic an option is chosen after a moment only; an Enter right behind must count.
-    for (QRadioButton *option : frame->findChildren<QRadioButton *>())
-        connect(option, &QRadioButton::pressed, option, [option] { option->setChecked(true); });
+    auto *options = new QVBoxLayout(frame);
+    options->addWidget(m_company);
+    options->addWidget(
+        makeOption(u"Option4"_s, u"&Professionista"_s, u"Il pagamento è per un professionista"_s));
     return frame;
 }
 
 QLayout *FrmNuovaFattura::makeButtons()
 {
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    auto *proceedButton = added(*buttons, new PromptButton(u"Command1"_s, u"&Continua"_s,
-                                                           u"Apre la fattura da compilare"_s));
-    auto *cancelButton = added(*buttons, new PromptButton(u"Command2"_s, u"&Annulla"_s,
-                                                          u"Torna alla schermata principale"_s));
+    auto *proceedButton =
+        new PromptButton(u"Command1"_s, u"&Continua"_s, u"Apre la fattura da compilare"_s);
+    auto *cancelButton =
+        new PromptButton(u"Command2"_s, u"&Annulla"_s, u"Torna alla schermata principale"_s);
     proceedButton->setDefault(true);
     connect(proceedButton, &QPushButton::clicked, this, &FrmNuovaFattura::proceed);
-    connect(cancelButton, &QPushButton::clicked, this, &FrmNuovaFattura::unload);
+    connect(cancelButton, &QPushButton::clicked, this, [this] { done(Rejected); });
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(proceedButton);
+    buttons->addWidget(cancelButton);
     return buttons;
 }
 
@@ -92,7 +86,7 @@ void FrmNuovaFattura::keyPressEvent(QKeyEvent *event)
 
 void FrmNuovaFattura::closeEvent(QCloseEvent *event)
 {
-    event->setAccepted(m_answered || IsEnding());
+    event->setAccepted(IsEnding());
 }
 
 // Some window managers offer to put it away all the same, while the main form is out of use.
@@ -107,14 +101,7 @@ void FrmNuovaFattura::proceed()
 {
     setEnabled(false);
     emit continued(m_company->isChecked() ? CreditorKind::Company : CreditorKind::Professional);
-    unload();
-}
-
-void FrmNuovaFattura::unload()
-{
-    m_answered = true;
-    close();
-    emit finished();
+    accept();
 }
 
 } // namespace saldoro

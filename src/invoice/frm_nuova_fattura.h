@@ -24,10 +24,9 @@ public:
     void reject() override;
 
 signals:
-    /** "Continua" was pressed: the form of @p kind is to be opened. finished() follows. */
+    /** "Continua" was pressed: the form of @p kind is to be opened. finished() follows, as it does
+     *  after "Annulla". */
     void continued(saldoro::CreditorKind kind);
-    /** The dialog is closed, by either button. */
-    void finished();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -38,10 +37,8 @@ private:
     QWidget *makeOptions();
     QLayout *makeButtons();
     void proceed();
-    void unload();
 
     QAbstractButton *m_company = nullptr;
-    bool m_answered = false;
 };
 
 } // namespace saldoro

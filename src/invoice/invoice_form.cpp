@@ -5,7 +5,10 @@
 #include "common/number_text.h"
 #include "invoice/allocation_frame.h"
 #include "invoice/allocation_total.h"
+#include "invoice/amount_fields.h"
 #include "invoice/creditor_fields.h"
+#include "invoice/creditor_search.h"
+#include "invoice/entry_field.h"
 #include "invoice/note_fields.h"
 
 #include <QApplication>
@@ -22,27 +25,52 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-InvoiceForm::InvoiceForm(ProgramValues &values, const TextTable &overview,
-                         const InvoiceFormLook &look)
+namespace {
+
+/** What tells the two invoice forms apart at sight, beside their amounts. */
+struct Look
+{
+    QString objectName;
+    QString title;
+    QString dateBoxName;
+    QString allocationCaption;
+    QString searchHint;
+};
+
+const Look &lookOf(CreditorKind kind)
+{
+    static const Look company{
+        u"FrmAziende"_s, u"Aziende"_s, u"MaskEdBox1_0"_s, u" Conti di Spesa "_s,
+        u"Elenca le imprese partecipanti il cui nome inizia come il creditore scritto"_s};
+    static const Look professional{u"FrmProfessionisti"_s, u"Professionisti"_s, u"MaskEdBox1"_s,
+                                   u"Conti di Spesa"_s,
+                                   u"Elenca i professionisti incaricati nel contratto"_s};
+    return kind == CreditorKind::Company ? company : professional;
+}
+
+} // namespace
+
+InvoiceForm::InvoiceForm(CreditorKind kind, ProgramValues &values, const TextTable &overview)
     : m_values(values)
-    , m_payment{look.kind, values.CurrentPaymentNumber}
+    , m_payment{kind, values.CurrentPaymentNumber}
     , m_fields(*this)
     , m_page(new QWidget(this))
     , m_number(new QLabel(this))
-    , m_creditor(new CreditorFields(look.dateBoxName, m_fields, this))
-    , m_amounts(new AmountFields(look.kind, m_fields, this))
+    , m_creditor(new CreditorFields(lookOf(kind).dateBoxName, m_fields, this))
+    , m_amounts(new AmountFields(kind, m_fields, this))
     , m_notes(new NoteFields(m_fields, this))
-    , m_allocation(new AllocationFrame(look.allocationCaption, overview, values, m_payment.number,
-                                       m_fields, this))
+    , m_allocation(new AllocationFrame(lookOf(kind).allocationCaption, overview, values,
+                                       m_payment.number, m_fields, this))
 {
-    setWindowTitle(look.title);
+    setObjectName(lookOf(kind).objectName);
+    setWindowTitle(lookOf(kind).title);
     m_number->setObjectName(u"Label2"_s);
     m_number->setTextFormat(Qt::PlainText);
     QFont heading = m_number->font();
     heading.setBold(true);
     m_number->setFont(heading);
-    arrange(look.notesPlace);
-    connect(m_creditor, &CreditorFields::creditorChanged, this, &InvoiceForm::followCreditor);
+    addCreditorLists(lookOf(kind).searchHint);
+    arrange();
     connect(&m_amounts->totalBox(), &QLineEdit::textChanged, &m_allocation->invoiceTotal(),
             &QLabel::setText);
 }
@@ -57,9 +85,8 @@ void InvoiceForm::load()
     CentraForm(*this);
     loadPayment();
     m_number->setText(u"Pagamento N. "_s + SignedNumberText(m_payment.number));
-    followCreditor();
     m_allocation->RecalcAllocationTotal();
-    m_creditor->focusCreditor();
+    m_creditor->creditorBox().setFocus(Qt::OtherFocusReason);
     m_open = true;
 }
 
@@ -70,12 +97,26 @@ void InvoiceForm::closeEvent(QCloseEvent *event)
         emit unloaded();
 }
 
-void InvoiceForm::arrange(NotesPlace notesPlace)
+void InvoiceForm::addCreditorLists(const QString &searchHint)
+{
+    m_creditor->addList(u"Command5"_s, u"&Ricerca"_s, searchHint, [this] {
+        return isCompany() ? ParticipatingCompanies(m_values, m_creditor->creditorBox().text())
+                           : ProfessionalCreditors(m_values);
+    });
+    if (!isCompany())
+        return;
+    m_principals = m_creditor->addList(
+        u"Command6"_s, u"&Mandanti"_s, u"Elenca le mandanti dell'associazione di imprese"_s,
+        [this] { return Principals(m_values, m_contractor.IdImpresa); });
+    m_principals->setEnabled(false);
+}
+
+void InvoiceForm::arrange()
 {
     auto *left = new QVBoxLayout;
     auto *right = new QVBoxLayout;
     left->addWidget(m_amounts);
-    if (notesPlace == NotesPlace::BelowAmounts)
+    if (isCompany()) // whose few amounts leave room below them
         left->addWidget(m_notes, 1);
     else
         right->addWidget(m_notes);
@@ -112,9 +153,13 @@ QLayout *InvoiceForm::makeButtons()
 {
     auto *row = new QHBoxLayout;
     row->addStretch(1);
-    m_confirm = m_fields.addButton(u"Command1"_s, u"&Conferma"_s, u"Salva il pagamento e chiude"_s,
-                                   this, [this] { confirm(); });
-    row->addWidget(m_confirm);
+    auto *confirm =
+        m_fields.addButton(u"Command1"_s, u"&Conferma"_s, u"Salva il pagamento e chiude"_s, this,
+                           [this] { savePayment(); });
+    row->addWidget(confirm);
+    confirm->setEnabled(false);
+    connect(&m_creditor->creditorBox(), &QLineEdit::textChanged, confirm,
+            [confirm](const QString &creditor) { confirm->setEnabled(!creditor.isEmpty()); });
     // Giving up is always possible, also from a date that cannot be left.
     auto *cancel =
         new PromptButton(u"Command2"_s, u"&Annulla"_s,
@@ -124,21 +169,20 @@ QLayout *InvoiceForm::makeButtons()
     return row;
 }
 
-void InvoiceForm::followCreditor()
-{
-    m_confirm->setEnabled(!m_creditor->creditor().isEmpty());
-}
-
 void InvoiceForm::loadPayment()
 {
-    m_payment.creditore = startingCreditor();
+    if (isCompany()) {
+        m_contractor = LoadContractor(m_values);
+        m_principals->setEnabled(m_contractor.isAssociation);
+        m_payment.creditore = m_contractor.name;
+    }
     LoadPagamento(m_values, m_payment, m_allocation->table());
     m_creditor->showRecord(m_payment);
     m_amounts->showTexts(m_payment.amounts);
     m_notes->showRecord(m_payment);
 }
 
-void InvoiceForm::confirm()
+void InvoiceForm::savePayment()
 {
     if (!ConfirmTotals(m_allocation->totalText(), m_amounts->totalBox().text()))
         return;

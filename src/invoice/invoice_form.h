@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/program_values.h"
-#include "invoice/amount_fields.h"
+#include "invoice/contractor_and_principals.h"
 #include "invoice/form_fields.h"
 #include "invoice/payment_record.h"
 
@@ -13,31 +13,16 @@ class QPushButton;
 namespace saldoro {
 
 class AllocationFrame;
+class AmountFields;
 class CreditorFields;
 class NoteFields;
 class TextTable;
 
-/** Where an invoice form has room for mandate and note. */
-enum class NotesPlace
-{
-    BelowAmounts,
-    AboveAllocations
-};
-
-/** What tells the two invoice forms apart at sight. */
-struct InvoiceFormLook
-{
-    CreditorKind kind = CreditorKind::Company;
-    QString title;
-    QString dateBoxName;
-    QString allocationCaption;
-    NotesPlace notesPlace = NotesPlace::BelowAmounts;
-};
-
 /**
- * The form of one payment: creditor, invoice, amounts, mandate, note and allocations. It shows the
- * payment that is current when it is made, whatever becomes current meanwhile. "Conferma" saves and
- * closes; every other way of closing saves nothing.
+ * The form of one payment, to a company (FrmAziende) or to a professional (FrmProfessionisti):
+ * creditor, invoice, amounts, mandate, note and allocations. It shows the payment that is current
+ * when it is made, whatever becomes current meanwhile; a new payment to a company starts with the
+ * contractor as creditor. "Conferma" saves and closes; every other way of closing saves nothing.
  *
  * Errors of the databases and of the arithmetic pass through load() and through the event loop.
  */
@@ -46,6 +31,9 @@ class InvoiceForm : public QWidget
     Q_OBJECT
 
 public:
+    /** @p values and @p overview, the table of cost items, must outlive the form. */
+    InvoiceForm(CreditorKind kind, ProgramValues &values, const TextTable &overview);
+
     /** Fills the form from the databases, centres it and sets the first focus; to be called once,
      *  before it is shown. */
     void load();
@@ -57,27 +45,20 @@ signals:
     void unloaded();
 
 protected:
-    /** @p values and @p overview, the table of cost items, must outlive the form. */
-    InvoiceForm(ProgramValues &values, const TextTable &overview, const InvoiceFormLook &look);
-
-    const ProgramValues &values() const { return m_values; }
-    CreditorFields &creditorFields() { return *m_creditor; }
-
-    /** The creditor that a new payment starts with. */
-    virtual QString startingCreditor() { return {}; }
-
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void arrange(NotesPlace notesPlace);
+    bool isCompany() const { return m_payment.kind == CreditorKind::Company; }
+    void addCreditorLists(const QString &searchHint);
+    void arrange();
     void addPage();
     QLayout *makeButtons();
-    void followCreditor();
     void loadPayment();
-    void confirm();
+    void savePayment();
 
     ProgramValues &m_values;
     PaymentRecord m_payment;
+    Contractor m_contractor;
     FormFields m_fields;
     QWidget *m_page;
     QLabel *m_number;
@@ -85,7 +66,7 @@ private:
     AmountFields *m_amounts;
     NoteFields *m_notes;
     AllocationFrame *m_allocation;
-    QPushButton *m_confirm = nullptr;
+    QPushButton *m_principals = nullptr;
     bool m_open = false;
 };
 

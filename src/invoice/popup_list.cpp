@@ -34,16 +34,18 @@ PopupList::PopupList(QWidget *form)
             [this](const QListWidgetItem *line) { emit answered(row(line)); });
 }
 
-void PopupList::open(const QStringList &lines, const QRect &area)
+void PopupList::open(const QStringList &lines, const QWidget &control, int down)
 {
+    const QPoint corner = control.mapTo(window(), QPoint(0, down));
     clear();
     addItems(lines);
     const int shownLines = std::max(1, static_cast<int>(lines.size()));
     const int lineHeight = std::max(sizeHintForRow(0), fontMetrics().height());
     int wanted = shownLines * lineHeight + 2 * frameWidth();
-    if (sizeHintForColumn(0) + 2 * frameWidth() > area.width())
+    if (sizeHintForColumn(0) + 2 * frameWidth() > control.width())
         wanted += horizontalScrollBar()->sizeHint().height();
-    setGeometry(area.x(), area.y(), area.width(), std::min(wanted, area.height()));
+    setGeometry(corner.x(), corner.y(), control.width(),
+                std::min(wanted, window()->height() - corner.y()));
     setCurrentRow(0);
     show();
     raise();

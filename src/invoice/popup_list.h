@@ -16,9 +16,9 @@ class PopupList : public QListWidget
 public:
     explicit PopupList(QWidget *form);
 
-    /** Shows @p lines at the top left corner of @p area (in the form's coordinates), as wide as it
-     *  and as high as they need up to its height, and takes the focus. */
-    void open(const QStringList &lines, const QRect &area);
+    /** Shows @p lines over @p control, from @p down pixels below its top and as wide as it, as high
+     *  as they need as far as the form reaches, and takes the focus. */
+    void open(const QStringList &lines, const QWidget &control, int down);
 
 signals:
     /** The list is done with: line @p row was picked, or none (-1) and Esc pressed. The focus is to
