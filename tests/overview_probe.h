@@ -52,16 +52,6 @@ inline void PlantItems(const TestArchive &archive, const QString &budget, const 
                             spese);
 }
 
-/** Path of the ledger 'L', the contract 'C', the companies 'A' or the codes 'K'. */
-inline QString PathOf(const TestArchive &archive, QChar file)
-{
-    const ProgramValues &values = archive.values();
-    return file == u'L'   ? LedgerPath(values)
-           : file == u'C' ? ContractPath(values)
-           : file == u'A' ? CompaniesPath(values)
-                          : CodesPath(values);
-}
-
 /** What an action's error names: "file/table/field" and some more details; "none" without one. */
 template <class Action>
 QString FailurePlace(const Action &action)

@@ -18,7 +18,15 @@ public:
     {
     }
 
-    QString path(QChar file) const { return PathOf(archive, file); }
+    /** Path of the ledger 'L', the contract 'C', the companies 'A' or the codes 'K'. */
+    QString path(QChar file) const
+    {
+        const ProgramValues &values = archive.values();
+        return file == u'L'   ? LedgerPath(values)
+               : file == u'C' ? ContractPath(values)
+               : file == u'A' ? CompaniesPath(values)
+                              : CodesPath(values);
+    }
     QString folder() const { return MachinePath(ProjectFolder(archive.values())); }
 
     TestArchive archive;

@@ -279,10 +279,7 @@ private slots:
         });
         QCOMPARE(application().run([] { return true; }), 1);
         QCOMPARE(program.messages.size(), 2); // the question, then the report
-        const QString report = program.messages.at(1);
-        for (const QString &part : {u"Saldoro.mdb"_s, u"Fatture"_s, u"Importo"_s, u"Pagamento: 2"_s,
-                                    u"saldoro-archivio"_s})
-            QVERIFY2(report.contains(part), qUtf8Printable(report));
+        QVERIFY(program.messages.at(1).contains(u"Pagamento: 2\n"_s));
         program.main.setEnabled(false); // nor does that keep it open now
         Play(program.company(), u"click Command2"_s);
         QVERIFY(program.main.close());

@@ -137,30 +137,6 @@ private slots:
         }
     }
 
-    /** Codes of the old code page, in UTF-8, with wildcards and null characters; amounts below zero
-     *  and at the bounds. */
-    void figuresStayRight()
-    {
-        plant('L',
-              u"UPDATE Fatture SET Importo = -9223372036854775807 - 1, ImportoIVA = 10000;"
-              "UPDATE Fatture SET Importo = 9223372036854775807, ImportoIVA = -5000 WHERE Npag = 2;"
-              "UPDATE Spese SET Cod = iif(Cod = 'A1', CAST(X'41E8' AS TEXT), 'A*'), Importo = "
-              "-10051; INSERT INTO Spese VALUES (2, 'A*' || char(0), 'x', 10000)"_s);
-        plant('C', u"UPDATE UltimaPerVariante SET Voce = iif(Voce = 'A1', 'Aè', 'A*')"_s);
-        ProgramValues values = m_project->archive.values();
-        TextTable overview;
-        PrepareAvailabilityOverview(overview);
-        FillAvailabilityOverview(overview, values);
-        WriteProjectDocuments(values, overview);
-        QCOMPARE(BodyText(overview), u"A*|Ponti|0,00|-1,01|1,01\n"
-                                     "Aè|Scavi|9.000,00|-2,01|9.002,01"_s);
-        QCOMPARE(m_project->archive.contractRows(
-                     u"SELECT group_concat(substr(Stringa, 3), ' ') FROM "
-                     "(SELECT * FROM SchedaProgetto ORDER BY Voce) WHERE Voce "
-                     "LIKE 'XQS1%'"_s),
-                 u"-922.337.203.685.476,58 922.337.203.685.477,58 1,00"_s);
-    }
-
 private:
     void plant(char file, const QString &sql) const
     {
