@@ -23,13 +23,9 @@ QString FormatData(QDate day)
         return {};
     // Long lists are full of dates: the digits are set one by one, without a format to interpret.
     QString text = EmptyDateText.toString();
-    int year = 0;
-    int month = 0;
-    int dayOfMonth = 0;
-    day.getDate(&year, &month, &dayOfMonth);
-    setDigits(text, 0, 2, dayOfMonth);
-    setDigits(text, 3, 2, month);
-    setDigits(text, 6, 4, year);
+    setDigits(text, 0, 2, day.day());
+    setDigits(text, 3, 2, day.month());
+    setDigits(text, 6, 4, day.year());
     return text;
 }
 

@@ -17,7 +17,6 @@ struct FaultText
     QStringView remedy;
 };
 
-/** The last one stands for all faults that have no text of their own. */
 constexpr std::array<FaultText, 17> faultTexts{{
     {DatabaseFault::FileMissing, u"L'archivio non è stato trovato.",
      u"Controllare la cartella degli archivi impostata, il codice del "
@@ -59,10 +58,7 @@ constexpr std::array<FaultText, 17> faultTexts{{
 
 const FaultText &textOf(DatabaseFault fault)
 {
-    const auto *const found =
-        std::find_if(faultTexts.begin(), faultTexts.end() - 1,
-                     [fault](const FaultText &text) { return text.fault == fault; });
-    return *found;
+    return *std::ranges::find(faultTexts, fault, &FaultText::fault);
 }
 
 } // namespace

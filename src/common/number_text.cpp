@@ -17,20 +17,6 @@ double LeadingNumber(const QString &text)
     return match.captured().toDouble(); // infinity when it is beyond the range
 }
 
-int DigitsValue(QStringView text)
-{
-    constexpr qsizetype mostDigits = 9;
-    if (text.isEmpty() || text.size() > mostDigits)
-        return -1;
-    int value = 0;
-    for (const QChar character : text) {
-        if (character < u'0' || character > u'9')
-            return -1;
-        value = value * 10 + (character.unicode() - u'0');
-    }
-    return value;
-}
-
 QString RateText(double value)
 {
     if (value == 0.0) // also for a negative zero

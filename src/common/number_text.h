@@ -12,10 +12,6 @@ namespace saldoro {
  */
 double LeadingNumber(const QString &text);
 
-/** The number that a text of ASCII digits alone spells, up to nine of them; -1 for any other text.
- */
-int DigitsValue(QStringView text);
-
 /** Plain decimal text of a rate: "." as decimal point, up to 15 significant digits, no blanks, no
  *  trailing zeros, e.g. 22, 22.5, 0.5. */
 QString RateText(double value);

@@ -6,66 +6,26 @@
 #include <QIODevice>
 
 #include <algorithm>
-#include <string>
 
 namespace saldoro {
 
 namespace {
 
-/** Collects bytes and hands them to the device in large pieces. */
-class PieceWriter
+/** Characters of a text that are turned into bytes at a time, at most twelve each. */
+constexpr qsizetype pieceSize = 8'000;
+
+/** Hands bytes to the device and empties them; false when the device refuses. */
+bool flush(QByteArray &out, QIODevice &device)
 {
-public:
-    explicit PieceWriter(QIODevice &device)
-        : m_device(device)
-    {
+    // A device that runs full takes part of them first and says why only when asked again.
+    for (qsizetype written = 0; written < out.size();) {
+        const qint64 taken = device.write(out.constData() + written, out.size() - written);
+        if (taken <= 0)
+            return false;
+        written += taken;
     }
-
-    void put(QByteArrayView bytes)
-    {
-        m_piece.append(bytes.data(), static_cast<std::size_t>(bytes.size()));
-        if (m_piece.size() >= 65536)
-            flush();
-    }
-    /** Writes what is left; false when any write was refused. */
-    bool finish()
-    {
-        flush();
-        return m_good;
-    }
-
-private:
-    void flush()
-    {
-        // A device that runs full takes part of a piece first and says why only when asked again.
-        const auto size = static_cast<qint64>(m_piece.size());
-        for (qint64 written = 0; m_good && written < size;) {
-            const qint64 taken = m_device.write(m_piece.data() + written, size - written);
-            m_good = taken > 0;
-            written += taken;
-        }
-        m_piece.clear();
-    }
-
-    QIODevice &m_device;
-    std::string m_piece;
-    bool m_good = true;
-};
-
-void putByteEscape(PieceWriter &out, unsigned char byte)
-{
-    out.put("\\'");
-    out.put(QByteArray(1, static_cast<char>(byte)).toHex());
-}
-
-/** A character beyond ASCII, or one half of one beyond the basic plane. The number is signed and
- *  of 16 bits; the fallback is always a byte escape, since some readers drop all plain text that
- *  follows the number up to the next control word. */
-void putUnicode(PieceWriter &out, char16_t unit)
-{
-    out.put("\\u");
-    out.put(QByteArray::number(static_cast<qint16>(unit)));
-    putByteEscape(out, CodePageByte(unit).value_or('?'));
+    out.resize(0);
+    return true;
 }
 
 bool standsForItself(QChar character)
@@ -74,80 +34,101 @@ bool standsForItself(QChar character)
     return unit >= u' ' && unit < 0x7f && unit != u'\\' && unit != u'{' && unit != u'}';
 }
 
-/** ASCII that does not stand for itself. */
-void putEscaped(PieceWriter &out, char character)
+/** Vertical tab and form feed too. */
+bool isLineBreak(QChar character)
 {
-    if (character == '\t')
-        out.put("\\tab ");
-    else if (character >= ' ' && character < 0x7f)
-        out.put(QByteArray("\\") + character);
-    else if (character != '\0')
-        putByteEscape(out, static_cast<unsigned char>(character));
+    return character >= u'\n' && character <= u'\r';
 }
 
-bool isHalfAlone(const QChar *begin, const QChar *at, const QChar *end)
+bool isHalfAlone(QStringView text, qsizetype place)
 {
-    if (at->isHighSurrogate())
-        return at + 1 == end || !at[1].isLowSurrogate();
-    return at->isLowSurrogate() && (at == begin || !at[-1].isHighSurrogate());
+    if (text[place].isHighSurrogate())
+        return place + 1 == text.size() || !text[place + 1].isLowSurrogate();
+    return text[place].isLowSurrogate() && (place == 0 || !text[place - 1].isHighSurrogate());
 }
 
-/** Writes the text; true when it ends in a line break. */
-bool putText(PieceWriter &out, const QString &text)
+void appendByteEscape(QByteArray &out, unsigned char byte)
 {
-    constexpr char16_t replacement = 0xFFFD;
-    bool endsInBreak = false;
-    const QChar *const begin = text.constBegin();
-    const QChar *const end = text.constEnd();
-    for (const QChar *at = begin; at != end; ++at) {
-        const QChar *const special = std::find_if_not(at, end, standsForItself);
-        if (special != at) {
-            out.put(QStringView(at, special).toLatin1());
-            endsInBreak = false;
-        }
+    out += "\\'" + QByteArray(1, static_cast<char>(byte)).toHex();
+}
+
+/** A character beyond ASCII, or one half of one beyond the basic plane. The number is signed and
+ *  of 16 bits; the fallback is always a byte escape, since some readers drop all plain text that
+ *  follows the number up to the next control word. */
+void appendUnicode(QByteArray &out, char16_t unit)
+{
+    out += "\\u" + QByteArray::number(static_cast<qint16>(unit));
+    appendByteEscape(out, CodePageByte(unit).value_or('?'));
+}
+
+/** A character that does not stand for itself. */
+void appendSpecial(QByteArray &out, QStringView text, qsizetype place)
+{
+    constexpr char16_t replacement = QChar::ReplacementCharacter;
+    const char16_t unit = text[place].unicode();
+    if (unit == u'\r' && text.sliced(place + 1).startsWith(u'\n'))
+        return;
+    if (isLineBreak(unit))
+        out += "\\par\r\n";
+    else if (unit == u'\t')
+        out += "\\tab ";
+    else if (unit >= 0x80)
+        appendUnicode(out, isHalfAlone(text, place) ? replacement : unit);
+    else if (unit >= u' ' && unit < 0x7f)
+        out += QByteArray("\\") + static_cast<char>(unit);
+    else if (unit != 0)
+        appendByteEscape(out, static_cast<unsigned char>(unit));
+}
+
+/** Appends the characters of @p text from @p first up to @p last. */
+void appendText(QByteArray &out, QStringView text, qsizetype first, qsizetype last)
+{
+    const QChar *const stop = text.begin() + last;
+    for (const QChar *at = text.begin() + first; at != stop; ++at) {
+        const QChar *const special = std::find_if_not(at, stop, standsForItself);
+        out += QStringView(at, special).toLatin1();
+        if (special == stop)
+            return;
+        appendSpecial(out, text, special - text.begin());
         at = special;
-        if (at == end)
-            break;
-        const char16_t unit = at->unicode();
-        if (unit == u'\r' && at + 1 != end && at[1] == u'\n')
-            continue;
-        const bool isBreak = unit >= u'\n' && unit <= u'\r'; // vertical tab and form feed too
-        if (isBreak)
-            out.put("\\par\r\n");
-        else if (unit < 0x80)
-            putEscaped(out, static_cast<char>(unit));
-        else
-            putUnicode(out, isHalfAlone(begin, at, end) ? replacement : unit);
-        endsInBreak = isBreak || (unit == 0 && endsInBreak);
     }
-    return endsInBreak;
 }
 
 /** Sheets of A4 with margins of 20 mm leave 482 points for a line; 93 characters take 474. */
-void putHeader(PieceWriter &out, const QString &fontName)
+QByteArray header(const QString &fontName)
 {
     // Readers that lack the font pick one like it.
     const bool isFixedPitch = fontName.startsWith(u"Courier", Qt::CaseInsensitive);
-    out.put("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0");
-    out.put(isFixedPitch ? "\\fmodern\\fprq1" : "\\fswiss\\fprq2");
-    out.put("\\fcharset0 ");
-    putText(out, fontName);
-    out.put(";}}\r\n\\paperw11906\\paperh16838\\margl1134\\margr1134\\margt1134\\margb1134"
-            "\r\n\\pard\\lang1040\\f0\\fs17 ");
+    QByteArray out = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0";
+    out += isFixedPitch ? "\\fmodern\\fprq1" : "\\fswiss\\fprq2";
+    out += "\\fcharset0 ";
+    appendText(out, fontName, 0, fontName.size());
+    return out + ";}}\r\n\\paperw11906\\paperh16838\\margl1134\\margr1134\\margt1134\\margb1134"
+                 "\r\n\\pard\\lang1040\\f0\\fs17 ";
+}
+
+bool endsInLineBreak(const QString &text)
+{
+    const auto last = std::find_if(text.rbegin(), text.rend(), [](QChar c) { return c != u'\0'; });
+    return last != text.rend() && isLineBreak(*last);
 }
 
 } // namespace
 
 bool WriteRtf(QIODevice &device, const QString &text, const QString &fontName)
 {
-    PieceWriter out(device);
-    putHeader(out, fontName);
+    QByteArray out = header(fontName);
+    for (qsizetype at = 0; at < text.size(); at += pieceSize) {
+        appendText(out, text, at, std::min(at + pieceSize, text.size()));
+        if (!flush(out, device))
+            return false;
+    }
     // Readers take a last \par as the end of the paragraph before it, not as the start of one
     // more: an empty last line needs its own.
-    if (putText(out, text))
-        out.put("\\par\r\n");
-    out.put("}\r\n");
-    return out.finish();
+    if (endsInLineBreak(text))
+        out += "\\par\r\n";
+    out += "}\r\n";
+    return flush(out, device);
 }
 
 } // namespace saldoro
