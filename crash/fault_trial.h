@@ -3,11 +3,20 @@
 #include "common/errors.h"
 #include "works.h"
 
+#include <QMap>
 #include <QSet>
 
 #include <optional>
 
 namespace saldoro {
+
+/**
+ * Everything of a project that the program writes, as texts that can be compared: each row of the
+ * ledger and of the budget under its table and row id ("Spese 7"), each item of the contract sheet
+ * under its key, each document under its name; the ledger itself and its tables, which may be
+ * empty, under their names.
+ */
+using ArchiveState = QMap<QString, QString>;
 
 /** What the program reported; nothing when it took its work for done. */
 using Report = std::optional<SaldoroError>;

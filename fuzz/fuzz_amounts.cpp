@@ -1,6 +1,8 @@
 #include "common/amount_text.h"
 #include "fuzzer.h"
 
+#include <QRegularExpression>
+
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
@@ -10,32 +12,18 @@ namespace {
 /** A count of ten-thousandths in Italian notation, to four decimals and ungrouped. */
 QString written(qint64 scaled)
 {
-    QString digits = QString::number(scaled);
-    const bool isNegative = digits.startsWith(u'-');
-    digits = digits.mid(isNegative ? 1 : 0).rightJustified(5, u'0');
-    return (isNegative ? u"-"_s : QString()) + digits.chopped(4) + u',' + digits.right(4);
+    const QString digits = QString::number(scaled).remove(u'-').rightJustified(5, u'0');
+    return (scaled < 0 ? u"-"_s : QString()) + digits.chopped(4) + u',' + digits.right(4);
 }
 
-/** The same to two decimals, half away from zero, and grouped: all by the digits of the text. */
+/** The same to two decimals, half away from zero, and grouped. */
 QString shown(qint64 scaled)
 {
-    QString digits = written(scaled).remove(u',').remove(u'-');
-    const bool roundsUp = digits[digits.size() - 2] >= u'5';
-    digits.chop(2);
-    for (qsizetype place = digits.size() - 1; roundsUp; --place) {
-        if (place < 0) {
-            digits.prepend(u'1');
-            break;
-        }
-        const bool isNine = digits[place] == u'9';
-        digits[place] = isNine ? QChar(u'0') : QChar(digits[place].unicode() + 1);
-        if (!isNine)
-            break;
-    }
-    digits.insert(digits.size() - 2, u',');
-    for (qsizetype place = digits.size() - 6; place > 0; place -= 3)
-        digits.insert(place, u'.');
-    return (scaled < 0 ? u"-"_s : QString()) + digits;
+    static const QRegularExpression groupEnd(u"\\B(?=([0-9]{3})+,)"_s);
+    const quint64 magnitude = scaled < 0 ? -static_cast<quint64>(scaled) : quint64(scaled);
+    QString text = QString::number((magnitude + 50) / 100).rightJustified(3, u'0');
+    text.insert(text.size() - 2, u',');
+    return (scaled < 0 ? u"-"_s : QString()) + text.replace(groupEnd, u"."_s);
 }
 
 void insertSome(QString &text, QChar character, Random &random)

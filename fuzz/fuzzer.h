@@ -32,13 +32,6 @@ public:
             result += pick(pieces);
         return result;
     }
-    QString digits(int most)
-    {
-        QString result;
-        for (int left = 1 + below(most); left > 0; --left)
-            result += QString::number(below(10));
-        return result;
-    }
 
 private:
     std::mt19937_64 m_engine;
@@ -61,8 +54,7 @@ inline void RequireSame(const QString &input, const QString &program, const QStr
 
 /** One case each; a difference is a std::runtime_error. */
 void FuzzAmount(Random &random);  ///< ImportoDaTesto, FormatImporto
-void FuzzLike(Random &random);    ///< LikePattern
-void FuzzFind(Random &random);    ///< finds and queries on a table, between changes of it
+void FuzzFind(Random &random);    ///< finds and queries on a table of texts
 void FuzzDate(Random &random);    ///< DataDaTesto, FormatData
 void FuzzDateBox(Random &random); ///< DateBox by keys
 void FuzzCsv(Random &random);     ///< CsvReader, AmountOf, AmountCell

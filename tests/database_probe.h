@@ -48,6 +48,26 @@ QString FaultOf(const Action &action)
     return {};
 }
 
+/** Writes one field of a new record; FaultOf() that. */
+inline QString Add(RecordSet &set, const QString &field, const NewValue &value)
+{
+    set.addNew();
+    return FaultOf([&] {
+        set.set(field, value);
+        set.update();
+    });
+}
+
+/** The same for the current record. */
+inline QString Change(RecordSet &set, const QString &field, const NewValue &value)
+{
+    set.edit();
+    return FaultOf([&] {
+        set.set(field, value);
+        set.update();
+    });
+}
+
 /** The field @p name of all records from the first on, joined by blanks; a null reads "-". */
 inline QString Walk(RecordSet &set, const QString &name)
 {

@@ -1,5 +1,5 @@
 #include "common/text_cut.h"
-#include "database/table_appender.h"
+#include "database/database.h"
 #include "exchange/archive_tables.h"
 #include "exchange/csv_values.h"
 #include "exchange/export.h"
@@ -88,13 +88,17 @@ void plantHostileRows(const QString &project, int seed)
     for (const ExchangedTable &table : ExchangedTables()) {
         Database database = Database::open(ArchiveFilePath(table.archive, project));
         Transaction transaction(database);
-        TableAppender appender(database, table.name(), table.fieldNames());
+        RecordSet records = database.openRecordSet(u"SELECT * FROM "_s + table.name());
         for (int rows = values.below(12); rows > 0; --rows) {
             TableRow row;
             for (const FieldDef &field : table.definition.fields())
                 row.append(values.value(field));
-            if (row.count(NewValue()) < row.size())
-                appender.append(row);
+            if (row.count(NewValue()) == row.size())
+                continue;
+            records.addNew();
+            for (qsizetype place = 0; place < row.size(); ++place)
+                records.set(table.fieldNames()[place], row[place]);
+            records.update();
         }
         transaction.commit();
     }

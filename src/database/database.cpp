@@ -79,12 +79,12 @@ Database Database::openReadOnly(const QString &path)
 
 void Database::appendTableDef(const TableDef &table)
 {
-    Statement(file(), CreateTableSql(table), table.name()).run();
+    Statement(m_file, CreateTableSql(table), table.name()).run();
 }
 
 std::optional<TableDef> Database::tableDef(const QString &name) const
 {
-    const QString definition = definitionOf(file(), u"table"_s, name);
+    const QString definition = definitionOf(m_file, u"table"_s, name);
     if (definition.isEmpty())
         return std::nullopt;
     TableDef table(name);
@@ -99,12 +99,12 @@ std::optional<TableDef> Database::tableDef(const QString &name) const
 
 bool Database::isStoredQuery(const QString &name) const
 {
-    return !definitionOf(file(), u"view"_s, name).isEmpty();
+    return !definitionOf(m_file, u"view"_s, name).isEmpty();
 }
 
 void Database::deleteAll(const QString &table)
 {
-    Statement(file(), u"DELETE FROM "_s + QuotedName(table), table).run();
+    Statement(m_file, u"DELETE FROM "_s + QuotedName(table), table).run();
 }
 
 RecordSet Database::openRecordSet(const QString &sql) const
@@ -112,10 +112,10 @@ RecordSet Database::openRecordSet(const QString &sql) const
     const EngineQuery query = EngineQueryFor(sql);
     const QString definition = query.singleTable.isEmpty()
                                    ? QString()
-                                   : definitionOf(file(), u"table"_s, query.singleTable);
+                                   : definitionOf(m_file, u"table"_s, query.singleTable);
     const bool hasRowIds =
         !definition.isEmpty() && !definition.contains(u"WITHOUT ROWID"_s, Qt::CaseInsensitive);
-    Statement statement(file(), hasRowIds ? query.textWithRowId : query.text, query.singleTable);
+    Statement statement(m_file, hasRowIds ? query.textWithRowId : query.text, query.singleTable);
     if (!statement.isQuery())
         throw DatabaseError(DatabaseFault::SyntaxError, path(), {}, {}, sql);
     return RecordSet(
@@ -135,7 +135,7 @@ QString Database::backUpBeside() const
     createFile(path);
     try {
         Connection copy(path, FileAccess::Create);
-        file()->copyTo(copy);
+        m_file->copyTo(copy);
     } catch (...) {
         QFile::remove(path); // nothing but the copy that did not succeed
         throw;
@@ -145,18 +145,11 @@ QString Database::backUpBeside() const
 
 QString Database::path() const
 {
-    return m_file ? m_file->path() : QString();
-}
-
-const std::shared_ptr<Connection> &Database::file() const
-{
-    if (!m_file)
-        throw DatabaseError(DatabaseFault::Other, {}, {}, {}, u"nessun archivio aperto"_s);
-    return m_file;
+    return m_file->path();
 }
 
 Transaction::Transaction(Database &database)
-    : m_file(database.file())
+    : m_file(database.m_file)
 {
     Statement(m_file, u"BEGIN IMMEDIATE"_s).run();
     m_isOpen = true;

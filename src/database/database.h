@@ -13,8 +13,9 @@ namespace saldoro {
 class Connection;
 
 /**
- * One open database file. Not copied, only moved. Tables are made from definitions; everything else
- * goes through record sets.
+ * One open database file, which is closed when it and the last record set opened from it are gone.
+ * Not copied, only moved. Tables are made from definitions; everything else goes through record
+ * sets.
  *
  * Paths are archive paths (backslashes, any letter case), turned into paths of the machine here.
  * Every failure is a DatabaseError naming the file. The other programs of the suite use the same
@@ -68,18 +69,12 @@ public:
      *  @return the copy's path of the machine. */
     QString backUpBeside() const;
 
-    /** Lets go of the file, which is closed when the last record set opened from it is closed, too.
-     *  Also done by the destructor. */
-    void close() { m_file.reset(); }
-
     /** The path of the machine, for messages. */
     QString path() const;
 
 private:
     friend class Transaction;
-    friend class TableAppender;
     explicit Database(std::shared_ptr<Connection> file);
-    const std::shared_ptr<Connection> &file() const;
     std::shared_ptr<Connection> m_file;
 };
 

@@ -10,6 +10,7 @@
 #include <array>
 #include <new>
 #include <sqlite3.h>
+#include <utility>
 
 namespace saldoro {
 
@@ -17,31 +18,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-DatabaseError statementError(const QString &message, const QString &path, const QString &table)
+/** What the engine tells in words only; in them is the name of a table or field. */
+DatabaseError errorInWords(const QString &message, const QString &path, const QString &table)
 {
-    static const QRegularExpression missing(u"^no such (table|column): (?:.*\\.)?(.+)$"_s);
-    static const QRegularExpression unreadable(
-        u"^(?:near |incomplete input|unrecognized token|ambiguous column name)|syntax error"_s);
-    const QRegularExpressionMatch name = missing.match(message);
-    if (name.captured(1) == u"table")
-        return {DatabaseFault::TableMissing, path, name.captured(2)};
-    if (name.hasMatch())
-        return {DatabaseFault::FieldMissing, path, table, name.captured(2)};
-    const bool isUnreadable = unreadable.match(message).hasMatch();
-    return {
-        isUnreadable ? DatabaseFault::SyntaxError : DatabaseFault::Other, path, table, {}, message};
-}
-
-DatabaseError constraintError(const QString &message, const QString &path, const QString &table)
-{
-    static const QRegularExpression empty(u"^CHECK constraint failed: "_s + ZeroLengthConstraint +
-                                          u"(.+)$"_s);
-    static const QRegularExpression null(u"^NOT NULL constraint failed: (?:.*\\.)?(.+)$"_s);
-    if (const auto field = empty.match(message); field.hasMatch())
-        return {DatabaseFault::ZeroLengthRefused, path, table, field.captured(1)};
-    if (const auto field = null.match(message); field.hasMatch())
-        return {DatabaseFault::NullValue, path, table, field.captured(1)};
-    return {DatabaseFault::Other, path, table, {}, message};
+    using enum DatabaseFault;
+    const QList<std::pair<QString, DatabaseFault>> faults{
+        {u"^no such table: (?:.*\\.)?(.+)$"_s, TableMissing},
+        {u"^no such column: (?:.*\\.)?(.+)$"_s, FieldMissing},
+        {u"^NOT NULL constraint failed: (?:.*\\.)?(.+)$"_s, NullValue},
+        {u"^CHECK constraint failed: "_s + ZeroLengthConstraint + u"(.+)$"_s, ZeroLengthRefused},
+        {u"^(near |incomplete input|unrecognized token|ambiguous column name)|syntax error"_s,
+         SyntaxError}};
+    for (const auto &[words, fault] : faults) {
+        const QRegularExpressionMatch match = QRegularExpression(words).match(message);
+        if (!match.hasMatch())
+            continue;
+        const QString name = match.captured(1);
+        if (fault == SyntaxError)
+            return {fault, path, table, {}, message};
+        return fault == TableMissing ? DatabaseError(fault, path, name)
+                                     : DatabaseError(fault, path, table, name);
+    }
+    return {Other, path, table, {}, message};
 }
 
 /** A file that can't be opened: missing, no file at all, or its folder takes no journal. */
@@ -65,14 +63,13 @@ bool isFailedReading(int code)
 
 DatabaseFault faultOf(int code, const QString &path)
 {
-    if (code == SQLITE_READONLY_DBMOVED)
-        return DatabaseFault::FileMissing;
     switch (code & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         return DatabaseFault::Locked;
     case SQLITE_READONLY:
-        return DatabaseFault::ReadOnly;
+        return code == SQLITE_READONLY_DBMOVED ? DatabaseFault::FileMissing
+                                               : DatabaseFault::ReadOnly;
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
         return DatabaseFault::NotADatabase;
@@ -95,9 +92,8 @@ void ThrowEngineError(int code, const QString &message, const QString &path, con
     case SQLITE_NOMEM:
         throw std::bad_alloc();
     case SQLITE_ERROR:
-        throw statementError(message, path, table);
     case SQLITE_CONSTRAINT:
-        throw constraintError(message, path, table);
+        throw errorInWords(message, path, table);
     default:
         const DatabaseFault fault = faultOf(code, path);
         const bool needsDetail = fault == DatabaseFault::Other ||

@@ -114,6 +114,18 @@ std::variant<StoredValue, DatabaseFault> StoredForm(const FieldDef &field, const
     return std::visit(Converter{field, texts}, value);
 }
 
+std::optional<DatabaseFault> RefusalOf(const FieldDef &field, const NewValue &value)
+{
+    const auto *text = std::get_if<QString>(&value);
+    if (text != nullptr && text->isEmpty() && !field.allowZeroLength &&
+        (IsText(field) || field.type == FieldType::Date))
+        return DatabaseFault::ZeroLengthRefused;
+    std::pmr::monotonic_buffer_resource texts;
+    const auto form = StoredForm(field, value, texts);
+    const auto *fault = std::get_if<DatabaseFault>(&form);
+    return fault == nullptr ? std::nullopt : std::optional(*fault);
+}
+
 QString PlainText(const StoredValue &value, FieldType type)
 {
     const bool isCurrency = type == FieldType::Currency;

@@ -34,6 +34,10 @@ QByteArrayView KeptText(QByteArrayView text, std::pmr::memory_resource &texts);
 std::variant<StoredValue, DatabaseFault> StoredForm(const FieldDef &field, const NewValue &value,
                                                     std::pmr::memory_resource &texts);
 
+/** Why @p value can't be stored in @p field, a refused empty text included; no value when it can.
+ */
+std::optional<DatabaseFault> RefusalOf(const FieldDef &field, const NewValue &value);
+
 /** The text of a stored value: numbers in plain decimal form, days as dd/MM/yyyy, null as empty. */
 QString PlainText(const StoredValue &value, FieldType type);
 

@@ -109,16 +109,18 @@ QStringList RecordRows::namesOf(const RecordChanges &values) const
 
 /** Runs a statement whose parameters are the values, then perhaps a row's id; the number of records
  *  that it changed. */
-int RecordRows::write(const QString &sql, const RecordChanges &values,
-                      std::optional<qint64> rowId) const
+int RecordRows::write(const QString &sql, const RecordChanges &values, std::optional<qint64> rowId)
 {
-    Statement statement(m_file, sql, m_place.table);
+    if (sql != m_changeSql) {
+        m_change.emplace(m_file, sql, m_place.table);
+        m_changeSql = sql;
+    }
     int parameter = 0;
     for (const auto &[column, value] : values)
-        statement.bind(++parameter, value);
+        m_change->bind(++parameter, value);
     if (rowId)
-        statement.bind(++parameter, *rowId);
-    return statement.run();
+        m_change->bind(++parameter, *rowId);
+    return m_change->run();
 }
 
 void RecordRows::keep(int row, const RecordChanges &values)

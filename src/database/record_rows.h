@@ -88,11 +88,13 @@ private:
     const Index &indexOf(int column);
 
     QStringList namesOf(const RecordChanges &values) const;
-    int write(const QString &sql, const RecordChanges &values, std::optional<qint64> rowId) const;
+    int write(const QString &sql, const RecordChanges &values, std::optional<qint64> rowId);
     void keep(int row, const RecordChanges &values);
 
     std::shared_ptr<Connection> m_file;
-    std::optional<Statement> m_query; ///< as long as the records have not been read
+    std::optional<Statement> m_query;  ///< as long as the records have not been read
+    QString m_changeSql;               ///< of the last change
+    std::optional<Statement> m_change; ///< it, for when the next one is alike
     RecordPlace m_place;
     RecordAccess m_access;
     QList<FieldDef> m_fields;

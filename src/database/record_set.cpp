@@ -36,7 +36,6 @@ struct RecordSet::Data
     QString criterionText = {}; ///< what was searched for last
     std::optional<Criterion> criterion = {};
     int criterionColumn = 0;
-    int soughtUpTo = RecordRows::NoRow; ///< up to here no record meets it
 
     Change change = Change::None;
     RecordChanges buffer = {};
@@ -47,41 +46,51 @@ struct RecordSet::Data
         return {fault, rows->place().file, rows->place().table, field, extra};
     }
 
-    int columnOf(const QString &name) const;
-    void requireRecord() const;
-    void goTo(int wanted, Position otherwise);
-    void setCriterion(const QString &text);
-    void findAfter(int start);
-    void begin(Change wanted);
-};
-
-void RecordSet::Data::goTo(int wanted, Position otherwise)
-{
-    row = wanted;
-    position = wanted == RecordRows::NoRow ? otherwise : Position::OnRecord;
-    change = Change::None;
-    buffer.clear();
-}
-
-int RecordSet::Data::columnOf(const QString &name) const
-{
-    for (int column = 0; column < rows->fields().size(); ++column) {
-        const QString &own = rows->fields()[column].name;
-        if (own.size() == name.size() && own.compare(name, Qt::CaseInsensitive) == 0)
-            return column;
+    int columnOf(const QString &name) const
+    {
+        for (int column = 0; column < rows->fields().size(); ++column) {
+            const QString &own = rows->fields()[column].name;
+            if (own.size() == name.size() && own.compare(name, Qt::CaseInsensitive) == 0)
+                return column;
+        }
+        throw error(DatabaseFault::FieldMissing, name);
     }
-    throw error(DatabaseFault::FieldMissing, name);
-}
 
-void RecordSet::Data::requireRecord() const
-{
-    if (position != Position::OnRecord)
-        throw error(DatabaseFault::NoCurrentRecord);
-}
+    void requireRecord() const
+    {
+        if (position != Position::OnRecord)
+            throw error(DatabaseFault::NoCurrentRecord);
+    }
+
+    void goTo(int wanted, Position otherwise)
+    {
+        row = wanted;
+        position = wanted == RecordRows::NoRow ? otherwise : Position::OnRecord;
+        change = Change::None;
+        buffer.clear();
+    }
+
+    void begin(Change wanted)
+    {
+        if (!rows->areUpdatable())
+            throw error(DatabaseFault::ReadOnly);
+        buffer.clear();
+        change = wanted;
+    }
+
+    void setCriterion(const QString &text);
+
+    void findAfter(int start)
+    {
+        const int match = rows->nextMatch(start, criterionColumn, *criterion);
+        goTo(match, Position::Nowhere);
+        noMatch = match == RecordRows::NoRow;
+    }
+};
 
 void RecordSet::Data::setCriterion(const QString &text)
 {
-    // A walk through all matches, or a deletion of them, asks the same again and again.
+    // A walk through all matches asks the same again and again.
     if (criterion && text == criterionText)
         return;
     criterion.reset();
@@ -94,22 +103,6 @@ void RecordSet::Data::setCriterion(const QString &text)
         throw error(DatabaseFault::TypeMismatch, field.name, text);
     criterion = std::move(wanted);
     criterionText = text;
-    soughtUpTo = RecordRows::NoRow;
-}
-
-void RecordSet::Data::findAfter(int start)
-{
-    const int match = rows->nextMatch(start, criterionColumn, *criterion);
-    goTo(match, Position::Nowhere);
-    noMatch = match == RecordRows::NoRow;
-}
-
-void RecordSet::Data::begin(Change wanted)
-{
-    if (!rows->areUpdatable())
-        throw error(DatabaseFault::ReadOnly);
-    buffer.clear();
-    change = wanted;
 }
 
 RecordSet::RecordSet(std::unique_ptr<RecordRows> rows)
@@ -121,17 +114,10 @@ RecordSet::RecordSet(RecordSet &&other) noexcept = default;
 RecordSet &RecordSet::operator=(RecordSet &&other) noexcept = default;
 RecordSet::~RecordSet() = default;
 
-RecordSet::Data &RecordSet::opened() const
-{
-    if (!m_data)
-        throw DatabaseError(DatabaseFault::NoCurrentRecord, {});
-    return *m_data;
-}
-
 /** The state with its records, which are read from the file when this is the first use. */
 RecordSet::Data &RecordSet::filled() const
 {
-    Data &data = opened();
+    Data &data = *m_data;
     if (data.rows->read())
         data.goTo(data.rows->nextLive(RecordRows::NoRow), Data::Position::AtEnd);
     return data;
@@ -172,8 +158,7 @@ void RecordSet::findFirst(const QString &criterion)
 {
     Data &data = filled();
     data.setCriterion(criterion);
-    data.findAfter(data.soughtUpTo);
-    data.soughtUpTo = data.noMatch ? data.rows->lastLive() : data.row - 1;
+    data.findAfter(RecordRows::NoRow);
 }
 
 void RecordSet::findNext(const QString &criterion)
@@ -190,12 +175,12 @@ void RecordSet::findNext(const QString &criterion)
 
 bool RecordSet::noMatch() const
 {
-    return opened().noMatch;
+    return m_data->noMatch;
 }
 
 int RecordSet::column(const QString &name) const
 {
-    return opened().columnOf(name);
+    return m_data->columnOf(name);
 }
 
 FieldValue RecordSet::field(int column) const
@@ -223,7 +208,7 @@ void RecordSet::edit()
 
 void RecordSet::set(const QString &name, const NewValue &value)
 {
-    Data &data = opened();
+    Data &data = *m_data;
     const int column = data.columnOf(name);
     if (data.change == Data::Change::None)
         throw data.error(DatabaseFault::Other, name, u"nessuna modifica in corso"_s);
@@ -235,14 +220,13 @@ void RecordSet::set(const QString &name, const NewValue &value)
 
 void RecordSet::update()
 {
-    Data &data = opened();
+    Data &data = *m_data;
     if (data.change == Data::Change::None)
         throw data.error(DatabaseFault::Other, {}, u"nessuna modifica in corso"_s);
     if (data.change == Data::Change::Adding)
         data.rows->insert(data.buffer);
     else if (!data.buffer.empty() && !data.rows->update(data.row, data.buffer))
         throw data.error(DatabaseFault::RecordGone);
-    data.soughtUpTo = RecordRows::NoRow;
     data.change = Data::Change::None;
     data.buffer.clear();
 }
@@ -256,11 +240,6 @@ void RecordSet::deleteRecord()
     data.rows->remove(data.row);
     data.position = Data::Position::OnDeleted;
     data.change = Data::Change::None;
-}
-
-void RecordSet::close()
-{
-    m_data.reset();
 }
 
 } // namespace saldoro

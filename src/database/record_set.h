@@ -17,7 +17,7 @@ class RecordRows;
  *
  * Text is compared without regard to letter case, as the engine's general sort order does.
  *
- * Not copyable; moving leaves the source closed.
+ * Not copyable; what was moved from is only there to be destroyed or assigned to.
  */
 class RecordSet
 {
@@ -81,15 +81,11 @@ public:
      *  NoCurrentRecord, Locked, ReadOnly, DiskFull. */
     void deleteRecord();
 
-    /** Lets go of the records. Any later use throws NoCurrentRecord. */
-    void close();
-
 private:
     friend class Database;
     explicit RecordSet(std::unique_ptr<RecordRows> rows);
 
     struct Data;
-    Data &opened() const;
     Data &filled() const;
     std::unique_ptr<Data> m_data;
 };

@@ -2,7 +2,6 @@
 
 #include "common/errors.h"
 #include "common/text_cut.h"
-#include "database/table_appender.h"
 #include "exchange/csv_reader.h"
 #include "exchange/csv_values.h"
 #include "exchange/progress.h"

@@ -1,7 +1,7 @@
 #include "exchange/import.h"
 
 #include "common/errors.h"
-#include "database/table_appender.h"
+#include "database/database.h"
 #include "exchange/import_rules.h"
 #include "exchange/progress.h"
 #include "exchange/project_place.h"
@@ -57,10 +57,14 @@ struct TableChange
 
 void append(Database &database, const ExchangedTable &table, const TableRows &rows)
 {
-    TableAppender appender(database, table.name(), table.fieldNames());
+    const QStringList fields = table.fieldNames();
+    RecordSet records = database.openRecordSet(u"SELECT * FROM "_s + table.name());
     Progress progress(u"Scrittura di "_s + table.name());
     for (qsizetype place = 0; place < rows.size(); ++place) {
-        appender.append(rows[place]);
+        records.addNew();
+        for (qsizetype field = 0; field < fields.size(); ++field)
+            records.set(fields[field], rows[place][field]);
+        records.update();
         progress.show(place);
     }
 }

@@ -21,7 +21,6 @@ void deleteMatching(RecordSet &records, const QString &criterion)
         records.deleteRecord();
         records.findFirst(criterion);
     }
-    records.close();
 }
 
 void deleteFromLedger(const ProgramValues &values, const QString &number)

@@ -71,7 +71,6 @@ Currency writeRun(ProgramValues &values, FrmElab &form, const Run &run)
     composeStatements(fatture, run.creditors, values, form);
     form.save(form.lastPaymentBox, run.lastCode);
     form.save(form.listBox, run.earlierCode);
-    fatture.close();
     form.registerDocument(run.earlierCode);
     form.registerDocument(run.lastCode);
     AggiornaVoceImporto(values, run.totalCode, totalTag, values.TotaleLiquidato);

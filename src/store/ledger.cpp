@@ -53,7 +53,7 @@ Database CreateLedgerDatabase(const QString &projectFolder)
     const QString path = projectFolder % u'\\' % ArchiveFiles::Ledger;
     // The file is made and let go of, then opened as everyone else opens it: whatever stands in
     // the way of that shows here and not at the first payment.
-    Database::create(path, ArchiveLocale.toString()).close();
+    Database::create(path, ArchiveLocale.toString());
     Database ledger = Database::open(path);
     ledger.appendTableDef(FattureTable());
     ledger.appendTableDef(SpeseTable());
