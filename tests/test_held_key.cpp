@@ -15,41 +15,17 @@ private slots:
     /** What a window system tells of keys, one event a word: P or p for a press with or without its
      *  mark of a repetition, R or r for a release, T for Tab pressed by the program; then the time.
      *  Each press that is told for a repetition ends in "!". */
-    void repetitions_data()
-    {
-        QTest::addColumn<QString>("told");
-        const auto row = [](const char *name, const QString &told) { QTest::newRow(name) << told; };
-        row("pressed twice", u"p10 r20 p30"_s);
-        row("held", u"p10 R600 P600! R640 P640! r650 p660"_s);
-        row("held, times apart", u"p10 R600 P601! R640 P641!"_s);
-        row("held, marks forgotten", u"p10 r600 p600! R640 P640! r680 p680!"_s);
-        row("the program was busy", u"p10 r600 p600! r9000 p9000!"_s);
-        row("a press comes to several objects", u"p10 p10 R600 R600 P600! P600!"_s);
-        row("released unseen", u"p10 R600 P600! P5000 P5000 r5010 p5020"_s);
-        row("held while away", u"p10 R600 P600! R5000 P5000!"_s);
-        row("a key of the program's in between", u"p10 T0 r600 p600! T0 R640 P640!"_s);
-        row("presses alone", u"p10 P600! P640! r650 p660"_s);
-        row("presses alone, without times", u"p0 P0! P0! r0 p0"_s);
-        row("without times", u"p0 r0 p0"_s);
-    }
-
     void repetitions()
     {
-        QFETCH(const QString, told);
         WatchHeldKeys();
-        QWidget window;
-        QStringList heard;
-        for (const QString &word : told.split(u' ')) {
-            const QString plain = QString(word).remove(u'!');
-            const QChar kind = plain.front();
-            const bool isRelease = kind.toLower() == u'r';
-            QKeyEvent event(isRelease ? QEvent::KeyRelease : QEvent::KeyPress,
-                            kind == u'T' ? Qt::Key_Tab : Qt::Key_Return, {}, {}, kind.isUpper());
-            event.setTimestamp(plain.mid(1).toULongLong());
-            QCoreApplication::sendEvent(&window, &event);
-            heard += !isRelease && IsKeyHeld() ? plain + u'!' : plain;
-        }
-        QCOMPARE(heard.join(u' '), told);
+        for (const QString &told :
+             {u"p10 r20 p30"_s, u"p10 R600 P600! R640 P640! r650 p660"_s,
+              u"p10 R600 P601! R640 P641!"_s, u"p10 r600 p600! R640 P640! r680 p680!"_s,
+              u"p10 r600 p600! r9000 p9000!"_s, u"p10 p10 R600 R600 P600! P600!"_s,
+              u"p10 R600 P600! P5000 P5000 r5010 p5020"_s, u"p10 R600 P600! R5000 P5000!"_s,
+              u"p10 T0 r600 p600! T0 R640 P640!"_s, u"p10 P600! P640! r650 p660"_s,
+              u"p0 P0! P0! r0 p0"_s, u"p0 r0 p0"_s})
+            QCOMPARE(heard(told), told);
     }
 
     /** By its mnemonic or by Enter, a button acts once however long the key is held down. */
@@ -69,6 +45,24 @@ private slots:
         QCOMPARE(clicked.count(), 1);
         hold(Qt::Key_C, Qt::AltModifier);
         QCOMPARE(clicked.count(), 2);
+    }
+
+private:
+    QString heard(const QString &told)
+    {
+        QWidget window;
+        QStringList heard;
+        for (const QString &word : told.split(u' ')) {
+            const QString plain = QString(word).remove(u'!');
+            const QChar kind = plain.front();
+            const bool isRelease = kind.toLower() == u'r';
+            QKeyEvent event(isRelease ? QEvent::KeyRelease : QEvent::KeyPress,
+                            kind == u'T' ? Qt::Key_Tab : Qt::Key_Return, {}, {}, kind.isUpper());
+            event.setTimestamp(plain.mid(1).toULongLong());
+            QCoreApplication::sendEvent(&window, &event);
+            heard += !isRelease && IsKeyHeld() ? plain + u'!' : plain;
+        }
+        return heard.join(u' ');
     }
 };
 

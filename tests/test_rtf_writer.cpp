@@ -50,43 +50,32 @@ class TestRtfWriter : public QObject
     Q_OBJECT
 
 private slots:
-    void bytes_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QByteArray>("body");
-        const auto row = [](const char *name, const QString &text, const char *body) {
-            QTest::newRow(name) << text << QByteArray(body);
-        };
-        row("empty", {}, "");
-        row("blanks stay", u"  a  b "_s, "  a  b ");
-        row("escapes", u"{a}\\b"_s, "\\{a\\}\\\\b");
-        row("blank after a tab", u"\t\t x"_s, "\\tab \\tab  x");
-        row("line breaks", u"a\r\nb\rc\n\r d\ve\f\nf"_s,
-            "a\\par\r\nb\\par\r\nc\\par\r\n\\par\r\n d\\par\r\ne\\par\r\n\\par\r\nf");
-        row("break at the end", u"a\r\n"_s, "a\\par\r\n\\par\r\n");
-        row("page at the end", u"a\f"_s, "a\\par\r\n\\par\r\n");
-        row("break and nothing at the end", u"a\n"_s + QChar(u'\0'), "a\\par\r\n\\par\r\n");
-        row("break alone", u"\r"_s, "\\par\r\n\\par\r\n");
-        row("code page", u"è 1€ÿŽ"_s, "\\u232\\'e8 1\\u8364\\'80\\u255\\'ff\\u381\\'8e");
-        row("no byte in the code page", u"ł9\u0081\u0080"_s, "\\u322\\'3f9\\u129\\'3f\\u128\\'3f");
-        row("negative number", u"\u8000\uffff"_s, "\\u-32768\\'3f\\u-1\\'3f");
-        row("pair", u"😀1"_s, "\\u-10179\\'3f\\u-8704\\'3f1");
-        row("halves of pairs", QString(QChar(0xDE00)) + QChar(0xD83D) + u'x' + QChar(0xD83D),
-            "\\u-3\\'3f\\u-3\\'3fx\\u-3\\'3f");
-        row("controls", u"a\u0001\b\u000e\u001f\u007fb"_s + QChar(u'\0') + u'c',
-            "a\\'01\\'08\\'0e\\'1f\\'7fbc");
-    }
-
     void bytes()
     {
-        QFETCH(const QString, text);
-        QFETCH(const QByteArray, body);
         const QByteArray header =
             "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fmodern\\fprq1\\fcharset0 "
             "Courier New;}}\r\n"
             "\\paperw11906\\paperh16838\\margl1134\\margr1134\\margt1134\\margb1134\r\n"
             "\\pard\\lang1040\\f0\\fs17 ";
-        QCOMPARE(documentOf(text), header + body + "}\r\n");
+        for (const auto &[text, body] : QList<std::pair<QString, QByteArray>>{
+                 {{}, ""},
+                 {u"  a  b "_s, "  a  b "},
+                 {u"{a}\\b"_s, "\\{a\\}\\\\b"},
+                 {u"\t\t x"_s, "\\tab \\tab  x"},
+                 {u"a\r\nb\rc\n\r d\ve\f\nf"_s,
+                  "a\\par\r\nb\\par\r\nc\\par\r\n\\par\r\n d\\par\r\ne\\par\r\n\\par\r\nf"},
+                 {u"a\r\n"_s, "a\\par\r\n\\par\r\n"},
+                 {u"a\f"_s, "a\\par\r\n\\par\r\n"},
+                 {u"a\n"_s + QChar(u'\0'), "a\\par\r\n\\par\r\n"},
+                 {u"è 1€ÿŽ"_s, "\\u232\\'e8 1\\u8364\\'80\\u255\\'ff\\u381\\'8e"},
+                 {u"ł9\u0081\u0080"_s, "\\u322\\'3f9\\u129\\'3f\\u128\\'3f"},
+                 {u"\u8000\uffff"_s, "\\u-32768\\'3f\\u-1\\'3f"},
+                 {u"😀1"_s, "\\u-10179\\'3f\\u-8704\\'3f1"},
+                 {QString(QChar(0xDE00)) + QChar(0xD83D) + u'x' + QChar(0xD83D),
+                  "\\u-3\\'3f\\u-3\\'3fx\\u-3\\'3f"},
+                 {u"a\u0001\b\u000e\u001f\u007fb"_s + QChar(u'\0') + u'c',
+                  "a\\'01\\'08\\'0e\\'1f\\'7fbc"}})
+            QCOMPARE(documentOf(text), header + body + "}\r\n");
     }
 
     void otherFont()

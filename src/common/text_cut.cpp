@@ -4,9 +4,12 @@ namespace saldoro {
 
 namespace {
 
-bool isSecondHalf(const QString &text, qsizetype unit)
+/** How many code units the character at @p unit takes. */
+int unitsAt(const QString &text, qsizetype unit)
 {
-    return unit > 0 && text[unit].isLowSurrogate() && text[unit - 1].isHighSurrogate();
+    const bool isPair =
+        text[unit].isHighSurrogate() && unit + 1 < text.size() && text[unit + 1].isLowSurrogate();
+    return isPair ? 2 : 1;
 }
 
 } // namespace
@@ -14,30 +17,23 @@ bool isSecondHalf(const QString &text, qsizetype unit)
 qsizetype CharacterCount(const QString &text)
 {
     qsizetype count = 0;
-    for (qsizetype unit = 0; unit < text.size(); ++unit) {
-        if (!isSecondHalf(text, unit))
-            ++count;
-    }
+    for (qsizetype unit = 0; unit < text.size(); unit += unitsAt(text, unit))
+        ++count;
     return count;
 }
 
 QString LeftCharacters(const QString &text, qsizetype count)
 {
-    if (text.size() <= count)
-        return text;
-    qsizetype unit = 0;
-    for (; unit < text.size(); ++unit) {
-        if (!isSecondHalf(text, unit) && count-- == 0)
-            break;
-    }
-    return text.left(unit);
+    qsizetype end = 0;
+    for (; end < text.size() && count > 0; --count)
+        end += unitsAt(text, end);
+    return text.left(end);
 }
 
 QString FixedWidth(const QString &text, qsizetype width)
 {
-    QString cut = LeftCharacters(text, width);
-    const qsizetype missing = width - CharacterCount(cut);
-    return cut.append(QString(missing, u' '));
+    const QString cut = LeftCharacters(text, width);
+    return cut + QString(width - CharacterCount(cut), u' ');
 }
 
 } // namespace saldoro

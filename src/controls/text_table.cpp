@@ -3,7 +3,6 @@
 #include "common/errors.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace saldoro {
 
@@ -11,59 +10,43 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Throws unless @p index is at least @p least and less than @p end. */
-void requireWithin(int index, int least, qsizetype end, const QString &problem,
-                   const QString &label)
+/** Throws unless @p isWithin. */
+void require(bool isWithin, const QString &problem, const QString &label, int index)
 {
-    if (index >= least && index < end)
+    if (isWithin)
         return;
     BoundsError error(problem);
     error.addDetail(label, QString::number(index));
     throw error;
 }
 
-constexpr int anySize = std::numeric_limits<int>::max();
-
 } // namespace
 
 TextTable::TextTable(int columns)
-    : m_cells(1)
+    : m_cells{QStringList(columns)}
 {
-    setColumns(columns);
 }
 
 void TextTable::setRows(int rows)
 {
-    requireWithin(rows, 1, anySize, u"Numero di righe della griglia non ammesso."_s, u"Righe"_s);
+    require(rows > 0, u"Numero di righe della griglia non ammesso."_s, u"Righe"_s, rows);
     const int before = this->rows();
     if (rows == before)
         return;
     const BulkChange change(*this);
     m_cells.resize(rows);
     for (int row = before; row < rows; ++row)
-        m_cells[row].resize(m_columns);
+        m_cells[row].resize(columns());
     m_row = std::min(m_row, rows - 1);
-}
-
-void TextTable::setColumns(int columns)
-{
-    requireWithin(columns, 0, anySize, u"Numero di colonne della griglia non ammesso."_s,
-                  u"Colonne"_s);
-    if (columns == m_columns)
-        return;
-    const BulkChange change(*this);
-    for (QStringList &row : m_cells)
-        row.resize(columns);
-    m_columns = columns;
-    m_column = std::clamp(m_column, 0, std::max(0, columns - 1));
 }
 
 void TextTable::setHeader(const QStringList &headings)
 {
     const BulkChange change(*this);
-    setColumns(static_cast<int>(headings.size()));
-    setRows(1);
-    m_cells.first() = headings;
+    m_cells = {headings};
+    m_row = 0;
+    if (m_column >= headings.size())
+        m_column = 0;
 }
 
 QString TextTable::text(int row, int column) const
@@ -117,7 +100,7 @@ int TextTable::rowCount(const QModelIndex &parent) const
 
 int TextTable::columnCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : m_columns;
+    return parent.isValid() ? 0 : columns();
 }
 
 QVariant TextTable::data(const QModelIndex &index, int role) const
@@ -129,7 +112,7 @@ QVariant TextTable::data(const QModelIndex &index, int role) const
 
 QVariant TextTable::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    return orientation == Qt::Horizontal && section >= 0 && section < m_columns
+    return orientation == Qt::Horizontal && section >= 0 && section < columns()
                ? cellData(0, section, role)
                : QVariant();
 }
@@ -148,12 +131,13 @@ QVariant TextTable::cellData(int row, int column, int role) const
 
 void TextTable::checkRow(int row) const
 {
-    requireWithin(row, 0, m_cells.size(), u"Riga della griglia inesistente."_s, u"Riga"_s);
+    require(row >= 0 && row < rows(), u"Riga della griglia inesistente."_s, u"Riga"_s, row);
 }
 
 void TextTable::checkColumn(int column) const
 {
-    requireWithin(column, 0, m_columns, u"Colonna della griglia inesistente."_s, u"Colonna"_s);
+    require(column >= 0 && column < columns(), u"Colonna della griglia inesistente."_s,
+            u"Colonna"_s, column);
 }
 
 TextTable::BulkChange::BulkChange(TextTable &table)

@@ -22,16 +22,13 @@ public:
     explicit TextTable(int columns = 0);
 
     int rows() const { return static_cast<int>(m_cells.size()); }
-    int columns() const { return m_columns; }
+    int columns() const { return static_cast<int>(m_cells.first().size()); }
     /** Appends empty rows or drops the last ones. The current row moves to the last row when its
      *  own is dropped. The header always stays: less than one row throws BoundsError. A view reads
      *  everything anew, so long tables are best filled within a BulkChange. */
     void setRows(int rows);
-    /** Sets the number of columns; existing rows keep the texts of the columns that stay. The
-     *  current column moves to the last one when its own is dropped. */
-    void setColumns(int columns);
-
-    /** Cuts the table down to its header, one column for each of @p headings. */
+    /** Cuts the table down to its header, one column for each of @p headings. The current column
+     *  moves to the first one when there is none of its number any more. */
     void setHeader(const QStringList &headings);
 
     QString text(int row, int column) const;
@@ -84,7 +81,6 @@ private:
 
     QList<QStringList> m_cells;
     QList<int> m_rightAligned;
-    int m_columns = 0;
     int m_row = 0;
     int m_column = 0;
     int m_bulkDepth = 0;
