@@ -1,13 +1,10 @@
-#include "common/ending.h"
-#include "invoice/frm_nuova_fattura.h"
+#include "open_program.h"
 
-#include <QApplication>
 #include <QScreen>
-#include <QTest>
 
 using namespace saldoro;
-using namespace Qt::StringLiterals;
 
+/** The chooser, opened by "Nuovo". */
 class TestFrmNuovaFattura : public QObject
 {
     Q_OBJECT
@@ -15,23 +12,12 @@ class TestFrmNuovaFattura : public QObject
 private slots:
     void init()
     {
-        m_told.clear();
-        m_dialog = std::make_unique<FrmNuovaFattura>();
-        const auto tell = [this](const QString &what) {
-            m_told += what + (m_dialog->isVisible() ? u" shown"_s : u" closed"_s);
-        };
-        connect(m_dialog.get(), &FrmNuovaFattura::continued, this, [tell](CreditorKind kind) {
-            tell(kind == CreditorKind::Company ? u"company"_s : u"professional"_s);
-        });
-        connect(m_dialog.get(), &FrmNuovaFattura::finished, this, [tell] { tell(u"finished"_s); });
-        m_dialog->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_dialog.get()));
-    }
-
-    void cleanup()
-    {
-        SetEnding(false);
-        m_dialog.reset();
+        m_program.reset();
+        m_program = std::make_unique<OpenProgram>();
+        m_program->play(u"click Command1"_s);
+        m_dialog = m_program->chooser();
+        QTRY_COMPARE(QApplication::activeWindow(),
+                     m_dialog); // to the toolkit its owner is active too
     }
 
     void opensAsItShould()
@@ -46,49 +32,42 @@ private slots:
         QCOMPARE(m_dialog->minimumSize(), m_dialog->maximumSize());
     }
 
+    /** Which form opens; the main form is out of use until then. */
     void answers()
     {
-        const QString company = u"company shown,finished closed"_s;
-        const QString professional = u"professional shown,finished closed"_s;
-        const QString none = u"finished closed"_s;
-        constexpr int alt = Qt::AltModifier;
-        const QList<std::pair<QList<int>, QString>> cases = {
-            {{Qt::Key_Return}, company},
-            {{Qt::Key_Enter}, company},
-            {{Qt::Key_Down, Qt::Key_Return}, professional},
-            {{alt | Qt::Key_P, alt | Qt::Key_C}, professional},
-            {{Qt::Key_Tab, Qt::Key_Space}, company},
-            {{Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}, none},
-            {{alt | Qt::Key_A}, none}};
-        for (const auto &[keys, told] : cases) {
-            cleanup();
+        for (const auto &[steps, opened] : {std::pair{u"Return"_s, u"A 4"_s},
+                                            {u"Enter"_s, u"A 4"_s},
+                                            {u"Down, Return"_s, u"P 4"_s},
+                                            {u"Alt+P, Alt+C"_s, u"P 4"_s},
+                                            {u"click Option4, click Command1"_s, u"P 4"_s},
+                                            {u"Tab, Space"_s, u"A 4"_s},
+                                            {u"Tab, Tab, Return"_s, QString()},
+                                            {u"Alt+A"_s, QString()}}) {
             init();
-            for (const int key : keys) {
-                const auto combination = QKeyCombination::fromCombined(key);
-                QTest::keyClick(m_dialog->focusWidget(), combination.key(),
-                                combination.keyboardModifiers());
-            }
-            QTRY_COMPARE(m_told.join(u','), told);
-            QVERIFY(!m_dialog->isVisible());
+            FrmPrincipale &main = m_program->main;
+            QVERIFY(!main.isEnabled() && !main.close() && main.isVisible());
+            Play(m_dialog, steps);
+            QCOMPARE(m_program->told(), opened);
+            QVERIFY(main.isEnabled());
+            QCOMPARE(main.focusWidget(), Find(main, u"Command1"_s));
+            QCOMPARE(m_program->takeDocuments(), 0);
         }
     }
 
     void hasNoOtherWayOut()
     {
-        QTest::keyClick(m_dialog->focusWidget(), Qt::Key_Escape);
+        Play(m_dialog, u"Escape"_s);
         QVERIFY(!m_dialog->close());
         m_dialog->showMinimized();
         QVERIFY(m_dialog->isVisible() && !m_dialog->isMinimized());
-        QCOMPARE(m_told, QStringList());
+        QCOMPARE(m_program->told(), u"new 4"_s);
         SetEnding(true);
         QVERIFY(m_dialog->close());
-        QCOMPARE(m_told, QStringList());
     }
 
 private:
-    std::unique_ptr<FrmNuovaFattura> m_dialog;
-    /** What the dialog told, with its visibility at that moment. */
-    QStringList m_told;
+    std::unique_ptr<OpenProgram> m_program;
+    FrmNuovaFattura *m_dialog = nullptr;
 };
 
 QTEST_MAIN(TestFrmNuovaFattura)
