@@ -6,13 +6,14 @@
 
 namespace saldoro {
 
-/** Writes a file, and the folder that it lies in. */
-inline void WriteFile(const QString &path, const QByteArray &content)
+/** Writes a file, and the folder that it lies in; gives the path back. */
+inline QString WriteFile(const QString &path, const QByteArray &content)
 {
     QFile file(path);
     if (!QDir().mkpath(QFileInfo(path).path()) || !file.open(QIODevice::WriteOnly) ||
         file.write(content) != content.size())
         qFatal("a file of the test can't be written");
+    return path;
 }
 
 /** What a file holds; "no file" for one that can't be read. */

@@ -1,5 +1,6 @@
 #include "database/engine_error.h"
 #include "database_probe.h"
+#include "file_content.h"
 #include "platform/machine_path.h"
 
 #include <QDir>
@@ -38,14 +39,6 @@ Database created(const QString &path)
     Database database = Database::create(path, u";LANGID=0x0409;CP=1252;COUNTRY=0"_s);
     database.appendTableDef(allTypes());
     return database;
-}
-
-QString writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("no room for a test file");
-    return path;
 }
 
 } // namespace
@@ -120,8 +113,8 @@ private slots:
         for (const auto &[path, fault] :
              {std::pair(m_folder.filePath(u"manca.mdb"_s), FileMissing),
               {QString(), FileMissing},
-              {writeFile(m_folder.filePath(u"testo.mdb"_s), QByteArray(4096, 'x')), NotADatabase},
-              {writeFile(m_folder.filePath(u"vuoto.mdb"_s), {}), NotADatabase},
+              {WriteFile(m_folder.filePath(u"testo.mdb"_s), QByteArray(4096, 'x')), NotADatabase},
+              {WriteFile(m_folder.filePath(u"vuoto.mdb"_s), {}), NotADatabase},
               {m_folder.path(), NotADatabase},
               {damaged, NotADatabase}}) {
             const bool existed = QFile::exists(path);

@@ -1,24 +1,13 @@
+#include "file_content.h"
 #include "platform/ini_file.h"
 #include "platform/process.h"
 #include "platform/registry.h"
 
-#include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
-
-namespace {
-
-void writeFile(const QString &path, const QByteArray &content)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-}
-
-} // namespace
 
 class TestRegistryIni : public QObject
 {
@@ -45,7 +34,7 @@ private slots:
                  {head + "Build=" + QByteArray(253, 'x') + " y\n", QString(253, u'x')},
                  {"\xEF\xBB\xBF" + head + "Build=perché €\n", u"perché €"_s},
                  {head + "Build=perch\xE9 \x80 \x93q\x94\n", u"perché € “q”"_s}}) {
-            writeFile(path, content);
+            WriteFile(path, content);
             QCOMPARE(ReadIniString(path, u"Configuration"_s, u"Build"_s), value);
         }
         QCOMPARE(ReadIniString(path + u'x', u"Configuration"_s, u"Build"_s), QString());
@@ -67,7 +56,7 @@ private slots:
                  {key + "drivers=Reg_Expand_SZ:%SystemDrive%\n", {}},
                  {key + "drivers=REG_DWORD:5\n", {}},
                  {"[Software\\Dornvale]\ndrivers=D:\n", {}}}) {
-            writeFile(RegistryFilePath(), content);
+            WriteFile(RegistryFilePath(), content);
             QVERIFY2(ReadRegistryValue(u"Software\\Dornvale\\ZELT"_s, u"drivers"_s) == value,
                      content.constData());
         }
