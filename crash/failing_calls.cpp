@@ -44,11 +44,13 @@ template <typename File>
 bool strikes(const char *call, const File &file)
 {
     Calls &now = calls();
-    const bool hasStruck = !now.struck.isEmpty();
-    if (hasStruck ? now.fault == CallFault::Once : now.left == 0 || --now.left != 0)
-        return false;
-    if (!hasStruck)
+    if (now.struck.isEmpty()) {
+        if (now.left == 0 || --now.left != 0)
+            return false;
         now.struck = QLatin1StringView(call) + u' ' + pathOf(file).section(u'/', -1);
+    } else if (now.fault == CallFault::Once) {
+        return false;
+    }
     errno = now.fault == CallFault::FullDisk ? ENOSPC : EIO;
     return true;
 }

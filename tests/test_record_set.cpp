@@ -88,13 +88,15 @@ private slots:
                  InVoci(NoCurrentRecord, u"Npag"_s));
         QCOMPARE(FaultOf([&] { (void)empty.field(u"Manca"_s); }), InVoci(FieldMissing, u"Manca"_s));
         RecordSet set = filled(u"ORDER BY Npag DESC"_s);
-        QCOMPARE(Played(set, u"next, delete, delete, next, last, delete, next, next"_s),
-                 u"4, none, 10, 3, 1, none, end, 10"_s);
+        QCOMPARE(
+            Played(set, u"next, delete, delete, next, last, delete, next, next, then Npag = 5"_s),
+            u"4, none, 10, 3, 1, none, end, 10, none"_s);
         QCOMPARE(set.recordCount(), 3);
         QCOMPARE(Walk(set, u"Npag"_s), u"5 3 2"_s);
-        QCOMPARE(Played(set, u"find Cod = 'B', delete, then Cod = 'B', then Cod = 'B', "
-                             "then Cod = 'B', next, first, last, delete, first, delete"_s),
-                 u"5, none, 2, none, 10, 10, 3, 2, none, 3, end"_s);
+        QCOMPARE(Played(set,
+                        u"find Cod = 'B', delete, then Cod = 'B', find Cod = 'B', then Cod = 'B', "
+                        "then Cod = 'B', next, first, last, delete, first, delete"_s),
+                 u"5, none, 2, 2, none, 10, 10, 3, 2, none, 3, end"_s);
         QVERIFY(set.isEmpty());
         QCOMPARE(numbers(), QString());
     }
@@ -118,20 +120,26 @@ private slots:
     void finds()
     {
         RecordSet set = filled();
+        stored(u"UPDATE Voci SET Importo = 70000, Tasso = 7 WHERE Npag = 2"_s);
         const auto requireAll = [&] {
             for (const auto &[criterion, found] : {std::pair(u"npag = 9"_s, QString()),
                                                    {u"Cod = 'A'"_s, u"1 3"_s},
+                                                   {u"Cod = ''"_s, {}},
                                                    {u"Cod = 'b'"_s, u"2 5"_s},
                                                    {u"Cod Like '*'"_s, u"1 2 3 5"_s},
                                                    {u"Npag Like '[45]'"_s, u"4 5"_s},
-                                                   {u"Importo = 922337203685478"_s, {}}})
+                                                   {u"Importo = 7"_s, u"2"_s},
+                                                   {u"Importo = 922337203685478"_s, {}},
+                                                   {u"Tasso = 7"_s, u"2"_s}})
                 QCOMPARE(FindAll(set, criterion, u"Npag"_s), found);
         };
         requireAll();
-        set.findFirst(u"Cod = 'b'"_s); // a set that was written to finds the same
-        QCOMPARE(Change(set, u"Importo"_s, 0), QString());
-        requireAll();
-        QCOMPARE(FindAll(set, u"Importo = 0"_s, u"Npag"_s), u"2"_s);
+        set.moveFirst();
+        QCOMPARE(Change(set, u"Note"_s, u"x"_s), QString());
+        requireAll(); // a set that was written to finds the same
+        set.moveFirst();
+        QCOMPARE(Change(set, u"Cod"_s, u"c"_s), QString());
+        QCOMPARE(FindAll(set, u"Cod = 'a'"_s, u"Npag"_s), u"3"_s);
         QVERIFY(set.noMatch());
         for (const auto &[criterion, fault] :
              {std::pair(u"Cod = 1"_s, InVoci(TypeMismatch, u"Cod"_s)),
