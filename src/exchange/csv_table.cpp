@@ -99,7 +99,7 @@ class TableReader
 public:
     TableReader(const QString &path, const ExchangedTable &table, TableDef stored,
                 QStringList &errors)
-        : m_result{&table, QFileInfo(path).fileName(), {}, {}, {}}
+        : m_result{&table, QFileInfo(path).fileName(), {}}
         , m_errors(errors)
         , m_text(fileText(path))
         , m_dialect(dialectOf(m_text))

@@ -14,8 +14,8 @@ struct CsvTable
     const ExchangedTable *table = nullptr;
     QString file; ///< its name
     TableRows rows;
-    QList<int> lines;          ///< that the rows begin on
-    QStringList unknownFields; ///< named in the first line and left out
+    QList<int> lines = {};          ///< that the rows begin on
+    QStringList unknownFields = {}; ///< named in the first line and left out
 
     const NewValue &value(qsizetype row, const QString &field) const
     {

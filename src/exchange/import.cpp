@@ -51,11 +51,11 @@ std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, QStrin
 struct TableChange
 {
     CsvTable table;
-    TableRows seen;       ///< the rows that make way
+    TableRows seen = {};  ///< the rows that make way
     bool isNeeded = true; ///< false: the table is as its file already
 };
 
-void append(Database &database, const ExchangedTable &table, const TableRows &rows)
+void append(const Database &database, const ExchangedTable &table, const TableRows &rows)
 {
     const QStringList fields = table.fieldNames();
     RecordSet records = database.openRecordSet(u"SELECT * FROM "_s + table.name());
@@ -69,23 +69,28 @@ void append(Database &database, const ExchangedTable &table, const TableRows &ro
     }
 }
 
-/** Changes a database in one transaction, after a copy of it has been put beside it. Gives what has
- *  been done. */
-QString changeFile(const QString &path, const QList<const TableChange *> &changes)
+/** Puts the rows of files in the place of those that were seen, in one transaction. */
+void fill(Database database, const QList<const TableChange *> &changes)
 {
-    Database database = Database::open(path);
-    const QString copy = database.backUpBeside();
     Transaction transaction(database);
     for (const TableChange *change : changes) {
         const ExchangedTable &table = *change->table.table;
         if (StoredRows(database, table) != change->seen)
-            throw FileError(path, u"L'archivio è cambiato mentre veniva letto."_s,
+            throw FileError(database.path(), u"L'archivio è cambiato mentre veniva letto."_s,
                             u"Chiudere Saldoro e ripetere il comando."_s);
         if (!change->seen.isEmpty())
             database.deleteAll(table.name());
         append(database, table, change->table.rows);
     }
     transaction.commit();
+}
+
+/** Changes a database after a copy of it has been put beside it. Gives what has been done. */
+QString changeFile(const QString &path, const QList<const TableChange *> &changes)
+{
+    Database database = Database::open(path);
+    const QString copy = database.backUpBeside();
+    fill(std::move(database), changes);
     return u"%1: cambiato; com'era sta in %2\n"_s.arg(QFileInfo(path).fileName(), copy);
 }
 
@@ -99,12 +104,7 @@ QString makeFile(ArchiveFile file, const QString &path, const QList<const TableC
     };
     removeAside(); // of an import that was broken off
     try {
-        CreateArchiveFile(aside, file, [&](Database &database) {
-            for (const TableChange *change : changes)
-                append(database, *change->table.table, change->table.rows);
-            if (file == ArchiveFile::Codes && changes.isEmpty())
-                append(database, ExchangedTables().front(), StandardCodeRows());
-        });
+        fill(CreateArchiveFile(aside, file), changes);
         if (!QFile::rename(aside, path))
             throw FileError(path, u"L'archivio non può essere creato."_s,
                             u"Controllare i permessi e lo spazio libero sul disco."_s);
@@ -140,6 +140,8 @@ public:
         }
         for (const auto &[table, path] : paths)
             read(*table, path);
+        if (!exists(ArchiveFile::Codes) && !paths.contains(&codesTable()))
+            m_changes.prepend({{&codesTable(), codesTable().fileName(), StandardCodeRows()}});
         // The code map comes first among the tables.
         const bool haveCodes = !m_changes.isEmpty() && &table(m_changes.first()) == &codesTable();
         const TableRows codes = haveCodes ? m_changes.first().table.rows : storedCodes();

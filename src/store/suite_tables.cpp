@@ -68,15 +68,12 @@ QList<TableDef> TablesOf(ArchiveFile file)
     return {FattureTable(), SpeseTable()};
 }
 
-Database CreateArchiveFile(const QString &path, ArchiveFile file,
-                           const std::function<void(Database &)> &fill)
+Database CreateArchiveFile(const QString &path, ArchiveFile file)
 {
     Database database = Database::create(path, ArchiveLocale.toString());
     Transaction transaction(database);
     for (const TableDef &table : TablesOf(file))
         database.appendTableDef(table);
-    if (fill)
-        fill(database);
     transaction.commit();
     return database;
 }

@@ -7,7 +7,6 @@
 #include <QString>
 
 #include <array>
-#include <functional>
 
 namespace saldoro {
 
@@ -26,9 +25,8 @@ inline constexpr std::array ArchiveFileList{ArchiveFile::Codes, ArchiveFile::Con
  *  the database its tables may hold more fields, in another order. */
 QList<TableDef> TablesOf(ArchiveFile file);
 
-/** Creates a database with all its tables, empty or with the rows that @p fill puts in as part of
- * the same change. Throws FileExists, FileMissing (no such folder), ReadOnly, DiskFull. */
-Database CreateArchiveFile(const QString &path, ArchiveFile file,
-                           const std::function<void(Database &)> &fill = {});
+/** Creates a database with all its tables, which are empty. Throws FileExists, FileMissing (no such
+ *  folder), ReadOnly, DiskFull. */
+Database CreateArchiveFile(const QString &path, ArchiveFile file);
 
 } // namespace saldoro
