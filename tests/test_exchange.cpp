@@ -1,5 +1,4 @@
 #include "common/text_cut.h"
-#include "database/database.h"
 #include "exchange/archive_tables.h"
 #include "exchange/csv_values.h"
 #include "exchange/export.h"
@@ -31,74 +30,52 @@ QString wholeProject(const QString &project)
     return texts.join(u"\n\n"_s);
 }
 
-/** Random values of every kind that a field takes, apt to trip a reader or a writer. */
-class HostileValues
+/** A value of a kind that the field takes, apt to trip a reader or a writer. */
+NewValue hostileValue(const FieldDef &field, std::mt19937 &random)
 {
-public:
-    explicit HostileValues(int seed)
-        : m_random(static_cast<quint32>(seed))
-    {
-    }
-
-    int below(int bound) { return static_cast<int>(m_random() % static_cast<quint32>(bound)); }
-
-    NewValue value(const FieldDef &field)
-    {
-        if (below(5) == 0)
-            return {};
-        switch (field.type) {
-        case FieldType::Currency: {
-            const qint64 any = qint64{below(1 << 30)} * below(1 << 30) - below(1 << 30);
-            return Currency::fromScaled(
-                QList{std::numeric_limits<qint64>::min(), std::numeric_limits<qint64>::max(), any,
-                      any / (1LL << below(60)), -any / (1LL << below(60))}[below(5)]);
-        }
-        case FieldType::Long:
-            return static_cast<qint32>(m_random());
-        case FieldType::Integer:
-            return qint32{static_cast<qint16>(m_random())};
-        case FieldType::Date:
-            return below(4) == 0 ? NewValue(QString())
-                                 : NewValue(QDate(1, 1, 1).addDays(below(3'650'000)));
-        default:
-            return text(field);
-        }
-    }
-
-private:
-    QString text(const FieldDef &field)
-    {
-        if (field.name == "AziProf"_L1)
-            return below(2) == 0 ? u"A"_s : u"P"_s;
-        static const QStringList pieces{{},     u"\""_s, u"\";"_s,  QString(QChar(0)), u"\ufeff"_s,
-                                        u" "_s, u"\n"_s, u"=1+1"_s, u"00112"_s};
-        QString text = pieces[below(9)] + HostileText(m_random, below(5)) + pieces[below(9)];
-        if (field.size > 0)
-            text = LeftCharacters(text, field.size);
-        return text.isEmpty() && !field.allowZeroLength ? u"x"_s : text;
-    }
-
-    std::mt19937 m_random;
-};
+    const auto below = [&random](int bound) {
+        return static_cast<int>(random() % static_cast<quint32>(bound));
+    };
+    if (below(5) == 0)
+        return {};
+    if (field.type == FieldType::Currency)
+        return Currency::fromScaled(
+            QList{std::numeric_limits<qint64>::min(), std::numeric_limits<qint64>::max(),
+                  qint64{below(1 << 30)} << below(33), -qint64{below(1 << 16)}}[below(4)]);
+    if (field.type == FieldType::Long)
+        return static_cast<qint32>(random());
+    if (field.type == FieldType::Integer)
+        return qint32{static_cast<qint16>(random())};
+    if (field.type == FieldType::Date)
+        return below(4) == 0 ? NewValue(QString())
+                             : NewValue(QDate(1, 1, 1).addDays(below(3'650'000)));
+    if (field.name == "AziProf"_L1)
+        return below(2) == 0 ? u"A"_s : u"P"_s;
+    static const QStringList pieces{{},     u"\""_s, u"\";"_s,  QString(QChar(0)), u"\ufeff"_s,
+                                    u" "_s, u"\n"_s, u"=1+1"_s, u"00112"_s};
+    const QString text = pieces[below(9)] + HostileText(random, below(5)) + pieces[below(9)];
+    const QString cut = field.size > 0 ? LeftCharacters(text, field.size) : text;
+    return cut.isEmpty() && !field.allowZeroLength ? u"x"_s : cut;
+}
 
 /** Appends rows of hostile values to all tables; one without a value is no row of a file. */
 void plantHostileRows(const QString &project, int seed)
 {
-    HostileValues values(seed);
+    std::mt19937 random(static_cast<quint32>(seed));
     for (const ExchangedTable &table : ExchangedTables()) {
         Database database = Database::open(ArchiveFilePath(table.archive, project));
         Transaction transaction(database);
         RecordSet records = database.openRecordSet(u"SELECT * FROM "_s + table.name());
-        for (int rows = values.below(12); rows > 0; --rows) {
-            TableRow row;
-            for (const FieldDef &field : table.definition.fields())
-                row.append(values.value(field));
-            if (row.count(NewValue()) == row.size())
-                continue;
+        for (auto rows = random() % 12; rows > 0; --rows) {
             records.addNew();
-            for (qsizetype place = 0; place < row.size(); ++place)
-                records.set(table.fieldNames()[place], row[place]);
-            records.update();
+            bool isEmpty = true;
+            for (const FieldDef &field : table.definition.fields()) {
+                const NewValue value = hostileValue(field, random);
+                isEmpty = isEmpty && value == NewValue();
+                records.set(field.name, value);
+            }
+            if (!isEmpty)
+                records.update();
         }
         transaction.commit();
     }
