@@ -117,15 +117,9 @@ private slots:
             {'L', "DROP TABLE Spese",
              "list overview Saldoro.mdb/Spese/////\n"
              "load load Saldoro.mdb/Spese///1//"},
-            {'L', "ALTER TABLE Fatture DROP COLUMN Memo",
-             "load load close Saldoro.mdb/Fatture/Memo//1//"},
-            {'C',
-             "DROP TABLE UltimaPerVariante; CREATE VIEW UltimaPerVariante AS SELECT * FROM Manca",
-             "overview Appalto.mdb/Manca/////"},
             // Codes that a criterion, a pattern or a file name cannot hold.
             {'K', "UPDATE Funzioni SET CodExt = 'X''97' WHERE CodInt = 'P97'",
              "load load Appalto.mdb/SchedaProgetto///1//"},
-            {'K', "UPDATE Funzioni SET CodExt = 'X[97' WHERE CodInt = 'P97'", ""},
             {'K', "UPDATE Funzioni SET CodExt = NULL WHERE CodInt = 'P97'",
              "load load chiavi.mdb/Funzioni/CodExt//1//"},
             {'K', "UPDATE Funzioni SET CodExt = 'a/b' WHERE CodInt = 'P99'", "close b.rtf//////"}};

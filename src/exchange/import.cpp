@@ -172,6 +172,8 @@ public:
     /** Gives what has been written. */
     QString write()
     {
+        for (const ArchiveFile file : ArchiveFileList)
+            requireWritable(file);
         QString done;
         for (const ArchiveFile file : ArchiveFileList) {
             WithDetail(
@@ -246,13 +248,29 @@ private:
                    : StandardCodeRows();
     }
 
-    QString write(ArchiveFile file) const
+    QList<const TableChange *> changesOf(ArchiveFile file) const
     {
         QList<const TableChange *> changes;
         for (const TableChange &change : m_changes) {
             if (table(change).archive == file && change.isNeeded)
                 changes.append(&change);
         }
+        return changes;
+    }
+
+    /** A database that another program is at work on, or that takes no change, is told before
+     *  another one is changed. */
+    void requireWritable(ArchiveFile file) const
+    {
+        if (!exists(file) || changesOf(file).isEmpty())
+            return;
+        Database database = Database::open(path(file));
+        const Transaction lock(database);
+    }
+
+    QString write(ArchiveFile file) const
+    {
+        const auto changes = changesOf(file);
         if (!exists(file))
             return makeFile(file, path(file), changes);
         return changes.isEmpty() ? QString() : changeFile(path(file), changes);
