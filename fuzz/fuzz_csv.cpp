@@ -1,4 +1,5 @@
 #include "exchange/csv_reader.h"
+#include "exchange/csv_values.h"
 #include "fuzzer.h"
 
 #include <QRegularExpression>
@@ -57,6 +58,22 @@ QString readSlowly(const QString &text)
     return rows;
 }
 
+QString amountSlowly(const QString &text, CsvDialect dialect)
+{
+    static const QString before = u"\\A\\s*(?:€\\s*)?([-+]?)\\s*(?:€\\s*)?"_s;
+    static const QString behind = u"\\s*€?\\s*\\z"_s;
+    static const QRegularExpression italian(
+        before + u"([0-9]{1,3}(?:\\.[0-9]{3})+|[0-9]+)(?:,([0-9]{1,4}))?"_s + behind);
+    static const QRegularExpression international(
+        before + u"([0-9]+)(?:\\.([0-9]{1,2}|[0-9]{4}))?"_s + behind);
+    const auto match = (dialect == CsvDialect::Italian ? italian : international).match(text);
+    bool fits = match.hasMatch() && text.count(u'€') < 2;
+    const qint64 value = (match.captured(1) + match.captured(2).remove(u'.') +
+                          match.captured(3).leftJustified(4, u'0'))
+                             .toLongLong(fits ? &fits : nullptr);
+    return fits ? QString::number(value) : u"none"_s;
+}
+
 } // namespace
 
 void FuzzCsv(Random &random)
@@ -66,6 +83,18 @@ void FuzzCsv(Random &random)
                      u","_s, u" "_s, u"a"_s, u"è"_s, u"\";\""_s, u"\"\n"_s, QString(QChar(0))},
                     14);
     RequireSame(text, readQuickly(text), readSlowly(text));
+    const QString amount = random.text({u"€"_s, u" "_s, u"-"_s, u"+"_s, u""_s, u""_s}, 3) +
+                           random.text({u"1"_s, u"234"_s, u".567"_s, u"."_s, u","_s, u".00"_s,
+                                        u"922337203685477"_s, u"5807"_s, u"5808"_s, u"e"_s},
+                                       6) +
+                           random.text({u"€"_s, u" "_s, u"-"_s, u""_s}, 2);
+    for (const CsvDialect dialect : {CsvDialect::Italian, CsvDialect::International}) {
+        const auto read = AmountOf(amount, dialect);
+        RequireSame(amount, read ? QString::number(read->scaled()) : u"none"_s,
+                    amountSlowly(amount, dialect));
+        if (read && AmountOf(AmountCell(*read), CsvDialect::Italian) != read)
+            Differ(amount, AmountCell(*read), u"the amount again"_s);
+    }
 }
 
 } // namespace saldoro

@@ -89,6 +89,7 @@ TableRows StoredRows(const Database &database, const ExchangedTable &table)
     TableRows rows;
     for (; !records.eof(); records.moveNext()) {
         TableRow row;
+        row.reserve(columns.size());
         for (const auto &[column, type] : columns)
             row.append(valueOf(type, records.field(column)));
         rows.append(std::move(row));

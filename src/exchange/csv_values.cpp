@@ -1,7 +1,8 @@
 #include "exchange/csv_values.h"
 
 #include <QRegularExpression>
-#include <QStringBuilder>
+
+#include <algorithm>
 
 namespace saldoro {
 
@@ -11,30 +12,48 @@ namespace {
 
 constexpr int MostDecimals = 4;
 
-/** What an amount looks like: captures its sign, its whole part and its decimals. */
-QRegularExpression amountPattern(const QString &whole, const QString &decimals)
+/** Takes a character off the front, with the blanks behind it. */
+bool take(QStringView &text, QChar character)
 {
-    return QRegularExpression(
-        u"\\A\\s*€?\\s*([-+]?)\\s*€?\\s*(%1)(?:%2)?\\s*€?\\s*\\z"_s.arg(whole, decimals),
-        QRegularExpression::UseUnicodePropertiesOption);
+    if (!text.startsWith(character))
+        return false;
+    text = text.sliced(1).trimmed();
+    return true;
+}
+
+/** Digits, perhaps in groups of three with "." between them. */
+bool isGrouped(QStringView whole)
+{
+    static const QRegularExpression groups(u"\\A[0-9]{1,3}(?:\\.[0-9]{3})*\\z"_s);
+    return groups.match(whole).hasMatch();
 }
 
 } // namespace
 
 std::optional<Currency> AmountOf(QStringView text, CsvDialect dialect)
 {
-    static const QRegularExpression italian =
-        amountPattern(u"[0-9]+|[0-9]{1,3}(?:\\.[0-9]{3})+"_s, u",([0-9]{1,4})"_s);
-    static const QRegularExpression international =
-        amountPattern(u"[0-9]+"_s, u"\\.([0-9]{1,2}|[0-9]{4})"_s);
-    const auto match = (dialect == CsvDialect::Italian ? italian : international).match(text);
-    if (!match.hasMatch() || text.count(u'€') > 1)
+    const bool isItalian = dialect == CsvDialect::Italian;
+    text = text.trimmed();
+    const bool hasEuro = take(text, u'€');
+    const bool isNegative = take(text, u'-');
+    if (!isNegative)
+        take(text, u'+');
+    if (!hasEuro && !take(text, u'€') && text.endsWith(u'€'))
+        text = text.chopped(1).trimmed();
+    const qsizetype mark = text.indexOf(isItalian ? u',' : u'.');
+    const QStringView whole = text.first(mark < 0 ? text.size() : mark);
+    const QStringView decimals = mark < 0 ? QStringView(u"0") : text.sliced(mark + 1);
+    if (whole.isEmpty() || decimals.isEmpty() || decimals.size() > MostDecimals ||
+        (isItalian ? whole.contains(u'.') && !isGrouped(whole) : decimals.size() == 3))
         return std::nullopt;
-    const QStringView decimals = match.capturedView(3);
-    QString digits = match.capturedView(1) % match.capturedView(2) % decimals %
-                     QString(MostDecimals - decimals.size(), u'0');
+    QString digits = whole.toString().remove(u'.');
+    digits += decimals;
+    if (!std::all_of(digits.begin(), digits.end(),
+                     [](QChar character) { return character >= u'0' && character <= u'9'; }))
+        return std::nullopt;
+    digits.resize(digits.size() + MostDecimals - decimals.size(), u'0');
     bool fits = false;
-    const qint64 scaled = digits.remove(u'.').toLongLong(&fits);
+    const qint64 scaled = (isNegative ? u'-' + digits : digits).toLongLong(&fits);
     return fits ? std::optional(Currency::fromScaled(scaled)) : std::nullopt;
 }
 
@@ -60,12 +79,13 @@ std::optional<qint32> WholeOf(QStringView text)
 QString AmountCell(Currency amount)
 {
     QString text = QString::number(amount.scaled());
-    const bool isNegative = text.startsWith(u'-');
-    text = text.sliced(isNegative ? 1 : 0).rightJustified(1 + MostDecimals, u'0');
-    text.insert(text.size() - MostDecimals, u',');
-    if (text.endsWith("00"_L1))
-        text.chop(2);
-    return isNegative ? u'-' + text : text;
+    const qsizetype sign = amount < Currency() ? 1 : 0;
+    while (text.size() < sign + 1 + MostDecimals)
+        text.insert(sign, u'0');
+    const bool hasCents = text.endsWith("00"_L1);
+    text.chop(hasCents ? 2 : 0);
+    text.insert(text.size() - (hasCents ? 2 : MostDecimals), u',');
+    return text;
 }
 
 } // namespace saldoro

@@ -53,10 +53,11 @@ QByteArray fileContent(const ExchangedTable &table, const TableRows &rows, QStri
 {
     QByteArray content = "\xEF\xBB\xBF" + table.fieldNames().join(u';').toUtf8() + "\r\n";
     Progress progress(u"Scrittura di "_s + table.name());
+    QString line;
     for (qsizetype place = 1; place <= rows.size(); ++place) {
         progress.show(place);
         const TableRow &row = rows[place - 1];
-        QString line;
+        line.truncate(0); // and keeps its room
         for (const NewValue &value : row) {
             appendCell(line, value);
             line += u';';
