@@ -9,6 +9,8 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 
 namespace saldoro {
 
@@ -120,7 +122,8 @@ std::optional<DatabaseFault> RefusalOf(const FieldDef &field, const NewValue &va
     if (text != nullptr && text->isEmpty() && !field.allowZeroLength &&
         (IsText(field) || field.type == FieldType::Date))
         return DatabaseFault::ZeroLengthRefused;
-    std::pmr::monotonic_buffer_resource texts;
+    std::array<std::byte, 1024> room; // enough for most texts
+    std::pmr::monotonic_buffer_resource texts(room.data(), room.size());
     const auto form = StoredForm(field, value, texts);
     const auto *fault = std::get_if<DatabaseFault>(&form);
     return fault == nullptr ? std::nullopt : std::optional(*fault);

@@ -77,7 +77,7 @@ int RecordRows::lastLive() const
 
 void RecordRows::insert(const RecordChanges &values)
 {
-    write(InsertSql(m_place.table, namesOf(values)), values, {});
+    write(InsertSql, values, {});
     append(m_file->lastRowId());
     ++m_liveCount;
     keep(static_cast<int>(m_records.size()) - 1, values);
@@ -85,8 +85,7 @@ void RecordRows::insert(const RecordChanges &values)
 
 bool RecordRows::update(int row, const RecordChanges &values)
 {
-    const QString sql = UpdateSql(m_place.table, namesOf(values));
-    if (write(sql, values, record(row).id) == 0)
+    if (write(UpdateSql, values, record(row).id) == 0)
         return false;
     keep(row, values);
     return true;
@@ -94,7 +93,7 @@ bool RecordRows::update(int row, const RecordChanges &values)
 
 void RecordRows::remove(int row)
 {
-    write(DeleteSql(m_place.table), {}, record(row).id);
+    write(DeleteSql, {}, record(row).id);
     m_records[static_cast<size_t>(row)].values = nullptr;
     --m_liveCount;
 }
@@ -109,11 +108,13 @@ QStringList RecordRows::namesOf(const RecordChanges &values) const
 
 /** Runs a statement whose parameters are the values, then perhaps a row's id; the number of records
  *  that it changed. */
-int RecordRows::write(const QString &sql, const RecordChanges &values, std::optional<qint64> rowId)
+int RecordRows::write(ChangeSql sqlOf, const RecordChanges &values, std::optional<qint64> rowId)
 {
-    if (sql != m_changeSql) {
-        m_change.emplace(m_file, sql, m_place.table);
-        m_changeSql = sql;
+    const QStringList fields = namesOf(values);
+    if (!m_change || sqlOf != m_changeSql || fields != m_changedFields) {
+        m_change.emplace(m_file, sqlOf(m_place.table, fields), m_place.table);
+        m_changeSql = sqlOf;
+        m_changedFields = fields;
     }
     int parameter = 0;
     for (const auto &[column, value] : values)

@@ -6,6 +6,7 @@
 
 #include <QHash>
 #include <QList>
+#include <QStringList>
 
 #include <map>
 #include <memory>
@@ -71,6 +72,7 @@ public:
 
 private:
     using Index = QHash<QByteArray, QList<int>>;
+    using ChangeSql = QString (*)(const QString &table, const QStringList &fields);
 
     struct Record
     {
@@ -88,13 +90,14 @@ private:
     const Index &indexOf(int column);
 
     QStringList namesOf(const RecordChanges &values) const;
-    int write(const QString &sql, const RecordChanges &values, std::optional<qint64> rowId);
+    int write(ChangeSql sqlOf, const RecordChanges &values, std::optional<qint64> rowId);
     void keep(int row, const RecordChanges &values);
 
     std::shared_ptr<Connection> m_file;
     std::optional<Statement> m_query;  ///< as long as the records have not been read
-    QString m_changeSql;               ///< of the last change
-    std::optional<Statement> m_change; ///< it, for when the next one is alike
+    std::optional<Statement> m_change; ///< the last one, for when the next one is alike
+    ChangeSql m_changeSql = nullptr;   ///< what gives its text...
+    QStringList m_changedFields;       ///< ...for these fields
     RecordPlace m_place;
     RecordAccess m_access;
     QList<FieldDef> m_fields;

@@ -98,7 +98,7 @@ QString UpdateSql(const QString &table, const QStringList &fields)
            u" = ? WHERE "_s + RowIdName + u" = ?"_s;
 }
 
-QString DeleteSql(const QString &table)
+QString DeleteSql(const QString &table, const QStringList & /*none*/)
 {
     return u"DELETE FROM "_s + QuotedName(table) + u" WHERE "_s + RowIdName + u" = ?"_s;
 }

@@ -38,6 +38,6 @@ QString CreateTableSql(const TableDef &table);
  *  id of the row. */
 QString InsertSql(const QString &table, const QStringList &fields);
 QString UpdateSql(const QString &table, const QStringList &fields);
-QString DeleteSql(const QString &table);
+QString DeleteSql(const QString &table, const QStringList &none);
 
 } // namespace saldoro
