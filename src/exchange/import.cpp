@@ -149,25 +149,7 @@ public:
             CheckRows(change.table, codes, m_remarks);
     }
 
-    bool isGood() const
-    {
-        return m_remarks.errors.isEmpty() && (m_request.evenSo || m_remarks.refusals.isEmpty());
-    }
-
-    QString remarks() const
-    {
-        QString text;
-        const auto add = [&text](const QString &heading, const QStringList &lines) {
-            if (!lines.isEmpty())
-                text += heading + u"\n  "_s + lines.join(u"\n  "_s) + u'\n';
-        };
-        add(u"Avvertimenti:"_s, m_remarks.warnings);
-        add(u"Errori:"_s, m_remarks.errors);
-        if (!m_request.evenSo)
-            add(u"Darebbe problemi più tardi (con --comunque si importa lo stesso):"_s,
-                m_remarks.refusals);
-        return isGood() ? text : text + u"Niente è stato scritto.\n"_s;
-    }
+    const ImportRemarks &remarks() const { return m_remarks; }
 
     /** Gives what has been written. */
     QString write()
@@ -291,7 +273,8 @@ ImportOutcome ImportProject(const ImportRequest &request)
         place = PlaceOf(request.projectFolder);
     ProjectImport import(request, place ? place->folder : ExistingFolder(request.projectFolder));
     import.prepare();
-    ImportOutcome outcome{import.isGood(), import.remarks(), {}};
+    ImportOutcome outcome{
+        import.remarks().allowWriting(request.evenSo), import.remarks().text(request.evenSo), {}};
     if (!outcome.isDone)
         return outcome;
     if (place)

@@ -113,6 +113,25 @@ void checkCodes(const CsvTable &table, ImportRemarks &remarks)
 
 } // namespace
 
+bool ImportRemarks::allowWriting(bool evenSo) const
+{
+    return errors.isEmpty() && (evenSo || refusals.isEmpty());
+}
+
+QString ImportRemarks::text(bool evenSo) const
+{
+    QString text;
+    const auto add = [&text](const QString &heading, const QStringList &lines) {
+        if (!lines.isEmpty())
+            text += heading + u"\n  "_s + lines.join(u"\n  "_s) + u'\n';
+    };
+    add(u"Avvertimenti:"_s, warnings);
+    add(u"Errori:"_s, errors);
+    if (!evenSo)
+        add(u"Darebbe problemi più tardi (con --comunque si importa lo stesso):"_s, refusals);
+    return allowWriting(evenSo) ? text : text + u"Niente è stato scritto.\n"_s;
+}
+
 void CheckRows(const CsvTable &table, const TableRows &codes, ImportRemarks &remarks)
 {
     const QString &name = table.table->name();

@@ -12,6 +12,11 @@ struct ImportRemarks
     QStringList errors;   ///< nothing is written
     QStringList refusals; ///< nothing is written unless the clerk wants it even so
     QStringList warnings;
+
+    /** @p evenSo: what is refused may be written. */
+    bool allowWriting(bool evenSo) const;
+    /** All of them with headings, and whether nothing is written; may be empty. */
+    QString text(bool evenSo) const;
 };
 
 /** Checks the rows of a file: values that are never stored, what stops the program later or
