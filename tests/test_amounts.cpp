@@ -78,6 +78,7 @@ private slots:
     {
         QString text = u"1.2,3,4"_s;
         QCOMPARE(PuntoDecimale(text), u"12.3,4"_s);
+        QCOMPARE(RaddoppiaApici(u"l''Aia"_s), u"l''''Aia"_s);
         QCOMPARE(FormatData(DataDaTesto(u"1/2/29"_s)), u"01/02/2029"_s);
         QCOMPARE(FormatData(DataDaTesto(u"1/2/30"_s)), u"01/02/1930"_s);
     }

@@ -49,7 +49,7 @@ private slots:
                  {date, u"HDDD3"_s, u"3_/_2/2003"_s},
                  {date, u"HSSSD"_s, u"__/12/2003"_s},
                  {date, u"A3"_s, u"3_/__/____"_s},
-                 {date, u"A/3"_s, u"3_/__/____"_s},
+                 {date, u"A/"_s, date},
                  {date, u"Ax3"_s, u"3_/__/____"_s},
                  {u"non nota"_s, u"E1"_s, u"1_/__/____"_s},
                  {date, u"AX"_s, u"__/__/____"_s},

@@ -28,6 +28,7 @@ private slots:
                  {head + "Builds=1\n", {}},
                  {head + "Build=\"  a b  \"\n", u"  a b"_s},
                  {head + "Build='\"a\"'\n", u"\"a\""_s},
+                 {head + "Build=\"a\n", u"\"a"_s},
                  {head + QByteArray("Build=ab \0c\n", 12), u"ab"_s},
                  {head + "Build=" + QByteArray(254, 'x') + "y\n", QString(254, u'x')},
                  {head + "Build=" + QByteArray("à").repeated(300), QString(254, u'à')},
