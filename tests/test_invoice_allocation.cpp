@@ -29,36 +29,32 @@ private slots:
 
     void codesThatLookAlike()
     {
+        for (const QString &code : {u" a1 "_s, u"Q7654321"_s})
+            AddRow(d->overview, {code, u"voce"_s, {}, {}, u"-1,00"_s});
+        open(2);
+        // Another letter case is another item; a code cut to five characters is offered again.
+        for (const QString &added : {u""_s, u";Q7654|voce|0,00"_s}) {
+            d->play(u"click Command3"_s);
+            QCOMPARE(seen(), u"A1|x|1.300,00;A2|x|45,00%1;|| = 1.345,00 at List1"_s.arg(added));
+            QStringList lines;
+            for (int line = 0; line < m_list->count(); ++line)
+                lines += m_list->item(line)->text();
+            QCOMPARE(lines.join(u';'),
+                     u"B10  Spese tecniche L.640,00;a1   voce L.-1,00;Q7654321voce L.-1,00"_s);
+            d->play(u"End, Return, Return"_s);
+        }
+    }
+
+    void offers201ItemsAtMost()
+    {
         TextTable items(5);
         TextTable grid;
         PrepareAllocations(grid);
-        for (const QString &code : {u"B1"_s, u" b1 "_s, u"Q7654321"_s})
-            AddRow(items, {code, u"voce"_s, {}, {}, u"-1,00"_s});
-        const auto offered = [&] {
-            QString lines;
-            for (const OfferedItem &item : ItemsOnOffer(items, grid))
-                lines += item.line + u';';
-            return lines;
-        };
-        const auto insert = [&](int line) {
-            BeginInsertion(grid);
-            return PickItem(grid, ItemsOnOffer(items, grid).at(line));
-        };
-        const QString rest = u"b1   voce L.-1,00;Q7654321voce L.-1,00;"_s;
-        QCOMPARE(offered(), u"B1   voce L.-1,00;"_s + rest);
-        insert(0);
-        // Another letter case is another item; a code cut to five characters is offered again.
-        QCOMPARE(offered(), rest);
-        insert(1);
-        QCOMPARE(grid.text(2, 0), u"Q7654"_s);
-        QCOMPARE(offered(), rest);
-        QVERIFY(!CekCodCaricato(grid, u" B1"_s));
-        while (items.rows() <= 202) // the header, and more items than a list holds
+        AddRow(grid, {u" V1 "_s});
+        while (items.rows() <= 202)
             AddRow(items, {u"V%1"_s.arg(items.rows())});
         QCOMPARE(ItemsOnOffer(items, grid).size(), 201);
-        QVERIFY(insert(200));
-        AddRow(items, {u"V1"_s});
-        AddRow(items, {u"V2"_s});
+        grid.setText(1, 0, {});
         QVERIFY_THROWS_EXCEPTION(BoundsError, ItemsOnOffer(items, grid));
     }
 

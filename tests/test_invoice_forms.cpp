@@ -6,7 +6,6 @@
 #include <QDropEvent>
 #include <QLabel>
 #include <QListWidget>
-#include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -123,116 +122,105 @@ private slots:
         QVERIFY(!d->form->isVisible());
     }
 
-    void limitsOfTyping()
-    {
-        const QString longName = u"012345678"_s.repeated(7);
-        d->archive.execute(ContractPath(d->values),
-                           u"INSERT INTO SchedaProgetto (Voce, Funzione, Stringa) VALUES "
-                           "('C1', 17, '%1\n')"_s.arg(longName));
-        d->open(CreditorKind::Professional, 1);
-        for (const auto &[name, limit] :
-             {std::pair{u"Text1_0"_s, 60}, {u"Text1_1"_s, 10}, {u"Text1_3"_s, 50}}) {
-            d->play(u"to %1, type %2"_s.arg(name, QString(limit + 5, u'e')));
-            QCOMPARE(d->text(name), QString(limit, u'e'));
-        }
-        d->play(u"click Command5, Return"_s);
-        QCOMPARE(d->text(u"Text1_0"_s), longName.left(60)); // what is picked shows cut
-        d->find<QLineEdit>(u"Text1_0"_s)->setCursorPosition(5);
-        d->play(u"type \b\b\bx"_s);
-        const QString shorter = longName.left(60).replace(2, 3, u"x"_s);
-        const QString astral = QString::fromUcs4(U"\U0001D11E");
-        const QString full = QString(shorter).insert(3, astral.repeated(2));
-        QApplication::clipboard()->setText(astral.repeated(3));
-        d->play(u"Ctrl+V"_s); // as much as fits
-        QCOMPARE(d->text(u"Text1_0"_s), full);
-        d->play(u"Ctrl+Z"_s);
-        QCOMPARE(d->text(u"Text1_0"_s), shorter);
-        d->answer = MessageAnswer::Yes;
-        d->play(u"Ctrl+Shift+Z, click Command1"_s);
-        QCOMPARE(d->archive.ledgerRows(u"SELECT Creditore FROM Fatture"_s), full);
-    }
-
-    void pastedLineEndsGo()
+    void linesHoldWhatFits()
     {
         d->open(CreditorKind::Company, 1);
         QMimeData dropped;
         dropped.setText(u"\t\nBianchi\r\n\t& C.\r\n"_s);
         QApplication::clipboard()->setText(dropped.text());
-        for (const QString &name : {u"Text1_0"_s, u"Text1_1"_s, u"Text1_3"_s, u"Mandato"_s}) {
+        for (const auto &[name, limit] : {std::pair{u"Text1_0"_s, 60},
+                                          {u"Text1_1"_s, 10},
+                                          {u"Text1_3"_s, 50},
+                                          {u"Mandato"_s, 70}}) {
             auto *box = d->find<QLineEdit>(name);
-            const auto keys = [&] { d->play(u"Ctrl+V"_s); };
-            const auto menu = [box] {
-                const std::unique_ptr<QMenu> actions(box->createStandardContextMenu());
-                for (QAction *action : actions->actions()) {
-                    if (action->text().startsWith(u"&Paste"_s))
-                        action->trigger();
-                }
-            };
-            const auto dropping = [&] {
+            const auto drop = [&] {
                 const QPoint place = box->rect().center();
                 QDragEnterEvent enter(place, Qt::CopyAction, &dropped, Qt::LeftButton, {});
                 QApplication::sendEvent(box, &enter);
-                QDropEvent drop(place, Qt::CopyAction, &dropped, Qt::LeftButton, {});
-                QApplication::sendEvent(box, &drop);
+                QDropEvent release(place, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+                QApplication::sendEvent(box, &release);
             };
-            for (const auto &paste : QList<std::function<void()>>{keys, menu, dropping}) {
+            for (const auto &paste : QList<std::function<void()>>{[&] { d->play(u"Ctrl+V"_s); },
+                                                                  [box] { box->paste(); }, drop}) {
                 box->setFocus();
                 d->play(u"Ctrl+A, type A."_s);
                 paste();
-                QTRY_COMPARE(box->text(), u"A.Bianchi & C."_s.left(name == "Text1_1"_L1 ? 10 : 14));
+                QTRY_COMPARE(box->text(), u"A.Bianchi & C."_s.left(limit));
                 d->play(u"Ctrl+Z"_s);
                 QVERIFY(!box->text().contains(u"Bianchi"_s)); // the paste can be undone
             }
+            d->play(u"Ctrl+A, type "_s + QString(70, u'e'));
+            QCOMPARE(box->text(), QString(limit, u'e'));
         }
+    }
+
+    void whatIsPickedOrPastedIsCutBetweenCharacters()
+    {
+        const QString name = u"012345678"_s.repeated(7);
+        d->archive.execute(ContractPath(d->values),
+                           u"INSERT INTO SchedaProgetto (Voce, Funzione, Stringa) VALUES "
+                           "('C1', 17, '%1\n')"_s.arg(name));
+        d->open(CreditorKind::Professional, 1);
+        d->play(u"click Command5, Return"_s);
+        QCOMPARE(d->text(u"Text1_0"_s), name.left(60));
+        const QString astral = QString::fromUcs4(U"\U0001D11E");
+        QApplication::clipboard()->setText(astral.repeated(3));
+        d->play(u"End, Backspace, Backspace, Left, Ctrl+V"_s);
+        const QString full = QString(name.left(58)).insert(57, astral.repeated(2));
+        QCOMPARE(d->text(u"Text1_0"_s), full);
+        d->play(u"Ctrl+Z"_s);
+        QCOMPARE(d->text(u"Text1_0"_s), name.left(58));
+        d->answer = MessageAnswer::Yes;
+        d->play(u"Ctrl+Shift+Z, click Command1"_s);
+        QCOMPARE(d->archive.ledgerRows(u"SELECT Creditore FROM Fatture"_s), full);
     }
 
     void creditorLists()
     {
         d->archive.execute(ContractPath(d->values),
-                           u"INSERT INTO SchedaProgetto (Voce, Funzione, Stringa) VALUES "
-                           "('C1', 17, 'Ing. Rossi')"_s);
-        d->archive.execute(CompaniesPath(d->values), u"INSERT INTO Anag VALUES (5,'D''Amico','S');"
-                                                     "INSERT INTO Partecip VALUES (2, 5)"_s);
-        for (const CreditorKind kind : {CreditorKind::Professional, CreditorKind::Company}) {
+                           u"INSERT INTO SchedaProgetto (Voce, Funzione, Stringa, Link) VALUES "
+                           "('C1',17,' Zeta ',0),('C2',17,' ',0),('C3',17,NULL,0),('C4',18,'No',0),"
+                           "('C5',17,'Rì',0),('D0101',0,'ATI Ponte',9)"_s);
+        d->archive.execute(CompaniesPath(d->values),
+                           u"INSERT INTO Anag VALUES (9,'ATI Ponte','ATI'), (1,'D''Este Srl','S'), "
+                           "(2,'Edil_1','S'), (3,'d''este bis','S'), (4,'Fuori','S');"
+                           "INSERT INTO Partecip (Nord, AnagRel) VALUES (1,1), (2,2), (3,3), (4,9);"
+                           "INSERT INTO Manda (AnagPar, AnagRel) VALUES (9,4), (9,2), (1,3)"_s);
+        using enum CreditorKind;
+        for (const auto &[kind, steps, names] :
+             {std::tuple{Professional, u"type x, click Command5"_s, u"Zeta|Rì"_s},
+              {Company, u"type d'E, Tab, Return"_s, u"d'este bis|D'Este Srl"_s},
+              {Company, u"type ?d, Alt+R"_s, u"Edil_1"_s},
+              {Company, u"type Fuori, Alt+R"_s, QString()},
+              {Company, u"Backspace, Alt+R"_s, u"ATI Ponte|d'este bis|D'Este Srl|Edil_1"_s},
+              {Company, u"Tab, Tab, Return"_s, u"Edil_1|Fuori"_s}}) {
             d->open(kind, 1);
-            const auto *list = d->find<QListWidget>(u"List2"_s);
-            d->play(u"type d', click Command5"_s);
-            QCOMPARE(d->focused(), u"List2"_s);
-            QCOMPARE(list->count(), 1);
-            d->play(u"Escape"_s);
-            QVERIFY(list->isHidden() && d->form->isVisible());
-            QCOMPARE(d->focused(), u"Text1_0"_s);
-            d->play(u"Alt+R"_s);
-            QTRY_VERIFY(list->isVisible());
-            d->play(u"to Text1_1"_s);
-            QVERIFY(list->isHidden());
+            auto *list = d->find<QListWidget>(u"List2"_s);
+            const auto *confirm = d->find(u"Command1"_s);
+            QCOMPARE(d->text(u"Text1_0"_s), kind == Company ? u"ATI Ponte"_s : QString());
+            QCOMPARE(confirm->isEnabled(), kind == Company);
+            for (const QString &leave : {u"Escape"_s, u"to Text1_1"_s}) {
+                d->play(u"to Text1_0, "_s + steps);
+                QTRY_COMPARE(d->focused(), u"List2"_s);
+                QStringList offered;
+                for (int line = 0; line < list->count(); ++line)
+                    offered += list->item(line)->text();
+                QCOMPARE(offered.join(u'|'), names);
+                d->play(leave);
+                QVERIFY(list->isHidden() && d->form->isVisible());
+                QCOMPARE(d->focused(), leave == "Escape"_L1 ? u"Text1_0"_s : u"Text1_1"_s);
+            }
             d->play(u"to Text1_0, Backspace"_s);
-            QVERIFY(!d->find(u"Command1"_s)->isEnabled());
-            d->play(u"click Command5"_s);
+            QVERIFY(!confirm->isEnabled());
+            if (names.isEmpty())
+                continue;
+            d->play(u"to Text1_0, "_s + steps);
+            QTRY_VERIFY(list->isVisible());
             QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                               list->visualItemRect(list->item(0)).center());
-            QCOMPARE(d->text(u"Text1_0"_s),
-                     kind == CreditorKind::Company ? u"D'Amico"_s : u"Ing. Rossi"_s);
-            QVERIFY(list->isHidden() && d->find(u"Command1"_s)->isEnabled());
+            QCOMPARE(d->text(u"Text1_0"_s), names.section(u'|', 0, 0));
+            QVERIFY(list->isHidden() && confirm->isEnabled());
         }
-    }
-
-    void principals()
-    {
-        d->archive.execute(ContractPath(d->values),
-                           u"INSERT INTO SchedaProgetto (Voce, Stringa, Link) VALUES "
-                           "('D0101', 'ATI Ponte', 9)"_s);
-        d->archive.execute(CompaniesPath(d->values),
-                           u"INSERT INTO Anag (ID, nominativo, TipImprese) VALUES (9,'ATI Ponte',"
-                           "'ATI'), (10,'Ferro Srl','S'), (11,'Acciaio Srl','S');"
-                           "INSERT INTO Manda (AnagPar, AnagRel) VALUES (9, 10), (9, 11)"_s);
-        d->open(CreditorKind::Company, 1);
-        QCOMPARE(d->text(u"Text1_0"_s), u"ATI Ponte"_s);
-        QVERIFY(d->find(u"Command1"_s)->isEnabled());
-        d->play(u"Tab, Tab"_s);
-        QCOMPARE(d->focused(), u"Command6"_s);
-        d->play(u"Return, Down, Return"_s);
-        QCOMPARE(d->text(u"Text1_0"_s), u"Ferro Srl"_s);
     }
 
     void untouchedNoteStays()
