@@ -122,6 +122,16 @@ private slots:
         QVERIFY(!d->form->isVisible());
     }
 
+    void totalsAreComparedAsTexts()
+    {
+        d->open(CreditorKind::Company, 1);
+        d->play(u"type x, to Text2_3, type 0, click Command1"_s);
+        QCOMPARE(d->texts(u"Text2_3 Text3"_s), u"0 0,00"_s);
+        QCOMPARE(d->find(u"Frame2"_s)->findChild<QLabel *>()->text(), u"0"_s); // for comparison
+        QCOMPARE(d->messages.size(), 1);
+        QVERIFY(d->form->isVisible());
+    }
+
     void linesHoldWhatFits()
     {
         d->open(CreditorKind::Company, 1);
@@ -199,7 +209,9 @@ private slots:
             const auto *confirm = d->find(u"Command1"_s);
             QCOMPARE(d->text(u"Text1_0"_s), kind == Company ? u"ATI Ponte"_s : QString());
             QCOMPARE(confirm->isEnabled(), kind == Company);
-            for (const QString &leave : {u"Escape"_s, u"to Text1_1"_s}) {
+            for (const auto &[leave, next] : {std::pair{u"Escape"_s, u"Text1_0"_s},
+                                              {u"to Text1_3"_s, u"Text1_3"_s},
+                                              {u"Tab"_s, u"Text1_1"_s}}) {
                 d->play(u"to Text1_0, "_s + steps);
                 QTRY_COMPARE(d->focused(), u"List2"_s);
                 QStringList offered;
@@ -208,7 +220,7 @@ private slots:
                 QCOMPARE(offered.join(u'|'), names);
                 d->play(leave);
                 QVERIFY(list->isHidden() && d->form->isVisible());
-                QCOMPARE(d->focused(), leave == "Escape"_L1 ? u"Text1_0"_s : u"Text1_1"_s);
+                QCOMPARE(d->focused(), next);
             }
             d->play(u"to Text1_0, Backspace"_s);
             QVERIFY(!confirm->isEnabled());
@@ -270,6 +282,7 @@ private:
             if (step.contains(u'='))
                 d->play(u"type "_s + step.section(u'=', 1));
             d->play(line ? keyOfLines : u"Tab"_s);
+            QVERIFY2(!line || line->cursorPosition() == 0, qPrintable(step)); // shows its beginning
         }
     }
 
