@@ -149,6 +149,14 @@ void TestImport::replaces()
     const QString copy = said.section(u"com'era sta in "_s, 1).section(u'\n', 0, 0);
     QCOMPARE(BareFile(copy).rows(budget), u"A1|Scavi|10000"_s);
 
+    // A database that is in use stops the import before another one is changed.
+    office.putBudget("A3;Muri;4\n");
+    office.put(u"Spese"_s, "RelNpag;Cod;Importo\n1;A3;4\n");
+    BareFile otherProgram(ArchiveFilePath(ArchiveFile::Ledger, office.project()));
+    otherProgram.rows(u"BEGIN IMMEDIATE"_s);
+    QVERIFY_THROWS_EXCEPTION(DatabaseError, office.import(false, {u"UltimaPerVariante"_s}));
+    QCOMPARE(office.rows(ArchiveFile::Contract, budget), u"A1|Scavi|20000\nA2|Ponti|30000"_s);
+
     office.rows(ArchiveFile::Contract,
                 u"DROP TABLE UltimaPerVariante; CREATE VIEW "
                 "UltimaPerVariante AS SELECT 'V' Voce, 'x' Descri, 1 Importo"_s);
