@@ -85,7 +85,6 @@ void FormFlow::invoiceFormUnloaded(CreditorKind kind)
     if (IsEnding())
         return;
     m_main->reload();
-    raiseChooser();
 }
 
 } // namespace saldoro
