@@ -5,7 +5,6 @@
 #include "fuzzer.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QElapsedTimer>
 
 #include <cstdio>
@@ -22,9 +21,11 @@ struct Target
     int share; ///< cases in a row, so that quick targets get more of them
 };
 
-constexpr Target targets[] = {{"amount", FuzzAmount, 200}, {"find", FuzzFind, 2},
-                              {"date", FuzzDate, 200},     {"datebox", FuzzDateBox, 5},
-                              {"csv", FuzzCsv, 100},       {"rtf", FuzzRtf, 50}};
+constexpr Target targets[] = {{"amount", FuzzAmount, 200},
+                              {"date", FuzzDate, 200},
+                              {"datebox", FuzzDateBox, 5},
+                              {"csv", FuzzCsv, 100},
+                              {"rtf", FuzzRtf, 50}};
 
 bool runCase(const Target &target, quint64 seed)
 {
@@ -62,8 +63,6 @@ bool runRandom(qint64 milliseconds)
 
 int main(int argc, char *argv[])
 {
-    if (QDir(QStringLiteral("/dev/shm")).exists())
-        qputenv("TMPDIR", "/dev/shm");
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     if (argc == 2)

@@ -54,7 +54,6 @@ inline void RequireSame(const QString &input, const QString &program, const QStr
 
 /** One case each; a difference is a std::runtime_error. */
 void FuzzAmount(Random &random);  ///< ImportoDaTesto, FormatImporto
-void FuzzFind(Random &random);    ///< finds and queries on a table of texts
 void FuzzDate(Random &random);    ///< DataDaTesto, FormatData
 void FuzzDateBox(Random &random); ///< DateBox by keys
 void FuzzCsv(Random &random);     ///< CsvReader, AmountOf, AmountCell

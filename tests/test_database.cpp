@@ -90,6 +90,7 @@ private slots:
         QVERIFY(database.isStoredQuery(u"VISTA"_s) && !database.isStoredQuery(u"Tipi"_s));
         QVERIFY(!database.tableDef(u"Vista"_s));
         QCOMPARE(FaultOf([&] { created(path); }), Fault(FileExists));
+        QCOMPARE(FaultOf([&] { created(path + u"/x.mdb"_s); }), Fault(FileMissing));
         QCOMPARE(direct.run(u"INSERT INTO Tipi(Libero) VALUES('')"_s), QString());
         const QString copy = database.backUpBeside();
         QVERIFY(copy.startsWith(path.chopped(4) + u" copia "_s) && copy.endsWith(u".mdb"));
