@@ -225,8 +225,8 @@ private slots:
     void storedValuesOfTheWrongKind()
     {
         stored(u"INSERT INTO Voci(Npag, Importo, Del, Cod, Breve) VALUES"
-               "('x', 'y', 'ieri', CAST(x'61FF62' AS TEXT), 3000000000),"
-               "(NULL, 1.5, '2002-03-09 10:20:30', x'6162', NULL)"_s);
+               "('x', 'y', '2002-03-09x', CAST(x'61FF62' AS TEXT), 3000000000),"
+               "(7, 1.5, '2002-03-09 10:20:30', x'6162', NULL)"_s);
         RecordSet set = open();
         const auto faultIn = [&](const QString &field, const auto &read) {
             return FaultOf([&] { (void)(set.field(field).*read)(); });
@@ -241,6 +241,7 @@ private slots:
         QVERIFY(!set.field(u"Cod"_s).storedBytes());
         set.moveNext();
         QCOMPARE(set.field(u"Importo"_s).currency().scaled(), 2); // ties to even
+        QCOMPARE(set.field(u"Npag"_s).currency().scaled(), 70000);
         QCOMPARE(set.field(u"Del"_s).date(), QDate(2002, 3, 9));
         QCOMPARE(set.field(u"Cod"_s).text(), u"ab"_s);
         QCOMPARE(set.field(u"Del"_s).storedBytes(), QByteArrayView("2002-03-09 10:20:30"));
