@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Static analysis (clang-tidy) of src and tools: what is delivered and what makes its archives. It
-# takes ten seconds a unit, so that tests, crash, fuzz and bench are left to the compiler's warnings
+# takes ten seconds a unit, so that tests, crash and bench are left to the compiler's warnings
 # and to being run; and a build that compiles whole folders at once has a quarter of the units.
 #
 #   scripts/analyse.sh [BUILD_FOLDER]     default build/dev, which must be built

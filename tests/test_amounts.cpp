@@ -1,12 +1,13 @@
-// Currency arithmetic, and what random amounts do not reach in their texts.
-
 #include "common/amount_text.h"
 #include "common/date_text.h"
 #include "common/errors.h"
 #include "common/number_text.h"
 #include "common/rounding.h"
 
+#include <QRegularExpression>
 #include <QTest>
+
+#include <random>
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
@@ -15,6 +16,23 @@ namespace {
 
 constexpr qint64 Largest = std::numeric_limits<qint64>::max();
 constexpr qint64 Smallest = std::numeric_limits<qint64>::min();
+
+/** A count of ten-thousandths in Italian notation, to four decimals and ungrouped. */
+QString written(qint64 scaled)
+{
+    const QString digits = QString::number(scaled).remove(u'-').rightJustified(5, u'0');
+    return (scaled < 0 ? u"-"_s : QString()) + digits.chopped(4) + u',' + digits.right(4);
+}
+
+/** The same to two decimals, half away from zero, and grouped. */
+QString shown(qint64 scaled)
+{
+    static const QRegularExpression groupEnd(u"\\B(?=([0-9]{3})+,)"_s);
+    const quint64 magnitude = scaled < 0 ? -static_cast<quint64>(scaled) : quint64(scaled);
+    QString text = QString::number((magnitude + 50) / 100).rightJustified(3, u'0');
+    text.insert(text.size() - 2, u',');
+    return (scaled < 0 ? u"-"_s : QString()) + text.replace(groupEnd, u"."_s);
+}
 
 } // namespace
 
@@ -28,6 +46,28 @@ private slots:
         QCOMPARE(FormatImporto(Currency::fromScaled(Smallest)), u"-922.337.203.685.477,58"_s);
         QCOMPARE(FormatImportoEuro(Currency::fromScaled(-1)), u"€ -0,00"_s);
         QCOMPARE(FormatImportoEuro(Currency()), QString());
+    }
+
+    /** Other amounts in each run. */
+    void randomAmounts()
+    {
+        std::mt19937_64 random(std::random_device{}());
+        for (int left = 50'000; left > 0; --left) {
+            const auto any = static_cast<qint64>(random()) >> (random() % 64);
+            QCOMPARE(FormatImporto(Currency::fromScaled(any)), shown(any));
+            // Fifteen digits: within them every amount has a floating number of its own.
+            const qint64 scaled = any % 1'000'000'000'000'000;
+            QString text = written(scaled);
+            text.append(
+                QStringList{{}, u" euro"_s, u",5"_s, u"-"_s, u" €"_s}[qint64(random() % 5)]);
+            for (const QChar stray : {u'.', u' '})
+                text.insert(qint64(random() % size_t(text.size())), stray);
+            QString plain = QString(text).remove(u'.');
+            plain[plain.indexOf(u',')] = u'.';
+            QCOMPARE(text + u'=' + QString::number(ImportoDaTesto(QString(text)).scaled()),
+                     text + u'=' + QString::number(scaled));
+            QCOMPARE(PuntoDecimale(text), plain);
+        }
     }
 
     void leadingNumber()

@@ -1,19 +1,17 @@
 #include "exchange/csv_reader.h"
 #include "exchange/csv_values.h"
-#include "fuzzer.h"
 
 #include <QRegularExpression>
+#include <QTest>
 
-namespace saldoro {
+#include <random>
 
+using namespace saldoro;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString shown(const QString &cell)
-{
-    return cell.isNull() ? u"-"_s : u'<' + cell;
-}
+constexpr int Cases = 100'000;
 
 QString readQuickly(const QString &text)
 {
@@ -24,7 +22,7 @@ QString readQuickly(const QString &text)
         while (reader.next(row)) {
             rows += u'\n' + QString::number(row.line);
             for (const QString &cell : row.cells)
-                rows += shown(cell);
+                rows += cell.isNull() ? u"-"_s : u'<' + cell;
         }
     } catch (const CsvFault &) {
         rows += u"\nfault"_s;
@@ -76,25 +74,53 @@ QString amountSlowly(const QString &text, CsvDialect dialect)
 
 } // namespace
 
-void FuzzCsv(Random &random)
+/** Random files and amounts beside slow readers of them, other ones in each run. */
+class TestCsvReader : public QObject
 {
-    const QString text =
-        random.text({u"\""_s, u"\""_s, u"\"\""_s, u";"_s, u";"_s, u"\n"_s, u"\r\n"_s, u"\r"_s,
-                     u","_s, u" "_s, u"a"_s, u"è"_s, u"\";\""_s, u"\"\n"_s, QString(QChar(0))},
-                    14);
-    RequireSame(text, readQuickly(text), readSlowly(text));
-    const QString amount = random.text({u"€"_s, u" "_s, u"-"_s, u"+"_s, u""_s, u""_s}, 3) +
-                           random.text({u"1"_s, u"234"_s, u".567"_s, u"."_s, u","_s, u".00"_s,
-                                        u"922337203685477"_s, u"5807"_s, u"5808"_s, u"e"_s},
-                                       6) +
-                           random.text({u"€"_s, u" "_s, u"-"_s, u""_s}, 2);
-    for (const CsvDialect dialect : {CsvDialect::Italian, CsvDialect::International}) {
-        const auto read = AmountOf(amount, dialect);
-        RequireSame(amount, read ? QString::number(read->scaled()) : u"none"_s,
-                    amountSlowly(amount, dialect));
-        if (read && AmountOf(AmountCell(*read), CsvDialect::Italian) != read)
-            Differ(amount, AmountCell(*read), u"the amount again"_s);
-    }
-}
+    Q_OBJECT
 
-} // namespace saldoro
+private slots:
+    void files()
+    {
+        for (int left = Cases; left > 0; --left) {
+            const QString text = randomText({u"\""_s, u"\""_s, u"\"\""_s, u";"_s, u";"_s, u"\n"_s,
+                                             u"\r\n"_s, u"\r"_s, u","_s, u" "_s, u"a"_s, u"è"_s,
+                                             u"\";\""_s, u"\"\n"_s, QString(QChar(0))},
+                                            14);
+            QCOMPARE(text + u" -> "_s + readQuickly(text), text + u" -> "_s + readSlowly(text));
+        }
+    }
+
+    void amounts()
+    {
+        for (int left = Cases; left > 0; --left) {
+            const QString text = randomText({u"€"_s, u" "_s, u"-"_s, u"+"_s, u""_s, u""_s}, 3) +
+                                 randomText({u"1"_s, u"234"_s, u".567"_s, u"."_s, u","_s, u".00"_s,
+                                             u"922337203685477"_s, u"5807"_s, u"5808"_s, u"e"_s},
+                                            6) +
+                                 randomText({u"€"_s, u" "_s, u"-"_s, u""_s}, 2);
+            for (const CsvDialect dialect : {CsvDialect::Italian, CsvDialect::International}) {
+                const auto read = AmountOf(text, dialect);
+                QCOMPARE(text + u'=' + (read ? QString::number(read->scaled()) : u"none"_s),
+                         text + u'=' + amountSlowly(text, dialect));
+                QVERIFY2(!read || AmountOf(AmountCell(*read), CsvDialect::Italian) == read,
+                         qPrintable(text));
+            }
+        }
+    }
+
+private:
+    /** Up to @p most pieces in a row. */
+    QString randomText(const QStringList &pieces, int most)
+    {
+        QString text;
+        for (auto left = m_random() % static_cast<unsigned>(most + 1); left > 0; --left)
+            text += pieces[static_cast<qsizetype>(m_random() % static_cast<size_t>(pieces.size()))];
+        return text;
+    }
+
+    std::mt19937 m_random{std::random_device{}()};
+};
+
+QTEST_GUILESS_MAIN(TestCsvReader)
+#include "test_csv_reader.moc"
