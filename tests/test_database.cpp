@@ -184,14 +184,20 @@ private slots:
         constexpr int forGood = 60000;
         const QString refused = Fault(Locked, u"Tipi"_s) + u", 1, 1"_s;
         std::vector<std::pair<std::future<QString>, QString>> outcomes;
+#ifdef Q_OS_WIN
+        // One after the other: there the toolkit's patterns do not outlive a second thread.
+        constexpr auto launch = std::launch::deferred;
+#else
+        constexpr auto launch = std::launch::async;
+#endif
         for (const auto &[lock, action, held, outcome] :
              {std::tuple("BEGIN EXCLUSIVE", add, 300, u", 1 2, 1\n2"_s),
               {"BEGIN EXCLUSIVE", add, forGood, refused},
               {"BEGIN IMMEDIATE", remove, forGood, refused},
               {"BEGIN; SELECT count(*) FROM Tipi", add, forGood, refused},
               {"BEGIN; SELECT count(*) FROM Tipi", remove, forGood, refused}})
-            outcomes.emplace_back(
-                std::async(std::launch::async, attempt, newPath(), lock, action, held), outcome);
+            outcomes.emplace_back(std::async(launch, attempt, newPath(), lock, action, held),
+                                  outcome);
         for (auto &[found, expected] : outcomes)
             QCOMPARE(found.get(), expected);
     }

@@ -211,7 +211,8 @@ private slots:
         Project project;
         project.addPayments(u"A"_s, {1});
         project.close();
-        QVERIFY(QFile::rename(project.path(u"P99P99.rtf"_s), project.path({}) + u"/p99P99.RTF"_s));
+        const QFileInfo document(project.path(u"P99P99.rtf"_s));
+        QVERIFY(QFile::rename(document.filePath(), document.path() + u"/p99P99.RTF"_s));
         project.archive.execute(LedgerPath(project.values), u"UPDATE Fatture SET Npag = 8"_s);
         QCOMPARE(project.close(), QString());
         QCOMPARE(project.documents().count(u".rtf"_s, Qt::CaseInsensitive), 5);

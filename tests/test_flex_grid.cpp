@@ -155,7 +155,7 @@ private:
         }
         m_grid->setWidths({400, FlexGrid::Rest, 1100});
         table.setRightAligned({2});
-        m_window->resize(600, 400);
+        m_window->resize(1000, 400);
         m_window->show();
         if (!QTest::qWaitForWindowActive(m_window.get()))
             QFAIL("the window does not become active");

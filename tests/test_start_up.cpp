@@ -28,7 +28,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString SaldoroProgram = QStringLiteral(SALDORO_PROGRAM);
+const QString SaldoroProgram = QFileInfo(QStringLiteral(SALDORO_PROGRAM)).absoluteFilePath();
 
 void setArchivesRoot(const QString &root)
 {
