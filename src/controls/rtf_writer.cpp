@@ -6,25 +6,27 @@
 #include <QIODevice>
 
 #include <algorithm>
+#include <string>
 
 namespace saldoro {
 
 namespace {
 
 /** Characters of a text that are turned into bytes at a time, at most twelve each. */
-constexpr qsizetype pieceSize = 8'000;
+constexpr qsizetype pieceSize = 32'000;
 
 /** Hands bytes to the device and empties them; false when the device refuses. */
-bool flush(QByteArray &out, QIODevice &device)
+bool flush(std::string &out, QIODevice &device)
 {
     // A device that runs full takes part of them first and says why only when asked again.
-    for (qsizetype written = 0; written < out.size();) {
-        const qint64 taken = device.write(out.constData() + written, out.size() - written);
+    const auto size = static_cast<qint64>(out.size());
+    for (qint64 written = 0; written < size;) {
+        const qint64 taken = device.write(out.data() + written, size - written);
         if (taken <= 0)
             return false;
         written += taken;
     }
-    out.resize(0);
+    out.clear();
     return true;
 }
 
@@ -47,22 +49,22 @@ bool isHalfAlone(QStringView text, qsizetype place)
     return text[place].isLowSurrogate() && (place == 0 || !text[place - 1].isHighSurrogate());
 }
 
-void appendByteEscape(QByteArray &out, unsigned char byte)
+void appendByteEscape(std::string &out, unsigned char byte)
 {
-    out += "\\'" + QByteArray(1, static_cast<char>(byte)).toHex();
+    out += "\\'" + QByteArray(1, static_cast<char>(byte)).toHex().toStdString();
 }
 
 /** A character beyond ASCII, or one half of one beyond the basic plane. The number is signed and
  *  of 16 bits; the fallback is always a byte escape, since some readers drop all plain text that
  *  follows the number up to the next control word. */
-void appendUnicode(QByteArray &out, char16_t unit)
+void appendUnicode(std::string &out, char16_t unit)
 {
-    out += "\\u" + QByteArray::number(static_cast<qint16>(unit));
+    out += "\\u" + std::to_string(static_cast<qint16>(unit));
     appendByteEscape(out, CodePageByte(unit).value_or('?'));
 }
 
 /** A character that does not stand for itself. */
-void appendSpecial(QByteArray &out, QStringView text, qsizetype place)
+void appendSpecial(std::string &out, QStringView text, qsizetype place)
 {
     constexpr char16_t replacement = QChar::ReplacementCharacter;
     const char16_t unit = text[place].unicode();
@@ -75,31 +77,31 @@ void appendSpecial(QByteArray &out, QStringView text, qsizetype place)
     else if (unit >= 0x80)
         appendUnicode(out, isHalfAlone(text, place) ? replacement : unit);
     else if (unit >= u' ' && unit < 0x7f)
-        out += QByteArray("\\") + static_cast<char>(unit);
+        out += {'\\', static_cast<char>(unit)};
     else if (unit != 0)
         appendByteEscape(out, static_cast<unsigned char>(unit));
 }
 
 /** Appends the characters of @p text from @p first up to @p last. */
-void appendText(QByteArray &out, QStringView text, qsizetype first, qsizetype last)
+void appendText(std::string &out, QStringView text, qsizetype first, qsizetype last)
 {
-    const QChar *const stop = text.begin() + last;
-    for (const QChar *at = text.begin() + first; at != stop; ++at) {
-        const QChar *const special = std::find_if_not(at, stop, standsForItself);
-        out += QStringView(at, special).toLatin1();
-        if (special == stop)
-            return;
-        appendSpecial(out, text, special - text.begin());
-        at = special;
+    for (qsizetype place = first; place < last; ++place) {
+        const QChar *const start = text.begin() + place;
+        const QChar *const special = std::find_if_not(start, text.begin() + last, standsForItself);
+        if (special != start)
+            out += QStringView(start, special).toLatin1();
+        place += special - start;
+        if (place < last)
+            appendSpecial(out, text, place);
     }
 }
 
 /** Sheets of A4 with margins of 20 mm leave 482 points for a line; 93 characters take 474. */
-QByteArray header(const QString &fontName)
+std::string header(const QString &fontName)
 {
     // Readers that lack the font pick one like it.
     const bool isFixedPitch = fontName.startsWith(u"Courier", Qt::CaseInsensitive);
-    QByteArray out = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0";
+    std::string out = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0";
     out += isFixedPitch ? "\\fmodern\\fprq1" : "\\fswiss\\fprq2";
     out += "\\fcharset0 ";
     appendText(out, fontName, 0, fontName.size());
@@ -117,7 +119,7 @@ bool endsInLineBreak(const QString &text)
 
 bool WriteRtf(QIODevice &device, const QString &text, const QString &fontName)
 {
-    QByteArray out = header(fontName);
+    std::string out = header(fontName);
     for (qsizetype at = 0; at < text.size(); at += pieceSize) {
         appendText(out, text, at, std::min(at + pieceSize, text.size()));
         if (!flush(out, device))

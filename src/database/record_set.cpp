@@ -50,7 +50,8 @@ struct RecordSet::Data
     {
         for (int column = 0; column < rows->fields().size(); ++column) {
             const QString &own = rows->fields()[column].name;
-            if (own.size() == name.size() && own.compare(name, Qt::CaseInsensitive) == 0)
+            if (own.size() == name.size() &&
+                (own == name || own.compare(name, Qt::CaseInsensitive) == 0))
                 return column;
         }
         throw error(DatabaseFault::FieldMissing, name);

@@ -6,7 +6,7 @@
 #include "store/ledger.h"
 
 #include <QRegularExpression>
-#include <QStringList>
+#include <QStringBuilder>
 
 namespace saldoro {
 
@@ -32,36 +32,43 @@ QString amount(const RecordSet &payment, const QString &field)
     return FormatImporto(payment.field(field).currency());
 }
 
-QStringList professionalLines(const RecordSet &payment)
+void addProfessionalLines(QString &lines, const RecordSet &payment)
 {
-    return {u"Altri Importi ..............: "_s + FormatImporto(OtherAmounts(payment)),
-            u"Elenco analitico voci spesa "_s,
-            u"  Importo Prestazione ......: "_s + amount(payment, u"ImportoPrest"_s),
-            u"  Contributo pre.le 4% .....: "_s + amount(payment, u"Contributo"_s),
-            u"  Cassa Previdenza 2% ......: "_s + amount(payment, u"CassaPrev"_s),
-            u"  Iva lavori ...............: "_s + amount(payment, u"ImportoIVA"_s),
-            u"  Importo R.A. .............: "_s + amount(payment, u"ImportoRA"_s),
-            u"  Note ..:"_s};
+    lines += u"\r\nAltri Importi ..............: " % FormatImporto(OtherAmounts(payment));
+    lines += u"\r\nElenco analitico voci spesa ";
+    lines += u"\r\n  Importo Prestazione ......: " % amount(payment, u"ImportoPrest"_s);
+    lines += u"\r\n  Contributo pre.le 4% .....: " % amount(payment, u"Contributo"_s);
+    lines += u"\r\n  Cassa Previdenza 2% ......: " % amount(payment, u"CassaPrev"_s);
+    lines += u"\r\n  Iva lavori ...............: " % amount(payment, u"ImportoIVA"_s);
+    lines += u"\r\n  Importo R.A. .............: " % amount(payment, u"ImportoRA"_s);
+    lines += u"\r\n  Note ..:";
 }
 
-QStringList companyLines(const RecordSet &payment)
+void addCompanyLines(QString &lines, const RecordSet &payment)
 {
-    return {u"Elenco analitico voci spesa "_s,
-            u"  Importo lavori ...........: "_s + amount(payment, u"Importo"_s),
-            u"  Iva lavori ...............: "_s + amount(payment, u"ImportoIVA"_s), u"Note ..:"_s};
+    lines += u"\r\nElenco analitico voci spesa ";
+    lines += u"\r\n  Importo lavori ...........: " % amount(payment, u"Importo"_s);
+    lines += u"\r\n  Iva lavori ...............: " % amount(payment, u"ImportoIVA"_s);
+    lines += u"\r\nNote ..:";
 }
 
 QString statement(const RecordSet &payment, Currency gross)
 {
+    constexpr qsizetype usualLength = 768;
     const auto text = [&](const QString &field) { return payment.field(field).textOrEmpty(); };
-    QStringList lines{u"Numero Pagamento ...........: "_s + payment.field(u"Npag"_s).text(),
-                      u"Creditore ..................: "_s + text(u"Creditore"_s),
-                      u"Descrizione ................: "_s + text(u"Descrizione"_s),
-                      u"Titolo (fattura) ...........: "_s + title(payment),
-                      u"Importo totale pagato ......: "_s + FormatImporto(gross)};
-    lines += IsProfessional(payment) ? professionalLines(payment) : companyLines(payment);
-    lines += text(u"Memo"_s);
-    return lines.join(u"\r\n"_s);
+    QString lines;
+    lines.reserve(usualLength);
+    lines += u"Numero Pagamento ...........: " % payment.field(u"Npag"_s).text();
+    lines += u"\r\nCreditore ..................: " % text(u"Creditore"_s);
+    lines += u"\r\nDescrizione ................: " % text(u"Descrizione"_s);
+    lines += u"\r\nTitolo (fattura) ...........: " % title(payment);
+    lines += u"\r\nImporto totale pagato ......: " % FormatImporto(gross);
+    if (IsProfessional(payment))
+        addProfessionalLines(lines, payment);
+    else
+        addCompanyLines(lines, payment);
+    lines += u"\r\n" % text(u"Memo"_s);
+    return lines;
 }
 
 } // namespace
