@@ -41,7 +41,7 @@ int startProgram(int argc, char **argv, const QString &project)
     FormFlow forms(values);
     StartUp startUp(values);
     return application.run([&] {
-        const bool goesOn = startUp.run(u"TUSMQDE7W"_s + project);
+        const bool goesOn = startUp.run(LaunchToken.toString() + project);
         if (goesOn)
             forms.showMainForm();
         return goesOn;

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int RandomTexts = 12;
+constexpr int randomTexts = 12;
 
 void writeCase(const QString &folder, const QString &name, const QString &text)
 {
@@ -48,7 +48,7 @@ void writeTexts(const QString &folder)
         writeCase(folder, name, text);
     }
     std::mt19937 random(19970514);
-    for (int number = 0; number < RandomTexts; ++number) {
+    for (int number = 0; number < randomTexts; ++number) {
         // A letter at the end: what stands last must not be one that a reader drops.
         writeCase(folder, u"random-%1"_s.arg(number), HostileText(random, 2000 * number) + u'z');
     }

@@ -14,8 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 Largest = std::numeric_limits<qint64>::max();
-constexpr qint64 Smallest = std::numeric_limits<qint64>::min();
+constexpr qint64 largest = std::numeric_limits<qint64>::max();
+constexpr qint64 smallest = std::numeric_limits<qint64>::min();
 
 /** A count of ten-thousandths in Italian notation, to four decimals and ungrouped. */
 QString written(qint64 scaled)
@@ -43,7 +43,7 @@ class TestAmounts : public QObject
 private slots:
     void shownAmounts()
     {
-        QCOMPARE(FormatImporto(Currency::fromScaled(Smallest)), u"-922.337.203.685.477,58"_s);
+        QCOMPARE(FormatImporto(Currency::fromScaled(smallest)), u"-922.337.203.685.477,58"_s);
         QCOMPARE(FormatImportoEuro(Currency::fromScaled(-1)), u"€ -0,00"_s);
         QCOMPARE(FormatImportoEuro(Currency()), QString());
     }
@@ -82,13 +82,13 @@ private slots:
 
     void currencyBounds()
     {
-        const Currency top = Currency::fromScaled(Largest);
-        const Currency bottom = Currency::fromScaled(Smallest);
+        const Currency top = Currency::fromScaled(largest);
+        const Currency bottom = Currency::fromScaled(smallest);
         const Currency least = Currency::fromScaled(1);
         QCOMPARE((top + bottom).scaled(), qint64{-1});
-        QCOMPARE((top - least + least).scaled(), Largest);
+        QCOMPARE((top - least + least).scaled(), largest);
         QCOMPARE(Currency::fromWhole(-922'337'203'685'477).scaled(), -9'223'372'036'854'770'000);
-        QCOMPARE(Currency::fromDouble(-922'337'203'685'477.5808).scaled(), Smallest);
+        QCOMPARE(Currency::fromDouble(-922'337'203'685'477.5808).scaled(), smallest);
         for (const auto &beyond : QList<std::function<void()>>{
                  [=] { top + least; }, [=] { bottom - least; }, [=] { Currency() - bottom; },
                  [] { Currency::fromWhole(922'337'203'685'478); },

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int Cases = 100'000;
+constexpr int cases = 100'000;
 
 QString readQuickly(const QString &text)
 {
@@ -82,7 +82,7 @@ class TestCsvReader : public QObject
 private slots:
     void files()
     {
-        for (int left = Cases; left > 0; --left) {
+        for (int left = cases; left > 0; --left) {
             const QString text = randomText({u"\""_s, u"\""_s, u"\"\""_s, u";"_s, u";"_s, u"\n"_s,
                                              u"\r\n"_s, u"\r"_s, u","_s, u" "_s, u"a"_s, u"è"_s,
                                              u"\";\""_s, u"\"\n"_s, QString(QChar(0))},
@@ -93,7 +93,7 @@ private slots:
 
     void amounts()
     {
-        for (int left = Cases; left > 0; --left) {
+        for (int left = cases; left > 0; --left) {
             const QString text = randomText({u"€"_s, u" "_s, u"-"_s, u"+"_s, u""_s, u""_s}, 3) +
                                  randomText({u"1"_s, u"234"_s, u".567"_s, u"."_s, u","_s, u".00"_s,
                                              u"922337203685477"_s, u"5807"_s, u"5808"_s, u"e"_s},

@@ -230,7 +230,7 @@ int main(int argc, char *argv[])
     const QString pictures = QString::fromLocal8Bit(argv[2]);
     // The tour is over when it returns: there is no loop to be entered.
     return application.run([&] {
-        if (startUp.run(u"TUSMQDE7W"_s + QString::fromLocal8Bit(argv[1]))) {
+        if (startUp.run(LaunchToken.toString() + QString::fromLocal8Bit(argv[1]))) {
             forms.showMainForm();
             DemoTour(values, forms, pictures).run();
         }

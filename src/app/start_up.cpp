@@ -10,18 +10,9 @@
 
 namespace saldoro {
 
-namespace {
-
-/** What the suite puts in front of the project code when it starts this program. */
-constexpr QStringView launchToken = u"TUSMQDE7W";
-
-constexpr QStringView defaultProject = u"00039";
-
-} // namespace
-
 QString ProjectCodeFromTail(const QString &tail)
 {
-    return tail.startsWith(launchToken) ? tail.mid(launchToken.size()) : defaultProject.toString();
+    return tail.startsWith(LaunchToken) ? tail.mid(LaunchToken.size()) : DefaultProject.toString();
 }
 
 StartUp::StartUp(ProgramValues &values)

@@ -6,6 +6,12 @@
 
 namespace saldoro {
 
+/** What the suite puts in front of the project's code when it starts this program. */
+inline constexpr QStringView LaunchToken = u"TUSMQDE7W";
+
+/** The project that the program opens when it is started without one. */
+inline constexpr QStringView DefaultProject = u"00039";
+
 /** The values that live for a whole run and are shared by its parts; passed in, never global. */
 struct ProgramValues
 {

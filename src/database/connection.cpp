@@ -71,8 +71,8 @@ void Connection::copyTo(Connection &copy) const
     sqlite3_backup *backup = sqlite3_backup_init(copy.handle(), "main", handle(), "main");
     if (backup == nullptr)
         copy.fail(sqlite3_errcode(copy.handle()), {});
-    constexpr int AllPages = -1;
-    const int step = sqlite3_backup_step(backup, AllPages); // waits for a locked file
+    constexpr int allPages = -1;
+    const int step = sqlite3_backup_step(backup, allPages); // waits for a locked file
     const int code = sqlite3_backup_finish(backup);
     if (step != SQLITE_DONE)
         copy.fail(code == SQLITE_OK ? step : code, {});

@@ -22,11 +22,11 @@ namespace {
 QString tenThousandthsText(qint64 scaled)
 {
     static const QRegularExpression trailing(u"\\.?0+$"_s);
-    constexpr int Decimals = 4;
+    constexpr int decimals = 4;
     QString digits = QString::number(scaled);
     const QString sign = scaled < 0 ? u"-"_s : QString();
-    digits = digits.sliced(sign.size()).rightJustified(Decimals + 1, u'0');
-    digits.insert(digits.size() - Decimals, u'.');
+    digits = digits.sliced(sign.size()).rightJustified(decimals + 1, u'0');
+    digits.insert(digits.size() - decimals, u'.');
     return sign + digits.remove(trailing);
 }
 
@@ -40,13 +40,13 @@ QString realText(double value)
  *  anything else. */
 std::optional<QDate> dayOf(const StoredValue &value)
 {
-    constexpr qsizetype DayLength = 10;
+    constexpr qsizetype dayLength = 10;
     const auto *text = std::get_if<QByteArrayView>(&value);
-    if (text == nullptr || text->size() < DayLength)
+    if (text == nullptr || text->size() < dayLength)
         return std::nullopt;
-    if (text->size() > DayLength && (*text)[DayLength] != ' ' && (*text)[DayLength] != 'T')
+    if (text->size() > dayLength && (*text)[dayLength] != ' ' && (*text)[dayLength] != 'T')
         return std::nullopt;
-    const QDate day = QDate::fromString(QString::fromLatin1(text->first(DayLength)), Qt::ISODate);
+    const QDate day = QDate::fromString(QString::fromLatin1(text->first(dayLength)), Qt::ISODate);
     return day.isValid() ? std::optional(day) : std::nullopt;
 }
 

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /** The position of a record in its table, as the engine calls it. */
-constexpr QLatin1StringView RowIdName("_rowid_");
+constexpr QLatin1StringView rowIdName("_rowid_");
 
 QString withOrderOfTexts(const QString &sql)
 {
@@ -65,7 +65,7 @@ EngineQuery EngineQueryFor(const QString &sql)
         return query;
     query.singleTable = match.captured(3) + match.captured(4) + match.captured(5);
     query.textWithRowId = query.text;
-    query.textWithRowId.insert(match.capturedEnd(1), RowIdName + u", "_s);
+    query.textWithRowId.insert(match.capturedEnd(1), rowIdName + u", "_s);
     return query;
 }
 
@@ -95,12 +95,12 @@ QString InsertSql(const QString &table, const QStringList &fields)
 QString UpdateSql(const QString &table, const QStringList &fields)
 {
     return u"UPDATE "_s + QuotedName(table) + u" SET "_s + quoted(fields).join(u" = ?, "_s) +
-           u" = ? WHERE "_s + RowIdName + u" = ?"_s;
+           u" = ? WHERE "_s + rowIdName + u" = ?"_s;
 }
 
 QString DeleteSql(const QString &table, const QStringList & /*none*/)
 {
-    return u"DELETE FROM "_s + QuotedName(table) + u" WHERE "_s + RowIdName + u" = ?"_s;
+    return u"DELETE FROM "_s + QuotedName(table) + u" WHERE "_s + rowIdName + u" = ?"_s;
 }
 
 } // namespace saldoro

@@ -19,7 +19,7 @@ const NewValue Untold = QDate();
 /** The field's value, exactly. */
 NewValue valueOf(FieldType type, const FieldValue &stored)
 {
-    constexpr qsizetype DayLength = 10;
+    constexpr qsizetype dayLength = 10;
     try {
         if (stored.isNull())
             return {};
@@ -34,7 +34,7 @@ NewValue valueOf(FieldType type, const FieldValue &stored)
     if (!bytes)
         return Untold;
     if (type == FieldType::Date && !bytes->isEmpty())
-        return bytes->size() == DayLength ? stored.dateOrNone() : QDate();
+        return bytes->size() == dayLength ? stored.dateOrNone() : QDate();
     return TextOfUtf8(*bytes);
 }
 

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int MostDecimals = 4;
+constexpr int mostDecimals = 4;
 
 /** Takes a character off the front, with the blanks behind it. */
 bool take(QStringView &text, QChar character)
@@ -43,7 +43,7 @@ std::optional<Currency> AmountOf(QStringView text, CsvDialect dialect)
     const qsizetype mark = text.indexOf(isItalian ? u',' : u'.');
     const QStringView whole = text.first(mark < 0 ? text.size() : mark);
     const QStringView decimals = mark < 0 ? QStringView(u"0") : text.sliced(mark + 1);
-    if (whole.isEmpty() || decimals.isEmpty() || decimals.size() > MostDecimals ||
+    if (whole.isEmpty() || decimals.isEmpty() || decimals.size() > mostDecimals ||
         (isItalian ? whole.contains(u'.') && !isGrouped(whole) : decimals.size() == 3))
         return std::nullopt;
     QString digits = whole.toString().remove(u'.');
@@ -51,7 +51,7 @@ std::optional<Currency> AmountOf(QStringView text, CsvDialect dialect)
     if (!std::all_of(digits.begin(), digits.end(),
                      [](QChar character) { return character >= u'0' && character <= u'9'; }))
         return std::nullopt;
-    digits.resize(digits.size() + MostDecimals - decimals.size(), u'0');
+    digits.resize(digits.size() + mostDecimals - decimals.size(), u'0');
     bool fits = false;
     const qint64 scaled = (isNegative ? u'-' + digits : digits).toLongLong(&fits);
     return fits ? std::optional(Currency::fromScaled(scaled)) : std::nullopt;
@@ -80,11 +80,11 @@ QString AmountCell(Currency amount)
 {
     QString text = QString::number(amount.scaled());
     const qsizetype sign = amount < Currency() ? 1 : 0;
-    while (text.size() < sign + 1 + MostDecimals)
+    while (text.size() < sign + 1 + mostDecimals)
         text.insert(sign, u'0');
     const bool hasCents = text.endsWith("00"_L1);
     text.chop(hasCents ? 2 : 0);
-    text.insert(text.size() - (hasCents ? 2 : MostDecimals), u',');
+    text.insert(text.size() - (hasCents ? 2 : mostDecimals), u',');
     return text;
 }
 

@@ -2,6 +2,7 @@
 
 #include "common/archive_folders.h"
 #include "common/errors.h"
+#include "common/program_values.h"
 #include "platform/machine_path.h"
 #include "platform/registry.h"
 
@@ -14,14 +15,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** The project that the program opens by itself. */
-constexpr QStringView MenuProject = u"00039";
-
 QString command(const ProjectPlace &place)
 {
     const bool isWindows = RegistryFilePath().isEmpty(); // its registry is no file
     return (isWindows ? u"Saldoro.exe"_s : u"saldoro"_s) +
-           (place.code == MenuProject ? u", o dal menu"_s : u" TUSMQDE7W"_s + place.code);
+           (place.code == DefaultProject ? u", o dal menu"_s
+                                         : u' ' + LaunchToken.toString() + place.code);
 }
 
 bool isSameFolder(const QString &one, const QString &other)
