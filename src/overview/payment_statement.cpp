@@ -5,7 +5,6 @@
 #include "common/errors.h"
 #include "store/ledger.h"
 
-#include <QRegularExpression>
 #include <QStringBuilder>
 
 namespace saldoro {
@@ -14,10 +13,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString withoutOuterBlanks(const QString &text)
+QString withoutOuterBlanks(QString text)
 {
-    static const QRegularExpression outerBlanks(u"^ +| +\\z"_s);
-    return QString(text).remove(outerBlanks);
+    while (text.startsWith(u' '))
+        text.remove(0, 1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
 }
 
 QString title(const RecordSet &payment)

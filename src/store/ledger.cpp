@@ -82,7 +82,8 @@ bool FindAllocation(RecordSet &allocations, const QString &code)
 
 bool IsProfessional(const RecordSet &payments)
 {
-    return payments.field(u"AziProf"_s).textOrEmpty() == KindCode(CreditorKind::Professional);
+    return payments.field(u"AziProf"_s).storedBytes() ==
+           KindCode(CreditorKind::Professional).toLatin1();
 }
 
 Currency OtherAmounts(const RecordSet &payments)
