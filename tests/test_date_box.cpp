@@ -76,6 +76,8 @@ private slots:
                                         {u"1/2/03"_s, u"HRRRR"_s, u"01/02/03__"_s},
                                         {u"07/0"_s, u"H"_s, u"07/02/1999"_s},
                                         {u"1 gennaio"_s, u"A"_s, date},
+                                        {u" \n"_s, u"A"_s, date},
+                                        {u"/"_s, u"A"_s, date},
                                         {u"30/12/1999"_s, u"A"_s, u"30/12/1999"_s}};
         for (const QStringList &row : pasted) {
             QGuiApplication::clipboard()->setText(row.at(0));

@@ -115,7 +115,9 @@ public:
         const qsizetype first = std::min(m_start, cursor);
         const qsizetype last = m_before.size() - (text.size() - cursor);
         const QString typed = text.sliced(first, cursor - first).trimmed();
-        if (!isTypeable(typed))
+        // Blanks, and a "/" alone, take nothing away.
+        if (!isTypeable(typed) || (typed.isEmpty() && first < cursor) ||
+            (typed == u"/" && first < last))
             return Invalid;
         MaskText mask{m_before, first};
         if (isWholeDate(typed) || !isMaskText(m_before))

@@ -61,6 +61,11 @@ Connection::Connection(const QString &path, FileAccess access)
         fail(code, {});
 }
 
+bool Connection::isReadOnly() const
+{
+    return sqlite3_db_readonly(handle(), "main") == 1;
+}
+
 qint64 Connection::lastRowId() const
 {
     return sqlite3_last_insert_rowid(handle());

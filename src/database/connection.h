@@ -34,6 +34,9 @@ public:
     const QString &path() const { return m_path; }
     sqlite3 *handle() const { return m_handle.get(); }
 
+    /** Whether the file takes no changes, however it was opened. */
+    bool isReadOnly() const;
+
     /** The row id of the record that was added last. */
     qint64 lastRowId() const;
 

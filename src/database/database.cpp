@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Makes a new file that holds one page of a database, as the engine does for a first change. */
+/** Makes a new, empty file; tells why it can't. */
 void createFile(const QString &path)
 {
     QFile file(path);
@@ -151,6 +151,8 @@ QString Database::path() const
 Transaction::Transaction(Database &database)
     : m_file(database.m_file)
 {
+    if (m_file->isReadOnly()) // which the engine would tell at the first change only
+        throw DatabaseError(DatabaseFault::ReadOnly, m_file->path());
     Statement(m_file, u"BEGIN IMMEDIATE"_s).run();
     m_isOpen = true;
 }

@@ -35,7 +35,7 @@ inline constexpr QLatin1StringView ZeroLengthConstraint("ZeroLength ");
 QString CreateTableSql(const TableDef &table);
 
 /** The statements on single records; the parameters are the values of the fields, behind them the
- *  id of the row. */
+ *  id of the row. A deletion has no fields, and takes them to be called like an update. */
 QString InsertSql(const QString &table, const QStringList &fields);
 QString UpdateSql(const QString &table, const QStringList &fields);
 QString DeleteSql(const QString &table, const QStringList &none);

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <utility>
@@ -85,13 +86,14 @@ void fill(Database database, const QList<const TableChange *> &changes)
     transaction.commit();
 }
 
-/** Changes a database after a copy of it has been put beside it. Gives what has been done. */
-QString changeFile(const QString &path, const QList<const TableChange *> &changes)
+/** Puts a copy beside a database that can be changed; gives its name. */
+QString backUp(const QString &path)
 {
     Database database = Database::open(path);
-    const QString copy = database.backUpBeside();
-    fill(std::move(database), changes);
-    return u"%1: cambiato; com'era sta in %2\n"_s.arg(QFileInfo(path).fileName(), copy);
+    {
+        const Transaction lock(database); // tells what takes no change, or is in use
+    }
+    return database.backUpBeside();
 }
 
 /** Makes a database aside, with all its tables, and renames it. Gives what has been done. */
@@ -154,14 +156,24 @@ public:
     /** Gives what has been written. */
     QString write()
     {
-        for (const ArchiveFile file : ArchiveFileList)
-            requireWritable(file);
-        QString done;
+        // What is in the way of one database is told before another one is changed; those that
+        // are new are made first.
+        std::map<ArchiveFile, QString> copies;
         for (const ArchiveFile file : ArchiveFileList) {
-            WithDetail(
-                u"Prima di questo"_s, [&done] { return done.trimmed(); },
-                [&] { done += write(file); });
+            if (exists(file) && !changesOf(file).isEmpty())
+                copies[file] = backUp(path(file));
         }
+        QString done;
+        const auto add = [&done](const std::function<QString()> &step) {
+            WithDetail(
+                u"Prima di questo"_s, [&done] { return done.trimmed(); }, [&] { done += step(); });
+        };
+        for (const ArchiveFile file : ArchiveFileList) {
+            if (!exists(file))
+                add([&] { return makeFile(file, path(file), changesOf(file)); });
+        }
+        for (const auto &[file, copy] : copies)
+            add([&, file = file, copy = copy] { return changeFile(file, copy); });
         for (const TableChange &change : m_changes)
             done += SummaryOf(table(change), change.table.rows) +
                     (change.isNeeded ? u"\n"_s : u" (c'era già, uguale)\n"_s);
@@ -240,22 +252,10 @@ private:
         return changes;
     }
 
-    /** A database that another program is at work on, or that takes no change, is told before
-     *  another one is changed. */
-    void requireWritable(ArchiveFile file) const
+    QString changeFile(ArchiveFile file, const QString &copy) const
     {
-        if (!exists(file) || changesOf(file).isEmpty())
-            return;
-        Database database = Database::open(path(file));
-        const Transaction lock(database);
-    }
-
-    QString write(ArchiveFile file) const
-    {
-        const auto changes = changesOf(file);
-        if (!exists(file))
-            return makeFile(file, path(file), changes);
-        return changes.isEmpty() ? QString() : changeFile(path(file), changes);
+        fill(Database::open(path(file)), changesOf(file));
+        return u"%1: cambiato; com'era sta in %2\n"_s.arg(QFileInfo(path(file)).fileName(), copy);
     }
 
     const ImportRequest &m_request;

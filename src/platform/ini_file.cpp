@@ -64,6 +64,9 @@ std::optional<QString> FindIniValue(const QString &fileName, const QString &sect
 bool AddIniValue(const QString &fileName, const QString &section, const QString &key,
                  const QString &value)
 {
+    const QFileInfo info(MachinePath(fileName));
+    if (info.exists() && !info.isReadable())
+        return false;
     QString content = contentOf(fileName);
     qsizetype place = sectionLine(section).match(content).capturedEnd();
     if (place < 0) {
@@ -73,8 +76,8 @@ bool AddIniValue(const QString &fileName, const QString &section, const QString 
         place = content.size() - 1;
     }
     content.insert(place, u'\n' + key + u"=\""_s + value + u'"');
-    QSaveFile file(MachinePath(fileName));
-    return QDir().mkpath(QFileInfo(file.fileName()).path()) && file.open(QIODevice::WriteOnly) &&
+    QSaveFile file(info.filePath());
+    return QDir().mkpath(info.path()) && file.open(QIODevice::WriteOnly) &&
            file.write(content.toUtf8()) >= 0 && file.commit();
 }
 

@@ -27,8 +27,9 @@ QString ReadIniString(const QString &fileName, const QString &section, const QSt
 std::optional<QString> FindIniValue(const QString &fileName, const QString &section,
                                     const QString &key);
 
-/** Adds a key that its section does not have yet, and the section if need be; all else stays as it
- *  is. @p value holds no line end and no double quote. False when the file can't be written. */
+/** Adds a key that its section does not have yet, and the section if need be; all other lines stay,
+ *  in UTF-8. @p value holds no line end and no double quote. False when the file is there and can't
+ *  be read, or can't be written. */
 bool AddIniValue(const QString &fileName, const QString &section, const QString &key,
                  const QString &value);
 
