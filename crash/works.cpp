@@ -60,7 +60,7 @@ void load(ProgramValues &values, TextTable &overview)
     FillAvailabilityOverview(overview, values);
     TextTable payments;
     PreparePaymentsList(payments);
-    FillPaymentsList(payments, values);
+    PaymentsReader(values).fill(payments);
 }
 
 void close(ProgramValues &values)

@@ -59,8 +59,8 @@ bool isAboutStoredValues(const DatabaseError &error)
     }
 }
 
-/** The project's folder as the check takes it; a stand-in for the code map, which lies elsewhere.
- */
+/** The project's folder as the check takes it; a stand-in where the file is the code map, which
+ *  lies elsewhere. */
 QString folderToCheck(const QString &path)
 {
     if (path.isEmpty() || path.endsWith(ArchiveFiles::Codes, Qt::CaseInsensitive))

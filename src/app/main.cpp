@@ -10,6 +10,7 @@
 #include <QIcon>
 
 #include <array>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -53,12 +54,12 @@ int main(int argc, char *argv[])
     QGuiApplication::setWindowIcon(windowIcon());
 
     saldoro::ProgramValues values;
-    saldoro::FormFlow forms(values);
     saldoro::StartUp startUp(values);
+    std::optional<saldoro::FormFlow> forms;
     return application.run([&] {
         const bool goesOn = startUp.run(tail);
         if (goesOn)
-            forms.showMainForm();
+            forms.emplace(values).showMainForm();
         return goesOn;
     });
 }

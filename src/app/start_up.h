@@ -25,8 +25,8 @@ public:
 
     /** @param tail the command line behind the program's name, verbatim.
      *  @return whether the main form is to be shown; else an update is waiting, its updater has
-     * been started, and the program is to end. Errors of the ledger's creation (no project folder,
-     * no right to write) pass through. */
+     *  been started, and the program is to end. Errors of the ledger's creation (no project folder,
+     *  no right to write) pass through. */
     bool run(const QString &tail);
 
 private:

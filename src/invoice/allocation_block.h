@@ -52,8 +52,8 @@ void WriteAmount(TextTable &grid, int row, const QString &typed);
 
 /**
  * Deletes the current row after asking: at once from the ledger, whether or not the payment is
- * saved later, and from the grid; the amount column becomes current. Without rows nothing happens.
- * Database errors pass.
+ * saved later, and from the grid; the amount column becomes current. Nothing is deleted while no
+ * row below the header is current. Database errors pass.
  */
 void DeleteCurrentRow(TextTable &grid, const ProgramValues &values, qint32 paymentNumber);
 

@@ -20,8 +20,9 @@ class PopupList;
 class AllocationFrame : public QGroupBox
 {
 public:
-    /** Items are taken from @p overview, a deletion goes to the ledger of @p values; all but the
-     *  caption must outlive the frame. The pick list floats over @p form, the frame's window. */
+    /** Items are taken from @p overview, a deletion goes to the ledger of @p values; both, the
+     *  fields and the form must outlive the frame. The pick list floats over @p form, the frame's
+     * window. */
     AllocationFrame(const QString &caption, const TextTable &overview, const ProgramValues &values,
                     qint32 paymentNumber, FormFields &fields, QWidget *form);
 

@@ -112,17 +112,25 @@ void FrmPrincipale::load()
 {
     SetTopMost(*this);
     CentraForm(*this);
-    setWindowTitle(u"SALDORO APPALTO ("_s + m_values.ProjectCode + u')');
     TextTable &payments = m_payments->table();
     TextTable &overview = m_overview->table();
-    PrepareAvailabilityOverview(overview);
-    PreparePaymentsList(payments);
-    m_modify->setEnabled(false);
-    FillPaymentsList(payments, m_values);
-    m_modify->setEnabled(payments.rows() > 1);
-    FillAvailabilityOverview(overview, m_values);
+    {
+        PaymentsReader reader(m_values);
+        setWindowTitle(u"SALDORO APPALTO ("_s + m_values.ProjectCode + u')');
+        PrepareAvailabilityOverview(overview);
+        PreparePaymentsList(payments);
+        m_modify->setEnabled(false);
+        reader.fill(payments);
+        m_modify->setEnabled(payments.rows() > 1);
+    }
+    LoadArrayProspettoSaldoro();
     if (overview.rows() > 1)
         overview.setRow(1); // the list goes on at its end, this is read from the start
+}
+
+void FrmPrincipale::LoadArrayProspettoSaldoro()
+{
+    FillAvailabilityOverview(m_overview->table(), m_values);
 }
 
 void FrmPrincipale::writeDocuments()

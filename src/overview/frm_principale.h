@@ -44,6 +44,11 @@ public:
     /** Asks for the form of the payment on the list's current row; see OpenPayment. */
     void CaricaFattura();
 
+    /** Rebuilds the rows of the overview from the databases. */
+    void LoadArrayProspettoSaldoro();
+    /** The same for others than the form itself. */
+    void RefreshProspetto() { LoadArrayProspettoSaldoro(); }
+
     /** The cost items with their amounts, as shown; see OverviewColumn. */
     const TextTable &overviewTable() const;
 

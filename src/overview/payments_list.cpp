@@ -54,14 +54,18 @@ void PreparePaymentsList(TextTable &payments)
     payments.setHeader({u"Nr"_s, u"Creditore"_s, u"Data"_s, u"importo"_s, u"€"_s});
 }
 
-void FillPaymentsList(TextTable &payments, const ProgramValues &values)
+PaymentsReader::PaymentsReader(const ProgramValues &values)
+    : m_ledger(Database::open(LedgerPath(values)))
+    , m_fatture(m_ledger.openRecordSet(u"SELECT * FROM Fatture ORDER BY Npag "_s))
+    , m_spese(m_ledger.openRecordSet(u"SELECT * FROM Spese"_s))
 {
-    const Database ledger = Database::open(LedgerPath(values));
-    RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture ORDER BY Npag "_s);
-    const RecordSet spese = ledger.openRecordSet(u"SELECT * FROM Spese"_s); // has to be there
+}
+
+void PaymentsReader::fill(TextTable &payments)
+{
     const TextTable::BulkChange change(payments);
-    for (; !fatture.eof(); fatture.moveNext())
-        appendRow(payments, fatture);
+    for (; !m_fatture.eof(); m_fatture.moveNext())
+        appendRow(payments, m_fatture);
 }
 
 } // namespace saldoro

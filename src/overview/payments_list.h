@@ -2,6 +2,7 @@
 
 #include "common/program_values.h"
 #include "controls/text_table.h"
+#include "database/database.h"
 
 namespace saldoro {
 
@@ -18,14 +19,30 @@ inline constexpr int Euro = 4;
 void PreparePaymentsList(TextTable &payments);
 
 /**
- * Appends one row for each payment of the ledger to a prepared table, in the order of the numbers;
- * the current row is the last one afterwards. The amount is gross: with the VAT and, of a
- * professional only, the other amounts.
- *
- * Throws DatabaseError when one of the ledger's tables is missing and for a null in anything but
- * the kind and the other amounts, and OverflowError; details "Pagamento", and "Riga" and
- * "Creditore" of a payment without number. The rows before stay.
+ * The payments of the ledger as they go into the list. The ledger is open from the making of a
+ * reader to its end, and both its tables are there: what is on the screen changes only behind that.
  */
-void FillPaymentsList(TextTable &payments, const ProgramValues &values);
+class PaymentsReader
+{
+public:
+    /** Throws DatabaseError. */
+    explicit PaymentsReader(const ProgramValues &values);
+
+    /**
+     * Appends one row for each payment to a prepared table, in the order of the numbers; the
+     * current row is the last one afterwards. The amount is gross: with the VAT and, of a
+     * professional only, the other amounts.
+     *
+     * Throws DatabaseError for a null in anything but the kind and the other amounts, and
+     * OverflowError; details "Pagamento", and "Riga" and "Creditore" of a payment without number.
+     * The rows before stay.
+     */
+    void fill(TextTable &payments);
+
+private:
+    Database m_ledger;
+    RecordSet m_fatture;
+    RecordSet m_spese;
+};
 
 } // namespace saldoro
