@@ -171,6 +171,16 @@ private slots:
         QTRY_COMPARE(QApplication::focusWidget(), program.grid);
     }
 
+    /** What is on the screen does not change before the ledger is open, both tables of it. */
+    void aLoadThatCannotBeginLeavesTheScreen()
+    {
+        OpenProgram program;
+        const QString before = BodyText(program.list) + BodyText(program.overview);
+        program.archive.execute(LedgerPath(program.values), u"DROP TABLE Spese"_s);
+        QVERIFY_THROWS_EXCEPTION(DatabaseError, program.main.load());
+        QCOMPARE(BodyText(program.list) + BodyText(program.overview), before);
+    }
+
     void mainFormStaysOutOfUseBelowTheChooser()
     {
         OpenProgram program;
