@@ -1,7 +1,7 @@
 #include "form_driver.h"
 
+#include "archive_probe.h"
 #include "controls/flex_grid.h"
-#include "overview_probe.h"
 
 namespace saldoro {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "overview_probe.h"
+#include "archive_probe.h"
 #include "platform/machine_path.h"
 
 #include <memory>

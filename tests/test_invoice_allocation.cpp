@@ -1,8 +1,8 @@
+#include "archive_probe.h"
 #include "common/errors.h"
 #include "controls/flex_grid.h"
 #include "form_driver.h"
 #include "invoice/allocation_block.h"
-#include "overview_probe.h"
 
 #include <QListWidget>
 #include <QScrollBar>

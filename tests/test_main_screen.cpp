@@ -1,8 +1,8 @@
+#include "archive_probe.h"
 #include "overview/availability_overview.h"
 #include "overview/payment_deletion.h"
 #include "overview/payment_opening.h"
 #include "overview/payments_list.h"
-#include "overview_probe.h"
 
 #include <QTest>
 

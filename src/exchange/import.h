@@ -25,9 +25,10 @@ struct ImportOutcome
 
 /**
  * Fills the tables of a project from the CSV files of a folder, each named for its table. Databases
- * that are missing are made. Everything is read and checked first; then each database changes as a
- * whole, after a copy of it has been put beside it. Tables that are already as in their file are
- * passed over, so an import that was broken off goes on when it is run again.
+ * that are missing are made. Everything is read and checked first, then a copy put beside each
+ * database that is to change; then each changes as a whole, the new ones first. Tables that are
+ * already as in their file are passed over, so an import that was broken off goes on when it is run
+ * again.
  *
  * Throws SaldoroError for what is not the fault of the files.
  */
