@@ -2,7 +2,7 @@
 // and rights get in the program's way; looks at what it reports and leaves: saldoro_faults
 
 #include "bare_file.h"
-#include "common/message_box.h"
+#include "controls/message_box.h"
 #include "failing_calls.h"
 #include "fault_trial.h"
 #include "platform/machine_path.h"

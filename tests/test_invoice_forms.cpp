@@ -1,5 +1,5 @@
 #include "common/ending.h"
-#include "common/form_helpers.h"
+#include "controls/form_helpers.h"
 #include "form_driver.h"
 
 #include <QClipboard>

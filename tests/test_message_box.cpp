@@ -1,4 +1,4 @@
-#include "common/message_box.h"
+#include "controls/message_box.h"
 
 #include <QApplication>
 #include <QMessageBox>

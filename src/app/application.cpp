@@ -2,7 +2,7 @@
 
 #include "app/error_report.h"
 #include "common/ending.h"
-#include "common/message_box.h"
+#include "controls/message_box.h"
 
 #include <QLibraryInfo>
 #include <QLocale>

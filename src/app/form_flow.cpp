@@ -1,7 +1,7 @@
 #include "app/form_flow.h"
 
 #include "common/ending.h"
-#include "common/form_helpers.h"
+#include "controls/form_helpers.h"
 #include "invoice/frm_nuova_fattura.h"
 #include "invoice/invoice_form.h"
 #include "overview/frm_principale.h"

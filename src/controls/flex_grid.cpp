@@ -1,7 +1,7 @@
 #include "controls/flex_grid.h"
 
-#include "common/form_helpers.h"
 #include "controls/flex_grid_delegate.h"
+#include "controls/form_helpers.h"
 #include "controls/held_key.h"
 
 #include <QHeaderView>

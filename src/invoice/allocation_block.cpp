@@ -3,10 +3,10 @@
 #include "common/amount_text.h"
 #include "common/archive_folders.h"
 #include "common/errors.h"
-#include "common/form_helpers.h"
 #include "common/number_text.h"
 #include "common/overview_column.h"
 #include "common/text_cut.h"
+#include "controls/form_helpers.h"
 #include "store/cost_item_rules.h"
 #include "store/ledger.h"
 

@@ -1,9 +1,9 @@
 #include "invoice/allocation_frame.h"
 
 #include "common/amount_text.h"
-#include "common/message_box.h"
 #include "controls/flex_grid.h"
 #include "controls/held_key.h"
+#include "controls/message_box.h"
 #include "invoice/allocation_total.h"
 #include "invoice/form_fields.h"
 #include "invoice/popup_list.h"

@@ -1,7 +1,7 @@
 #include "invoice/form_fields.h"
 
-#include "common/form_helpers.h"
 #include "controls/date_box.h"
+#include "controls/form_helpers.h"
 
 #include <QApplication>
 #include <QKeyEvent>

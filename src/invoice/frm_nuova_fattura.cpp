@@ -1,8 +1,8 @@
 #include "invoice/frm_nuova_fattura.h"
 
 #include "common/ending.h"
-#include "common/form_helpers.h"
 #include "controls/buttons.h"
+#include "controls/form_helpers.h"
 #include "controls/held_key.h"
 
 #include <QCloseEvent>

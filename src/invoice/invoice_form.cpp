@@ -1,8 +1,8 @@
 #include "invoice/invoice_form.h"
 
 #include "common/ending.h"
-#include "common/form_helpers.h"
 #include "common/number_text.h"
+#include "controls/form_helpers.h"
 #include "invoice/allocation_frame.h"
 #include "invoice/allocation_total.h"
 #include "invoice/amount_fields.h"

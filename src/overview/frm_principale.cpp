@@ -1,9 +1,9 @@
 #include "overview/frm_principale.h"
 
 #include "common/ending.h"
-#include "common/form_helpers.h"
 #include "controls/buttons.h"
 #include "controls/flex_grid.h"
+#include "controls/form_helpers.h"
 #include "overview/availability_overview.h"
 #include "overview/overview_document.h"
 #include "overview/payment_deletion.h"

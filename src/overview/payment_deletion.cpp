@@ -2,7 +2,7 @@
 
 #include "common/archive_folders.h"
 #include "common/errors.h"
-#include "common/form_helpers.h"
+#include "controls/form_helpers.h"
 #include "database/database.h"
 #include "store/code_lookups.h"
 #include "store/mandate_note.h"

@@ -1,6 +1,6 @@
-#include "common/form_helpers.h"
+#include "controls/form_helpers.h"
 
-#include "common/message_box.h"
+#include "controls/message_box.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -1,0 +1,65 @@
+#include "store/open_project.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** More windows of one project than anyone opens; further ones go unmarked. */
+constexpr int mostMarks = 16;
+
+std::unique_ptr<QLockFile> markNumber(int number, const QString &projectFolder)
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                           u"/saldoro/aperti"_s;
+    QDir().mkpath(folder);
+    const QByteArray name =
+        QCryptographicHash::hash(QFileInfo(projectFolder).canonicalFilePath().toUtf8(),
+                                 QCryptographicHash::Sha1)
+            .toHex();
+    auto mark = std::make_unique<QLockFile>(folder + u'/' + QString::fromLatin1(name) + u'-' +
+                                            QString::number(number));
+    mark->setStaleLockTime(0); // only the death of its program ends a mark, however old it is
+    return mark;
+}
+
+bool isMarkedBeside(const QLockFile *own, const QString &projectFolder)
+{
+    for (int number = 0; number < mostMarks; ++number) {
+        const auto mark = markNumber(number, projectFolder);
+        const bool isOwn = own != nullptr && own->fileName() == mark->fileName();
+        if (!isOwn && !mark->tryLock() && mark->error() == QLockFile::LockFailedError)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+OpenProject::OpenProject(const QString &projectFolder)
+    : m_projectFolder(projectFolder)
+{
+    for (int number = 0; number < mostMarks && !m_mark; ++number) {
+        auto mark = markNumber(number, projectFolder);
+        if (mark->tryLock())
+            m_mark = std::move(mark);
+    }
+}
+
+bool OpenProject::isOpenElsewhere() const
+{
+    return isMarkedBeside(m_mark.get(), m_projectFolder);
+}
+
+bool IsProjectOpen(const QString &projectFolder)
+{
+    return isMarkedBeside(nullptr, projectFolder);
+}
+
+} // namespace saldoro

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QLockFile>
+#include <QString>
+
+#include <memory>
+
+namespace saldoro {
+
+/**
+ * Says that this program has a project open, for as long as the object lives. The mark is a lock
+ * file in the user's own settings folder, so only programs of the same user on the same machine see
+ * it. A program that died leaves no mark that counts. A mark that can't be written (no such folder,
+ * full disk) is left out in silence: it is only there to warn.
+ */
+class OpenProject
+{
+public:
+    /** @param projectFolder a path of the machine. */
+    explicit OpenProject(const QString &projectFolder);
+
+    /** Whether another program has the project open right now. */
+    bool isOpenElsewhere() const;
+
+private:
+    QString m_projectFolder;
+    std::unique_ptr<QLockFile> m_mark;
+};
+
+/** Whether any program has the project in @p projectFolder (a path of the machine) open. */
+bool IsProjectOpen(const QString &projectFolder);
+
+} // namespace saldoro
