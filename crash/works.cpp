@@ -93,13 +93,10 @@ QString csvFolder()
 void import(const ProgramValues &values, const QString &csv)
 {
     const ImportOutcome outcome =
-        ImportProject({csv,
-                       MachinePath(ProjectFolder(values)),
-                       false,
-                       true,
-                       {u"UltimaPerVariante"_s, u"Fatture"_s, u"Spese"_s}});
+        ImportFiles(MachinePath(ProjectFolder(values)), csv,
+                    {false, true, {u"UltimaPerVariante"_s, u"Fatture"_s, u"Spese"_s}});
     if (!outcome.isDone)
-        throw std::runtime_error(outcome.remarks.toStdString());
+        throw std::runtime_error(outcome.remarks().toStdString());
 }
 
 } // namespace

@@ -23,7 +23,7 @@ declare -A below=(
     [overview]='overview store database controls platform common'
     [invoice]='invoice store database controls platform common'
     [verify]='verify store database platform common'
-    [exchange]='exchange store database platform common'
+    [exchange]='exchange verify store database platform common'
     [archivio]='archivio verify exchange store database platform common'
     [app]='app overview invoice store database controls platform common'
 )

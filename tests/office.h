@@ -35,8 +35,8 @@ public:
     /** Imports the CSV files; gives all that is said, behind "NO" when nothing was written. */
     QString import(bool evenSo = false, const QStringList &replaced = {}) const
     {
-        const ImportOutcome outcome = ImportProject({csv(), project(), true, evenSo, replaced});
-        return outcome.isDone ? outcome.remarks + outcome.summary : u"NO\n"_s + outcome.remarks;
+        const ImportOutcome outcome = ImportFiles(project(), csv(), {true, evenSo, replaced});
+        return (outcome.isDone ? QString() : u"NO\n"_s) + outcome.remarks() + outcome.summary;
     }
 
     /** Rows of a database of the project, as BareFile gives them. */

@@ -77,8 +77,8 @@ void TestImport::refuses()
          "«2147483648»|riga 4, campo Funzione: «1.0» non è un numero intero"},
         {"Fatture",
          "AziProf,Npag,Creditore,NFat,Del,Importo,ImportoIVA\n"
-         "B,1,Rossi,1,2024-01-31,1.00,0\nA,2,\"\",12345678901,31/01/2024,1.234,0\n",
-         "riga 2, campo AziProf: «B» non è A (azienda) né P (professionista).|riga 3, campo "
+         "A,1,Rossi,1,2024-01-31,1.00,0\nA,2,\"\",12345678901,31/01/2024,1.234,0\n",
+         "riga 3, campo "
          "Creditore: il testo è vuoto|riga 3, campo NFat: il testo ha 11|campo Del: «31/01/2024» "
          "non è una data aaaa-mm-gg|campo Importo: «1.234»"}};
     const std::tuple<const char *, QByteArray, QByteArray> doubts[] = {
@@ -206,8 +206,7 @@ void TestImport::setsTheArchivesRootOnce()
     QVERIFY(office.import().endsWith(u"uguale)\n"_s + opening));
     WriteFile(setting, "[Software\\Dornvale\\ZELT]\ndrivers=/altrove\n");
     QVERIFY(office.import().contains(u"in un'altra cartella, «/altrove»"_s));
-    QVERIFY_THROWS_EXCEPTION(
-        FileError, ImportProject({office.csv(), office.path(u"qui"_s), false, false, {}}));
+    QVERIFY_THROWS_EXCEPTION(FileError, ImportFiles(office.path(u"qui"_s), office.csv(), {}));
 }
 
 QTEST_GUILESS_MAIN(TestImport)

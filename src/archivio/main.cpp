@@ -43,9 +43,10 @@ Status verifyProject(const CommandLine &line, QString &heading)
 Status importProject(const CommandLine &line)
 {
     const ImportOutcome outcome =
-        ImportProject({line.folders[0], line.folders[1], line.options.contains(u"--nuovo"_s),
-                       line.options.contains(u"--comunque"_s), line.options[u"--sostituisci"_s]});
-    PrintError(outcome.remarks);
+        ImportFiles(line.folders[1], line.folders[0],
+                    {line.options.contains(u"--nuovo"_s), line.options.contains(u"--comunque"_s),
+                     line.options[u"--sostituisci"_s]});
+    PrintError(outcome.remarks());
     PrintOut(outcome.summary);
     return outcome.isDone ? Done : Found;
 }

@@ -80,6 +80,21 @@ const std::vector<ExchangedTable> &ExchangedTables()
     return tables;
 }
 
+const ExchangedTable *TableNamed(const QString &name)
+{
+    for (const ExchangedTable &table : ExchangedTables()) {
+        if (table.name().compare(name, Qt::CaseInsensitive) == 0)
+            return &table;
+    }
+    return nullptr;
+}
+
+QString TextOf(const NewValue &value)
+{
+    const auto *text = std::get_if<QString>(&value);
+    return text == nullptr ? QString() : *text;
+}
+
 TableRows StoredRows(const Database &database, const ExchangedTable &table)
 {
     RecordSet records = database.openRecordSet(u"SELECT * FROM "_s + table.name());

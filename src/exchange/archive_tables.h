@@ -28,11 +28,17 @@ struct ExchangedTable
 /** The eight tables, those of one database next to each other. */
 const std::vector<ExchangedTable> &ExchangedTables();
 
+/** The one of that name, in any letter case; null for none. */
+const ExchangedTable *TableNamed(const QString &name);
+
 /** Rows of a table: a value for each field of its definition, null where there is none. An
  *  invalid day stands for a stored value that a CSV file can't tell: a day with a time, bytes that
  *  are no text, a value of another type. */
 using TableRow = QList<NewValue>;
 using TableRows = QList<TableRow>;
+
+/** The text of a value; empty for any other. */
+QString TextOf(const NewValue &value);
 
 /** The rows of a table in stored order. Throws DatabaseError, also for a field that the database
  *  lacks. */

@@ -143,6 +143,8 @@ private:
                 m_result.unknownFields.append(name);
             else if (m_places.contains(place) && place != Nameless)
                 addError(row.line, u"il campo "_s + name + u" è nominato due volte."_s);
+            if (place >= 0)
+                m_result.fields.append(m_result.table->definition.fields()[place].name);
             m_places.append(place);
         }
         for (const QString &needed : m_result.table->neededFields) {

@@ -15,6 +15,7 @@ struct CsvTable
     QString file; ///< its name
     TableRows rows;
     QList<int> lines = {};          ///< that the rows begin on
+    QStringList fields = {};        ///< of the table that the rows tell; empty for all of them
     QStringList unknownFields = {}; ///< named in the first line and left out
 
     const NewValue &value(qsizetype row, const QString &field) const

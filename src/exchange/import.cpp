@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <optional>
@@ -21,21 +22,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const ExchangedTable *tableNamed(const QString &name)
-{
-    for (const ExchangedTable &table : ExchangedTables()) {
-        if (table.name().compare(name, Qt::CaseInsensitive) == 0)
-            return &table;
-    }
-    return nullptr;
-}
-
 /** The CSV files of a folder by the table that each is for. */
 std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, QStringList &errors)
 {
     std::map<const ExchangedTable *, QString> paths;
     for (const QFileInfo &file : QDir(folder).entryInfoList({u"*.csv"_s}, QDir::Files)) {
-        const ExchangedTable *table = tableNamed(file.completeBaseName());
+        const ExchangedTable *table = TableNamed(file.completeBaseName());
         if (table == nullptr)
             errors.append(file.fileName() + u": nessuna tabella ha questo nome."_s);
         else if (!paths.try_emplace(table, file.filePath()).second)
@@ -117,32 +109,75 @@ QString makeFile(ArchiveFile file, const QString &path, const QList<const TableC
     return QFileInfo(path).fileName() + u": creato\n"_s;
 }
 
+Findings findingsOf(const QStringList &lines)
+{
+    Findings findings;
+    for (const QString &line : lines)
+        findings.append({FindingGroup::Files, line, {}, {}});
+    return findings;
+}
+
+/** The definition that a table has in the project, or will have; says why it can't be filled. */
+std::optional<TableDef> storedDefinition(const QString &folder, const ExchangedTable &table,
+                                         QStringList &errors)
+{
+    const QString path = ArchiveFilePath(table.archive, folder);
+    if (!QFileInfo::exists(path))
+        return table.definition;
+    const Database database = Database::open(path);
+    std::optional<TableDef> stored = database.tableDef(table.name());
+    if (!stored)
+        errors.append(table.fileName() + u": "_s + QFileInfo(path).fileName() +
+                      (database.isStoredQuery(table.name())
+                           ? u" ha sotto questo nome un'interrogazione, che non si sostituisce."_s
+                           : u" non ha questa tabella."_s));
+    return stored;
+}
+
+QString headed(const QString &heading, const QStringList &lines)
+{
+    return lines.isEmpty() ? QString() : heading + u"\n  "_s + lines.join(u"\n  "_s) + u'\n';
+}
+
+QStringList linesOf(const Findings &findings)
+{
+    QStringList lines;
+    for (const Finding &finding : findings)
+        lines.append(finding.place +
+                     (finding.problem.isEmpty() ? QString() : u": "_s + finding.problem));
+    return lines;
+}
+
 /** One import from beginning to end. */
 class ProjectImport
 {
 public:
-    ProjectImport(const ImportRequest &request, const QString &folder)
-        : m_request(request)
+    ProjectImport(const ImportOptions &options, const QString &folder)
+        : m_options(options)
         , m_folder(folder)
     {
     }
 
     /** Reads and checks. */
-    void prepare()
+    void prepare(const QList<CsvTable> &tables)
     {
-        const auto paths = csvPaths(ExistingFolder(m_request.csvFolder), m_remarks.errors);
         const QString codesFolder = QFileInfo(path(ArchiveFile::Codes)).path();
-        if (!m_request.createProject && !QFileInfo(codesFolder).isDir())
+        if (!m_options.createProject && !QFileInfo(codesFolder).isDir())
             m_remarks.errors.append(codesFolder +
                                     u": la cartella non c'è; con --nuovo viene fatta."_s);
-        for (const QString &name : m_request.replacedTables) {
-            if (!paths.contains(tableNamed(name)))
+        const auto isGiven = [&tables](const QString &name) {
+            return std::any_of(tables.begin(), tables.end(), [&name](const CsvTable &table) {
+                return table.table == TableNamed(name);
+            });
+        };
+        for (const QString &name : m_options.replacedTables) {
+            if (!isGiven(name))
                 m_remarks.errors.append(u"--sostituisci "_s + name +
                                         u": nella cartella non c'è un file di questa tabella."_s);
         }
-        for (const auto &[table, path] : paths)
-            read(*table, path);
-        if (!exists(ArchiveFile::Codes) && !paths.contains(&codesTable()))
+        for (const CsvTable &table : tables)
+            read(table);
+        if (!exists(ArchiveFile::Codes) && !isGiven(codesTable().name()))
             m_changes.prepend({{&codesTable(), codesTable().fileName(), StandardCodeRows()}});
         // The code map comes first among the tables.
         const bool haveCodes = !m_changes.isEmpty() && &table(m_changes.first()) == &codesTable();
@@ -151,7 +186,11 @@ public:
             CheckRows(change.table, codes, m_remarks);
     }
 
-    const ImportRemarks &remarks() const { return m_remarks; }
+    ImportOutcome outcome() const
+    {
+        return {m_remarks.allowWriting(m_options.evenSo), findingsOf(m_remarks.errors),
+                findingsOf(m_remarks.refusals), m_remarks.warnings, m_budget};
+    }
 
     /** Gives what has been written. */
     QString write()
@@ -186,39 +225,27 @@ private:
     QString path(ArchiveFile file) const { return ArchiveFilePath(file, m_folder); }
     bool exists(ArchiveFile file) const { return QFileInfo::exists(path(file)); }
 
-    void read(const ExchangedTable &table, const QString &csvPath)
+    void read(const CsvTable &read)
     {
-        TableDef definition = table.definition;
         TableRows rows;
-        const bool isThere = exists(table.archive);
-        if (isThere) {
-            const Database database = Database::open(path(table.archive));
-            const std::optional<TableDef> stored = database.tableDef(table.name());
-            if (!stored) {
-                m_remarks.errors.append(
-                    table.fileName() + u": "_s + QFileInfo(database.path()).fileName() +
-                    (database.isStoredQuery(table.name())
-                         ? u" ha sotto questo nome un'interrogazione, che non si sostituisce."_s
-                         : u" non ha questa tabella."_s));
-                return;
-            }
-            definition = *stored;
-            rows = StoredRows(database, table);
-        }
-        CsvTable read = ReadCsvTable(csvPath, table, std::move(definition), m_remarks.errors);
+        const bool isThere = exists(read.table->archive);
+        if (isThere)
+            rows = StoredRows(Database::open(path(read.table->archive)), *read.table);
         if (!read.unknownFields.isEmpty())
             m_remarks.warnings.append(read.file + u": campi tralasciati: "_s +
                                       read.unknownFields.join(u", "_s) + u'.');
         const bool isNeeded = !isThere || read.rows != rows;
         if (isNeeded && !rows.isEmpty())
             checkReplacement(read, rows);
-        m_changes.append({std::move(read), std::move(rows), isNeeded});
+        m_changes.append({read, std::move(rows), isNeeded});
+        if (read.table->name() == "UltimaPerVariante"_L1 && isThere)
+            m_budget = CompareBudget(m_folder, read.rows);
     }
 
     void checkReplacement(const CsvTable &table, const TableRows &rows)
     {
         const QString &name = table.table->name();
-        if (!m_request.replacedTables.contains(name, Qt::CaseInsensitive)) {
+        if (!m_options.replacedTables.contains(name, Qt::CaseInsensitive)) {
             m_remarks.errors.append(
                 u"%1: la tabella contiene già %2 righe; con --sostituisci %3 vengono sostituite."_s
                     .arg(table.file)
@@ -258,23 +285,32 @@ private:
         return u"%1: cambiato; com'era sta in %2\n"_s.arg(QFileInfo(path(file)).fileName(), copy);
     }
 
-    const ImportRequest &m_request;
+    const ImportOptions &m_options;
     QString m_folder;
     ImportRemarks m_remarks;
     QList<TableChange> m_changes;
+    QList<BudgetChange> m_budget;
 };
 
 } // namespace
 
-ImportOutcome ImportProject(const ImportRequest &request)
+QString ImportOutcome::remarks() const
+{
+    return headed(u"Avvertimenti:"_s, warnings) + headed(u"Errori:"_s, linesOf(errors)) +
+           headed(u"Darebbe problemi più tardi (con --comunque si importa lo stesso):"_s,
+                  isDone ? QStringList() : linesOf(refusals)) +
+           (isDone ? QString() : u"Niente è stato scritto.\n"_s);
+}
+
+ImportOutcome ImportTables(const QString &projectFolder, const QList<CsvTable> &tables,
+                           const ImportOptions &options)
 {
     std::optional<ProjectPlace> place;
-    if (request.createProject)
-        place = PlaceOf(request.projectFolder);
-    ProjectImport import(request, place ? place->folder : ExistingFolder(request.projectFolder));
-    import.prepare();
-    ImportOutcome outcome{
-        import.remarks().allowWriting(request.evenSo), import.remarks().text(request.evenSo), {}};
+    if (options.createProject)
+        place = PlaceOf(projectFolder);
+    ProjectImport import(options, place ? place->folder : ExistingFolder(projectFolder));
+    import.prepare(tables);
+    ImportOutcome outcome = import.outcome();
     if (!outcome.isDone)
         return outcome;
     if (place)
@@ -283,6 +319,22 @@ ImportOutcome ImportProject(const ImportRequest &request)
     if (place)
         outcome.summary += SettingReport(*place);
     return outcome;
+}
+
+ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder,
+                          const ImportOptions &options)
+{
+    const QString folder =
+        options.createProject ? PlaceOf(projectFolder).folder : ExistingFolder(projectFolder);
+    QStringList errors;
+    QList<CsvTable> tables;
+    for (const auto &[table, path] : csvPaths(ExistingFolder(csvFolder), errors)) {
+        if (auto definition = storedDefinition(folder, *table, errors))
+            tables.append(ReadCsvTable(path, *table, *std::move(definition), errors));
+    }
+    if (!errors.isEmpty())
+        return {false, findingsOf(errors)};
+    return ImportTables(projectFolder, tables, options);
 }
 
 } // namespace saldoro

@@ -1,37 +1,54 @@
 #pragma once
 
+#include "exchange/budget_changes.h"
+#include "exchange/csv_table.h"
+#include "verify/findings.h"
+
+#include <QList>
 #include <QString>
 #include <QStringList>
 
 namespace saldoro {
 
-/** What is to be read in, and where to; folders of the machine. */
-struct ImportRequest
+/** How an import goes about a project. */
+struct ImportOptions
 {
-    QString csvFolder;
-    QString projectFolder;
     bool createProject = false; ///< makes the project's folders, and the setting when there is none
-    bool evenSo = false;        ///< also what stops the program later or confuses a pick
-    QStringList replacedTables; ///< tables whose rows make way for those of the file
+    bool evenSo = false;        ///< writes also what is refused
+    QStringList replacedTables; ///< tables whose rows make way for the new ones
 };
 
 /** What has become of it. */
 struct ImportOutcome
 {
-    bool isDone = false; ///< false: the files would not do, and nothing was written
-    QString remarks;     ///< all that is wrong or calls for attention, a line each; may be empty
-    QString summary;     ///< what was written, with rows and total of each table
+    bool isDone = false;             ///< false: nothing was written
+    Findings errors = {};            ///< for which nothing is ever written
+    Findings refusals = {};          ///< for which nothing is written unless it is wanted even so
+    QStringList warnings = {};       ///< what was passed over, a line each
+    QList<BudgetChange> budget = {}; ///< what changes, or would, where there was a budget
+    QStringList copies = {};         ///< paths of the databases as they were, where one has changed
+    QString summary = {};            ///< what was written, with rows and total of each table
+
+    /** All of it but the summary, with headings; may be empty. */
+    QString remarks() const;
 };
 
 /**
- * Fills the tables of a project from the CSV files of a folder, each named for its table. Databases
- * that are missing are made. Everything is read and checked first, then a copy put beside each
- * database that is to change; then each changes as a whole, the new ones first. Tables that are
- * already as in their file are passed over, so an import that was broken off goes on when it is run
- * again.
+ * Fills tables of the project in @p projectFolder (of the machine) with rows from anywhere; only
+ * the texts tell where a row came from. Databases that are missing are made. A row goes in in its
+ * order and takes over what its table does not name from the stored row of the same key. Tables
+ * that are already so are passed over.
  *
- * Throws SaldoroError for what is not the fault of the files.
+ * Everything happens in one transaction over all databases, which ends only when the project has
+ * been checked as it will be and a copy stands beside each database that changes. A try that
+ * changes nothing leaves nothing. Throws SaldoroError, nothing being written then.
  */
-ImportOutcome ImportProject(const ImportRequest &request);
+ImportOutcome ImportTables(const QString &projectFolder, const QList<CsvTable> &tables,
+                           const ImportOptions &options);
+
+/** Fills tables with the CSV files of a folder (of the machine), each named for its table. Throws
+ *  as ImportTables(). */
+ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder,
+                          const ImportOptions &options);
 
 } // namespace saldoro

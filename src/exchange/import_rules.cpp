@@ -16,18 +16,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString textOf(const NewValue &value)
-{
-    const auto *text = std::get_if<QString>(&value);
-    return text == nullptr ? QString() : *text;
-}
-
 /** The item code that the code map has for an internal one, if it does. */
 std::optional<QString> itemOf(QStringView internalCode, const TableRows &codes)
 {
     for (const TableRow &row : codes) {
-        if (textOf(row[0]).compare(internalCode, Qt::CaseInsensitive) == 0)
-            return textOf(row[1]);
+        if (TextOf(row[0]).compare(internalCode, Qt::CaseInsensitive) == 0)
+            return TextOf(row[1]);
     }
     return std::nullopt;
 }
@@ -44,7 +38,7 @@ void checkNulls(const CsvTable &table, ImportRemarks &remarks)
                 continue;
             const QString consequence =
                 ConsequenceOfNull(table.table->name(), fields[place].name,
-                                  kind < 0 ? QString() : textOf(values[kind]));
+                                  kind < 0 ? QString() : TextOf(values[kind]));
             if (!consequence.isEmpty())
                 remarks.refusals.append(table.place(row, fields[place].name) +
                                         u"manca il valore: "_s + consequence);
@@ -57,7 +51,7 @@ void checkContractor(const CsvTable &table, const TableRows &codes, ImportRemark
 {
     const auto contractor = itemOf(InternalCode::Contractor, codes);
     for (qsizetype row = 0; contractor && row < table.rows.size(); ++row) {
-        if (textOf(table.rows[row][0]).compare(*contractor, Qt::CaseInsensitive) == 0 &&
+        if (TextOf(table.rows[row][0]).compare(*contractor, Qt::CaseInsensitive) == 0 &&
             table.value(row, u"Link"_s) == NewValue())
             remarks.refusals.append(table.place(row, u"Link"_s) +
                                     u"manca il valore: le fatture delle aziende non si aprono."_s);
@@ -67,7 +61,7 @@ void checkContractor(const CsvTable &table, const TableRows &codes, ImportRemark
 void checkBudget(const CsvTable &table, ImportRemarks &remarks)
 {
     const auto textOrNone = [](const NewValue &value) {
-        return value == NewValue() ? std::nullopt : std::optional(textOf(value));
+        return value == NewValue() ? std::nullopt : std::optional(TextOf(value));
     };
     QList<CostItem> items;
     for (const TableRow &row : table.rows)
@@ -87,7 +81,7 @@ void checkPayments(const CsvTable &table, ImportRemarks &remarks)
     std::set<qint32> numbers;
     const qsizetype count = table.rows.size();
     for (qsizetype row = 0; row < count; ++row) {
-        const QString kind = textOf(table.value(row, u"AziProf"_s));
+        const QString kind = TextOf(table.value(row, u"AziProf"_s));
         if (!kind.isEmpty() && !KindOfCode(kind))
             remarks.errors.append(table.place(row, u"AziProf"_s) + u"«"_s + kind +
                                   u"» non è A (azienda) né P (professionista)."_s);
@@ -150,7 +144,7 @@ QStringList LostItems(const CsvTable &table, const TableRows &stored, const Tabl
 {
     std::set<QString, CodeOrder> kept;
     for (const TableRow &row : table.rows)
-        kept.insert(textOf(row[0]));
+        kept.insert(TextOf(row[0]));
     std::set<QString, CodeOrder> written;
     QString noteStart;
     for (const UsedCode &used : UsedCodes) {
@@ -167,9 +161,9 @@ QStringList LostItems(const CsvTable &table, const TableRows &stored, const Tabl
     };
     QStringList lost;
     for (const TableRow &row : stored) {
-        const QString item = textOf(row[0]);
+        const QString item = TextOf(row[0]);
         if ((written.contains(item) || isNote(item)) && !kept.contains(item))
-            lost.append(u"%1 (%2)"_s.arg(item, textOf(row[table.table->place(u"Descri"_s)])));
+            lost.append(u"%1 (%2)"_s.arg(item, TextOf(row[table.table->place(u"Descri"_s)])));
     }
     return lost;
 }

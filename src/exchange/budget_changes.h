@@ -1,0 +1,41 @@
+#pragma once
+
+#include "common/currency.h"
+#include "exchange/archive_tables.h"
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+namespace saldoro {
+
+/** A cost item that two budgets do not have in common. */
+struct BudgetChange
+{
+    QString code;
+    QString description;    ///< the new one where there is one
+    bool isNew = false;     ///< not in the budget before
+    bool isDropped = false; ///< not in the budget after
+    std::optional<Currency> before =
+        {}; ///< amounts; no value for a null or an item that is not there
+    std::optional<Currency> after = {};
+    bool isPaid = false; ///< payments are allocated to it
+
+    /** "A1 (Scavi): da 1.000,00 a 1.200,00". */
+    QString text() const;
+};
+
+/**
+ * Compares two budgets, rows of `UltimaPerVariante`; codes that differ in letter case only are the
+ * same. @p allocations are the rows of `Spese`. Dropped items that are paid come first, then the
+ * other dropped ones, then those of @p after in their order.
+ */
+QList<BudgetChange> BudgetChanges(const TableRows &before, const TableRows &after,
+                                  const TableRows &allocations);
+
+/** As BudgetChanges(), from what the project in @p projectFolder (of the machine) holds to
+ *  @p budget; writes nothing. Throws DatabaseError. */
+QList<BudgetChange> CompareBudget(const QString &projectFolder, const TableRows &budget);
+
+} // namespace saldoro
