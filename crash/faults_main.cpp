@@ -159,7 +159,7 @@ int takenDocuments(FaultTrial &trial)
         QDir().mkpath(path + u"/occupato"_s);
         const Report report = trial.perform();
         QDir(path).removeRecursively();
-        faults += requireTaken(trial, report, path, u"documento"_s);
+        faults += requireTaken(trial, report, path, u"file"_s);
     }
     Require(faults == 0 || faults == documents.size(), u"it writes some of the documents"_s, {});
     return faults;

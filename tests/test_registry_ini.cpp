@@ -1,7 +1,9 @@
+#include "common/errors.h"
 #include "file_content.h"
 #include "platform/ini_file.h"
 #include "platform/process.h"
 #include "platform/registry.h"
+#include "platform/whole_file.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -76,6 +78,47 @@ private slots:
             QCOMPARE(RegistryFilePath(), file);
         }
         QVERIFY(!ReadRegistryValue(u"a"_s, QString()));
+    }
+
+    void filesAreWrittenWhole()
+    {
+        const auto problemOf = [](const auto &action) {
+            try {
+                action();
+            } catch (const FileError &error) {
+                return error.problem();
+            }
+            return u"none"_s;
+        };
+        const QString path = WriteFile(m_folder.filePath(u"intero/a.ini"_s), "; mia\n[B]\nc=1");
+        AddIniValue(path, u"a"_s, u"x"_s, u" 1 "_s);
+        AddIniValue(path, u"b"_s, u"d"_s, u"2"_s);
+        QCOMPARE(ContentOf(path), "; mia\n[B]\nd=\"2\"\nc=1\n[a]\nx=\" 1 \"\n");
+        {
+            WholeFile other(path, "b");
+            WholeFile replaced(path, "a");
+            QVERIFY(ContentOf(path).startsWith("; mia"));
+            replaced.replace();
+        }
+        QDir(m_folder.path()).mkpath(u"intero/cartella/x"_s);
+        QCOMPARE(problemOf([&] { PutInPlace(m_folder.filePath(u"intero/cartella"_s), path); }),
+                 u"Il file c'è già."_s);
+        for (const auto &[name, content, problem] :
+             {std::tuple(u"cartella"_s, "", u"Al posto del file c'è una cartella."_s),
+              {u"manca/a"_s, "", u"La cartella del file non esiste."_s},
+              {u"a.ini"_s, nullptr, u"La scrittura del file non è riuscita."_s}})
+            QCOMPARE(problemOf([&, name = name, content = content] {
+                         WholeFile(m_folder.filePath(u"intero/"_s + name), [&](QIODevice &file) {
+                             return file.write("x") == 1 && content != nullptr;
+                         });
+                     }),
+                     problem);
+        QCOMPARE(problemOf([&] {
+                     AddIniValue(m_folder.filePath(u"intero/cartella"_s), u"a"_s, u"b"_s, u"c"_s);
+                 }),
+                 u"Il file non può essere letto."_s);
+        QCOMPARE(ContentsOf(m_folder.filePath(u"intero"_s)),
+                 (QMap<QString, QByteArray>{{u"a.ini"_s, "a"}}));
     }
 
     void commandLineTail()

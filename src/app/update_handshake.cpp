@@ -3,16 +3,13 @@
 #include "app/install_settings.h"
 #include "common/archive_folders.h"
 #include "common/date_text.h"
-#include "common/errors.h"
 #include "common/number_text.h"
 #include "controls/message_box.h"
 #include "platform/ini_file.h"
-#include "platform/machine_path.h"
 #include "platform/process.h"
+#include "platform/whole_file.h"
 
 #include <QDateTime>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <QStringList>
 
 namespace saldoro {
@@ -54,16 +51,7 @@ bool AsksForManifest(const QString &tail)
 void WriteUpdateManifest()
 {
     // A manifest of that name in other letter case is the same file to the suite.
-    QSaveFile file(MachinePath(ProgramName() + u".ini"_s));
-    const bool written = file.open(QIODevice::WriteOnly) &&
-                         file.write(manifestText().toLocal8Bit()) >= 0 &&
-                         file.flush() && // committing alone would not notice a full disk
-                         file.commit();
-    if (!written)
-        throw FileError(QFileInfo(file.fileName()).absoluteFilePath(),
-                        u"Non è possibile scrivere il file di aggiornamento."_s,
-                        u"Avviare il programma da una cartella in cui si può "
-                        "scrivere."_s);
+    WholeFile(ProgramName() + u".ini"_s, manifestText().toLocal8Bit()).replace();
 }
 
 bool UpdateIsWaiting(const ProgramValues &values)

@@ -1,5 +1,7 @@
 #include "common/errors.h"
 
+#include <QDir>
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -103,7 +105,7 @@ const char *SaldoroError::what() const noexcept
 FileError::FileError(const QString &path, const QString &problem, const QString &remedy)
     : SaldoroError(problem, remedy)
 {
-    addDetail(u"File"_s, path);
+    addDetail(u"File"_s, QDir::toNativeSeparators(path));
 }
 
 DatabaseError::DatabaseError(DatabaseFault fault, const QString &file, const QString &table,
@@ -111,7 +113,7 @@ DatabaseError::DatabaseError(DatabaseFault fault, const QString &file, const QSt
     : SaldoroError(textOf(fault).problem.toString(), textOf(fault).remedy.toString())
     , m_fault(fault)
 {
-    addDetail(u"File"_s, file);
+    addDetail(u"File"_s, QDir::toNativeSeparators(file));
     addDetail(u"Tabella"_s, table);
     addDetail(u"Campo"_s, field);
     addDetail(u"Particolari"_s, extra);

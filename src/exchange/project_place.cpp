@@ -73,11 +73,9 @@ QString SettingReport(const ProjectPlace &place)
     if (present)
         return u"Saldoro cerca gli archivi in un'altra cartella, «%1»: finché l'impostazione non "
                "cambia questo progetto non si apre.\n"_s.arg(*present);
-    if (!AddRegistryValue(key, name, place.root))
-        throw FileError(RegistryFilePath(),
-                        u"Il progetto c'è, ma l'impostazione che dice dove "
-                        "stanno gli archivi non può essere scritta."_s,
-                        u"Controllare i permessi e lo spazio libero sul disco."_s);
+    WithDetail(u"Già fatto"_s,
+               u"il progetto c'è; manca l'impostazione che dice dove stanno gli archivi"_s,
+               [&] { AddRegistryValue(key, name, place.root); });
     return u"Saldoro cerca d'ora in poi gli archivi in «%1».\n"_s.arg(place.root) + opened;
 }
 

@@ -1,14 +1,15 @@
 #include "platform/ini_file.h"
 
+#include "common/errors.h"
 #include "common/text_cut.h"
 #include "platform/legacy_text.h"
 #include "platform/machine_path.h"
+#include "platform/whole_file.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QStringDecoder>
 
 namespace saldoro {
@@ -17,13 +18,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** The whole text; empty when the file can't be read. */
-QString contentOf(const QString &fileName)
+/** The whole text; no value when the file can't be read. */
+std::optional<QString> contentOf(const QString &path)
 {
-    QFile file(MachinePath(fileName));
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return {};
+        return std::nullopt;
     const QByteArray data = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return std::nullopt;
     const auto marked = QStringConverter::encodingForData(data);
     if (!marked)
         return TextOfStoredBytes(data);
@@ -48,7 +51,7 @@ QRegularExpression sectionLine(const QString &section)
 std::optional<QString> FindIniValue(const QString &fileName, const QString &section,
                                     const QString &key)
 {
-    const QString content = contentOf(fileName);
+    const QString content = contentOf(MachinePath(fileName)).value_or(QString());
     const qsizetype begin = sectionLine(section).match(content).capturedEnd();
     if (begin < 0)
         return std::nullopt;
@@ -61,24 +64,24 @@ std::optional<QString> FindIniValue(const QString &fileName, const QString &sect
     return found.hasMatch() ? std::optional(found.captured(u"value")) : std::nullopt;
 }
 
-bool AddIniValue(const QString &fileName, const QString &section, const QString &key,
+void AddIniValue(const QString &fileName, const QString &section, const QString &key,
                  const QString &value)
 {
     const QFileInfo info(MachinePath(fileName));
-    if (info.exists() && !info.isReadable())
-        return false;
-    QString content = contentOf(fileName);
-    qsizetype place = sectionLine(section).match(content).capturedEnd();
+    std::optional<QString> content = info.exists() ? contentOf(info.filePath()) : QString();
+    if (!content)
+        throw FileError(info.filePath(), u"Il file non può essere letto."_s,
+                        u"Controllare i permessi, e che nessun programma lo tenga aperto."_s);
+    qsizetype place = sectionLine(section).match(*content).capturedEnd();
     if (place < 0) {
-        if (!content.isEmpty() && !content.endsWith(u'\n'))
-            content += u'\n';
-        content += u'[' + section + u"]\n"_s;
-        place = content.size() - 1;
+        if (!content->isEmpty() && !content->endsWith(u'\n'))
+            *content += u'\n';
+        *content += u'[' + section + u"]\n"_s;
+        place = content->size() - 1;
     }
-    content.insert(place, u'\n' + key + u"=\""_s + value + u'"');
-    QSaveFile file(info.filePath());
-    return QDir().mkpath(info.path()) && file.open(QIODevice::WriteOnly) &&
-           file.write(content.toUtf8()) >= 0 && file.commit();
+    content->insert(place, u'\n' + key + u"=\""_s + value + u'"');
+    QDir().mkpath(info.path()); // what can't be made is told by the writing
+    WholeFile(info.filePath(), content->toUtf8()).replace();
 }
 
 QString ReadIniString(const QString &fileName, const QString &section, const QString &key)

@@ -3,6 +3,8 @@
 #include "platform/ini_file.h"
 
 #ifdef Q_OS_WIN
+#include "common/errors.h"
+
 #include <QSettings>
 
 #include <string>
@@ -36,12 +38,14 @@ std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &
     return TrimAtNul(QString::fromStdWString(text));
 }
 
-bool AddRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)
+void AddRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)
 {
     QSettings settings(u"HKEY_CURRENT_USER\\"_s + keyPath, QSettings::NativeFormat);
     settings.setValue(valueName, text);
     settings.sync();
-    return settings.status() == QSettings::NoError;
+    if (settings.status() != QSettings::NoError)
+        throw FileError(settings.fileName(), u"L'impostazione non può essere scritta."_s,
+                        u"Controllare i permessi dell'utente sul registro."_s);
 }
 
 QString RegistryFilePath()
@@ -64,9 +68,9 @@ std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &
     return TrimAtNul(value->sliced(type.capturedLength()));
 }
 
-bool AddRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)
+void AddRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)
 {
-    return AddIniValue(RegistryFilePath(), keyPath, valueName, text);
+    AddIniValue(RegistryFilePath(), keyPath, valueName, text);
 }
 
 QString RegistryFilePath()

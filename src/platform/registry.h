@@ -25,8 +25,8 @@ namespace saldoro {
 std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &valueName);
 
 /** Adds a text value that is not there yet to the per-user settings. Everything else stays as it
- * is. False when it can't be written. */
-bool AddRegistryValue(const QString &keyPath, const QString &valueName, const QString &text);
+ * is. Throws FileError when the settings can't be read or written. */
+void AddRegistryValue(const QString &keyPath, const QString &valueName, const QString &text);
 
 /** The per-user settings file, where there is no registry: "saldoro/registro.ini" in the folder
  *  that XDG_CONFIG_HOME names, or in ~/.config when that is unset, empty or not absolute. The empty
