@@ -1,5 +1,5 @@
-#include "exchange/csv_reader.h"
-#include "exchange/csv_values.h"
+#include "exchange/cell_rows.h"
+#include "exchange/cell_values.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -15,19 +15,14 @@ constexpr int cases = 100'000;
 
 QString readQuickly(const QString &text)
 {
-    CsvReader reader(text, u';');
+    const TextRows read = RowsOfText(text, u';');
     QString rows;
-    CsvRow row;
-    try {
-        while (reader.next(row)) {
-            rows += u'\n' + QString::number(row.line);
-            for (const QString &cell : row.cells)
-                rows += cell.isNull() ? u"-"_s : u'<' + cell;
-        }
-    } catch (const CsvFault &) {
-        rows += u"\nfault"_s;
+    for (const CellRow &row : read.rows) {
+        rows += u'\n' + QString::number(row.line);
+        for (const QString &cell : row.cells)
+            rows += cell.isNull() ? u"-"_s : u'<' + cell;
     }
-    return rows;
+    return read.fault ? rows + u"\nfault"_s : rows;
 }
 
 /** Cell by cell by a regular expression. */
@@ -56,17 +51,17 @@ QString readSlowly(const QString &text)
     return rows;
 }
 
-QString amountSlowly(const QString &text, CsvDialect dialect)
+QString amountSlowly(const QString &text, Notation notation)
 {
     static const QString before = u"\\A\\s*(?:€\\s*)?([-+]?)\\s*(?:€\\s*)?"_s;
     static const QString behind = u"\\s*€?\\s*\\z"_s;
     static const QRegularExpression italian(
         before + u"([0-9]{1,3}(?:\\.[0-9]{3})+|[0-9]+)(?:,([0-9]{1,4}))?"_s + behind);
     static const QRegularExpression international(
-        before + u"([0-9]+)(?:\\.([0-9]{1,2}|[0-9]{4}))?"_s + behind);
-    const auto match = (dialect == CsvDialect::Italian ? italian : international).match(text);
+        before + u"([0-9]{1,3}(?:,[0-9]{3})+|[0-9]+)(?:\\.([0-9]{1,2}|[0-9]{4}))?"_s + behind);
+    const auto match = (notation == Notation::Italian ? italian : international).match(text);
     bool fits = match.hasMatch() && text.count(u'€') < 2;
-    const qint64 value = (match.captured(1) + match.captured(2).remove(u'.') +
+    const qint64 value = (match.captured(1) + match.captured(2).remove(u'.').remove(u',') +
                           match.captured(3).leftJustified(4, u'0'))
                              .toLongLong(fits ? &fits : nullptr);
     return fits ? QString::number(value) : u"none"_s;
@@ -99,11 +94,11 @@ private slots:
                                              u"922337203685477"_s, u"5807"_s, u"5808"_s, u"e"_s},
                                             6) +
                                  randomText({u"€"_s, u" "_s, u"-"_s, u""_s}, 2);
-            for (const CsvDialect dialect : {CsvDialect::Italian, CsvDialect::International}) {
-                const auto read = AmountOf(text, dialect);
+            for (const Notation notation : {Notation::Italian, Notation::International}) {
+                const auto read = AmountOf(text, notation);
                 QCOMPARE(text + u'=' + (read ? QString::number(read->scaled()) : u"none"_s),
-                         text + u'=' + amountSlowly(text, dialect));
-                QVERIFY2(!read || AmountOf(AmountCell(*read), CsvDialect::Italian) == read,
+                         text + u'=' + amountSlowly(text, notation));
+                QVERIFY2(!read || AmountOf(AmountCell(*read), Notation::Italian) == read,
                          qPrintable(text));
             }
         }

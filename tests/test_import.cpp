@@ -57,17 +57,17 @@ void TestImport::refuses()
         {"Voci", "Voce\n", "Voci.csv: nessuna tabella ha questo nome."},
         {"UltimaPerVariante", "Voce;Nota\nA1;x\n",
          "manca il campo Descri.|manca il campo Importo."},
-        {"Manda", "", "manca il campo AnagPar."},
-        {"Manda", "AnagPar;AnagRel;anagrel;\n1;2;2;3\n",
-         "riga 1: il campo anagrel è nominato due volte.|riga 2: la cella 4 sta in una colonna"},
+        {"Manda", "", "nessuna nomina i campi AnagPar, AnagRel, sep"},
+        {"Manda", "AnagPar;AnagRel;anagrel;\n1;2;2;3\n", "il campo anagrel è nominato due volte."},
         {"UltimaPerVariante",
-         budget + "A1;x;12.5\nA2;\"y\n\ny\";uno\nA3;x;\"\"\nA4;x\nA5;x;1;2\nA6;" +
+         budget + "A1;x;12.5\nA2;\"y\n\ny\";uno\nA3;x;\"\"\nA4\nA5;x;1;2\nA6;" +
              QByteArray(256, 'x') + ";1\n",
          "riga 2, campo Importo: «12.5» non è un importo come 1.234,56|riga 3, campo Importo: "
-         "«uno»|riga 6, campo Importo: «» non è|riga 7: le celle sono 2, e 3 nella prima "
-         "riga.|riga "
+         "«uno»|riga 6, campo Importo: «» non è|riga 7: le celle sono 1, e 3 "
+         "nell'intestazione.|riga "
          "8: le celle sono 4|riga 9, campo Descri: il testo ha 256 caratteri e il campo ne tiene "
          "255."},
+        {"Manda", "AnagPar;AnagRel;\n1;2;3\n", "riga 2: la cella 3 sta in una colonna"},
         {"UltimaPerVariante", budget + "A1;a \"b\";1\n", "riga 2: ci sono virgolette dentro"},
         {"UltimaPerVariante", budget + "A1;\"a\" b;1\n", "riga 2: dopo le virgolette chiuse"},
         {"UltimaPerVariante", budget + "A1;\"a;1\nA2;b;2\n", "riga 2: le virgolette aperte"},

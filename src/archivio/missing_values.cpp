@@ -2,7 +2,7 @@
 
 #include "common/errors.h"
 #include "database/database.h"
-#include "exchange/csv_values.h"
+#include "exchange/cell_values.h"
 
 #include <QFile>
 
@@ -20,11 +20,11 @@ SaldoroError refusal(const QString &problem)
 NewValue valueOf(const QString &text, bool isDay)
 {
     if (isDay) {
-        if (const auto day = DayOf(text, CsvDialect::Italian))
+        if (const auto day = DayOf(text, Notation::Italian))
             return *day;
         throw refusal(u"«"_s + text + u"» non è una data gg/mm/aaaa."_s);
     }
-    if (const auto amount = AmountOf(text, CsvDialect::Italian))
+    if (const auto amount = AmountOf(text, Notation::Italian))
         return *amount;
     throw refusal(u"«"_s + text + u"» non è un importo come 1.234,56."_s);
 }

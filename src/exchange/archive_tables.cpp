@@ -72,8 +72,13 @@ const std::vector<ExchangedTable> &ExchangedTables()
     static const std::vector<ExchangedTable> tables = [] {
         std::vector<ExchangedTable> result;
         for (const ArchiveFile file : ArchiveFileList) {
-            for (const TableDef &table : TablesOf(file))
-                result.push_back({file, table, needed.at(table.name()).split(u' ')});
+            for (const TableDef &table : TablesOf(file)) {
+                const QStringList fields = needed.at(table.name()).split(u' ');
+                QStringList filled = fields;
+                if (table.name() == "UltimaPerVariante"_L1)
+                    filled.removeOne(u"Importo"_s); // a null budget counts as 0
+                result.push_back({file, table, fields, filled});
+            }
         }
         return result;
     }();

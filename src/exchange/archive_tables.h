@@ -17,6 +17,7 @@ struct ExchangedTable
     ArchiveFile archive;
     TableDef definition;
     QStringList neededFields; ///< of a file
+    QStringList filledFields; ///< of each row
 
     const QString &name() const { return definition.name(); }
     QString fileName() const { return name() + QStringLiteral(".csv"); }

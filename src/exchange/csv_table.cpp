@@ -1,18 +1,14 @@
 #include "exchange/csv_table.h"
 
 #include "common/errors.h"
-#include "common/text_cut.h"
-#include "exchange/csv_reader.h"
-#include "exchange/csv_values.h"
-#include "exchange/progress.h"
+#include "exchange/typed_rows.h"
 #include "platform/legacy_text.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
+#include <QMap>
 
-#include <algorithm>
-#include <functional>
+#include <optional>
 #include <utility>
 
 namespace saldoro {
@@ -21,181 +17,193 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Older programs write the Western code page. */
-QString fileText(const QString &path)
+QByteArray bytesOf(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    QByteArray bytes;
+    if (!file.open(QIODevice::ReadOnly) || (bytes = file.readAll(), file.error() != QFile::NoError))
         throw FileError(path, u"Il file non può essere letto."_s,
                         u"Controllare i permessi, e che nessun programma lo tenga aperto."_s);
-    const QByteArray bytes = file.readAll();
-    return TextOfStoredBytes(
-        QByteArrayView(bytes).sliced(bytes.startsWith("\xEF\xBB\xBF") ? 3 : 0));
+    return bytes;
 }
 
-/** The first separator outside of quotes in the first line tells. */
-CsvDialect dialectOf(const QString &text)
+/** What a file is that only bears the name of a CSV file; empty for one that is such a file. */
+QString otherKind(const QByteArray &bytes)
 {
-    static const QRegularExpression comma(u"\\A(?:\"[^\"]*\"|[^\",;\\n])*+,"_s);
-    return comma.match(text).hasMatch() ? CsvDialect::International : CsvDialect::Italian;
+    if (bytes.startsWith("PK\x03\x04") || bytes.startsWith("\xD0\xCF\x11\xE0"))
+        return u"è la cartella di un foglio elettronico con il nome di un file CSV: aprirla e "
+               "salvarla come CSV, con «;» e in UTF-8."_s;
+    if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF") ||
+        (bytes.size() > 1 && (bytes[0] == '\0') != (bytes[1] == '\0')))
+        return u"è scritto in UTF-16 (in alcuni programmi si chiama Unicode): salvarlo in UTF-8."_s;
+    if (const qsizetype at = bytes.indexOf('\0'); at >= 0)
+        return u"alla riga %1 c'è un carattere nullo (NUL), che nessun testo contiene: il file è "
+               "rovinato o non è un CSV."_s.arg(bytes.first(at).count('\n') + 1);
+    if (bytes.startsWith("#TYPE") || bytes.startsWith("\xEF\xBB\xBF#TYPE"))
+        return u"comincia con una riga «#TYPE» di un altro programma: toglierla, o esportare senza "
+               "il tipo."_s;
+    return {};
 }
 
-bool isBlank(const CsvRow &row)
-{
-    return std::all_of(row.cells.begin(), row.cells.end(), std::mem_fn(&QString::isNull));
-}
-
-/** A line "sep=;", which spreadsheets read as a hint. */
-bool isHint(const CsvRow &row)
-{
-    return row.cells.size() == 2 && row.cells[1].isNull() &&
-           row.cells[0].compare("sep="_L1, Qt::CaseInsensitive) == 0;
-}
-
-/** The value of a cell; no value when it is not written as one of the type. */
-std::optional<NewValue> valueOf(const QString &cell, FieldType type, CsvDialect dialect)
-{
-    if (cell.isNull())
-        return NewValue();
-    if (type == FieldType::Currency)
-        return AmountOf(cell, dialect);
-    if (type == FieldType::Integer || type == FieldType::Long)
-        return WholeOf(cell);
-    if (type == FieldType::Date && !cell.isEmpty())
-        return DayOf(cell, dialect);
-    return cell;
-}
-
-/** What a cell that could not be read should hold. */
-QString expected(FieldType type, CsvDialect dialect)
-{
-    const bool isItalian = dialect == CsvDialect::Italian;
-    if (type == FieldType::Currency)
-        return isItalian ? u"un importo come 1.234,56"_s
-                         : u"un importo come 1234.56 (e non con tre decimali)"_s;
-    if (type == FieldType::Date)
-        return isItalian ? u"una data gg/mm/aaaa"_s : u"una data aaaa-mm-gg"_s;
-    return u"un numero intero"_s;
-}
-
-/** Why the field of the archive can't hold the value; empty when it can. */
-QString refusal(const FieldDef &field, const NewValue &value)
-{
-    const auto fault = RefusalOf(field, value);
-    if (!fault)
-        return {};
-    const auto *text = std::get_if<QString>(&value);
-    if (fault == DatabaseFault::ZeroLengthRefused)
-        return u"il testo è vuoto, mentre il campo deve essere pieno o senza valore."_s;
-    if (fault == DatabaseFault::FieldTooSmall && text != nullptr)
-        return u"il testo ha %1 caratteri e il campo ne tiene %2."_s.arg(CharacterCount(*text))
-            .arg(field.size);
-    return u"il valore non sta nel campo che l'archivio ha."_s;
-}
-
-/** Reads one file into a table. */
-class TableReader
+/** One file on its way into a table. */
+class FileReader
 {
 public:
-    TableReader(const QString &path, const ExchangedTable &table, TableDef stored,
-                QStringList &errors)
+    FileReader(const QString &path, const ExchangedTable &table, QStringList &errors)
         : m_result{&table, QFileInfo(path).fileName(), {}}
         , m_errors(errors)
-        , m_text(fileText(path))
-        , m_dialect(dialectOf(m_text))
+        , m_bytes(bytesOf(path))
     {
-        for (const FieldDef &field : table.definition.fields())
-            m_stored.append(stored.field(field.name));
     }
 
-    CsvTable read()
+    CsvTable read(const TableDef &stored)
     {
-        CsvReader reader(m_text, m_dialect == CsvDialect::Italian ? u';' : u',');
-        CsvRow row;
-        Progress progress(u"Lettura di "_s + m_result.file);
-        try {
-            while (reader.next(row) && (isBlank(row) || isHint(row)))
-                row = {};
-            readNames(row);
-            while (reader.next(row)) {
-                if (!isBlank(row))
-                    readRow(row);
-                progress.show(m_result.rows.size());
-            }
-        } catch (const CsvFault &fault) {
-            addError(fault.line, fault.problem + u": il resto del file non è stato letto."_s);
+        if (const QString kind = otherKind(m_bytes); !kind.isEmpty()) {
+            addError({0, {}, kind});
+            return std::move(m_result);
         }
+        const QString text = decoded();
+        const auto [separator, columns] = header(text);
+        if (!takeHeader(columns, separator))
+            return std::move(m_result);
+        const TextRows cells = RowsOfText(text, separator);
+        const bool isItalian = separator == u';';
+        const auto readIn = [&, &columns = columns](bool italian) {
+            return TypedRowsOf(cells.rows, columns, *m_result.table, stored,
+                               italian ? Notation::Italian : Notation::International);
+        };
+        TypedRows typed = readIn(isItalian);
+        const qsizetype faults = typed.faults.size();
+        // One that the other notation would mend may be a slip of the hand.
+        if (faults > 1 && readIn(!isItalian).faults.size() + 1 < faults &&
+            ToldNotation(cells.rows, columns, *m_result.table).has_value()) {
+            addError({0,
+                      {},
+                      isItalian ? u"gli importi e le date sono scritti come 1234.56 e "
+                                  "2024-12-31: salvare il file con «,» come separatore."_s
+                                : u"gli importi e le date sono scritti all'italiana: salvare "
+                                  "il file con «;» come separatore."_s});
+            return std::move(m_result);
+        }
+        addErrors(typed.faults);
+        if (cells.fault)
+            addError(*cells.fault);
+        m_result.rows = std::move(typed.rows);
+        m_result.lines = std::move(typed.lines);
+        m_result.fields = std::move(typed.fields);
         return std::move(m_result);
     }
 
 private:
-    void addError(int line, const QString &problem)
+    void addError(const CellFault &fault)
     {
-        m_errors.append(m_result.file + u", riga "_s + QString::number(line) + u": "_s + problem);
+        QString place = m_result.file;
+        if (fault.line > 0)
+            place += u", riga "_s + QString::number(fault.line);
+        if (!fault.field.isEmpty())
+            place += u", campo "_s + fault.field;
+        m_errors.append(place + u": "_s + fault.problem);
     }
 
-    void readNames(const CsvRow &row)
+    /** Of each field the first ones, then how many more there are. */
+    void addErrors(const QList<CellFault> &faults)
     {
-        for (const QString &cell : row.cells) {
-            const QString name = cell.trimmed();
-            const qsizetype place = name.isEmpty() ? Nameless : m_result.table->place(name);
-            if (place == Unknown)
-                m_result.unknownFields.append(name);
-            else if (m_places.contains(place) && place != Nameless)
-                addError(row.line, u"il campo "_s + name + u" è nominato due volte."_s);
-            if (place >= 0)
-                m_result.fields.append(m_result.table->definition.fields()[place].name);
-            m_places.append(place);
+        constexpr int most = 20;
+        QMap<QString, int> counts;
+        for (const CellFault &fault : faults) {
+            if (++counts[fault.field] <= most)
+                addError(fault);
         }
-        for (const QString &needed : m_result.table->neededFields) {
-            if (!m_places.contains(m_result.table->place(needed)))
-                m_errors.append(m_result.file + u": nella prima riga manca il campo "_s + needed +
-                                u'.');
-        }
-    }
-
-    void readRow(const CsvRow &row)
-    {
-        if (row.cells.size() != m_places.size()) {
-            addError(row.line, u"le celle sono %1, e %2 nella prima riga."_s.arg(row.cells.size())
-                                   .arg(m_places.size()));
-            return;
-        }
-        m_result.rows.append(TableRow(m_stored.size()));
-        m_result.lines.append(row.line);
-        for (qsizetype cell = 0; cell < m_places.size(); ++cell) {
-            if (m_places[cell] >= 0)
-                m_result.rows.last()[m_places[cell]] = value(row.cells[cell], m_places[cell]);
-            else if (m_places[cell] == Nameless && !row.cells[cell].isNull())
-                addError(row.line, u"la cella %1 sta in una colonna senza nome."_s.arg(cell + 1));
+        for (auto count = counts.cbegin(); count != counts.cend(); ++count) {
+            if (*count > most)
+                addError({0, count.key(), u"e altri %1 errori così."_s.arg(*count - most)});
         }
     }
 
-    /** What can't be stored is an error, and its place taken by what no file can tell. */
-    NewValue value(const QString &cell, qsizetype place)
+    /** Programs of old write the Western code page; a line of it among others in UTF-8 is told. */
+    QString decoded()
     {
-        const FieldDef &field = m_result.table->definition.fields()[place];
-        std::optional<NewValue> value = valueOf(cell, field.type, m_dialect);
-        const QString problem =
-            value ? refusal(m_stored[place], *value)
-                  : u"«%1» non è %2, o è fuori misura."_s.arg(LeftCharacters(cell, 40),
-                                                              expected(field.type, m_dialect));
-        if (problem.isEmpty())
-            return *std::move(value);
-        m_errors.append(m_result.place(m_result.rows.size() - 1, field.name) + problem);
-        return QDate();
+        const bool isMarked = m_bytes.startsWith("\xEF\xBB\xBF");
+        const QByteArray bytes = m_bytes.sliced(isMarked ? 3 : 0);
+        if (bytes.isValidUtf8())
+            return TextOfUtf8(bytes);
+        QString text;
+        int oddLine = 0;
+        bool hasUtf8 = isMarked;
+        const QList<QByteArray> lines = bytes.split('\n');
+        for (qsizetype line = 0; line < lines.size(); ++line) {
+            const bool isUtf8 = lines[line].isValidUtf8();
+            const QString decoded = TextOfStoredBytes(lines[line]);
+            hasUtf8 = hasUtf8 || (isUtf8 && decoded.size() != lines[line].size());
+            if (!isUtf8 && oddLine == 0)
+                oddLine = static_cast<int>(line) + 1;
+            text += (line > 0 ? u"\n"_s : QString()) + decoded;
+        }
+        if (isMarked)
+            addError({oddLine,
+                      {},
+                      u"c'è un byte che non è UTF-8, mentre il file si dice in UTF-8: "
+                      "correggere la riga, o salvare il file di nuovo in UTF-8."_s});
+        else if (hasUtf8)
+            m_result.warnings.append(
+                m_result.file +
+                u", riga %1: non è in UTF-8 come il resto del file, ed è stata "
+                "letta in Windows-1252: guardare le lettere accentate."_s.arg(oddLine));
+        return text;
     }
 
-    // Places of cells that fill no field.
-    static constexpr qsizetype Unknown = -1;
-    static constexpr qsizetype Nameless = -2;
+    /** The separator whose first rows name the most of the needed fields. */
+    std::pair<QChar, CellColumns> header(const QString &text) const
+    {
+        std::pair<QChar, CellColumns> best(u';', FindColumns({}, *m_result.table));
+        const auto lack = [](const CellColumns &columns) {
+            return std::pair(columns.missing.size(), columns.guesses.size());
+        };
+        for (const QChar separator : {u';', u',', u'\t'}) {
+            const QList<CellRow> rows = RowsOfText(text, separator, MostHeaderRows).rows;
+            CellColumns columns = FindColumns(rows, *m_result.table);
+            if (lack(columns) < lack(best.second))
+                best = {separator, std::move(columns)};
+        }
+        return best;
+    }
+
+    /** False when the file can't be read by that header. */
+    bool takeHeader(const CellColumns &columns, QChar separator)
+    {
+        const qsizetype before = m_errors.size();
+        if (separator == u'\t')
+            addError({0,
+                      {},
+                      u"le celle sono separate da tabulazioni: salvare il file con «;» come "
+                      "separatore."_s});
+        else if (columns.firstRow == 0)
+            addError({0,
+                      {},
+                      u"nelle prime 20 righe nessuna nomina i campi %1, separati da «;» o "
+                      "«,»."_s.arg(m_result.table->neededFields.join(u", "_s))});
+        else
+            addHeaderErrors(columns);
+        m_result.unknownFields = columns.unknown;
+        return m_errors.size() == before;
+    }
+
+    void addHeaderErrors(const CellColumns &columns)
+    {
+        for (const QString &field : columns.missing)
+            addError({0, {}, u"nell'intestazione manca il campo %1."_s.arg(field)});
+        for (const auto &[field, name] : columns.guesses)
+            addError({0,
+                      {},
+                      u"nell'intestazione manca il campo %1: se è la colonna «%2», "
+                      "chiamarla %1."_s.arg(field, name)});
+        for (const QString &name : columns.doubled)
+            addError({0, {}, u"nell'intestazione il campo %1 è nominato due volte."_s.arg(name)});
+    }
 
     CsvTable m_result;
-    QList<FieldDef> m_stored; ///< the fields as the archive has them
     QStringList &m_errors;
-    QString m_text;
-    CsvDialect m_dialect;
-    QList<qsizetype> m_places; ///< for each cell that of its field
+    QByteArray m_bytes;
 };
 
 } // namespace
@@ -205,10 +213,10 @@ QString CsvTable::place(qsizetype row, const QString &field) const
     return u"%1, riga %2, campo %3: "_s.arg(file, QString::number(lines[row]), field);
 }
 
-CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, TableDef stored,
+CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,
                       QStringList &errors)
 {
-    return TableReader(path, table, std::move(stored), errors).read();
+    return FileReader(path, table, errors).read(stored);
 }
 
 } // namespace saldoro

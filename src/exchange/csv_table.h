@@ -16,7 +16,8 @@ struct CsvTable
     TableRows rows;
     QList<int> lines = {};          ///< that the rows begin on
     QStringList fields = {};        ///< of the table that the rows tell; empty for all of them
-    QStringList unknownFields = {}; ///< named in the first line and left out
+    QStringList unknownFields = {}; ///< named in the header and left out
+    QStringList warnings = {};      ///< what calls for attention, a line each
 
     const NewValue &value(qsizetype row, const QString &field) const
     {
@@ -27,11 +28,13 @@ struct CsvTable
 };
 
 /**
- * Reads the file at @p path (of the machine) for @p table. What can't be read, or can't be stored
- * in a table that is defined as @p stored, is added to @p errors, one line for each. Throws
- * FileError, and FieldMissing when the definition lacks one of the table's fields.
+ * Reads the file at @p path (of the machine) for @p table: ";" and the Italian notation, or "," and
+ * the international one, below a header that names the fields. What can't be read, or can't be
+ * stored in a table that is defined as @p stored, is added to @p errors, one line for each and of
+ * each field the first twenty. Throws FileError, and FieldMissing when the definition lacks one of
+ * the table's fields.
  */
-CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, TableDef stored,
+CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,
                       QStringList &errors);
 
 } // namespace saldoro

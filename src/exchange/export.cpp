@@ -4,7 +4,7 @@
 #include "common/errors.h"
 #include "common/text_cut.h"
 #include "exchange/archive_tables.h"
-#include "exchange/csv_values.h"
+#include "exchange/cell_values.h"
 #include "exchange/progress.h"
 #include "exchange/project_place.h"
 #include "store/project_files.h"
@@ -42,7 +42,8 @@ QString untold(const ExchangedTable &table, const TableRow &row)
         return u"nessun valore"_s;
     QStringList fields;
     for (qsizetype place = 0; place < row.size(); ++place) {
-        if (row[place] == NewValue(QDate()))
+        const auto *text = std::get_if<QString>(&row[place]);
+        if (row[place] == NewValue(QDate()) || (text != nullptr && text->contains(QChar(0))))
             fields.append(u"campo "_s + table.definition.fields()[place].name);
     }
     return fields.join(u", "_s);
@@ -109,7 +110,7 @@ QString ExportProject(const QString &projectFolder, const QString &csvFolder, bo
     }
     if (!untolds.isEmpty())
         throw SaldoroError(u"Questi valori non si possono dire in un file CSV: una data con l'ora, "
-                           "byte che non sono testo.\n  "_s +
+                           "un carattere nullo, byte che non sono testo.\n  "_s +
                                untolds.join(u"\n  "_s),
                            u"Nessun file è stato scritto. Correggere i valori nell'archivio."_s);
     MakeFolder(csvFolder);

@@ -231,6 +231,7 @@ private:
         const bool isThere = exists(read.table->archive);
         if (isThere)
             rows = StoredRows(Database::open(path(read.table->archive)), *read.table);
+        m_remarks.warnings.append(read.warnings);
         if (!read.unknownFields.isEmpty())
             m_remarks.warnings.append(read.file + u": campi tralasciati: "_s +
                                       read.unknownFields.join(u", "_s) + u'.');

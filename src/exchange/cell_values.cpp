@@ -1,4 +1,4 @@
-#include "exchange/csv_values.h"
+#include "exchange/cell_values.h"
 
 #include <QRegularExpression>
 
@@ -21,18 +21,18 @@ bool take(QStringView &text, QChar character)
     return true;
 }
 
-/** Digits, perhaps in groups of three with "." between them. */
+/** Digits in groups of three with a mark between them. */
 bool isGrouped(QStringView whole)
 {
-    static const QRegularExpression groups(u"\\A[0-9]{1,3}(?:\\.[0-9]{3})*\\z"_s);
+    static const QRegularExpression groups(u"\\A[0-9]{1,3}(?:[.,][0-9]{3})*\\z"_s);
     return groups.match(whole).hasMatch();
 }
 
 } // namespace
 
-std::optional<Currency> AmountOf(QStringView text, CsvDialect dialect)
+std::optional<Currency> AmountOf(QStringView text, Notation notation)
 {
-    const bool isItalian = dialect == CsvDialect::Italian;
+    const bool isItalian = notation == Notation::Italian;
     text = text.trimmed();
     const bool hasEuro = take(text, u'€');
     const bool isNegative = take(text, u'-');
@@ -40,13 +40,14 @@ std::optional<Currency> AmountOf(QStringView text, CsvDialect dialect)
         take(text, u'+');
     if (!hasEuro && !take(text, u'€') && text.endsWith(u'€'))
         text = text.chopped(1).trimmed();
+    const QChar group = isItalian ? u'.' : u',';
     const qsizetype mark = text.indexOf(isItalian ? u',' : u'.');
     const QStringView whole = text.first(mark < 0 ? text.size() : mark);
     const QStringView decimals = mark < 0 ? QStringView(u"0") : text.sliced(mark + 1);
     if (whole.isEmpty() || decimals.isEmpty() || decimals.size() > mostDecimals ||
-        (isItalian ? whole.contains(u'.') && !isGrouped(whole) : decimals.size() == 3))
+        (whole.contains(group) && !isGrouped(whole)) || (!isItalian && decimals.size() == 3))
         return std::nullopt;
-    QString digits = whole.toString().remove(u'.');
+    QString digits = whole.toString().remove(group);
     digits += decimals;
     if (!std::all_of(digits.begin(), digits.end(),
                      [](QChar character) { return character >= u'0' && character <= u'9'; }))
@@ -57,12 +58,12 @@ std::optional<Currency> AmountOf(QStringView text, CsvDialect dialect)
     return fits ? std::optional(Currency::fromScaled(scaled)) : std::nullopt;
 }
 
-std::optional<QDate> DayOf(QStringView text, CsvDialect dialect)
+std::optional<QDate> DayOf(QStringView text, Notation notation)
 {
     static const QRegularExpression italian(u"\\A(\\d\\d?)/(\\d\\d?)/(\\d{4})\\z"_s);
     static const QRegularExpression international(
         u"\\A(\\d{4})-(\\d\\d)-(\\d\\d)(?:[ T]00:00(?::00(?:\\.0+)?)?)?\\z"_s);
-    const bool isItalian = dialect == CsvDialect::Italian;
+    const bool isItalian = notation == Notation::Italian;
     const auto match = (isItalian ? italian : international).match(text.trimmed());
     const auto part = [&match](int place) { return match.capturedView(place).toInt(); };
     const QDate day(part(isItalian ? 3 : 1), part(2), part(isItalian ? 1 : 3));

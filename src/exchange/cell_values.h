@@ -1,0 +1,37 @@
+#pragma once
+
+#include "common/currency.h"
+
+#include <QDate>
+#include <QString>
+
+#include <optional>
+
+namespace saldoro {
+
+/** How amounts and days are written. */
+enum class Notation
+{
+    Italian,      ///< 1.234,56 and 31/12/2024
+    International ///< 1,234.56 and 2024-12-31
+};
+
+/**
+ * An exact amount; no value for anything that is none. Blanks and one "€" around it do not count,
+ * a sign may stand in front. Plain digits or groups of three with the notation's mark, then perhaps
+ * its other mark and one to four decimals; three decimals are none in the international notation,
+ * where they might be Italian thousands.
+ */
+std::optional<Currency> AmountOf(QStringView text, Notation notation);
+
+/** A day: 31/12/2024 (one digit will do for day and month) or 2024-12-31, where a midnight behind
+ *  it does not count. No value for anything else and for a day that the calendar does not have. */
+std::optional<QDate> DayOf(QStringView text, Notation notation);
+
+/** A whole number of 32 bits in plain digits, a sign may stand in front. */
+std::optional<qint32> WholeOf(QStringView text);
+
+/** An amount in the Italian notation, with two decimals or four and without groups. */
+QString AmountCell(Currency amount);
+
+} // namespace saldoro

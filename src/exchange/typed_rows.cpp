@@ -1,0 +1,260 @@
+#include "exchange/typed_rows.h"
+
+#include "common/errors.h"
+#include "common/text_cut.h"
+#include "exchange/progress.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** Whether a column of that name may well be meant for the field. */
+bool isLike(const QString &name, const QString &field)
+{
+    constexpr qsizetype sameLetters = 3;
+    return name.startsWith(field.first(std::min(sameLetters, field.size())), Qt::CaseInsensitive) ||
+           (field == "Voce"_L1 && name.startsWith("cod"_L1, Qt::CaseInsensitive));
+}
+
+/** The columns that a row names; those of needed fields also by names much like theirs. */
+CellColumns columnsOf(const CellRow &row, const ExchangedTable &table)
+{
+    CellColumns columns;
+    for (const QString &cell : row.cells) {
+        const QString name = cell.simplified();
+        const qsizetype place = name.isEmpty() ? CellColumns::Nameless : table.place(name);
+        const bool isDoubled = place >= 0 && columns.places.contains(place);
+        if (isDoubled)
+            columns.doubled.append(name);
+        columns.places.append(isDoubled ? CellColumns::Unknown : place);
+    }
+    for (const QString &needed : table.neededFields) {
+        const qsizetype place = table.place(needed);
+        if (columns.places.contains(place))
+            continue;
+        columns.missing.append(needed);
+        for (qsizetype cell = 0; cell < row.cells.size(); ++cell) {
+            const QString name = row.cells[cell].simplified();
+            if (columns.places[cell] != CellColumns::Unknown || !isLike(name, needed))
+                continue;
+            columns.places[cell] = place;
+            columns.missing.removeLast();
+            columns.guesses.append({needed, name});
+            break;
+        }
+    }
+    for (qsizetype cell = 0; cell < row.cells.size(); ++cell) {
+        if (const QString name = row.cells[cell].simplified();
+            columns.places[cell] == CellColumns::Unknown && !columns.doubled.contains(name))
+            columns.unknown.append(name);
+    }
+    return columns;
+}
+
+/** The value of a cell; no value when it is not written as one of the type. */
+std::optional<NewValue> valueOf(const QString &cell, FieldType type, Notation notation)
+{
+    if (cell.isNull())
+        return NewValue();
+    if (type == FieldType::Currency)
+        return AmountOf(cell, notation);
+    if (type == FieldType::Integer || type == FieldType::Long)
+        return WholeOf(cell);
+    if (type == FieldType::Date && !cell.isEmpty())
+        return DayOf(cell, notation);
+    return cell;
+}
+
+/** What a cell that could not be read should hold. */
+QString expected(FieldType type, Notation notation)
+{
+    const bool isItalian = notation == Notation::Italian;
+    if (type == FieldType::Currency)
+        return isItalian ? u"un importo come 1.234,56"_s
+                         : u"un importo come 1234.56 (e non con tre decimali)"_s;
+    if (type == FieldType::Date)
+        return isItalian ? u"una data gg/mm/aaaa"_s : u"una data aaaa-mm-gg"_s;
+    return u"un numero intero"_s;
+}
+
+/** Why the field of the archive can't hold the value; empty when it can. */
+QString refusal(const FieldDef &field, const NewValue &value)
+{
+    const auto fault = RefusalOf(field, value);
+    if (!fault)
+        return {};
+    const auto *text = std::get_if<QString>(&value);
+    if (fault == DatabaseFault::ZeroLengthRefused)
+        return u"il testo è vuoto, mentre il campo deve essere pieno o senza valore."_s;
+    if (fault == DatabaseFault::FieldTooSmall && text != nullptr)
+        return u"il testo ha %1 caratteri e il campo ne tiene %2."_s.arg(CharacterCount(*text))
+            .arg(field.size);
+    return u"il valore non sta nel campo che l'archivio ha."_s;
+}
+
+bool isBlank(const CellRow &row)
+{
+    return std::all_of(row.cells.begin(), row.cells.end(), std::mem_fn(&QString::isNull));
+}
+
+/** Reads the rows of one table. */
+class RowsReader
+{
+public:
+    RowsReader(const CellColumns &columns, const ExchangedTable &table, TableDef stored,
+               std::optional<Notation> notation)
+        : m_columns(columns)
+        , m_table(table)
+        , m_notation(notation)
+    {
+        for (const FieldDef &field : table.definition.fields())
+            m_stored.append(stored.field(field.name));
+        for (const qsizetype place : columns.places) {
+            if (place >= 0)
+                m_result.fields.append(table.definition.fields()[place].name);
+        }
+    }
+
+    TypedRows read(const QList<CellRow> &rows)
+    {
+        Progress progress(u"Lettura di "_s + m_table.name());
+        const auto last = std::find_if_not(rows.rbegin(), rows.rend(), isBlank);
+        m_isLastWhole = last != rows.rend() && last->cells.size() >= m_columns.places.size();
+        for (qsizetype row = m_columns.firstRow; row < rows.size(); ++row) {
+            if (!isBlank(rows[row]))
+                readRow(rows[row]);
+            progress.show(row);
+        }
+        return std::move(m_result);
+    }
+
+private:
+    /** Whether the cells of a row are one for each column, or those that lack may do so. */
+    bool hasItsCells(const QStringList &cells) const
+    {
+        const QList<qsizetype> &places = m_columns.places;
+        for (qsizetype cell = places.size(); cell < cells.size(); ++cell) {
+            if (!cells[cell].isNull())
+                return false;
+        }
+        for (qsizetype cell = cells.size(); cell < places.size(); ++cell) {
+            if (!m_isLastWhole ||
+                (places[cell] >= 0 &&
+                 m_table.filledFields.contains(m_stored[places[cell]].name, Qt::CaseInsensitive)))
+                return false;
+        }
+        return true;
+    }
+
+    void readRow(const CellRow &row)
+    {
+        const QList<qsizetype> &places = m_columns.places;
+        if (!hasItsCells(row.cells)) {
+            m_result.faults.append(
+                {row.line,
+                 {},
+                 u"le celle sono %1, e %2 nell'intestazione."_s.arg(row.cells.size())
+                     .arg(places.size())});
+            return;
+        }
+        TableRow values(m_stored.size());
+        for (qsizetype cell = 0; cell < std::min(places.size(), row.cells.size()); ++cell) {
+            if (places[cell] >= 0)
+                values[places[cell]] = value(row.line, row.cells[cell], places[cell]);
+            else if (places[cell] == CellColumns::Nameless && !row.cells[cell].isNull())
+                m_result.faults.append(
+                    {row.line, {}, u"la cella %1 sta in una colonna senza nome."_s.arg(cell + 1)});
+        }
+        m_result.rows.append(std::move(values));
+        m_result.lines.append(row.line);
+    }
+
+    /** The place of what can't be stored is taken by what no cell can tell. */
+    NewValue value(int line, const QString &cell, qsizetype place)
+    {
+        const FieldDef &field = m_table.definition.fields()[place];
+        const Notation notation = m_notation.value_or(Notation::Italian);
+        std::optional<NewValue> value = valueOf(cell, field.type, notation);
+        const QString shown = LeftCharacters(cell, 40);
+        QString problem;
+        if (!value)
+            problem =
+                u"«%1» non è %2, o è fuori misura."_s.arg(shown, expected(field.type, notation));
+        else if (const auto other =
+                     m_notation ? std::nullopt : valueOf(cell, field.type, Notation::International);
+                 other && *other != *value)
+            problem =
+                u"«%1» può essere mille volte tanto: scriverlo con due decimali."_s.arg(shown);
+        else
+            problem = refusal(m_stored[place], *value);
+        if (problem.isEmpty())
+            return *std::move(value);
+        m_result.faults.append({line, field.name, problem});
+        return QDate();
+    }
+
+    const CellColumns &m_columns;
+    const ExchangedTable &m_table;
+    std::optional<Notation> m_notation;
+    QList<FieldDef> m_stored; ///< the fields as the archive has them
+    bool m_isLastWhole = false;
+    TypedRows m_result;
+};
+
+} // namespace
+
+CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table)
+{
+    CellColumns best;
+    best.missing = table.neededFields;
+    for (qsizetype row = 0; row < std::min(rows.size(), MostHeaderRows); ++row) {
+        CellColumns columns = columnsOf(rows[row], table);
+        columns.firstRow = row + 1;
+        if (std::pair(columns.missing.size(), columns.guesses.size()) <
+            std::pair(best.missing.size(), best.guesses.size()))
+            best = std::move(columns);
+    }
+    return best;
+}
+
+std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColumns &columns,
+                                     const ExchangedTable &table)
+{
+    bool tellsItalian = false;
+    bool tellsOther = false;
+    for (qsizetype row = columns.firstRow; row < rows.size(); ++row) {
+        const QStringList &cells = rows[row].cells;
+        for (qsizetype cell = 0; cell < std::min(cells.size(), columns.places.size()); ++cell) {
+            if (columns.places[cell] < 0)
+                continue;
+            const FieldType type = table.definition.fields()[columns.places[cell]].type;
+            const bool isItalian = valueOf(cells[cell], type, Notation::Italian).has_value();
+            const bool isOther = valueOf(cells[cell], type, Notation::International).has_value();
+            tellsItalian = tellsItalian || (isItalian && !isOther);
+            tellsOther = tellsOther || (isOther && !isItalian);
+        }
+    }
+    if (tellsItalian == tellsOther)
+        return std::nullopt;
+    return tellsItalian ? Notation::Italian : Notation::International;
+}
+
+bool HasKey(const CellRow &row, const CellColumns &columns, const ExchangedTable &table)
+{
+    const qsizetype cell = columns.places.indexOf(table.place(table.neededFields.first()));
+    return cell >= 0 && cell < row.cells.size() && !row.cells[cell].trimmed().isEmpty();
+}
+
+TypedRows TypedRowsOf(const QList<CellRow> &rows, const CellColumns &columns,
+                      const ExchangedTable &table, TableDef stored,
+                      std::optional<Notation> notation)
+{
+    return RowsReader(columns, table, std::move(stored), notation).read(rows);
+}
+
+} // namespace saldoro

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "exchange/archive_tables.h"
+#include "exchange/cell_rows.h"
+#include "exchange/cell_values.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <utility>
+
+namespace saldoro {
+
+/** Which field of a table each cell of a row fills. */
+struct CellColumns
+{
+    // Places of cells that fill no field.
+    static constexpr qsizetype Unknown = -1;
+    static constexpr qsizetype Nameless = -2;
+
+    QList<qsizetype> places = {}; ///< for each cell that of its field among the table's
+    qsizetype firstRow = 0;       ///< behind the one that names the fields; 0 when none does
+    QStringList missing = {};     ///< needed fields that no cell is named for
+    QStringList unknown = {};     ///< names that stand for no field
+    QStringList doubled = {};     ///< names that a cell before has, too; they fill no field
+    /** Needed fields that a cell of nearly their name fills, with that name. */
+    QList<std::pair<QString, QString>> guesses = {};
+};
+
+/** Looks among the first rows for the one that names the needed fields of @p table, by their names
+ *  in any letter case or, where no row does, by names much like them ("Descrizione" for Descri). */
+CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table);
+inline constexpr qsizetype MostHeaderRows = 20; ///< that are looked at
+
+/** The notation that amounts and days are written in throughout: no value where some cells are of
+ *  one and some of the other, or none tells. Cells that are no values do not count. */
+std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColumns &columns,
+                                     const ExchangedTable &table);
+
+/** Whether a row fills the first needed field, thus is no title or total between the others. */
+bool HasKey(const CellRow &row, const CellColumns &columns, const ExchangedTable &table);
+
+/** Rows of cells as values of a table. */
+struct TypedRows
+{
+    TableRows rows = {};
+    QList<int> lines = {};        ///< of the text, for each row
+    QStringList fields = {};      ///< of the table that cells fill
+    QList<CellFault> faults = {}; ///< a row or field that has one is not what the cells say
+};
+
+/**
+ * Reads the rows behind the header; those without any value are passed over. @p stored is the
+ * table as the archive defines it: what it can't hold is a fault. Cells may lack at a row's end
+ * where their fields may be empty and the last row is whole. Without a notation values are read in
+ * Italian, and an amount that would be another one in the other notation is a fault.
+ *
+ * Throws FieldMissing when @p stored lacks one of the table's fields.
+ */
+TypedRows TypedRowsOf(const QList<CellRow> &rows, const CellColumns &columns,
+                      const ExchangedTable &table, TableDef stored,
+                      std::optional<Notation> notation);
+
+} // namespace saldoro
