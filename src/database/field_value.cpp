@@ -162,6 +162,29 @@ QString FieldValue::text() const
     return PlainText(known(), m_field->type);
 }
 
+bool FieldValue::isOfItsKind() const
+{
+    static const QRegularExpression day(
+        u"\\A(\\d{4}-\\d\\d-\\d\\d([ T]\\d\\d:\\d\\d(:\\d\\d(\\.\\d+)?)?)?)?\\z"_s);
+    const auto *whole = std::get_if<qint64>(m_value);
+    const auto *text = std::get_if<QByteArrayView>(m_value);
+    if (isNull())
+        return true;
+    switch (m_field->type) {
+    case FieldType::Currency:
+        return whole != nullptr;
+    case FieldType::Long:
+        return whole != nullptr && *whole == static_cast<qint32>(*whole);
+    case FieldType::Integer:
+        return whole != nullptr && *whole == static_cast<qint16>(*whole);
+    case FieldType::Date:
+        return text != nullptr && (text->isEmpty() || dayOf(*m_value)) &&
+               day.match(QString::fromLatin1(*text)).hasMatch();
+    default:
+        return true;
+    }
+}
+
 std::optional<QByteArrayView> FieldValue::storedBytes() const
 {
     const auto *text = std::get_if<QByteArrayView>(m_value);

@@ -66,6 +66,11 @@ public:
     /** As text(), a null giving the empty text. */
     QString textOrEmpty() const { return PlainText(*m_value, m_field->type); }
 
+    /** Whether it is null or exactly what its field declares: a count of ten-thousandths, a whole
+     *  number within the bounds of the field, a day as yyyy-MM-dd, perhaps with a time, or the
+     *  empty text. Anything will do in a field of another kind or without one. */
+    bool isOfItsKind() const;
+
     /** The bytes of a stored text as they are, a day's included; no value for a null, a number or
      *  bytes that are no text. Valid until the set changes. */
     std::optional<QByteArrayView> storedBytes() const;

@@ -40,11 +40,20 @@ void TableDef::appendField(const QString &name, FieldType type, int size)
 
 FieldDef &TableDef::field(const QString &name)
 {
-    for (FieldDef &field : m_fields) {
-        if (field.name.compare(name, Qt::CaseInsensitive) == 0)
-            return field;
+    const qsizetype at = place(name);
+    if (at < 0)
+        throw DatabaseError(DatabaseFault::FieldMissing, {}, m_name, name);
+    return m_fields[at];
+}
+
+qsizetype TableDef::place(const QString &name) const
+{
+    for (qsizetype at = 0; at < m_fields.size(); ++at) {
+        const QString &own = m_fields[at].name;
+        if (own.size() == name.size() && own.compare(name, Qt::CaseInsensitive) == 0)
+            return at;
     }
-    throw DatabaseError(DatabaseFault::FieldMissing, {}, m_name, name);
+    return -1;
 }
 
 QString DeclaredType(const FieldDef &field)

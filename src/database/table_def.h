@@ -47,6 +47,9 @@ public:
     /** The appended field of that name, letter case ignored. Throws FieldMissing. */
     FieldDef &field(const QString &name);
 
+    /** Place of a field, by its name in any letter case, in their order; -1 for none. */
+    qsizetype place(const QString &name) const;
+
     const QString &name() const { return m_name; }
     const QList<FieldDef> &fields() const { return m_fields; }
 

@@ -2,43 +2,13 @@
 
 #include "common/amount_text.h"
 #include "common/errors.h"
-#include "platform/legacy_text.h"
 #include "store/internal_codes.h"
 
 #include <map>
-#include <utility>
 
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-const NewValue Untold = QDate();
-
-/** The field's value, exactly. */
-NewValue valueOf(FieldType type, const FieldValue &stored)
-{
-    constexpr qsizetype dayLength = 10;
-    try {
-        if (stored.isNull())
-            return {};
-        if (type == FieldType::Currency)
-            return stored.currency();
-        if (type == FieldType::Integer || type == FieldType::Long)
-            return stored.integer();
-    } catch (const DatabaseError &) {
-        return Untold; // a value of another type
-    }
-    const auto bytes = stored.storedBytes();
-    if (!bytes)
-        return Untold;
-    if (type == FieldType::Date && !bytes->isEmpty())
-        return bytes->size() == dayLength ? stored.dateOrNone() : QDate();
-    return TextOfUtf8(*bytes);
-}
-
-} // namespace
 
 QStringList ExchangedTable::fieldNames() const
 {
@@ -46,16 +16,6 @@ QStringList ExchangedTable::fieldNames() const
     for (const FieldDef &field : definition.fields())
         names.append(field.name);
     return names;
-}
-
-qsizetype ExchangedTable::place(const QString &field) const
-{
-    const auto &fields = definition.fields();
-    for (qsizetype place = 0; place < fields.size(); ++place) {
-        if (fields[place].name.compare(field, Qt::CaseInsensitive) == 0)
-            return place;
-    }
-    return -1;
 }
 
 const std::vector<ExchangedTable> &ExchangedTables()
@@ -92,29 +52,6 @@ const ExchangedTable *TableNamed(const QString &name)
             return &table;
     }
     return nullptr;
-}
-
-QString TextOf(const NewValue &value)
-{
-    const auto *text = std::get_if<QString>(&value);
-    return text == nullptr ? QString() : *text;
-}
-
-TableRows StoredRows(const Database &database, const ExchangedTable &table)
-{
-    RecordSet records = database.openRecordSet(u"SELECT * FROM "_s + table.name());
-    QList<std::pair<int, FieldType>> columns;
-    for (const FieldDef &field : table.definition.fields())
-        columns.append({records.column(field.name), field.type});
-    TableRows rows;
-    for (; !records.eof(); records.moveNext()) {
-        TableRow row;
-        row.reserve(columns.size());
-        for (const auto &[column, type] : columns)
-            row.append(valueOf(type, records.field(column)));
-        rows.append(std::move(row));
-    }
-    return rows;
 }
 
 TableRows StandardCodeRows()

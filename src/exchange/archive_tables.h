@@ -1,9 +1,8 @@
 #pragma once
 
-#include "database/database.h"
 #include "store/suite_tables.h"
+#include "store/table_rows.h"
 
-#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -23,7 +22,7 @@ struct ExchangedTable
     QString fileName() const { return name() + QStringLiteral(".csv"); }
     QStringList fieldNames() const;
     /** Place of a field, by its name in any letter case, among those of a row; -1 for none. */
-    qsizetype place(const QString &field) const;
+    qsizetype place(const QString &field) const { return definition.place(field); }
 };
 
 /** The eight tables, those of one database next to each other. */
@@ -31,19 +30,6 @@ const std::vector<ExchangedTable> &ExchangedTables();
 
 /** The one of that name, in any letter case; null for none. */
 const ExchangedTable *TableNamed(const QString &name);
-
-/** Rows of a table: a value for each field of its definition, null where there is none. An
- *  invalid day stands for a stored value that a CSV file can't tell: a day with a time, bytes that
- *  are no text, a value of another type. */
-using TableRow = QList<NewValue>;
-using TableRows = QList<TableRow>;
-
-/** The text of a value; empty for any other. */
-QString TextOf(const NewValue &value);
-
-/** The rows of a table in stored order. Throws DatabaseError, also for a field that the database
- *  lacks. */
-TableRows StoredRows(const Database &database, const ExchangedTable &table);
 
 /** The rows of a code map that is made without the suite. */
 TableRows StandardCodeRows();

@@ -81,7 +81,7 @@ QList<BudgetChange> CompareBudget(const QString &projectFolder, const TableRows 
     const auto stored = [&projectFolder](const QString &name) {
         const ExchangedTable &table = *TableNamed(name);
         return StoredRows(Database::openReadOnly(ArchiveFilePath(table.archive, projectFolder)),
-                          table);
+                          table.definition);
     };
     return BudgetChanges(stored(u"UltimaPerVariante"_s), budget, stored(u"Spese"_s));
 }

@@ -103,7 +103,7 @@ QString ExportProject(const QString &projectFolder, const QString &csvFolder, bo
     QString summary;
     for (const ExchangedTable &table : ExchangedTables()) {
         const TableRows rows =
-            StoredRows(Database::open(ArchiveFilePath(table.archive, project)), table);
+            StoredRows(Database::open(ArchiveFilePath(table.archive, project)), table.definition);
         files.emplace_back(targetPath(csvFolder, table.fileName(), overwrite),
                            fileContent(table, rows, untolds));
         summary += SummaryOf(table, rows) + u'\n';

@@ -68,7 +68,7 @@ void fill(Database database, const QList<const TableChange *> &changes)
     Transaction transaction(database);
     for (const TableChange *change : changes) {
         const ExchangedTable &table = *change->table.table;
-        if (StoredRows(database, table) != change->seen)
+        if (StoredRows(database, table.definition) != change->seen)
             throw FileError(database.path(), u"L'archivio è cambiato mentre veniva letto."_s,
                             u"Chiudere Saldoro e ripetere il comando."_s);
         if (!change->seen.isEmpty())
@@ -230,7 +230,7 @@ private:
         TableRows rows;
         const bool isThere = exists(read.table->archive);
         if (isThere)
-            rows = StoredRows(Database::open(path(read.table->archive)), *read.table);
+            rows = StoredRows(Database::open(path(read.table->archive)), read.table->definition);
         m_remarks.warnings.append(read.warnings);
         if (!read.unknownFields.isEmpty())
             m_remarks.warnings.append(read.file + u": campi tralasciati: "_s +
@@ -266,7 +266,7 @@ private:
     TableRows storedCodes() const
     {
         return exists(ArchiveFile::Codes)
-                   ? StoredRows(Database::open(path(ArchiveFile::Codes)), codesTable())
+                   ? StoredRows(Database::open(path(ArchiveFile::Codes)), codesTable().definition)
                    : StandardCodeRows();
     }
 

@@ -1,0 +1,64 @@
+#include "store/table_rows.h"
+
+#include "common/errors.h"
+#include "platform/legacy_text.h"
+
+#include <utility>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+NewValue valueOf(const FieldDef &field, const FieldValue &stored, Reading reading)
+{
+    constexpr qsizetype dayLength = 10;
+    const NewValue wrong = QDate();
+    if (stored.isNull())
+        return {};
+    if (!stored.isOfItsKind())
+        return wrong;
+    try {
+        if (field.type == FieldType::Currency)
+            return stored.currency();
+        if (field.type == FieldType::Integer || field.type == FieldType::Long)
+            return stored.integer();
+        const auto bytes = stored.storedBytes();
+        if (field.type == FieldType::Date && !(bytes && bytes->isEmpty()))
+            return reading == Reading::Exact && bytes && bytes->size() != dayLength ? QDate()
+                                                                                    : stored.date();
+        if (bytes)
+            return TextOfUtf8(*bytes);
+        return reading == Reading::Exact ? wrong : stored.text();
+    } catch (const DatabaseError &) {
+        return wrong; // the field is of another type
+    }
+}
+
+} // namespace
+
+TableRows StoredRows(const Database &database, const TableDef &table, Reading reading)
+{
+    RecordSet records = database.openRecordSet(u"SELECT * FROM "_s + table.name());
+    QList<std::pair<int, const FieldDef *>> columns;
+    for (const FieldDef &field : table.fields())
+        columns.append({records.column(field.name), &field});
+    TableRows rows;
+    for (; !records.eof(); records.moveNext()) {
+        TableRow row;
+        row.reserve(columns.size());
+        for (const auto &[column, field] : columns)
+            row.append(valueOf(*field, records.field(column), reading));
+        rows.append(std::move(row));
+    }
+    return rows;
+}
+
+QString TextOf(const NewValue &value)
+{
+    const auto *text = std::get_if<QString>(&value);
+    return text == nullptr ? QString() : *text;
+}
+
+} // namespace saldoro
