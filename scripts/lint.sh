@@ -24,6 +24,7 @@ declare -A below=(
     [invoice]='invoice store database controls platform common'
     [verify]='verify store database platform common'
     [exchange]='exchange verify store database platform common'
+    [office]='office verify exchange store database controls platform common'
     [archivio]='archivio verify exchange store database platform common'
     [app]='app overview invoice store database controls platform common'
 )

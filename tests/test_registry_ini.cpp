@@ -91,8 +91,8 @@ private slots:
             return u"none"_s;
         };
         const QString path = WriteFile(m_folder.filePath(u"intero/a.ini"_s), "; mia\n[B]\nc=1");
-        AddIniValue(path, u"a"_s, u"x"_s, u" 1 "_s);
-        AddIniValue(path, u"b"_s, u"d"_s, u"2"_s);
+        SetIniValue(path, u"a"_s, u"x"_s, u" 1 "_s);
+        SetIniValue(path, u"b"_s, u"d"_s, u"2"_s);
         QCOMPARE(ContentOf(path), "; mia\n[B]\nd=\"2\"\nc=1\n[a]\nx=\" 1 \"\n");
         {
             WholeFile other(path, "b");
@@ -114,7 +114,7 @@ private slots:
                      }),
                      problem);
         QCOMPARE(problemOf([&] {
-                     AddIniValue(m_folder.filePath(u"intero/cartella"_s), u"a"_s, u"b"_s, u"c"_s);
+                     SetIniValue(m_folder.filePath(u"intero/cartella"_s), u"a"_s, u"b"_s, u"c"_s);
                  }),
                  u"Il file non può essere letto."_s);
         QCOMPARE(ContentsOf(m_folder.filePath(u"intero"_s)),

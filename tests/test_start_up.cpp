@@ -39,7 +39,7 @@ void setArchivesRoot(const QString &root)
         return;
     }
     QFile::remove(RegistryFilePath());
-    AddRegistryValue(key, ArchiveRootValue.toString(), root);
+    SetRegistryValue(key, ArchiveRootValue.toString(), root);
 }
 
 /** A program on a machine without a display: "status, what it said". */

@@ -34,7 +34,7 @@ void refuseWhatIsNoDatabase(const QString &path)
 
 } // namespace
 
-Connection::Connection(const QString &path, FileAccess access)
+Connection::Connection(const QString &path, FileAccess access, int lockWait)
     : m_path(QFileInfo(path).absoluteFilePath())
 {
     if (access != FileAccess::Create)
@@ -46,7 +46,7 @@ Connection::Connection(const QString &path, FileAccess access)
     m_handle.reset(file, sqlite3_close);
     if (code != SQLITE_OK)
         fail(code, {});
-    sqlite3_busy_timeout(file, Database::LockWaitMilliseconds);
+    sqlite3_busy_timeout(file, lockWait);
     sqlite3_extended_result_codes(file, 1);
     code = sqlite3_create_collation_v2(file, TextOrderName, SQLITE_UTF8, nullptr, collate, nullptr);
     // Opening reads nothing: it is the list of tables that shows whether this is a database. A new

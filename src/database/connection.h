@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/database.h"
 #include "database/field_value.h"
 
 #include <QString>
@@ -28,8 +29,10 @@ class Connection
 {
 public:
     /** Opens an existing file and looks into it, so that what is no database is found out here.
-     *  @param path path of the machine. */
-    Connection(const QString &path, FileAccess access);
+     *  @param path path of the machine
+     *  @param lockWait milliseconds for which every action waits for a file that is locked */
+    Connection(const QString &path, FileAccess access,
+               int lockWait = Database::LockWaitMilliseconds);
 
     const QString &path() const { return m_path; }
     sqlite3 *handle() const { return m_handle.get(); }

@@ -67,9 +67,10 @@ Database Database::create(const QString &path, const QString & /*locale*/)
     }
 }
 
-Database Database::open(const QString &path)
+Database Database::open(const QString &path, int lockWait)
 {
-    return Database(std::make_shared<Connection>(MachinePath(path), FileAccess::ReadWrite));
+    return Database(
+        std::make_shared<Connection>(MachinePath(path), FileAccess::ReadWrite, lockWait));
 }
 
 Database Database::openReadOnly(const QString &path)

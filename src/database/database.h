@@ -32,8 +32,9 @@ public:
     static Database create(const QString &path, const QString &locale);
 
     /** Opens an existing file for reading and writing; a file on a read-only medium opens too and
-     *  only refuses changes. Never creates one. Throws FileMissing, NotADatabase, Locked. */
-    static Database open(const QString &path);
+     *  only refuses changes. Never creates one. Throws FileMissing, NotADatabase, Locked, the last
+     *  after @p lockWait milliseconds, as every action later on. */
+    static Database open(const QString &path, int lockWait = LockWaitMilliseconds);
 
     /** As open(), but no change can reach the file through it. */
     static Database openReadOnly(const QString &path);

@@ -75,7 +75,7 @@ QString SettingReport(const ProjectPlace &place)
                "cambia questo progetto non si apre.\n"_s.arg(*present);
     WithDetail(u"Già fatto"_s,
                u"il progetto c'è; manca l'impostazione che dice dove stanno gli archivi"_s,
-               [&] { AddRegistryValue(key, name, place.root); });
+               [&] { SetRegistryValue(key, name, place.root); });
     return u"Saldoro cerca d'ora in poi gli archivi in «%1».\n"_s.arg(place.root) + opened;
 }
 

@@ -46,25 +46,30 @@ QRegularExpression sectionLine(const QString &section)
     return lineOf(u"\\[[ \\t]*"_s + QRegularExpression::escape(section) + u"[ \\t]*\\].*?"_s);
 }
 
+/** The line of a key, its value captured as "value". */
+QRegularExpressionMatch keyLine(const QString &content, const QString &section, const QString &key)
+{
+    const qsizetype begin = sectionLine(section).match(content).capturedEnd();
+    if (begin < 0)
+        return {};
+    static const QRegularExpression nextSection = lineOf(u"\\[.*\\].*?"_s);
+    const qsizetype end = content.indexOf(nextSection, begin);
+    return lineOf(QRegularExpression::escape(key) +
+                  u"[ \\t]*=[ \\t]*(?<quote>[\"']?)(?<value>.*?)\\k<quote>"_s)
+        .match(content.left(end < 0 ? content.size() : end), begin);
+}
+
 } // namespace
 
 std::optional<QString> FindIniValue(const QString &fileName, const QString &section,
                                     const QString &key)
 {
     const QString content = contentOf(MachinePath(fileName)).value_or(QString());
-    const qsizetype begin = sectionLine(section).match(content).capturedEnd();
-    if (begin < 0)
-        return std::nullopt;
-    static const QRegularExpression nextSection = lineOf(u"\\[.*\\].*?"_s);
-    const qsizetype end = content.indexOf(nextSection, begin);
-    const QString lines = content.mid(begin, end < 0 ? -1 : end - begin);
-    const auto found = lineOf(QRegularExpression::escape(key) +
-                              u"[ \\t]*=[ \\t]*(?<quote>[\"']?)(?<value>.*?)\\k<quote>"_s)
-                           .match(lines);
+    const auto found = keyLine(content, section, key);
     return found.hasMatch() ? std::optional(found.captured(u"value")) : std::nullopt;
 }
 
-void AddIniValue(const QString &fileName, const QString &section, const QString &key,
+void SetIniValue(const QString &fileName, const QString &section, const QString &key,
                  const QString &value)
 {
     const QFileInfo info(MachinePath(fileName));
@@ -72,6 +77,8 @@ void AddIniValue(const QString &fileName, const QString &section, const QString 
     if (!content)
         throw FileError(info.filePath(), u"Il file non può essere letto."_s,
                         u"Controllare i permessi, e che nessun programma lo tenga aperto."_s);
+    const QString line = key + u"=\""_s + value + u'"';
+    const auto earlier = keyLine(*content, section, key);
     qsizetype place = sectionLine(section).match(*content).capturedEnd();
     if (place < 0) {
         if (!content->isEmpty() && !content->endsWith(u'\n'))
@@ -79,7 +86,13 @@ void AddIniValue(const QString &fileName, const QString &section, const QString 
         *content += u'[' + section + u"]\n"_s;
         place = content->size() - 1;
     }
-    content->insert(place, u'\n' + key + u"=\""_s + value + u'"');
+    if (earlier.hasMatch())
+        content->replace(earlier.capturedStart(), earlier.capturedLength(), line);
+    else
+        content->insert(place, u'\n' + line);
+    if (keyLine(*content, section, key).captured(u"value") != value)
+        throw FileError(info.filePath(), u"«%1» non verrebbe riletto com'è."_s.arg(value),
+                        u"Scegliere un nome senza caratteri di controllo."_s);
     QDir().mkpath(info.path()); // what can't be made is told by the writing
     WholeFile(info.filePath(), content->toUtf8()).replace();
 }

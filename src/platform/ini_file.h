@@ -27,11 +27,11 @@ QString ReadIniString(const QString &fileName, const QString &section, const QSt
 std::optional<QString> FindIniValue(const QString &fileName, const QString &section,
                                     const QString &key);
 
-/** Adds a key that its section does not have yet, and the section if need be; all other lines stay,
- *  in UTF-8. @p value holds no line end and no double quote. The file, and its folder, are made
- * when there are none. Throws FileError, with the file as it was, when it is there and can't be
- * read, or can't be written whole. */
-void AddIniValue(const QString &fileName, const QString &section, const QString &key,
+/** Sets a key, in the place of the line that has been its value, and adds the section if need be;
+ *  all other lines stay, in UTF-8. The file, and its folder, are made when there are none. Throws
+ *  FileError, with the file as it was, when it is there and can't be read, when it can't be written
+ *  whole, or when @p value would not be read back as it is. */
+void SetIniValue(const QString &fileName, const QString &section, const QString &key,
                  const QString &value);
 
 /** The part of a text before its first NUL, or the whole text when it holds none. */

@@ -38,7 +38,7 @@ std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &
     return TrimAtNul(QString::fromStdWString(text));
 }
 
-void AddRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)
+void SetRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)
 {
     QSettings settings(u"HKEY_CURRENT_USER\\"_s + keyPath, QSettings::NativeFormat);
     settings.setValue(valueName, text);
@@ -68,9 +68,9 @@ std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &
     return TrimAtNul(value->sliced(type.capturedLength()));
 }
 
-void AddRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)
+void SetRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)
 {
-    AddIniValue(RegistryFilePath(), keyPath, valueName, text);
+    SetIniValue(RegistryFilePath(), keyPath, valueName, text);
 }
 
 QString RegistryFilePath()

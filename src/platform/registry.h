@@ -24,9 +24,9 @@ namespace saldoro {
  */
 std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &valueName);
 
-/** Adds a text value that is not there yet to the per-user settings. Everything else stays as it
- * is. Throws FileError when the settings can't be read or written. */
-void AddRegistryValue(const QString &keyPath, const QString &valueName, const QString &text);
+/** Sets a text value of the per-user settings. Everything else stays as it is. Throws FileError
+ *  when the settings can't be read or written, or the text would not be read back as it is. */
+void SetRegistryValue(const QString &keyPath, const QString &valueName, const QString &text);
 
 /** The per-user settings file, where there is no registry: "saldoro/registro.ini" in the folder
  *  that XDG_CONFIG_HOME names, or in ~/.config when that is unset, empty or not absolute. The empty

@@ -1,0 +1,191 @@
+#include "office/frm_appalti.h"
+
+#include "common/errors.h"
+#include "common/program_values.h"
+#include "controls/buttons.h"
+#include "controls/flex_grid.h"
+#include "controls/form_helpers.h"
+#include "controls/message_box.h"
+#include "office/contract_list.h"
+#include "office/task.h"
+#include "platform/process.h"
+#include "store/archives_root.h"
+#include "store/contract_codes.h"
+
+#include <QBoxLayout>
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QEvent>
+#include <QFileDialog>
+#include <QStandardPaths>
+#include <QUrl>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** First size of the window, 960 by 600 pixels on a screen of 96 dots to the inch. */
+constexpr int widthInTwips = 14400;
+constexpr int heightInTwips = 9000;
+
+/** Starts Saldoro on a contract: the program that lies with this one, else the one that the system
+ *  finds by its name. */
+void startSaldoro(const QString &code)
+{
+    const QString name = u"Saldoro"_s;
+    QString program =
+        QStandardPaths::findExecutable(name, {QCoreApplication::applicationDirPath()});
+    if (program.isEmpty())
+        program = QStandardPaths::findExecutable(name);
+    if (program.isEmpty() || !StartDetached(program, {LaunchToken.toString() + code}))
+        throw FileError(program.isEmpty() ? name : program, u"Saldoro non può essere avviato."_s,
+                        u"Installare di nuovo il programma."_s);
+}
+
+} // namespace
+
+FrmAppalti::FrmAppalti()
+    : m_grid(new FlexGrid(FlexGrid::Selection::Rows, this))
+    , m_contracts(new ContractList(m_grid->table()))
+    , m_place(new QLineEdit(this))
+    , m_state(new QLabel(this))
+{
+    setObjectName(u"FrmAppalti"_s);
+    setWindowTitle(u"Saldoro - Appalti"_s);
+    m_contracts->setParent(this);
+    Describe(*m_grid, u"Elenco"_s, u"Appalti"_s, u"Invio apre in Saldoro l'appalto scelto"_s);
+    m_grid->setWidths({800, 500, 1300, 900, 1300, 1300, 1400, FlexGrid::Rest});
+    m_state->setObjectName(u"Stato"_s);
+    m_state->setTextFormat(Qt::PlainText);
+    m_state->setWordWrap(true);
+    auto *whole = new QVBoxLayout(this);
+    whole->addLayout(makePlace());
+    whole->addWidget(m_grid, 1);
+    whole->addWidget(m_state);
+    whole->addLayout(makeButtons());
+    connect(m_grid, &FlexGrid::cellActivated, this, &FrmAppalti::openContract);
+    connect(&m_grid->table(), &TextTable::currentMoved, this, [this] { showState(0, 0); });
+    connect(m_contracts, &ContractList::progressed, this, &FrmAppalti::showState);
+    m_grid->setFocus();
+    ResizeWithinScreen(*this,
+                       {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
+}
+
+FrmAppalti::~FrmAppalti() = default;
+
+QLayout *FrmAppalti::makePlace()
+{
+    auto *row = new QHBoxLayout;
+    auto *label = new QLabel(u"&Dove stanno gli archivi:"_s, this);
+    label->setBuddy(m_place);
+    Describe(*m_place, u"Cartella"_s, u"Cartella degli archivi"_s,
+             u"Sotto questa cartella ogni appalto ha la sua"_s);
+    m_place->setReadOnly(true);
+    row->addWidget(label);
+    row->addWidget(m_place, 1);
+    row->addWidget(addButton(u"Apri_cartella"_s, u"A&pri cartella"_s,
+                             u"Mostra la cartella degli archivi"_s, &FrmAppalti::openFolder));
+    row->addWidget(addButton(u"Scegli_cartella"_s, u"&Scegli..."_s,
+                             u"Sceglie un'altra cartella per gli archivi"_s,
+                             &FrmAppalti::chooseFolder));
+    return row;
+}
+
+QLayout *FrmAppalti::makeButtons()
+{
+    auto *row = new QHBoxLayout;
+    row->addStretch(1);
+    m_ofContract = {addButton(u"Apri"_s, u"&Apri in Saldoro"_s,
+                              u"Apre in Saldoro l'appalto scelto"_s, &FrmAppalti::openContract)};
+    for (QPushButton *button : m_ofContract)
+        row->addWidget(button);
+    return row;
+}
+
+QPushButton *FrmAppalti::addButton(const QString &name, const QString &caption, const QString &hint,
+                                   void (FrmAppalti::*action)())
+{
+    auto *button = new PromptButton(name, caption, hint, this);
+    connect(button, &QPushButton::clicked, this,
+            [this, action] { Attempt([this, action] { (this->*action)(); }); });
+    return button;
+}
+
+void FrmAppalti::load()
+{
+    m_place->setText(
+        QDir::toNativeSeparators(root()) +
+        (StoredArchivesRoot() ? QString() : u" (proposta: nasce con il primo appalto)"_s));
+    m_contracts->read(root());
+    showState(0, m_grid->table().rows() - 1);
+}
+
+void FrmAppalti::showState(int done, int all)
+{
+    const QString code = m_contracts->currentCode();
+    for (QPushButton *button : m_ofContract)
+        button->setEnabled(!code.isEmpty());
+    const TextTable &table = m_grid->table();
+    const QString note = code.isEmpty() ? QString() : table.text(table.row(), ContractColumn::Nota);
+    m_state->setText(done < all       ? u"Letti %1 appalti su %2"_s.arg(done).arg(all)
+                     : code.isEmpty() ? u"Nessun appalto."_s
+                     : note.isEmpty() ? u"Appalto "_s + code
+                                      : u"Appalto %1: %2"_s.arg(code, note));
+}
+
+QString FrmAppalti::root() const
+{
+    const auto stored = StoredArchivesRoot();
+    return stored ? *stored : ArchivesRootOf(ProposedArchivesRoot());
+}
+
+QString FrmAppalti::currentFolder() const
+{
+    return ContractsFolder(root()) + u'/' + m_contracts->currentCode();
+}
+
+void FrmAppalti::openFolder()
+{
+    QString folder = ContractsFolder(root());
+    while (!QDir(folder).exists() && QFileInfo(folder).path() != folder)
+        folder = QFileInfo(folder).path();
+    QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+}
+
+void FrmAppalti::chooseFolder()
+{
+    const QString folder =
+        QFileDialog::getExistingDirectory(this, u"Cartella degli archivi"_s, root());
+    if (folder.isEmpty())
+        return;
+    const QString chosen = ArchivesRootOf(folder);
+    const auto stored = StoredArchivesRoot();
+    if (stored && *stored != chosen &&
+        !ChiediConferma(u"La cartella degli archivi vale per Saldoro e per tutti i programmi che "
+                        "usano gli stessi archivi: cercheranno gli appalti in «%1» e non più in "
+                        "«%2». Cambiarla?"_s.arg(chosen, *stored)))
+        return;
+    StoreArchivesRoot(chosen);
+    load();
+}
+
+void FrmAppalti::openContract()
+{
+    if (m_contracts->currentCode().isEmpty())
+        return;
+    if (!StoredArchivesRoot())
+        StoreArchivesRoot(root());
+    startSaldoro(m_contracts->currentCode());
+}
+
+void FrmAppalti::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        load();
+}
+
+} // namespace saldoro

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace saldoro {
+
+/*
+ * The per-user setting that says where the archives lie, which holds for all programs of the suite.
+ */
+
+/** The archives root as it is set; no value when it is not. */
+std::optional<QString> StoredArchivesRoot();
+
+/** Where the archives of an office without the suite are proposed to lie: a folder among the user's
+ *  documents, which may not be there yet. */
+QString ProposedArchivesRoot();
+
+/** The archives root that a folder of the machine, there or not, is as a setting. Throws FileError
+ *  when paths below it would not lead into that folder. */
+QString ArchivesRootOf(const QString &folder);
+
+/** Sets the archives root, in the place of one that is set. Throws FileError when it can't be
+ *  written or would not be read back as it is; then the setting is as it was. */
+void StoreArchivesRoot(const QString &root);
+
+} // namespace saldoro

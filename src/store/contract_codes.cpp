@@ -1,0 +1,63 @@
+#include "store/contract_codes.h"
+
+#include "common/archive_folders.h"
+#include "platform/machine_path.h"
+
+#include <QDir>
+#include <QRegularExpression>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+QString ContractsFolder(const QString &root)
+{
+    return MachinePath(root + ArchiveFolders::Appalti.toString());
+}
+
+QStringList ContractCodes(const QString &root)
+{
+    return QDir(ContractsFolder(root))
+        .entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
+}
+
+QString FirstFreeCode(const QStringList &codes)
+{
+    constexpr int most = 99999;
+    constexpr int width = 5;
+    for (int number = 1; number <= most; ++number) {
+        const QString code = QString::number(number).rightJustified(width, u'0');
+        if (!codes.contains(code))
+            return code;
+    }
+    return {};
+}
+
+QString CodeProblem(const QString &code, const QStringList &codes)
+{
+    // Names of devices: Windows takes them for those whatever follows behind a full stop.
+    static const QRegularExpression device(
+        u"\\A(?:CON|PRN|AUX|NUL|CONIN\\$|CONOUT\\$|(?:COM|LPT)[0-9¹²³])\\s*(?:\\.|\\z)"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression forbidden(uR"([\x00-\x1f\x7f<>:"/\\|?*])"_s);
+    // The databases in the folder need room, too, within the 255 bytes of a name and the 260
+    // characters of a path.
+    constexpr int longest = 60;
+    if (code.isEmpty())
+        return u"Scrivere un codice."_s;
+    if (const auto match = forbidden.match(code); match.hasMatch())
+        return match.captured().front() < u' ' || match.captured() == u"\x7f"
+                   ? u"Il codice non può contenere caratteri di controllo."_s
+                   : u"Il codice non può contenere "_s + match.captured() + u'.';
+    if (code != code.trimmed() || code.endsWith(u'.'))
+        return u"Il codice non può avere spazi all'inizio o alla fine, né finire con un punto."_s;
+    if (device.match(code).hasMatch())
+        return u"%1 è un nome riservato da Windows."_s.arg(code);
+    if (code.size() > longest)
+        return u"Il codice può avere al massimo %1 caratteri."_s.arg(longest);
+    if (codes.contains(code, Qt::CaseInsensitive))
+        return u"Un appalto con questo codice c'è già."_s;
+    return {};
+}
+
+} // namespace saldoro

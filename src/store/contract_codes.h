@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace saldoro {
+
+/*
+ * The contracts of an archive and their codes, which are the names of their folders.
+ */
+
+/** The folder of the contracts below an archives root, a path of the machine; it may be missing. */
+QString ContractsFolder(const QString &root);
+
+/** The codes of all contracts below @p root in the order of the system's file names. */
+QStringList ContractCodes(const QString &root);
+
+/** The lowest number of five digits, from 00001, that none of @p codes is; empty when all are. */
+QString FirstFreeCode(const QStringList &codes);
+
+/** Why a new contract can't have that code: it names no folder on Windows or on Linux, or one of
+ *  @p codes is the same but for letter case. A sentence in Italian; empty when it can. */
+QString CodeProblem(const QString &code, const QStringList &codes);
+
+} // namespace saldoro

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "common/currency.h"
+
+#include <QDate>
+#include <QString>
+
+namespace saldoro {
+
+/** A contract in one line. */
+struct ContractSummary
+{
+    int items = 0;   ///< of the budget
+    Currency budget; ///< sum of the items, a missing amount being 0
+    int payments = 0;
+    Currency paid;     ///< sum of the payments as the main screen lists them
+    QDate lastPayment; ///< the latest day of a payment; invalid without one
+
+    Currency available() const { return budget - paid; }
+};
+
+/**
+ * Sums up the contract whose project lies in @p folder, a path of the machine. A ledger that is not
+ * there yet, the program having never opened the project, counts as empty. Throws DatabaseError,
+ * Locked after @p lockWait milliseconds; OverflowError.
+ */
+ContractSummary SummariseContract(const QString &folder, int lockWait);
+
+} // namespace saldoro

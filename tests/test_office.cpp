@@ -1,0 +1,136 @@
+#include "answered_boxes.h"
+#include "controls/flex_grid.h"
+#include "database_probe.h"
+#include "file_content.h"
+#include "form_driver.h"
+#include "office/frm_appalti.h"
+#include "sound_project.h"
+#include "store/archives_root.h"
+#include "store/contract_codes.h"
+
+using namespace saldoro;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** An office whose archive holds the sound project and copies of it. */
+class Archive : public AnsweredBoxes
+{
+public:
+    Archive()
+    {
+        qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
+        StoreArchivesRoot(project.archive.values().ArchiveRoot);
+    }
+
+    QString folder(const QString &code) const
+    {
+        return QFileInfo(project.folder()).path() + u'/' + code;
+    }
+    /** A copy of the sound project; gives the path of one of its databases. */
+    QString copy(const QString &code, const QString &file = {}) const
+    {
+        QDir().mkpath(folder(code));
+        for (const QFileInfo &each : QDir(project.folder()).entryInfoList(QDir::Files))
+            QFile::copy(each.filePath(), folder(code) + u'/' + each.fileName());
+        return folder(code) + u'/' + file;
+    }
+
+    QTemporaryDir settings;
+    SoundProject project;
+};
+
+} // namespace
+
+/** The contracts' codes, and their window, driven by keys and clicks. */
+class TestOffice : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void codes_data()
+    {
+        QTest::addColumn<QString>("code");
+        QTest::addColumn<QString>("part"); // of the problem; empty for none
+        for (const auto &[code, part] :
+             std::initializer_list<std::pair<const char *, const char *>>{
+                 {"00040", ""},
+                 {"Ponte sull'Adige (2° lotto)", ""},
+                 {"CONTE", ""},
+                 {"COM10", ""},
+                 {"", "Scrivere"},
+                 {"LOTTO a", "c'è già"}, // one folder to Windows
+                 {"a/b", "/"},
+                 {"a\\b", "\\"},
+                 {"a:b", ":"},
+                 {"a?", "?"},
+                 {"a\tb", "controllo"},
+                 {" 00040", "spazi"},
+                 {"00040 ", "spazi"},
+                 {"..", "punto"},
+                 {"lotto 1.", "punto"},
+                 {"con", "riservato"},
+                 {"Com1.bis", "riservato"},
+                 {"NUL .x", "riservato"},
+                 {"1234567890123456789012345678901234567890123456789012345678901", "60"}})
+            QTest::addRow("%s", code) << QString::fromUtf8(code) << QString::fromUtf8(part);
+    }
+    void codes()
+    {
+        QFETCH(const QString, code);
+        QFETCH(const QString, part);
+        const QString problem = CodeProblem(code, {u"Lotto A"_s});
+        QCOMPARE(problem.isEmpty(), part.isEmpty());
+        QVERIFY2(problem.contains(part), qPrintable(problem));
+    }
+    void firstFreeCode()
+    {
+        QCOMPARE(FirstFreeCode({}), u"00001"_s);
+        QCOMPARE(FirstFreeCode({u"00003"_s, u"00001"_s, u"2"_s}), u"00002"_s);
+    }
+
+    /** Each contract in its line, whatever is wrong with the others; read again when the window
+     *  becomes active. */
+    void list()
+    {
+        Archive office;
+        DirectConnection locked(office.copy(u"00010"_s, u"Appalto.mdb"_s));
+        QCOMPARE(locked.run(u"BEGIN EXCLUSIVE"_s), QString());
+        DirectConnection(office.copy(u"00011"_s, u"Saldoro.mdb"_s))
+            .run(u"UPDATE Fatture SET Importo = NULL WHERE Npag = 2"_s);
+        WriteFile(office.copy(u"00012"_s, u"Appalto.mdb"_s), "no database");
+        QFile::remove(office.copy(u"00013"_s, u"Saldoro.mdb"_s)); // never opened
+        DirectConnection(office.copy(u"00014"_s, u"Appalto.mdb"_s))
+            .run(u"ALTER TABLE UltimaPerVariante ADD COLUMN Nuova TEXT;"
+                 "INSERT INTO UltimaPerVariante VALUES ('C','D',10000,'x')"_s);
+        FrmAppalti form;
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        const TextTable &list = Find<FlexGrid>(form, u"Elenco"_s)->table();
+        const auto *state = Find<QLabel>(form, u"Stato"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(
+            BodyText(list),
+            u"00010|||||||L'archivio è occupato da un altro programma. Appalto.mdb\n"
+            "00011|||||||Manca un valore che è necessario. Saldoro.mdb, Fatture, Importo, "
+            "pagamento 2\n"
+            "00012|||||||Il file non è un archivio dati leggibile oppure è danneggiato. "
+            "Appalto.mdb\n"
+            "00013|2|9.000,00|0|0,00|9.000,00||\n"
+            "00014|3|9.001,00|2|183,50|8.817,50|01/02/2020|\n"
+            "00112|2|9.000,00|2|183,50|8.816,50|01/02/2020|"_s,
+            15000);
+        QTRY_VERIFY(state->text().contains(u"00010: L'archivio è occupato"_s));
+
+        Play(&form, u"to Elenco, End"_s);
+        locked.run(u"ROLLBACK"_s);
+        office.copy(u"00009"_s);
+        QEvent activation(QEvent::ActivationChange);
+        QCoreApplication::sendEvent(&form, &activation);
+        QTRY_VERIFY(BodyText(list).startsWith(
+            u"00009|2|9.000,00|2|183,50|8.816,50|01/02/2020|\n00010|2|9.000,00|"_s));
+        QCOMPARE(list.text(list.row(), 0), u"00112"_s);
+    }
+};
+
+QTEST_MAIN(TestOffice)
+#include "test_office.moc"
