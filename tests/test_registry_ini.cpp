@@ -93,7 +93,11 @@ private slots:
         const QString path = WriteFile(m_folder.filePath(u"intero/a.ini"_s), "; mia\n[B]\nc=1");
         SetIniValue(path, u"a"_s, u"x"_s, u" 1 "_s);
         SetIniValue(path, u"b"_s, u"d"_s, u"2"_s);
-        QCOMPARE(ContentOf(path), "; mia\n[B]\nd=\"2\"\nc=1\n[a]\nx=\" 1 \"\n");
+        SetIniValue(path, u"B"_s, u"C"_s, u"/è \"x\""_s);
+        QCOMPARE(ContentOf(path), "; mia\n[B]\nd=\"2\"\nC=\"/è \"x\"\"\n[a]\nx=\" 1 \"\n");
+        for (const QString &value : {u"a\nb"_s, u"a\r[B]"_s})
+            QCOMPARE(problemOf([&] { SetIniValue(path, u"B"_s, u"C"_s, value); }),
+                     u"«%1» non verrebbe riletto com'è."_s.arg(value));
         {
             WholeFile other(path, "b");
             WholeFile replaced(path, "a");

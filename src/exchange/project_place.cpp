@@ -5,6 +5,7 @@
 #include "common/program_values.h"
 #include "platform/machine_path.h"
 #include "platform/registry.h"
+#include "store/archives_root.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -64,9 +65,7 @@ void MakeFolders(const ProjectPlace &place)
 
 QString SettingReport(const ProjectPlace &place)
 {
-    const QString key = SettingsKey.toString();
-    const QString name = ArchiveRootValue.toString();
-    const auto present = ReadRegistryValue(key, name);
+    const auto present = StoredArchivesRoot();
     QString opened = u"Per aprire il progetto: "_s + command(place) + u'\n';
     if (present && isSameFolder(*present, place.root))
         return opened;
@@ -75,7 +74,7 @@ QString SettingReport(const ProjectPlace &place)
                "cambia questo progetto non si apre.\n"_s.arg(*present);
     WithDetail(u"Già fatto"_s,
                u"il progetto c'è; manca l'impostazione che dice dove stanno gli archivi"_s,
-               [&] { SetRegistryValue(key, name, place.root); });
+               [&] { StoreArchivesRoot(place.root); });
     return u"Saldoro cerca d'ora in poi gli archivi in «%1».\n"_s.arg(place.root) + opened;
 }
 
