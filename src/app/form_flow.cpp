@@ -24,7 +24,9 @@ FormFlow::FormFlow(ProgramValues &values)
     , m_main(std::make_unique<FrmPrincipale>(values))
 {
     connect(m_main.get(), &FrmPrincipale::nuovoRequested, this, &FormFlow::showChooser);
-    connect(m_main.get(), &FrmPrincipale::openPaymentRequested, this, &FormFlow::showInvoiceForm);
+    connect(m_main.get(), &FrmPrincipale::openPaymentRequested, this,
+            [this](CreditorKind kind) { showInvoiceForm(kind, false); });
+    connect(m_main.get(), &FrmPrincipale::loaded, this, &FormFlow::tellListed);
     // Queued: the window system is still busy with the form that it has made the active one.
     connect(m_main.get(), &FrmPrincipale::activatedOutOfUse, this, &FormFlow::raiseChooser,
             Qt::QueuedConnection);
@@ -45,7 +47,8 @@ void FormFlow::showMainForm()
 void FormFlow::showChooser()
 {
     m_chooser = std::make_unique<FrmNuovaFattura>(m_main.get());
-    connect(m_chooser.get(), &FrmNuovaFattura::continued, this, &FormFlow::showInvoiceForm);
+    connect(m_chooser.get(), &FrmNuovaFattura::continued, this,
+            [this](CreditorKind kind) { showInvoiceForm(kind, true); });
     connect(m_chooser.get(), &FrmNuovaFattura::finished, this, &FormFlow::chooserFinished);
     raiseChooser();
 }
@@ -63,17 +66,28 @@ void FormFlow::chooserFinished()
     m_main->putBackInUse();
 }
 
-void FormFlow::showInvoiceForm(CreditorKind kind)
+void FormFlow::showInvoiceForm(CreditorKind kind, bool isNew)
 {
     auto &shown = m_invoices[kind];
     if (!shown) {
         auto form = std::make_unique<InvoiceForm>(kind, m_values, m_main->overviewTable());
         form->load();
+        if (isNew)
+            form->setMeantNew();
         connect(form.get(), &InvoiceForm::unloaded, this,
                 [this, kind] { invoiceFormUnloaded(kind); });
         shown = std::move(form);
     }
     BringToFront(*shown);
+}
+
+/** An open form's payment may have been deleted, or its number taken, meanwhile. */
+void FormFlow::tellListed()
+{
+    for (const auto &[kind, form] : m_invoices) {
+        if (form)
+            form->setListed(m_main->lists(form->paymentNumber()));
+    }
 }
 
 /** What the form has saved shows by a reload of the main form, closed or not. */

@@ -40,7 +40,8 @@ private:
     void showChooser();
     void raiseChooser();
     void chooserFinished();
-    void showInvoiceForm(CreditorKind kind);
+    void showInvoiceForm(CreditorKind kind, bool isNew);
+    void tellListed();
     void invoiceFormUnloaded(CreditorKind kind);
 
     ProgramValues &m_values;

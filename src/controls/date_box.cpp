@@ -154,6 +154,7 @@ DateBox::DateBox(QWidget *parent)
     connect(this, &QLineEdit::cursorPositionChanged, this, remember);
     connect(this, &QLineEdit::selectionChanged, this, remember);
     connect(this, &QLineEdit::textChanged, this, &QWidget::updateGeometry);
+    connect(this, &QLineEdit::textChanged, this, [this] { m_leftWith.clear(); });
 }
 
 void DateBox::setDateText(const QString &text)
@@ -165,9 +166,11 @@ void DateBox::setDateText(const QString &text)
 
 bool DateBox::settle()
 {
-    const QDate day = DataDaTesto(text().section(missing, 0, 0));
+    const QString left = text();
+    const QDate day = DataDaTesto(left.section(missing, 0, 0));
     if (day.isValid() && text() != FormatData(day))
         setDateText(FormatData(day));
+    m_leftWith = left;
     return day.isValid() || text() == EmptyDateText;
 }
 

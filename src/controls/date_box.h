@@ -28,6 +28,10 @@ public:
      *  is shown as dd/MM/yyyy. False when it is none: such a box must not be left, unless blank. */
     bool settle();
 
+    /** What the box read when it was left last, or was to be left; nothing once that has changed.
+     */
+    QString leftWith() const { return m_leftWith; }
+
     /** Wide enough for a whole date and for the text shown. */
     QSize sizeHint() const override;
 
@@ -37,6 +41,7 @@ protected:
 private:
     QString m_before; ///< what the next change finds
     int m_start = 0;  ///< and where it begins
+    QString m_leftWith;
 };
 
 } // namespace saldoro

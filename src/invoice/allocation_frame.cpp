@@ -14,6 +14,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <utility>
+
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
@@ -67,6 +69,14 @@ void AllocationFrame::RecalcAllocationTotal()
 QString AllocationFrame::totalText() const
 {
     return m_total->text();
+}
+
+void AllocationFrame::readInto(InvoiceState &state) const
+{
+    state.allocations = &std::as_const(*m_grid).table();
+    state.overview = &m_overview;
+    state.allocationTotal = totalText();
+    state.typedAllocation = m_editor->isHidden() ? m_typedLast : typed(true);
 }
 
 bool AllocationFrame::eventFilter(QObject *watched, QEvent *event)
@@ -212,10 +222,17 @@ void AllocationFrame::placeEditor()
 // The focus is elsewhere by now, so hiding the editor does not move it.
 void AllocationFrame::editorLeft()
 {
+    m_typedLast = typed(false);
     WriteAmount(table(), m_editedRow, m_editor->text());
     m_editor->hide();
     RecalcAllocationTotal();
     m_grid->setFocus(Qt::OtherFocusReason);
+}
+
+TypedAllocation AllocationFrame::typed(bool isOpen) const
+{
+    const TextTable &grid = std::as_const(*m_grid).table();
+    return {grid.text(m_editedRow, AllocationColumn::Cod), m_editor->text(), isOpen};
 }
 
 } // namespace saldoro

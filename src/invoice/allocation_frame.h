@@ -1,6 +1,6 @@
 #pragma once
 
-#include "invoice/allocation_block.h"
+#include "invoice/invoice_notices.h"
 
 #include <QGroupBox>
 
@@ -32,6 +32,8 @@ public:
     void RecalcAllocationTotal();
     /** The sum in display form, as last shown. */
     QString totalText() const;
+    /** What the notices have to know of the allocation. */
+    void readInto(InvoiceState &state) const;
     /** Where the invoice's total is repeated beside that of the allocations. */
     QLabel &invoiceTotal() const { return *m_invoiceTotal; }
 
@@ -52,6 +54,7 @@ private:
     void openEditor();
     void placeEditor();
     void editorLeft();
+    TypedAllocation typed(bool isOpen) const;
 
     const TextTable &m_overview;
     const ProgramValues &m_values;
@@ -64,6 +67,7 @@ private:
     QLineEdit *m_total;
     QList<OfferedItem> m_offered; ///< line by line in the pick list
     int m_editedRow = 0;
+    TypedAllocation m_typedLast;
 };
 
 } // namespace saldoro

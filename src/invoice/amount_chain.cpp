@@ -4,6 +4,7 @@
 #include "common/errors.h"
 #include "common/number_text.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace saldoro {
@@ -71,6 +72,21 @@ void AmountTexts::showStored(const QList<AmountField> &fields, const QMap<Amount
     show(TotaleFattura, total);
     show(Netto, total - stored[ImportoRA]);
     show(SoggettaRA, amount(Prestazione) + amount(Contributo));
+}
+
+const AmountField &AmountChain::at(Amount field) const
+{
+    return *std::find_if(fields.begin(), fields.end(),
+                         [field](const AmountField &one) { return one.amount == field; });
+}
+
+QString AmountChain::nameOf(Amount field) const
+{
+    const AmountField &own = at(field);
+    const bool isSecond = own.caption.isEmpty(); // whose caption is that of the field before
+    const QString caption = isSecond ? (&own - 1)->caption : own.caption;
+    return QString(caption).remove(u'&').replace(u"Aliquota e importo"_s,
+                                                 isSecond ? u"Importo"_s : u"Aliquota"_s);
 }
 
 const AmountChain &AmountChainOf(CreditorKind kind)

@@ -93,11 +93,32 @@ private:
     QMap<Amount, QString> m_texts;
 };
 
+/** What notices have to know of an amount field's past. */
+struct AmountPast
+{
+    QString before; ///< what it read when it was entered, before it was turned into plain form
+    QString left;   ///< what it read when it was left last, before it was shown in display form
+    bool isRewritten = false; ///< by the user, since it read @ref before
+
+    /** To be called on entry. What passing through has made of a text is no text of the user's, so
+     *  the older one is kept. */
+    void enter(const QString &text)
+    {
+        if (before.isEmpty() || isRewritten)
+            *this = {text, {}, false};
+    }
+};
+
 /** The amount fields of one kind of invoice, and what leaving one of them does to the texts. */
 struct AmountChain
 {
     QList<AmountField> fields; ///< in reading order
     void (*leave)(AmountTexts &texts, Amount field) = nullptr;
+
+    /** A field of the chain. */
+    const AmountField &at(Amount field) const;
+    /** What it is called by itself, also where two share a caption. */
+    QString nameOf(Amount field) const;
 };
 
 /**

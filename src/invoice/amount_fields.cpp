@@ -71,6 +71,7 @@ void AmountFields::showTexts(const AmountTexts &texts)
 void AmountFields::entered(Amount field)
 {
     AmountTexts shown = texts();
+    m_past[field].enter(shown.text(field));
     shown.makePlain(field);
     showTexts(shown);
 }
@@ -78,6 +79,7 @@ void AmountFields::entered(Amount field)
 void AmountFields::left(Amount field)
 {
     AmountTexts shown = texts();
+    m_past[field].left = shown.text(field);
     m_chain.leave(shown, field);
     showTexts(shown);
 }
@@ -89,15 +91,16 @@ void AmountFields::changeEvent(QEvent *event)
         tintDerived();
 }
 
-QLineEdit *AmountFields::addBox(const AmountField &field, const QString &spokenName,
-                                FormFields &fields)
+QLineEdit *AmountFields::addBox(const AmountField &field, FormFields &fields)
 {
     auto *box = new QLineEdit(this);
-    Describe(*box, field.objectName, spokenName, field.hint);
+    // Two boxes under one caption: it is read aloud for one at a time.
+    Describe(*box, field.objectName, m_chain.nameOf(field.amount), field.hint);
     box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     if (field.reach == Reach::OnRequest)
         box->setFocusPolicy(Qt::ClickFocus);
     const Amount amount = field.amount;
+    connect(box, &QLineEdit::textEdited, this, [=, this] { m_past[amount].isRewritten = true; });
     fields.addLine(
         *box, [=, this] { entered(amount); }, [=, this] { left(amount); });
     m_boxes[amount] = box;
@@ -108,17 +111,13 @@ void AmountFields::addLine(QGridLayout &grid, const AmountField &first, const Am
                            FormFields &fields)
 {
     const int line = grid.rowCount();
-    const QString both = u"Aliquota e importo"_s;
-    QString spokenName = QString(first.caption).remove(u'&');
     QLineEdit *rate = nullptr;
     if (second) {
-        // Two boxes under one caption: it is read aloud for one at a time.
-        rate = addBox(first, QString(spokenName).replace(both, u"Aliquota"_s), fields);
+        rate = addBox(first, fields);
         rate->setFixedWidth(BoxWidth(*rate, u"99.99"));
         grid.addWidget(rate, line, RatePlace);
-        spokenName.replace(both, u"Importo"_s);
     }
-    QLineEdit *amount = addBox(second ? *second : first, spokenName, fields);
+    QLineEdit *amount = addBox(second ? *second : first, fields);
     amount->setMinimumWidth(BoxWidth(*amount, WidestAmount));
     grid.addWidget(amount, line, AmountPlace);
     grid.addWidget(LabelFor(rate ? *rate : *amount, first.caption), line, CaptionPlace);

@@ -27,11 +27,14 @@ public:
     AmountTexts texts() const;
     void showTexts(const AmountTexts &texts);
 
+    /** What the fields that have been entered held before. */
+    const QMap<Amount, AmountPast> &past() const { return m_past; }
+
 protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    QLineEdit *addBox(const AmountField &field, const QString &spokenName, FormFields &fields);
+    QLineEdit *addBox(const AmountField &field, FormFields &fields);
     void addLine(QGridLayout &grid, const AmountField &first, const AmountField *second,
                  FormFields &fields);
     void entered(Amount field);
@@ -40,6 +43,7 @@ private:
 
     const AmountChain &m_chain;
     QMap<Amount, QLineEdit *> m_boxes;
+    QMap<Amount, AmountPast> m_past;
 };
 
 } // namespace saldoro

@@ -29,10 +29,13 @@ const AmountChain &CompanyAmounts()
         {{Importo, u"Text2_0"_s, Typed, u"Im&porto"_s, u"Imponibile, con il punto per i decimali"_s,
           u"Importo"_s},
          {AliquotaIva, u"Text2_1"_s, Rate, u"Ali&quota IVA"_s,
-          u"In percento; lasciandola si ricalcola l'IVA"_s, u"Aliquota"_s},
+          u"In percento, con il punto per i decimali; lasciandola si ricalcola l'IVA"_s,
+          u"Aliquota"_s},
          {ImportoIva, u"Text2_2"_s, Derived, u"Importo I&VA"_s,
-          u"Si calcola dall'aliquota e si può correggere"_s, u"ImportoIVA"_s},
-         {TotaleFattura, u"Text2_3"_s, Derived, u"Totale Fatt&ura"_s, u"Importo e IVA"_s, QString(),
+          u"Si calcola dall'aliquota e si può correggere, con il punto per i decimali"_s,
+          u"ImportoIVA"_s},
+         {TotaleFattura, u"Text2_3"_s, Derived, u"Totale Fatt&ura"_s,
+          u"Importo e IVA; scritto a mano si confronta, ma non si salva"_s, QString(),
           Reach::OnRequest}},
         leaveCompanyAmount};
     return chain;

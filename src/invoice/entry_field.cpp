@@ -49,12 +49,18 @@ EntryField::EntryField(QWidget *parent, int mostCharacters)
     , m_mostCharacters(mostCharacters)
 {
     setValidator(new Limit(*this));
+    connect(this, &QLineEdit::textChanged, this, [this](const QString &text) {
+        if (CharacterCount(text) < m_mostCharacters)
+            m_isCut = false;
+    });
 }
 
 void EntryField::showText(const QString &text)
 {
-    setText(LeftCharacters(cleaned(text), m_mostCharacters));
+    const QString whole = cleaned(text);
+    setText(LeftCharacters(whole, m_mostCharacters));
     setCursorPosition(0);
+    m_isCut = this->text() != whole;
 }
 
 void EntryField::keyPressEvent(QKeyEvent *event)
@@ -85,10 +91,11 @@ void EntryField::insertRefused()
     const int start = hasSelectedText() ? selectionStart() : cursorPosition();
     const qsizetype room =
         m_mostCharacters - CharacterCount(text()) + CharacterCount(selectedText());
-    const QString fitting =
-        LeftCharacters(cleaned(refused.mid(start, m_refusedCursor - start)), room);
+    const QString whole = cleaned(refused.mid(start, m_refusedCursor - start));
+    const QString fitting = LeftCharacters(whole, room);
     if (!fitting.isEmpty())
         insert(fitting);
+    m_isCut = fitting != whole;
 }
 
 } // namespace saldoro

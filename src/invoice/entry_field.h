@@ -12,6 +12,8 @@ namespace saldoro {
  */
 class EntryField : public QLineEdit
 {
+    Q_OBJECT
+
 public:
     /** Characters of a text that is not limited. */
     static constexpr int NoLimit = 1'000'000;
@@ -20,6 +22,9 @@ public:
 
     /** Shows a text from its beginning, cleaned and cut. */
     void showText(const QString &text);
+
+    /** Whether what came last did not fit, and nothing has been taken away since. */
+    bool isCut() const { return m_isCut; }
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -34,6 +39,7 @@ private:
     /** What the line would have become but for its limit, and where the cursor would have been. */
     QString m_refused;
     int m_refusedCursor = 0;
+    bool m_isCut = false;
 };
 
 } // namespace saldoro

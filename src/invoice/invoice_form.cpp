@@ -2,7 +2,9 @@
 
 #include "common/ending.h"
 #include "common/number_text.h"
+#include "controls/date_box.h"
 #include "controls/form_helpers.h"
+#include "controls/notice_strip.h"
 #include "invoice/allocation_frame.h"
 #include "invoice/allocation_total.h"
 #include "invoice/amount_fields.h"
@@ -16,6 +18,7 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
 
@@ -61,6 +64,7 @@ InvoiceForm::InvoiceForm(CreditorKind kind, ProgramValues &values, const TextTab
     , m_notes(new NoteFields(m_fields, this))
     , m_allocation(new AllocationFrame(lookOf(kind).allocationCaption, overview, values,
                                        m_payment.number, m_fields, this))
+    , m_strip(new NoticeStrip(this, NoticeStrip::Worth::Shown, [this] { return notices(); }))
 {
     setObjectName(lookOf(kind).objectName);
     setWindowTitle(lookOf(kind).title);
@@ -73,6 +77,8 @@ InvoiceForm::InvoiceForm(CreditorKind kind, ProgramValues &values, const TextTab
     arrange();
     connect(&m_amounts->totalBox(), &QLineEdit::textChanged, &m_allocation->invoiceTotal(),
             &QLabel::setText);
+    followContent();
+    connect(&overview, &TextTable::modelReset, m_strip, [this] { m_strip->refreshSoon(); });
 }
 
 void InvoiceForm::load()
@@ -81,7 +87,8 @@ void InvoiceForm::load()
     constexpr int openingWidth = 15000; // twips
     constexpr int openingHeight = 8400;
     const QSize least(TwipsToPixels(openingWidth, *this), TwipsToPixels(openingHeight, *this));
-    ResizeWithinScreen(*this, m_page->sizeHint().expandedTo(least));
+    const QSize below(0, layout()->itemAt(1)->sizeHint().height());
+    ResizeWithinScreen(*this, (m_page->sizeHint() + below).expandedTo(least));
     CentraForm(*this);
     loadPayment();
     m_number->setText(u"Pagamento N. "_s + SignedNumberText(m_payment.number));
@@ -128,11 +135,11 @@ void InvoiceForm::arrange()
     whole->addWidget(m_number);
     whole->addWidget(m_creditor);
     whole->addLayout(columns, 1);
-    whole->addLayout(makeButtons());
     addPage();
 }
 
-// On a screen that is too small for large letters the page scrolls, after the focus by itself.
+// On a screen that is too small for large letters the page scrolls, after the focus by itself;
+// notices and buttons stay in sight.
 void InvoiceForm::addPage()
 {
     auto *area = new QScrollArea(this);
@@ -143,6 +150,12 @@ void InvoiceForm::addPage()
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(area);
+    auto *foot = new QVBoxLayout;
+    const QMargins margins = m_page->layout()->contentsMargins();
+    foot->setContentsMargins(margins.left(), 0, margins.right(), margins.bottom());
+    foot->addWidget(m_strip);
+    foot->addLayout(makeButtons());
+    layout->addLayout(foot);
     connect(qApp, &QApplication::focusChanged, area, [area](QWidget *, QWidget *now) {
         if (area->isAncestorOf(now))
             area->ensureWidgetVisible(now);
@@ -180,6 +193,11 @@ void InvoiceForm::loadPayment()
     m_creditor->showRecord(m_payment);
     m_amounts->showTexts(m_payment.amounts);
     m_notes->showRecord(m_payment);
+    m_isListed = m_payment.storedKind.has_value();
+    const TextTable &stored = m_allocation->table();
+    for (int row = 1; row < stored.rows(); ++row)
+        m_storedAllocations[stored.text(row, AllocationColumn::Cod)] =
+            stored.text(row, AllocationColumn::Importo);
 }
 
 void InvoiceForm::savePayment()
@@ -191,6 +209,49 @@ void InvoiceForm::savePayment()
     m_notes->readInto(m_payment);
     SavePagamento(m_values, m_payment, m_allocation->table());
     close();
+}
+
+void InvoiceForm::setListed(bool isListed)
+{
+    m_isListed = isListed;
+    m_strip->refreshSoon();
+}
+
+/** Whatever changes what the notices are about has them made anew. */
+void InvoiceForm::followContent()
+{
+    const auto refresh = [this] { m_strip->refreshSoon(); };
+    for (const QLineEdit *line : findChildren<QLineEdit *>()) {
+        connect(line, &QLineEdit::textChanged, m_strip, refresh);
+        connect(line, &QLineEdit::inputRejected, m_strip, refresh);
+    }
+    connect(findChild<QPlainTextEdit *>(), &QPlainTextEdit::textChanged, m_strip, refresh);
+    connect(&m_allocation->table(), &TextTable::dataChanged, m_strip, refresh);
+    connect(&m_allocation->table(), &TextTable::modelReset, m_strip, refresh);
+    connect(qApp, &QApplication::focusChanged, m_strip, refresh);
+}
+
+Notices InvoiceForm::notices() const
+{
+    InvoiceState state{m_payment};
+    m_creditor->readInto(state.shown);
+    m_notes->readInto(state.shown);
+    m_allocation->readInto(state);
+    state.dateLeft = findChild<DateBox *>(lookOf(m_payment.kind).dateBoxName)->leftWith();
+    state.mandateDateLeft = findChild<DateBox *>(u"MandatoDell"_s)->leftWith();
+    for (const EntryField *field : findChildren<EntryField *>()) {
+        if (field->isCut())
+            state.cutFields += field->objectName();
+    }
+    state.shown.amounts = m_amounts->texts();
+    state.past = m_amounts->past();
+    state.focus = focusWidget() ? focusWidget()->objectName() : QString();
+    state.isMeantNew = m_isMeantNew;
+    state.isListed = m_isListed;
+    state.loadedNote = m_payment.memo;
+    state.contractor = m_contractor.name;
+    state.storedAllocations = m_storedAllocations;
+    return InvoiceNotices(state);
 }
 
 } // namespace saldoro

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "common/program_values.h"
+#include "controls/notice.h"
 #include "invoice/contractor_and_principals.h"
 #include "invoice/form_fields.h"
 #include "invoice/payment_record.h"
 
+#include <QHash>
 #include <QWidget>
 
 class QLabel;
@@ -16,6 +18,7 @@ class AllocationFrame;
 class AmountFields;
 class CreditorFields;
 class NoteFields;
+class NoticeStrip;
 class TextTable;
 
 /**
@@ -38,6 +41,11 @@ public:
      *  before it is shown. */
     void load();
 
+    /** Tells, for the notices alone, that "Nuovo" has opened the form. */
+    void setMeantNew() { m_isMeantNew = true; }
+    /** The same, that the payments have been read again, and whether they hold its number. */
+    void setListed(bool isListed);
+
     qint32 paymentNumber() const { return m_payment.number; }
 
 signals:
@@ -55,6 +63,8 @@ private:
     QLayout *makeButtons();
     void loadPayment();
     void savePayment();
+    void followContent();
+    Notices notices() const;
 
     ProgramValues &m_values;
     PaymentRecord m_payment;
@@ -67,6 +77,10 @@ private:
     NoteFields *m_notes;
     AllocationFrame *m_allocation;
     QPushButton *m_principals = nullptr;
+    NoticeStrip *m_strip;
+    QHash<QString, QString> m_storedAllocations; ///< amounts by code, as they were loaded
+    bool m_isMeantNew = false;
+    bool m_isListed = false;
     bool m_open = false;
 };
 

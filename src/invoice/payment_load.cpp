@@ -42,6 +42,7 @@ void readPayment(const Database &ledger, PaymentRecord &record)
     RecordSet payments = ledger.openRecordSet(u"SELECT * FROM Fatture "_s);
     payments.findFirst(u"Npag ="_s + QString::number(record.number));
     if (!payments.noMatch()) {
+        record.storedKind = payments.field(u"AziProf"_s).textOrEmpty();
         readTexts(payments, record);
         readAmounts(payments, record);
     } else if (!payments.isEmpty()) {

@@ -8,6 +8,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace saldoro {
 
 /** A payment as an invoice form shows it, save its allocations: texts as the widgets have them. */
@@ -23,6 +25,8 @@ struct PaymentRecord
     QString mandato = {};                           ///< Mandato
     QString mandatoDell = EmptyDateText.toString(); ///< MandatoDell, any text that was stored
     AmountTexts amounts = {};
+    /** Kind code of the payment that the number was loaded from; none for a new payment. */
+    std::optional<QString> storedKind = {};
 };
 
 /**

@@ -58,32 +58,31 @@ void leaveProfessionalAmount(AmountTexts &texts, Amount field)
 
 const AmountChain &ProfessionalAmounts()
 {
-    static const QString vat =
-        u"Aliquota in percento; l'importo si calcola da sé solo se è vuoto"_s;
-    static const QString withholding =
-        u"Aliquota in percento; l'importo si calcola da sé se è vuoto o zero"_s;
+    static const QString rate = u"In percento, con il punto per i decimali"_s;
     static const AmountChain chain{
         {{Prestazione, u"Text4_0"_s, Typed, u"Im&porto Prestazione"_s,
           u"Compenso, con il punto per i decimali"_s, u"ImportoPrest"_s},
          {Contributo, u"Text4_1"_s, Typed, u"Contri&buto previdenziale 4%"_s,
-          u"Importo del contributo"_s, u"Contributo"_s},
-         {CassaPrev, u"Text4_2"_s, Typed, u"Cassa Pre&videnza 2%"_s, u"Importo dovuto alla cassa"_s,
-          u"CassaPrev"_s},
+          u"Importo del contributo, con il punto per i decimali"_s, u"Contributo"_s},
+         {CassaPrev, u"Text4_2"_s, Typed, u"Cassa Pre&videnza 2%"_s,
+          u"Importo dovuto alla cassa, con il punto per i decimali"_s, u"CassaPrev"_s},
          {Importo, u"Text2_0"_s, Derived, u"So&mma soggetta a Iva"_s,
-          u"Prestazione, contributo e cassa"_s, u"Importo"_s},
-         {AliquotaIva, u"Text2_1"_s, Rate, u"Ali&quota e importo IVA"_s, vat, u"Aliquota"_s},
-         {ImportoIva, u"Text2_2"_s, Derived, QString(), vat, u"ImportoIVA"_s},
+          u"Prestazione, contributo e cassa; con il punto per i decimali"_s, u"Importo"_s},
+         {AliquotaIva, u"Text2_1"_s, Rate, u"Ali&quota e importo IVA"_s, rate, u"Aliquota"_s},
+         {ImportoIva, u"Text2_2"_s, Derived, QString(),
+          u"Si calcola da sé solo se è vuoto; con il punto per i decimali"_s, u"ImportoIVA"_s},
          {AltriImporti, u"Text2_5"_s, Typed, u"Al&tri Importi"_s,
-          u"Importi che si aggiungono al totale"_s, u"AltriImporti01"_s},
+          u"Si aggiungono al totale; con la virgola per i decimali"_s, u"AltriImporti01"_s},
          {TotaleFattura, u"Text2_3"_s, Derived, u"Totale Fatt&ura"_s,
-          u"Somma soggetta a IVA, IVA e altri importi"_s},
+          u"Somma soggetta a IVA, IVA e altri importi; si ricalcola sempre"_s},
          {SoggettaRA, u"Text2_4"_s, Derived, u"Somma so&ggetta a R.A."_s,
-          u"Prestazione e contributo"_s, QString(), Reach::OnRequest},
-         {AliquotaRA, u"Text5_0"_s, Rate, u"Aliquota e importo R.A."_s, withholding,
-          u"AliquotaRA"_s},
-         {ImportoRA, u"Text5_1"_s, Derived, QString(), withholding, u"ImportoRA"_s},
+          u"Prestazione e contributo; con la virgola per i decimali"_s, QString(),
+          Reach::OnRequest},
+         {AliquotaRA, u"Text5_0"_s, Rate, u"Aliquota e importo R.A."_s, rate, u"AliquotaRA"_s},
+         {ImportoRA, u"Text5_1"_s, Derived, QString(),
+          u"Si calcola da sé se è vuoto o zero; con il punto per i decimali"_s, u"ImportoRA"_s},
          {Netto, u"Text5_2"_s, Derived, u"Netto"_s,
-          u"Totale della fattura meno la ritenuta d'acconto"_s}},
+          u"Totale della fattura meno la ritenuta d'acconto; si ricalcola sempre"_s}},
         leaveProfessionalAmount};
     return chain;
 }

@@ -1,14 +1,18 @@
 #include "overview/frm_principale.h"
 
+#include "common/archive_folders.h"
 #include "common/ending.h"
 #include "controls/buttons.h"
 #include "controls/flex_grid.h"
 #include "controls/form_helpers.h"
+#include "controls/notice_strip.h"
 #include "overview/availability_overview.h"
+#include "overview/main_screen_notices.h"
 #include "overview/overview_document.h"
 #include "overview/payment_deletion.h"
 #include "overview/payment_opening.h"
 #include "overview/payments_list.h"
+#include "platform/machine_path.h"
 
 #include <QBoxLayout>
 #include <QCloseEvent>
@@ -49,12 +53,17 @@ FrmPrincipale::FrmPrincipale(ProgramValues &values)
     : m_values(values)
     , m_payments(new FlexGrid(FlexGrid::Selection::Rows, this))
     , m_overview(new FlexGrid(FlexGrid::Selection::Rows, this))
+    , m_strip(new NoticeStrip(this, NoticeStrip::Worth::Left, [this] { return notices(); }))
 {
     setObjectName(u"FrmPrincipale"_s);
     prepareGrids();
     arrange();
     ResizeWithinScreen(*this,
                        {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
+    for (TextTable *table : {&m_payments->table(), &m_overview->table()}) {
+        connect(table, &TextTable::modelReset, m_strip, [this] { m_strip->refreshSoon(); });
+        connect(table, &TextTable::currentMoved, m_strip, [this] { m_strip->refreshSoon(); });
+    }
 }
 
 void FrmPrincipale::prepareGrids()
@@ -79,7 +88,7 @@ void FrmPrincipale::arrange()
     whole->addSpacing(whole->spacing());
     whole->addWidget(makeHeading(u"Label1_1"_s, u"&Quadro di disponibilità"_s, m_overview));
     whole->addWidget(m_overview, 1);
-    whole->addSpacing(whole->spacing());
+    whole->addWidget(m_strip);
     whole->addLayout(makeButtons());
 }
 
@@ -108,6 +117,27 @@ const TextTable &FrmPrincipale::overviewTable() const
     return m_overview->table();
 }
 
+bool FrmPrincipale::lists(qint32 paymentNumber) const
+{
+    const TextTable &payments = m_payments->table();
+    const QString number = QString::number(paymentNumber);
+    for (int row = 1; row < payments.rows(); ++row) {
+        if (payments.text(row, PaymentColumn::Nr) == number)
+            return true;
+    }
+    return false;
+}
+
+/** Marks are files; they are seen to when the form is on screen already. */
+Notices FrmPrincipale::notices()
+{
+    if (!m_mark)
+        m_mark.emplace(MachinePath(ProjectFolder(m_values)));
+    if (!m_isOpenElsewhere)
+        m_isOpenElsewhere = m_mark->isOpenElsewhere();
+    return {MainScreenNotices(m_payments->table(), m_overview->table(), *m_isOpenElsewhere)};
+}
+
 void FrmPrincipale::load()
 {
     SetTopMost(*this);
@@ -126,6 +156,8 @@ void FrmPrincipale::load()
     LoadArrayProspettoSaldoro();
     if (overview.rows() > 1)
         overview.setRow(1); // the list goes on at its end, this is read from the start
+    m_isOpenElsewhere.reset();
+    emit loaded();
 }
 
 void FrmPrincipale::LoadArrayProspettoSaldoro()

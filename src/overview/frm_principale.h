@@ -2,9 +2,13 @@
 
 #include "common/creditor_kind.h"
 #include "common/program_values.h"
+#include "controls/notice.h"
+#include "store/open_project.h"
 
 #include <QPointer>
 #include <QWidget>
+
+#include <optional>
 
 class QLayout;
 class QPushButton;
@@ -12,6 +16,7 @@ class QPushButton;
 namespace saldoro {
 
 class FlexGrid;
+class NoticeStrip;
 class TextTable;
 
 /**
@@ -52,12 +57,17 @@ public:
     /** The cost items with their amounts, as shown; see OverviewColumn. */
     const TextTable &overviewTable() const;
 
+    /** Whether a payment of the list has that number. */
+    bool lists(qint32 paymentNumber) const;
+
 signals:
     /** A payment is to be made, of the number that is current now. The form is out of use until
      *  putBackInUse(). */
     void nuovoRequested();
     /** The payment of the current number is to be opened. */
     void openPaymentRequested(saldoro::CreditorKind kind);
+    /** Both grids have been filled from the databases. */
+    void loaded();
     /** The form has become the active one, by a click for instance, while it is out of use. */
     void activatedOutOfUse();
 
@@ -72,12 +82,16 @@ private:
     void addPayment();
     void deletePayment();
     void writeDocuments();
+    Notices notices();
 
     ProgramValues &m_values;
     FlexGrid *m_payments;
     FlexGrid *m_overview;
+    NoticeStrip *m_strip;
     QPushButton *m_modify = nullptr;
-    QPointer<QWidget> m_focusBefore; ///< had the focus when the form was taken out of use
+    std::optional<OpenProject> m_mark;     ///< made once the form is on screen
+    std::optional<bool> m_isOpenElsewhere; ///< none before it is looked up
+    QPointer<QWidget> m_focusBefore;       ///< had the focus when the form was taken out of use
 };
 
 } // namespace saldoro

@@ -34,7 +34,9 @@ bool isMarkedBeside(const QLockFile *own, const QString &projectFolder)
     for (int number = 0; number < mostMarks; ++number) {
         const auto mark = markNumber(number, projectFolder);
         const bool isOwn = own != nullptr && own->fileName() == mark->fileName();
-        if (!isOwn && !mark->tryLock() && mark->error() == QLockFile::LockFailedError)
+        // A lock that is tried leaves a file for a moment, which costs a write to the disk.
+        if (!isOwn && QFileInfo::exists(mark->fileName()) && !mark->tryLock() &&
+            mark->error() == QLockFile::LockFailedError)
             return true;
     }
     return false;

@@ -1,0 +1,150 @@
+#include "invoice/invoice_notices.h"
+
+#include "common/amount_text.h"
+#include "common/errors.h"
+#include "common/overview_column.h"
+#include "invoice/amount_notices.h"
+#include "invoice/typed_worth.h"
+#include "store/mandate_note.h"
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+using enum NoticeWeight;
+
+namespace {
+
+/** What there is to tell of the payment's number; empty for nothing. */
+QString numberText(const InvoiceState &state)
+{
+    const std::optional<QString> &stored = state.shown.storedKind;
+    if (stored && !state.isListed)
+        return u"è stato eliminato. «Conferma» lo rimette, «Annulla» no"_s;
+    if (stored && *stored != KindCode(state.shown.kind))
+        return u"c'è già, e dell'altro tipo: «Conferma» ne farebbe due con lo stesso numero"_s;
+    if (stored && state.isMeantNew)
+        return u"c'è già e «Conferma» lo riscrive. «Annulla» lo lascia com'è"_s;
+    if (!stored && state.isListed)
+        return u"nel frattempo è stato registrato: «Annulla», poi «Nuovo»"_s;
+    if (!stored && !state.isMeantNew)
+        return u"non c'è. «Conferma» ne aggiunge uno nuovo"_s;
+    return {};
+}
+
+/** A date as it stands and as it was left, see DateBox::leftWith(). */
+void tellDate(const QString &shown, const QString &left, const QString &field, Notices &all)
+{
+    const auto filled = [](const QString &text) { return text.section(u'_', 0, 0); };
+    const QDate day = DataDaTesto(filled(shown));
+    const QString typed = filled(left.isEmpty() ? shown : left);
+    constexpr qsizetype whole = EmptyDateText.size();
+    if (shown != EmptyDateText && !day.isValid() && (!left.isEmpty() || typed.size() == whole))
+        all.list += {Danger,
+                     u"«%1» non è una data: finché resta non si esce dal campo. Correggerla "
+                     "o svuotarla"_s.arg(shown),
+                     field};
+    if (day.isValid() && day.year() < 2000 && typed.size() < whole)
+        all.list += {Caution,
+                     u"«%1» vale %2: per gli anni dal 2030 scrivere l'anno intero"_s.arg(
+                         typed, FormatData(day)),
+                     field};
+}
+
+void tellTexts(const InvoiceState &state, Notices &all)
+{
+    const PaymentRecord &shown = state.shown;
+    const QString date = shown.kind == CreditorKind::Company ? u"MaskEdBox1_0"_s : u"MaskEdBox1"_s;
+    if (const QString text = numberText(state); !text.isEmpty())
+        all.list += {Danger, u"Il pagamento %1 "_s.arg(shown.number) + text};
+    if (shown.del == EmptyDateText)
+        all.list += {Danger,
+                     u"Senza data: dopo «Conferma» la schermata principale non si apre più. "
+                     "Scriverla in «Del»"_s,
+                     date};
+    tellDate(shown.del, state.dateLeft, date, all);
+    tellDate(shown.mandatoDell, state.mandateDateLeft, u"MandatoDell"_s, all);
+    for (const QString &field : state.cutFields)
+        all.list +=
+            {Caution, u"Il testo è tagliato alla lunghezza del campo: abbreviarlo"_s, field};
+    const MandateNote back =
+        ParseMandateNote(ComposeMandateNote(shown.mandato, shown.mandatoDell), shown.kind);
+    if (back.mandato != shown.mandato.trimmed())
+        all.list += {Danger,
+                     u"Con «del» nel numero, riaprendo il mandato sarà «%1», senza la data: "
+                     "toglierlo"_s.arg(back.mandato),
+                     u"Mandato"_s};
+    if (!shown.storedKind && !shown.memo.isEmpty() && shown.memo == state.loadedNote)
+        all.list +=
+            {Remark, u"Le note sono quelle dell'ultimo pagamento: riscriverle o svuotarle"_s,
+             u"Memo"_s};
+    const bool isAtCreditor = state.focus == u"Text1_0" || state.focus == u"Command5";
+    if (!shown.storedKind && isAtCreditor && !state.contractor.isEmpty() &&
+        shown.creditore == state.contractor)
+        all.list += {Remark,
+                     u"«Ricerca» elenca solo chi inizia come il creditore proposto. Per "
+                     "vedere tutti svuotarlo"_s,
+                     u"Text1_0"_s};
+}
+
+/** What an item still has for this payment: what the payment has stored on it is its own. */
+Currency available(const InvoiceState &state, const QString &code, int overviewRow)
+{
+    QString left = state.overview->text(overviewRow, OverviewColumn::Disponibilita);
+    if (left.isEmpty()) // nothing is allocated yet
+        left = state.overview->text(overviewRow, OverviewColumn::Spesa);
+    return ImportoDaTesto(left) + ImportoDaTesto(state.storedAllocations.value(code));
+}
+
+void tellAllocations(const InvoiceState &state, Notices &all)
+{
+    const auto keyOf = [](const QString &code) { return code.trimmed().toLower(); };
+    QHash<QString, int> items;
+    for (int row = state.overview->rows() - 1; row > 0; --row)
+        items[keyOf(state.overview->text(row, OverviewColumn::Cod))] = row;
+    const TypedAllocation &last = state.typedAllocation;
+    const QString worth = TypedWorth(last.typed, Notation::Point);
+    for (int row = 1; row < state.allocations->rows(); ++row) {
+        const QString code = state.allocations->text(row, AllocationColumn::Cod);
+        QString amount = state.allocations->text(row, AllocationColumn::Importo);
+        const auto tell = [&](NoticeWeight weight, const QString &text) {
+            all.list += {weight, u"Voce %1: "_s.arg(code) + text,
+                         last.isOpen ? u"edtTxt"_s : u"MSFlexGrid1"_s};
+        };
+        if (code.isEmpty()) // while an item is chosen for it
+            continue;
+        if (code == last.code && (last.isOpen || amount == worth)) {
+            amount = worth;
+            if (const QString misread = MisreadLine(last.typed, Notation::Point);
+                !misread.isEmpty())
+                tell(Danger, misread + (last.isOpen ? u", o Esc"_s : QString()));
+        }
+        const int item = items.value(keyOf(code));
+        const Currency left = item > 0 ? available(state, code, item) : Currency();
+        const Currency beyond = ImportoDaTesto(QString(amount)) - left;
+        if (item == 0)
+            tell(Caution, u"non è nel quadro di disponibilità, dove non comparirà"_s);
+        else if (beyond > Currency())
+            tell(Caution, u"%1 supera di %2 ciò che resta per questo pagamento, %3"_s.arg(
+                              amount, FormatImporto(beyond), FormatImporto(left)));
+    }
+}
+
+} // namespace
+
+Notices InvoiceNotices(const InvoiceState &state)
+{
+    Notices all;
+    tellTexts(state, all);
+    try {
+        TellAmounts(state, all);
+        tellAllocations(state, all);
+    } catch (const OverflowError &) {
+        all.list += {Danger,
+                     u"Un importo è troppo grande: uscendo dal campo il programma si ferma "
+                     "con un errore"_s,
+                     state.focus};
+    }
+    return all;
+}
+
+} // namespace saldoro

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "controls/notice.h"
+#include "invoice/allocation_block.h"
+#include "invoice/payment_record.h"
+
+#include <QHash>
+
+namespace saldoro {
+
+/** The amount of an allocation that is being typed, or was typed last. */
+struct TypedAllocation
+{
+    QString code;
+    QString typed;
+    bool isOpen = false;
+};
+
+/** All that the notices of an invoice form are about: what it holds at a moment. */
+struct InvoiceState
+{
+    PaymentRecord shown; ///< the texts as they stand, plain form included
+    QString focus = {};  ///< object name of the control that has the focus
+    QMap<Amount, AmountPast> past = {};
+
+    bool isMeantNew = false; ///< opened by "Nuovo"
+    bool isListed = true;    ///< whether the main screen's list, read last, has its number
+    QString loadedNote = {};
+    QString contractor = {}; ///< the creditor that a new payment to a company starts with
+
+    QString dateLeft = {}; ///< see DateBox::leftWith()
+    QString mandateDateLeft = {};
+    QStringList cutFields = {}; ///< object names of the fields whose text was cut
+
+    const TextTable *allocations = nullptr;
+    const TextTable *overview = nullptr;
+    QHash<QString, QString> storedAllocations = {}; ///< amounts by code, as they were loaded
+    TypedAllocation typedAllocation = {};
+    QString allocationTotal = {};
+};
+
+/** What the form tells about itself; plain texts in, plain texts out, no fault goes further. */
+Notices InvoiceNotices(const InvoiceState &state);
+
+} // namespace saldoro

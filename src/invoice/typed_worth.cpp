@@ -1,0 +1,94 @@
+#include "invoice/typed_worth.h"
+
+#include "common/amount_text.h"
+#include "common/errors.h"
+#include "common/text_cut.h"
+
+#include <QRegularExpression>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** A typed text as a notice quotes it: no more than an amount is long. */
+QString quoted(const QString &typed)
+{
+    constexpr qsizetype most = 24;
+    const QString start = LeftCharacters(typed, most);
+    return u'«' + start + (start == typed ? u"»"_s : u"…»"_s);
+}
+
+/** Whether points stand between groups of three digits, as in an amount that is shown. */
+bool isGrouped(const QString &typed)
+{
+    static const QRegularExpression groups(uR"(\A[+-]?[0-9]{1,3}(\.[0-9]{3})+(,[0-9]*)?\z)"_s);
+    return groups.match(typed.trimmed()).hasMatch();
+}
+
+/** The text in plain form, by the mark that seems to be meant as that of the decimals. */
+QString meantPlain(QString typed)
+{
+    const qsizetype comma = typed.indexOf(u',');
+    return comma >= 0 && typed.indexOf(u'.') > comma ? typed.remove(u',') : PuntoDecimale(typed);
+}
+
+} // namespace
+
+Notation NotationOf(const AmountField &field)
+{
+    if (field.role == AmountRole::Rate)
+        return Notation::Rate;
+    const bool staysPlain =
+        field.amount == Amount::AltriImporti || field.amount == Amount::SoggettaRA;
+    return staysPlain ? Notation::Comma : Notation::Point;
+}
+
+QString TypedWorth(const QString &typed, Notation notation)
+{
+    AmountTexts texts;
+    constexpr Amount any = Amount::Importo;
+    texts.setText(any, typed);
+    if (notation == Notation::Rate)
+        texts.showRate(any);
+    else if (notation == Notation::Point)
+        texts.showTyped(any);
+    else
+        texts.show(any, texts.amount(any));
+    return texts.text(any);
+}
+
+QString WorthLine(const QString &typed, Notation notation)
+{
+    const QString text = typed.isEmpty() ? u"Il campo vuoto"_s : quoted(typed);
+    try {
+        return u"%1 vale %2%3 (i decimali vanno dopo %4)"_s.arg(
+            text, TypedWorth(typed, notation), notation == Notation::Rate ? u" per cento"_s : u""_s,
+            notation == Notation::Comma ? u"la virgola"_s : u"il punto"_s);
+    } catch (const OverflowError &) {
+        return text + u" è più di quanto il programma sa trattare"_s;
+    }
+}
+
+QString MisreadLine(const QString &typed, Notation notation)
+{
+    static const QRegularExpression digit(u"[1-9]"_s);
+    const QString worth = TypedWorth(typed, notation);
+    QString meant = worth;
+    QString wayOut;
+    if (notation == Notation::Comma && typed.contains(u'.') && !isGrouped(typed)) {
+        wayOut = meant = TypedWorth(typed, Notation::Point);
+    } else if (notation != Notation::Comma &&
+               (typed.contains(u',') || (notation == Notation::Point && isGrouped(typed)))) {
+        wayOut = meantPlain(typed);
+        meant = TypedWorth(wayOut, notation);
+    }
+    if (meant != worth)
+        return u"%1 vale %2, non %3. Scrivere %4"_s.arg(quoted(typed), worth, meant, wayOut);
+    if (typed.contains(digit) && !worth.contains(digit))
+        return u"%1 vale %2. Scrivere solo il numero"_s.arg(quoted(typed), worth);
+    return {};
+}
+
+} // namespace saldoro
