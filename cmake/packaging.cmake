@@ -41,10 +41,12 @@ endfunction()
 
 foreach(page saldoro saldoro-archivio)
   configure_file(${source}/linux/${page}.1.in ${made}/${page}.1 @ONLY)
-  saldoro_gzipped(${made}/${page}.1 ${page}.1 ${CMAKE_INSTALL_MANDIR}/man1)
+  saldoro_gzipped(${made}/${page}.1 ${page}.1 ${CMAKE_INSTALL_MANDIR}/it/man1)
 endforeach()
 file(CREATE_LINK saldoro.1.gz ${made}/Saldoro.1.gz SYMBOLIC)
-install(FILES ${made}/Saldoro.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${made}/Saldoro.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/it/man1)
+install(FILES ${source}/linux/saldoro-archivio.bash RENAME saldoro-archivio
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 saldoro_gzipped(${source}/linux/changelog changelog ${documents})
 install(FILES ${source}/linux/copyright DESTINATION ${documents})
 

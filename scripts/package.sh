@@ -61,7 +61,7 @@ desktop-file-validate "$root/usr/share/applications/saldoro.desktop"
 appstreamcli validate --no-net --pedantic --explain \
     "$root/usr/share/metainfo/saldoro.metainfo.xml" || fail 'the AppStream data is not valid'
 for page in saldoro Saldoro saldoro-archivio; do
-    man --warnings -l "$root/usr/share/man/man1/$page.1.gz" 2>"$work/log" >/dev/null
+    man --warnings -l "$root/usr/share/man/it/man1/$page.1.gz" 2>"$work/log" >/dev/null
     [ -s "$work/log" ] && { cat "$work/log"; fail "the man page of $page has faults"; }
 done
 

@@ -39,7 +39,7 @@ void TestArchivio::commandLine()
         const SoundProject project;
         project.archive.execute(project.path(u'L'),
                                 u"INSERT INTO Fatture (AziProf, Npag, Creditore) VALUES "
-                                "('A', 3, 'x'), ('P', 4, 'y'), ('A', 4, 'z')"_s);
+                                "('A', 3, 'x\u001b[31m'), ('P', 4, 'y'), ('A', 4, 'z')"_s);
         const QString ledger = u"SELECT * FROM Fatture, Spese"_s;
         const QString rows = project.archive.ledgerRows(ledger);
         const auto before = ContentsOf(project.folder());
@@ -64,50 +64,63 @@ void TestArchivio::commandLine()
         QCOMPARE(project.archive.ledgerRows(
                      u"SELECT Del, Importo, ImportoIVA FROM Fatture WHERE Npag = 3"_s),
                  QString::fromUtf8(stored));
-        QCOMPARE(output.contains(u"--imposta 3 Del gg/mm/aaaa"_s),
-                 output.startsWith(u'1') && *stored == '-');
         // The copy beside it is the ledger as it was.
         const QString copy = output.section(u"com'era: "_s, 1).section(u'\n', 0, 0);
         if (!copy.isEmpty())
             QCOMPARE(project.archive.rows(copy, ledger), rows);
     };
     const auto refuse = [&](const char *words, const char *problem) {
-        add(words, QByteArray("2 Il comando non è stato eseguito.\n") + problem);
+        add(words, QByteArray("2 saldoro-archivio: Il comando non è stato eseguito.\n") + problem);
     };
     // P is a project whose third payment lacks its day and amounts. The CSV folders hold one file:
     // allocations with a fault, or a budget with a code that a pick cuts.
-    refuse("", "Manca il comando: verifica, importa o esporta.\n");
+    refuse("", "Manca il comando: verifica, imposta, importa o esporta.\n");
     refuse("pippo P", "Il comando pippo non esiste.\n");
-    add("--aiuto", "0 Uso: saldoro-archivio verifica");
+    for (const char *help : {"--aiuto", "verifica --help", "-h P"})
+        add(help, "0 Uso: saldoro-archivio verifica");
     add("esporta --versione", "0 saldoro-archivio 1.");
-    add("verifica P", "1 Pagamenti\n  - Pagamento 3 (riga 3, x): manca il valore di Del:");
+    add("--version", "0 saldoro-archivio 1.");
+    refuse("esporta -- --versione", "Dopo esporta ci vuole: CARTELLA CARTELLA_CSV\n");
+    // A stored control character is shown as one that is none.
+    add("verifica P",
+        "1 Pagamenti\n  - Pagamento 3 (riga 3, x\uFFFD[31m): manca il valore di Del:");
     add("verifica --codici P/Altrove.mdb P", "1 Archivi\n  - Altrove.mdb: L'archivio non è stato");
+    add("verifica --codici=CSV/Qui.mdb -- P", "1 Archivi\n  - Qui.mdb: L'archivio non è stato");
     refuse("verifica", "Dopo verifica ci vuole: CARTELLA\n");
     refuse("verifica P/manca", "La cartella non esiste.\n");
     refuse("verifica P --nuovo", "L'opzione --nuovo non esiste.\n");
-    refuse("verifica P --imposta 1 Del", "Dopo --imposta manca qualcosa.\n");
+    refuse("verifica P --codici", "Dopo --codici manca qualcosa.\n");
+    refuse("esporta P CSV --sovrascrivi=1", "L'opzione --sovrascrivi non prende alcun valore.\n");
 
-    add("verifica --imposta 3 del 5/3/2004 P", "1 Valori impostati: 1.", "2004-03-05|-|-");
-    add("verifica P --imposta 3 IMPORTOIVA -0,5", "1 Valori impostati: 1.", "-|-|-5000");
-    add("verifica P --imposta 3 Del 31/12/1999 --imposta 3 Importo 1 --imposta 3 ImportoIVA 0",
-        "1 Valori impostati: 3.", "1999-12-31|10000|0");
-    refuse("verifica P --imposta 3 Importo 12.34", "«12.34» non è un importo come 1.234,56.\n");
-    refuse("verifica P --imposta 3 Del 5/3/04", "«5/3/04» non è una data gg/mm/aaaa.\n");
-    refuse("verifica P --imposta 3 Npag 3", "Si possono impostare soltanto Del, Importo e");
-    refuse("verifica P --imposta 3x Del 5/3/2004", "Il numero del pagamento non è un numero");
-    refuse("verifica P --imposta 7 Del 5/3/2004", "Nessun pagamento ha questo numero.\n");
-    refuse("verifica P --imposta 4 Del 5/3/2004", "Più di un pagamento ha questo numero: non è");
-    refuse("verifica P --imposta 3 Importo 1 --imposta 1 Del 5/3/2004", "Il campo ha già un");
-    refuse("verifica P --imposta 3 Importo 1 --imposta 3 importo 1", "Il campo ha già un");
+    add("imposta P 3 del 5/3/2004", "0 Valori impostati: 1.", "2004-03-05|-|-");
+    add("imposta P 3 IMPORTOIVA -0,5", "0 Valori impostati: 1.", "-|-|-5000");
+    add("imposta P 3 Del 31/12/1999 3 Importo 1 3 ImportoIVA 0", "0 Valori impostati: 3.",
+        "1999-12-31|10000|0");
+    refuse("imposta P 3 Del", "Dopo imposta ci vuole: CARTELLA PAGAMENTO CAMPO VALORE\n");
+    refuse("imposta P 3 Importo 12.34", "«12.34» non è un importo come 1.234,56.\n");
+    refuse("imposta P 3 Del 5/3/04", "«5/3/04» non è una data gg/mm/aaaa.\n");
+    refuse("imposta P 3 Npag 3", "Si possono impostare soltanto Del, Importo e");
+    refuse("imposta P 3x Del 5/3/2004", "Il numero del pagamento non è un numero");
+    refuse("imposta P 7 Del 5/3/2004", "Nessun pagamento ha questo numero.\n");
+    refuse("imposta P 4 Del 5/3/2004", "Più di un pagamento ha questo numero: non è");
+    refuse("imposta P 3 Importo 1 1 Del 5/3/2004", "Il campo ha già un");
+    refuse("imposta P 3 Importo 1 3 importo 1", "Il campo ha già un");
 
-    add("importa CSV/SPESE P --comunque", "1 Errori:\n  Spese.csv, riga 2, campo RelNpag: «x» non");
+    add("importa CSV/SPESE P --comunque",
+        "1 saldoro-archivio: Errori:\n  Spese.csv, riga 2, campo RelNpag: «x» non");
     add("importa CSV/VOCI P --sostituisci UltimaPerVariante",
-        "1 Darebbe problemi più tardi (con --comunque si importa lo stesso):\n");
+        "1 saldoro-archivio: Darebbe problemi più tardi (con --comunque si importa lo stesso):\n");
     add("importa --sostituisci UltimaPerVariante CSV/VOCI --comunque P",
         "0 Appalto.mdb: ", "-|-|-");
     refuse("importa CSV/VOCI CSV --nuovo", "Un progetto nuovo sta in una cartella che finisce con");
     refuse("esporta P CSV/VOCI", "Il file c'è già.\n");
     add("esporta P CSV/VOCI --sovrascrivi", "0 Funzioni: 10 righe\n");
+#ifndef Q_OS_WIN
+    QProcess full;
+    full.setStandardOutputFile(u"/dev/full"_s);
+    full.start(QString::fromLocal8Bit(COMPANION), {u"--aiuto"_s});
+    QVERIFY(full.waitForFinished() && full.exitCode() == 2);
+#endif
 }
 
 void TestArchivio::tellsWhatHindersTheCheck()
@@ -121,9 +134,6 @@ void TestArchivio::tellsWhatHindersTheCheck()
     const QString output = run({u"verifica"_s, folder});
     QVERIFY2(output.startsWith(u"2 "_s) && output.contains(u"a metà"_s), qPrintable(output));
     QCOMPARE(ContentsOf(folder), crashed);
-    project.archive.execute(project.path(u'L'), u"UPDATE Fatture SET Del = NULL"_s);
-    QVERIFY(run(u"verifica --imposta 2 Del 01/02/2020"_s.split(u' ') << folder)
-                .contains(u"I valori sono stati impostati; il controllo non"_s));
 #ifndef Q_OS_WIN // where the engine does not mind it
     // A folder in the way of a file of the engine is no change that was broken off.
     QVERIFY(QFile::remove(folder + u"/Appalto.mdb-journal"_s));

@@ -177,7 +177,21 @@ void TestExchange::exportRefuses()
     WriteFile(out + u"/fatture.CSV"_s, "mio");
     QVERIFY(refusal().contains(u"Il file c'è già."_s));
     QCOMPARE(ContentsOf(out).size(), 1);
-    ExportProject(office.project(), out, true);
+    // One file that can't be replaced keeps all as they are.
+    QVERIFY(QDir().mkpath(out + u"/Spese.csv"_s));
+    QVERIFY_THROWS_EXCEPTION(FileError, ExportProject(office.project(), out, true));
+    QCOMPARE(ContentsOf(out).size(), 1);
+    QVERIFY(QDir().rmdir(out + u"/Spese.csv"_s));
+    // Files that an export has left half replaced are neither taken nor added to.
+    WriteFile(out + u"/esportazione incompleta.txt"_s, "");
+    QVERIFY(refusal().contains(u"non è arrivata in fondo"_s));
+    QVERIFY_THROWS_EXCEPTION(FileError, ImportFiles(office.project(), out, {}));
+    office.rows(ArchiveFile::Companies, u"ALTER TABLE Anag ADD COLUMN via TEXT"_s);
+    const QString said = ExportProject(office.project(), out, true);
+    QVERIFY2(said.startsWith(u"L'esportazione di prima non era arrivata in fondo.\n"_s) &&
+                 said.contains(u"\nAnag: 0 righe; colonne tralasciate: via\n"_s),
+             qPrintable(said));
+    QCOMPARE(ContentsOf(out).size(), 8);
     QVERIFY(ContentOf(out + u"/fatture.CSV"_s)
                 .startsWith("\xEF\xBB\xBF"
                             "AziProf;Npag"));

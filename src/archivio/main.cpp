@@ -1,8 +1,8 @@
 #include "archivio/command_line.h"
-#include "archivio/missing_values.h"
 #include "common/errors.h"
 #include "exchange/export.h"
 #include "exchange/import.h"
+#include "exchange/payment_values.h"
 #include "platform/console.h"
 #include "store/project_files.h"
 #include "verify/verification.h"
@@ -22,49 +22,70 @@ enum Status
     NotPossible = 2 ///< to do the command
 };
 
-/** @p heading stands above the report of an error. */
-Status verifyProject(const CommandLine &line, QString &heading)
+/** What a command has to say. */
+struct Outcome
 {
-    const QStringList missingValues = line.options[u"--imposta"_s];
-    const QString folder = ExistingFolder(line.folders.first());
-    if (!missingValues.isEmpty()) {
-        const QString copy =
-            SetMissingValues(ArchiveFilePath(ArchiveFile::Ledger, folder), missingValues);
-        PrintOut(u"Valori impostati: %1. Copia del registro com'era: %2\n\n"_s.arg(
-            QString::number(missingValues.size() / 3), copy));
-        heading = u"I valori sono stati impostati; il controllo non è stato possibile."_s;
-    }
+    Status status = Done;
+    QString text;
+    QString remarks = {}; ///< for the error stream
+};
+
+Outcome verifyProject(const CommandLine &line)
+{
     const QStringList codes = line.options[u"--codici"_s];
-    const Findings findings = VerifyProject(folder, codes.value(codes.size() - 1));
-    PrintOut(FindingsReport(findings));
-    return findings.isEmpty() ? Done : Found;
+    const Findings findings =
+        VerifyProject(ExistingFolder(line.operands.first()), codes.value(codes.size() - 1));
+    return {findings.isEmpty() ? Done : Found, FindingsReport(findings)};
 }
 
-Status importProject(const CommandLine &line)
+Outcome setValues(const CommandLine &line)
+{
+    const QStringList values = line.operands.sliced(1);
+    const QString folder = ExistingFolder(line.operands.first());
+    const QString copy = SetPaymentValues(ArchiveFilePath(ArchiveFile::Ledger, folder), values);
+    return {Done, u"Valori impostati: %1. Copia del registro com'era: %2\n"_s.arg(
+                      QString::number(values.size() / 3), copy)};
+}
+
+Outcome importFiles(const CommandLine &line)
 {
     const ImportOutcome outcome =
-        ImportFiles(line.folders[1], line.folders[0],
+        ImportFiles(line.operands[1], line.operands[0],
                     {line.options.contains(u"--nuovo"_s), line.options.contains(u"--comunque"_s),
                      line.options[u"--sostituisci"_s]});
-    PrintError(outcome.remarks());
-    PrintOut(outcome.summary);
-    return outcome.isDone ? Done : Found;
+    return {outcome.isDone ? Done : Found, outcome.summary, outcome.remarks()};
 }
 
-Status run(const QStringList &words, QString &heading)
+Outcome run(const CommandLine &line)
 {
-    const CommandLine line = ParseCommandLine(words);
     if (line.command == "verifica"_L1)
-        return verifyProject(line, heading);
+        return verifyProject(line);
+    if (line.command == "imposta"_L1)
+        return setValues(line);
     if (line.command == "importa"_L1)
-        return importProject(line);
+        return importFiles(line);
     if (line.command == "esporta"_L1)
-        PrintOut(ExportProject(line.folders[0], line.folders[1],
-                               line.options.contains(u"--sovrascrivi"_s)));
-    else
-        PrintOut(line.command == "--aiuto"_L1 ? UsageText()
-                                              : u"saldoro-archivio " SALDORO_VERSION "\n"_s);
-    return Done;
+        return {Done, ExportProject(line.operands[0], line.operands[1],
+                                    line.options.contains(u"--sovrascrivi"_s))};
+    return {Done, line.command == "--aiuto"_L1 ? UsageText()
+                                               : u"saldoro-archivio " SALDORO_VERSION "\n"_s};
+}
+
+/** A stored text must not steer the terminal that it is shown on. */
+QString harmless(QString text)
+{
+    for (QChar &character : text) {
+        const QChar::Category category = character.category();
+        if (character != u'\n' &&
+            (category == QChar::Other_Control || category == QChar::Other_Format))
+            character = QChar::ReplacementCharacter;
+    }
+    return text;
+}
+
+void tellError(const QString &text)
+{
+    PrintError(u"saldoro-archivio: "_s + harmless(text));
 }
 
 } // namespace
@@ -74,13 +95,18 @@ int main(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     QString heading = u"Il comando non è stato eseguito."_s;
     try {
-        return run(QCoreApplication::arguments().sliced(1), heading);
+        const Outcome outcome = run(ParseCommandLine(QCoreApplication::arguments().sliced(1)));
+        if (!outcome.remarks.isEmpty())
+            tellError(outcome.remarks);
+        if (PrintOut(harmless(outcome.text)))
+            return outcome.status;
+        tellError(u"Il comando è stato eseguito, ma l'uscita non accetta ciò che ha da dire.\n"_s);
     } catch (const SaldoroError &error) {
-        if (!error.detail(u"Prima di questo"_s).isEmpty()) // some databases are done
+        if (!error.detail(u"File già sostituiti"_s).isEmpty())
             heading = u"Il comando è stato eseguito solo in parte."_s;
-        PrintError(heading + u'\n' + error.message() + u'\n');
+        tellError(heading + u'\n' + error.message() + u'\n');
     } catch (const std::exception &error) {
-        PrintError(heading + u'\n' + QString::fromUtf8(error.what()) + u'\n');
+        tellError(heading + u'\n' + QString::fromUtf8(error.what()) + u'\n');
     }
     return NotPossible;
 }

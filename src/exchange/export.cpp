@@ -7,12 +7,14 @@
 #include "exchange/cell_values.h"
 #include "exchange/progress.h"
 #include "exchange/project_place.h"
+#include "platform/whole_file.h"
 #include "store/project_files.h"
 
 #include <QDir>
-#include <QSaveFile>
+#include <QFile>
+#include <QFileInfo>
 
-#include <utility>
+#include <algorithm>
 #include <vector>
 
 namespace saldoro {
@@ -42,35 +44,86 @@ QString untold(const ExchangedTable &table, const TableRow &row)
         return u"nessun valore"_s;
     QStringList fields;
     for (qsizetype place = 0; place < row.size(); ++place) {
-        const auto *text = std::get_if<QString>(&row[place]);
-        if (row[place] == NewValue(QDate()) || (text != nullptr && text->contains(QChar(0))))
+        if (row[place] == NewValue(QDate()) || TextOf(row[place]).contains(QChar(0)))
             fields.append(u"campo "_s + table.definition.fields()[place].name);
     }
     return fields.join(u", "_s);
 }
 
-/** The content of a table's file. Rows that it can't tell are added to @p untolds. */
-QByteArray fileContent(const ExchangedTable &table, const TableRows &rows, QStringList &untolds)
+/** What is to become one file. */
+struct TableFile
 {
-    QByteArray content = "\xEF\xBB\xBF" + table.fieldNames().join(u';').toUtf8() + "\r\n";
+    QByteArray content;
+    QStringList untolds; ///< rows that it can't tell
+    QString summary;
+};
+
+TableFile fileOf(const ExchangedTable &table, const TableRows &rows)
+{
+    TableFile file{"\xEF\xBB\xBF" + table.fieldNames().join(u';').toUtf8() + "\r\n",
+                   {},
+                   SummaryOf(table, rows)};
     Progress progress(u"Scrittura di "_s + table.name());
     QString line;
     for (qsizetype place = 1; place <= rows.size(); ++place) {
         progress.show(place);
-        const TableRow &row = rows[place - 1];
         line.truncate(0); // and keeps its room
-        for (const NewValue &value : row) {
+        for (const NewValue &value : rows[place - 1]) {
             appendCell(line, value);
             line += u';';
         }
         line.chop(1);
-        content += line.toUtf8() + "\r\n";
-        if (const QString what = untold(table, row); !what.isEmpty())
-            untolds.append(u"%1, riga %2 (%3): "_s.arg(table.name(), QString::number(place),
-                                                       LeftCharacters(line, 60)) +
-                           what);
+        file.content += line.toUtf8() + "\r\n";
+        if (const QString what = untold(table, rows[place - 1]); !what.isEmpty())
+            file.untolds.append(u"%1, riga %2 (%3): %4"_s.arg(table.name(), QString::number(place),
+                                                              LeftCharacters(line, 60), what));
     }
-    return content;
+    return file;
+}
+
+/** The columns of the stored table that its file does not have, as something to tell. */
+QString leftOut(const Database &database, const ExchangedTable &table)
+{
+    QStringList names;
+    if (const auto stored = database.tableDef(table.name())) {
+        for (const FieldDef &field : stored->fields()) {
+            if (table.place(field.name) < 0)
+                names.append(field.name);
+        }
+    }
+    return names.isEmpty() ? QString() : u"; colonne tralasciate: "_s + names.join(u", "_s);
+}
+
+/** The files of all tables, each database as it stands at one moment. */
+QList<TableFile> filesOf(const QString &project)
+{
+    QList<TableFile> files;
+    for (const ArchiveFile archive : ArchiveFileList) {
+        const Database database = Database::open(ArchiveFilePath(archive, project));
+        for (const ExchangedTable &table : ExchangedTables()) {
+            if (table.archive != archive)
+                continue;
+            files.append(fileOf(table, StoredRows(database, table.definition)));
+            files.last().summary += leftOut(database, table);
+        }
+    }
+    return files;
+}
+
+void refuseUntold(const QList<TableFile> &files)
+{
+    constexpr qsizetype most = 20;
+    QStringList lines;
+    for (const TableFile &file : files) {
+        lines += file.untolds.first(std::min(most, file.untolds.size()));
+        if (file.untolds.size() > most)
+            lines.append(u"e altre %1 righe così"_s.arg(file.untolds.size() - most));
+    }
+    if (!lines.isEmpty())
+        throw SaldoroError(u"Questi valori non si possono dire in un file CSV: una data con l'ora, "
+                           "un carattere nullo, byte che non sono testo.\n  "_s +
+                               lines.join(u"\n  "_s),
+                           u"Nessun file è stato scritto. Correggere i valori nell'archivio."_s);
 }
 
 /** Where a table is written to: over a file of that name in any letter case, where it may be. */
@@ -85,37 +138,53 @@ QString targetPath(const QDir &folder, const QString &name, bool overwrite)
     return folder.filePath(there.first());
 }
 
-void writeFile(const QString &path, const QByteArray &content)
+/** A file that stands in the folder while its CSV files are put in place one by one. */
+QString markPath(const QString &csvFolder)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) < 0 || !file.commit())
-        throw FileError(path, u"Il file non può essere scritto."_s,
-                        u"Controllare i permessi e lo spazio libero sul disco."_s);
+    return csvFolder + u"/esportazione incompleta.txt"_s;
 }
 
 } // namespace
 
+void RefuseMixedFiles(const QString &csvFolder)
+{
+    if (QFileInfo::exists(markPath(csvFolder)))
+        throw FileError(markPath(csvFolder),
+                        u"Un'esportazione non è arrivata in fondo: i file CSV di questa cartella "
+                        "possono essere in parte vecchi."_s,
+                        u"Ripetere esporta con --sovrascrivi in questa cartella."_s);
+}
+
 QString ExportProject(const QString &projectFolder, const QString &csvFolder, bool overwrite)
 {
-    const QString project = ExistingFolder(projectFolder);
-    std::vector<std::pair<QString, QByteArray>> files;
-    QStringList untolds;
-    QString summary;
-    for (const ExchangedTable &table : ExchangedTables()) {
-        const TableRows rows =
-            StoredRows(Database::open(ArchiveFilePath(table.archive, project)), table.definition);
-        files.emplace_back(targetPath(csvFolder, table.fileName(), overwrite),
-                           fileContent(table, rows, untolds));
-        summary += SummaryOf(table, rows) + u'\n';
-    }
-    if (!untolds.isEmpty())
-        throw SaldoroError(u"Questi valori non si possono dire in un file CSV: una data con l'ora, "
-                           "un carattere nullo, byte che non sono testo.\n  "_s +
-                               untolds.join(u"\n  "_s),
-                           u"Nessun file è stato scritto. Correggere i valori nell'archivio."_s);
+    if (!overwrite)
+        RefuseMixedFiles(csvFolder);
+    QStringList paths;
+    for (const ExchangedTable &table : ExchangedTables())
+        paths.append(targetPath(csvFolder, table.fileName(), overwrite));
+    const QList<TableFile> files = filesOf(ExistingFolder(projectFolder));
+    refuseUntold(files);
     MakeFolder(csvFolder);
-    for (const auto &[path, content] : files)
-        writeFile(path, content);
+    QString summary = QFileInfo::exists(markPath(csvFolder))
+                          ? u"L'esportazione di prima non era arrivata in fondo.\n"_s
+                          : QString();
+    std::vector<WholeFile> written;
+    for (qsizetype place = 0; place < files.size(); ++place) {
+        written.emplace_back(paths[place], files[place].content);
+        summary += files[place].summary + u'\n';
+    }
+    WholeFile(markPath(csvFolder), "Finché c'è questo file, i file CSV sono in parte vecchi.\r\n")
+        .replace();
+    QStringList replaced;
+    WithDetail(
+        u"File già sostituiti"_s, [&] { return replaced.join(u", "_s); },
+        [&] {
+            for (size_t place = 0; place < written.size(); ++place) {
+                written[place].replace();
+                replaced.append(ExchangedTables()[place].fileName());
+            }
+        });
+    QFile::remove(markPath(csvFolder));
     return summary;
 }
 

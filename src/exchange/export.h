@@ -5,12 +5,20 @@
 namespace saldoro {
 
 /**
- * Writes the eight tables of a project as CSV files in the Italian dialect, in UTF-8 with a mark,
- * and gives rows and total of each as text. Both folders are paths of the machine; that of the
- * files is made when it is not there. Nothing is written when a file is there already (unless
- * @p overwrite) or a stored value can't be told in CSV. Throws SaldoroError.
+ * Writes the eight tables of a project as CSV files in the Italian notation, in UTF-8 with a mark,
+ * each database as it stands at one moment. Gives a line for each table, with rows, total and the
+ * columns that no file has. Both folders are paths of the machine; that of the files is made when
+ * it is not there.
+ *
+ * Throws SaldoroError, no file being changed, when a file is there already (unless @p overwrite),
+ * a stored value can't be told in CSV, or a file can't be written in whole or not be replaced. A
+ * process that dies while it replaces them leaves each file whole, the old or the new one, and a
+ * mark in the folder.
  */
 QString ExportProject(const QString &projectFolder, const QString &csvFolder,
                       bool overwrite = false);
+
+/** Throws FileError when the folder has the mark of an export that did not come to its end. */
+void RefuseMixedFiles(const QString &csvFolder);
 
 } // namespace saldoro

@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "database/database.h"
+#include "exchange/export.h"
 #include "exchange/import_rules.h"
 #include "exchange/progress.h"
 #include "exchange/project_place.h"
@@ -327,6 +328,7 @@ ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder
 {
     const QString folder =
         options.createProject ? PlaceOf(projectFolder).folder : ExistingFolder(projectFolder);
+    RefuseMixedFiles(csvFolder);
     QStringList errors;
     QList<CsvTable> tables;
     for (const auto &[table, path] : csvPaths(ExistingFolder(csvFolder), errors)) {

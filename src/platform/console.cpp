@@ -30,27 +30,27 @@ bool printToConsole(std::FILE *stream, const QString &text)
 }
 #endif
 
-void print(std::FILE *stream, const QString &text)
+bool print(std::FILE *stream, const QString &text)
 {
 #ifdef Q_OS_WIN
     if (printToConsole(stream, text))
-        return;
+        return true;
 #endif
     const QByteArray bytes = text.toUtf8();
-    std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stream);
-    std::fflush(stream);
+    const auto size = static_cast<size_t>(bytes.size());
+    return std::fwrite(bytes.constData(), 1, size, stream) == size && std::fflush(stream) == 0;
 }
 
 } // namespace
 
-void PrintOut(const QString &text)
+bool PrintOut(const QString &text)
 {
-    print(stdout, text);
+    return print(stdout, text);
 }
 
-void PrintError(const QString &text)
+bool PrintError(const QString &text)
 {
-    print(stderr, text);
+    return print(stderr, text);
 }
 
 bool IsErrorTerminal()

@@ -5,9 +5,9 @@
 namespace saldoro {
 
 /** Writes a text as it stands to the standard output or error stream, in UTF-8. A console shows
- *  its accented letters. */
-void PrintOut(const QString &text);
-void PrintError(const QString &text);
+ *  its accented letters. False when the stream, such as a file on a full disk, did not take it. */
+[[nodiscard]] bool PrintOut(const QString &text);
+bool PrintError(const QString &text);
 
 /** Whether the standard error stream goes to a terminal. */
 bool IsErrorTerminal();

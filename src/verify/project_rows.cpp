@@ -66,7 +66,7 @@ QString remedyOfNull(const PaymentRow &payment, const QString &field)
     if (!payment.number || field == "Creditore"_L1 || field == "AziProf"_L1)
         return fromAssistance(u"completare il valore nell'archivio"_s);
     if (field == "Del"_L1 || field == "Importo"_L1 || field == "ImportoIVA"_L1)
-        return u"eseguire di nuovo il controllo con --imposta %1 %2 %3"_s.arg(
+        return u"impostarlo con saldoro-archivio imposta CARTELLA %1 %2 %3"_s.arg(
             QString::number(*payment.number), field,
             field == "Del"_L1 ? u"gg/mm/aaaa"_s : u"1.234,56"_s);
     return u"aprire il pagamento e confermarlo: i campi vuoti diventano zero."_s;

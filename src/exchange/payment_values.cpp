@@ -1,4 +1,4 @@
-#include "archivio/missing_values.h"
+#include "exchange/payment_values.h"
 
 #include "common/errors.h"
 #include "database/database.h"
@@ -60,7 +60,7 @@ void setValue(RecordSet &payments, const QString &field, const QString &text)
 
 } // namespace
 
-QString SetMissingValues(const QString &ledger, const QStringList &words)
+QString SetPaymentValues(const QString &ledger, const QStringList &words)
 {
     Database database = Database::open(ledger);
     QString copy = database.backUpBeside();

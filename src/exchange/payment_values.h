@@ -14,6 +14,6 @@ namespace saldoro {
  * Throws SaldoroError, with nothing changed, for words that can't be read, when no payment or more
  * than one has the number and when the field holds a value; and DatabaseError.
  */
-QString SetMissingValues(const QString &ledger, const QStringList &words);
+QString SetPaymentValues(const QString &ledger, const QStringList &words);
 
 } // namespace saldoro
