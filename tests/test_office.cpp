@@ -4,9 +4,12 @@
 #include "file_content.h"
 #include "form_driver.h"
 #include "office/frm_appalti.h"
+#include "office/frm_voci.h"
 #include "sound_project.h"
 #include "store/archives_root.h"
 #include "store/contract_codes.h"
+
+#include <QClipboard>
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
@@ -34,6 +37,11 @@ public:
         for (const QFileInfo &each : QDir(project.folder()).entryInfoList(QDir::Files))
             QFile::copy(each.filePath(), folder(code) + u'/' + each.fileName());
         return folder(code) + u'/' + file;
+    }
+
+    QString rows(const QString &code, const QString &file, const QString &sql) const
+    {
+        return BareFile(folder(code) + u'/' + file).rows(sql);
     }
 
     QTemporaryDir settings;
@@ -129,6 +137,41 @@ private slots:
         QTRY_VERIFY(BodyText(list).startsWith(
             u"00009|2|9.000,00|2|183,50|8.816,50|01/02/2020|\n00010|2|9.000,00|"_s));
         QCOMPARE(list.text(list.row(), 0), u"00112"_s);
+    }
+
+    /** From nothing to a contract that Saldoro can open, by the keyboard. */
+    void newContract()
+    {
+        Archive office;
+        FrmAppalti form;
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        QGuiApplication::clipboard()->setText(
+            u"Cod\tVoce di spesa\tImporto\n\tTitolo\t\nA1\tScavi\t1.000,50\nA2\tMuri\tx\n"
+            "A3\tTetti\t7"_s);
+        Play(&form, u"to Elenco, Alt+N"_s);
+        auto *items = form.findChild<FrmVoci *>();
+        QTRY_VERIFY(items != nullptr && QApplication::activeWindow() == items);
+        QCOMPARE(Find<QLineEdit>(*items, u"Codice"_s)->text(), u"00001"_s);
+        Play(items, u"Ctrl+V, Down, Down, Down, Right, Right, F2"_s);
+        Play(items, u"type 2, Return"_s);
+        Play(items, u"Down, Del"_s);
+        QCOMPARE(
+            Find<QLabel>(*items, u"Somma"_s)->text(),
+            u"Righe da prendere: 2    Totale: 1.002,50    Tralasciate: 3    Da correggere: 0"_s);
+        const auto *write = Find<QPushButton>(*items, u"Scrivi"_s);
+        for (const auto &[code, isPossible] : {std::pair(u"00112"_s, false), {u"00113"_s, true}}) {
+            Find<QLineEdit>(*items, u"Codice"_s)->setText(code);
+            QCOMPARE(write->isEnabled(), isPossible);
+        }
+        qputenv("PATH", office.settings.path().toUtf8()); // no Saldoro to be started
+        Play(items, u"Alt+E"_s);
+        QTRY_VERIFY(form.findChild<FrmVoci *>() == nullptr);
+        QCOMPARE(office.rows(u"00113"_s, u"Appalto.mdb"_s, u"SELECT * FROM UltimaPerVariante"_s),
+                 u"A1|Scavi|10005000\nA2|Muri|20000"_s);
+        QVERIFY(office.messages.last().contains(u"Saldoro non può essere avviato"_s));
+        QTRY_VERIFY(BodyText(Find<FlexGrid>(form, u"Elenco"_s)->table())
+                        .contains(u"00113|2|1.002,50|0|0,00|1.002,50||"_s));
     }
 };
 

@@ -2,11 +2,8 @@
 
 #include "app/error_report.h"
 #include "common/ending.h"
+#include "controls/application_look.h"
 #include "controls/message_box.h"
-
-#include <QLibraryInfo>
-#include <QLocale>
-#include <QTranslator>
 
 namespace saldoro {
 
@@ -15,21 +12,7 @@ using namespace Qt::StringLiterals;
 Application::Application(int &argc, char **argv)
     : QApplication(argc, argv)
 {
-    // Not the display name: window systems append that to every caption.
-    setApplicationName(u"Saldoro"_s);
-    speakItalian();
-}
-
-/** Also the toolkit's own texts, where its translation is installed or built in. */
-void Application::speakItalian()
-{
-    const QLocale italian(QLocale::Italian, QLocale::Italy);
-    QLocale::setDefault(italian);
-    auto *translator = new QTranslator(this);
-    const QString installed = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    if (translator->load(italian, u"qtbase"_s, u"_"_s, installed) ||
-        translator->load(u":/qtbase_it.qm"_s))
-        installTranslator(translator);
+    SetUpLook(*this);
 }
 
 int Application::run(const std::function<bool()> &startUp)

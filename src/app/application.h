@@ -32,7 +32,6 @@ public:
     bool notify(QObject *receiver, QEvent *event) override;
 
 private:
-    void speakItalian();
     void endWithReport(const std::exception &error);
 };
 

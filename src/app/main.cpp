@@ -7,23 +7,12 @@
 #include "platform/console.h"
 #include "platform/process.h"
 
-#include <QIcon>
-
 #include <array>
 #include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/** For title bars and task switchers; the menu entry brings its own. */
-QIcon windowIcon()
-{
-    QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256})
-        icon.addFile(u":/icons/saldoro-%1.png"_s.arg(size));
-    return icon;
-}
 
 /** Without a display an error is said on the standard error stream; returns the exit status. */
 int writeManifest()
@@ -51,7 +40,6 @@ int main(int argc, char *argv[])
     }
     saldoro::Application application(programOnlyCount, programOnly.data());
     QGuiApplication::setDesktopFileName(u"saldoro"_s);
-    QGuiApplication::setWindowIcon(windowIcon());
 
     saldoro::ProgramValues values;
     saldoro::StartUp startUp(values);

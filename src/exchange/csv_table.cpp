@@ -94,6 +94,28 @@ public:
         return std::move(m_result);
     }
 
+    QList<CellRow> readRows()
+    {
+        if (const QString kind = otherKind(m_bytes); !kind.isEmpty()) {
+            addError({0, {}, kind});
+            return {};
+        }
+        const QString text = decoded();
+        auto [separator, columns] = header(text);
+        for (const QChar other : {u',', u'\t'}) {
+            const auto width = [&text](QChar parting) {
+                const TextRows first = RowsOfText(text, parting, 1);
+                return first.rows.isEmpty() ? 0 : first.rows.first().cells.size();
+            };
+            if (columns.firstRow == 0 && width(other) > width(separator))
+                separator = other;
+        }
+        const TextRows cells = RowsOfText(text, separator);
+        if (cells.fault)
+            addError(*cells.fault);
+        return cells.rows;
+    }
+
 private:
     void addError(const CellFault &fault)
     {
@@ -217,6 +239,11 @@ CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, const Ta
                       QStringList &errors)
 {
     return FileReader(path, table, errors).read(stored);
+}
+
+QList<CellRow> ReadCsvRows(const QString &path, const ExchangedTable &table, QStringList &errors)
+{
+    return FileReader(path, table, errors).readRows();
 }
 
 } // namespace saldoro

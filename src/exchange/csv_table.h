@@ -1,6 +1,7 @@
 #pragma once
 
 #include "exchange/archive_tables.h"
+#include "exchange/cell_rows.h"
 
 #include <QList>
 #include <QString>
@@ -36,5 +37,9 @@ struct CsvTable
  */
 CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,
                       QStringList &errors);
+
+/** The rows of cells of a file that may name the fields of @p table in a header, or not. What can't
+ *  be read is added to @p errors. Throws FileError. */
+QList<CellRow> ReadCsvRows(const QString &path, const ExchangedTable &table, QStringList &errors);
 
 } // namespace saldoro

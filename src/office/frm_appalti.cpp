@@ -7,10 +7,12 @@
 #include "controls/form_helpers.h"
 #include "controls/message_box.h"
 #include "office/contract_list.h"
+#include "office/frm_voci.h"
 #include "office/task.h"
 #include "platform/process.h"
 #include "store/archives_root.h"
 #include "store/contract_codes.h"
+#include "store/open_project.h"
 
 #include <QBoxLayout>
 #include <QCoreApplication>
@@ -26,10 +28,6 @@ namespace saldoro {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/** First size of the window, 960 by 600 pixels on a screen of 96 dots to the inch. */
-constexpr int widthInTwips = 14400;
-constexpr int heightInTwips = 9000;
 
 /** Starts Saldoro on a contract: the program that lies with this one, else the one that the system
  *  finds by its name. */
@@ -66,10 +64,13 @@ FrmAppalti::FrmAppalti()
     whole->addWidget(m_grid, 1);
     whole->addWidget(m_state);
     whole->addLayout(makeButtons());
-    connect(m_grid, &FlexGrid::cellActivated, this, &FrmAppalti::openContract);
+    connect(m_grid, &FlexGrid::cellActivated, this,
+            [this] { Attempt([this] { openContract(); }); });
     connect(&m_grid->table(), &TextTable::currentMoved, this, [this] { showState(0, 0); });
     connect(m_contracts, &ContractList::progressed, this, &FrmAppalti::showState);
     m_grid->setFocus();
+    constexpr int widthInTwips = 14400; // 960 by 600 pixels at 96 dots to the inch
+    constexpr int heightInTwips = 9000;
     ResizeWithinScreen(*this,
                        {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
 }
@@ -98,9 +99,16 @@ QLayout *FrmAppalti::makeButtons()
 {
     auto *row = new QHBoxLayout;
     row->addStretch(1);
-    m_ofContract = {addButton(u"Apri"_s, u"&Apri in Saldoro"_s,
-                              u"Apre in Saldoro l'appalto scelto"_s, &FrmAppalti::openContract)};
-    for (QPushButton *button : m_ofContract)
+    auto *open = addButton(u"Apri"_s, u"&Apri in Saldoro"_s, u"Apre in Saldoro l'appalto scelto"_s,
+                           &FrmAppalti::openContract);
+    auto *create = addButton(u"Nuovo"_s, u"&Nuovo appalto..."_s,
+                             u"Crea un appalto con le voci di un foglio elettronico"_s,
+                             &FrmAppalti::createContract);
+    auto *replace = addButton(u"Variante"_s, u"Nuova &variante..."_s,
+                              u"Dà all'appalto scelto le voci di una nuova variante"_s,
+                              &FrmAppalti::replaceBudget);
+    m_ofContract = {open, replace};
+    for (QPushButton *button : {open, create, replace})
         row->addWidget(button);
     return row;
 }
@@ -179,6 +187,25 @@ void FrmAppalti::openContract()
     if (!StoredArchivesRoot())
         StoreArchivesRoot(root());
     startSaldoro(m_contracts->currentCode());
+}
+
+void FrmAppalti::createContract()
+{
+    auto *form = new FrmVoci(ArchivesRootOf(root()), {}, this);
+    connect(form, &FrmVoci::written, this, [this](const QString &code) {
+        load();
+        m_contracts->setCurrentCode(code);
+        Attempt([this] { openContract(); });
+    });
+    BringToFront(*form);
+}
+
+void FrmAppalti::replaceBudget()
+{
+    if (IsProjectOpen(currentFolder()))
+        throw SaldoroError(u"L'appalto è aperto in Saldoro."_s,
+                           u"Chiudere la sua finestra e riprovare."_s);
+    BringToFront(*new FrmVoci(root(), m_contracts->currentCode(), this));
 }
 
 void FrmAppalti::changeEvent(QEvent *event)

@@ -42,6 +42,8 @@ private:
     void openFolder();
     void chooseFolder();
     void openContract();
+    void createContract();
+    void replaceBudget();
 
     QString root() const;
     QString currentFolder() const;

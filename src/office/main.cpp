@@ -1,4 +1,4 @@
-#include "controls/form_helpers.h"
+#include "controls/application_look.h"
 #include "office/frm_appalti.h"
 
 #include <QApplication>
@@ -7,11 +7,10 @@ using namespace Qt::StringLiterals;
 
 int main(int argc, char *argv[])
 {
-    const QApplication application(argc, argv);
-    QCoreApplication::setApplicationName(u"Saldoro"_s);
+    QApplication application(argc, argv);
+    saldoro::SetUpLook(application);
+    QGuiApplication::setDesktopFileName(u"saldoro"_s);
     saldoro::FrmAppalti contracts;
-    saldoro::CentraForm(contracts);
-    contracts.load();
-    contracts.show();
+    contracts.show(); // and read when it becomes active
     return QApplication::exec();
 }

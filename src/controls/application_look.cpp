@@ -1,0 +1,31 @@
+#include "controls/application_look.h"
+
+#include <QGuiApplication>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+void SetUpLook(QCoreApplication &application)
+{
+    // Not the display name: window systems append that to every caption.
+    QCoreApplication::setApplicationName(u"Saldoro"_s);
+    const QLocale italian(QLocale::Italian, QLocale::Italy);
+    QLocale::setDefault(italian);
+    auto *translator = new QTranslator(&application);
+    const QString installed = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (translator->load(italian, u"qtbase"_s, u"_"_s, installed) ||
+        translator->load(u":/qtbase_it.qm"_s))
+        QCoreApplication::installTranslator(translator);
+    // For task switchers, too; the menu entry brings its own.
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        icon.addFile(u":/icons/saldoro-%1.png"_s.arg(size));
+    QGuiApplication::setWindowIcon(icon);
+}
+
+} // namespace saldoro

@@ -1,0 +1,138 @@
+#include "common/amount_text.h"
+#include "exchange/pasted_table.h"
+
+#include <QTest>
+
+using namespace saldoro;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** Each row as the letter of its state and why: "k" kept, "s" set aside, "x" left out, "!" faulty;
+ *  of a row that is taken its values. Then the total and the remark. */
+QString told(const PastedTable &pasted)
+{
+    QStringList lines;
+    qsizetype taken = 0;
+    for (const PastedRow &row : pasted.rows()) {
+        QStringList values;
+        if (row.state == PastedState::Taken) {
+            for (const NewValue &value : pasted.taken()[taken++]) {
+                const auto *amount = std::get_if<Currency>(&value);
+                values.append(amount ? FormatImporto(*amount) : TextOf(value));
+            }
+        }
+        const QChar letter = u"\0!sxk"[static_cast<int>(row.state)];
+        lines.append(values.isEmpty() ? letter + u' ' + row.reason : values.join(u'|'));
+    }
+    lines.append(u"= "_s + FormatImporto(*pasted.total()) +
+                 (pasted.isReady() ? u" pronto"_s : u""_s));
+    if (!pasted.remark().isEmpty())
+        lines.append(pasted.remark().left(18));
+    return lines.join(u'\n');
+}
+
+const ExchangedTable &budget()
+{
+    return *TableNamed(u"UltimaPerVariante"_s);
+}
+
+} // namespace
+
+/** What becomes of cells that come from spreadsheets, web pages and hands. */
+class TestPastedTable : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void clipboards_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("expected");
+        const auto add = [](const char *name, const char *text, const char *expected) {
+            QTest::addRow("%s", name) << QString::fromUtf8(text) << QString::fromUtf8(expected);
+        };
+        add("header, titles, totals and more columns",
+            "Comune di X\t\t\t\n\t\t\t\nCod.\tVoce di spesa\tU.M.\tImporto (€)\n\tA CORPO\t\t\n"
+            "A1\tScavi\tm\t1.000,00\nOPERE\t\t\t\nA2\t\"Muri \"\"di\"\"\nsasso\"\tm\t€ 2.000,5\n"
+            "\tTotale\t\t3.000,50\n",
+            "s sopra l'intestazione\ns sopra l'intestazione\ns intestazione\n"
+            "s senza Codice: titolo o totale\nA1|Scavi|1.000,00\ns una cella sola: titolo\n"
+            "A2|Muri \"di\" sasso|2.000,50\ns senza Codice: titolo o totale\n= 3.000,50 pronto");
+        add("no header, blanks of a web page, CR LF, a minus sign, a quote within",
+            "A1\u00a0\t Scavi 5\"\t1.000,00\u00a0€\r\nA2\tRibasso\t\u2212100,00\r\n",
+            "A1|Scavi 5\"|1.000,00\nA2|Ribasso|-100,00\n= 900,00 pronto");
+        add("another order by the header", "Importo\tDescrizione\tCodice\n12,50\tScavi\tA1",
+            "s intestazione\nA1|Scavi|12,50\n= 12,50 pronto");
+        add("the other notation throughout", "A1\tScavi\t1,234.50\nA2\tMuri\t1,234\nA3\tTetti\t7",
+            "A1|Scavi|1.234,50\nA2|Muri|1.234,00\nA3|Tetti|7,00\n= 2.475,50 pronto\n"
+            "Gli importi erano ");
+        add("both notations", "A1\tScavi\t1.234,50\nA2\tMuri\t1,234.50\nA3\tTetti\t1,234",
+            "A1|Scavi|1.234,50\n! Importo: «1,234.50» non è un importo come 1.234,56, o è fuori "
+            "misura.\n! Importo: «1,234» può essere mille volte tanto: scriverlo con due "
+            "decimali.\n= 1.234,50");
+        add("what may be a thousand times as much", "A1\tScavi\t1,234",
+            "! Importo: «1,234» può essere mille volte tanto: scriverlo con due decimali.\n= 0,00");
+        add("something lacks", "A1\t\t5,00\nA2\tMuri\t\nA3\tTetti\t#RIF!",
+            "! manca Descrizione.\n! manca Importo.\n! Importo: «#RIF!» non è un importo come "
+            "1.234,56, o è fuori misura.\n= 0,00");
+        add("semicolons for tabs", "A1;\"Scavi; e muri\";5,00\n",
+            "A1|Scavi; e muri|5,00\n= 5,00 pronto");
+        add("one column", "A1\nA2", "s una cella sola: titolo\ns una cella sola: titolo\n= 0,00");
+    }
+    void clipboards()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const QString, expected);
+        PastedTable pasted(budget());
+        pasted.setText(text);
+        QCOMPARE(told(pasted), expected);
+    }
+
+    /** By hand: columns said otherwise, a cell corrected, rows left out and taken in, rows typed
+     *  beside those that stand already. */
+    void corrections()
+    {
+        PastedTable pasted(budget(),
+                           [](const TableRows &rows) {
+                               QList<CellFault> faults;
+                               for (int row = 0; row < rows.size(); ++row) {
+                                   if (TextOf(rows[row][0]) == "A'"_L1)
+                                       faults.append({row, {}, u"apostrofo"_s});
+                               }
+                               return faults;
+                           },
+                           {{u"K1"_s, u"Vecchia"_s, u"1,00"_s}});
+        pasted.setText(u"Nota\tA1\tScavi\t5\nNota\tA'\tMuri\tx\n\t\tTotale\t5"_s);
+        for (int field = 0; field < 3; ++field)
+            pasted.setColumn(budget().neededFields[field], field + 1);
+        QCOMPARE(
+            told(pasted),
+            u"k già in archivio\nA1|Scavi|5,00\n! Importo: «x» non è un importo come 1.234,56, "
+            "o è fuori misura.\ns senza Codice: titolo o totale\n= 5,00"_s);
+        QCOMPARE(pasted.rows()[0].cells, QStringList({{}, u"K1"_s, u"Vecchia"_s, u"1,00"_s}));
+        pasted.setCell(2, 3, u" 1.000,00 "_s);
+        pasted.setCell(0, 1, u"K2"_s);
+        pasted.toggle(0);
+        pasted.toggle(1);
+        QCOMPARE(told(pasted), u"k già in archivio\nx tralasciata\n! apostrofo\n"
+                               "s senza Codice: titolo o totale\n= 1.000,00"_s);
+        pasted.toggle(1);
+        pasted.toggle(2);
+        const qsizetype added = pasted.addRow();
+        for (const auto &[column, text] : {std::pair(1, u"A3"_s), {2, u"Tetti"_s}, {3, u"7,5"_s}})
+            pasted.setCell(added, column, text);
+        QCOMPARE(told(pasted), u"k già in archivio\nA1|Scavi|5,00\nx tralasciata\n"
+                               "s senza Codice: titolo o totale\nA3|Tetti|7,50\n= 12,50 pronto"_s);
+        QCOMPARE(pasted.rows()[0].cells[1], u"K1"_s);
+        pasted.setText(u"Voce\tDescri\tImporto\nA1\tScavi\t5"_s);
+        pasted.toggle(1); // a header that is none
+        QVERIFY(told(pasted).startsWith(u"k già in archivio\n! Importo: «Importo»"_s));
+        pasted.setColumn(u"Importo"_s, -1);
+        QVERIFY(!pasted.isReady());
+        QVERIFY(pasted.remark().startsWith(u"Manca la colonna Importo"_s));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestPastedTable)
+#include "test_pasted_table.moc"
