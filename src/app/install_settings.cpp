@@ -2,6 +2,7 @@
 
 #include "app/version.h"
 #include "common/archive_folders.h"
+#include "common/errors.h"
 #include "platform/registry.h"
 
 namespace saldoro {
@@ -24,8 +25,13 @@ ProgramVersion OwnVersion()
 void InitInstallSettings(ProgramValues &values)
 {
     values.ProgramBuild = BuildText(OwnVersion());
-    values.ArchiveRoot =
-        ReadRegistryValue(SettingsKey.toString(), ArchiveRootValue.toString()).value_or(QString());
+    values.ArchiveRoot.clear();
+    try {
+        values.ArchiveRoot = ReadRegistryValue(SettingsKey.toString(), ArchiveRootValue.toString())
+                                 .value_or(QString());
+    } catch (const FileError &) {
+        // The ledger will not be found, which says where the setting is.
+    }
 }
 
 } // namespace saldoro

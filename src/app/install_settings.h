@@ -22,7 +22,7 @@ QString BuildText(const ProgramVersion &version);
 ProgramVersion OwnVersion();
 
 /** Sets ProgramBuild from the program's own version and ArchiveRoot from the per-user settings;
- *  without the setting ArchiveRoot is empty. Throws nothing. */
+ *  without the setting, or when it can't be read, ArchiveRoot is empty. Throws nothing. */
 void InitInstallSettings(ProgramValues &values);
 
 } // namespace saldoro

@@ -4,6 +4,7 @@
 
 #ifdef Q_OS_WIN
 #include <io.h>
+#include <string>
 #include <windows.h>
 #else
 #include <unistd.h>
@@ -50,6 +51,10 @@ bool PrintOut(const QString &text)
 
 bool PrintError(const QString &text)
 {
+#ifdef Q_OS_WIN
+    if (_fileno(stderr) < 0) // a program of windows that was not started from a console
+        return MessageBoxW(nullptr, text.toStdWString().c_str(), L"Saldoro", MB_ICONERROR) != 0;
+#endif
     return print(stderr, text);
 }
 

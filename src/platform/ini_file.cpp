@@ -18,15 +18,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** The whole text; no value when the file can't be read. */
-std::optional<QString> contentOf(const QString &path)
+/** The whole text; empty when there is no such file. */
+QString contentOf(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QByteArray data = file.readAll();
+    if (!file.exists())
+        return {};
+    QByteArray data;
+    if (file.open(QIODevice::ReadOnly))
+        data = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        return std::nullopt;
+        throw FileError(path, u"Il file non può essere letto."_s,
+                        u"Controllare i permessi, e che nessun programma lo tenga aperto."_s);
     const auto marked = QStringConverter::encodingForData(data);
     if (!marked)
         return TextOfStoredBytes(data);
@@ -64,7 +67,7 @@ QRegularExpressionMatch keyLine(const QString &content, const QString &section, 
 std::optional<QString> FindIniValue(const QString &fileName, const QString &section,
                                     const QString &key)
 {
-    const QString content = contentOf(MachinePath(fileName)).value_or(QString());
+    const QString content = contentOf(MachinePath(fileName));
     const auto found = keyLine(content, section, key);
     return found.hasMatch() ? std::optional(found.captured(u"value")) : std::nullopt;
 }
@@ -73,34 +76,36 @@ void SetIniValue(const QString &fileName, const QString &section, const QString 
                  const QString &value)
 {
     const QFileInfo info(MachinePath(fileName));
-    std::optional<QString> content = info.exists() ? contentOf(info.filePath()) : QString();
-    if (!content)
-        throw FileError(info.filePath(), u"Il file non può essere letto."_s,
-                        u"Controllare i permessi, e che nessun programma lo tenga aperto."_s);
+    QString content = contentOf(info.filePath());
     const QString line = key + u"=\""_s + value + u'"';
-    const auto earlier = keyLine(*content, section, key);
-    qsizetype place = sectionLine(section).match(*content).capturedEnd();
+    const auto earlier = keyLine(content, section, key);
+    qsizetype place = sectionLine(section).match(content).capturedEnd();
     if (place < 0) {
-        if (!content->isEmpty() && !content->endsWith(u'\n'))
-            *content += u'\n';
-        *content += u'[' + section + u"]\n"_s;
-        place = content->size() - 1;
+        if (!content.isEmpty() && !content.endsWith(u'\n'))
+            content += u'\n';
+        content += u'[' + section + u"]\n"_s;
+        place = content.size() - 1;
     }
     if (earlier.hasMatch())
-        content->replace(earlier.capturedStart(), earlier.capturedLength(), line);
+        content.replace(earlier.capturedStart(), earlier.capturedLength(), line);
     else
-        content->insert(place, u'\n' + line);
-    if (keyLine(*content, section, key).captured(u"value") != value)
+        content.insert(place, u'\n' + line);
+    if (keyLine(content, section, key).captured(u"value") != value)
         throw FileError(info.filePath(), u"«%1» non verrebbe riletto com'è."_s.arg(value),
                         u"Scegliere un nome senza caratteri di controllo."_s);
     QDir().mkpath(info.path()); // what can't be made is told by the writing
-    WholeFile(info.filePath(), content->toUtf8()).replace();
+    WholeFile(info.filePath(), content.toUtf8()).replace();
 }
 
 QString ReadIniString(const QString &fileName, const QString &section, const QString &key)
 {
     constexpr qsizetype mostCharacters = 254;
-    QString value = FindIniValue(fileName, section, key).value_or(QString());
+    QString value;
+    try {
+        value = FindIniValue(fileName, section, key).value_or(QString());
+    } catch (const FileError &) {
+        return {};
+    }
     value = TrimAtNul(LeftCharacters(value, mostCharacters));
     while (value.endsWith(u' '))
         value.chop(1);

@@ -17,6 +17,7 @@ QString ReadIniString(const QString &fileName, const QString &section, const QSt
 
 /**
  * The same value whole, without limit and NUL rule; no value when file, section or key is missing.
+ * Throws FileError when the file is there and can't be read.
  *
  * The same rules hold on every system. Section and key ignore letter case; of sections and keys
  * that occur twice the first wins. Blanks around section, key, "=" and value do not count; one

@@ -26,8 +26,14 @@ std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &
     const std::wstring name = valueName.toStdWString();
     const auto read = [&](wchar_t *text, DWORD &size) {
         // Plain text alone: one that is to be expanded is not taken for it.
-        return RegGetValueW(HKEY_CURRENT_USER, key.c_str(), name.c_str(),
-                            RRF_RT_REG_SZ | RRF_NOEXPAND, nullptr, text, &size) == ERROR_SUCCESS;
+        const LSTATUS status = RegGetValueW(HKEY_CURRENT_USER, key.c_str(), name.c_str(),
+                                            RRF_RT_REG_SZ | RRF_NOEXPAND, nullptr, text, &size);
+        if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND &&
+            status != ERROR_UNSUPPORTED_TYPE)
+            throw FileError(u"HKEY_CURRENT_USER\\"_s + keyPath,
+                            u"L'impostazione non può essere letta."_s,
+                            u"Controllare i permessi dell'utente sul registro."_s);
+        return status == ERROR_SUCCESS;
     };
     DWORD size = 0; // in bytes
     if (!read(nullptr, size))

@@ -10,7 +10,7 @@ namespace saldoro {
  * Reads a text value of the per-user settings: the value @p valueName of the key @p keyPath below
  * the current user's root.
  * A missing key or value, and a value of another type than plain text, give no value. The text
- * ends at its first NUL. Nothing is thrown.
+ * ends at its first NUL. Throws FileError when the settings are there and can't be read.
  *
  * On Windows this is the registry itself. Elsewhere it is the file RegistryFilePath(), an INI
  * file read by the rules of FindIniValue: a key is a section, its values are lines below it.

@@ -10,7 +10,8 @@ namespace saldoro {
  * The per-user setting that says where the archives lie, which holds for all programs of the suite.
  */
 
-/** The archives root as it is set; no value when it is not. */
+/** The archives root as it is set; no value when it is not. Throws FileError when the settings
+ *  can't be read. */
 std::optional<QString> StoredArchivesRoot();
 
 /** Where the archives of an office without the suite are proposed to lie: a folder among the user's
