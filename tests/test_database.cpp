@@ -99,7 +99,7 @@ private slots:
         // The disk can't be asked whether it was told to keep a write; the engine can.
         RecordSet flushing =
             Database::open(path).openRecordSet(u"SELECT * FROM pragma_synchronous"_s);
-        QCOMPARE(flushing.field(0).integer(), 2);
+        QCOMPARE(flushing.field(0).integer(), 3);
     }
 
     void filesThatCannotBeOpened()
@@ -228,6 +228,65 @@ private slots:
         replace(true);
         QCOMPARE(other.run(u"SELECT Lungo, Soldi FROM Tipi"_s), u"-|0\n-|10000\n-|20000"_s);
         QVERIFY(database.tableDef(u"Altra"_s));
+    }
+
+    void filesChangeTogether()
+    {
+        const QList<QString> paths{newPath(), newPath()};
+        Database first = created(paths[0]);
+        created(paths[1]);
+        Database second = first.attach(paths[1]);
+        QCOMPARE(FaultOf([&] { (void)first.attach(m_folder.path()); }), Fault(NotADatabase));
+        DirectConnection others[]{DirectConnection(paths[0]), DirectConnection(paths[1])};
+        others[1].run(u"CREATE TABLE Sua(n LONG); INSERT INTO Sua VALUES(1)"_s);
+        const auto seen = [&](const QString &column) {
+            const QString sql = u"SELECT %1 FROM Tipi"_s.arg(column);
+            return others[0].run(sql) + u" / "_s + others[1].run(sql);
+        };
+        for (const bool isCommitted : {false, true}) {
+            Transaction transaction(first);
+            for (const Database *file : {&first, &second}) {
+                RecordSet set = file->openRecordSet(u"SELECT * FROM Tipi"_s);
+                QCOMPARE(Add(set, u"Codice"_s, file == &first ? u"uno"_s : u"due"_s), QString());
+                QCOMPARE(Add(set, u"Codice"_s, QString()),
+                         Fault(ZeroLengthRefused, u"Tipi"_s, u"Codice"_s));
+            }
+            QCOMPARE(FaultOf([&] { (void)first.openRecordSet(u"SELECT * FROM Sua"_s); }),
+                     Fault(TableMissing, u"Sua"_s));
+            RecordSet joined = second.openRecordSet(
+                u"SELECT Sua.n FROM Sua INNER JOIN Tipi ON n = n WHERE Codice <> 'FROM x'"_s);
+            QCOMPARE(Walk(joined, u"n"_s), u"1"_s);
+            QCOMPARE(seen(u"count(*)"_s), u"0 / 0"_s);
+            if (isCommitted)
+                transaction.commit();
+        }
+        QCOMPARE(seen(u"Codice"_s), u"uno / due"_s);
+        second.deleteAll(u"Tipi"_s);
+        QCOMPARE(seen(u"count(*)"_s), u"1 / 0"_s);
+        const Transaction reading(second, TransactionKind::Reading);
+        RecordSet set = second.openRecordSet(u"SELECT * FROM Tipi"_s);
+        QVERIFY(set.isEmpty());
+        QVERIFY(others[1].run(u"INSERT INTO Tipi DEFAULT VALUES"_s).startsWith(u"error"));
+        QCOMPARE(others[0].run(u"INSERT INTO Tipi DEFAULT VALUES"_s), QString());
+    }
+
+    void hiddenDamageIsFound()
+    {
+        const QString path = newPath();
+        const Database database = created(path);
+        DirectConnection other(path);
+        other.run(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n LIMIT 2000) "
+                  "INSERT INTO Tipi(Note) SELECT 'testo' FROM n"_s);
+        QCOMPARE(database.damage(), QString());
+        QVERIFY(database.hasPlainJournal());
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite) && file.seek(5 * 4096));
+        file.write(QByteArray(4096, '\x0d'));
+        file.close();
+        other.run(u"PRAGMA journal_mode = WAL"_s);
+        const Database again = Database::open(path);
+        QVERIFY(!again.damage().isEmpty());
+        QVERIFY(!again.hasPlainJournal());
     }
 
     void pathsAreFoundInAnyLetterCase()

@@ -271,6 +271,47 @@ private slots:
         QCOMPARE(FaultOf([&] { keyed.addNew(); }), Fault(ReadOnly, u"Chiave"_s));
     }
 
+    /** What the file's own rules do to a write, beside it or in its place. */
+    void everyWriteChangesOneRecord()
+    {
+        const QString ignore = u" ON Voci BEGIN SELECT RAISE(IGNORE); END"_s;
+        const QString refused = InVoci(NotStored);
+        const QList<std::tuple<QString, QString, QString>> rules{
+            {u"BEFORE INSERT"_s + ignore, refused, u"1 2 3 4 5"_s},
+            {u"AFTER INSERT ON Voci BEGIN DELETE FROM Voci WHERE rowid = NEW.rowid; END"_s, refused,
+             u"1 2 3 4 5"_s},
+            {u"AFTER INSERT ON Voci BEGIN UPDATE Voci SET Cod = 'z' WHERE Npag = 4; END"_s,
+             {},
+             u"1 2 3 4 5 9"_s},
+            {u"BEFORE UPDATE"_s + ignore, refused, u"1 2 3 4 5"_s},
+            {u"BEFORE DELETE"_s + ignore, refused, u"1 2 3 4 5"_s}};
+        for (const auto &[rule, fault, left] : rules) {
+            stored(u"DELETE FROM Voci"_s);
+            RecordSet set = filled();
+            stored(u"CREATE TRIGGER t "_s + rule);
+            if (rule.contains(u" INSERT "))
+                QCOMPARE(Add(set, u"Npag"_s, 9), fault);
+            else if (rule.contains(u" UPDATE "))
+                QCOMPARE(Change(set, u"Npag"_s, 9), fault);
+            else
+                QCOMPARE(FaultOf([&] { set.deleteRecord(); }), fault);
+            if (rule.contains(u" DELETE ON"))
+                QCOMPARE(FaultOf([&] { m_file->deleteAll(u"Voci"_s); }), fault);
+            QCOMPARE(numbers(), left);
+            stored(u"DROP TRIGGER t"_s);
+        }
+        stored(u"CREATE TABLE Una(_RowID_ LONG, rowid LONG, n LONG UNIQUE ON CONFLICT REPLACE);"
+               "INSERT INTO Una VALUES(1, 1, 1), (1, 1, 2);"
+               "CREATE TABLE Senza(_rowid_ LONG, rowid LONG, oid LONG)"_s);
+        RecordSet odd = open(u"SELECT * FROM Una"_s);
+        QCOMPARE(Change(odd, u"n"_s, 3), QString());
+        QCOMPARE(Add(odd, u"n"_s, 2), Fault(Other, u"Una"_s));
+        odd.deleteRecord();
+        QCOMPARE(stored(u"SELECT * FROM Una"_s), u"1|1|2"_s);
+        RecordSet without = open(u"SELECT * FROM Senza"_s);
+        QCOMPARE(FaultOf([&] { without.addNew(); }), Fault(ReadOnly, u"Senza"_s));
+    }
+
     void joinsAndStoredQueriesAreReadOnly()
     {
         filled();

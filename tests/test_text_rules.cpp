@@ -106,22 +106,23 @@ private slots:
         }
     }
 
-    void queriesNameTheOrderOfTexts()
+    void queriesNameOrderAndFile()
     {
-        // query, the same with "§" for the named order, its only table
+        // query, the same with "§" for the named order and "@" for the file, its only table
         const QList<std::tuple<QString, QString, QString>> queries{
             {u"select *  from [Due nomi]  WHERE AziProf = 'A' ORDER BY Npag "_s,
-             u"select *  from [Due nomi]  WHERE AziProf = 'A'§ ORDER BY Npag§ "_s, u"Due nomi"_s},
+             u"select *  from @[Due nomi]  WHERE AziProf = 'A'§ ORDER BY Npag§ "_s, u"Due nomi"_s},
             {u"SELECT * FROM T ORDER\nBY a DESC, U.b , [c d] asc;"_s,
-             u"SELECT * FROM T ORDER\nBY a§ DESC, U.b§ , [c d]§ asc;"_s, u"T"_s},
-            {u"SELECT * FROM \"T\" WHERE x = ' ORDER BY it''s ' AND y = ''"_s,
-             u"SELECT * FROM \"T\" WHERE x = ' ORDER BY it''s '§ AND y = ''§"_s, u"T"_s},
+             u"SELECT * FROM @T ORDER\nBY a§ DESC, U.b§ , [c d]§ asc;"_s, u"T"_s},
+            {u"SELECT * FROM \"T\" WHERE x = ' FROM it''s ' AND y = ''"_s,
+             u"SELECT * FROM @\"T\" WHERE x = ' FROM it''s '§ AND y = ''§"_s, u"T"_s},
             {u"SELECT * FROM T INNER JOIN U ON T.a = U.b ORDER BY T.a"_s,
-             u"SELECT * FROM T INNER JOIN U ON T.a = U.b ORDER BY T.a§"_s, QString()},
+             u"SELECT * FROM @T INNER JOIN @U ON T.a = U.b ORDER BY T.a§"_s, QString()},
             {u"SELECT 'x"_s, u"SELECT 'x"_s, QString()}};
         for (const auto &[sql, text, singleTable] : queries) {
-            const EngineQuery query = EngineQueryFor(sql);
-            QCOMPARE(query.text, QString(text).replace(u"§"_s, u" COLLATE SALDORO"_s));
+            const EngineQuery query = EngineQueryFor(sql, u"f"_s);
+            QCOMPARE(query.text,
+                     QString(text).replace(u"§"_s, u" COLLATE SALDORO"_s).replace(u'@', u"f."_s));
             QCOMPARE(query.singleTable, singleTable);
         }
     }

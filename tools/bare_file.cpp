@@ -81,7 +81,7 @@ BareFile::BareFile(const QString &archivePath, Durability durability)
     m_file.reset(file, sqlite3_close);
     if (code != SQLITE_OK)
         throw std::runtime_error(sqlite3_errmsg(file));
-    run(durability == Durability::Full ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = OFF");
+    run(durability == Durability::Full ? "PRAGMA synchronous = EXTRA" : "PRAGMA synchronous = OFF");
 }
 
 QString BareFile::rows(const QString &sql)

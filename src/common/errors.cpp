@@ -19,7 +19,7 @@ struct FaultText
     QStringView remedy;
 };
 
-constexpr std::array<FaultText, 17> faultTexts{{
+constexpr std::array<FaultText, 19> faultTexts{{
     {DatabaseFault::FileMissing, u"L'archivio non è stato trovato.",
      u"Controllare la cartella degli archivi impostata, il codice del "
      "progetto e che la cartella del progetto esista."},
@@ -54,6 +54,11 @@ constexpr std::array<FaultText, 17> faultTexts{{
      u"Scrivere un testo nel campo."},
     {DatabaseFault::RecordGone, u"Il record è stato eliminato da un altro programma.",
      u"Riaprire il programma per vedere lo stato attuale."},
+    {DatabaseFault::NotStored,
+     u"Una regola propria della tabella (trigger) non ha lasciato scrivere il record.",
+     u"Chiedere a chi ha preparato l'archivio di togliere i trigger dalla tabella."},
+    {DatabaseFault::Endless, u"La lettura dell'archivio non arriva alla fine.",
+     u"Chiedere a chi ha preparato l'archivio di correggere le interrogazioni memorizzate."},
     {DatabaseFault::Other, u"L'archivio dati ha segnalato un errore.",
      u"Annotare questo messaggio e rivolgersi all'assistenza."},
 }};

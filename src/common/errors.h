@@ -86,6 +86,8 @@ enum class DatabaseFault
     FieldTooSmall,     ///< a text longer than its field, or a number beyond its range
     ZeroLengthRefused, ///< an empty text for a field that does not accept one
     RecordGone,        ///< the record was deleted meanwhile by another program
+    NotStored,         ///< a trigger of the file kept a record from being written or deleted
+    Endless,           ///< a stored query that does not come to an end
     Other              ///< anything else that the engine reports
 };
 

@@ -7,6 +7,7 @@
 
 #include <QFileInfo>
 
+#include <chrono>
 #include <sqlite3.h>
 #include <utility>
 
@@ -34,41 +35,104 @@ void refuseWhatIsNoDatabase(const QString &path)
 
 } // namespace
 
+/** The engine's connection and what all its files share. */
+struct Connection::Engine
+{
+    sqlite3 *handle = nullptr;
+    QStringList paths;
+    std::chrono::steady_clock::time_point end; ///< of the time that the read under way may take
+
+    Engine() = default;
+    Engine(const Engine &) = delete;
+    Engine &operator=(const Engine &) = delete;
+    ~Engine() { sqlite3_close(handle); }
+
+    static int isTooLate(void *engine)
+    {
+        return std::chrono::steady_clock::now() > static_cast<Engine *>(engine)->end ? 1 : 0;
+    }
+};
+
 Connection::Connection(const QString &path, FileAccess access, int lockWait)
     : m_path(QFileInfo(path).absoluteFilePath())
+    , m_schema(u"main"_s)
+    , m_engine(std::make_shared<Engine>())
 {
     if (access != FileAccess::Create)
         refuseWhatIsNoDatabase(m_path);
+    m_engine->paths.append(m_path);
     const int mode = access == FileAccess::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
-    sqlite3 *file = nullptr;
-    int code =
-        sqlite3_open_v2(m_path.toUtf8().constData(), &file, mode | SQLITE_OPEN_NOMUTEX, nullptr);
-    m_handle.reset(file, sqlite3_close);
+    int code = sqlite3_open_v2(m_path.toUtf8().constData(), &m_engine->handle,
+                               mode | SQLITE_OPEN_NOMUTEX, nullptr);
     if (code != SQLITE_OK)
         fail(code, {});
-    sqlite3_busy_timeout(file, lockWait);
-    sqlite3_extended_result_codes(file, 1);
-    code = sqlite3_create_collation_v2(file, TextOrderName, SQLITE_UTF8, nullptr, collate, nullptr);
+    sqlite3_busy_timeout(handle(), lockWait);
+    sqlite3_extended_result_codes(handle(), 1);
+    constexpr int stepsBetweenLooks = 100'000; // of the engine's machine; a few milliseconds
+    sqlite3_progress_handler(handle(), stepsBetweenLooks, Engine::isTooLate, m_engine.get());
+    startClock();
+    code = sqlite3_create_collation_v2(handle(), TextOrderName, SQLITE_UTF8, nullptr, collate,
+                                       nullptr);
+    if (code != SQLITE_OK)
+        fail(code, {});
+    execute(u"PRAGMA trusted_schema = OFF"_s); // views and triggers come from who knows where
+    execute(u"PRAGMA synchronous = EXTRA"_s);  // also flushes the folder's entry
     // Opening reads nothing: it is the list of tables that shows whether this is a database. A new
     // file gets its header by the first change of anything.
-    const char *look = access == FileAccess::Create ? "PRAGMA user_version = 1"
-                                                    : "SELECT count(*) FROM sqlite_master";
-    for (const char *sql : {"PRAGMA synchronous = FULL", look}) {
-        if (code == SQLITE_OK)
-            code = sqlite3_exec(file, sql, nullptr, nullptr, nullptr);
-    }
+    execute(access == FileAccess::Create ? u"PRAGMA user_version = 1"_s
+                                         : u"SELECT count(*) FROM sqlite_master"_s);
+}
+
+Connection::Connection(const Connection &first, const QString &path)
+    : m_path(QFileInfo(path).absoluteFilePath())
+    , m_schema(u"file%1"_s.arg(first.m_engine->paths.size()))
+    , m_engine(first.m_engine)
+{
+    refuseWhatIsNoDatabase(m_path);
+    startClock();
+    execute(u"ATTACH '%1' AS "_s.arg(QString(m_path).replace(u'\'', u"''"_s)) + m_schema);
+    m_engine->paths.append(m_path);
+    execute(u"PRAGMA %1.synchronous = EXTRA"_s.arg(m_schema));
+}
+
+sqlite3 *Connection::handle() const
+{
+    return m_engine->handle;
+}
+
+Connection Connection::ofAllFiles() const
+{
+    Connection all = *this;
+    all.m_path = m_engine->paths.join(u", "_s);
+    return all;
+}
+
+void Connection::execute(const QString &sql) const
+{
+    const int code = sqlite3_exec(handle(), sql.toUtf8().constData(), nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
         fail(code, {});
 }
 
 bool Connection::isReadOnly() const
 {
-    return sqlite3_db_readonly(handle(), "main") == 1;
+    return sqlite3_db_readonly(handle(), m_schema.toLatin1().constData()) == 1;
 }
 
 qint64 Connection::lastRowId() const
 {
     return sqlite3_last_insert_rowid(handle());
+}
+
+int Connection::changesSoFar() const
+{
+    return sqlite3_total_changes(handle());
+}
+
+void Connection::startClock() const
+{
+    constexpr std::chrono::seconds longestRead{20};
+    m_engine->end = std::chrono::steady_clock::now() + longestRead;
 }
 
 void Connection::copyTo(Connection &copy) const
@@ -85,7 +149,7 @@ void Connection::copyTo(Connection &copy) const
 
 void Connection::fail(int code, const QString &table) const
 {
-    const QString message = m_handle == nullptr ? QString::fromUtf8(sqlite3_errstr(code))
+    const QString message = handle() == nullptr ? QString::fromUtf8(sqlite3_errstr(code))
                                                 : QString::fromUtf8(sqlite3_errmsg(handle()));
     ThrowEngineError(code, message, m_path, table);
 }
@@ -94,6 +158,7 @@ Statement::Statement(std::shared_ptr<Connection> file, const QString &sql, const
     : m_file(std::move(file))
     , m_table(table)
 {
+    m_file->startClock(); // newer engines look at it here, too
     const QByteArray text = sql.toUtf8();
     const char *rest = nullptr;
     sqlite3_stmt *statement = nullptr;
@@ -146,6 +211,8 @@ void Statement::bind(int position, const StoredValue &value)
 
 bool Statement::step()
 {
+    if (sqlite3_stmt_busy(m_statement.get()) == 0) // at its beginning
+        m_file->startClock();
     const int code = sqlite3_step(m_statement.get());
     if (code != SQLITE_ROW && code != SQLITE_DONE) {
         sqlite3_reset(m_statement.get()); // keeps the failure's message

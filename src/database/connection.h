@@ -22,8 +22,9 @@ enum class FileAccess
 };
 
 /**
- * One open connection to a database file, shared by a Database and the record sets opened from it.
- * Every result code of the engine that stands for a failure leaves through fail().
+ * One database file on an open connection of the engine, which it shares with other files that are
+ * attached, and with the record sets opened from it. Every result code of the engine that stands
+ * for a failure leaves through fail().
  */
 class Connection
 {
@@ -33,15 +34,27 @@ public:
      *  @param lockWait milliseconds for which every action waits for a file that is locked */
     Connection(const QString &path, FileAccess access,
                int lockWait = Database::LockWaitMilliseconds);
+    /** The same for one more file on the connection of @p first, with the access that that has. */
+    Connection(const Connection &first, const QString &path);
 
     const QString &path() const { return m_path; }
-    sqlite3 *handle() const { return m_handle.get(); }
+    /** The name of the file in SQL, which stands before those of its tables. */
+    const QString &schema() const { return m_schema; }
+    sqlite3 *handle() const;
+
+    /** The same connection; errors name all its files, since it can't be told which is meant. */
+    Connection ofAllFiles() const;
 
     /** Whether the file takes no changes, however it was opened. */
     bool isReadOnly() const;
 
     /** The row id of the record that was added last. */
     qint64 lastRowId() const;
+    /** How many records were changed since the connection was opened, by triggers too. */
+    int changesSoFar() const;
+
+    /** From now on the engine works for as long as one read may take, then gives up. */
+    void startClock() const;
 
     /** Puts the whole content of this file into @p copy and flushes that to the disk. */
     void copyTo(Connection &copy) const;
@@ -50,8 +63,12 @@ public:
     [[noreturn]] void fail(int code, const QString &table) const;
 
 private:
+    struct Engine;
+    void execute(const QString &sql) const;
+
     QString m_path;
-    std::shared_ptr<sqlite3> m_handle;
+    QString m_schema;
+    std::shared_ptr<Engine> m_engine;
 };
 
 /** One prepared statement. Every failure is a DatabaseError with the file and the table. */

@@ -5,11 +5,13 @@
 #include "database/record_rows.h"
 #include "database/sql_text.h"
 #include "platform/machine_path.h"
+#include "platform/whole_file.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <optional>
 #include <utility>
@@ -41,11 +43,17 @@ QString definitionOf(const std::shared_ptr<Connection> &file, const QString &typ
 {
     Statement query(
         file,
-        u"SELECT sql FROM sqlite_master WHERE type = '%1' AND name = ? COLLATE NOCASE"_s.arg(type),
+        u"SELECT sql FROM %1.sqlite_master WHERE type = '%2' AND name = ? COLLATE NOCASE"_s.arg(
+            file->schema(), type),
         name);
     const QByteArray text = name.toUtf8();
     query.bind(1, QByteArrayView(text));
     return query.step() ? query.text(0) : QString();
+}
+
+QString qualified(const std::shared_ptr<Connection> &file, const QString &table)
+{
+    return file->schema() + u'.' + QuotedName(table);
 }
 
 } // namespace
@@ -78,9 +86,14 @@ Database Database::openReadOnly(const QString &path)
     return Database(std::make_shared<Connection>(MachinePath(path), FileAccess::ReadOnly));
 }
 
+Database Database::attach(const QString &path) const
+{
+    return Database(std::make_shared<Connection>(*m_file, MachinePath(path)));
+}
+
 void Database::appendTableDef(const TableDef &table)
 {
-    Statement(m_file, CreateTableSql(table), table.name()).run();
+    Statement(m_file, CreateTableSql(table, m_file->schema()), table.name()).run();
 }
 
 std::optional<TableDef> Database::tableDef(const QString &name) const
@@ -89,7 +102,7 @@ std::optional<TableDef> Database::tableDef(const QString &name) const
     if (definition.isEmpty())
         return std::nullopt;
     TableDef table(name);
-    const Statement columns(m_file, u"SELECT * FROM "_s + QuotedName(name), name);
+    const Statement columns(m_file, u"SELECT * FROM "_s + qualified(m_file, name), name);
     for (const FieldDef &field : columns.fields(0)) {
         table.appendField(field.name, field.type, field.size);
         table.field(field.name).allowZeroLength =
@@ -105,23 +118,30 @@ bool Database::isStoredQuery(const QString &name) const
 
 void Database::deleteAll(const QString &table)
 {
-    Statement(m_file, u"DELETE FROM "_s + QuotedName(table), table).run();
+    const QString from = u" FROM "_s + qualified(m_file, table);
+    Statement(m_file, u"DELETE"_s + from, table).run();
+    if (Statement(m_file, u"SELECT 1"_s + from, table).step())
+        throw DatabaseError(DatabaseFault::NotStored, path(), table);
 }
 
 RecordSet Database::openRecordSet(const QString &sql) const
 {
-    const EngineQuery query = EngineQueryFor(sql);
-    const QString definition = query.singleTable.isEmpty()
-                                   ? QString()
-                                   : definitionOf(m_file, u"table"_s, query.singleTable);
-    const bool hasRowIds =
-        !definition.isEmpty() && !definition.contains(u"WITHOUT ROWID"_s, Qt::CaseInsensitive);
-    Statement statement(m_file, hasRowIds ? query.textWithRowId : query.text, query.singleTable);
+    static const QRegularExpression noRowIds(u"\\bWITHOUT\\s+ROWID\\b"_s,
+                                             QRegularExpression::CaseInsensitiveOption);
+    const EngineQuery query = EngineQueryFor(sql, m_file->schema());
+    Statement statement(m_file, query.text, query.singleTable);
     if (!statement.isQuery())
         throw DatabaseError(DatabaseFault::SyntaxError, path(), {}, {}, sql);
+    QString rowIdName;
+    if (const QString definition = query.singleTable.isEmpty()
+                                       ? QString()
+                                       : definitionOf(m_file, u"table"_s, query.singleTable);
+        !definition.isEmpty() && !definition.contains(noRowIds))
+        rowIdName = RowIdName(statement.fields(0));
+    if (!rowIdName.isEmpty())
+        statement = Statement(m_file, query.textWithRowId(rowIdName), query.singleTable);
     return RecordSet(
-        std::make_unique<RecordRows>(m_file, std::move(statement), query.singleTable,
-                                     hasRowIds ? RecordAccess::Updatable : RecordAccess::ReadOnly));
+        std::make_unique<RecordRows>(m_file, std::move(statement), query.singleTable, rowIdName));
 }
 
 QString Database::backUpBeside() const
@@ -130,18 +150,41 @@ QString Database::backUpBeside() const
     const QString name =
         original.dir().filePath(original.completeBaseName() + u" copia "_s +
                                 QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss"_s));
-    QString path = name + u".mdb"_s;
-    for (int number = 2; QFile::exists(path); ++number)
-        path = name + u" (%1).mdb"_s.arg(number);
-    createFile(path);
+    QString copyPath = name + u".mdb"_s;
+    for (int number = 2; QFile::exists(copyPath); ++number)
+        copyPath = name + u" (%1).mdb"_s.arg(number);
+    const QString aside = path() + u".copia"_s;
+    const auto removeAside = [&aside] {
+        QFile::remove(aside);
+        QFile::remove(aside + u"-journal"_s);
+    };
+    removeAside(); // of a copy that was broken off
+    createFile(aside);
     try {
-        Connection copy(path, FileAccess::Create);
-        m_file->copyTo(copy);
+        {
+            Connection copy(aside, FileAccess::Create);
+            // On a connection of its own, which also reads while this one has the write lock.
+            Connection(path(), FileAccess::ReadWrite).copyTo(copy);
+        }
+        PutInPlace(aside, copyPath);
     } catch (...) {
-        QFile::remove(path); // nothing but the copy that did not succeed
+        removeAside();
         throw;
     }
-    return path;
+    return copyPath;
+}
+
+QString Database::damage() const
+{
+    Statement check(m_file, u"PRAGMA %1.quick_check(1)"_s.arg(m_file->schema()));
+    const QString found = check.step() ? check.text(0) : QString();
+    return found == "ok"_L1 ? QString() : found;
+}
+
+bool Database::hasPlainJournal() const
+{
+    Statement mode(m_file, u"PRAGMA %1.journal_mode"_s.arg(m_file->schema()));
+    return mode.step() && mode.text(0) != "wal"_L1;
 }
 
 QString Database::path() const
@@ -149,12 +192,13 @@ QString Database::path() const
     return m_file->path();
 }
 
-Transaction::Transaction(Database &database)
-    : m_file(database.m_file)
+Transaction::Transaction(const Database &database, TransactionKind kind)
+    : m_files(std::make_shared<Connection>(database.m_file->ofAllFiles()))
 {
-    if (m_file->isReadOnly()) // which the engine would tell at the first change only
-        throw DatabaseError(DatabaseFault::ReadOnly, m_file->path());
-    Statement(m_file, u"BEGIN IMMEDIATE"_s).run();
+    const bool writes = kind == TransactionKind::Writing;
+    if (writes && database.m_file->isReadOnly()) // which the engine tells at the first change only
+        throw DatabaseError(DatabaseFault::ReadOnly, database.path());
+    Statement(m_files, writes ? u"BEGIN IMMEDIATE"_s : u"BEGIN"_s).run();
     m_isOpen = true;
 }
 
@@ -162,7 +206,7 @@ Transaction::~Transaction()
 {
     try {
         if (m_isOpen)
-            Statement(m_file, u"ROLLBACK"_s).run();
+            Statement(m_files, u"ROLLBACK"_s).run();
     } catch (const std::exception &) {
         // The engine takes everything back at the latest when the file is closed or opened next.
     }
@@ -170,7 +214,7 @@ Transaction::~Transaction()
 
 void Transaction::commit()
 {
-    Statement(m_file, u"COMMIT"_s).run();
+    Statement(m_files, u"COMMIT"_s).run();
     m_isOpen = false;
 }
 

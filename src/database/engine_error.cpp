@@ -77,6 +77,8 @@ DatabaseFault faultOf(int code, const QString &path)
         return DatabaseFault::DiskFull;
     case SQLITE_IOERR:
         return isFailedReading(code) ? DatabaseFault::ReadFailed : DatabaseFault::DiskFull;
+    case SQLITE_INTERRUPT: // by the clock of the connection
+        return DatabaseFault::Endless;
     case SQLITE_CANTOPEN:
         return cannotOpenFault(path);
     default:

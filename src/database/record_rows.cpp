@@ -1,6 +1,5 @@
 #include "database/record_rows.h"
 
-#include "database/sql_text.h"
 #include "database/text_order.h"
 
 #include <QtNumeric>
@@ -9,6 +8,8 @@
 #include <memory>
 
 namespace saldoro {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -23,11 +24,11 @@ bool equalsNumber(const StoredValue &value, qint64 number)
 } // namespace
 
 RecordRows::RecordRows(std::shared_ptr<Connection> file, Statement query, const QString &table,
-                       RecordAccess access)
+                       const QString &rowIdName)
     : m_file(std::move(file))
     , m_query(std::move(query))
     , m_place{m_file->path(), table}
-    , m_access(access)
+    , m_target{m_file->schema() + u'.' + QuotedName(table), rowIdName}
     , m_fields(m_query->fields(areUpdatable() ? 1 : 0))
 {
 }
@@ -37,8 +38,11 @@ bool RecordRows::read()
     if (!m_query)
         return false;
     const int first = areUpdatable() ? 1 : 0;
-    m_records.clear(); // of an attempt that failed
+    m_records.clear();                           // of an attempt that failed
+    constexpr qsizetype mostValues = 20'000'000; // far more than any table here, half a gigabyte
     while (m_query->step()) {
+        if (static_cast<qsizetype>(m_records.size()) * m_fields.size() > mostValues)
+            throw DatabaseError(DatabaseFault::Endless, m_place.file, m_place.table);
         StoredValue *values = append(areUpdatable() ? m_query->whole(0) : 0);
         for (int column = 0; column < m_fields.size(); ++column)
             values[column] = m_query->value(first + column, m_memory);
@@ -77,25 +81,49 @@ int RecordRows::lastLive() const
 
 void RecordRows::insert(const RecordChanges &values)
 {
-    write(InsertSql, values, {});
-    append(m_file->lastRowId());
+    const int before = m_file->changesSoFar();
+    const int changed = write(InsertSql, values, {});
+    const qint64 id = m_file->lastRowId();
+    // Triggers that changed something may have taken the record away again.
+    const bool isAlone = m_file->changesSoFar() - before == changed;
+    requireStored(changed == 1 && (isAlone || isInFile(id)));
+    append(id);
     ++m_liveCount;
     keep(static_cast<int>(m_records.size()) - 1, values);
 }
 
 bool RecordRows::update(int row, const RecordChanges &values)
 {
-    if (write(UpdateSql, values, record(row).id) == 0)
+    const qint64 id = record(row).id;
+    const int changed = write(UpdateSql, values, id);
+    if (changed == 0 && !isInFile(id))
         return false;
+    requireStored(changed == 1);
     keep(row, values);
     return true;
 }
 
 void RecordRows::remove(int row)
 {
-    write(DeleteSql, {}, record(row).id);
+    const qint64 id = record(row).id;
+    requireStored(write(DeleteSql, {}, id) == 1 || !isInFile(id));
     m_records[static_cast<size_t>(row)].values = nullptr;
     --m_liveCount;
+}
+
+bool RecordRows::isInFile(qint64 id) const
+{
+    Statement look(
+        m_file, u"SELECT 1 FROM "_s + m_target.name + u" WHERE "_s + m_target.rowIdName + u" = ?"_s,
+        m_place.table);
+    look.bind(1, id);
+    return look.step();
+}
+
+void RecordRows::requireStored(bool isStored) const
+{
+    if (!isStored)
+        throw DatabaseError(DatabaseFault::NotStored, m_place.file, m_place.table);
 }
 
 QStringList RecordRows::namesOf(const RecordChanges &values) const
@@ -112,7 +140,7 @@ int RecordRows::write(ChangeSql sqlOf, const RecordChanges &values, std::optiona
 {
     const QStringList fields = namesOf(values);
     if (!m_change || sqlOf != m_changeSql || fields != m_changedFields) {
-        m_change.emplace(m_file, sqlOf(m_place.table, fields), m_place.table);
+        m_change.emplace(m_file, sqlOf(m_target, fields), m_place.table);
         m_changeSql = sqlOf;
         m_changedFields = fields;
     }

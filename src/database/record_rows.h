@@ -3,6 +3,7 @@
 #include "database/connection.h"
 #include "database/criterion.h"
 #include "database/field_value.h"
+#include "database/sql_text.h"
 
 #include <QHash>
 #include <QList>
@@ -19,13 +20,6 @@ namespace saldoro {
 /** What is written of a record: the place of the field and the value. */
 using RecordChanges = std::map<int, StoredValue>;
 
-/** Whether the records of a query can be told apart in their table, and so be written. */
-enum class RecordAccess
-{
-    ReadOnly,
-    Updatable
-};
-
 /**
  * The records of a record set: read from the file all at once, so that nothing is locked while they
  * are walked, and written one by one. They are numbered from 0 in their order; a removed one keeps
@@ -36,16 +30,18 @@ class RecordRows
 public:
     static constexpr int NoRow = -1;
 
-    /** @param query prepared and not yet run; with Updatable its first column is the row's id.
-     *  @param table the single table of the query, or empty. */
+    /** @param query prepared and not yet run.
+     *  @param table the single table of the query, or empty.
+     *  @param rowIdName what the query's first column, the row's position, is called in the table;
+     *  empty when there is none, and the records can't be written. */
     RecordRows(std::shared_ptr<Connection> file, Statement query, const QString &table,
-               RecordAccess access);
+               const QString &rowIdName);
 
     /** Reads the records; false when that was done before. */
     bool read();
 
     const RecordPlace &place() const { return m_place; }
-    bool areUpdatable() const { return m_access == RecordAccess::Updatable; }
+    bool areUpdatable() const { return !m_target.rowIdName.isEmpty(); }
     const QList<FieldDef> &fields() const { return m_fields; }
 
     /** Where the texts of the records lie, as long as these live. */
@@ -61,7 +57,8 @@ public:
 
     /** Each writes one record in one statement, which either is on the disk when the call returns
      * or has changed nothing. A new record comes last; update() is false when there is no such
-     * record in the file any more. */
+     * record in the file any more. Throws NotStored when the table's triggers kept the record from
+     * being written; what they did themselves stays. */
     void insert(const RecordChanges &values);
     bool update(int row, const RecordChanges &values);
     void remove(int row);
@@ -72,7 +69,7 @@ public:
 
 private:
     using Index = QHash<QByteArray, QList<int>>;
-    using ChangeSql = QString (*)(const QString &table, const QStringList &fields);
+    using ChangeSql = QString (*)(const TablePlace &table, const QStringList &fields);
 
     struct Record
     {
@@ -91,6 +88,8 @@ private:
 
     QStringList namesOf(const RecordChanges &values) const;
     int write(ChangeSql sqlOf, const RecordChanges &values, std::optional<qint64> rowId);
+    bool isInFile(qint64 id) const;
+    void requireStored(bool isStored) const;
     void keep(int row, const RecordChanges &values);
 
     std::shared_ptr<Connection> m_file;
@@ -99,7 +98,7 @@ private:
     ChangeSql m_changeSql = nullptr;   ///< what gives its text...
     QStringList m_changedFields;       ///< ...for these fields
     RecordPlace m_place;
-    RecordAccess m_access;
+    TablePlace m_target;
     QList<FieldDef> m_fields;
     std::pmr::monotonic_buffer_resource m_memory;
     std::vector<Record> m_records;

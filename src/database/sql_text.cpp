@@ -4,30 +4,34 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/** The position of a record in its table, as the engine calls it. */
-constexpr QLatin1StringView rowIdName("_rowid_");
-
-QString withOrderOfTexts(const QString &sql)
+QString withOrderAndFile(const QString &sql, const QString &schema)
 {
-    static const QRegularExpression compared(u"('[^']*+(?:''[^']*+)*+')|\\bORDER\\s+BY\\b[^']*$"_s,
-                                             QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression place(
+        uR"(('[^']*+(?:''[^']*+)*+')|(\b(?:FROM|JOIN)\s+)(?=[\w\["])|\bORDER\s+BY\b[^']*$)"_s,
+        QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression term(
         u"([^\\s,;][^,;]*?)((?:\\s+(?:ASC|DESC))?\\s*(?:[,;]|$))"_s,
         QRegularExpression::CaseInsensitiveOption);
     const QString order = u" COLLATE "_s + QLatin1StringView(TextOrderName);
     QString result;
     qsizetype end = 0;
-    for (const QRegularExpressionMatch &match : compared.globalMatch(sql)) {
+    for (const QRegularExpressionMatch &match : place.globalMatch(sql)) {
         result += QStringView(sql).sliced(end, match.capturedStart() - end);
-        QString part = match.captured(); // a text literal, or all of ORDER BY with its first term
-        result +=
-            match.hasCaptured(1) ? part + order : part.replace(term, u"\\1"_s + order + u"\\2"_s);
+        QString part = match.captured(); // else all of ORDER BY with its terms
+        if (match.hasCaptured(1))
+            result += part + order;
+        else if (match.hasCaptured(2))
+            result += part + schema + u'.';
+        else
+            result += part.replace(term, u"\\1"_s + order + u"\\2"_s);
         end = match.capturedEnd();
     }
     return result += QStringView(sql).sliced(end);
@@ -53,20 +57,30 @@ QStringList quoted(const QStringList &names)
 
 } // namespace
 
-EngineQuery EngineQueryFor(const QString &sql)
+EngineQuery EngineQueryFor(const QString &sql, const QString &schema)
 {
     static const QRegularExpression single(
         uR"re(^(\s*SELECT\s+)\*(\s+FROM\s+(?:(\w+)|\[([^\]]+)\]|"([^"]+)")\s*(?:;|$|(?:WHERE|ORDER)\b)))re"_s,
         QRegularExpression::CaseInsensitiveOption);
-    EngineQuery query;
-    query.text = withOrderOfTexts(sql);
-    const QRegularExpressionMatch match = single.match(query.text);
-    if (!match.hasMatch())
-        return query;
-    query.singleTable = match.captured(3) + match.captured(4) + match.captured(5);
-    query.textWithRowId = query.text;
-    query.textWithRowId.insert(match.capturedEnd(1), rowIdName + u", "_s);
-    return query;
+    const QRegularExpressionMatch match = single.match(sql);
+    return {withOrderAndFile(sql, schema),
+            match.captured(3) + match.captured(4) + match.captured(5), match.capturedEnd(1)};
+}
+
+QString EngineQuery::textWithRowId(const QString &rowIdName) const
+{
+    return QString(text).insert(columns, rowIdName + u", "_s);
+}
+
+QString RowIdName(const QList<FieldDef> &fields)
+{
+    for (const QString &name : {u"_rowid_"_s, u"rowid"_s, u"oid"_s}) {
+        if (std::none_of(fields.begin(), fields.end(), [&](const FieldDef &field) {
+                return field.name.compare(name, Qt::CaseInsensitive) == 0;
+            }))
+            return name;
+    }
+    return {};
 }
 
 QString QuotedName(const QString &name)
@@ -74,17 +88,18 @@ QString QuotedName(const QString &name)
     return u'"' + QString(name).replace(u'"', u"\"\""_s) + u'"';
 }
 
-QString CreateTableSql(const TableDef &table)
+QString CreateTableSql(const TableDef &table, const QString &schema)
 {
     QStringList fields;
     for (const FieldDef &field : table.fields())
         fields.append(fieldSql(field));
-    return u"CREATE TABLE "_s + QuotedName(table.name()) + u" ("_s + fields.join(u", "_s) + u')';
+    return u"CREATE TABLE "_s + schema + u'.' + QuotedName(table.name()) + u" ("_s +
+           fields.join(u", "_s) + u')';
 }
 
-QString InsertSql(const QString &table, const QStringList &fields)
+QString InsertSql(const TablePlace &table, const QStringList &fields)
 {
-    const QString into = u"INSERT INTO "_s + QuotedName(table);
+    const QString into = u"INSERT OR ABORT INTO "_s + table.name;
     if (fields.isEmpty())
         return into + u" DEFAULT VALUES"_s;
     const QStringList marks(fields.size(), u"?"_s);
@@ -92,15 +107,15 @@ QString InsertSql(const QString &table, const QStringList &fields)
            u')';
 }
 
-QString UpdateSql(const QString &table, const QStringList &fields)
+QString UpdateSql(const TablePlace &table, const QStringList &fields)
 {
-    return u"UPDATE "_s + QuotedName(table) + u" SET "_s + quoted(fields).join(u" = ?, "_s) +
-           u" = ? WHERE "_s + rowIdName + u" = ?"_s;
+    return u"UPDATE OR ABORT "_s + table.name + u" SET "_s + quoted(fields).join(u" = ?, "_s) +
+           u" = ? WHERE "_s + table.rowIdName + u" = ?"_s;
 }
 
-QString DeleteSql(const QString &table, const QStringList & /*none*/)
+QString DeleteSql(const TablePlace &table, const QStringList & /*none*/)
 {
-    return u"DELETE FROM "_s + QuotedName(table) + u" WHERE "_s + rowIdName + u" = ?"_s;
+    return u"DELETE FROM "_s + table.name + u" WHERE "_s + table.rowIdName + u" = ?"_s;
 }
 
 } // namespace saldoro

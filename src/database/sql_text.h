@@ -11,19 +11,33 @@ namespace saldoro {
 struct EngineQuery
 {
     /** The query with the order of texts named behind every text literal and every term of
-     *  ORDER BY. */
+     *  ORDER BY, and the file named before every table. */
     QString text;
     /** For "SELECT * FROM name" with nothing but a condition and an order behind it: the name,
      * which may be a stored query's. Otherwise empty. */
     QString singleTable;
+    qsizetype columns = 0; ///< for a single table: where its columns begin in the text
+
     /** For a single table: the same query with the row's position as its first column. */
-    QString textWithRowId;
+    QString textWithRowId(const QString &rowIdName) const;
 };
 
-/** Prepares @p sql for the engine. Knows the forms that queries have here: no comments, and nothing
- *  behind the terms of ORDER BY. Never fails: what can't be read goes on as it is, and the engine
- *  says what is wrong with it. */
-EngineQuery EngineQueryFor(const QString &sql);
+/** Prepares @p sql for the engine, with tables of the file that is called @p schema. Knows the
+ * forms that queries have here: no comments, no lists of tables but joins, and nothing behind the
+ * terms of ORDER BY. Never fails: what can't be read goes on as it is, and the engine says what is
+ * wrong with it. */
+EngineQuery EngineQueryFor(const QString &sql, const QString &schema);
+
+/** The name of the position of a record in a table of these fields, whatever they are called; empty
+ *  when they leave no name for it. */
+QString RowIdName(const QList<FieldDef> &fields);
+
+/** A table as the statements below name it. */
+struct TablePlace
+{
+    QString name; ///< quoted, with the file's
+    QString rowIdName;
+};
 
 /** @p name as a quoted identifier. */
 QString QuotedName(const QString &name);
@@ -31,13 +45,14 @@ QString QuotedName(const QString &name);
 /** Beginning of the names of the constraints that refuse empty texts; the field's name follows. */
 inline constexpr QLatin1StringView ZeroLengthConstraint("ZeroLength ");
 
-/** The statement that makes a table. */
-QString CreateTableSql(const TableDef &table);
+/** The statement that makes a table in the file that is called @p schema. */
+QString CreateTableSql(const TableDef &table, const QString &schema);
 
 /** The statements on single records; the parameters are the values of the fields, behind them the
- *  id of the row. A deletion has no fields, and takes them to be called like an update. */
-QString InsertSql(const QString &table, const QStringList &fields);
-QString UpdateSql(const QString &table, const QStringList &fields);
-QString DeleteSql(const QString &table, const QStringList &none);
+ *  id of the row. What the table says of conflicts does not count: a row that is in the way of
+ *  another one stays. A deletion has no fields, and takes them to be called like an update. */
+QString InsertSql(const TablePlace &table, const QStringList &fields);
+QString UpdateSql(const TablePlace &table, const QStringList &fields);
+QString DeleteSql(const TablePlace &table, const QStringList &none);
 
 } // namespace saldoro
