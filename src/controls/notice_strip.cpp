@@ -115,7 +115,8 @@ void NoticeStrip::markFields(const QList<Notice> &notices)
         constexpr int barWidth = 3; // what a line edit leaves free beside its text
         bar.value()->setGeometry(0, 0, barWidth, field->height());
         bar.value()->setVisible(!spoken.isEmpty());
-        field->setAccessibleDescription(spoken + field->toolTip());
+        if (field->accessibleDescription() != spoken + field->toolTip()) // each time it is told
+            field->setAccessibleDescription(spoken + field->toolTip());
     }
 }
 

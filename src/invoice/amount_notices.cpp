@@ -43,15 +43,14 @@ public:
         for (const AmountField &field : m_chain.fields)
             tellTyped(field);
         tellShare(AliquotaIva, Importo, ImportoIva,
-                  m_isCompany ? u"passare dall'aliquota"_s : u"riscrivere l'IVA"_s);
+                  m_isCompany ? u"ripassare l'aliquota"_s : u"riscriverla"_s);
         tellOverwrittenVat();
         tellTotal(TotaleFattura,
                   m_then.amount(Importo) + m_then.amount(ImportoIva) + m_then.amount(AltriImporti),
                   m_isCompany ? u"si confronta ma non si salva, Importo e IVA fanno %1"_s
                               : u"è rimasto indietro, ora è %1: passare dall'aliquota IVA"_s);
         if (!m_isCompany) {
-            tellShare(AliquotaRA, SoggettaRA, ImportoRA,
-                      u"mettere la ritenuta a 0 e passare dall'aliquota"_s);
+            tellShare(AliquotaRA, SoggettaRA, ImportoRA, u"azzerarla e ripassare l'aliquota"_s);
             tellTotal(Netto, m_then.amount(TotaleFattura) - m_then.amount(ImportoRA),
                       u"è rimasto indietro, ora è %1: passare dall'aliquota R.A."_s);
         }
@@ -104,7 +103,7 @@ private:
         const QString held = FormatImporto(m_then.amount(share));
         if (held != due)
             add(Caution, share,
-                u"%1 non è il dovuto, %2 per cento di %3 fa %4: %5"_s.arg(
+                u"%1 non torna, il %2% di %3 è %4: %5"_s.arg(
                     held, RateText(LeadingNumber(m_then.text(rate))),
                     FormatImporto(m_then.amount(base)), due, wayOut));
     }

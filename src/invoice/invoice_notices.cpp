@@ -38,7 +38,7 @@ void tellDate(const QString &shown, const QString &left, const QString &field, N
     const QDate day = DataDaTesto(filled(shown));
     const QString typed = filled(left.isEmpty() ? shown : left);
     constexpr qsizetype whole = EmptyDateText.size();
-    if (shown != EmptyDateText && !day.isValid() && (!left.isEmpty() || typed.size() == whole))
+    if (shown != EmptyDateText && !day.isValid() && (!left.isEmpty() || !shown.contains(u'_')))
         all.list += {Danger,
                      u"«%1» non è una data: finché resta non si esce dal campo. Correggerla "
                      "o svuotarla"_s.arg(shown),
