@@ -131,13 +131,13 @@ P Text2_4:100,00 Text5_0:20 Text5_1:10,00 -> 10,00 non torna, il 20% di 100,00 �
 P Text2_0:9,00 Text2_3:8,00 Text5_2:9,00 total:8,00 -> indietro, ora è 9,00|indietro, ora è 8,00
 A Text2_0:9,00 Text2_3:8 total:8,00 -> 8 si confronta ma non si salva|scritto 8 e non 8,00
 A Text2_0:5.500,00 @Text2_3:5500.00 total:5.500,00 -> è scritto 5500.00 e non 5.500,00 -> com'è
-A Text2_0:9,00 Text2_3:9,00 total:7,00 -> 2,00 ancora da ripartire
-A Text2_0:9,00 Text2_3:9,00 total:10,00 -> 1,00 di troppo
+A Text2_0:9,00 Text2_3:9,00 total:7,00 -> restano da ripartire 2,00
+A Text2_0:9,00 Text2_3:9,00 total:10,00 -> restano da ripartire -1,00
 A cost:A1=600,00 stored:A1=100,00 cost:B2=640,00
 A cost:A1=600,01 stored:A1=100,00 -> Voce A1: 600,01 supera di 0,01
-A cost:B2=640,01 cost:Z9=1,00 -> B2: 640,01 supera di 0,01|Z9: non è nel quadro
+A cost:B2=640,01 cost:Z9=1,00 -> B2: 640,01 supera di 0,01|Z9: il quadro
 A cost:A1=500,00 open:A1=501 -> supera di 1,00 -> 501,00
-A cost:A1=1.234,00 open:A1=1.234,00 -> vale 1,23, non 1.234,00. Scrivere 1234.00, o Esc -> 1,23
+A cost:A1=1.234,00 open:A1=1.234,00 -> vale 1,23, non 1.234,00. Scrivere 1234.00 (o Esc) -> 1,23
 A cost:A1=1,23 closed:A1=1.234,00 -> Scrivere 1234.00
 A del:__/__/____ -> Senza data
 A del:31/02/2026 -> «31/02/2026» non è una data
@@ -146,11 +146,11 @@ A del:1_/__/____ left:1_/__/____ -> non è una data
 A del:01/02/1945 left:01/02/45__ -> «01/02/45» vale 01/02/1945
 A del:01/02/1998
 A mandatoDell:ibera -> «ibera» non è una data
-A mandato:12/delibera -> riaprendo il mandato sarà «12/»
+A mandato:12/delibera -> si riaprirà come «12/»
 A cut:Text1_0 -> tagliato
-A new unstored unlisted memo:x note:x -> Le note sono quelle dell'ultimo pagamento
+A new unstored unlisted memo:x note:x -> Le note sono dell'ultimo pagamento
 A new unstored unlisted memo:y note:x
-A new unstored unlisted @Text1_0 creditore:E contractor:E -> «Ricerca» elenca solo
+A new unstored unlisted @Text1_0 creditore:E contractor:E -> «Ricerca» elenca chi
 A new unstored unlisted @Text1_1 creditore:E contractor:E
 A new -> Il pagamento 7 c'è già e «Conferma» lo riscrive
 A kind:P -> Il pagamento 7 c'è già, e dell'altro tipo
@@ -175,19 +175,19 @@ A unstored unlisted -> non c'è. «Conferma» ne aggiunge)"_s;
             {std::tuple{u"1 2 3"_s, 2, u"0,00"_s, u""_s},
              {u"1 2 3"_s, 1, u"-2,00"_s, u"Pagato più del previsto: A1 (-2,00)"_s},
              {u"1 3"_s, 2, u""_s,
-              u"pagamento 3, «Modifica» ed «Elimina» prendono il 2, che non|3, che è già di «C3»"_s},
+              u"pagamento 3: «Modifica» ed «Elimina» prendono il 2, che non|3, che è già di «C3»"_s},
              {u"1 3 4"_s, 3, u""_s,
-              u"pagamento 4, «Modifica» ed «Elimina» prendono il 3|4, che è già di «C4»"_s},
-             {u"1 3 5"_s, 1, u""_s, u"«Nuovo» prenderà il 4, che è libero"_s},
-             {u"1 2 2"_s, 2, u""_s, u"Il numero 2 è di 2 pagamenti|il 4, che è libero"_s}}) {
+              u"pagamento 4: «Modifica» ed «Elimina» prendono il 3|4, che è già di «C4»"_s},
+             {u"1 3 5"_s, 1, u""_s, u"«Nuovo» prenderà il numero 4, che è libero"_s},
+             {u"1 2 2"_s, 2, u""_s, u"2 pagamenti hanno il numero 2|numero 4, che è libero"_s}}) {
             TextTable payments(5);
             for (const QString &number : numbers.split(u' '))
                 AddRow(payments, {number, u'C' + number});
             payments.setRow(row);
             TextTable overview(5);
             AddRow(overview, {u"A1"_s, {}, {}, {}, left});
-            compare(MainScreenNotices(payments, overview, false), parts, numbers);
-            compare(MainScreenNotices(payments, overview, true), u"altra finestra|"_s + parts,
+            compare(MainScreenNotices(payments, overview, false).list, parts, numbers);
+            compare(MainScreenNotices(payments, overview, true).list, u"altra finestra|"_s + parts,
                     numbers);
         }
     }
@@ -210,7 +210,7 @@ A unstored unlisted -> non c'è. «Conferma» ne aggiunge)"_s;
              {std::pair{u"to Text2_1, type 4.5, to Text1_1, to Text2_1"_s, u"IVA: era 4.5"_s},
               {u"type 4.5, to Text4_0, type 12.500"_s, u"12,50, non 12.500,00"_s},
               {u"to MSFlexGrid1, Return, type 1.234,5"_s,
-               u"non 1.234,50. Scrivere 1234.5, o Esc"_s},
+               u"non 1.234,50. Scrivere 1234.5 (o Esc)"_s},
               {u"Escape, to MaskEdBox1, Home, type 31022026, Tab, to Text1_1"_s, u"«31/02/2026»"_s},
               {u"Ctrl+A, type 1/2/45, to Text1_1, type 12345678901"_s,
                u"«01/02/45» vale 01/02/1945"_s},

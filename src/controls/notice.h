@@ -26,9 +26,14 @@ struct Notice
 /** All that a strip shows at a moment. */
 struct Notices
 {
-    QList<Notice> list;
+    QList<Notice> list = {};
     /** What the text that is being typed is worth; empty when none is. */
     QString worth = {};
+
+    void tell(NoticeWeight weight, const QString &field, const QString &text)
+    {
+        list.append({weight, text, field});
+    }
 };
 
 } // namespace saldoro

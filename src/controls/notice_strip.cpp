@@ -50,9 +50,9 @@ void NoticeStrip::refresh()
     } catch (const std::exception &) {
         notices = {}; // a notice is never worth an error
     }
-    const QString focus = m_form->focusWidget() ? m_form->focusWidget()->objectName() : QString();
-    const auto rank = [&](const Notice &notice) {
-        return std::pair(notice.weight, !focus.isEmpty() && notice.field == focus);
+    const QWidget *focus = m_form->focusWidget();
+    const auto rank = [focus](const Notice &notice) {
+        return std::pair(notice.weight, focus && notice.field == focus->objectName());
     };
     std::stable_sort(
         notices.list.begin(), notices.list.end(),

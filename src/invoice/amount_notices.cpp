@@ -4,8 +4,6 @@
 #include "common/number_text.h"
 #include "invoice/typed_worth.h"
 
-#include <utility>
-
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
@@ -60,8 +58,7 @@ public:
 private:
     void add(NoticeWeight weight, Amount field, const QString &text)
     {
-        m_all.list +=
-            {weight, m_chain.nameOf(field) + u": "_s + text, m_chain.at(field).objectName};
+        m_all.tell(weight, m_chain.at(field).objectName, m_chain.nameOf(field) + u": "_s + text);
     }
 
     /** While a field is left that does not keep what is typed, or keeps it for nothing. */
@@ -118,8 +115,7 @@ private:
         if (m_isCompany && m_focused && m_focused->amount == AliquotaIva && !vat.isEmpty() &&
             vat != then && vat != FormatImporto(before.share(Importo, AliquotaIva)))
             add(Caution, ImportoIva,
-                u"uscendo dall'aliquota %1 diventa %2. Se era giusto, riscriverlo poi"_s.arg(vat,
-                                                                                             then));
+                u"uscendo dall'aliquota %1 diventa %2, da riscrivere poi"_s.arg(vat, then));
     }
 
     void tellTotal(Amount total, Currency due, const QString &text)
@@ -142,13 +138,9 @@ private:
             return;
         }
         const Currency missing = m_then.amount(TotaleFattura) - ImportoDaTesto(QString(allocated));
-        const bool isMissing = missing > Currency();
-        m_all.list +=
-            {Remark,
-             u"Totale Conti %1, Totale Fattura %2: %3 %4"_s.arg(
-                 allocated, invoice, FormatImporto(isMissing ? missing : Currency() - missing),
-                 isMissing ? u"ancora da ripartire"_s : u"di troppo"_s),
-             u"Text3"_s};
+        m_all.tell(Remark, u"Text3"_s,
+                   u"Totale Conti %1, Totale Fattura %2: restano da ripartire %3"_s.arg(
+                       allocated, invoice, FormatImporto(missing)));
     }
 
     /** Whether a text, in display form or in plain form, means the amount that is shown so. */

@@ -34,20 +34,15 @@ QString numberText(const InvoiceState &state)
 /** A date as it stands and as it was left, see DateBox::leftWith(). */
 void tellDate(const QString &shown, const QString &left, const QString &field, Notices &all)
 {
-    const auto filled = [](const QString &text) { return text.section(u'_', 0, 0); };
-    const QDate day = DataDaTesto(filled(shown));
-    const QString typed = filled(left.isEmpty() ? shown : left);
-    constexpr qsizetype whole = EmptyDateText.size();
+    const QDate day = DataDaTesto(shown.section(u'_', 0, 0));
+    const QString typed = (left.isEmpty() ? shown : left).section(u'_', 0, 0);
     if (shown != EmptyDateText && !day.isValid() && (!left.isEmpty() || !shown.contains(u'_')))
-        all.list += {Danger,
-                     u"«%1» non è una data: finché resta non si esce dal campo. Correggerla "
-                     "o svuotarla"_s.arg(shown),
-                     field};
-    if (day.isValid() && day.year() < 2000 && typed.size() < whole)
-        all.list += {Caution,
-                     u"«%1» vale %2: per gli anni dal 2030 scrivere l'anno intero"_s.arg(
-                         typed, FormatData(day)),
-                     field};
+        all.tell(
+            Danger, field,
+            u"«%1» non è una data: finché resta non si esce dal campo. Svuotarlo"_s.arg(shown));
+    if (day.isValid() && day.year() < 2000 && typed.size() < EmptyDateText.size())
+        all.tell(Caution, field,
+                 u"«%1» vale %2. Scrivere l'anno intero"_s.arg(typed, FormatData(day)));
 }
 
 void tellTexts(const InvoiceState &state, Notices &all)
@@ -55,35 +50,30 @@ void tellTexts(const InvoiceState &state, Notices &all)
     const PaymentRecord &shown = state.shown;
     const QString date = shown.kind == CreditorKind::Company ? u"MaskEdBox1_0"_s : u"MaskEdBox1"_s;
     if (const QString text = numberText(state); !text.isEmpty())
-        all.list += {Danger, u"Il pagamento %1 "_s.arg(shown.number) + text};
+        all.tell(Danger, {}, u"Il pagamento %1 %2"_s.arg(QString::number(shown.number), text));
     if (shown.del == EmptyDateText)
-        all.list += {Danger,
-                     u"Senza data: dopo «Conferma» la schermata principale non si apre più. "
-                     "Scriverla in «Del»"_s,
-                     date};
+        all.tell(
+            Danger, date,
+            u"Senza data, dopo «Conferma», la schermata principale non si apre più: scriverla"_s);
     tellDate(shown.del, state.dateLeft, date, all);
     tellDate(shown.mandatoDell, state.mandateDateLeft, u"MandatoDell"_s, all);
     for (const QString &field : state.cutFields)
-        all.list +=
-            {Caution, u"Il testo è tagliato alla lunghezza del campo: abbreviarlo"_s, field};
+        all.tell(Caution, field, u"Il testo è tagliato alla lunghezza del campo: abbreviarlo"_s);
     const MandateNote back =
         ParseMandateNote(ComposeMandateNote(shown.mandato, shown.mandatoDell), shown.kind);
     if (back.mandato != shown.mandato.trimmed())
-        all.list += {Danger,
-                     u"Con «del» nel numero, riaprendo il mandato sarà «%1», senza la data: "
-                     "toglierlo"_s.arg(back.mandato),
-                     u"Mandato"_s};
-    if (!shown.storedKind && !shown.memo.isEmpty() && shown.memo == state.loadedNote)
-        all.list +=
-            {Remark, u"Le note sono quelle dell'ultimo pagamento: riscriverle o svuotarle"_s,
-             u"Memo"_s};
+        all.tell(Danger, u"Mandato"_s,
+                 u"Per via di «del» si riaprirà come «%1», senza la data: toglierlo"_s.arg(
+                     back.mandato));
+    if (shown.storedKind)
+        return;
+    if (!shown.memo.isEmpty() && shown.memo == state.loadedNote)
+        all.tell(Remark, u"Memo"_s,
+                 u"Le note sono dell'ultimo pagamento: riscriverle o svuotarle"_s);
     const bool isAtCreditor = state.focus == u"Text1_0" || state.focus == u"Command5";
-    if (!shown.storedKind && isAtCreditor && !state.contractor.isEmpty() &&
-        shown.creditore == state.contractor)
-        all.list += {Remark,
-                     u"«Ricerca» elenca solo chi inizia come il creditore proposto. Per "
-                     "vedere tutti svuotarlo"_s,
-                     u"Text1_0"_s};
+    if (isAtCreditor && !shown.creditore.isEmpty() && shown.creditore == state.contractor)
+        all.tell(Remark, u"Text1_0"_s,
+                 u"«Ricerca» elenca chi inizia come il creditore proposto; svuotandolo, tutti"_s);
 }
 
 /** What an item still has for this payment: what the payment has stored on it is its own. */
@@ -103,29 +93,29 @@ void tellAllocations(const InvoiceState &state, Notices &all)
         items[keyOf(state.overview->text(row, OverviewColumn::Cod))] = row;
     const TypedAllocation &last = state.typedAllocation;
     const QString worth = TypedWorth(last.typed, Notation::Point);
+    const QString misread = MisreadLine(last.typed, Notation::Point);
+    const QString field = last.isOpen ? u"edtTxt"_s : u"MSFlexGrid1"_s;
     for (int row = 1; row < state.allocations->rows(); ++row) {
         const QString code = state.allocations->text(row, AllocationColumn::Cod);
         QString amount = state.allocations->text(row, AllocationColumn::Importo);
-        const auto tell = [&](NoticeWeight weight, const QString &text) {
-            all.list += {weight, u"Voce %1: "_s.arg(code) + text,
-                         last.isOpen ? u"edtTxt"_s : u"MSFlexGrid1"_s};
-        };
         if (code.isEmpty()) // while an item is chosen for it
             continue;
         if (code == last.code && (last.isOpen || amount == worth)) {
             amount = worth;
-            if (const QString misread = MisreadLine(last.typed, Notation::Point);
-                !misread.isEmpty())
-                tell(Danger, misread + (last.isOpen ? u", o Esc"_s : QString()));
+            if (!misread.isEmpty())
+                all.tell(
+                    Danger, field,
+                    u"Voce %1: %2%3"_s.arg(code, misread, last.isOpen ? u" (o Esc)"_s : u""_s));
         }
         const int item = items.value(keyOf(code));
         const Currency left = item > 0 ? available(state, code, item) : Currency();
         const Currency beyond = ImportoDaTesto(QString(amount)) - left;
         if (item == 0)
-            tell(Caution, u"non è nel quadro di disponibilità, dove non comparirà"_s);
+            all.tell(Caution, field, u"Voce %1: il quadro di disponibilità non l'ha"_s.arg(code));
         else if (beyond > Currency())
-            tell(Caution, u"%1 supera di %2 ciò che resta per questo pagamento, %3"_s.arg(
-                              amount, FormatImporto(beyond), FormatImporto(left)));
+            all.tell(Caution, field,
+                     u"Voce %1: %2 supera di %3 ciò che resta, %4"_s.arg(
+                         code, amount, FormatImporto(beyond), FormatImporto(left)));
     }
 }
 
@@ -139,10 +129,8 @@ Notices InvoiceNotices(const InvoiceState &state)
         TellAmounts(state, all);
         tellAllocations(state, all);
     } catch (const OverflowError &) {
-        all.list += {Danger,
-                     u"Un importo è troppo grande: uscendo dal campo il programma si ferma "
-                     "con un errore"_s,
-                     state.focus};
+        all.tell(Danger, state.focus,
+                 u"Un importo è troppo grande: uscendo dal campo il programma si ferma"_s);
     }
     return all;
 }

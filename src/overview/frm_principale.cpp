@@ -135,7 +135,7 @@ Notices FrmPrincipale::notices()
         m_mark.emplace(MachinePath(ProjectFolder(m_values)));
     if (!m_isOpenElsewhere)
         m_isOpenElsewhere = m_mark->isOpenElsewhere();
-    return {MainScreenNotices(m_payments->table(), m_overview->table(), *m_isOpenElsewhere)};
+    return MainScreenNotices(m_payments->table(), m_overview->table(), *m_isOpenElsewhere);
 }
 
 void FrmPrincipale::load()

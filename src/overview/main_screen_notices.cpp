@@ -10,7 +10,7 @@ using enum NoticeWeight;
 
 namespace {
 
-void tellNumbers(const TextTable &payments, QList<Notice> &list)
+void tellNumbers(const TextTable &payments, Notices &all)
 {
     const int current = payments.row();
     const int next = payments.rows();
@@ -27,30 +27,24 @@ void tellNumbers(const TextTable &payments, QList<Notice> &list)
         return;
     const QString field = u"MSFlexGrid1"_s;
     const QString number = payments.text(current, PaymentColumn::Nr);
-    if (current > 0 && number != QString::number(current))
-        list += {Danger,
-                 u"La riga è del pagamento %1, «Modifica» ed «Elimina» prendono il %2%3"_s.arg(
-                     number, QString::number(current), ofRow > 0 ? QString() : u", che non c'è"_s),
-                 field};
+    const QString taken = QString::number(current);
+    if (current > 0 && number != taken)
+        all.tell(Danger, field,
+                 u"Riga del pagamento %1: «Modifica» ed «Elimina» prendono il %2%3"_s.arg(
+                     number, taken, ofRow > 0 ? u""_s : u", che non c'è"_s));
     if (ofRow > 1)
-        list += {Danger,
-                 u"Il numero %1 è di %2 pagamenti: «Modifica» apre il primo, «Elimina» li "
-                 "toglie tutti"_s.arg(current)
-                     .arg(ofRow),
-                 field};
+        all.tell(
+            Danger, field,
+            u"%1 pagamenti hanno il numero %2: «Elimina» li toglie tutti"_s.arg(ofRow).arg(taken));
     if (nextRow > 0)
-        list +=
-            {Danger,
-             u"«Nuovo» prenderà il numero %1, che è già di «%2», e ne aprirebbe i dati"_s.arg(next)
-                 .arg(payments.text(nextRow, PaymentColumn::Creditore)),
-             field};
+        all.tell(Danger, field,
+                 u"«Nuovo» prenderà il numero %1, che è già di «%2»"_s.arg(next).arg(
+                     payments.text(nextRow, PaymentColumn::Creditore)));
     else
-        list += {Remark,
-                 u"I numeri non seguono le righe; «Nuovo» prenderà il %1, che è libero"_s.arg(next),
-                 field};
+        all.tell(Remark, field, u"«Nuovo» prenderà il numero %1, che è libero"_s.arg(next));
 }
 
-void tellOverdrawn(const TextTable &overview, QList<Notice> &list)
+void tellOverdrawn(const TextTable &overview, Notices &all)
 {
     QStringList items;
     for (int row = 1; row < overview.rows(); ++row) {
@@ -58,27 +52,26 @@ void tellOverdrawn(const TextTable &overview, QList<Notice> &list)
         if (left.startsWith(u'-'))
             items += u"%1 (%2)"_s.arg(overview.text(row, OverviewColumn::Cod), left);
     }
-    constexpr qsizetype most = 4;
-    if (!items.isEmpty())
-        list +=
-            {Caution,
-             u"Pagato più del previsto: "_s + items.mid(0, most).join(u", "_s) +
-                 (items.size() > most ? u" e altre %1 voci"_s.arg(items.size() - most) : QString()),
-             u"MSFlexGrid2"_s};
+    constexpr qsizetype most = 5;
+    if (items.isEmpty())
+        return;
+    const QString more =
+        items.size() > most ? u" e altre %1 voci"_s.arg(items.size() - most) : QString();
+    all.tell(Caution, u"MSFlexGrid2"_s,
+             u"Pagato più del previsto: "_s + items.mid(0, most).join(u", "_s) + more);
 }
 
 } // namespace
 
-QList<Notice> MainScreenNotices(const TextTable &payments, const TextTable &overview,
-                                bool isOpenElsewhere)
+Notices MainScreenNotices(const TextTable &payments, const TextTable &overview,
+                          bool isOpenElsewhere)
 {
-    QList<Notice> list;
+    Notices all;
     if (isOpenElsewhere)
-        list += {Danger, u"Il progetto è aperto anche in un'altra finestra di Saldoro: lavorare in "
-                         "una sola"_s};
-    tellNumbers(payments, list);
-    tellOverdrawn(overview, list);
-    return list;
+        all.tell(Danger, {}, u"Il progetto è aperto anche in un'altra finestra: usarne una sola"_s);
+    tellNumbers(payments, all);
+    tellOverdrawn(overview, all);
+    return all;
 }
 
 } // namespace saldoro

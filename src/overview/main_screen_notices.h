@@ -7,7 +7,7 @@ namespace saldoro {
 
 /** What the main screen tells about its list of payments, whose current row counts, and its
  *  overview, and that another window has the project open too. Never throws. */
-QList<Notice> MainScreenNotices(const TextTable &payments, const TextTable &overview,
-                                bool isOpenElsewhere);
+Notices MainScreenNotices(const TextTable &payments, const TextTable &overview,
+                          bool isOpenElsewhere);
 
 } // namespace saldoro
