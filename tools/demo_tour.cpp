@@ -85,6 +85,7 @@ private:
         openPayment(CreditorKind::Company, u"3-pagamento-azienda"_s);
         openNew(CreditorKind::Professional, u"5-nuovo-professionista"_s);
         openNew(CreditorKind::Company, u"6-nuova-azienda"_s);
+        showNotices();
     }
 
     /** The last payment of a kind that has a mandate note: it shows most. */
@@ -115,6 +116,20 @@ private:
             picture(chooser, u"4-nuova-fattura"_s); // it looks the same for the other kind
         press(*chooser, u"Command1"_s);
         picture(m_forms.invoiceForm(kind), pictureName);
+    }
+
+    /** Other amounts that are passed through count a hundredfold, and the form says so. */
+    void showNotices()
+    {
+        if (IsEnding() || paymentsList().rows() < 3)
+            return;
+        paymentsList().setRow(2);
+        press(mainForm(), u"Command3"_s);
+        InvoiceForm *form = m_forms.invoiceForm(CreditorKind::Professional);
+        if (form == nullptr)
+            return;
+        form->findChild<QWidget *>(u"Text2_5"_s)->setFocus();
+        picture(form, u"7-avvisi"_s);
     }
 
     /** Saves the form's picture; an invoice form is closed afterwards, as "Annulla" would. */

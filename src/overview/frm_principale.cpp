@@ -17,6 +17,7 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QLabel>
+#include <QTimer>
 
 namespace saldoro {
 
@@ -53,7 +54,9 @@ FrmPrincipale::FrmPrincipale(ProgramValues &values)
     : m_values(values)
     , m_payments(new FlexGrid(FlexGrid::Selection::Rows, this))
     , m_overview(new FlexGrid(FlexGrid::Selection::Rows, this))
-    , m_strip(new NoticeStrip(this, NoticeStrip::Worth::Left, [this] { return notices(); }))
+    , m_strip(new NoticeStrip(this, NoticeStrip::Worth::Left, [this] {
+        return MainScreenNotices(m_payments->table(), m_overview->table(), m_isOpenElsewhere);
+    }))
 {
     setObjectName(u"FrmPrincipale"_s);
     prepareGrids();
@@ -120,22 +123,18 @@ const TextTable &FrmPrincipale::overviewTable() const
 bool FrmPrincipale::lists(qint32 paymentNumber) const
 {
     const TextTable &payments = m_payments->table();
-    const QString number = QString::number(paymentNumber);
-    for (int row = 1; row < payments.rows(); ++row) {
-        if (payments.text(row, PaymentColumn::Nr) == number)
-            return true;
-    }
-    return false;
+    return !payments
+                .match(payments.index(0, PaymentColumn::Nr), Qt::DisplayRole,
+                       QString::number(paymentNumber), 1, Qt::MatchExactly)
+                .isEmpty();
 }
 
-/** Marks are files; they are seen to when the form is on screen already. */
-Notices FrmPrincipale::notices()
+void FrmPrincipale::lookForOtherWindows()
 {
     if (!m_mark)
         m_mark.emplace(MachinePath(ProjectFolder(m_values)));
-    if (!m_isOpenElsewhere)
-        m_isOpenElsewhere = m_mark->isOpenElsewhere();
-    return MainScreenNotices(m_payments->table(), m_overview->table(), *m_isOpenElsewhere);
+    m_isOpenElsewhere = m_mark->isOpenElsewhere();
+    m_strip->refreshSoon();
 }
 
 void FrmPrincipale::load()
@@ -155,8 +154,9 @@ void FrmPrincipale::load()
     }
     LoadArrayProspettoSaldoro();
     if (overview.rows() > 1)
-        overview.setRow(1); // the list goes on at its end, this is read from the start
-    m_isOpenElsewhere.reset();
+        overview.setRow(1);           // the list goes on at its end, this is read from the start
+    constexpr int afterPainting = 50; // milliseconds: marks are files, the screen comes first
+    QTimer::singleShot(afterPainting, this, &FrmPrincipale::lookForOtherWindows);
     emit loaded();
 }
 

@@ -2,7 +2,6 @@
 
 #include "common/creditor_kind.h"
 #include "common/program_values.h"
-#include "controls/notice.h"
 #include "store/open_project.h"
 
 #include <QPointer>
@@ -82,16 +81,16 @@ private:
     void addPayment();
     void deletePayment();
     void writeDocuments();
-    Notices notices();
+    void lookForOtherWindows();
 
     ProgramValues &m_values;
     FlexGrid *m_payments;
     FlexGrid *m_overview;
     NoticeStrip *m_strip;
     QPushButton *m_modify = nullptr;
-    std::optional<OpenProject> m_mark;     ///< made once the form is on screen
-    std::optional<bool> m_isOpenElsewhere; ///< none before it is looked up
-    QPointer<QWidget> m_focusBefore;       ///< had the focus when the form was taken out of use
+    std::optional<OpenProject> m_mark; ///< made once the form is on screen
+    bool m_isOpenElsewhere = false;
+    QPointer<QWidget> m_focusBefore; ///< had the focus when the form was taken out of use
 };
 
 } // namespace saldoro
