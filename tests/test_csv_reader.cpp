@@ -29,9 +29,10 @@ QString readQuickly(const QString &text)
 QString readSlowly(const QString &text)
 {
     static const QRegularExpression cellAndEnd(
-        u"\\G(?:\"((?:[^\"]|\"\")*)\"|([^\";\\r\\n]*))(;|\\r?\\n|\\z)"_s);
+        u"\\G(?:\"((?:[^\"]|\"\")*)\"|([^\";\\r\\n]*))(;|\\r?\\n|\\r|\\z)"_s);
     QString rows;
     QString row = u"\n1"_s;
+    qsizetype line = 1;
     for (qsizetype at = 0; at < text.size() || text.endsWith(u';');) {
         const QRegularExpressionMatch match = cellAndEnd.match(text, at);
         if (!match.hasMatch())
@@ -41,10 +42,11 @@ QString readSlowly(const QString &text)
                    ? u"-"_s
                    : u'<' + match.captured(isQuoted ? 1 : 2).replace(u"\"\""_s, u"\""_s);
         at = match.capturedEnd();
+        line += match.captured(1).count(u'\n');
         if (match.captured(3) == ";"_L1)
             continue;
         rows += row;
-        row = u'\n' + QString::number(text.first(at).count(u'\n') + 1);
+        row = u'\n' + QString::number(++line);
         if (match.captured(3).isEmpty())
             break;
     }

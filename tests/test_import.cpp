@@ -32,6 +32,7 @@ void TestImport::comesIn()
         {names + "A1;\"\";\n0010;1/2;\n", "A1||-\n0010|1/2|-"},
         {"\"Voce\";\"Descri\";\"Importo\"\nA1;\"\"\"x\"\"; a\r\n\r\nb\";\"1,5\"\nA2;\"\"\"\";1\n",
          "A1|\"x\"; a\r\n\r\nb|15000\nA2|\"|10000"},
+        {"Voce;Descri;Importo\rA1;a;1\rA2;b;2\r", "A1|a|10000\nA2|b|20000"},
         {names, ""}};
     for (const auto &[file, rows] : cases) {
         const Office office;
@@ -71,7 +72,6 @@ void TestImport::refuses()
         {"UltimaPerVariante", budget + "A1;a \"b\";1\n", "riga 2: ci sono virgolette dentro"},
         {"UltimaPerVariante", budget + "A1;\"a\" b;1\n", "riga 2: dopo le virgolette chiuse"},
         {"UltimaPerVariante", budget + "A1;\"a;1\nA2;b;2\n", "riga 2: le virgolette aperte"},
-        {"UltimaPerVariante", budget + "A1;a;1\rA2;b;2\n", "riga 2: una riga finisce con il solo"},
         {"SchedaProgetto", "Voce;Funzione;Link\nA;32768;1\nB;1;2147483648\nC;1.0;1\n",
          "riga 2, campo Funzione: il valore non sta nel campo|riga 3, campo Link: "
          "«2147483648»|riga 4, campo Funzione: «1.0» non è un numero intero"},

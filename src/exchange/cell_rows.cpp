@@ -1,7 +1,5 @@
 #include "exchange/cell_rows.h"
 
-#include <utility>
-
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
@@ -22,86 +20,69 @@ public:
 
     CellRow row()
     {
-        CellRow row{m_line, {cell()}};
-        while (isAt(m_separator)) {
-            ++m_at;
-            row.cells.append(cell());
-        }
-        endRow();
+        CellRow row{m_line, {}};
+        do
+            row.cells.append(isAt(u'"') ? quotedCell() : plainCell());
+        while (take(m_separator));
+        const bool hasReturn = take(u'\r');
+        if (!take(u'\n') && !hasReturn && !isAtEnd())
+            fail(u"dopo le virgolette chiuse la cella continua"_s);
+        ++m_line;
         return row;
     }
 
 private:
     bool isAt(QChar character) const { return !isAtEnd() && m_text[m_at] == character; }
-    bool isLenient() const { return m_separator == u'\t'; }
-    bool isCellEnd(qsizetype at) const
+    bool isAtCellEnd() const
     {
-        return at == m_text.size() || m_text[at] == m_separator || m_text[at] == u'\n' ||
-               m_text[at] == u'\r';
+        return isAtEnd() || isAt(m_separator) || isAt(u'\n') || isAt(u'\r');
+    }
+    bool isLenient() const { return m_separator == u'\t'; }
+    [[noreturn]] void fail(const QString &problem) const
+    {
+        throw CellFault{m_line, {}, problem + u": il resto non è stato letto."_s};
     }
 
-    QString cell()
+    bool take(QChar character)
     {
-        if (isAt(u'"')) {
-            const qsizetype begin = m_at;
-            const int line = m_line;
-            const std::optional<QString> quoted = quotedCell();
-            if (quoted && (!isLenient() || isCellEnd(m_at)))
-                return *quoted;
-            m_at = begin;
-            m_line = line;
-        }
-        return plainCell();
+        const bool isThere = isAt(character);
+        m_at += isThere ? 1 : 0;
+        return isThere;
     }
 
     QString plainCell()
     {
         const qsizetype begin = m_at;
-        for (; !isCellEnd(m_at); ++m_at) {
-            if (m_text[m_at] == u'"' && !isLenient())
-                throw CellFault{m_line,
-                                {},
-                                u"ci sono virgolette dentro una cella che non comincia "
-                                "con esse"_s};
+        for (; !isAtCellEnd(); ++m_at) {
+            if (isAt(u'"') && !isLenient())
+                fail(u"ci sono virgolette dentro una cella che non comincia con esse"_s);
         }
         return m_at == begin ? QString() : m_text.sliced(begin, m_at - begin).toString();
     }
 
-    /** No value when the quotes are never closed, which only a lenient reading permits. */
-    std::optional<QString> quotedCell()
+    QString quotedCell()
     {
+        const Reader before = *this;
         QString cell = u""_s;
-        for (bool goesOn = false; isAt(u'"'); goesOn = true) {
-            if (goesOn) // the quote that seemed to end the cell was the first of two
-                cell += u'"';
-            const qsizetype begin = m_at + 1;
-            const qsizetype end = m_text.indexOf(u'"', begin);
-            if (end < 0 && isLenient())
-                return std::nullopt;
-            if (end < 0)
-                throw CellFault{m_line, {}, u"le virgolette aperte non vengono chiuse"_s};
-            const QStringView part = m_text.sliced(begin, end - begin);
+        bool isClosed = true;
+        while (take(u'"')) {
+            const qsizetype end = m_text.indexOf(u'"', m_at);
+            if (end < 0 && !isLenient())
+                fail(u"le virgolette aperte non vengono chiuse"_s);
+            isClosed = end >= 0;
+            if (!isClosed)
+                break;
+            const QStringView part = m_text.sliced(m_at, end - m_at);
             cell += part;
             m_line += static_cast<int>(part.count(u'\n'));
             m_at = end + 1;
+            if (isAt(u'"')) // it seemed to end the cell, and is the first of two
+                cell += u'"';
         }
-        return cell;
-    }
-
-    void endRow()
-    {
-        if (isAtEnd())
-            return;
-        if (isAt(u'\r'))
-            ++m_at;
-        if (!isAt(u'\n'))
-            throw CellFault{m_line,
-                            {},
-                            m_text[m_at - 1] == u'\r'
-                                ? u"una riga finisce con il solo carattere CR"_s
-                                : u"dopo le virgolette chiuse la cella continua"_s};
-        ++m_at;
-        ++m_line;
+        if (!isLenient() || (isClosed && isAtCellEnd()))
+            return cell;
+        *this = before;
+        return plainCell();
     }
 
     QStringView m_text;
@@ -119,9 +100,8 @@ TextRows RowsOfText(QStringView text, QChar separator, qsizetype most)
     try {
         while (!reader.isAtEnd() && result.rows.size() < most)
             result.rows.append(reader.row());
-    } catch (CellFault &fault) {
-        fault.problem += u": il resto non è stato letto."_s;
-        result.fault = std::move(fault);
+    } catch (const CellFault &fault) {
+        result.fault = fault;
     }
     return result;
 }

@@ -45,188 +45,136 @@ QString otherKind(const QByteArray &bytes)
     return {};
 }
 
-/** One file on its way into a table. */
-class FileReader
+/** The text of a file. Programs of old write the Western code page; a line of it among others in
+ *  UTF-8 is told. */
+QString textOf(const QString &path, CsvTable &result, QList<CellFault> &faults)
 {
-public:
-    FileReader(const QString &path, const ExchangedTable &table, QStringList &errors)
-        : m_result{&table, QFileInfo(path).fileName(), {}}
-        , m_errors(errors)
-        , m_bytes(bytesOf(path))
-    {
+    const QByteArray file = bytesOf(path);
+    if (const QString kind = otherKind(file); !kind.isEmpty()) {
+        faults.append({0, {}, kind});
+        return {};
     }
-
-    CsvTable read(const TableDef &stored)
-    {
-        if (const QString kind = otherKind(m_bytes); !kind.isEmpty()) {
-            addError({0, {}, kind});
-            return std::move(m_result);
-        }
-        const QString text = decoded();
-        const auto [separator, columns] = header(text);
-        if (!takeHeader(columns, separator))
-            return std::move(m_result);
-        const TextRows cells = RowsOfText(text, separator);
-        const bool isItalian = separator == u';';
-        const auto readIn = [&, &columns = columns](bool italian) {
-            return TypedRowsOf(cells.rows, columns, *m_result.table, stored,
-                               italian ? Notation::Italian : Notation::International);
-        };
-        TypedRows typed = readIn(isItalian);
-        const qsizetype faults = typed.faults.size();
-        // One that the other notation would mend may be a slip of the hand.
-        if (faults > 1 && readIn(!isItalian).faults.size() + 1 < faults &&
-            ToldNotation(cells.rows, columns, *m_result.table).has_value()) {
-            addError({0,
-                      {},
-                      isItalian ? u"gli importi e le date sono scritti come 1234.56 e "
-                                  "2024-12-31: salvare il file con «,» come separatore."_s
-                                : u"gli importi e le date sono scritti all'italiana: salvare "
-                                  "il file con «;» come separatore."_s});
-            return std::move(m_result);
-        }
-        addErrors(typed.faults);
-        if (cells.fault)
-            addError(*cells.fault);
-        m_result.rows = std::move(typed.rows);
-        m_result.lines = std::move(typed.lines);
-        m_result.fields = std::move(typed.fields);
-        return std::move(m_result);
+    const bool isMarked = file.startsWith("\xEF\xBB\xBF");
+    const QByteArray bytes = file.sliced(isMarked ? 3 : 0);
+    if (bytes.isValidUtf8())
+        return TextOfUtf8(bytes);
+    QStringList lines;
+    int oddLine = 0;
+    bool hasUtf8 = false;
+    for (const QByteArray &line : bytes.split('\n')) {
+        lines.append(TextOfStoredBytes(line));
+        const bool isUtf8 = line.isValidUtf8();
+        hasUtf8 = hasUtf8 || (isUtf8 && lines.last().size() != line.size());
+        if (!isUtf8 && oddLine == 0)
+            oddLine = static_cast<int>(lines.size());
     }
+    if (isMarked)
+        faults.append({oddLine,
+                       {},
+                       u"c'è un byte che non è UTF-8, mentre il file si dice in UTF-8: "
+                       "correggere la riga, o salvare di nuovo il file."_s});
+    else if (hasUtf8)
+        result.warnings.append(
+            u"%1, riga %2: non è in UTF-8 come il resto del file, ed è stata letta "
+            "in Windows-1252: guardare le lettere accentate."_s.arg(result.file)
+                .arg(oddLine));
+    return lines.join(u'\n');
+}
 
-    QList<CellRow> readRows()
-    {
-        if (const QString kind = otherKind(m_bytes); !kind.isEmpty()) {
-            addError({0, {}, kind});
-            return {};
-        }
-        const QString text = decoded();
-        auto [separator, columns] = header(text);
-        for (const QChar other : {u',', u'\t'}) {
-            const auto width = [&text](QChar parting) {
-                const TextRows first = RowsOfText(text, parting, 1);
-                return first.rows.isEmpty() ? 0 : first.rows.first().cells.size();
-            };
-            if (columns.firstRow == 0 && width(other) > width(separator))
-                separator = other;
-        }
-        const TextRows cells = RowsOfText(text, separator);
-        if (cells.fault)
-            addError(*cells.fault);
-        return cells.rows;
-    }
-
-private:
-    void addError(const CellFault &fault)
-    {
-        QString place = m_result.file;
-        if (fault.line > 0)
-            place += u", riga "_s + QString::number(fault.line);
-        if (!fault.field.isEmpty())
-            place += u", campo "_s + fault.field;
-        m_errors.append(place + u": "_s + fault.problem);
-    }
-
-    /** Of each field the first ones, then how many more there are. */
-    void addErrors(const QList<CellFault> &faults)
-    {
-        constexpr int most = 20;
-        QMap<QString, int> counts;
-        for (const CellFault &fault : faults) {
-            if (++counts[fault.field] <= most)
-                addError(fault);
-        }
-        for (auto count = counts.cbegin(); count != counts.cend(); ++count) {
-            if (*count > most)
-                addError({0, count.key(), u"e altri %1 errori così."_s.arg(*count - most)});
+/** The separator whose first rows name the most of the needed fields or else part the first row
+ *  into the most cells, and what they name. */
+std::pair<QChar, CellColumns> headerOf(const QString &text, const ExchangedTable &table)
+{
+    std::pair<QChar, CellColumns> best(u';', FindColumns({}, table));
+    qsizetype width = 0;
+    for (const QChar separator : {u';', u',', u'\t'}) {
+        const QList<CellRow> rows = RowsOfText(text, separator, MostHeaderRows).rows;
+        const qsizetype cells = rows.isEmpty() ? 0 : rows.first().cells.size();
+        CellColumns columns = FindColumns(rows, table);
+        if (std::pair(columns.lack(), -cells) < std::pair(best.second.lack(), -width)) {
+            best = {separator, std::move(columns)};
+            width = cells;
         }
     }
+    return best;
+}
 
-    /** Programs of old write the Western code page; a line of it among others in UTF-8 is told. */
-    QString decoded()
-    {
-        const bool isMarked = m_bytes.startsWith("\xEF\xBB\xBF");
-        const QByteArray bytes = m_bytes.sliced(isMarked ? 3 : 0);
-        if (bytes.isValidUtf8())
-            return TextOfUtf8(bytes);
-        QString text;
-        int oddLine = 0;
-        bool hasUtf8 = isMarked;
-        const QList<QByteArray> lines = bytes.split('\n');
-        for (qsizetype line = 0; line < lines.size(); ++line) {
-            const bool isUtf8 = lines[line].isValidUtf8();
-            const QString decoded = TextOfStoredBytes(lines[line]);
-            hasUtf8 = hasUtf8 || (isUtf8 && decoded.size() != lines[line].size());
-            if (!isUtf8 && oddLine == 0)
-                oddLine = static_cast<int>(line) + 1;
-            text += (line > 0 ? u"\n"_s : QString()) + decoded;
-        }
-        if (isMarked)
-            addError({oddLine,
-                      {},
-                      u"c'è un byte che non è UTF-8, mentre il file si dice in UTF-8: "
-                      "correggere la riga, o salvare il file di nuovo in UTF-8."_s});
-        else if (hasUtf8)
-            m_result.warnings.append(
-                m_result.file +
-                u", riga %1: non è in UTF-8 come il resto del file, ed è stata "
-                "letta in Windows-1252: guardare le lettere accentate."_s.arg(oddLine));
-        return text;
+/** Why a file can't be read by its header; empty when it can. */
+QStringList problemsOf(QChar separator, const CellColumns &columns, const ExchangedTable &table)
+{
+    if (columns.firstRow > 0 && separator == u'\t')
+        return {u"le celle sono separate da tabulazioni: salvare il file con «;»."_s};
+    if (columns.firstRow == 0)
+        return {u"nelle prime 20 righe nessuna nomina i campi %1, separati da «;» o «,»."_s.arg(
+            table.neededFields.join(u", "_s))};
+    QStringList problems;
+    for (const QString &field : columns.missing)
+        problems.append(u"nell'intestazione manca il campo %1."_s.arg(field));
+    for (const auto &[field, name] : columns.guesses)
+        problems.append(
+            u"nell'intestazione manca il campo %1: se è la colonna «%2», chiamarla %1."_s.arg(
+                field, name));
+    for (const QString &name : columns.doubled)
+        problems.append(u"nell'intestazione il campo %1 è nominato due volte."_s.arg(name));
+    return problems;
+}
+
+/** Fills the result with the rows of a text. */
+void readText(const QString &text, const TableDef &stored, CsvTable &result,
+              QList<CellFault> &faults)
+{
+    const auto [separator, columns] = headerOf(text, *result.table);
+    for (const QString &problem : problemsOf(separator, columns, *result.table))
+        faults.append({0, {}, problem});
+    if (!faults.isEmpty())
+        return;
+    const TextRows cells = RowsOfText(text, separator);
+    const auto readAs = [&, &columns = columns](Notation notation) {
+        return TypedRowsOf(cells.rows, columns, *result.table, stored, notation);
+    };
+    const bool isItalian = separator == u';';
+    TypedRows typed = readAs(isItalian ? Notation::Italian : Notation::International);
+    // One that the other notation would mend may be a slip of the hand.
+    if (const auto told = ToldNotation(cells.rows, columns, *result.table);
+        typed.faults.size() > 1 &&
+        told == (isItalian ? Notation::International : Notation::Italian) &&
+        readAs(*told).faults.size() + 1 < typed.faults.size())
+        typed.faults = {{0,
+                         {},
+                         isItalian ? u"gli importi e le date sono scritti come 1234.56 e "
+                                     "2024-12-31: salvare il file con «,»."_s
+                                   : u"gli importi e le date sono scritti all'italiana: "
+                                     "salvare il file con «;»."_s}};
+    faults.append(typed.faults);
+    if (cells.fault)
+        faults.append(*cells.fault);
+    result.rows = std::move(typed.rows);
+    result.lines = std::move(typed.lines);
+    result.fields = std::move(typed.fields);
+    result.unknownFields = columns.unknown;
+}
+
+/** A line for each fault; of each field the first ones, then how many more there are. */
+QStringList linesOf(const QList<CellFault> &faults, const QString &file)
+{
+    constexpr int most = 20;
+    const auto lineOf = [&file](const CellFault &fault) {
+        return file + (fault.line > 0 ? u", riga %1"_s.arg(fault.line) : QString()) +
+               (fault.field.isEmpty() ? QString() : u", campo "_s + fault.field) + u": "_s +
+               fault.problem;
+    };
+    QStringList lines;
+    QMap<QString, int> counts;
+    for (const CellFault &fault : faults) {
+        if (++counts[fault.field] <= most)
+            lines.append(lineOf(fault));
     }
-
-    /** The separator whose first rows name the most of the needed fields. */
-    std::pair<QChar, CellColumns> header(const QString &text) const
-    {
-        std::pair<QChar, CellColumns> best(u';', FindColumns({}, *m_result.table));
-        const auto lack = [](const CellColumns &columns) {
-            return std::pair(columns.missing.size(), columns.guesses.size());
-        };
-        for (const QChar separator : {u';', u',', u'\t'}) {
-            const QList<CellRow> rows = RowsOfText(text, separator, MostHeaderRows).rows;
-            CellColumns columns = FindColumns(rows, *m_result.table);
-            if (lack(columns) < lack(best.second))
-                best = {separator, std::move(columns)};
-        }
-        return best;
+    for (auto count = counts.cbegin(); count != counts.cend(); ++count) {
+        if (*count > most)
+            lines.append(lineOf({0, count.key(), u"e altri %1 errori così."_s.arg(*count - most)}));
     }
-
-    /** False when the file can't be read by that header. */
-    bool takeHeader(const CellColumns &columns, QChar separator)
-    {
-        const qsizetype before = m_errors.size();
-        if (separator == u'\t')
-            addError({0,
-                      {},
-                      u"le celle sono separate da tabulazioni: salvare il file con «;» come "
-                      "separatore."_s});
-        else if (columns.firstRow == 0)
-            addError({0,
-                      {},
-                      u"nelle prime 20 righe nessuna nomina i campi %1, separati da «;» o "
-                      "«,»."_s.arg(m_result.table->neededFields.join(u", "_s))});
-        else
-            addHeaderErrors(columns);
-        m_result.unknownFields = columns.unknown;
-        return m_errors.size() == before;
-    }
-
-    void addHeaderErrors(const CellColumns &columns)
-    {
-        for (const QString &field : columns.missing)
-            addError({0, {}, u"nell'intestazione manca il campo %1."_s.arg(field)});
-        for (const auto &[field, name] : columns.guesses)
-            addError({0,
-                      {},
-                      u"nell'intestazione manca il campo %1: se è la colonna «%2», "
-                      "chiamarla %1."_s.arg(field, name)});
-        for (const QString &name : columns.doubled)
-            addError({0, {}, u"nell'intestazione il campo %1 è nominato due volte."_s.arg(name)});
-    }
-
-    CsvTable m_result;
-    QStringList &m_errors;
-    QByteArray m_bytes;
-};
+    return lines;
+}
 
 } // namespace
 
@@ -238,12 +186,25 @@ QString CsvTable::place(qsizetype row, const QString &field) const
 CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,
                       QStringList &errors)
 {
-    return FileReader(path, table, errors).read(stored);
+    CsvTable result{&table, QFileInfo(path).fileName(), {}};
+    QList<CellFault> faults;
+    const QString text = textOf(path, result, faults);
+    if (faults.isEmpty())
+        readText(text, stored, result, faults);
+    errors.append(linesOf(faults, result.file));
+    return result;
 }
 
 QList<CellRow> ReadCsvRows(const QString &path, const ExchangedTable &table, QStringList &errors)
 {
-    return FileReader(path, table, errors).readRows();
+    CsvTable result{&table, QFileInfo(path).fileName(), {}};
+    QList<CellFault> faults;
+    const QString text = textOf(path, result, faults);
+    const TextRows cells = RowsOfText(text, headerOf(text, table).first);
+    if (cells.fault)
+        faults.append(*cells.fault);
+    errors.append(linesOf(faults, result.file));
+    return cells.rows;
 }
 
 } // namespace saldoro

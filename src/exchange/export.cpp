@@ -100,6 +100,7 @@ QList<TableFile> filesOf(const QString &project)
     QList<TableFile> files;
     for (const ArchiveFile archive : ArchiveFileList) {
         const Database database = Database::open(ArchiveFilePath(archive, project));
+        const Transaction moment(database, TransactionKind::Reading);
         for (const ExchangedTable &table : ExchangedTables()) {
             if (table.archive != archive)
                 continue;

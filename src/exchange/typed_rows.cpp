@@ -22,36 +22,34 @@ bool isLike(const QString &name, const QString &field)
 }
 
 /** The columns that a row names; those of needed fields also by names much like theirs. */
-CellColumns columnsOf(const CellRow &row, const ExchangedTable &table)
+CellColumns columnsOf(const CellRow &row, qsizetype firstRow, const ExchangedTable &table)
 {
     CellColumns columns;
+    columns.firstRow = firstRow;
+    QStringList names;
     for (const QString &cell : row.cells) {
-        const QString name = cell.simplified();
-        const qsizetype place = name.isEmpty() ? CellColumns::Nameless : table.place(name);
-        const bool isDoubled = place >= 0 && columns.places.contains(place);
-        if (isDoubled)
-            columns.doubled.append(name);
-        columns.places.append(isDoubled ? CellColumns::Unknown : place);
-    }
-    for (const QString &needed : table.neededFields) {
-        const qsizetype place = table.place(needed);
-        if (columns.places.contains(place))
-            continue;
-        columns.missing.append(needed);
-        for (qsizetype cell = 0; cell < row.cells.size(); ++cell) {
-            const QString name = row.cells[cell].simplified();
-            if (columns.places[cell] != CellColumns::Unknown || !isLike(name, needed))
-                continue;
-            columns.places[cell] = place;
-            columns.missing.removeLast();
-            columns.guesses.append({needed, name});
-            break;
+        names.append(cell.simplified());
+        columns.places.append(names.last().isEmpty() ? CellColumns::Nameless
+                                                     : table.place(names.last()));
+        if (columns.places.last() >= 0 && columns.places.count(columns.places.last()) > 1) {
+            columns.doubled.append(names.last());
+            columns.places.last() = CellColumns::Unknown;
         }
     }
-    for (qsizetype cell = 0; cell < row.cells.size(); ++cell) {
-        if (const QString name = row.cells[cell].simplified();
-            columns.places[cell] == CellColumns::Unknown && !columns.doubled.contains(name))
-            columns.unknown.append(name);
+    for (const QString &needed : table.neededFields) {
+        qsizetype cell = columns.places.indexOf(table.place(needed));
+        for (qsizetype other = 0; cell < 0 && other < names.size(); ++other) {
+            if (columns.places[other] == CellColumns::Unknown && isLike(names[other], needed)) {
+                columns.guesses.append({needed, names[other]});
+                columns.places[cell = other] = table.place(needed);
+            }
+        }
+        if (cell < 0)
+            columns.missing.append(needed);
+    }
+    for (qsizetype cell = 0; cell < names.size(); ++cell) {
+        if (columns.places[cell] == CellColumns::Unknown)
+            columns.unknown.append(names[cell]);
     }
     return columns;
 }
@@ -110,7 +108,8 @@ public:
                std::optional<Notation> notation)
         : m_columns(columns)
         , m_table(table)
-        , m_notation(notation)
+        , m_notation(notation.value_or(Notation::Italian))
+        , m_isUnsure(!notation)
     {
         for (const FieldDef &field : table.definition.fields())
             m_stored.append(stored.field(field.name));
@@ -134,73 +133,72 @@ public:
     }
 
 private:
-    /** Whether the cells of a row are one for each column, or those that lack may do so. */
+    /** Whether a row has a cell for each column, or those that lack may do so. */
     bool hasItsCells(const QStringList &cells) const
     {
         const QList<qsizetype> &places = m_columns.places;
-        for (qsizetype cell = places.size(); cell < cells.size(); ++cell) {
-            if (!cells[cell].isNull())
-                return false;
-        }
         for (qsizetype cell = cells.size(); cell < places.size(); ++cell) {
             if (!m_isLastWhole ||
-                (places[cell] >= 0 &&
-                 m_table.filledFields.contains(m_stored[places[cell]].name, Qt::CaseInsensitive)))
+                (places[cell] >= 0 && m_table.filledFields.contains(nameOf(places[cell]))))
                 return false;
         }
-        return true;
+        return std::all_of(cells.begin() + std::min(places.size(), cells.size()), cells.end(),
+                           std::mem_fn(&QString::isNull));
     }
 
     void readRow(const CellRow &row)
     {
         const QList<qsizetype> &places = m_columns.places;
         if (!hasItsCells(row.cells)) {
-            m_result.faults.append(
-                {row.line,
-                 {},
-                 u"le celle sono %1, e %2 nell'intestazione."_s.arg(row.cells.size())
-                     .arg(places.size())});
+            addFault(row.line, u"le celle sono %1, e %2 nell'intestazione."_s.arg(row.cells.size())
+                                   .arg(places.size()));
             return;
         }
         TableRow values(m_stored.size());
         for (qsizetype cell = 0; cell < std::min(places.size(), row.cells.size()); ++cell) {
-            if (places[cell] >= 0)
-                values[places[cell]] = value(row.line, row.cells[cell], places[cell]);
-            else if (places[cell] == CellColumns::Nameless && !row.cells[cell].isNull())
-                m_result.faults.append(
-                    {row.line, {}, u"la cella %1 sta in una colonna senza nome."_s.arg(cell + 1)});
+            const QString &text = row.cells[cell];
+            if (places[cell] == CellColumns::Nameless && !text.isNull())
+                addFault(row.line, u"la cella %1 sta in una colonna senza nome."_s.arg(cell + 1));
+            if (places[cell] < 0)
+                continue;
+            values[places[cell]] =
+                valueOf(text, typeOf(places[cell]), m_notation).value_or(QDate());
+            if (const QString problem = problemOf(text, places[cell], values[places[cell]]);
+                !problem.isEmpty()) {
+                addFault(row.line, problem, nameOf(places[cell]));
+                values[places[cell]] = QDate(); // stands for what no cell can tell
+            }
         }
         m_result.rows.append(std::move(values));
         m_result.lines.append(row.line);
     }
 
-    /** The place of what can't be stored is taken by what no cell can tell. */
-    NewValue value(int line, const QString &cell, qsizetype place)
+    /** Why a cell can't be taken as the value that it is read as; empty when it can. */
+    QString problemOf(const QString &cell, qsizetype place, const NewValue &value) const
     {
-        const FieldDef &field = m_table.definition.fields()[place];
-        const Notation notation = m_notation.value_or(Notation::Italian);
-        std::optional<NewValue> value = valueOf(cell, field.type, notation);
-        const QString shown = LeftCharacters(cell, 40);
-        QString problem;
-        if (!value)
-            problem =
-                u"«%1» non è %2, o è fuori misura."_s.arg(shown, expected(field.type, notation));
-        else if (const auto other =
-                     m_notation ? std::nullopt : valueOf(cell, field.type, Notation::International);
-                 other && *other != *value)
-            problem =
-                u"«%1» può essere mille volte tanto: scriverlo con due decimali."_s.arg(shown);
-        else
-            problem = refusal(m_stored[place], *value);
-        if (problem.isEmpty())
-            return *std::move(value);
-        m_result.faults.append({line, field.name, problem});
-        return QDate();
+        const QString shown = u"«%1» "_s.arg(LeftCharacters(cell, 40));
+        if (value == NewValue(QDate()))
+            return shown +
+                   u"non è %1, o è fuori misura."_s.arg(expected(typeOf(place), m_notation));
+        if (m_isUnsure) {
+            const auto other = valueOf(cell, typeOf(place), Notation::International);
+            if (other && *other != value)
+                return shown + u"può essere mille volte tanto: scriverlo con due decimali."_s;
+        }
+        return refusal(m_stored[place], value);
     }
+
+    void addFault(int line, const QString &problem, const QString &field = {})
+    {
+        m_result.faults.append({line, field, problem});
+    }
+    const QString &nameOf(qsizetype place) const { return m_table.definition.fields()[place].name; }
+    FieldType typeOf(qsizetype place) const { return m_table.definition.fields()[place].type; }
 
     const CellColumns &m_columns;
     const ExchangedTable &m_table;
-    std::optional<Notation> m_notation;
+    Notation m_notation;
+    bool m_isUnsure;
     QList<FieldDef> m_stored; ///< the fields as the archive has them
     bool m_isLastWhole = false;
     TypedRows m_result;
@@ -213,10 +211,11 @@ CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table)
     CellColumns best;
     best.missing = table.neededFields;
     for (qsizetype row = 0; row < std::min(rows.size(), MostHeaderRows); ++row) {
-        CellColumns columns = columnsOf(rows[row], table);
-        columns.firstRow = row + 1;
-        if (std::pair(columns.missing.size(), columns.guesses.size()) <
-            std::pair(best.missing.size(), best.guesses.size()))
+        CellColumns columns = columnsOf(rows[row], row + 1, table);
+        const auto [missing, guesses] = columns.lack();
+        // Guesses alone are no header.
+        if (columns.lack() < best.lack() &&
+            (missing == 0 || missing + guesses < table.neededFields.size()))
             best = std::move(columns);
     }
     return best;

@@ -27,6 +27,9 @@ struct CellColumns
     QStringList doubled = {};     ///< names that a cell before has, too; they fill no field
     /** Needed fields that a cell of nearly their name fills, with that name. */
     QList<std::pair<QString, QString>> guesses = {};
+
+    /** How far it is from naming all needed fields: less is better. */
+    auto lack() const { return std::pair(missing.size(), guesses.size()); }
 };
 
 /** Looks among the first rows for the one that names the needed fields of @p table, by their names
