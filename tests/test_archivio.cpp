@@ -88,9 +88,9 @@ void TestArchivio::commandLine()
     add("verifica --codici=CSV/Qui.mdb -- P", "1 Archivi\n  - Qui.mdb: L'archivio non è stato");
     refuse("verifica", "Dopo verifica ci vuole: CARTELLA\n");
     refuse("verifica P/manca", "La cartella non esiste.\n");
-    refuse("verifica P --nuovo", "L'opzione --nuovo non esiste.\n");
-    refuse("verifica P --codici", "Dopo --codici manca qualcosa.\n");
-    refuse("esporta P CSV --sovrascrivi=1", "L'opzione --sovrascrivi non prende alcun valore.\n");
+    refuse("verifica P --nuovo", "L'opzione nuovo non esiste.\n");
+    refuse("verifica P --codici", "Il valore di un'opzione manca, o non ci vuole.\n");
+    refuse("esporta P CSV --sovrascrivi=1", "Il valore di un'opzione manca, o non ci vuole.\n");
 
     add("imposta P 3 del 5/3/2004", "0 Valori impostati: 1.", "2004-03-05|-|-");
     add("imposta P 3 IMPORTOIVA -0,5", "0 Valori impostati: 1.", "-|-|-5000");

@@ -2,6 +2,8 @@
 
 #include "common/errors.h"
 
+#include <QCommandLineParser>
+
 namespace saldoro {
 
 namespace {
@@ -11,20 +13,19 @@ using namespace Qt::StringLiterals;
 /** What a command takes. */
 struct CommandForm
 {
-    QString operands;            ///< their names
-    QMap<QString, bool> options; ///< and whether a value belongs to it
-    int repeated = 0;            ///< operands at the end that may be given more than once
+    QString operands;         ///< their names
+    QStringList options = {}; ///< those that a value belongs to end with "="
+    qsizetype repeated = 0;   ///< operands at the end that may be given more than once
 };
 
 const QMap<QString, CommandForm> &commandForms()
 {
     static const QMap<QString, CommandForm> forms{
-        {u"verifica"_s, {u"CARTELLA"_s, {{u"--codici"_s, true}}}},
+        {u"verifica"_s, {u"CARTELLA"_s, {u"codici="_s}}},
         {u"imposta"_s, {u"CARTELLA PAGAMENTO CAMPO VALORE"_s, {}, 3}},
         {u"importa"_s,
-         {u"CARTELLA_CSV CARTELLA"_s,
-          {{u"--nuovo"_s, false}, {u"--comunque"_s, false}, {u"--sostituisci"_s, true}}}},
-        {u"esporta"_s, {u"CARTELLA CARTELLA_CSV"_s, {{u"--sovrascrivi"_s, false}}}}};
+         {u"CARTELLA_CSV CARTELLA"_s, {u"nuovo"_s, u"comunque"_s, u"sostituisci="_s}}},
+        {u"esporta"_s, {u"CARTELLA CARTELLA_CSV"_s, {u"sovrascrivi"_s}}}};
     return forms;
 }
 
@@ -33,65 +34,53 @@ SaldoroError misuse(const QString &problem)
     return SaldoroError(problem, u"Con --aiuto si leggono le istruzioni."_s);
 }
 
-/** --aiuto or --versione, where one is asked for. */
-QString request(const QStringList &options)
+/** --aiuto or --versione, where one is asked for before "--". */
+QString request(const QStringList &words)
 {
-    static const QMap<QString, QString> requests{{u"--aiuto"_s, u"--aiuto"_s},
-                                                 {u"--help"_s, u"--aiuto"_s},
-                                                 {u"-h"_s, u"--aiuto"_s},
-                                                 {u"--versione"_s, u"--versione"_s},
-                                                 {u"--version"_s, u"--versione"_s}};
-    for (const QString &option : options) {
-        if (requests.contains(option))
-            return requests[option];
+    for (const QString &word : words) {
+        if (word == "--"_L1)
+            break;
+        if (QStringList{u"--aiuto"_s, u"--help"_s, u"-h"_s}.contains(word))
+            return u"--aiuto"_s;
+        if (QStringList{u"--versione"_s, u"--version"_s}.contains(word))
+            return u"--versione"_s;
     }
     return {};
 }
 
-bool isOption(const QString &word)
+/** Has the toolkit tell options and operands apart. */
+void readWords(QStringList words, const CommandForm &form, CommandLine &line)
 {
-    return word.startsWith(u'-') && word.size() > 1 && !word[1].isDigit();
-}
-
-/** Takes the option off the front of @p words, with its value. */
-void takeOption(QStringList &words, const CommandForm &form, CommandLine &line)
-{
-    const QString word = words.takeFirst();
-    const QString name = word.section(u'=', 0, 0);
-    const bool isJoined = word.contains(u'=');
-    const auto option = form.options.find(name);
-    if (option == form.options.end())
-        throw misuse(u"L'opzione "_s + name + u" non esiste."_s);
-    if (isJoined && !*option)
-        throw misuse(u"L'opzione "_s + name + u" non prende alcun valore."_s);
-    if (*option && !isJoined && words.isEmpty())
-        throw misuse(u"Dopo "_s + name + u" manca qualcosa."_s);
-    QStringList &values = line.options[name];
-    if (*option)
-        values.append(isJoined ? word.section(u'=', 1) : words.takeFirst());
+    QCommandLineParser parser;
+    for (const QString &option : form.options)
+        parser.addOption({option.chopped(option.endsWith(u'=') ? 1 : 0),
+                          {},
+                          option.endsWith(u'=') ? u"VALORE"_s : QString()});
+    if (form.options.isEmpty() && !words.contains(u"--"_s))
+        words.insert(1, u"--"_s); // a negative amount is no option
+    const bool isUnderstood = parser.parse(words);
+    for (const QString &option : parser.unknownOptionNames())
+        throw misuse(u"L'opzione %1 non esiste."_s.arg(option));
+    if (!isUnderstood)
+        throw misuse(u"Il valore di un'opzione manca, o non ci vuole."_s);
+    line.operands = parser.positionalArguments();
+    for (const QString &option : parser.optionNames())
+        line.options[u"--"_s + option] = parser.values(option);
 }
 
 } // namespace
 
 CommandLine ParseCommandLine(const QStringList &words)
 {
-    if (const QString asked = request(words.first((words + QStringList(u"--"_s)).indexOf(u"--"_s)));
-        !asked.isEmpty())
+    if (const QString asked = request(words); !asked.isEmpty())
         return {asked, {}, {}};
     if (words.isEmpty())
         throw misuse(u"Manca il comando: verifica, imposta, importa o esporta."_s);
     CommandLine line{words.first(), {}, {}};
     const auto form = commandForms().find(line.command);
     if (form == commandForms().end())
-        throw misuse(u"Il comando "_s + line.command + u" non esiste."_s);
-    QStringList left = words.sliced(1);
-    while (!left.isEmpty() && left.first() != "--"_L1) {
-        if (isOption(left.first()))
-            takeOption(left, *form, line);
-        else
-            line.operands.append(left.takeFirst());
-    }
-    line.operands.append(left.sliced(left.isEmpty() ? 0 : 1));
+        throw misuse(u"Il comando %1 non esiste."_s.arg(line.command));
+    readWords(words, *form, line);
     const qsizetype more = line.operands.size() - form->operands.count(u' ') - 1;
     if (more < 0 || (form->repeated == 0 ? more > 0 : more % form->repeated != 0))
         throw misuse(u"Dopo %1 ci vuole: %2"_s.arg(line.command, form->operands));
