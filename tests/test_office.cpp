@@ -4,12 +4,15 @@
 #include "file_content.h"
 #include "form_driver.h"
 #include "office/frm_appalti.h"
+#include "office/frm_controllo.h"
 #include "office/frm_voci.h"
 #include "sound_project.h"
 #include "store/archives_root.h"
 #include "store/contract_codes.h"
 
 #include <QClipboard>
+#include <QFileDialog>
+#include <QTimer>
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
@@ -172,6 +175,50 @@ private slots:
         QVERIFY(office.messages.last().contains(u"Saldoro non può essere avviato"_s));
         QTRY_VERIFY(BodyText(Find<FlexGrid>(form, u"Elenco"_s)->table())
                         .contains(u"00113|2|1.002,50|0|0,00|1.002,50||"_s));
+    }
+
+    /** A payment's day that lacks is found and set; copy and CSV files are complete. */
+    void checkCopyAndExport()
+    {
+        Archive office;
+        BareFile(office.folder(u"00112"_s) + u"/Saldoro.mdb"_s)
+            .rows(u"UPDATE Fatture SET Del = NULL WHERE Npag = 2"_s);
+        FrmAppalti form;
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        Play(&form, u"to Elenco, Alt+T"_s);
+        auto *check = form.findChild<FrmControllo *>();
+        QTRY_VERIFY(check != nullptr && QApplication::activeWindow() == check);
+        const auto *findings = Find<QListWidget>(*check, u"Difetti"_s);
+        QCOMPARE(findings->count(), 1);
+        QVERIFY(findings->item(0)->text().startsWith(u"Pagamento 2"_s));
+        Play(check, u"to Data, type 01022020, click Imposta"_s);
+        QCOMPARE(findings->count(), 0);
+        QVERIFY(office.messages.last().contains(u"Saldoro copia"_s));
+        QCOMPARE(office.rows(u"00112"_s, u"Saldoro.mdb"_s, u"SELECT Npag, Del FROM Fatture"_s),
+                 u"1|2020-01-31\n2|2020-02-01"_s);
+        Play(check, u"Esc"_s);
+
+        const QTemporaryDir target;
+        const auto chooseTarget = [&target] {
+            auto *box = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+            QVERIFY(box != nullptr);
+            Find<QLineEdit>(*box, u"fileNameEdit"_s)->setText(target.path());
+            QTest::keyClick(Find<QLineEdit>(*box, u"fileNameEdit"_s), Qt::Key_Return);
+        };
+        for (const auto &key : {u"Alt+C"_s, u"Alt+E"_s}) {
+            form.activateWindow(); // off screen no window manager does
+            QTRY_VERIFY(QApplication::activeWindow() == &form);
+            QTimer::singleShot(200, &form, chooseTarget);
+            Play(&form, u"to Elenco, "_s + key);
+        }
+        const QString copy = QDir(target.path()).entryList({u"00112 copia *"_s}).value(0);
+        for (const QString &file : {u"Saldoro.mdb"_s, u"Appalto.mdb"_s, u"AZIDB.mdb"_s})
+            QCOMPARE(
+                BareFile(target.path() + u'/' + copy + u'/' + file).rows(u"PRAGMA quick_check"_s),
+                u"ok"_s);
+        QVERIFY(ContentOf(target.filePath(u"Fatture.csv"_s)).contains("01/02/2020"));
+        QCOMPARE(QDir(target.path()).entryList({u"*.csv"_s}).size(), 8);
     }
 };
 

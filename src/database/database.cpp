@@ -150,10 +150,17 @@ QString Database::backUpBeside() const
     const QString name =
         original.dir().filePath(original.completeBaseName() + u" copia "_s +
                                 QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss"_s));
-    QString copyPath = name + u".mdb"_s;
-    for (int number = 2; QFile::exists(copyPath); ++number)
-        copyPath = name + u" (%1).mdb"_s.arg(number);
-    const QString aside = path() + u".copia"_s;
+    QString copy = name + u".mdb"_s;
+    for (int number = 2; QFile::exists(copy); ++number)
+        copy = name + u" (%1).mdb"_s.arg(number);
+    copyTo(copy);
+    return copy;
+}
+
+void Database::copyTo(const QString &copyPath) const
+{
+    const QString aside =
+        QFileInfo(copyPath).dir().filePath(QFileInfo(path()).fileName() + u".copia"_s);
     const auto removeAside = [&aside] {
         QFile::remove(aside);
         QFile::remove(aside + u"-journal"_s);
@@ -171,7 +178,6 @@ QString Database::backUpBeside() const
         removeAside();
         throw;
     }
-    return copyPath;
 }
 
 QString Database::damage() const

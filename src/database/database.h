@@ -84,6 +84,9 @@ public:
      *  @return the copy's path of the machine. */
     QString backUpBeside() const;
 
+    /** The same in another file of the machine, which is not there yet. */
+    void copyTo(const QString &copyPath) const;
+
     /** What the engine finds first when it looks through the whole file, in its own words; empty
      *  when the file is sound. Throws NotADatabase when it can't even be looked through. */
     QString damage() const;

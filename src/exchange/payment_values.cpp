@@ -83,4 +83,15 @@ QString SetPaymentValues(const QString &ledger, const QStringList &words)
     return copy;
 }
 
+QStringList PaymentsWithoutDay(const QString &ledger)
+{
+    RecordSet payments = Database::open(ledger).openRecordSet(u"SELECT * FROM Fatture"_s);
+    QStringList numbers;
+    for (; !payments.eof(); payments.moveNext()) {
+        if (payments.field(u"Del"_s).isNull())
+            numbers.append(payments.field(u"Npag"_s).textOrEmpty());
+    }
+    return numbers;
+}
+
 } // namespace saldoro

@@ -16,4 +16,7 @@ namespace saldoro {
  */
 QString SetPaymentValues(const QString &ledger, const QStringList &words);
 
+/** Numbers of the payments of a ledger that lack their day, in stored order. */
+QStringList PaymentsWithoutDay(const QString &ledger);
+
 } // namespace saldoro

@@ -12,7 +12,19 @@ namespace {
 constexpr qsizetype lineWidth = 60;
 constexpr qsizetype rowsPerLine = 1000;
 const auto ProgramStart = std::chrono::steady_clock::now();
+
+Progress::Watcher &currentWatcher()
+{
+    static Progress::Watcher watcher;
+    return watcher;
+}
+
 } // namespace
+
+void Progress::setWatcher(Watcher watcher)
+{
+    currentWatcher() = std::move(watcher);
+}
 
 Progress::~Progress()
 {
@@ -22,6 +34,10 @@ Progress::~Progress()
 
 void Progress::show(qsizetype rows)
 {
+    if (rows % rowsPerLine == 0 && currentWatcher()) {
+        currentWatcher()(m_step, rows);
+        return;
+    }
     if (rows % rowsPerLine != 0 || !IsErrorTerminal() ||
         std::chrono::steady_clock::now() - ProgramStart < std::chrono::seconds(1))
         return;

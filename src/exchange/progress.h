@@ -2,11 +2,13 @@
 
 #include <QString>
 
+#include <functional>
 #include <utility>
 
 namespace saldoro {
 
-/** Tells on a terminal how many rows a step has come to, once all work takes more than a second. */
+/** Tells how many rows a step has come to: on a terminal, once all work takes more than a second,
+ * or whoever watches. */
 class Progress
 {
 public:
@@ -20,6 +22,11 @@ public:
     Q_DISABLE_COPY_MOVE(Progress)
 
     void show(qsizetype rows);
+
+    /** Is told step and rows now and then. What it throws breaks the step off. */
+    using Watcher = std::function<void(const QString &step, qsizetype rows)>;
+    /** Puts @p watcher in the place of the terminal; an empty one brings that back. */
+    static void setWatcher(Watcher watcher);
 
 private:
     QString m_step;

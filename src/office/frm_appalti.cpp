@@ -6,13 +6,17 @@
 #include "controls/flex_grid.h"
 #include "controls/form_helpers.h"
 #include "controls/message_box.h"
+#include "exchange/archive_tables.h"
+#include "exchange/export.h"
 #include "office/contract_list.h"
+#include "office/frm_controllo.h"
 #include "office/frm_voci.h"
 #include "office/task.h"
 #include "platform/process.h"
 #include "store/archives_root.h"
 #include "store/contract_codes.h"
 #include "store/open_project.h"
+#include "store/project_files.h"
 
 #include <QBoxLayout>
 #include <QCoreApplication>
@@ -41,6 +45,12 @@ void startSaldoro(const QString &code)
     if (program.isEmpty() || !StartDetached(program, {LaunchToken.toString() + code}))
         throw FileError(program.isEmpty() ? name : program, u"Saldoro non può essere avviato."_s,
                         u"Installare di nuovo il programma."_s);
+}
+
+void open(QWidget &form)
+{
+    CentraForm(form);
+    BringToFront(form);
 }
 
 } // namespace
@@ -97,20 +107,34 @@ QLayout *FrmAppalti::makePlace()
 
 QLayout *FrmAppalti::makeButtons()
 {
-    auto *row = new QHBoxLayout;
-    row->addStretch(1);
-    auto *open = addButton(u"Apri"_s, u"&Apri in Saldoro"_s, u"Apre in Saldoro l'appalto scelto"_s,
-                           &FrmAppalti::openContract);
+    auto *grid = new QGridLayout;
+    auto *start = addButton(u"Apri"_s, u"&Apri in Saldoro"_s, u"Apre in Saldoro l'appalto scelto"_s,
+                            &FrmAppalti::openContract);
     auto *create = addButton(u"Nuovo"_s, u"&Nuovo appalto..."_s,
                              u"Crea un appalto con le voci di un foglio elettronico"_s,
                              &FrmAppalti::createContract);
     auto *replace = addButton(u"Variante"_s, u"Nuova &variante..."_s,
                               u"Dà all'appalto scelto le voci di una nuova variante"_s,
                               &FrmAppalti::replaceBudget);
-    m_ofContract = {open, replace};
-    for (QPushButton *button : {open, create, replace})
-        row->addWidget(button);
-    return row;
+    auto *check = addButton(u"Controlla"_s, u"Con&trolla"_s,
+                            u"Elenca che cosa darà problemi nell'appalto scelto"_s,
+                            &FrmAppalti::checkContract);
+    auto *copy = addButton(u"Copia"_s, u"&Copia..."_s,
+                           u"Copia gli archivi dell'appalto scelto in un'altra cartella"_s,
+                           &FrmAppalti::copyContract);
+    auto *toCsv = addButton(u"Esporta"_s, u"&Esporta in CSV..."_s,
+                            u"Scrive le tabelle dell'appalto scelto in file CSV"_s,
+                            &FrmAppalti::exportContract);
+    auto *close =
+        addButton(u"Chiudi"_s, u"C&hiudi"_s, u"Chiude questa finestra"_s, &FrmAppalti::closeWindow);
+    m_ofContract = {start, replace, check, copy, toCsv};
+    int place = 0;
+    constexpr int perRow = 4;
+    for (QPushButton *button : {start, create, replace, check, copy, toCsv, close}) {
+        grid->addWidget(button, place / perRow, place % perRow);
+        ++place;
+    }
+    return grid;
 }
 
 QPushButton *FrmAppalti::addButton(const QString &name, const QString &caption, const QString &hint,
@@ -197,7 +221,7 @@ void FrmAppalti::createContract()
         m_contracts->setCurrentCode(code);
         Attempt([this] { openContract(); });
     });
-    BringToFront(*form);
+    open(*form);
 }
 
 void FrmAppalti::replaceBudget()
@@ -205,7 +229,49 @@ void FrmAppalti::replaceBudget()
     if (IsProjectOpen(currentFolder()))
         throw SaldoroError(u"L'appalto è aperto in Saldoro."_s,
                            u"Chiudere la sua finestra e riprovare."_s);
-    BringToFront(*new FrmVoci(root(), m_contracts->currentCode(), this));
+    open(*new FrmVoci(root(), m_contracts->currentCode(), this));
+}
+
+void FrmAppalti::checkContract()
+{
+    open(*new FrmControllo(currentFolder(), this));
+}
+
+void FrmAppalti::copyContract()
+{
+    const QString folder =
+        QFileDialog::getExistingDirectory(this, u"Dove mettere la copia"_s, QDir::homePath());
+    QString copy;
+    if (!folder.isEmpty() && AttemptLong(*this, u"Copia dell'appalto"_s, [&](const TaskStep &step) {
+            copy = CopyProject(currentFolder(), folder, step);
+        }))
+        ShowMessage(MessageKind::Information,
+                    u"La copia degli archivi sta in:\n"_s + QDir::toNativeSeparators(copy));
+}
+
+void FrmAppalti::exportContract()
+{
+    const QDir folder(
+        QFileDialog::getExistingDirectory(this, u"Dove scrivere i file CSV"_s, QDir::homePath()));
+    if (folder.path() == u"."_s)
+        return;
+    bool overwrite = false;
+    for (const ExchangedTable &table : ExchangedTables())
+        overwrite = overwrite || folder.exists(table.fileName());
+    if (overwrite && !ChiediConferma(u"Nella cartella ci sono già file CSV. Sostituirli?"_s))
+        return;
+    QString summary;
+    if (AttemptLong(*this, u"Esportazione in CSV"_s, [&](const TaskStep &) {
+            summary = ExportProject(currentFolder(), folder.path(), overwrite);
+        }))
+        ShowMessage(MessageKind::Information,
+                    u"Tabelle scritte in %1:\n\n%2"_s.arg(QDir::toNativeSeparators(folder.path()),
+                                                          summary));
+}
+
+void FrmAppalti::closeWindow()
+{
+    close();
 }
 
 void FrmAppalti::changeEvent(QEvent *event)

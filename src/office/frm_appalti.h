@@ -44,6 +44,10 @@ private:
     void openContract();
     void createContract();
     void replaceBudget();
+    void checkContract();
+    void copyContract();
+    void exportContract();
+    void closeWindow();
 
     QString root() const;
     QString currentFolder() const;

@@ -2,18 +2,64 @@
 
 #include "common/errors.h"
 #include "controls/message_box.h"
+#include "exchange/progress.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QProgressDialog>
+#include <QScopeGuard>
 
 namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** What ends a task that the user gives up; no error to be told. */
+struct Cancelled
+{
+};
+
+} // namespace
 
 bool Attempt(const std::function<void()> &action)
 {
     try {
         action();
         return true;
+    } catch (const Cancelled &) {
+        return false;
     } catch (const std::exception &error) {
         ShowMessage(MessageKind::Critical, QString::fromUtf8(error.what()));
     }
     return false;
+}
+
+bool AttemptLong(QWidget &parent, const QString &title,
+                 const std::function<void(const TaskStep &)> &task)
+{
+    constexpr int moment = 500; // milliseconds
+    QElapsedTimer time;
+    time.start();
+    QProgressDialog dialog(title, u"&Annulla"_s, 0, 0, &parent);
+    dialog.setObjectName(u"Avanzamento"_s);
+    dialog.setWindowTitle(title);
+    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setMinimumDuration(std::numeric_limits<int>::max()); // it shows itself at its end, too
+    const TaskStep step = [&](const QString &state) {
+        if (time.elapsed() < moment)
+            return;
+        dialog.setLabelText(state);
+        dialog.show();
+        QCoreApplication::processEvents();
+        if (dialog.wasCanceled())
+            throw Cancelled();
+    };
+    Progress::setWatcher([&step](const QString &name, qsizetype rows) {
+        step(u"%1: %2 righe"_s.arg(name).arg(rows));
+    });
+    const auto end = qScopeGuard([] { Progress::setWatcher({}); });
+    return Attempt([&] { task(step); });
 }
 
 } // namespace saldoro
