@@ -35,8 +35,12 @@ public:
     /** Imports the CSV files; gives all that is said, behind "NO" when nothing was written. */
     QString import(bool evenSo = false, const QStringList &replaced = {}) const
     {
-        const ImportOutcome outcome = ImportFiles(project(), csv(), {true, evenSo, replaced});
-        return (outcome.isDone ? QString() : u"NO\n"_s) + outcome.remarks() + outcome.summary;
+        try {
+            const ImportOutcome outcome = ImportFiles(project(), csv(), {true, evenSo, replaced});
+            return (outcome.isDone ? QString() : u"NO\n"_s) + outcome.remarks() + outcome.summary;
+        } catch (const SaldoroError &error) {
+            return u"NO\n"_s + error.message();
+        }
     }
 
     /** Rows of a database of the project, as BareFile gives them. */
@@ -44,12 +48,27 @@ public:
     {
         return BareFile(ArchiveFilePath(file, project())).rows(sql);
     }
-    /** The files of the project and of the shared tables. */
+    /** The files of the project and of the shared tables, by their paths. */
     QMap<QString, QByteArray> archive() const
     {
-        QMap<QString, QByteArray> files = ContentsOf(project());
-        files.insert(ContentsOf(project() + u"/../../TABELLE"_s));
+        QMap<QString, QByteArray> files;
+        for (const ArchiveFile file : {ArchiveFile::Codes, ArchiveFile::Ledger}) {
+            const QString folder = QFileInfo(ArchiveFilePath(file, project())).path();
+            const auto contents = ContentsOf(folder);
+            for (auto content = contents.begin(); content != contents.end(); ++content)
+                files.insert(folder + u'/' + content.key(), *content);
+        }
         return files;
+    }
+
+    /** Puts those files in the place of what is there. */
+    void restore(const QMap<QString, QByteArray> &files) const
+    {
+        const auto present = archive();
+        for (auto file = present.begin(); file != present.end(); ++file)
+            QFile::remove(file.key());
+        for (auto file = files.begin(); file != files.end(); ++file)
+            WriteFile(file.key(), *file);
     }
 
 private:

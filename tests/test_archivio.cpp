@@ -111,7 +111,7 @@ void TestArchivio::commandLine()
     add("importa CSV/VOCI P --sostituisci UltimaPerVariante",
         "1 saldoro-archivio: Darebbe problemi più tardi (con --comunque si importa lo stesso):\n");
     add("importa --sostituisci UltimaPerVariante CSV/VOCI --comunque P",
-        "0 Appalto.mdb: ", "-|-|-");
+        "0 saldoro-archivio: Darà problemi più tardi:\n  Ult", "-|-|-");
     refuse("importa CSV/VOCI CSV --nuovo", "Un progetto nuovo sta in una cartella che finisce con");
     refuse("esporta P CSV/VOCI", "Il file c'è già.\n");
     add("esporta P CSV/VOCI --sovrascrivi", "0 Funzioni: 10 righe\n");

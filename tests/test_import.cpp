@@ -1,5 +1,8 @@
+#include "exchange/archive_tables.h"
 #include "office.h"
+#include "platform/machine_path.h"
 #include "platform/registry.h"
+#include "store/open_project.h"
 
 #include <QTest>
 
@@ -13,8 +16,8 @@ class TestImport : public QObject
 private slots:
     void comesIn();
     void refuses();
-    void warns();
     void replaces();
+    void takesOverOrRefuses();
     void keepsCodesAndWhatTheProgramWrote();
     void setsTheArchivesRootOnce();
 };
@@ -83,13 +86,13 @@ void TestImport::refuses()
          "non è una data aaaa-mm-gg|campo Importo: «1.234»"}};
     const std::tuple<const char *, QByteArray, QByteArray> doubts[] = {
         {"UltimaPerVariante", budget + ";x;1\na;x;1\nA;x;1\n",
-         "riga 2, campo Voce: |riga 4, campo Voce: il codice è uguale"},
-        {"Spese", "RelNpag;Cod;Importo\n1;A1;\n", "riga 2, campo Importo: "},
-        {"Fatture",
-         payments + "A;1;Rossi;;1;1;\n;2;Rossi;1/1/2024;1;1;\nP;3;Rossi;1/1/2024;1;1;1\n",
-         "riga 2, campo Del: |riga 3, campo AziProf: |riga 4, campo ImportoPrest: "},
-        {"SchedaProgetto", "Voce;Stringa\nd0101;Rossi\n", "campo Link: "},
-        {"Funzioni", "CodInt;CodExt;Desc\nDA1;X;x\n", "manca il codice interno P97"}};
+         "csv, riga 2: Voce senza codice (riga 1): manca|csv, riga 4: Voce A (riga 3): il codice"},
+        {"Spese", "RelNpag;Cod;Importo\n1;A1;1\n", "riga 2: Conto di spesa alla riga 1 (pag"},
+        {"Fatture", payments + "A;1;Rossi;;1;1;\nB;3;Rossi;1/1/2024;1;1;\n",
+         "riga 2: Pagamento 1 (riga 1, Rossi): manca il valore di Del|riga 3: Pagamento 3 (riga 2, "
+         "Rossi): il tipo di creditore (AziProf) è «B»|riga 3: Riga 2: qui l'elenco"},
+        {"SchedaProgetto", "Voce;Link\nd0101;0\n", "riga 2: Appaltatore (voce D0101): non è"},
+        {"Funzioni", "CodInt;CodExt;Desc\nDA1;X';x\n", "riga 2: Codice DA1: il codice|Codice P97"}};
     const auto check = [](const auto &cases, bool evenSo) {
         for (const auto &[table, file, lines] : cases) {
             const Office office;
@@ -100,34 +103,12 @@ void TestImport::refuses()
             for (const QByteArray &line : lines.split('|'))
                 QVERIFY2(said.contains(QString::fromUtf8(line)),
                          (said.toUtf8() + line).constData());
-            QVERIFY(office.archive().isEmpty()); // not even of the file that is good
+            QVERIFY(!QFileInfo::exists(office.path(u"è"_s))); // not even for the file that is good
             QCOMPARE(office.import(true).contains(u"Saldoro.mdb: creato"_s), !evenSo);
         }
     };
     check(errors, true);
     check(doubts, false);
-}
-
-/** Payments need a number for each row of their list; a pick offers 201 items. */
-void TestImport::warns()
-{
-    const auto said = [](const QString &table, const QByteArray &names, int first, int last) {
-        const Office office;
-        QByteArray rows = names;
-        for (int row = first; row <= last; ++row)
-            rows += "\nA;" + QByteArray::number(row) + ";1;1/1/2024;1;1";
-        office.put(table, rows);
-        return office.import().section(u"chiavi.mdb: creato"_s, 0, 0);
-    };
-    const QByteArray payments = "AziProf;Npag;Creditore;Del;Importo;ImportoIVA";
-    QCOMPARE(said(u"Fatture"_s, payments, 1, 2), QString());
-    for (const auto &[more, first] : {std::pair("", 0), std::pair("\nA;0;x;1/1/2024;1;1", 2),
-                                      std::pair("\nA;2;x;1/1/2024;1;1", 1)})
-        QVERIFY(
-            said(u"Fatture"_s, payments + more, first, 2).contains(u"non sono numerati da 1"_s));
-    const QByteArray items = "Nota;Voce;Descri;x;y;Importo";
-    QVERIFY(!said(u"UltimaPerVariante"_s, items, 1, 201).contains(u"le voci sono"_s));
-    QVERIFY(said(u"UltimaPerVariante"_s, items, 1, 202).contains(u"le voci sono 202; "_s));
 }
 
 void TestImport::replaces()
@@ -149,19 +130,90 @@ void TestImport::replaces()
     // The copy beside it is the database as it was.
     const QString copy = said.section(u"com'era sta in "_s, 1).section(u'\n', 0, 0);
     QCOMPARE(BareFile(copy).rows(budget), u"A1|Scavi|10000"_s);
+    QVERIFY(said.contains(u"A1 (Scavi): da 1,00 a 2,00\n  A2 (Ponti): nuova, 3,00\n"_s));
+}
 
-    // A database that is in use stops the import before another one is changed.
-    office.putBudget("A3;Muri;4\n");
-    office.put(u"Spese"_s, "RelNpag;Cod;Importo\n1;A3;4\n");
-    BareFile otherProgram(ArchiveFilePath(ArchiveFile::Ledger, office.project()));
+/** What stands in the tables that are replaced, and what keeps them from it. */
+void TestImport::takesOverOrRefuses()
+{
+    Office office;
+    office.putBudget("A1;Scavi;100\nB2;Ponti;50\n");
+    office.put(u"Anag"_s, "ID;nominativo;TipImprese\n1;Alfa;\n2;Beta;ATI\n");
+    office.put(u"Fatture"_s, "AziProf;Npag;Creditore;Del;Importo;ImportoIVA;Memo\n"
+                             "A;1;Alfa;1/2/2024;10;2;nota\nA;2;Beta;1/2/2024;5;0;\n");
+    office.put(u"Spese"_s, "RelNpag;Cod;Importo\n1;A1;12\n2;A1;5\n");
+    QVERIFY(office.import().startsWith(u"chiavi.mdb: creato\n"_s));
+    const auto sound = office.archive();
+    // What another program did to the table, the new file, what is said and the rows that stand
+    // there after; without rows nothing has changed, wanted or not.
+    const auto check = [&](const char *table, const char *sql, const char *file, const char *told,
+                           const char *rows = nullptr, bool evenSo = true) {
+        const QString name = QString::fromUtf8(table);
+        const ArchiveFile place = TableNamed(name)->archive;
+        office.restore(sound);
+        office.rows(place, QString::fromUtf8(sql));
+        QDir(office.csv()).removeRecursively();
+        office.put(name, file);
+        const auto before = office.archive();
+        const QString said = office.import(evenSo, {name});
+        QVERIFY2(said.contains(QString::fromUtf8(told)),
+                 qPrintable(said + QString::fromUtf8(told)));
+        QCOMPARE(said.startsWith(u"NO\n"_s), rows == nullptr);
+        if (rows == nullptr)
+            QCOMPARE(office.archive(), before);
+        else
+            QCOMPARE(office.rows(place, u"SELECT * FROM "_s + name), QString::fromUtf8(rows));
+    };
+    const char *wide =
+        "ALTER TABLE Anag ADD COLUMN Via BLOB; UPDATE Anag SET Via = CAST('Po' AS BLOB); "
+        "ALTER TABLE Anag ADD COLUMN _rowid_ DEFAULT 7";
+    check("Anag", wide, "nominativo;ID\nNuova;3\nBeta;2\nAlfa srl;1\n", "Anag: 3 righe",
+          "3|Nuova|-|-|7\n2|Beta|ATI|Po|7\n1|Alfa srl|-|Po|7");
+    check("Anag", wide, "nominativo;ID\nAlfa;1\n",
+          "la riga «2» dell'archivio perderebbe i valori di Via, _rowid_, che il file non dà: nel "
+          "file non c'è.");
+    check("Anag", "", "nominativo;ID\nBeta;2\nBis;2\nAlfa;1\n",
+          "la riga «2» dell'archivio perderebbe i valori di TipImprese, che il file non dà: più "
+          "righe hanno la stessa chiave.");
+    check("Anag", "", "nominativo;ID\nAlfa;1\n", "Anag: 1 riga", "1|Alfa|-");
+    check("Anag",
+          "DROP TABLE Anag; CREATE TABLE Anag (ID INTEGER PRIMARY KEY, nominativo TEXT, TipImprese "
+          "TEXT, Cap GENERATED ALWAYS AS (ID + 1)); INSERT INTO Anag VALUES (1, 'Alfa', NULL)",
+          "ID;nominativo\n3;Gamma\n1;Alfa\n", "Anag: 2 righe", "1|Alfa|-|2\n3|Gamma|-|4");
+    const char *onlyFirst = "AziProf;Npag;Creditore;Del;Importo;ImportoIVA\n"
+                            "A;1;Alfa;1/2/2024;10;2\n";
+    check("Fatture", "", onlyFirst, "Fatture.csv: andrebbe perso il pagamento A|2 (Beta).", nullptr,
+          false);
+    check("Fatture", "", onlyFirst, "Darà problemi più tardi:\n  Fatture.csv: andrebbe perso",
+          "A|1|Alfa|-|2024-02-01|nota|-|-|100000|20000|-|-|-|-|-|-");
+    const char *withoutPaid = "Voce;Descri;Importo\nB2;Ponti;50\n";
+    check("UltimaPerVariante", "", withoutPaid,
+          "A1 (Scavi): tolta, era 100,00, ed è già pagata\n  Conto di spesa alla riga 1", nullptr,
+          false);
+    check("UltimaPerVariante", "", "Voce;Descri;Importo\n", "2 righe, resterebbe vuota.", nullptr,
+          false);
+    check("UltimaPerVariante",
+          "CREATE TRIGGER t AFTER INSERT ON UltimaPerVariante BEGIN UPDATE UltimaPerVariante SET "
+          "Importo = 1; END",
+          withoutPaid, "L'archivio ha cambiato da sé");
+    check("UltimaPerVariante", "PRAGMA journal_mode = WAL", withoutPaid, "Appalto.mdb: ha un gior");
+    check("UltimaPerVariante",
+          "DROP TABLE UltimaPerVariante; CREATE VIEW UltimaPerVariante AS SELECT 'A1' Voce, 'x' "
+          "Descri, 1 Importo",
+          withoutPaid, "Appalto.mdb ha sotto questo nome un'interrogazione");
+    // What was so before is no reason to refuse what has nothing to do with it.
+    check("Spese", "UPDATE Fatture SET Npag = 3 WHERE Npag = 2",
+          "RelNpag;Cod;Importo\n1;A1;12\n3;A1;5\n", "C'era già prima:\n  Riga 2: qui l'elenco",
+          "1|A1|-|120000\n3|A1|-|50000", false);
+    const OpenProject opened(MachinePath(office.project()));
+    check("Spese", "", "RelNpag;Cod;Importo\n1;A1;12\n2;B2;5\n", "Saldoro ha aperto il progetto",
+          nullptr, false);
+    // A database that is in use stops all before one is changed.
+    office.restore(sound);
+    BareFile otherProgram(ArchiveFilePath(ArchiveFile::Companies, office.project()));
     otherProgram.rows(u"BEGIN IMMEDIATE"_s);
-    QVERIFY_THROWS_EXCEPTION(DatabaseError, office.import(false, {u"UltimaPerVariante"_s}));
-    QCOMPARE(office.rows(ArchiveFile::Contract, budget), u"A1|Scavi|20000\nA2|Ponti|30000"_s);
-
-    office.rows(ArchiveFile::Contract,
-                u"DROP TABLE UltimaPerVariante; CREATE VIEW "
-                "UltimaPerVariante AS SELECT 'V' Voce, 'x' Descri, 1 Importo"_s);
-    QVERIFY(office.import(false, {u"UltimaPerVariante"_s}).contains(u"un'interrogazione"_s));
+    QVERIFY(office.import(true, {u"Spese"_s}).contains(u"occupato da un altro programma"_s));
+    QCOMPARE(office.archive(), sound);
 }
 
 void TestImport::keepsCodesAndWhatTheProgramWrote()

@@ -70,7 +70,7 @@ void TestVerify::finds()
     add("L",
         "INSERT INTO Fatture SELECT * FROM Fatture WHERE Npag = 1; UPDATE Fatture SET ImportoIVA = "
         "0 WHERE Npag = 1",
-        "Pagamento 1: il numero è usato da 2 pagamenti (righe 1, 2):\n"
+        "Pagamento 1: il numero è usato da 2 pagamenti (dalla riga 1): ad\n"
         "Righe da 2 a 3: qui l'elenco mostra i pagamenti da 1 a 2, ma");
     add("L", "UPDATE Fatture SET Npag = Npag - 1; UPDATE Spese SET RelNpag = RelNpag - 1",
         "Righe da 1 a 2: qui l'elenco mostra i pagamenti da 0 a 1,");
@@ -82,12 +82,17 @@ void TestVerify::finds()
     add("L", "UPDATE Fatture SET Importo = 9223372036854775807, ImportoIVA = 1 WHERE Npag = 1",
         "Pagamento 1 (riga 1, Edil Valle): la somma degli importi");
     add("L", "UPDATE Fatture SET Importo = 'dieci', Del = 'ieri', Npag = 1.5e10 WHERE Npag = 1",
-        "Pagamento senza numero (riga 2, Edil Valle), Fatture.Npag: il valore «15000000000» non è "
+        "Pagamento senza numero (riga 1, Edil Valle), Fatture.Npag: il valore «15000000000» non è "
         "un numero intero:\n"
-        "Pagamento senza numero (riga 2, Edil Valle), Fatture.Del: il valore «ieri» non è una\n"
-        "Pagamento senza numero (riga 2, Edil Valle), Fatture.Importo: il valore «dieci» non è un\n"
-        "Riga 1: qui l'elenco mostra il pagamento 2,\n"
+        "Pagamento senza numero (riga 1, Edil Valle), Fatture.Del: il valore «ieri» non è una\n"
+        "Pagamento senza numero (riga 1, Edil Valle), Fatture.Importo: il valore «dieci» non è un\n"
         "Conto di spesa alla riga 1 (pagamento 1, codice A1): non è di nessun");
+    add("L",
+        "UPDATE Fatture SET (Importo, Del, Npag) = (1000000.5, '2020/01/31', 1.0) WHERE Npag = 1; "
+        "UPDATE Fatture SET Del = '2020-02-01 10:30' WHERE Npag = 2",
+        "Pagamento 1 (riga 1, Edil Valle), Fatture.Del: il valore «31/01/2020» non è una data\n"
+        "Pagamento 1 (riga 1, Edil Valle), Fatture.Importo: il valore «100.00005» non è un importo "
+        "esatto: il programma si ferma quando lo legge, o ne legge un altro.");
     add("L", "UPDATE Fatture SET ImportoIVA = ImportoIVA + 49", "");
     add("L", "UPDATE Fatture SET ImportoIVA = ImportoIVA + 50 WHERE Npag = 1",
         "Pagamento 1 (riga 1, Edil Valle): i conti di spesa sommano 122,00 e il totale della "
@@ -97,20 +102,25 @@ void TestVerify::finds()
         "ImportoIVA = ImportoIVA - 102 WHERE Npag = 2",
         "Pagamento 2 (riga 2, Ing. Po): i conti di spesa sommano 61,48 e");
     add("L", "UPDATE Spese SET Importo = NULL WHERE Cod = 'B2'",
-        "Conto di spesa alla riga 3 (pagamento 2, codice B2): manca l'importo: il quadro");
+        "Conto di spesa alla riga 3 (pagamento 2, codice B2): manca l'importo, o non si legge\n"
+        "Pagamento 2 (riga 2, Ing. Po): i conti di spesa sommano 60,00 e");
+    add("L", "UPDATE Spese SET (Importo, Cod) = (NULL, 'Z9') WHERE Cod = 'B2'",
+        "Conto di spesa alla riga 3 (pagamento 2, codice Z9): l'appalto non ha una\n"
+        "Pagamento 2 (riga 2, Ing. Po): i conti di spesa sommano 60,00 e");
     add("L", "INSERT INTO Spese VALUES (NULL, NULL, 'x', 0), (2, 'Z9', 'x', 0), (2, 'b2', 'x', 0)",
         "Conto di spesa alla riga 6 (pagamento 2, codice b2): il pagamento ha già\n"
-        "Conto di spesa alla riga 4 (pagamento mancante, codice mancante): non è di nessun\n"
         "Conto di spesa alla riga 4 (pagamento mancante, codice mancante): manca il codice\n"
         "Conto di spesa alla riga 5 (pagamento 2, codice Z9): l'appalto non ha una\n"
-        "Conto di spesa alla riga 6 (pagamento 2, codice b2): la voce dell'appalto si scrive «B2»");
+        "Conto di spesa alla riga 6 (pagamento 2, codice b2): la voce dell'appalto si scrive «B2»\n"
+        "Conto di spesa alla riga 4 (pagamento mancante, codice mancante): non è di nessun");
     add("C",
         "INSERT INTO UltimaPerVariante VALUES (NULL, 'x', 'y'), ('', 'x', 1), (' E1', 'x', 1), "
         "('a1', 'x', 1), ('C3', NULL, 1), ('D''4567', 'x', 1)",
         "Voce senza codice (riga 1), UltimaPerVariante.Importo: il valore «y» non è un importo\n"
-        "Voce senza codice (riga 1): manca il codice\nVoce  (riga 2): il codice è vuoto\n"
+        "Voce senza codice (riga 1): manca il valore di Voce:\nVoce  (riga 2): il codice è vuoto\n"
         "Voce  E1 (riga 3): il codice è vuoto\nVoce a1 (riga 5): il codice è uguale,\n"
-        "Voce C3 (riga 7): manca la descrizione\nVoce D'4567 (riga 8): il codice contiene un\n"
+        "Voce C3 (riga 7): manca il valore di Descri:\nVoce D'4567 (riga 8): il codice contiene "
+        "un\n"
         "Voce D'4567 (riga 8): il codice ha più di cinque caratteri: inserita in un pagamento, la "
         "voce riceve il codice «D'456»");
     const QByteArray items = "WITH RECURSIVE n(i) AS (SELECT 10000 UNION ALL SELECT i + 1 FROM n "

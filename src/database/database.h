@@ -99,6 +99,7 @@ public:
     QString path() const;
 
 private:
+    friend class TableRefill;
     friend class Transaction;
     explicit Database(std::shared_ptr<Connection> file);
     std::shared_ptr<Connection> m_file;

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QString>
 
 namespace saldoro {
 
@@ -19,5 +20,14 @@ int CompareText(QByteArrayView left, QByteArrayView right);
 
 /** A form that is the same for all texts that CompareText() finds equal, and for no others. */
 QByteArray ComparableText(QByteArrayView text);
+
+/** That order as one of keys in program memory. */
+struct TextOrder
+{
+    bool operator()(const QString &left, const QString &right) const
+    {
+        return CompareText(left.toUtf8(), right.toUtf8()) < 0;
+    }
+};
 
 } // namespace saldoro

@@ -29,6 +29,11 @@ const std::vector<ExchangedTable> &ExchangedTables()
         {u"Manda"_s, u"AnagPar AnagRel"_s},
         {u"Fatture"_s, u"AziProf Npag Creditore Del Importo ImportoIVA"_s},
         {u"Spese"_s, u"RelNpag Cod Importo"_s}};
+    static const std::map<QString, QString> keys{
+        {u"Funzioni"_s, u"CodInt"_s},        {u"SchedaProgetto"_s, u"Voce"_s},
+        {u"UltimaPerVariante"_s, u"Voce"_s}, {u"Anag"_s, u"ID"_s},
+        {u"Partecip"_s, u"AnagRel"_s},       {u"Manda"_s, u"AnagPar AnagRel"_s},
+        {u"Fatture"_s, u"AziProf Npag"_s},   {u"Spese"_s, u"RelNpag Cod"_s}};
     static const std::vector<ExchangedTable> tables = [] {
         std::vector<ExchangedTable> result;
         for (const ArchiveFile file : ArchiveFileList) {
@@ -37,7 +42,7 @@ const std::vector<ExchangedTable> &ExchangedTables()
                 QStringList filled = fields;
                 if (table.name() == "UltimaPerVariante"_L1)
                     filled.removeOne(u"Importo"_s); // a null budget counts as 0
-                result.push_back({file, table, fields, filled});
+                result.push_back({file, table, fields, filled, keys.at(table.name()).split(u' ')});
             }
         }
         return result;

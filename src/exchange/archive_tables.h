@@ -17,6 +17,7 @@ struct ExchangedTable
     TableDef definition;
     QStringList neededFields; ///< of a file
     QStringList filledFields; ///< of each row
+    QStringList keyFields;    ///< that rows are known by
 
     const QString &name() const { return definition.name(); }
     QString fileName() const { return name() + QStringLiteral(".csv"); }

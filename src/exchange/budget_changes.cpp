@@ -1,7 +1,7 @@
 #include "exchange/budget_changes.h"
 
 #include "common/amount_text.h"
-#include "store/cost_item_rules.h"
+#include "database/text_order.h"
 #include "store/project_files.h"
 
 #include <algorithm>
@@ -34,7 +34,7 @@ enum Column
 QString BudgetChange::text() const
 {
     const auto shown = [](const std::optional<Currency> &amount) {
-        return amount ? FormatImporto(*amount) : u"nessun importo"_s;
+        return amount ? FormatImporto(*amount) : u"senza importo"_s;
     };
     const QString item = code + u" ("_s + description + u"): "_s;
     if (isDropped)
@@ -47,10 +47,10 @@ QString BudgetChange::text() const
 QList<BudgetChange> BudgetChanges(const TableRows &before, const TableRows &after,
                                   const TableRows &allocations)
 {
-    std::set<QString, CodeOrder> paid;
+    std::set<QString, TextOrder> paid;
     for (const TableRow &row : allocations)
         paid.insert(TextOf(row[AllocatedCode]));
-    std::map<QString, const TableRow *, CodeOrder> old;
+    std::map<QString, const TableRow *, TextOrder> old;
     for (const TableRow &row : before)
         old.emplace(TextOf(row[Code]), &row);
     QList<BudgetChange> changes;

@@ -178,9 +178,9 @@ QStringList linesOf(const QList<CellFault> &faults, const QString &file)
 
 } // namespace
 
-QString CsvTable::place(qsizetype row, const QString &field) const
+QString CsvTable::rowName(qsizetype row) const
 {
-    return u"%1, riga %2, campo %3: "_s.arg(file, QString::number(lines[row]), field);
+    return u"%1, riga %2"_s.arg(file).arg(lines.value(row, static_cast<int>(row) + 1));
 }
 
 CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,

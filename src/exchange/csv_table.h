@@ -20,12 +20,8 @@ struct CsvTable
     QStringList unknownFields = {}; ///< named in the header and left out
     QStringList warnings = {};      ///< what calls for attention, a line each
 
-    const NewValue &value(qsizetype row, const QString &field) const
-    {
-        return rows[row][table->place(field)];
-    }
-    /** "Spese.csv, riga 12, campo Importo: ". */
-    QString place(qsizetype row, const QString &field) const;
+    /** "Spese.csv, riga 12"; without lines the rows count from 1. */
+    QString rowName(qsizetype row) const;
 };
 
 /**

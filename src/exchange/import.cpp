@@ -1,20 +1,24 @@
 #include "exchange/import.h"
 
 #include "common/errors.h"
-#include "database/database.h"
+#include "database/text_order.h"
 #include "exchange/export.h"
-#include "exchange/import_rules.h"
-#include "exchange/progress.h"
+#include "exchange/made_files.h"
 #include "exchange/project_place.h"
+#include "exchange/table_change.h"
+#include "platform/machine_path.h"
+#include "store/internal_codes.h"
+#include "store/open_project.h"
 #include "store/project_files.h"
+#include "verify/verification.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <utility>
 
 namespace saldoro {
@@ -23,16 +27,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/** A line that is complete in itself. */
+Finding line(const QString &text)
+{
+    return {FindingGroup::Files, text, {}, {}};
+}
+
 /** The CSV files of a folder by the table that each is for. */
-std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, QStringList &errors)
+std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, Findings &errors)
 {
     std::map<const ExchangedTable *, QString> paths;
     for (const QFileInfo &file : QDir(folder).entryInfoList({u"*.csv"_s}, QDir::Files)) {
         const ExchangedTable *table = TableNamed(file.completeBaseName());
         if (table == nullptr)
-            errors.append(file.fileName() + u": nessuna tabella ha questo nome."_s);
+            errors.append(line(file.fileName() + u": nessuna tabella ha questo nome."_s));
         else if (!paths.try_emplace(table, file.filePath()).second)
-            errors.append(file.fileName() + u": un altro file è per la stessa tabella."_s);
+            errors.append(line(file.fileName() + u": un altro file è per la stessa tabella."_s));
     }
     if (paths.empty() && errors.isEmpty())
         throw FileError(folder, u"Nella cartella non ci sono file CSV."_s,
@@ -41,102 +51,287 @@ std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, QStrin
     return paths;
 }
 
-/** What becomes of one table. */
-struct TableChange
+/** The items of the contract sheet that the program writes, as the code map names them. */
+class WrittenItems
 {
-    CsvTable table;
-    TableRows seen = {};  ///< the rows that make way
-    bool isNeeded = true; ///< false: the table is as its file already
+public:
+    explicit WrittenItems(const TableRows &codes)
+    {
+        for (const TableRow &row : codes) {
+            const QString code = TextOf(row[0]);
+            const auto used = std::ranges::find_if(UsedCodes, [&code](const UsedCode &one) {
+                return code.compare(one.code, Qt::CaseInsensitive) == 0;
+            });
+            if (used == UsedCodes.end() || used->use == CodeUse::Search)
+                continue;
+            if (used->use == CodeUse::Note)
+                m_noteStart = TextOf(row[1]) + u'_';
+            else
+                m_items.insert(TextOf(row[1]));
+        }
+    }
+
+    bool contains(const QString &item) const
+    {
+        bool isNumber = false;
+        item.mid(m_noteStart.size()).toInt(&isNumber);
+        return m_items.contains(item) || (isNumber && !m_noteStart.isEmpty() &&
+                                          item.startsWith(m_noteStart, Qt::CaseInsensitive));
+    }
+
+private:
+    std::set<QString, TextOrder> m_items;
+    QString m_noteStart;
 };
 
-void append(const Database &database, const ExchangedTable &table, const TableRows &rows)
+/** One import from beginning to end. */
+class ProjectImport
 {
-    const QStringList fields = table.fieldNames();
-    RecordSet records = database.openRecordSet(u"SELECT * FROM "_s + table.name());
-    Progress progress(u"Scrittura di "_s + table.name());
-    for (qsizetype place = 0; place < rows.size(); ++place) {
-        records.addNew();
-        for (qsizetype field = 0; field < fields.size(); ++field)
-            records.set(fields[field], rows[place][field]);
-        records.update();
-        progress.show(place);
-    }
-}
-
-/** Puts the rows of files in the place of those that were seen, in one transaction. */
-void fill(Database database, const QList<const TableChange *> &changes)
-{
-    Transaction transaction(database);
-    for (const TableChange *change : changes) {
-        const ExchangedTable &table = *change->table.table;
-        if (StoredRows(database, table.definition) != change->seen)
-            throw FileError(database.path(), u"L'archivio è cambiato mentre veniva letto."_s,
-                            u"Chiudere Saldoro e ripetere il comando."_s);
-        if (!change->seen.isEmpty())
-            database.deleteAll(table.name());
-        append(database, table, change->table.rows);
-    }
-    transaction.commit();
-}
-
-/** Puts a copy beside a database that can be changed; gives its name. */
-QString backUp(const QString &path)
-{
-    Database database = Database::open(path);
+public:
+    ProjectImport(const QString &folder, QList<CsvTable> tables, const ImportOptions &options)
+        : m_folder(folder)
+        , m_tables(std::move(tables))
+        , m_options(options)
     {
-        const Transaction lock(database); // tells what takes no change, or is in use
     }
-    return database.backUpBeside();
-}
 
-/** Makes a database aside, with all its tables, and renames it. Gives what has been done. */
-QString makeFile(ArchiveFile file, const QString &path, const QList<const TableChange *> &changes)
-{
-    const QString aside = path + u".nuovo"_s;
-    const auto removeAside = [&aside] {
-        QFile::remove(aside);
-        QFile::remove(aside + u"-journal"_s);
-    };
-    removeAside(); // of an import that was broken off
-    try {
-        fill(CreateArchiveFile(aside, file), changes);
-        if (!QFile::rename(aside, path))
-            throw FileError(path, u"L'archivio non può essere creato."_s,
-                            u"Controllare i permessi e lo spazio libero sul disco."_s);
-    } catch (...) {
-        removeAside();
-        throw;
+    ImportOutcome run()
+    {
+        checkRequest();
+        if (!m_outcome.errors.isEmpty())
+            return m_outcome;
+        openDatabases();
+        Transaction transaction(m_databases.begin()->second);
+        const Findings known = verified().findings();
+        planChanges();
+        if (!m_outcome.errors.isEmpty())
+            return m_outcome;
+        const QStringList copies = backUp();
+        for (qsizetype at = 0; at < m_tables.size(); ++at) {
+            if (m_changes[at].isNeeded)
+                WriteChange(database(m_tables[at]), m_tables[at], m_changes[at]);
+        }
+        check(known);
+        if (!m_outcome.errors.isEmpty() || (!m_outcome.refusals.isEmpty() && !m_options.evenSo))
+            return m_outcome;
+        transaction.commit();
+        m_made.keep();
+        m_outcome.isDone = true;
+        m_outcome.copies = copies;
+        summarize();
+        return m_outcome;
     }
-    return QFileInfo(path).fileName() + u": creato\n"_s;
-}
 
-Findings findingsOf(const QStringList &lines)
-{
-    Findings findings;
-    for (const QString &line : lines)
-        findings.append({FindingGroup::Files, line, {}, {}});
-    return findings;
-}
+private:
+    QString path(ArchiveFile file) const { return ArchiveFilePath(file, m_folder); }
+    QString fileName(ArchiveFile file) const { return QFileInfo(path(file)).fileName(); }
+    const Database &database(const CsvTable &table) { return m_databases.at(table.table->archive); }
+    void addError(const QString &text) { m_outcome.errors.append(line(text)); }
+    void refuse(const QString &text) { m_outcome.refusals.append(line(text)); }
 
-/** The definition that a table has in the project, or will have; says why it can't be filled. */
-std::optional<TableDef> storedDefinition(const QString &folder, const ExchangedTable &table,
-                                         QStringList &errors)
-{
-    const QString path = ArchiveFilePath(table.archive, folder);
-    if (!QFileInfo::exists(path))
-        return table.definition;
-    const Database database = Database::open(path);
-    std::optional<TableDef> stored = database.tableDef(table.name());
-    if (!stored)
-        errors.append(table.fileName() + u": "_s + QFileInfo(path).fileName() +
-                      (database.isStoredQuery(table.name())
-                           ? u" ha sotto questo nome un'interrogazione, che non si sostituisce."_s
-                           : u" non ha questa tabella."_s));
-    return stored;
-}
+    bool isGiven(const QString &name) const
+    {
+        return std::ranges::any_of(
+            m_tables, [&name](const CsvTable &table) { return table.table == TableNamed(name); });
+    }
 
-QString headed(const QString &heading, const QStringList &lines)
+    /** What needs no look into the databases. */
+    void checkRequest()
+    {
+        const QString codesFolder = QFileInfo(path(ArchiveFile::Codes)).path();
+        if (!m_options.createProject && !QFileInfo(codesFolder).isDir())
+            addError(codesFolder + u": la cartella non c'è; con --nuovo viene fatta."_s);
+        for (const QString &name : m_options.replacedTables) {
+            if (!isGiven(name))
+                addError(u"--sostituisci "_s + name +
+                         u": nella cartella non c'è un file di questa tabella."_s);
+        }
+        for (const CsvTable &table : std::as_const(m_tables)) {
+            m_outcome.warnings.append(table.warnings);
+            if (!table.unknownFields.isEmpty())
+                m_outcome.warnings.append(table.file + u": campi tralasciati: "_s +
+                                          table.unknownFields.join(u", "_s) + u'.');
+        }
+        if (QFileInfo::exists(m_folder) && IsProjectOpen(m_folder))
+            refuse(u"Saldoro ha aperto il progetto, e vi lavorerebbe con i valori di prima: "
+                   "chiuderlo."_s);
+    }
+
+    /** Makes what is missing and opens all on one connection. */
+    void openDatabases()
+    {
+        if (m_options.createProject) {
+            m_made.makeFolder(m_folder);
+            m_made.makeFolder(QFileInfo(path(ArchiveFile::Codes)).path());
+        }
+        if (!QFileInfo::exists(path(ArchiveFile::Codes)) && !isGiven(u"Funzioni"_s))
+            m_tables.append({TableNamed(u"Funzioni"_s), u"Funzioni"_s, StandardCodeRows()});
+        for (const ArchiveFile file : ArchiveFileList) {
+            if (!QFileInfo::exists(path(file))) {
+                m_made.makeDatabase(path(file), file);
+                m_new.insert(file);
+            }
+        }
+        const ArchiveFile first = m_tables.first().table->archive; // one that is to be written
+        m_databases.emplace(first, Database::open(path(first)));
+        for (const ArchiveFile file : ArchiveFileList) {
+            if (file != first)
+                m_databases.emplace(file, m_databases.at(first).attach(path(file)));
+            if (!m_databases.at(file).hasPlainJournal())
+                addError(fileName(file) + u": "_s + NoPlainJournal.toString());
+        }
+    }
+
+    Verification verified() const
+    {
+        Verification verification;
+        for (const auto &[file, opened] : m_databases)
+            verification.read(opened, file);
+        return verification;
+    }
+
+    void planChanges()
+    {
+        for (const CsvTable &given : std::as_const(m_tables)) {
+            const QString &name = given.table->name();
+            m_changes.append(TableChange());
+            if (!database(given).tableDef(name)) {
+                addError(
+                    given.file + u": "_s + fileName(given.table->archive) +
+                    (database(given).isStoredQuery(name)
+                         ? u" ha sotto questo nome un'interrogazione, che non si sostituisce."_s
+                         : u" non ha questa tabella."_s));
+                continue;
+            }
+            QStringList losses;
+            m_changes.last() = ChangeOf(database(given), given, losses);
+            for (const QString &loss : std::as_const(losses))
+                addError(loss);
+            if (m_changes.last().isNeeded && !m_changes.last().stored.isEmpty())
+                checkReplacement(given, m_changes.last());
+        }
+    }
+
+    void checkReplacement(const CsvTable &given, const TableChange &change)
+    {
+        const QString &name = given.table->name();
+        const QString count = QString::number(change.stored.size());
+        if (!m_options.replacedTables.contains(name, Qt::CaseInsensitive))
+            addError(u"%1: la tabella contiene già %2 righe; con --sostituisci %3 vengono "
+                     "sostituite."_s.arg(given.file, count, name));
+        else if (change.rows.isEmpty())
+            refuse(u"%1: la tabella, che contiene %2 righe, resterebbe vuota."_s.arg(given.file,
+                                                                                     count));
+        if (name == "Funzioni"_L1)
+            m_outcome.warnings.append(
+                given.file + u": i codici valgono per tutti i progetti, e cambiano per tutti."_s);
+    }
+
+    /** Copies what was there before and is to change. */
+    QStringList backUp()
+    {
+        std::map<ArchiveFile, QString> copies;
+        for (qsizetype at = 0; at < m_tables.size(); ++at) {
+            const ArchiveFile file = m_tables[at].table->archive;
+            if (!m_changes[at].isNeeded || m_new.contains(file) || copies.contains(file))
+                continue;
+            copies[file] = m_databases.at(file).backUpBeside();
+            m_made.add(copies[file]);
+        }
+        QStringList paths;
+        for (const ArchiveFile file : ArchiveFileList) {
+            if (copies.contains(file)) {
+                paths.append(copies[file]);
+                m_done += u"%1: cambiato; com'era sta in %2\n"_s.arg(fileName(file), copies[file]);
+            } else if (m_new.contains(file)) {
+                m_done += fileName(file) + u": creato\n"_s;
+            }
+        }
+        return paths;
+    }
+
+    /** What the project will be like; @p known was found before. */
+    void check(const Findings &known)
+    {
+        const Verification verification = verified();
+        const ProjectTables &tables = verification.tables();
+        for (qsizetype at = 0; at < m_tables.size(); ++at) {
+            if (m_changes[at].isNeeded)
+                checkDropped(m_tables[at], m_changes[at], tables);
+        }
+        for (Finding finding : verification.findings()) {
+            const bool isKnown = std::ranges::any_of(known, [&finding](const Finding &one) {
+                return one.place == finding.place && one.problem == finding.problem;
+            });
+            for (const CsvTable &given : std::as_const(m_tables)) {
+                if (finding.row >= 0 && finding.row < given.rows.size() &&
+                    finding.table == given.table->name())
+                    finding.place.prepend(given.rowName(finding.row) + u": "_s);
+            }
+            // Values and files that can't be read right are told by each command until they are.
+            const bool isPassed = isKnown && finding.group != FindingGroup::Files &&
+                                  finding.group != FindingGroup::Values;
+            (isPassed ? m_outcome.known : m_outcome.refusals).append(finding);
+        }
+    }
+
+    /** Payments, items that are paid, and items that the program has written. */
+    void checkDropped(const CsvTable &given, const TableChange &change, const ProjectTables &tables)
+    {
+        const ExchangedTable &table = *given.table;
+        const auto rowsOf = [&tables](const QString &name) {
+            const auto found = tables.find(name);
+            return found == tables.end() ? TableRows() : found->second.rows;
+        };
+        if (table.name() == "UltimaPerVariante"_L1 && !change.stored.isEmpty())
+            m_outcome.budget = BudgetChanges(change.stored, change.rows, rowsOf(u"Spese"_s));
+        for (const BudgetChange &item : std::as_const(m_outcome.budget)) {
+            if (table.name() == "UltimaPerVariante"_L1 && item.isDropped && item.isPaid)
+                refuse(given.file + u": "_s + item.text());
+        }
+        const WrittenItems written(rowsOf(u"Funzioni"_s));
+        for (const TableRow &row : DroppedRows(table, change)) {
+            if (table.name() == "Fatture"_L1)
+                refuse(u"%1: andrebbe perso il pagamento %2 (%3)."_s.arg(
+                    given.file, KeyOf(table, row), TextOf(row[table.place(u"Creditore"_s)])));
+            const QString item = table.name() == "SchedaProgetto"_L1 ? TextOf(row[0]) : QString();
+            if (written.contains(item))
+                addError(u"%1: andrebbe persa la voce %2 (%3), che ha scritto Saldoro; aggiungerla "
+                         "al file."_s.arg(given.file, item, TextOf(row[table.place(u"Descri"_s)])));
+        }
+    }
+
+    void summarize()
+    {
+        m_outcome.summary = m_done;
+        for (qsizetype at = 0; at < m_tables.size(); ++at)
+            m_outcome.summary += SummaryOf(*m_tables[at].table, m_changes[at].rows) +
+                                 (m_changes[at].isNeeded ? u"\n"_s : u" (c'era già, uguale)\n"_s);
+        if (!m_outcome.budget.isEmpty())
+            m_outcome.summary += u"Voci di spesa cambiate:\n"_s;
+        for (const BudgetChange &item : std::as_const(m_outcome.budget))
+            m_outcome.summary += u"  "_s + item.text() + u'\n';
+    }
+
+    MadeFiles m_made; // goes last, when the databases are closed
+    QString m_folder;
+    QList<CsvTable> m_tables;
+    const ImportOptions &m_options;
+    std::map<ArchiveFile, Database> m_databases;
+    std::set<ArchiveFile> m_new;
+    QList<TableChange> m_changes; ///< of each table
+    QString m_done;               ///< with the databases
+    ImportOutcome m_outcome;
+};
+
+QString headed(const QString &heading, QStringList lines)
 {
+    constexpr qsizetype most = 20;
+    if (lines.size() > most) {
+        const qsizetype more = lines.size() - most;
+        lines.resize(most);
+        lines.append(u"... e altri %1"_s.arg(more));
+    }
     return lines.isEmpty() ? QString() : heading + u"\n  "_s + lines.join(u"\n  "_s) + u'\n';
 }
 
@@ -144,163 +339,20 @@ QStringList linesOf(const Findings &findings)
 {
     QStringList lines;
     for (const Finding &finding : findings)
-        lines.append(finding.place +
-                     (finding.problem.isEmpty() ? QString() : u": "_s + finding.problem));
+        lines.append(finding.problem.isEmpty() ? finding.place
+                                               : finding.place + u": "_s + finding.problem);
     return lines;
 }
-
-/** One import from beginning to end. */
-class ProjectImport
-{
-public:
-    ProjectImport(const ImportOptions &options, const QString &folder)
-        : m_options(options)
-        , m_folder(folder)
-    {
-    }
-
-    /** Reads and checks. */
-    void prepare(const QList<CsvTable> &tables)
-    {
-        const QString codesFolder = QFileInfo(path(ArchiveFile::Codes)).path();
-        if (!m_options.createProject && !QFileInfo(codesFolder).isDir())
-            m_remarks.errors.append(codesFolder +
-                                    u": la cartella non c'è; con --nuovo viene fatta."_s);
-        const auto isGiven = [&tables](const QString &name) {
-            return std::any_of(tables.begin(), tables.end(), [&name](const CsvTable &table) {
-                return table.table == TableNamed(name);
-            });
-        };
-        for (const QString &name : m_options.replacedTables) {
-            if (!isGiven(name))
-                m_remarks.errors.append(u"--sostituisci "_s + name +
-                                        u": nella cartella non c'è un file di questa tabella."_s);
-        }
-        for (const CsvTable &table : tables)
-            read(table);
-        if (!exists(ArchiveFile::Codes) && !isGiven(codesTable().name()))
-            m_changes.prepend({{&codesTable(), codesTable().fileName(), StandardCodeRows()}});
-        // The code map comes first among the tables.
-        const bool haveCodes = !m_changes.isEmpty() && &table(m_changes.first()) == &codesTable();
-        const TableRows codes = haveCodes ? m_changes.first().table.rows : storedCodes();
-        for (const TableChange &change : m_changes)
-            CheckRows(change.table, codes, m_remarks);
-    }
-
-    ImportOutcome outcome() const
-    {
-        return {m_remarks.allowWriting(m_options.evenSo), findingsOf(m_remarks.errors),
-                findingsOf(m_remarks.refusals), m_remarks.warnings, m_budget};
-    }
-
-    /** Gives what has been written. */
-    QString write()
-    {
-        // What is in the way of one database is told before another one is changed; those that
-        // are new are made first.
-        std::map<ArchiveFile, QString> copies;
-        for (const ArchiveFile file : ArchiveFileList) {
-            if (exists(file) && !changesOf(file).isEmpty())
-                copies[file] = backUp(path(file));
-        }
-        QString done;
-        const auto add = [&done](const std::function<QString()> &step) {
-            WithDetail(
-                u"Prima di questo"_s, [&done] { return done.trimmed(); }, [&] { done += step(); });
-        };
-        for (const ArchiveFile file : ArchiveFileList) {
-            if (!exists(file))
-                add([&] { return makeFile(file, path(file), changesOf(file)); });
-        }
-        for (const auto &[file, copy] : copies)
-            add([&, file = file, copy = copy] { return changeFile(file, copy); });
-        for (const TableChange &change : m_changes)
-            done += SummaryOf(table(change), change.table.rows) +
-                    (change.isNeeded ? u"\n"_s : u" (c'era già, uguale)\n"_s);
-        return done;
-    }
-
-private:
-    static const ExchangedTable &codesTable() { return ExchangedTables().front(); }
-    static const ExchangedTable &table(const TableChange &change) { return *change.table.table; }
-    QString path(ArchiveFile file) const { return ArchiveFilePath(file, m_folder); }
-    bool exists(ArchiveFile file) const { return QFileInfo::exists(path(file)); }
-
-    void read(const CsvTable &read)
-    {
-        TableRows rows;
-        const bool isThere = exists(read.table->archive);
-        if (isThere)
-            rows = StoredRows(Database::open(path(read.table->archive)), read.table->definition);
-        m_remarks.warnings.append(read.warnings);
-        if (!read.unknownFields.isEmpty())
-            m_remarks.warnings.append(read.file + u": campi tralasciati: "_s +
-                                      read.unknownFields.join(u", "_s) + u'.');
-        const bool isNeeded = !isThere || read.rows != rows;
-        if (isNeeded && !rows.isEmpty())
-            checkReplacement(read, rows);
-        m_changes.append({read, std::move(rows), isNeeded});
-        if (read.table->name() == "UltimaPerVariante"_L1 && isThere)
-            m_budget = CompareBudget(m_folder, read.rows);
-    }
-
-    void checkReplacement(const CsvTable &table, const TableRows &rows)
-    {
-        const QString &name = table.table->name();
-        if (!m_options.replacedTables.contains(name, Qt::CaseInsensitive)) {
-            m_remarks.errors.append(
-                u"%1: la tabella contiene già %2 righe; con --sostituisci %3 vengono sostituite."_s
-                    .arg(table.file)
-                    .arg(rows.size())
-                    .arg(name));
-        } else if (name == "Funzioni"_L1) {
-            m_remarks.warnings.append(
-                table.file + u": i codici valgono per tutti i progetti, e cambiano per tutti."_s);
-        } else if (name == "SchedaProgetto"_L1) {
-            for (const QString &item : LostItems(table, rows, storedCodes()))
-                m_remarks.errors.append(table.file + u": andrebbe persa la voce "_s + item +
-                                        u", che ha scritto Saldoro; aggiungerla al file."_s);
-        }
-    }
-
-    /** The code map as it is, or will be made. */
-    TableRows storedCodes() const
-    {
-        return exists(ArchiveFile::Codes)
-                   ? StoredRows(Database::open(path(ArchiveFile::Codes)), codesTable().definition)
-                   : StandardCodeRows();
-    }
-
-    QList<const TableChange *> changesOf(ArchiveFile file) const
-    {
-        QList<const TableChange *> changes;
-        for (const TableChange &change : m_changes) {
-            if (table(change).archive == file && change.isNeeded)
-                changes.append(&change);
-        }
-        return changes;
-    }
-
-    QString changeFile(ArchiveFile file, const QString &copy) const
-    {
-        fill(Database::open(path(file)), changesOf(file));
-        return u"%1: cambiato; com'era sta in %2\n"_s.arg(QFileInfo(path(file)).fileName(), copy);
-    }
-
-    const ImportOptions &m_options;
-    QString m_folder;
-    ImportRemarks m_remarks;
-    QList<TableChange> m_changes;
-    QList<BudgetChange> m_budget;
-};
 
 } // namespace
 
 QString ImportOutcome::remarks() const
 {
     return headed(u"Avvertimenti:"_s, warnings) + headed(u"Errori:"_s, linesOf(errors)) +
-           headed(u"Darebbe problemi più tardi (con --comunque si importa lo stesso):"_s,
-                  isDone ? QStringList() : linesOf(refusals)) +
+           headed(isDone ? u"Darà problemi più tardi:"_s
+                         : u"Darebbe problemi più tardi (con --comunque si importa lo stesso):"_s,
+                  linesOf(refusals)) +
+           headed(u"C'era già prima:"_s, linesOf(known)) +
            (isDone ? QString() : u"Niente è stato scritto.\n"_s);
 }
 
@@ -310,16 +362,17 @@ ImportOutcome ImportTables(const QString &projectFolder, const QList<CsvTable> &
     std::optional<ProjectPlace> place;
     if (options.createProject)
         place = PlaceOf(projectFolder);
-    ProjectImport import(options, place ? place->folder : ExistingFolder(projectFolder));
-    import.prepare(tables);
-    ImportOutcome outcome = import.outcome();
-    if (!outcome.isDone)
-        return outcome;
-    if (place)
-        MakeFolders(*place);
-    outcome.summary = import.write();
-    if (place)
-        outcome.summary += SettingReport(*place);
+    const QString folder = place ? place->folder : ExistingFolder(projectFolder);
+    ImportOutcome outcome = WithDetail(u"Esito"_s, u"Niente è stato scritto."_s, [&] {
+        return ProjectImport(folder, tables, options).run();
+    });
+    if (place && outcome.isDone) {
+        try {
+            outcome.summary += SettingReport(*place);
+        } catch (const SaldoroError &error) {
+            outcome.warnings.append(error.message());
+        }
+    }
     return outcome;
 }
 
@@ -329,15 +382,19 @@ ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder
     const QString folder =
         options.createProject ? PlaceOf(projectFolder).folder : ExistingFolder(projectFolder);
     RefuseMixedFiles(csvFolder);
-    QStringList errors;
+    ImportOutcome outcome;
     QList<CsvTable> tables;
-    for (const auto &[table, path] : csvPaths(ExistingFolder(csvFolder), errors)) {
-        if (auto definition = storedDefinition(folder, *table, errors))
-            tables.append(ReadCsvTable(path, *table, *std::move(definition), errors));
+    for (const auto &[table, path] : csvPaths(ExistingFolder(csvFolder), outcome.errors)) {
+        const QString database = ArchiveFilePath(table->archive, folder);
+        std::optional<TableDef> stored;
+        if (QFileInfo::exists(database))
+            stored = Database::open(database).tableDef(table->name());
+        QStringList errors;
+        tables.append(ReadCsvTable(path, *table, stored.value_or(table->definition), errors));
+        for (const QString &error : std::as_const(errors))
+            outcome.errors.append(line(error));
     }
-    if (!errors.isEmpty())
-        return {false, findingsOf(errors)};
-    return ImportTables(projectFolder, tables, options);
+    return outcome.errors.isEmpty() ? ImportTables(projectFolder, tables, options) : outcome;
 }
 
 } // namespace saldoro

@@ -24,6 +24,7 @@ struct ImportOutcome
     bool isDone = false;             ///< false: nothing was written
     Findings errors = {};            ///< for which nothing is ever written
     Findings refusals = {};          ///< for which nothing is written unless it is wanted even so
+    Findings known = {};             ///< which were there before; no reason to refuse
     QStringList warnings = {};       ///< what was passed over, a line each
     QList<BudgetChange> budget = {}; ///< what changes, or would, where there was a budget
     QStringList copies = {};         ///< paths of the databases as they were, where one has changed

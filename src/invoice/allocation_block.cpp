@@ -7,8 +7,8 @@
 #include "common/overview_column.h"
 #include "common/text_cut.h"
 #include "controls/form_helpers.h"
-#include "store/cost_item_rules.h"
 #include "store/ledger.h"
+#include "store/pick_limits.h"
 
 namespace saldoro {
 

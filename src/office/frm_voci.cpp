@@ -9,8 +9,8 @@
 #include "office/paste_table.h"
 #include "office/task.h"
 #include "store/contract_codes.h"
-#include "store/cost_item_rules.h"
 #include "store/open_project.h"
+#include "verify/checks.h"
 
 #include <QBoxLayout>
 #include <QCloseEvent>
@@ -32,14 +32,12 @@ const ExchangedTable &budgetTable()
 
 QList<CellFault> budgetFaults(const TableRows &rows)
 {
-    const qsizetype code = budgetTable().place(u"Voce"_s);
-    const qsizetype description = budgetTable().place(u"Descri"_s);
-    QList<CostItem> items;
-    for (const TableRow &row : rows)
-        items.append({TextOf(row[code]), TextOf(row[description])});
+    const ProjectTable table{budgetTable().definition, rows};
+    Findings findings;
+    CheckBudget(table, BudgetOf(table), findings);
     QList<CellFault> faults;
-    for (const CostItemFault &fault : CostItemFaults(items))
-        faults.append({static_cast<int>(fault.item), fault.field, fault.problem});
+    for (const Finding &finding : std::as_const(findings))
+        faults.append({static_cast<int>(finding.row), u"Voce"_s, finding.problem});
     return faults;
 }
 

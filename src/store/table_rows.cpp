@@ -11,29 +11,27 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/** The value of a field that is not null. */
 NewValue valueOf(const FieldDef &field, const FieldValue &stored, Reading reading)
 {
     constexpr qsizetype dayLength = 10;
-    const NewValue wrong = QDate();
-    if (stored.isNull())
-        return {};
-    if (!stored.isOfItsKind())
-        return wrong;
+    const bool isExact = reading == Reading::Exact;
+    const auto bytes = stored.storedBytes();
     try {
+        if (!stored.isOfItsKind())
+            return isExact ? NewValue(QDate()) : stored.text();
         if (field.type == FieldType::Currency)
             return stored.currency();
         if (field.type == FieldType::Integer || field.type == FieldType::Long)
             return stored.integer();
-        const auto bytes = stored.storedBytes();
         if (field.type == FieldType::Date && !(bytes && bytes->isEmpty()))
-            return reading == Reading::Exact && bytes && bytes->size() != dayLength ? QDate()
-                                                                                    : stored.date();
-        if (bytes)
-            return TextOfUtf8(*bytes);
-        return reading == Reading::Exact ? wrong : stored.text();
-    } catch (const DatabaseError &) {
-        return wrong; // the field is of another type
+            return isExact && bytes && bytes->size() != dayLength ? QDate() : stored.date();
+    } catch (const DatabaseError &) { // the field is of another type
+        return isExact ? NewValue(QDate()) : stored.text();
     }
+    if (bytes)
+        return TextOfUtf8(*bytes);
+    return isExact ? NewValue(QDate()) : stored.text();
 }
 
 } // namespace
@@ -49,7 +47,9 @@ TableRows StoredRows(const Database &database, const TableDef &table, Reading re
         TableRow row;
         row.reserve(columns.size());
         for (const auto &[column, field] : columns)
-            row.append(valueOf(*field, records.field(column), reading));
+            row.append(records.field(column).isNull()
+                           ? NewValue()
+                           : valueOf(*field, records.field(column), reading));
         rows.append(std::move(row));
     }
     return rows;

@@ -7,16 +7,15 @@
 
 namespace saldoro {
 
-/** A row of a table: a value for each field of its definition, null where there is none. An
- *  invalid day stands for a stored value that is not what the field should hold. */
+/** A row of a table: a value for each field of its definition, null where there is none. */
 using TableRow = QList<NewValue>;
 using TableRows = QList<TableRow>;
 
-/** How stored values are taken. */
+/** How stored values are taken that are not of their field's kind. */
 enum class Reading
 {
-    Exact,    ///< only what a CSV file can tell: no day with a time, no bytes that are no text
-    AsProgram ///< as the program takes texts and days; numbers have to be of their kind, too
+    Exact,    ///< as an invalid day; also a day with a time and bytes that are no text
+    AsProgram ///< as their text; texts and days are taken as the program takes them
 };
 
 /** The rows of a table, or of a stored query, in stored order. Throws DatabaseError, also for a

@@ -1,5 +1,6 @@
 #include "common/amount_text.h"
 #include "common/errors.h"
+#include "database/text_order.h"
 #include "verify/checks.h"
 
 #include <map>
@@ -11,114 +12,101 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void add(const QString &place, const QString &problem, const QString &remedy, Findings &findings)
-{
-    findings.append({FindingGroup::Allocations, place, problem, remedy});
-}
+constexpr QStringView openPayment =
+    u"aprire il pagamento, eliminare la riga e inserire la voce giusta.";
 
-/** What the invoice form shows as total of the allocations; no value when it can't be formed. */
-std::optional<QString> shownTotal(const QList<AllocationRow> &allocations)
+/** What the invoice form shows as total of the allocations. Throws OverflowError. */
+QString shownTotal(const QList<const CheckedRow *> &allocations)
 {
     Currency total;
-    for (const AllocationRow &allocation : allocations) {
-        if (!allocation.amount)
-            return std::nullopt;
-        try {
-            total += ImportoDaTesto(FormatImporto(*allocation.amount));
-        } catch (const OverflowError &) {
-            return std::nullopt;
-        }
-    }
+    for (const CheckedRow *allocation : allocations)
+        total += ImportoDaTesto(FormatImporto(allocation->amount.value_or(Currency())));
     return FormatImporto(total);
 }
 
 } // namespace
 
-void CheckOwners(const QList<AllocationRow> &allocations, const QList<PaymentRow> &payments,
-                 Findings &findings)
+void CheckRepeated(const QList<CheckedRow> &allocations, Findings &findings)
 {
-    std::set<std::optional<qint32>> numbers;
-    for (const PaymentRow &payment : payments)
-        numbers.insert(payment.number);
-    numbers.erase(std::nullopt);
-    for (const AllocationRow &allocation : allocations) {
-        if (!numbers.contains(allocation.payment))
-            add(allocation.name,
-                u"non è di nessun pagamento: l'importo riduce la disponibilità della voce e il "
-                "primo pagamento con quel numero se lo trova dentro."_s,
-                u"eliminare la riga dall'archivio o darle il numero giusto, con l'aiuto "
-                "dell'assistenza."_s,
-                findings);
-    }
-}
-
-void CheckItems(const QList<AllocationRow> &allocations, const QList<CostItem> &budget,
-                Findings &findings)
-{
-    std::set<QString, CodeOrder> codes;
-    for (const CostItem &item : budget) {
-        if (item.code)
-            codes.insert(*item.code);
-    }
-    for (const AllocationRow &allocation : allocations) {
-        if (!allocation.code) {
-            add(allocation.name,
-                u"manca il codice della voce: l'importo non compare nel quadro di disponibilità."_s,
-                u"aprire il pagamento, eliminare la riga e inserire la voce giusta."_s, findings);
-            continue;
-        }
-        const auto code = codes.find(*allocation.code);
-        if (code == codes.end())
-            add(allocation.name,
-                u"l'appalto non ha una voce di spesa con questo codice: l'importo non compare nel "
-                "quadro di disponibilità."_s,
-                u"aprire il pagamento e passare l'importo a una voce dell'appalto."_s, findings);
-        else if (*code != *allocation.code)
-            add(allocation.name,
-                u"la voce dell'appalto si scrive «"_s + *code +
-                    u"», con altre maiuscole: il pagamento può ricevere due volte la stessa voce e "
-                    "il salvataggio ne scrive una sola."_s,
-                u"aprire il pagamento, eliminare la riga e inserire di nuovo la voce."_s, findings);
-    }
-}
-
-void CheckRepeated(const QList<AllocationRow> &allocations, Findings &findings)
-{
-    std::map<qint32, std::set<QString, CodeOrder>> items;
-    for (const AllocationRow &allocation : allocations) {
-        if (allocation.payment && allocation.code &&
-            !items[*allocation.payment].insert(*allocation.code).second)
-            add(allocation.name,
+    std::map<qint32, std::set<QString, TextOrder>> items;
+    for (const CheckedRow &allocation : allocations) {
+        if (allocation.number && allocation.code &&
+            !items[*allocation.number].insert(*allocation.code).second)
+            findings.append(FindingAt(
+                allocation, FindingGroup::Allocations,
                 u"il pagamento ha già questa voce in un'altra riga: «Conferma» scrive gli importi "
                 "di tutte e due nella prima."_s,
                 u"aprire il pagamento, eliminare una delle due righe e dare all'altra l'importo "
-                "giusto."_s,
-                findings);
+                "giusto."_s));
     }
 }
 
-void CheckInvoices(const QList<AllocationRow> &allocations, const QList<PaymentRow> &payments,
-                   Findings &findings)
+void CheckInvoices(const ProjectTable &fatture, const QList<CheckedRow> &payments,
+                   const QList<CheckedRow> &allocations, Findings &findings)
 {
-    std::map<qint32, QList<AllocationRow>> ofPayment;
-    for (const AllocationRow &allocation : allocations) {
-        if (allocation.payment)
-            ofPayment[*allocation.payment].append(allocation);
-    }
     std::map<qint32, int> payers;
-    for (const PaymentRow &payment : payments)
-        ++payers[payment.number.value_or(0)];
-    for (const PaymentRow &payment : payments) {
-        // Payments of one number share their allocations; that is found elsewhere.
-        if (!payment.number || !payment.gross || payers[*payment.number] > 1)
+    for (const CheckedRow &payment : payments) {
+        if (payment.number)
+            ++payers[*payment.number];
+    }
+    std::map<qint32, QList<const CheckedRow *>> ofPayment;
+    for (const CheckedRow &allocation : allocations) {
+        if (allocation.number && payers.contains(*allocation.number))
+            ofPayment[*allocation.number].append(&allocation);
+        else
+            findings.append(FindingAt(
+                allocation, FindingGroup::Allocations,
+                u"non è di nessun pagamento: l'importo riduce la disponibilità della voce e il "
+                "primo pagamento con quel numero se lo trova dentro."_s,
+                InTheArchive));
+    }
+    for (const CheckedRow &payment : payments) {
+        // Payments of one number share their allocations; that is found elsewhere, as are sums
+        // that can't be formed.
+        if (!payment.number || payers[*payment.number] > 1)
             continue;
-        const QString total = FormatImporto(*payment.gross);
-        const QString allocated = shownTotal(ofPayment[*payment.number]).value_or(total);
-        if (allocated != total)
-            add(payment.name,
-                u"i conti di spesa sommano %1 e il totale della fattura è %2."_s.arg(allocated,
-                                                                                     total),
-                u"aprire il pagamento e correggere i conti di spesa o gli importi."_s, findings);
+        try {
+            const auto gross = GrossAmount(fatture, payment);
+            const QString allocated = shownTotal(ofPayment[*payment.number]);
+            if (gross && allocated != FormatImporto(*gross))
+                findings.append(FindingAt(
+                    payment, FindingGroup::Allocations,
+                    u"i conti di spesa sommano %1 e il totale della fattura è %2."_s.arg(
+                        allocated, FormatImporto(*gross)),
+                    u"aprire il pagamento e correggere i conti di spesa o gli importi."_s));
+        } catch (const OverflowError &) {
+        }
+    }
+}
+
+void CheckItems(const QList<CheckedRow> &allocations, const QList<CheckedRow> &budget,
+                Findings &findings)
+{
+    std::set<QString, TextOrder> codes;
+    for (const CheckedRow &item : budget) {
+        if (item.code)
+            codes.insert(*item.code);
+    }
+    for (const CheckedRow &allocation : allocations) {
+        const auto add = [&](const QString &problem, QStringView remedy = openPayment) {
+            findings.append(FindingAt(allocation, FindingGroup::Allocations, problem, remedy));
+        };
+        const auto code = allocation.code ? codes.find(*allocation.code) : codes.end();
+        if (!allocation.code)
+            add(u"manca il codice della voce: l'importo non compare nel quadro di "
+                "disponibilità."_s);
+        else if (code == codes.end())
+            add(u"l'appalto non ha una voce di spesa con questo codice: l'importo non compare nel "
+                "quadro di disponibilità."_s);
+        else if (*code != *allocation.code)
+            add(u"la voce dell'appalto si scrive «%1», con altre maiuscole: il pagamento può "
+                "ricevere due volte la stessa voce e il salvataggio ne scrive una sola."_s.arg(
+                    *code));
+        if (code != codes.end() && !allocation.amount)
+            add(u"manca l'importo, o non si legge: il quadro di disponibilità si ferma a questa "
+                u"voce e la "
+                "schermata principale non si apre."_s,
+                InTheArchive);
     }
 }
 

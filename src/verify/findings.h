@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringView>
 
 namespace saldoro {
 
@@ -25,9 +26,16 @@ struct Finding
     QString place;   ///< payment, row, code... that it is found at
     QString problem; ///< what is wrong and what comes of it
     QString remedy;  ///< what to do
+    // The row that it is about, if it is about one.
+    QString table = {};
+    qsizetype row = -1; ///< in stored order, from 0
 };
 
 using Findings = QList<Finding>;
+
+/** The remedy for what the program itself can't put right. */
+inline constexpr QStringView InTheArchive =
+    u"correggere il valore nell'archivio, con l'aiuto dell'assistenza.";
 
 /** The report, grouped, one finding after the other in the order they were made; a last line with
  *  their number. Ends with a line end. */

@@ -1,49 +1,60 @@
 #pragma once
 
 #include "common/currency.h"
-#include "database/record_set.h"
-#include "database/table_def.h"
-#include "store/cost_item_rules.h"
+#include "store/table_rows.h"
 #include "verify/findings.h"
 
 #include <QList>
 #include <QString>
 
+#include <map>
 #include <optional>
 
 namespace saldoro {
 
-/*
- * The rows that the checks go over. A value that is missing or wrong is none here; when it stops
- * the program it becomes a finding as the row is read.
- */
-
-/** A payment; rows are those of the payments list, from 1. */
-struct PaymentRow
+/** A table as a project holds it, read as the program reads it. */
+struct ProjectTable
 {
-    int row = 0;
-    std::optional<qint32> number;
-    std::optional<QString> kind;
-    std::optional<Currency> gross;
-    QString name; ///< "Pagamento 12 (riga 3, Edil Rossi)"
+    TableDef definition;
+    TableRows rows;
+
+    /** The value of that kind in a row; none for a null and for a value of another kind. */
+    template <typename Value>
+    std::optional<Value> value(qsizetype row, const QString &field) const
+    {
+        const auto *value = std::get_if<Value>(&rows[row][definition.place(field)]);
+        return value == nullptr ? std::nullopt : std::optional(*value);
+    }
+    bool isNull(qsizetype row, const QString &field) const
+    {
+        return rows[row][definition.place(field)] == NewValue();
+    }
 };
 
-/** An allocation. */
-struct AllocationRow
+/** The tables of a project that can be read, by their names. */
+using ProjectTables = std::map<QString, ProjectTable>;
+
+/** A payment, an allocation or a cost item. A value that is missing or wrong is none. */
+struct CheckedRow
 {
-    std::optional<qint32> payment;
-    std::optional<QString> code;
-    std::optional<Currency> amount;
-    QString name; ///< "Conto di spesa alla riga 4 (pagamento 12, codice A01)"
+    QString table;
+    qsizetype place = 0;                 ///< in stored order, from 0
+    int row = 0;                         ///< in the order in which the program shows them, from 1
+    QString name = {};                   ///< what the clerk knows it by
+    std::optional<qint32> number = {};   ///< of the payment
+    std::optional<QString> code = {};    ///< of the cost item; of a payment its kind of creditor
+    std::optional<Currency> amount = {}; ///< of an allocation
 };
 
-/** Each reads a table that has just been opened, all fields of @p table being there. Throws
- *  DatabaseError. */
-QList<PaymentRow> ReadPayments(RecordSet &records, const TableDef &table, Findings &findings);
-QList<AllocationRow> ReadAllocations(RecordSet &records, const TableDef &table, Findings &findings);
-QList<CostItem> ReadBudget(RecordSet &records, const TableDef &table, Findings &findings);
+/** A finding about a row. */
+Finding FindingAt(const CheckedRow &row, FindingGroup group, const QString &problem,
+                  QStringView remedy);
 
-/** "Voce A01 (riga 2)": a cost item by its place, from 0. */
-QString CostItemName(const CostItem &item, qsizetype place);
+/** The payments as their list shows them: "Pagamento 12 (riga 3, Edil Rossi)". */
+QList<CheckedRow> PaymentsOf(const ProjectTable &fatture);
+/** In stored order: "Conto di spesa alla riga 4 (pagamento 12, codice A01)". */
+QList<CheckedRow> AllocationsOf(const ProjectTable &spese);
+/** The cost items as the overview shows them: "Voce A01 (riga 2)". */
+QList<CheckedRow> BudgetOf(const ProjectTable &budget);
 
 } // namespace saldoro

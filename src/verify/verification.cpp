@@ -1,13 +1,12 @@
 #include "verify/verification.h"
 
 #include "common/errors.h"
-#include "database/database.h"
 #include "store/project_files.h"
 #include "verify/checks.h"
 
 #include <QFileInfo>
 
-#include <map>
+#include <utility>
 
 namespace saldoro {
 
@@ -40,94 +39,97 @@ Finding fileFault(const QString &path, const DatabaseError &error)
     return {FindingGroup::Files, place, error.problem(), error.remedy()};
 }
 
-/** A table as the program opens it: its rows are named and found in that order. */
-QString queryOf(const QString &table)
+/** Whether the program writes into a table, for which it must not be a stored query. */
+bool isWritten(const QString &table)
 {
-    static const std::map<QString, QString> orders{{u"Funzioni"_s, u" ORDER BY CodInt"_s},
-                                                   {u"UltimaPerVariante"_s, u" ORDER BY Voce"_s},
-                                                   {u"SchedaProgetto"_s, u" ORDER BY VOCE"_s},
-                                                   {u"Fatture"_s, u" ORDER BY Npag "_s}};
-    const auto order = orders.find(table);
-    return u"SELECT * FROM "_s + table + (order == orders.end() ? QString() : order->second);
+    return QStringList{u"Fatture"_s, u"Spese"_s, u"SchedaProgetto"_s}.contains(table);
 }
 
-/** One check from beginning to end. */
-class Verification
+} // namespace
+
+/** What can't be read becomes a finding; the rest is read all the same. */
+template <typename Action>
+void Verification::guarded(const QString &path, const Action &action)
 {
-public:
-    void readFile(ArchiveFile file, const QString &path)
-    {
-        guarded(path, [&] {
-            const Database database = Database::openReadOnly(path);
-            for (const TableDef &table : TablesOf(file))
-                guarded(path, [&] { readTable(database, table); });
+    try {
+        action();
+    } catch (const DatabaseError &error) {
+        throwWhatHinders(path, error);
+        m_ofFiles.append(fileFault(path, error));
+    }
+}
+
+void Verification::read(const Database &database, ArchiveFile file)
+{
+    const QString name = QFileInfo(database.path()).fileName();
+    const auto add = [&](const QString &place, const QString &problem) {
+        m_ofFiles.append({FindingGroup::Files, place, problem,
+                          u"rimettere al suo posto una copia di riserva del file, o far rimediare "
+                          "all'assistenza."_s});
+    };
+    guarded(database.path(), [&] {
+        if (!database.hasPlainJournal())
+            add(name, NoPlainJournal.toString());
+        if (const QString damage = database.damage(); !damage.isEmpty())
+            add(name, u"il file è danneggiato ("_s + damage + u")."_s);
+    });
+    for (const TableDef &table : TablesOf(file)) {
+        guarded(database.path(), [&] {
+            m_tables.insert_or_assign(
+                table.name(), ProjectTable{table, StoredRows(database, table, Reading::AsProgram)});
+            if (isWritten(table.name()) && database.isStoredQuery(table.name()))
+                add(name + u", tabella "_s + table.name(),
+                    u"è un'interrogazione e non una tabella: il programma non vi può scrivere."_s);
         });
     }
+}
 
-    Findings findings()
-    {
-        if (m_budget)
-            CheckBudget(*m_budget, m_findings);
-        if (m_payments)
-            CheckNumbering(*m_payments, m_findings);
-        if (m_allocations)
-            CheckRepeated(*m_allocations, m_findings);
-        if (m_allocations && m_payments) {
-            CheckOwners(*m_allocations, *m_payments, m_findings);
-            CheckInvoices(*m_allocations, *m_payments, m_findings);
-        }
-        if (m_allocations && m_budget)
-            CheckItems(*m_allocations, *m_budget, m_findings);
-        return m_findings;
+Findings Verification::findings() const
+{
+    Findings findings = m_ofFiles;
+    const auto table = [this](const QString &name) {
+        const auto found = m_tables.find(name);
+        return found == m_tables.end() ? nullptr : &found->second;
+    };
+    const ProjectTable *fatture = table(u"Fatture"_s);
+    const ProjectTable *spese = table(u"Spese"_s);
+    const ProjectTable *voci = table(u"UltimaPerVariante"_s);
+    const auto payments = fatture ? PaymentsOf(*fatture) : QList<CheckedRow>();
+    const auto allocations = spese ? AllocationsOf(*spese) : QList<CheckedRow>();
+    const auto budget = voci ? BudgetOf(*voci) : QList<CheckedRow>();
+    for (const auto &[name, rows] : m_tables)
+        CheckValues(rows,
+                    &rows == fatture ? payments
+                    : &rows == spese ? allocations
+                    : &rows == voci  ? budget
+                                     : QList<CheckedRow>(),
+                    findings);
+    if (const ProjectTable *codes = table(u"Funzioni"_s)) {
+        const QString contractor = CheckCodes(*codes, findings);
+        if (const ProjectTable *sheet = table(u"SchedaProgetto"_s))
+            CheckContractor(*sheet, contractor, findings);
     }
-
-private:
-    /** What can't be read becomes a finding; the rest is read all the same. */
-    template <typename Action>
-    void guarded(const QString &path, const Action &action)
-    {
-        try {
-            action();
-        } catch (const DatabaseError &error) {
-            throwWhatHinders(path, error);
-            m_findings.append(fileFault(path, error));
-        }
+    CheckRepeated(allocations, findings);
+    if (voci) {
+        CheckBudget(*voci, budget, findings);
+        CheckItems(allocations, budget, findings);
     }
-
-    void readTable(const Database &database, const TableDef &table)
-    {
-        RecordSet records = database.openRecordSet(queryOf(table.name()));
-        for (const FieldDef &field : table.fields())
-            records.column(field.name);
-        if (table.name() == "Funzioni"_L1)
-            m_contractor = CheckCodes(records, m_findings);
-        else if (table.name() == "SchedaProgetto"_L1)
-            CheckContractor(records, m_contractor, m_findings);
-        else if (table.name() == "UltimaPerVariante"_L1)
-            m_budget = ReadBudget(records, table, m_findings);
-        else if (table.name() == "Fatture"_L1)
-            m_payments = ReadPayments(records, table, m_findings);
-        else if (table.name() == "Spese"_L1)
-            m_allocations = ReadAllocations(records, table, m_findings);
+    if (fatture) {
+        CheckPayments(*fatture, payments, findings);
+        CheckNumbering(payments, findings);
+        CheckInvoices(*fatture, payments, allocations, findings);
     }
-
-    Findings m_findings;
-    QString m_contractor; ///< code of its item
-    // No value: the table could not be read.
-    std::optional<QList<CostItem>> m_budget;
-    std::optional<QList<PaymentRow>> m_payments;
-    std::optional<QList<AllocationRow>> m_allocations;
-};
-
-} // namespace
+    return findings;
+}
 
 Findings VerifyProject(const QString &folder, const QString &codes)
 {
     Verification verification;
-    for (const ArchiveFile file : ArchiveFileList)
-        verification.readFile(file, file == ArchiveFile::Codes && !codes.isEmpty()
-                                        ? codes
-                                        : ArchiveFilePath(file, folder));
+    for (const ArchiveFile file : ArchiveFileList) {
+        const QString path =
+            file == ArchiveFile::Codes && !codes.isEmpty() ? codes : ArchiveFilePath(file, folder);
+        verification.guarded(path, [&] { verification.read(Database::openReadOnly(path), file); });
+    }
     return verification.findings();
 }
 

@@ -1,10 +1,39 @@
 #pragma once
 
+#include "store/suite_tables.h"
 #include "verify/findings.h"
+#include "verify/project_rows.h"
 
 #include <QString>
 
 namespace saldoro {
+
+/** What is wrong with a database whose journal is not the plain one. */
+inline constexpr QStringView NoPlainJournal =
+    u"ha un giornale (WAL) che lascia altri file accanto, senza i quali una copia non vale: "
+    "riportarlo al giornale normale nel programma che lo tiene.";
+
+/** One check of a project, from its databases as they are when they are read. */
+class Verification
+{
+public:
+    /** Reads the tables of a database. What can't be read is a finding; a database that is locked
+     *  is not, and throws DatabaseError. */
+    void read(const Database &database, ArchiveFile file);
+
+    /** The tables that could be read. */
+    const ProjectTables &tables() const { return m_tables; }
+    /** What all of them show together. */
+    Findings findings() const;
+
+private:
+    friend Findings VerifyProject(const QString &folder, const QString &codes);
+    template <typename Action>
+    void guarded(const QString &path, const Action &action);
+
+    ProjectTables m_tables;
+    Findings m_ofFiles;
+};
 
 /**
  * Reads the databases of the project in @p folder (of the machine) without changing anything and

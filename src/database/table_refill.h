@@ -1,0 +1,45 @@
+#pragma once
+
+#include "database/connection.h"
+#include "database/database.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+namespace saldoro {
+
+/**
+ * Puts other records in the place of all those of a table, within a transaction. What a new record
+ * does not name it takes over, byte for byte, from one that was there, also from fields that nobody
+ * here knows.
+ */
+class TableRefill
+{
+public:
+    /** Sets the records of the table aside. @p fields are those that the new records name. Throws
+     *  FieldMissing, NotStored and as Database::deleteAll(). */
+    TableRefill(const Database &database, const QString &table, const QStringList &fields);
+    /** Lets go of what was set aside. */
+    ~TableRefill();
+    Q_DISABLE_COPY_MOVE(TableRefill)
+
+    /** Appends a record with @p values in the order of the fields, and the rest from the record
+     *  that was at the place @p former, counted from 0; without one the file's defaults. Throws
+     *  TypeMismatch, FieldTooSmall, ZeroLengthRefused, NullValue for a field that the file wants
+     *  filled, NotStored, DiskFull. */
+    void add(const QList<NewValue> &values, std::optional<qsizetype> former);
+
+private:
+    std::shared_ptr<Connection> m_file;
+    QString m_table;
+    QList<FieldDef> m_fields;
+    bool m_hasOthers = false; ///< fields that the new records do not name
+    std::optional<Statement> m_insert;
+    std::optional<Statement> m_carry; ///< inserts with what it takes over
+};
+
+} // namespace saldoro

@@ -1,0 +1,44 @@
+#include "exchange/made_files.h"
+
+#include "exchange/project_place.h"
+#include "platform/whole_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+MadeFiles::~MadeFiles()
+{
+    for (; !m_paths.isEmpty(); m_paths.removeLast()) {
+        if (QFileInfo(m_paths.last()).isDir())
+            QDir().rmdir(m_paths.last()); // stays when others have put something into it
+        else
+            QFile::remove(m_paths.last());
+    }
+}
+
+void MadeFiles::makeFolder(const QString &folder)
+{
+    const qsizetype end = m_paths.size();
+    for (QString missing = folder; !QFileInfo::exists(missing); missing = QFileInfo(missing).path())
+        m_paths.insert(end, missing);
+    MakeFolder(folder);
+}
+
+void MadeFiles::makeDatabase(const QString &path, ArchiveFile file)
+{
+    const QString aside = path + u".nuovo"_s;
+    MadeFiles ofThisStep;
+    QFile::remove(aside); // of a try that was broken off
+    ofThisStep.add(aside);
+    ofThisStep.add(aside + u"-journal"_s);
+    CreateArchiveFile(aside, file);
+    PutInPlace(aside, path);
+    add(path);
+}
+
+} // namespace saldoro

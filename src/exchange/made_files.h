@@ -1,0 +1,32 @@
+#pragma once
+
+#include "store/suite_tables.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace saldoro {
+
+/** Folders and files, by paths of the machine, that a try makes; they go with it unless they are
+ *  kept. */
+class MadeFiles
+{
+public:
+    MadeFiles() = default;
+    ~MadeFiles();
+    Q_DISABLE_COPY_MOVE(MadeFiles)
+
+    /** Makes a folder with those above it that are missing. Throws FileError. */
+    void makeFolder(const QString &folder);
+    /** Makes a database with its empty tables, which has its name only when it is complete. Throws
+     *  DatabaseError, FileError. */
+    void makeDatabase(const QString &path, ArchiveFile file);
+    /** Takes over a file that has just been made. */
+    void add(const QString &path) { m_paths.append(path); }
+    void keep() { m_paths.clear(); }
+
+private:
+    QStringList m_paths;
+};
+
+} // namespace saldoro

@@ -1,0 +1,173 @@
+#include "exchange/table_change.h"
+
+#include "common/errors.h"
+#include "database/table_refill.h"
+#include "database/text_order.h"
+#include "exchange/progress.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <utility>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString shownValue(const NewValue &value)
+{
+    const auto *number = std::get_if<qint32>(&value);
+    return number == nullptr ? TextOf(value) : QString::number(*number);
+}
+
+/** The places of the rows of each key, as the databases compare keys. */
+using Places = QHash<QByteArray, QList<qsizetype>>;
+
+QByteArray comparableKey(const ExchangedTable &table, const TableRow &row)
+{
+    return ComparableText(KeyOf(table, row).toUtf8());
+}
+
+Places placesOf(const ExchangedTable &table, const TableRows &rows)
+{
+    Places places;
+    for (qsizetype place = 0; place < rows.size(); ++place)
+        places[comparableKey(table, rows[place])].append(place);
+    return places;
+}
+
+/** For each stored row the fields with a value that nobody here knows. */
+QList<QStringList> unknownValues(const Database &database, const ExchangedTable &table)
+{
+    const auto definition = database.tableDef(table.name());
+    RecordSet records = database.openRecordSet(u"SELECT * FROM "_s + table.name());
+    QStringList unknown;
+    for (const FieldDef &field : definition ? definition->fields() : QList<FieldDef>()) {
+        if (table.place(field.name) < 0)
+            unknown.append(field.name);
+    }
+    QList<QStringList> rows;
+    for (; !unknown.isEmpty() && !records.eof(); records.moveNext()) {
+        rows.append(QStringList());
+        for (const QString &field : std::as_const(unknown)) {
+            if (!records.field(field).isNull())
+                rows.last().append(field);
+        }
+    }
+    return rows;
+}
+
+/** The fields that the rows name; of a table that is given without names all. */
+QStringList namedFields(const CsvTable &given)
+{
+    return given.fields.isEmpty() ? given.table->fieldNames() : given.fields;
+}
+
+/** What those fields hold. */
+TableRows partOf(const TableRows &rows, const ExchangedTable &table, const QStringList &fields)
+{
+    if (fields.size() == table.definition.fields().size() && fields == table.fieldNames())
+        return rows;
+    TableRows parts;
+    for (const TableRow &row : rows) {
+        parts.append(TableRow());
+        for (const QString &field : fields)
+            parts.last().append(row[table.place(field)]);
+    }
+    return parts;
+}
+
+bool haveSameRows(TableRows one, TableRows other)
+{
+    if (one == other)
+        return true;
+    std::ranges::sort(one); // a table that keeps an order of its own
+    std::ranges::sort(other);
+    return one == other;
+}
+
+} // namespace
+
+QString KeyOf(const ExchangedTable &table, const TableRow &row)
+{
+    QStringList parts;
+    for (const QString &field : table.keyFields)
+        parts.append(shownValue(row[table.place(field)]));
+    return parts.join(u'|');
+}
+
+TableChange ChangeOf(const Database &database, const CsvTable &given, QStringList &losses)
+{
+    const ExchangedTable &table = *given.table;
+    TableChange change{StoredRows(database, table.definition), given.rows};
+    const QStringList named = namedFields(given);
+    change.isNeeded = partOf(change.stored, table, named) != partOf(given.rows, table, named);
+    change.formers.resize(given.rows.size());
+    if (!change.isNeeded)
+        return change;
+    QStringList unnamed = table.fieldNames();
+    for (const QString &field : named)
+        unnamed.removeOne(field);
+    const QList<QStringList> unknown = unknownValues(database, table);
+    const Places old = placesOf(table, change.stored);
+    const Places coming = placesOf(table, given.rows);
+    for (qsizetype place = 0; place < change.stored.size(); ++place) {
+        const TableRow &row = change.stored[place];
+        const QByteArray key = comparableKey(table, row);
+        const QList<qsizetype> takers = coming.value(key);
+        const bool isPair = takers.size() == 1 && old.value(key).size() == 1;
+        QStringList kept = unknown.value(place);
+        for (const QString &field : takers.isEmpty() ? QStringList() : unnamed) {
+            const NewValue &value = row[table.place(field)];
+            if (isPair)
+                change.rows[takers.first()][table.place(field)] = value;
+            if (value != NewValue())
+                kept.append(field);
+        }
+        if (isPair)
+            change.formers[takers.first()] = place;
+        else if (!kept.isEmpty())
+            losses.append(
+                u"%1: la riga «%2» dell'archivio perderebbe i valori di %3, che il file non dà: %4."_s
+                    .arg(given.file, KeyOf(table, row), kept.join(u", "_s),
+                         takers.isEmpty() ? u"nel file non c'è"_s
+                                          : u"più righe hanno la stessa chiave"_s));
+    }
+    return change;
+}
+
+TableRows DroppedRows(const ExchangedTable &table, const TableChange &change)
+{
+    const Places coming = placesOf(table, change.rows);
+    TableRows dropped;
+    for (const TableRow &row : change.stored) {
+        if (!coming.contains(comparableKey(table, row)))
+            dropped.append(row);
+    }
+    return dropped;
+}
+
+void WriteChange(const Database &database, const CsvTable &given, const TableChange &change)
+{
+    const ExchangedTable &table = *given.table;
+    const QStringList fields = namedFields(given);
+    const TableRows rows = partOf(given.rows, table, fields);
+    {
+        TableRefill refill(database, table.name(), fields);
+        Progress progress(u"Scrittura di "_s + table.name());
+        for (qsizetype row = 0; row < rows.size(); ++row) {
+            WithDetail(
+                u"Riga"_s, [&] { return given.rowName(row); },
+                [&] { refill.add(rows[row], change.formers[row]); });
+            progress.show(row);
+        }
+    }
+    if (!haveSameRows(partOf(StoredRows(database, table.definition), table, fields), rows))
+        throw FileError(database.path(),
+                        u"L'archivio ha cambiato da sé ciò che vi è stato scritto (trigger)."_s,
+                        u"Togliere i trigger dall'archivio, con l'aiuto dell'assistenza."_s);
+}
+
+} // namespace saldoro

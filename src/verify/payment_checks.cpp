@@ -1,0 +1,185 @@
+#include "common/creditor_kind.h"
+#include "common/errors.h"
+#include "common/text_cut.h"
+#include "verify/checks.h"
+
+#include <algorithm>
+#include <iterator>
+#include <map>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** What a value should be that is given as text since it is not of its kind; else empty. */
+QString expectedInstead(FieldType type, const NewValue &value)
+{
+    const auto *text = std::get_if<QString>(&value);
+    if (text == nullptr || (type == FieldType::Date && text->isEmpty()))
+        return {};
+    return type == FieldType::Date                                 ? u"una data"_s
+           : type == FieldType::Currency                           ? u"un importo esatto"_s
+           : type == FieldType::Long || type == FieldType::Integer ? u"un numero intero"_s
+                                                                   : QString();
+}
+
+/** Fields of a payment that the program reads without a substitute for a null. */
+struct NeededFields
+{
+    QString fields;
+    bool professionalsOnly;
+    QString consequence;
+};
+
+const QList<NeededFields> &neededFields()
+{
+    static const QList<NeededFields> needs{
+        {u"Npag Creditore Del Importo ImportoIVA"_s, false,
+         u"la schermata principale si ferma a questa riga e non si apre."_s},
+        {u"AziProf"_s, false,
+         u"«Modifica» su questo pagamento fa terminare il programma e i documenti di chiusura lo "
+         "tralasciano."_s},
+        {u"ImportoPrest Contributo CassaPrev ImportoRA"_s, true,
+         u"la chiusura della schermata principale si ferma senza completare i documenti."_s}};
+    return needs;
+}
+
+/** How the clerk can give a payment the value that it lacks. */
+QString remedyOfNull(const CheckedRow &payment, const QString &field)
+{
+    if (!payment.number || field == "Creditore"_L1 || field == "AziProf"_L1)
+        return InTheArchive.toString();
+    if (field == "Del"_L1 || field == "Importo"_L1 || field == "ImportoIVA"_L1)
+        return u"impostarlo con saldoro-archivio imposta CARTELLA %1 %2 %3"_s.arg(
+            QString::number(*payment.number), field,
+            field == "Del"_L1 ? u"gg/mm/aaaa"_s : u"1.234,56"_s);
+    return u"aprire il pagamento e confermarlo: i campi vuoti diventano zero."_s;
+}
+
+/** "Riga 3", "Righe da 3 a 5". */
+QString span(const QString &one, const QString &several, int first, int last)
+{
+    return first == last ? one + u' ' + QString::number(first)
+                         : several + u" da %1 a %2"_s.arg(first).arg(last);
+}
+
+bool isInPlace(const CheckedRow &payment)
+{
+    return !payment.number || *payment.number == payment.row;
+}
+
+} // namespace
+
+void CheckValues(const ProjectTable &table, const QList<CheckedRow> &rows, Findings &findings)
+{
+    const QList<FieldDef> &fields = table.definition.fields();
+    QStringList names(table.rows.size());
+    for (const CheckedRow &row : rows)
+        names[row.place] = row.name;
+    for (qsizetype row = 0; row < table.rows.size(); ++row) {
+        for (qsizetype place = 0; place < fields.size(); ++place) {
+            const NewValue &value = table.rows[row][place];
+            const QString expected = expectedInstead(fields[place].type, value);
+            if (expected.isEmpty())
+                continue;
+            const QString &name = table.definition.name();
+            findings.append(
+                {FindingGroup::Values,
+                 (rows.isEmpty() ? u"Riga %1"_s.arg(row + 1) : names[row]) + u", "_s + name + u'.' +
+                     fields[place].name,
+                 u"il valore «%1» non è %2: il programma si ferma quando lo legge, o ne legge un "
+                 "altro."_s.arg(LeftCharacters(TextOf(value), 40), expected),
+                 InTheArchive.toString(), name, row});
+        }
+    }
+}
+
+std::optional<Currency> GrossAmount(const ProjectTable &fatture, const CheckedRow &payment)
+{
+    const auto amount = [&](const QString &field) {
+        return fatture.value<Currency>(payment.place, field);
+    };
+    const bool hasOthers = payment.code == KindCode(CreditorKind::Professional);
+    const auto others = hasOthers ? amount(u"AltriImporti01"_s) : std::nullopt;
+    const auto fee = amount(u"Importo"_s);
+    const auto vat = amount(u"ImportoIVA"_s);
+    return fee && vat ? std::optional(*fee + *vat + others.value_or(Currency())) : std::nullopt;
+}
+
+void CheckPayments(const ProjectTable &fatture, const QList<CheckedRow> &payments,
+                   Findings &findings)
+{
+    for (const CheckedRow &payment : payments) {
+        const auto add = [&](const QString &problem, QStringView remedy) {
+            findings.append(FindingAt(payment, FindingGroup::Payments, problem, remedy));
+        };
+        try {
+            GrossAmount(fatture, payment);
+        } catch (const OverflowError &) {
+            add(u"la somma degli importi supera il massimo che il programma può tenere: la "
+                "schermata principale si ferma a questa riga."_s,
+                InTheArchive);
+        }
+        for (const NeededFields &need : neededFields()) {
+            if (need.professionalsOnly && payment.code != KindCode(CreditorKind::Professional))
+                continue;
+            for (const QString &field : need.fields.split(u' ')) {
+                if (fatture.isNull(payment.place, field))
+                    add(u"manca il valore di %1: "_s.arg(field) + need.consequence,
+                        remedyOfNull(payment, field));
+            }
+        }
+        if (payment.code && !KindOfCode(*payment.code))
+            add(u"il tipo di creditore (AziProf) è «%1» e non A (azienda) o P (professionista): "
+                "«Modifica» non apre il pagamento e i documenti di chiusura lo tralasciano o lo "
+                "contano fra gli altri."_s.arg(*payment.code),
+                InTheArchive);
+    }
+}
+
+void CheckNumbering(const QList<CheckedRow> &payments, Findings &findings)
+{
+    const auto add = [&](const CheckedRow &payment, const QString &place, const QString &problem) {
+        findings.append(FindingAt(payment, FindingGroup::Numbering, problem,
+                                  u"confrontare il numero della riga con la colonna Nr prima di "
+                                  "modificare o eliminare, e far rimettere in ordine i numeri "
+                                  "dall'assistenza."_s));
+        findings.last().place = place;
+    };
+    std::map<qint32, QList<const CheckedRow *>> byNumber;
+    for (const CheckedRow &payment : payments) {
+        if (payment.number)
+            byNumber[*payment.number].append(&payment);
+    }
+    for (const auto &[number, its] : byNumber) {
+        if (its.size() > 1)
+            add(*its.last(), u"Pagamento %1"_s.arg(number),
+                u"il numero è usato da %1 pagamenti (dalla riga %2): ad aprirlo si apre sempre il "
+                "primo, ad eliminarlo si tolgono tutti, e i conti di spesa sono in comune."_s
+                    .arg(its.size())
+                    .arg(its.first()->row));
+    }
+    // Runs of rows of the list that stand for other numbers than those of their payments.
+    for (auto end = payments.begin();;) {
+        const auto first = std::find_if_not(end, payments.end(), isInPlace);
+        if (first == payments.end())
+            break;
+        end = std::find_if(first, payments.end(), isInPlace);
+        const CheckedRow &last = *std::prev(end);
+        add(*first, span(u"Riga"_s, u"Righe"_s, first->row, last.row),
+            u"qui l'elenco mostra %1, ma «Modifica» ed «Elimina» prendono come numero quello della "
+            "riga: lavorano su un altro pagamento o su nessuno."_s.arg(
+                span(u"il pagamento"_s, u"i pagamenti"_s, *first->number, *last.number)));
+    }
+    // A new payment gets the number of rows and 1, whether or not that is free.
+    const auto taken = byNumber.find(static_cast<qint32>(payments.size()) + 1);
+    if (taken != byNumber.end())
+        add(*taken->second.first(), taken->second.first()->name,
+            u"«Nuovo» userà il numero %1, che è di questo pagamento: se il tipo di creditore è lo "
+            "stesso il pagamento viene aperto e riscritto, altrimenti il numero diventa doppio."_s
+                .arg(taken->first));
+}
+
+} // namespace saldoro
