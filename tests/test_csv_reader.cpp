@@ -1,5 +1,6 @@
 #include "exchange/cell_rows.h"
 #include "exchange/cell_values.h"
+#include "random_seed.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -116,7 +117,7 @@ private:
         return text;
     }
 
-    std::mt19937 m_random{std::random_device{}()};
+    std::mt19937 m_random{RandomSeed()};
 };
 
 QTEST_GUILESS_MAIN(TestCsvReader)

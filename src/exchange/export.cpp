@@ -121,10 +121,11 @@ void refuseUntold(const QList<TableFile> &files)
             lines.append(u"e altre %1 righe così"_s.arg(file.untolds.size() - most));
     }
     if (!lines.isEmpty())
-        throw SaldoroError(u"Questi valori non si possono dire in un file CSV: una data con l'ora, "
-                           "un carattere nullo, byte che non sono testo.\n  "_s +
-                               lines.join(u"\n  "_s),
-                           u"Nessun file è stato scritto. Correggere i valori nell'archivio."_s);
+        throw SaldoroError(
+            u"Questi valori non si possono dire in un file CSV: una data con l'ora, "
+            "un carattere nullo, byte che non sono testo, un valore di un altro tipo.\n  "_s +
+                lines.join(u"\n  "_s),
+            u"Nessun file è stato scritto. Correggere i valori nell'archivio."_s);
 }
 
 /** Where a table is written to: over a file of that name in any letter case, where it may be. */

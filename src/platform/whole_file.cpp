@@ -5,6 +5,7 @@
 
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStorageInfo>
 
 #include <filesystem>
 #include <system_error>
@@ -54,7 +55,13 @@ FileError failureOf(const QString &name, QFileDevice::FileError fault, const QSt
 
 FileError failureOf(const QSaveFile &file)
 {
-    return failureOf(file.fileName(), file.error(), file.errorString());
+    // The toolkit does not ask why the disk took a part only.
+    constexpr qint64 leastRoom = 4096;
+    const bool isFull =
+        file.error() == QFileDevice::WriteError &&
+        QStorageInfo(QFileInfo(file.fileName()).path()).bytesAvailable() < leastRoom;
+    return failureOf(file.fileName(), isFull ? QFileDevice::ResourceError : file.error(),
+                     file.errorString());
 }
 
 FileError failureOf(const QString &path, const std::error_code &fault)
