@@ -133,18 +133,16 @@ void readText(const QString &text, const TableDef &stored, CsvTable &result,
         return TypedRowsOf(cells.rows, columns, *result.table, stored, notation);
     };
     const bool isItalian = separator == u';';
+    const Notation other = isItalian ? Notation::International : Notation::Italian;
     TypedRows typed = readAs(isItalian ? Notation::Italian : Notation::International);
-    // One that the other notation would mend may be a slip of the hand.
-    if (const auto told = ToldNotation(cells.rows, columns, *result.table);
-        typed.faults.size() > 1 &&
-        told == (isItalian ? Notation::International : Notation::Italian) &&
-        readAs(*told).faults.size() + 1 < typed.faults.size())
+    // One fault that the other notation would mend may be a slip of the hand.
+    if (typed.faults.size() > 1 && ToldNotation(cells.rows, columns, *result.table) == other &&
+        readAs(other).faults.size() + 1 < typed.faults.size())
         typed.faults = {{0,
                          {},
-                         isItalian ? u"gli importi e le date sono scritti come 1234.56 e "
-                                     "2024-12-31: salvare il file con «,»."_s
-                                   : u"gli importi e le date sono scritti all'italiana: "
-                                     "salvare il file con «;»."_s}};
+                         u"gli importi e le date sono scritti %1: salvare il file con «%2»."_s.arg(
+                             isItalian ? u"come 1234.56 e 2024-12-31"_s : u"all'italiana"_s,
+                             isItalian ? u","_s : u";"_s)}};
     faults.append(typed.faults);
     if (cells.fault)
         faults.append(*cells.fault);

@@ -176,15 +176,12 @@ private:
     /** Why a cell can't be taken as the value that it is read as; empty when it can. */
     QString problemOf(const QString &cell, qsizetype place, const NewValue &value) const
     {
-        const QString shown = u"«%1» "_s.arg(LeftCharacters(cell, 40));
         if (value == NewValue(QDate()))
-            return shown +
-                   u"non è %1, o è fuori misura."_s.arg(expected(typeOf(place), m_notation));
-        if (m_isUnsure) {
-            const auto other = valueOf(cell, typeOf(place), Notation::International);
-            if (other && *other != value)
-                return shown + u"può essere mille volte tanto: scriverlo con due decimali."_s;
-        }
+            return u"«%1» non è %2, o è fuori misura."_s.arg(LeftCharacters(cell, 40),
+                                                             expected(typeOf(place), m_notation));
+        if (m_isUnsure &&
+            valueOf(cell, typeOf(place), Notation::International).value_or(value) != value)
+            return u"«%1» può essere mille volte tanto: scriverlo con due decimali."_s.arg(cell);
         return refusal(m_stored[place], value);
     }
 
@@ -233,9 +230,8 @@ std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColum
                 continue;
             const FieldType type = table.definition.fields()[columns.places[cell]].type;
             const bool isItalian = valueOf(cells[cell], type, Notation::Italian).has_value();
-            const bool isOther = valueOf(cells[cell], type, Notation::International).has_value();
-            tellsItalian = tellsItalian || (isItalian && !isOther);
-            tellsOther = tellsOther || (isOther && !isItalian);
+            if (isItalian != valueOf(cells[cell], type, Notation::International).has_value())
+                (isItalian ? tellsItalian : tellsOther) = true;
         }
     }
     if (tellsItalian == tellsOther)
