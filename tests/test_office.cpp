@@ -5,13 +5,17 @@
 #include "form_driver.h"
 #include "office/frm_appalti.h"
 #include "office/frm_controllo.h"
+#include "office/frm_creditori.h"
 #include "office/frm_voci.h"
 #include "sound_project.h"
 #include "store/archives_root.h"
 #include "store/contract_codes.h"
+#include "store/open_project.h"
 
 #include <QClipboard>
 #include <QFileDialog>
+#include <QPointer>
+#include <QTabWidget>
 #include <QTimer>
 
 using namespace saldoro;
@@ -219,6 +223,72 @@ private slots:
                 u"ok"_s);
         QVERIFY(ContentOf(target.filePath(u"Fatture.csv"_s)).contains("01/02/2020"));
         QCOMPARE(QDir(target.path()).entryList({u"*.csv"_s}).size(), 8);
+    }
+
+    /** A variant says what changes, is refused where payments lose their item, and written even
+     *  so. */
+    void variant()
+    {
+        Archive office;
+        FrmAppalti form;
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        {
+            const OpenProject saldoro(office.folder(u"00112"_s));
+            Play(&form, u"to Elenco, Alt+V"_s);
+            QVERIFY(office.messages.takeLast().contains(u"L'appalto è aperto in Saldoro."_s));
+        }
+        QGuiApplication::clipboard()->setText(u"A1\tScavi\t9.500,00\nC3\tTetti\t1"_s);
+        Play(&form, u"to Elenco, Alt+V"_s);
+        QPointer<FrmVoci> items = form.findChild<FrmVoci *>();
+        QTRY_VERIFY(items && QApplication::activeWindow() == items);
+        Play(items, u"Ctrl+V"_s);
+        QCOMPARE(BodyText(Find<FlexGrid>(*items, u"Confronto"_s)->table()),
+                 u"B2|Ponti|||sparisce, ma ha pagamenti\nA1|Scavi|9.000,00|9.500,00|cambia\n"
+                 "C3|Tetti||1,00|nuova"_s);
+        Play(items, u"Alt+S"_s);
+        const auto *refusals = Find<QListWidget>(*items, u"Rifiuti"_s);
+        QVERIFY(refusals->isVisible() && refusals->item(0)->text().contains(u"B2"_s));
+        const QString budget = u"SELECT * FROM UltimaPerVariante"_s;
+        QVERIFY(office.rows(u"00112"_s, u"Appalto.mdb"_s, budget).contains(u"B2"_s));
+        Play(items, u"Alt+O"_s);
+        QTRY_VERIFY(!items);
+        QCOMPARE(office.rows(u"00112"_s, u"Appalto.mdb"_s, budget),
+                 u"A1|Scavi|95000000\nC3|Tetti|10000"_s);
+        QVERIFY(office.messages.last().contains(u"Appalto copia"_s));
+    }
+
+    /** Creditors join those that are there. */
+    void creditors()
+    {
+        Archive office;
+        const QString contract = office.folder(u"00112"_s) + u"/Appalto.mdb"_s;
+        BareFile(contract).rows(u"INSERT INTO SchedaProgetto (Voce, Funzione, Stringa) VALUES "
+                                "('I01', 17, 'Ing. Po')"_s);
+        BareFile(office.folder(u"00112"_s) + u"/AZIDB.mdb"_s)
+            .rows(u"INSERT INTO Anag VALUES (4, 'Edil Valle', 'x')"_s);
+        FrmAppalti form;
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        Play(&form, u"to Elenco, Alt+I"_s);
+        QPointer<FrmCreditori> list = form.findChild<FrmCreditori *>();
+        QTRY_VERIFY(list && QApplication::activeWindow() == list);
+        QGuiApplication::clipboard()->setText(u"Nome\tMandanti\nATI Po\tEdil Valle; Nova srl\n"
+                                              "edil valle\t"_s);
+        Play(Find(*list, u"Imprese"_s), u"to Celle, Ctrl+V"_s);
+        QVERIFY(!Find<QPushButton>(*list, u"Scrivi"_s)->isEnabled());
+        Play(Find(*list, u"Imprese"_s), u"Down, Down, Down, Del"_s);
+        Find<QComboBox>(*list, u"Appaltatore"_s)->setCurrentText(u"ATI Po"_s);
+        Find<QTabWidget>(*list, u"Schede"_s)->setCurrentIndex(1);
+        QGuiApplication::clipboard()->setText(u"Arch. Adda"_s);
+        Play(Find(*list, u"Professionisti"_s), u"to Celle, Ctrl+V, Alt+S"_s);
+        QTRY_VERIFY(!list);
+        QCOMPARE(office.rows(u"00112"_s, u"AZIDB.mdb"_s,
+                             u"SELECT * FROM Anag; SELECT * FROM Partecip; SELECT * FROM Manda"_s),
+                 u"4|Edil Valle|x\n5|ATI Po|ATI\n6|Nova srl|-\n1|5\n5|4\n5|6"_s);
+        QCOMPARE(office.rows(u"00112"_s, u"Appalto.mdb"_s,
+                             u"SELECT Voce, Funzione, Stringa, Link FROM SchedaProgetto"_s),
+                 u"D0101|-|ATI Po|5\nI01|17|Ing. Po|-\nI02|17|Arch. Adda|-"_s);
     }
 };
 

@@ -43,7 +43,7 @@ void PastedTable::setRows(const QList<CellRow> &rows)
 {
     m_rows.resize(m_kept.size());
     m_isConverted = false;
-    qsizetype width = m_table.neededFields.size();
+    qsizetype width = m_table.definition.fields().size();
     for (const CellRow &row : rows)
         width = std::max(width, row.cells.size());
     m_columns = FindColumns(rows, m_table);
@@ -53,10 +53,12 @@ void PastedTable::setRows(const QList<CellRow> &rows)
     std::replace(m_columns.places.begin(), m_columns.places.end(), CellColumns::Nameless,
                  CellColumns::Unknown);
     // A field without a name stands where it usually does, if that column is no other's.
-    for (qsizetype field = 0; field < m_table.neededFields.size(); ++field) {
-        if (columnOf(m_table.neededFields[field]) < 0 &&
-            m_columns.places[field] == CellColumns::Unknown)
-            m_columns.places[field] = m_table.place(m_table.neededFields[field]);
+    const QStringList fields = m_table.fieldNames();
+    for (qsizetype place = 0; place < fields.size(); ++place) {
+        const bool isExpected = rows.isEmpty() || m_table.neededFields.contains(fields[place]);
+        if (isExpected && columnOf(fields[place]) < 0 &&
+            m_columns.places[place] == CellColumns::Unknown)
+            m_columns.places[place] = place;
     }
     for (const CellRow &row : rows) {
         PastedRow pasted;
@@ -89,8 +91,8 @@ qsizetype PastedTable::addRow()
 
 QString PastedTable::caption(const QString &field)
 {
-    static const QMap<QString, QString> captions{
-        {u"Voce"_s, u"Codice"_s}, {u"Descri"_s, u"Descrizione"_s}, {u"nominativo"_s, u"Nome"_s}};
+    static const QMap<QString, QString> captions{{u"Voce"_s, u"Codice"_s},
+                                                 {u"Descri"_s, u"Descrizione"_s}};
     return captions.value(field, field);
 }
 

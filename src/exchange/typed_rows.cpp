@@ -210,9 +210,9 @@ CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table)
     for (qsizetype row = 0; row < std::min(rows.size(), MostHeaderRows); ++row) {
         CellColumns columns = columnsOf(rows[row], row + 1, table);
         const auto [missing, guesses] = columns.lack();
-        // Guesses alone are no header.
+        // One guess alone is no header.
         if (columns.lack() < best.lack() &&
-            (missing == 0 || missing + guesses < table.neededFields.size()))
+            (missing == 0 || guesses > 1 || missing + guesses < table.neededFields.size()))
             best = std::move(columns);
     }
     return best;

@@ -10,6 +10,7 @@
 #include "exchange/export.h"
 #include "office/contract_list.h"
 #include "office/frm_controllo.h"
+#include "office/frm_creditori.h"
 #include "office/frm_voci.h"
 #include "office/task.h"
 #include "platform/process.h"
@@ -116,6 +117,9 @@ QLayout *FrmAppalti::makeButtons()
     auto *replace = addButton(u"Variante"_s, u"Nuova &variante..."_s,
                               u"Dà all'appalto scelto le voci di una nuova variante"_s,
                               &FrmAppalti::replaceBudget);
+    auto *creditors = addButton(u"Creditori"_s, u"&Imprese e professionisti..."_s,
+                                u"Aggiunge all'appalto scelto i creditori da cercare in Saldoro"_s,
+                                &FrmAppalti::addCreditors);
     auto *check = addButton(u"Controlla"_s, u"Con&trolla"_s,
                             u"Elenca che cosa darà problemi nell'appalto scelto"_s,
                             &FrmAppalti::checkContract);
@@ -127,10 +131,10 @@ QLayout *FrmAppalti::makeButtons()
                             &FrmAppalti::exportContract);
     auto *close =
         addButton(u"Chiudi"_s, u"C&hiudi"_s, u"Chiude questa finestra"_s, &FrmAppalti::closeWindow);
-    m_ofContract = {start, replace, check, copy, toCsv};
+    m_ofContract = {start, replace, creditors, check, copy, toCsv};
     int place = 0;
     constexpr int perRow = 4;
-    for (QPushButton *button : {start, create, replace, check, copy, toCsv, close}) {
+    for (QPushButton *button : {start, create, replace, creditors, check, copy, toCsv, close}) {
         grid->addWidget(button, place / perRow, place % perRow);
         ++place;
     }
@@ -224,12 +228,23 @@ void FrmAppalti::createContract()
     open(*form);
 }
 
-void FrmAppalti::replaceBudget()
+void FrmAppalti::refuseOpen() const
 {
     if (IsProjectOpen(currentFolder()))
         throw SaldoroError(u"L'appalto è aperto in Saldoro."_s,
                            u"Chiudere la sua finestra e riprovare."_s);
+}
+
+void FrmAppalti::replaceBudget()
+{
+    refuseOpen();
     open(*new FrmVoci(root(), m_contracts->currentCode(), this));
+}
+
+void FrmAppalti::addCreditors()
+{
+    refuseOpen();
+    open(*new FrmCreditori(currentFolder(), this));
 }
 
 void FrmAppalti::checkContract()

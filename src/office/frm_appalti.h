@@ -44,6 +44,9 @@ private:
     void openContract();
     void createContract();
     void replaceBudget();
+    void addCreditors();
+    /** Throws SaldoroError while Saldoro has the current contract open. */
+    void refuseOpen() const;
     void checkContract();
     void copyContract();
     void exportContract();

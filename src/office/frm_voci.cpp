@@ -32,12 +32,12 @@ const ExchangedTable &budgetTable()
 
 QList<CellFault> budgetFaults(const TableRows &rows)
 {
-    const ProjectTable table{budgetTable().definition, rows};
+    const ProjectTable budget{budgetTable().definition, rows};
     Findings findings;
-    CheckBudget(table, BudgetOf(table), findings);
+    CheckBudget(budget, BudgetOf(budget), findings);
     QList<CellFault> faults;
-    for (const Finding &finding : std::as_const(findings))
-        faults.append({static_cast<int>(finding.row), u"Voce"_s, finding.problem});
+    for (const Finding &finding : findings)
+        faults.append({static_cast<int>(finding.row), {}, finding.problem});
     return faults;
 }
 
