@@ -14,7 +14,7 @@ add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/manuale.html
   VERBATIM)
 add_custom_target(windows_manual ALL DEPENDS ${PROJECT_BINARY_DIR}/manuale.html)
 
-install(TARGETS Saldoro saldoro-archivio RUNTIME DESTINATION .)
+install(TARGETS Saldoro saldoro-appalti saldoro-archivio RUNTIME DESTINATION .)
 install(FILES ${PROJECT_BINARY_DIR}/manuale.html DESTINATION .)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/demo/ DESTINATION esempio)
 
@@ -31,6 +31,7 @@ install(DIRECTORY ${SALDORO_LICENCES} DESTINATION .)
 
 set(delivered Saldoro-${PROJECT_VERSION}-win64)
 set(SALDORO_PROGRAM ${PROJECT_BINARY_DIR}/src/app/Saldoro.exe)
+set(SALDORO_CONTRACTS ${PROJECT_BINARY_DIR}/src/office/saldoro-appalti.exe)
 set(SALDORO_COMPANION ${PROJECT_BINARY_DIR}/src/archivio/saldoro-archivio.exe)
 set(SALDORO_MANUAL ${PROJECT_BINARY_DIR}/manuale.html)
 set(SALDORO_EXAMPLE ${PROJECT_SOURCE_DIR}/demo)

@@ -10,10 +10,11 @@ add_custom_target(packaging_files ALL)
 
 # Addresses of functions are settled before the program runs and then read-only.
 target_link_options(Saldoro PRIVATE -Wl,-z,relro,-z,now)
+target_link_options(saldoro-appalti PRIVATE -Wl,-z,relro,-z,now)
 target_link_options(saldoro-archivio PRIVATE -Wl,-z,relro,-z,now)
 
 # The program keeps the name that the suite knows it by; the lower-case one is for people.
-install(TARGETS Saldoro saldoro-archivio RUNTIME)
+install(TARGETS Saldoro saldoro-appalti saldoro-archivio RUNTIME)
 file(CREATE_LINK Saldoro ${made}/saldoro SYMBOLIC)
 install(FILES ${made}/saldoro DESTINATION ${CMAKE_INSTALL_BINDIR})
 
@@ -39,7 +40,7 @@ function(saldoro_gzipped file name folder)
   install(FILES ${made}/${name}.gz DESTINATION ${folder})
 endfunction()
 
-foreach(page saldoro saldoro-archivio)
+foreach(page saldoro saldoro-appalti saldoro-archivio)
   configure_file(${source}/linux/${page}.1.in ${made}/${page}.1 @ONLY)
   saldoro_gzipped(${made}/${page}.1 ${page}.1 ${CMAKE_INSTALL_MANDIR}/it/man1)
 endforeach()
@@ -82,7 +83,8 @@ It shows what was budgeted, paid and is still available of each item and
 writes the statements of all payments as documents of the contract's
 project. The program and its manual are in Italian.
 
-saldoro-archivio checks a project's archives and lists what needs care,
+saldoro-appalti lists the contracts and makes new ones from cells pasted from a
+spreadsheet. saldoro-archivio checks a project's archives and lists what needs care,
 fills them from CSV files and writes them out as such.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)

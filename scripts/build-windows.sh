@@ -53,7 +53,7 @@ rm -f "$build"/Saldoro-*.zip "$build"/Saldoro-*.exe
 makensis -V2 "$build/installer.nsi"
 
 # Qt's licence lets users put another Qt into the programs: what they are linked from, and how.
-programs=(src/app/Saldoro.exe src/archivio/saldoro-archivio.exe)
+programs=(src/app/Saldoro.exe src/office/saldoro-appalti.exe src/archivio/saldoro-archivio.exe)
 delivered=$(echo "$build"/Saldoro-*-win64.zip)
 (cd "$build" && ninja -t commands -s "${programs[@]}" >collegamento.txt
     ninja -t inputs "${programs[@]}" | grep -E '^[^/].*\.(obj|a)$' | sort -u \
@@ -62,7 +62,7 @@ ls -l "$build"/Saldoro-*.zip "$build"/Saldoro-*.exe
 
 step 'the whole program, beside the Linux one'
 cmake --preset release
-cmake --build --preset release --target Saldoro saldoro-archivio
+cmake --build --preset release --target Saldoro saldoro-appalti saldoro-archivio
 scripts/wine-check.sh "$build" build/release
 
 step 'done'

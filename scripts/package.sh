@@ -28,7 +28,7 @@ need_packages "${BUILD_PACKAGES[@]}" "${DEB_PACKAGES[@]}"
 
 step 'build'
 configure release || fail 'not configured'
-cmake --build --preset release --target Saldoro saldoro-archivio \
+cmake --build --preset release --target Saldoro saldoro-appalti saldoro-archivio \
     packaging_files >"$work/log" 2>&1 || { tail -n 40 "$work/log"; fail 'not built'; }
 
 step 'package'
@@ -60,7 +60,7 @@ esac
 desktop-file-validate "$root/usr/share/applications/saldoro.desktop"
 appstreamcli validate --no-net --pedantic --explain \
     "$root/usr/share/metainfo/saldoro.metainfo.xml" || fail 'the AppStream data is not valid'
-for page in saldoro Saldoro saldoro-archivio; do
+for page in saldoro Saldoro saldoro-appalti saldoro-archivio; do
     man --warnings -l "$root/usr/share/man/it/man1/$page.1.gz" 2>"$work/log" >/dev/null
     [ -s "$work/log" ] && { cat "$work/log"; fail "the man page of $page has faults"; }
 done

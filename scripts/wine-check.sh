@@ -122,7 +122,7 @@ check_installer() {
     folder=$home/Local/Programs/Saldoro
     menu="$home/Roaming/Microsoft/Windows/Start Menu/Programs"
     wine "$windows/Saldoro-$version-win64-installa.exe" /S || fail 'the installer fails'
-    for name in Saldoro.exe saldoro-archivio.exe manuale.html Disinstalla.exe; do
+    for name in Saldoro.exe saldoro-appalti.exe saldoro-archivio.exe manuale.html Disinstalla.exe; do
         [ -s "$folder/$name" ] || fail "$name is not installed"
     done
     cmp "$folder/Saldoro.exe" "$windows/src/app/Saldoro.exe" || fail 'another Saldoro.exe is installed'
