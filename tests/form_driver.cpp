@@ -2,6 +2,7 @@
 
 #include "archive_probe.h"
 #include "controls/flex_grid.h"
+#include "controls/stray_input.h"
 
 namespace saldoro {
 
@@ -38,6 +39,7 @@ FormDriver::FormDriver()
     : values(archive.values())
     , overview(5)
 {
+    WatchStrayInput();
     AddStandardCodes(archive.values());
     AddRow(overview, {u"A1"_s, u"Scavi e rinterri"_s, {}, {}, u"12.500,00"_s});
     AddRow(overview, {u"A2"_s, u"Murature"_s, {}, {}, u"1.800,00"_s});

@@ -1,3 +1,4 @@
+#include "controls/screen_reader.h"
 #include "controls/text_table.h"
 #include "invoice/frm_nuova_fattura.h"
 #include "invoice/invoice_form.h"
@@ -38,6 +39,8 @@ class TestAccessibility : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { GiveWindowsTheirRole(); }
+
     void cleanup()
     {
         QApplication::setFont(m_font);
@@ -47,6 +50,8 @@ private slots:
     void controlsAreNamed()
     {
         for (const auto &form : makeForms()) {
+            const auto role = QAccessible::queryAccessibleInterface(form.get())->role();
+            QVERIFY(role == QAccessible::Window || role == QAccessible::Dialog);
             QStringList names;
             for (QWidget *widget : form->findChildren<QWidget *>()) {
                 const bool isFrame = widget->inherits("QGroupBox");

@@ -78,6 +78,7 @@ private slots:
                                         {u"1 gennaio"_s, u"A"_s, date},
                                         {u" \n"_s, u"A"_s, date},
                                         {u"/"_s, u"A"_s, date},
+                                        {QString(), u"A"_s, date},
                                         {u"30/12/1999"_s, u"A"_s, u"30/12/1999"_s}};
         for (const QStringList &row : pasted) {
             QGuiApplication::clipboard()->setText(row.at(0));
@@ -86,6 +87,17 @@ private slots:
             press(box, row.at(1) + u'V');
             QCOMPARE(box.text(), row.at(2));
         }
+    }
+
+    void screenKeyboard()
+    {
+        DateBox box;
+        for (const QChar digit : u"01022003"_s) {
+            QInputMethodEvent event;
+            event.setCommitString(digit);
+            QCoreApplication::sendEvent(&box, &event);
+        }
+        QCOMPARE(box.text(), u"01/02/2003"_s);
     }
 
     void settling()

@@ -1,5 +1,8 @@
+#include "archive_probe.h"
 #include "controls/flex_grid.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
@@ -35,6 +38,26 @@ private slots:
             QCOMPARE(state(), wanted);
             QVERIFY(isInSight());
         }
+    }
+
+    void copiesAndFinds()
+    {
+        open(FlexGrid::Selection::Rows, 3);
+        m_grid->table().setHeader({u"Nr"_s, u"Creditore"_s, u"importo"_s});
+        AddRow(m_grid->table(), {u"1"_s, u"Edil\tValle"_s, u"1.000,00"_s});
+        AddRow(m_grid->table(), {u"2"_s, u"Po \"Srl\""_s, u"2,50"_s});
+        m_grid->table().setRow(1);
+        QTest::keyClicks(m_grid, u"po"_s); // in no column, to begin with
+        QCOMPARE(m_grid->table().row(), 1);
+        m_grid->setSearchColumn(1);
+        QTest::keyClicks(m_grid, u"po"_s);
+        QCOMPARE(state(), u"2,1 [2-2,0-2]"_s);
+        const QString line = u"2\t\"Po \"\"Srl\"\"\"\t2,50\n"_s;
+        QTest::keyClick(m_grid, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(), line);
+        QTest::keyClick(m_grid, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(),
+                 u"Nr\tCreditore\timporto\n1\t\"Edil\tValle\"\t1.000,00\n"_s + line);
     }
 
     void activation()

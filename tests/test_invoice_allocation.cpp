@@ -130,6 +130,11 @@ private slots:
         d->play(u"type 8, Up, Down, PgUp, Home, F2"_s);
         QCOMPARE(d->focused() + m_editor->text(), u"edtTxt8"_s);
         QCOMPARE(m_grid->table().row(), 2);
+        // A digit opens it, too, and goes on from there.
+        d->play(u"Escape, type 1, type 2"_s);
+        QCOMPARE(d->focused() + m_editor->text(), u"edtTxt12"_s);
+        d->play(u"Escape, Left, type 3"_s);
+        QVERIFY(m_editor->isHidden());
     }
 
     /** Whatever leaves the editor, a click elsewhere too; Escape alone gives the amount back. */

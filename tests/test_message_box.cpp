@@ -1,3 +1,4 @@
+#include "controls/held_key.h"
 #include "controls/message_box.h"
 
 #include <QApplication>
@@ -5,6 +6,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
@@ -15,6 +17,33 @@ class TestMessageBox : public QObject
     Q_OBJECT
 
 private slots:
+    /** A key that was down before the box came answers nothing until it is pressed again. */
+    void heldKeys()
+    {
+        QWidget form;
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        WatchHeldKeys();
+        const auto press = [](QWindow *window, Qt::Key key, bool again) {
+            qt_handleKeyEvent(window, QEvent::KeyPress, key, {}, {}, again);
+        };
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_S, Qt::Key_Escape}) {
+            bool isOpen = false;
+            QTimer::singleShot(50, this, [&] {
+                QWidget *box = QApplication::activeModalWidget();
+                press(box->windowHandle(), key, true);
+                press(box->windowHandle(), key, true);
+                isOpen = box->isVisible();
+                qt_handleKeyEvent(box->windowHandle(), QEvent::KeyRelease, key, {});
+                press(box->windowHandle(), key, false);
+            });
+            press(form.windowHandle(), key, false);
+            QCOMPARE(ShowMessage(MessageKind::Question, u"?"_s),
+                     key == Qt::Key_S ? MessageAnswer::Yes : MessageAnswer::No);
+            QVERIFY(isOpen);
+        }
+    }
+
     void boxes()
     {
         QApplication::setApplicationDisplayName(u"Prova"_s);

@@ -1,12 +1,17 @@
 #include "app/form_flow.h"
 
+#include "app/manual_window.h"
 #include "common/ending.h"
 #include "controls/form_helpers.h"
 #include "invoice/frm_nuova_fattura.h"
 #include "invoice/invoice_form.h"
 #include "overview/frm_principale.h"
 
+#include <QShortcut>
+
 namespace saldoro {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -30,6 +35,7 @@ FormFlow::FormFlow(ProgramValues &values)
     // Queued: the window system is still busy with the form that it has made the active one.
     connect(m_main.get(), &FrmPrincipale::activatedOutOfUse, this, &FormFlow::raiseChooser,
             Qt::QueuedConnection);
+    offerManual(*m_main, u"La schermata principale"_s);
 }
 
 FormFlow::~FormFlow() = default;
@@ -44,11 +50,22 @@ void FormFlow::showMainForm()
     m_main->reload();
 }
 
+void FormFlow::offerManual(QWidget &form, const QString &heading)
+{
+    auto *help = new QShortcut(QKeySequence::HelpContents, &form);
+    connect(help, &QShortcut::activated, this, [this, heading] {
+        if (!m_manual)
+            m_manual = std::make_unique<ManualWindow>();
+        m_manual->showChapter(heading);
+    });
+}
+
 void FormFlow::showChooser()
 {
     m_chooser = std::make_unique<FrmNuovaFattura>(m_main.get());
     connect(m_chooser.get(), &FrmNuovaFattura::continued, this,
             [this](CreditorKind kind) { showInvoiceForm(kind, true); });
+    offerManual(*m_chooser, u"La schermata principale"_s);
     connect(m_chooser.get(), &FrmNuovaFattura::finished, this, &FormFlow::chooserFinished);
     raiseChooser();
 }
@@ -74,6 +91,8 @@ void FormFlow::showInvoiceForm(CreditorKind kind, bool isNew)
         form->load();
         if (isNew)
             form->setMeantNew();
+        offerManual(*form, kind == CreditorKind::Company ? u"Pagamento a un'azienda"_s
+                                                         : u"Pagamento a un professionista"_s);
         connect(form.get(), &InvoiceForm::unloaded, this,
                 [this, kind] { invoiceFormUnloaded(kind); });
         shown = std::move(form);

@@ -13,11 +13,12 @@ namespace saldoro {
 class FrmNuovaFattura;
 class FrmPrincipale;
 class InvoiceForm;
+class ManualWindow;
 
 /**
  * Owns the forms and ties them together: which form opens on whose signal, and what happens to the
  * main form when another one closes. At most one form of each kind is open; asking for an open one
- * brings it to the front as it is.
+ * brings it to the front as it is. F1 shows the manual at the chapter of the form.
  */
 class FormFlow : public QObject
 {
@@ -37,6 +38,7 @@ public:
     InvoiceForm *invoiceForm(CreditorKind kind);
 
 private:
+    void offerManual(QWidget &form, const QString &heading);
     void showChooser();
     void raiseChooser();
     void chooserFinished();
@@ -48,6 +50,7 @@ private:
     std::unique_ptr<FrmPrincipale> m_main;
     std::unique_ptr<FrmNuovaFattura> m_chooser;
     std::map<CreditorKind, std::unique_ptr<InvoiceForm>> m_invoices;
+    std::unique_ptr<ManualWindow> m_manual; ///< once it was asked for
 };
 
 } // namespace saldoro

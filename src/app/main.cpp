@@ -4,6 +4,7 @@
 #include "app/start_up.h"
 #include "app/update_handshake.h"
 #include "common/program_values.h"
+#include "controls/window_size.h"
 #include "platform/console.h"
 #include "platform/process.h"
 
@@ -41,6 +42,7 @@ int main(int argc, char *argv[])
     saldoro::Application application(programOnlyCount, programOnly.data());
     QGuiApplication::setDesktopFileName(u"saldoro"_s);
 
+    saldoro::KeepWindowSizes(saldoro::WindowSizesFile());
     saldoro::ProgramValues values;
     saldoro::StartUp startUp(values);
     std::optional<saldoro::FormFlow> forms;

@@ -1,5 +1,8 @@
 #include "controls/application_look.h"
 
+#include "controls/screen_reader.h"
+#include "controls/stray_input.h"
+
 #include <QGuiApplication>
 #include <QIcon>
 #include <QLibraryInfo>
@@ -26,6 +29,8 @@ void SetUpLook(QCoreApplication &application)
     for (const int size : {16, 24, 32, 48, 64, 128, 256})
         icon.addFile(u":/icons/saldoro-%1.png"_s.arg(size));
     QGuiApplication::setWindowIcon(icon);
+    GiveWindowsTheirRole();
+    WatchStrayInput();
 }
 
 } // namespace saldoro

@@ -2,6 +2,9 @@
 
 #include "common/date_text.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QRegularExpression>
 #include <QValidator>
@@ -188,6 +191,8 @@ QSize DateBox::sizeHint() const
 
 void DateBox::keyPressEvent(QKeyEvent *event)
 {
+    if (event->matches(QKeySequence::Paste) && QGuiApplication::clipboard()->text().isEmpty())
+        return; // a line edit would put nothing in the place of a selected date
     const QString typed = event->text();
     const bool isCommand = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
     // What the mask has no place for, and a "/" alone, take no selected date away.
@@ -208,6 +213,15 @@ void DateBox::keyPressEvent(QKeyEvent *event)
             cursorForward(false);
     }
     QLineEdit::keyPressEvent(event);
+}
+
+// A screen keyboard commits digit by digit. What it commits goes the way of what is pasted.
+void DateBox::inputMethodEvent(QInputMethodEvent *event)
+{
+    if (event->commitString().isEmpty())
+        QLineEdit::inputMethodEvent(event);
+    else if (!isReadOnly())
+        insert(event->commitString());
 }
 
 } // namespace saldoro

@@ -3,7 +3,11 @@
 #include "controls/flex_grid_delegate.h"
 #include "controls/form_helpers.h"
 #include "controls/held_key.h"
+#include "controls/screen_reader.h"
 
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -14,6 +18,8 @@
 #include <vector>
 
 namespace saldoro {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -98,6 +104,8 @@ void FlexGrid::setUpSelection()
     setTabKeyNavigation(false);
     // The wheel scrolls without taking the focus from where the user is writing.
     setFocusPolicy(Qt::StrongFocus);
+    if (m_selection == Selection::Rows)
+        offerCopies();
 }
 
 void FlexGrid::setWidths(const QList<int> &twips)
@@ -117,7 +125,32 @@ void FlexGrid::scrollTo(const QModelIndex &index, ScrollHint hint)
         horizontalScrollBar()->setValue(sideways);
 }
 
-void FlexGrid::keyboardSearch(const QString & /*search*/) {}
+void FlexGrid::keyboardSearch(const QString &search)
+{
+    if (m_selection == Selection::Cell) {
+        emit textTyped(search);
+    } else if (m_searchColumn >= 0 && m_table.currentIndex().isValid()) {
+        m_table.setColumn(m_searchColumn); // the toolkit searches the current one
+        QTableView::keyboardSearch(search);
+    }
+}
+
+void FlexGrid::offerCopies()
+{
+    const auto offer = [this](const QString &text, const QKeySequence &keys, auto copied) {
+        auto *action = new QAction(text, this);
+        action->setShortcut(keys);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        addAction(action);
+        connect(action, &QAction::triggered, this,
+                [copied] { QGuiApplication::clipboard()->setText(copied()); });
+    };
+    offer(u"Copia la &riga"_s, QKeySequence::Copy,
+          [this] { return m_table.tabText(m_table.row(), m_table.row()); });
+    offer(u"Copia la &tabella"_s, Qt::CTRL | Qt::SHIFT | Qt::Key_C,
+          [this] { return m_table.tabText(0, m_table.rows() - 1); });
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+}
 
 bool FlexGrid::event(QEvent *event)
 {
@@ -126,6 +159,8 @@ bool FlexGrid::event(QEvent *event)
         drawFocusFrame();
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
         update();
+    if (event->type() == QEvent::FocusIn)
+        TellFocus(*this);
     return isHandled;
 }
 

@@ -20,7 +20,9 @@ namespace saldoro {
  *
  * Keys: Up, Down, PgUp, PgDn, Home and End choose a row, Enter and Canc act on it; where single
  * cells are selected, Left, Right, Home and End move within the row and Ctrl+Home and Ctrl+End
- * through the grid. Tab and Shift+Tab leave it.
+ * through the grid. Tab and Shift+Tab leave it. Where rows are selected, Ctrl+C copies the current
+ * one and Ctrl+Shift+C the whole table with its headings, as text that spreadsheets take; a menu
+ * has both.
  */
 class FlexGrid : public QTableView
 {
@@ -48,7 +50,9 @@ public:
 
     /** Brings a cell into sight; where rows are selected, without moving sideways. */
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
-    /** Does nothing: letters and digits choose no row. */
+    /** The column in which typed letters find a row; without one they do nothing. */
+    void setSearchColumn(int column) { m_searchColumn = column; }
+    /** What is typed into the grid comes here. */
     void keyboardSearch(const QString &search) override;
 
 signals:
@@ -56,6 +60,8 @@ signals:
     void cellActivated(int row, int column);
     /** Canc pressed on a body row. */
     void deletePressed();
+    /** Characters typed where single cells are selected. */
+    void textTyped(const QString &text);
 
 protected:
     bool event(QEvent *event) override;
@@ -71,6 +77,7 @@ protected:
 private:
     void setUpLook();
     void setUpSelection();
+    void offerCopies();
     /** Takes over the sizes of the fonts and the texts of the whole table. */
     void measureAll();
     void measureCell(int row, int column);
@@ -84,6 +91,7 @@ private:
     TextTable m_table;
     QList<int> m_leastWidths; ///< pixels
     int m_restColumn = -1;
+    int m_searchColumn = -1;
     QList<int> m_textWidths; ///< pixels of each column's widest text, of the rest column's heading
 };
 

@@ -5,10 +5,11 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScreen>
-#include <QStyle>
 #include <QWidget>
 
 namespace saldoro {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -82,18 +83,12 @@ void BringToFront(QWidget &form)
 {
     // To the toolkit a minimised window counts as shown, and raising does not bring it back.
     form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
+    // There no window may come to the front by itself, but one that is shown does.
+    if (form.isVisible() && QGuiApplication::platformName().startsWith("wayland"_L1))
+        form.hide();
     form.show();
     form.raise();
     form.activateWindow();
-}
-
-void ResizeWithinScreen(QWidget &form, QSize wanted)
-{
-    const QStyle *style = form.style();
-    const int frame = style->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, &form);
-    const int title = style->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &form);
-    const QSize room = form.screen()->availableSize() - QSize(2 * frame, title + 2 * frame);
-    form.resize(wanted.boundedTo(room));
 }
 
 int InvioTab(int keyCode)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QSize>
 #include <QString>
 
 class QWidget;
@@ -23,9 +22,6 @@ void CentraForm(QWidget &form);
 
 /** Shows a window above the others and makes it the active one, also out of its minimised state. */
 void BringToFront(QWidget &form);
-
-/** Gives a window that size, or as much of it as its screen has room for beside the frame. */
-void ResizeWithinScreen(QWidget &form, QSize wanted);
 
 /** The key code of Enter, as handed to InvioTab. */
 inline constexpr int EnterKeyCode = 13;

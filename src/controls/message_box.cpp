@@ -1,5 +1,7 @@
 #include "controls/message_box.h"
 
+#include "controls/held_key.h"
+
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -18,12 +20,37 @@ MessageAnswerer &currentAnswerer()
     return answerer;
 }
 
+/** A box takes no key that is held down since before it came: it would be answered unread. */
+class HeldKeysAside : public QObject
+{
+public:
+    explicit HeldKeysAside(QMessageBox &box)
+    {
+        WatchHeldKeys();
+        box.installEventFilter(this);
+        for (QAbstractButton *button : box.buttons())
+            button->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        const bool isKey =
+            event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+        if (!isKey || !IsKeyHeld())
+            return false;
+        event->accept(); // or its shortcut would be tried
+        return true;
+    }
+};
+
 MessageAnswer ask(QMessageBox &box)
 {
     QPushButton *yes = box.addButton(u"&Sì"_s, QMessageBox::YesRole);
     QPushButton *no = box.addButton(u"&No"_s, QMessageBox::NoRole);
     box.setDefaultButton(no);
     box.setEscapeButton(no);
+    const HeldKeysAside heldKeys(box);
     box.exec();
     return box.clickedButton() == yes ? MessageAnswer::Yes : MessageAnswer::No;
 }
@@ -45,6 +72,7 @@ MessageAnswer ShowMessage(MessageKind kind, const QString &text)
     if (kind == MessageKind::Question)
         return ask(box);
     box.addButton(QMessageBox::Ok);
+    const HeldKeysAside heldKeys(box);
     box.exec();
     return MessageAnswer::Ok;
 }

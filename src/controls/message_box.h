@@ -24,7 +24,8 @@ enum class MessageAnswer
 
 /**
  * Shows a modal message box under the application's title and waits for the answer. Closing a
- * question by Esc or its frame answers No. This is the one way to a message box.
+ * question by Esc or its frame answers No. A key that is held down since before answers nothing.
+ * This is the one way to a message box.
  */
 MessageAnswer ShowMessage(MessageKind kind, const QString &text);
 

@@ -2,6 +2,8 @@
 
 #include "common/errors.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 
 namespace saldoro {
@@ -85,6 +87,21 @@ void TextTable::setCurrentCell(int row, int column)
     m_column = column;
     if (m_bulkDepth == 0)
         emit currentMoved();
+}
+
+QString TextTable::tabText(int first, int last) const
+{
+    static const QRegularExpression special(u"[\t\r\n\"]"_s);
+    QString all;
+    for (int row = first; row <= last; ++row) {
+        QStringList cells = m_cells.at(row);
+        for (QString &cell : cells) {
+            if (cell.contains(special))
+                cell = u'"' + cell.replace(u'"', u"\"\""_s) + u'"';
+        }
+        all += cells.join(u'\t') + u'\n';
+    }
+    return all;
 }
 
 void TextTable::setRightAligned(const QList<int> &columns)

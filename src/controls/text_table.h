@@ -38,6 +38,10 @@ public:
     QString currentText() const { return text(m_row, m_column); }
     void setCurrentText(const QString &text) { setText(m_row, m_column, text); }
 
+    /** The rows @p first to @p last as spreadsheets take them: a tab between cells, a line for each
+     *  row, quotes around what holds one of these or a quote. */
+    QString tabText(int first, int last) const;
+
     int row() const { return m_row; }
     int column() const { return m_column; }
     /** Makes a row current, 0 being the header. */

@@ -4,9 +4,9 @@
 #include "controls/flex_grid.h"
 #include "controls/held_key.h"
 #include "controls/message_box.h"
+#include "controls/popup_list.h"
 #include "invoice/allocation_total.h"
 #include "invoice/form_fields.h"
-#include "invoice/popup_list.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -117,6 +117,13 @@ void AllocationFrame::addGrid()
     connect(m_grid, &FlexGrid::cellActivated, this, [this] {
         if (m_fields.moveTo(*m_grid) && table().column() == AllocationColumn::Importo)
             openEditor();
+    });
+    connect(m_grid, &FlexGrid::textTyped, this, [this](const QString &text) {
+        if (!text.front().isDigit() || !table().currentIndex().isValid() ||
+            table().column() != AllocationColumn::Importo)
+            return;
+        openEditor();
+        m_editor->setText(text); // nothing selected: the next digit goes on from here
     });
 }
 

@@ -1,5 +1,6 @@
 #include "invoice/amount_fields.h"
 
+#include "invoice/entry_field.h"
 #include "invoice/form_fields.h"
 
 #include <QEvent>
@@ -93,7 +94,7 @@ void AmountFields::changeEvent(QEvent *event)
 
 QLineEdit *AmountFields::addBox(const AmountField &field, FormFields &fields)
 {
-    auto *box = new QLineEdit(this);
+    auto *box = new EntryField(this);
     // Two boxes under one caption: it is read aloud for one at a time.
     Describe(*box, field.objectName, m_chain.nameOf(field.amount), field.hint);
     box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

@@ -1,9 +1,9 @@
 #include "invoice/creditor_fields.h"
 
 #include "controls/date_box.h"
+#include "controls/popup_list.h"
 #include "invoice/entry_field.h"
 #include "invoice/form_fields.h"
-#include "invoice/popup_list.h"
 #include "store/ledger.h"
 
 #include <QGridLayout>
@@ -19,13 +19,13 @@ using namespace Qt::StringLiterals;
 CreditorFields::CreditorFields(const QString &dateBoxName, FormFields &fields, QWidget *form)
     : QWidget(form)
     , m_fields(fields)
+    , m_list(new PopupList(form))
     , m_creditor(new EntryField(this, LedgerSize::Creditore))
     , m_buttons(new QHBoxLayout)
-    , m_lastOfRow(m_creditor)
+    , m_lastButton(m_list)
     , m_number(new EntryField(this, LedgerSize::NFat))
     , m_date(new DateBox(this))
     , m_description(new EntryField(this, LedgerSize::Descrizione))
-    , m_list(new PopupList(form))
 {
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins({});
@@ -42,7 +42,8 @@ QPushButton *CreditorFields::addList(const QString &objectName, const QString &c
             m_list->open(names(), *m_creditor, m_creditor->height());
         });
     m_buttons->addWidget(button);
-    setTabOrder(std::exchange(m_lastOfRow, button), button);
+    // Before the creditor, from which Enter leads on to the invoice.
+    setTabOrder(std::exchange(m_lastButton, button), button);
     setTabOrder(button, m_list);
     return button;
 }

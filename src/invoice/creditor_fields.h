@@ -30,7 +30,8 @@ public:
     /** @p fields must outlive the block; the pick list floats over @p form. */
     CreditorFields(const QString &dateBoxName, FormFields &fields, QWidget *form);
 
-    /** Adds a button behind the creditor. Its list is shown even when @p names gives none. */
+    /** Adds a button beside the creditor, which in the Tab order comes behind it. The list is shown
+     *  even when @p names gives none. */
     QPushButton *addList(const QString &objectName, const QString &caption, const QString &hint,
                          Names names);
 
@@ -45,13 +46,13 @@ private:
     void preparePickList();
 
     FormFields &m_fields;
+    PopupList *m_list; ///< made before the creditor, so that buttons can be put there, too
     EntryField *m_creditor;
     QHBoxLayout *m_buttons;
-    QWidget *m_lastOfRow; ///< of creditor and buttons
+    QWidget *m_lastButton; ///< in the Tab order; the list before there is any
     EntryField *m_number;
     DateBox *m_date;
     EntryField *m_description;
-    PopupList *m_list;
 };
 
 } // namespace saldoro

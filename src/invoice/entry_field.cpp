@@ -2,6 +2,7 @@
 
 #include "common/text_cut.h"
 
+#include <QDropEvent>
 #include <QRegularExpression>
 #include <QValidator>
 
@@ -67,6 +68,14 @@ void EntryField::keyPressEvent(QKeyEvent *event)
 {
     QLineEdit::keyPressEvent(event);
     insertRefused(); // before the next key
+}
+
+void EntryField::dropEvent(QDropEvent *event)
+{
+    QLineEdit::dropEvent(event);
+    // What does not fit must not go from where it was dragged.
+    if (!m_refused.isNull() && event->source() != this)
+        event->setDropAction(Qt::CopyAction);
 }
 
 bool EntryField::accepts(const QString &text, int cursor)

@@ -8,7 +8,7 @@ namespace saldoro {
  * A line edit for a text of one line that has a place of limited size to go to. Whoever writes into
  * it, it holds no more than so many characters and no line ends or tabs: those at the ends of what
  * is pasted or dropped go, a run of them inside becomes one blank, and of the rest it takes as much
- * as fits.
+ * as fits. A text that is dragged here and changed so stays where it came from, too.
  */
 class EntryField : public QLineEdit
 {
@@ -28,6 +28,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     class Limit;

@@ -2,6 +2,7 @@
 
 #include "controls/date_box.h"
 #include "controls/form_helpers.h"
+#include "controls/screen_reader.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -105,6 +106,7 @@ bool FormFields::leaveCurrent()
     if (auto *date = qobject_cast<DateBox *>(previous.data()); date && !date->settle()) {
         m_current = previous;
         previous->setFocus(Qt::OtherFocusReason);
+        TellFocus(*previous);
         return false;
     }
     if (watched->left)
@@ -131,10 +133,14 @@ bool FormFields::eventFilter(QObject *watched, QEvent *event)
         return false;
     }
     case QEvent::MouseButtonRelease:
-        // The press has put the cursor where it fell; only now can the whole text be selected.
-        if (std::exchange(m_clickedInto, nullptr) == &line && !line.hasSelectedText())
+        if (std::exchange(m_clickedInto, nullptr) != &line)
+            return false;
+        // The press has put the cursor where it fell, and the line takes what is selected at the
+        // release for chosen by the mouse; only behind both can the whole text be selected.
+        line.event(event);
+        if (!line.hasSelectedText())
             line.selectAll();
-        return false;
+        return true;
     default:
         return false;
     }

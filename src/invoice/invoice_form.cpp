@@ -5,6 +5,7 @@
 #include "controls/date_box.h"
 #include "controls/form_helpers.h"
 #include "controls/notice_strip.h"
+#include "controls/window_size.h"
 #include "invoice/allocation_frame.h"
 #include "invoice/allocation_total.h"
 #include "invoice/amount_fields.h"
@@ -88,7 +89,7 @@ void InvoiceForm::load()
     constexpr int openingHeight = 8400;
     const QSize least(TwipsToPixels(openingWidth, *this), TwipsToPixels(openingHeight, *this));
     const QSize below(0, layout()->itemAt(1)->sizeHint().height());
-    ResizeWithinScreen(*this, (m_page->sizeHint() + below).expandedTo(least));
+    SizeWindow(*this, (m_page->sizeHint() + below).expandedTo(least));
     CentraForm(*this);
     loadPayment();
     m_number->setText(u"Pagamento N. "_s + SignedNumberText(m_payment.number));
@@ -157,8 +158,14 @@ void InvoiceForm::addPage()
     foot->addLayout(makeButtons());
     layout->addLayout(foot);
     connect(qApp, &QApplication::focusChanged, area, [area](QWidget *, QWidget *now) {
-        if (area->isAncestorOf(now))
-            area->ensureWidgetVisible(now);
+        if (!area->isAncestorOf(now))
+            return;
+        // The whole control as far as there is room, and its cursor.
+        QRect place(now->mapTo(area->widget(), QPoint()), now->size());
+        place.setSize(place.size().boundedTo(area->viewport()->size()));
+        area->ensureVisible(place.center().x(), place.center().y(), place.width() / 2 + 1,
+                            place.height() / 2 + 1);
+        area->ensureWidgetVisible(now);
     });
 }
 

@@ -6,6 +6,7 @@
 #include "controls/flex_grid.h"
 #include "controls/form_helpers.h"
 #include "controls/message_box.h"
+#include "controls/window_size.h"
 #include "exchange/archive_tables.h"
 #include "exchange/export.h"
 #include "office/contract_list.h"
@@ -82,8 +83,7 @@ FrmAppalti::FrmAppalti()
     m_grid->setFocus();
     constexpr int widthInTwips = 14400; // 960 by 600 pixels at 96 dots to the inch
     constexpr int heightInTwips = 9000;
-    ResizeWithinScreen(*this,
-                       {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
+    SizeWindow(*this, {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
 }
 
 FrmAppalti::~FrmAppalti() = default;

@@ -3,6 +3,7 @@
 #include "controls/buttons.h"
 #include "controls/form_helpers.h"
 #include "controls/message_box.h"
+#include "controls/window_size.h"
 #include "exchange/payment_values.h"
 #include "office/task.h"
 #include "store/project_files.h"
@@ -46,8 +47,7 @@ FrmControllo::FrmControllo(const QString &folder, QWidget *parent)
     check();
     constexpr int widthInTwips = 12000; // 800 by 500 pixels at 96 dots to the inch
     constexpr int heightInTwips = 7500;
-    ResizeWithinScreen(*this,
-                       {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
+    SizeWindow(*this, {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
 }
 
 QWidget *FrmControllo::makeDayRow()

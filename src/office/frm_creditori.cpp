@@ -4,6 +4,7 @@
 #include "controls/buttons.h"
 #include "controls/form_helpers.h"
 #include "controls/message_box.h"
+#include "controls/window_size.h"
 #include "exchange/import.h"
 #include "office/paste_table.h"
 #include "office/task.h"
@@ -64,8 +65,7 @@ FrmCreditori::FrmCreditori(QString folder, QWidget *parent)
     showState();
     constexpr int widthInTwips = 12000; // 800 by 540 pixels at 96 dots to the inch
     constexpr int heightInTwips = 8100;
-    ResizeWithinScreen(*this,
-                       {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
+    SizeWindow(*this, {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
 }
 
 QWidget *FrmCreditori::makeCompanies()

@@ -6,6 +6,7 @@
 #include "controls/flex_grid.h"
 #include "controls/form_helpers.h"
 #include "controls/message_box.h"
+#include "controls/window_size.h"
 #include "office/paste_table.h"
 #include "office/task.h"
 #include "store/contract_codes.h"
@@ -74,8 +75,7 @@ FrmVoci::FrmVoci(QString root, const QString &code, QWidget *parent)
     showProblems();
     constexpr int widthInTwips = 13500; // 900 by 620 pixels at 96 dots to the inch
     constexpr int heightInTwips = 9300;
-    ResizeWithinScreen(*this,
-                       {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
+    SizeWindow(*this, {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
 }
 
 void FrmVoci::arrange()

@@ -1,4 +1,5 @@
 #include "controls/application_look.h"
+#include "controls/window_size.h"
 #include "office/frm_appalti.h"
 
 #include <QApplication>
@@ -10,6 +11,7 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     saldoro::SetUpLook(application);
     QGuiApplication::setDesktopFileName(u"saldoro"_s);
+    saldoro::KeepWindowSizes(saldoro::WindowSizesFile());
     saldoro::FrmAppalti contracts;
     contracts.show(); // and read when it becomes active
     return QApplication::exec();

@@ -6,6 +6,7 @@
 #include "controls/flex_grid.h"
 #include "controls/form_helpers.h"
 #include "controls/notice_strip.h"
+#include "controls/window_size.h"
 #include "overview/availability_overview.h"
 #include "overview/main_screen_notices.h"
 #include "overview/overview_document.h"
@@ -61,8 +62,7 @@ FrmPrincipale::FrmPrincipale(ProgramValues &values)
     setObjectName(u"FrmPrincipale"_s);
     prepareGrids();
     arrange();
-    ResizeWithinScreen(*this,
-                       {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
+    SizeWindow(*this, {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
     for (TextTable *table : {&m_payments->table(), &m_overview->table()}) {
         connect(table, &TextTable::modelReset, m_strip, [this] { m_strip->refreshSoon(); });
         connect(table, &TextTable::currentMoved, m_strip, [this] { m_strip->refreshSoon(); });
@@ -72,9 +72,11 @@ FrmPrincipale::FrmPrincipale(ProgramValues &values)
 void FrmPrincipale::prepareGrids()
 {
     Describe(*m_payments, u"MSFlexGrid1"_s, u"Saldoro effettuati"_s,
-             u"Pagamenti già registrati: Invio apre quello scelto, Canc lo elimina"_s);
+             u"Pagamenti già registrati: Invio apre quello scelto, Canc lo elimina, le lettere "
+             u"trovano il creditore"_s);
     m_payments->setWidths({400, FlexGrid::Rest, 1000, 1800, 400});
     m_payments->table().setRightAligned({PaymentColumn::Importo});
+    m_payments->setSearchColumn(PaymentColumn::Creditore);
 
     Describe(*m_overview, u"MSFlexGrid2"_s, u"Quadro di disponibilità"_s,
              u"Spesa prevista, pagata e ancora disponibile di ogni voce"_s);

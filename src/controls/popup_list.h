@@ -7,7 +7,7 @@ namespace saldoro {
 /**
  * A pick list that floats over its form until a line is chosen. A click or Enter picks, the arrows
  * move. It never closes by itself: whoever opened it closes it after a pick, and when it loses the
- * focus. A double click is one click: its rest does not reach what lay under the list.
+ * focus.
  */
 class PopupList : public QListWidget
 {
@@ -16,8 +16,9 @@ class PopupList : public QListWidget
 public:
     explicit PopupList(QWidget *form);
 
-    /** Shows @p lines over @p control, from @p down pixels below its top and as wide as it, as high
-     *  as they need as far as the form reaches, and takes the focus. */
+    /** Shows @p lines over @p control, from @p down pixels below its top, as wide as it and as high
+     *  as they need, as far as the form has room, and takes the focus. Without lines it says so in
+     *  one that can't be picked. */
     void open(const QStringList &lines, const QWidget &control, int down);
 
 signals:
@@ -27,11 +28,9 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    bool m_takesRest = false; ///< of a double click, until its release
+    void choose(const QListWidgetItem *line);
 };
 
 } // namespace saldoro

@@ -1,0 +1,72 @@
+#include "app/manual_window.h"
+
+#include "controls/form_helpers.h"
+#include "controls/window_size.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QKeyEvent>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QTextBlock>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** The name by which a link leads to a heading. */
+QString anchorOf(const QString &heading)
+{
+    static const QRegularExpression dropped(u"[^\\w -]"_s,
+                                            QRegularExpression::UseUnicodePropertiesOption);
+    return heading.toLower().remove(dropped).replace(u' ', u'-');
+}
+
+} // namespace
+
+ManualWindow::ManualWindow()
+{
+    setObjectName(u"ManualWindow"_s);
+    setWindowTitle(u"Manuale di Saldoro"_s);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setOpenLinks(false); // the toolkit gives headings no anchors
+    connect(this, &QTextBrowser::anchorClicked, this,
+            [this](const QUrl &link) { goTo(link.fragment()); });
+    document()->setDocumentMargin(fontMetrics().height());
+    setSource(QUrl(u"qrc:/manuale/manuale.md"_s), QTextDocument::MarkdownResource);
+    constexpr int width = 15900; // twips: as wide as its pictures
+    constexpr int height = 9300;
+    SetTopMost(*this);
+    SizeWindow(*this, {TwipsToPixels(width, *this), TwipsToPixels(height, *this)});
+    CentraForm(*this);
+}
+
+void ManualWindow::showChapter(const QString &heading)
+{
+    BringToFront(*this);
+    goTo(anchorOf(heading));
+}
+
+void ManualWindow::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        QTextBrowser::keyPressEvent(event);
+}
+
+void ManualWindow::goTo(const QString &anchor)
+{
+    QTextBlock block = document()->begin();
+    while (block.isValid() &&
+           (block.blockFormat().headingLevel() == 0 || anchorOf(block.text()) != anchor))
+        block = block.next();
+    if (!block.isValid())
+        return;
+    setTextCursor(QTextCursor(block));
+    const QRectF place = document()->documentLayout()->blockBoundingRect(block);
+    verticalScrollBar()->setValue(static_cast<int>(place.top()));
+}
+
+} // namespace saldoro

@@ -1,0 +1,71 @@
+#include "controls/popup_list.h"
+
+#include "controls/held_key.h"
+#include "controls/screen_reader.h"
+
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+PopupList::PopupList(QWidget *form)
+    : QListWidget(form)
+{
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setAutoFillBackground(true);
+    hide();
+    connect(this, &QListWidget::itemClicked, this, &PopupList::choose);
+}
+
+void PopupList::open(const QStringList &lines, const QWidget &control, int down)
+{
+    clear();
+    addItems(lines);
+    if (lines.isEmpty()) {
+        addItem(u"Nessun nome da scegliere; Esc per tornare"_s);
+        item(0)->setFlags(Qt::ItemIsEnabled); // to be read, not to be chosen
+    }
+    setCurrentRow(0);
+    const QRect room = window()->rect();
+    const QPoint corner = control.mapTo(window(), QPoint(0, down));
+    const int width = std::min(control.width(), room.width());
+    int height = count() * sizeHintForRow(0) + 2 * frameWidth();
+    if (sizeHintForColumn(0) + 2 * frameWidth() > width)
+        height += horizontalScrollBar()->sizeHint().height();
+    height = std::min(height, std::max(room.height() - corner.y(), room.height() / 2));
+    setGeometry(std::clamp(corner.x(), 0, room.width() - width),
+                std::clamp(corner.y(), 0, room.height() - height), width, height);
+    show();
+    raise();
+    setFocus(Qt::OtherFocusReason);
+    TellFocus(*this);
+}
+
+void PopupList::keyPressEvent(QKeyEvent *event)
+{
+    if (IsRepeatedEnter(*event))
+        return; // of the press that opened the list
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        choose(currentItem());
+        break;
+    case Qt::Key_Escape:
+        emit answered(-1);
+        break;
+    default:
+        QListWidget::keyPressEvent(event);
+    }
+}
+
+void PopupList::choose(const QListWidgetItem *line)
+{
+    if (line->flags().testFlag(Qt::ItemIsSelectable))
+        emit answered(row(line));
+}
+
+} // namespace saldoro
