@@ -23,8 +23,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Appends a value's cell; texts stand in quotes, which codes made of digits need and the empty
- *  text. */
+/** Appends a value's cell, a NUL for one that can't be told. Texts stand in quotes, which codes
+ * made of digits need and the empty text. */
 void appendCell(QString &line, const NewValue &value)
 {
     if (const auto *text = std::get_if<QString>(&value))
@@ -34,7 +34,7 @@ void appendCell(QString &line, const NewValue &value)
     else if (const auto *amount = std::get_if<Currency>(&value))
         line += AmountCell(*amount);
     else if (const auto *day = std::get_if<QDate>(&value))
-        line += day->isValid() ? FormatData(*day) : u"?"_s;
+        line += day->isValid() ? FormatData(*day) : QString(QChar(0));
 }
 
 /** Why a file can't tell a row: empty when it can. A row without a value is none of a file. */
@@ -74,9 +74,12 @@ TableFile fileOf(const ExchangedTable &table, const TableRows &rows)
         }
         line.chop(1);
         file.content += line.toUtf8() + "\r\n";
-        if (const QString what = untold(table, rows[place - 1]); !what.isEmpty())
-            file.untolds.append(u"%1, riga %2 (%3): %4"_s.arg(table.name(), QString::number(place),
-                                                              LeftCharacters(line, 60), what));
+        const TableRow &row = rows[place - 1];
+        const bool isEmpty = line.size() == row.size() - 1; // nothing but separators
+        if (isEmpty || line.contains(QChar(0)))
+            file.untolds.append(u"%1, riga %2 (%3): %4"_s.arg(
+                table.name(), QString::number(place),
+                LeftCharacters(line.replace(QChar(0), u'?'), 60), untold(table, row)));
     }
     return file;
 }
