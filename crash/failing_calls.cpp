@@ -1,12 +1,17 @@
 #include "failing_calls.h"
 
 #include <QFileInfo>
+#include <QMap>
+#include <QSet>
 
+#include <array>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/uio.h>
 #include <unistd.h>
 #include <utility>
 
@@ -20,7 +25,9 @@ struct Calls
 {
     CallFault fault = CallFault::Once;
     int left = 0; ///< calls until one goes wrong; 0 when none is to
-    QString struck;
+    CallRecord record;
+    QMap<QString, bool> written; ///< files not on the disk; true when a flush failed, for good then
+    QSet<QString> folders;       ///< with entries that are not on the disk
 };
 
 Calls &calls()
@@ -39,15 +46,49 @@ QString pathOf(int file)
     return QFileInfo(u"/proc/self/fd/%1"_s.arg(file)).symLinkTarget();
 }
 
+/** What tells a file, whatever name it has at the time. */
+QString idOf(const struct stat &file)
+{
+    return u"%1:%2"_s.arg(file.st_dev).arg(file.st_ino);
+}
+
+QString idOf(int file)
+{
+    struct stat found = {};
+    return ::fstat(file, &found) == 0 ? idOf(found) : QString();
+}
+
+QString idOf(const QString &path)
+{
+    struct stat found = {};
+    return ::stat(path.toLocal8Bit().constData(), &found) == 0 ? idOf(found) : QString();
+}
+
+void noteEntry(const char *path)
+{
+    calls().folders.insert(idOf(QFileInfo(pathOf(path)).path()));
+}
+
+/** Notes a file that has got another name; hands on what the call gave. */
+int named(int result, const char *path)
+{
+    if (result != 0)
+        return result;
+    if (calls().written.contains(idOf(pathOf(path))))
+        calls().record.unflushed.append(pathOf(path));
+    noteEntry(path);
+    return result;
+}
+
 /** Counts a call on @p file, a descriptor or a path; true when it is to go wrong. */
 template <typename File>
 bool strikes(const char *call, const File &file)
 {
     Calls &now = calls();
-    if (now.struck.isEmpty()) {
+    if (now.record.struck.isEmpty()) {
         if (now.left == 0 || --now.left != 0)
             return false;
-        now.struck = QLatin1StringView(call) + u' ' + pathOf(file).section(u'/', -1);
+        now.record.struck = QLatin1StringView(call) + u' ' + pathOf(file).section(u'/', -1);
     } else if (now.fault == CallFault::Once) {
         return false;
     }
@@ -58,12 +99,34 @@ bool strikes(const char *call, const File &file)
 /** Makes the call of that name as the system itself offers it, unless it is to go wrong. @p own is
  *  the definition below that stands in front of it. */
 template <typename File, typename Own, typename... Arguments>
-int callOrFail(const File &file, const char *name, Own *own, Arguments... arguments)
+auto callOrFail(const File &file, const char *name, Own *own, Arguments... arguments)
 {
     if (calls().fault != CallFault::FullDisk && strikes(name, file))
-        return -1;
+        return decltype(own(arguments...))(-1);
     own = reinterpret_cast<Own *>(::dlsym(RTLD_NEXT, name));
     return own(arguments...);
+}
+
+template <typename Own>
+int flushOrFail(const char *name, Own *own, int file)
+{
+    const int result = callOrFail(file, name, own, file);
+    const QString id = idOf(file);
+    const auto lost = calls().written.find(id);
+    if (result == 0)
+        calls().folders.remove(id);
+    if (lost != calls().written.end() && result != 0)
+        *lost = true;
+    else if (lost != calls().written.end() && !*lost)
+        calls().written.erase(lost);
+    return result;
+}
+
+/** Whether the system needs no room for a write at that place. */
+bool endsWithin(int file, size_t size, off64_t place)
+{
+    struct stat found = {};
+    return ::fstat(file, &found) == 0 && place + static_cast<off64_t>(size) <= found.st_size;
 }
 
 /** The same for a call that writes. */
@@ -72,7 +135,10 @@ ssize_t writeOrFail(const char *name, Own *own, int file, const void *data, size
                     Place... place)
 {
     own = reinterpret_cast<Own *>(::dlsym(RTLD_NEXT, name));
-    const bool isFirst = calls().struck.isEmpty();
+    calls().written[idOf(file)] |= false;
+    if (calls().fault == CallFault::FullDisk && (... || endsWithin(file, size, place)))
+        return own(file, data, size, place...);
+    const bool isFirst = calls().record.struck.isEmpty();
     if (!strikes(name, file))
         return own(file, data, size, place...);
     const bool isTorn =
@@ -85,17 +151,24 @@ ssize_t writeOrFail(const char *name, Own *own, int file, const void *data, size
 
 void FailingCalls::arm(int call, CallFault fault)
 {
-    calls() = {fault, call, {}};
+    calls() = {fault, call, {}, {}, {}};
 }
 
-QString FailingCalls::disarm()
+CallRecord FailingCalls::disarm()
 {
-    return std::exchange(calls(), {}).struck;
+    const Calls now = std::exchange(calls(), {});
+    CallRecord record = now.record;
+    if (record.struck.isEmpty() && !now.folders.isEmpty())
+        record.unflushed.append(u"a folder's entries"_s);
+    return record;
 }
 
 } // namespace saldoro
 
 using saldoro::callOrFail;
+using saldoro::flushOrFail;
+using saldoro::named;
+using saldoro::noteEntry;
 using saldoro::writeOrFail;
 
 // The program's own definitions come before those of the system's library, for the libraries too.
@@ -124,7 +197,19 @@ ssize_t pwrite64(int file, const void *data, size_t size, off64_t place)
 
 int fdatasync(int file)
 {
-    return callOrFail(file, "fdatasync", fdatasync, file);
+    return flushOrFail("fdatasync", fdatasync, file);
+}
+
+int fsync(int file)
+{
+    return flushOrFail("fsync", fsync, file);
+}
+
+ssize_t read(int file, void *data, size_t size)
+{
+    if (!saldoro::pathOf(file).endsWith(QStringLiteral(".ini")))
+        return ::readv(file, std::array{iovec{data, size}}.data(), 1);
+    return callOrFail(file, "read", read, file, data, size);
 }
 
 int ftruncate64(int file, off64_t size) noexcept
@@ -134,23 +219,25 @@ int ftruncate64(int file, off64_t size) noexcept
 
 int unlink(const char *path) noexcept
 {
+    if (QByteArrayView(path).endsWith("-journal"))
+        noteEntry(path);
     return callOrFail(path, "unlink", unlink, path);
 }
 
 int rename(const char *from, const char *to) noexcept
 {
-    return callOrFail(to, "rename", rename, from, to);
+    return named(callOrFail(to, "rename", rename, from, to), to);
 }
 
 int renameat2(int fromFolder, const char *from, int toFolder, const char *to,
               unsigned flags) noexcept
 {
-    return callOrFail(to, "renameat2", renameat2, fromFolder, from, toFolder, to, flags);
+    return named(callOrFail(to, "renameat2", renameat2, fromFolder, from, toFolder, to, flags), to);
 }
 
 int linkat(int fromFolder, const char *from, int toFolder, const char *to, int flags) noexcept
 {
-    return callOrFail(to, "linkat", linkat, fromFolder, from, toFolder, to, flags);
+    return named(callOrFail(to, "linkat", linkat, fromFolder, from, toFolder, to, flags), to);
 }
 
 int usleep(useconds_t /*microseconds*/)

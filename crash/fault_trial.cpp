@@ -2,9 +2,10 @@
 
 #include "bare_file.h"
 #include "database/database.h"
+#include "failing_calls.h"
+#include "file_content.h"
 #include "platform/machine_path.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -18,33 +19,60 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Adds rows whose first cell, behind @p kind, is their key. */
-void addRows(ArchiveState &state, const QString &kind, const QString &rows)
+QStringList databasePaths(const ProgramValues &values)
 {
-    for (const QString &row : rows.split(u'\n', Qt::SkipEmptyParts))
-        state[kind + row.section(u'|', 0, 0)] += row;
+    return {LedgerPath(values), ContractPath(values), CompaniesPath(values), CodesPath(values)};
 }
 
-/** Reads the state of @p archive past the program's own database layer. */
+QDir projectFolder(const ProgramValues &values)
+{
+    return QDir(MachinePath(ProjectFolder(values)));
+}
+
+QString settingsFolder(const ProgramValues &values)
+{
+    return values.ArchiveRoot + u"/impostazioni"_s;
+}
+
+/** Of another program, to which this one's come. */
+void addSettings(const ProgramValues &values)
+{
+    WriteFile(settingsFolder(values) + u"/saldoro/registro.ini"_s, "; mia\n[Altro]\nx=1\n");
+}
+
+/** The rows of a database, read past the program's own database layer. */
+ArchiveState rowsOf(const QString &path)
+{
+    ArchiveState state;
+    BareFile file(path);
+    const QString tables = file.rows(u"SELECT name FROM sqlite_master WHERE type = 'table'"_s);
+    for (const QString &table : tables.split(u'\n', Qt::SkipEmptyParts)) {
+        state[table] = u"made"_s;
+        const bool isSheet = table == "SchedaProgetto"_L1;
+        const QString rows = file.rows(isSheet ? u"SELECT * FROM SchedaProgetto ORDER BY rowid"_s
+                                               : u"SELECT rowid, * FROM "_s + table);
+        for (const QString &row : rows.split(u'\n', Qt::SkipEmptyParts))
+            state[(isSheet ? QString() : table + u' ') + row.section(u'|', 0, 0)] += row;
+    }
+    return state;
+}
+
 ArchiveState readState(const TestArchive &archive)
 {
     ArchiveState state;
-    addRows(state, {}, archive.contractRows(u"SELECT * FROM SchedaProgetto ORDER BY rowid"_s));
-    addRows(state, u"UltimaPerVariante "_s,
-            archive.contractRows(u"SELECT rowid, * FROM UltimaPerVariante"_s));
-    if (QFile::exists(MachinePath(LedgerPath(archive.values())))) {
-        state[ArchiveFiles::Ledger.toString()] = u"made"_s;
-        const QString tables = archive.ledgerRows(u"SELECT name FROM sqlite_master"_s);
-        addRows(state, {}, tables);
-        for (const QString &table : tables.split(u'\n', Qt::SkipEmptyParts))
-            addRows(state, table + u' ', archive.ledgerRows(u"SELECT rowid, * FROM "_s + table));
+    for (const QString &path : databasePaths(archive.values())) {
+        const QFileInfo file(MachinePath(path));
+        if (!file.exists())
+            continue;
+        state[file.fileName()] = u"made"_s;
+        state.insert(rowsOf(path));
     }
-    const QDir folder(MachinePath(ProjectFolder(archive.values())));
-    for (const QString &name : folder.entryList({u"*.rtf"_s}, QDir::Files)) {
-        QFile file(folder.filePath(name));
-        state[name] = file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll())
-                                                     : u"(cannot be read)"_s;
-    }
+    QFileInfoList files =
+        projectFolder(archive.values()).entryInfoList({u"*.rtf"_s, u"*.csv"_s}, QDir::Files);
+    files += QDir(settingsFolder(archive.values()) + u"/saldoro"_s).entryInfoList({u"*.ini"_s});
+    for (const QFileInfo &file : files)
+        state[file.fileName()] = QString::fromUtf8(ContentOf(file.filePath()))
+                                     .replace(archive.values().ArchiveRoot, u"root"_s);
     return state;
 }
 
@@ -91,19 +119,26 @@ FaultTrial::FaultTrial(Work work)
 {
     if (m_work.prepare)
         m_work.prepare(m_origin);
+    addSettings(m_origin.values());
     renew();
+    FailingCalls::arm(0, CallFault::Once);
     const Report report = perform();
+    const QStringList unflushed = FailingCalls::disarm().unflushed;
     Require(!report, u"it fails untouched"_s, report);
+    Require(unflushed.isEmpty(), u"not flushed: "_s + unflushed.join(u", "_s), {});
     m_possible = statesBetween(readState(m_origin), readState(*m_copy), m_work.writes);
+    requireTidy({}, true);
 }
 
 void FaultTrial::renew()
 {
     m_copy.emplace(m_origin);
+    addSettings(values());
 }
 
 Report FaultTrial::perform()
 {
+    qputenv("XDG_CONFIG_HOME", settingsFolder(values()).toUtf8());
     ProgramValues values = m_copy->values();
     try {
         m_work.perform(values);
@@ -113,11 +148,23 @@ Report FaultTrial::perform()
     return {};
 }
 
+bool FaultTrial::isUntouched() const
+{
+    return readState(*m_copy) == m_possible.first();
+}
+
+QStringList FaultTrial::files() const
+{
+    QStringList names = m_possible.last().keys();
+    names.removeIf(
+        [](const QString &name) { return !name.endsWith(u".rtf") && !name.endsWith(u".csv"); });
+    return names;
+}
+
 /** Opens each database as the program does, which undoes what was left half done. */
 void FaultTrial::requireSound(const Report &report) const
 {
-    for (const QString &path : {LedgerPath(values()), ContractPath(values()),
-                                CompaniesPath(values()), CodesPath(values())}) {
+    for (const QString &path : databasePaths(values())) {
         if (QFileInfo(MachinePath(path)).size() == 0)
             continue;
         Database::open(path);
@@ -126,7 +173,40 @@ void FaultTrial::requireSound(const Report &report) const
     }
 }
 
-void FaultTrial::check(const Report &report)
+/** Looks at the copies, and unless something kept the work from tidying up at what else is left. */
+void FaultTrial::requireTidy(const Report &report, bool canTidy) const
+{
+    int copies = 0;
+    QStringList rest;
+    QStringList databases;
+    for (const QString &path : databasePaths(values()))
+        databases.append(QFileInfo(MachinePath(path)).fileName());
+    const QDir folder = projectFolder(values());
+    for (const QString &name : folder.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
+        if (name.contains(u" copia ") && name.endsWith(u".mdb")) {
+            ++copies;
+            const QString original = name.section(u" copia "_s, 0, 0) + u".mdb"_s;
+            Require(rowsOf(folder.filePath(name)) ==
+                        rowsOf(projectFolder(m_origin.values()).filePath(original)),
+                    name + u" is not as the database was"_s, report);
+        } else if (!databases.contains(name) && !name.endsWith(u".rtf") &&
+                   !name.endsWith(u".csv")) {
+            rest.append(name);
+        }
+    }
+    const ArchiveState found = readState(*m_copy);
+    const bool isBetween = found != m_possible.first() && found != m_possible.last();
+    const bool isMarked = report && rest.removeOne(m_work.mark); // perhaps without need
+    Require(m_work.mark.isEmpty() || !isBetween || isMarked,
+            u"nothing says that the files are mixed"_s, report);
+    if (!canTidy)
+        return;
+    Require(rest.isEmpty(), u"left behind: "_s + rest.join(u", "_s), report);
+    Require(copies == (report ? 0 : m_work.copies) || (report && found != m_possible.first()),
+            u"%1 copies"_s.arg(copies), report);
+}
+
+void FaultTrial::check(const Report &report, bool canTidy)
 {
     requireSound(report);
     const ArchiveState found = readState(*m_copy);
@@ -135,6 +215,7 @@ void FaultTrial::check(const Report &report)
     Require(state >= 0, u"not a state of the order of writes:\n"_s + difference(found, end),
             report);
     Require(report || found == end, u"success without having written all"_s, report);
+    requireTidy(report, canTidy);
     if (!m_work.isRepeatable || m_completed.contains(state))
         return; // many faults leave the same state; once is enough for each
     m_completed.insert(state);
@@ -156,8 +237,7 @@ void Require(bool holds, const QString &what, const Report &report)
 void RequireReport(const Report &report, const QStringList &parts)
 {
     Require(report.has_value(), u"no report"_s, report);
-    const QString file = report->detail(u"File"_s);
-    Require(file.endsWith(u".mdb") || file.endsWith(u".rtf"),
+    Require(QFileInfo(report->detail(u"File"_s)).isAbsolute(),
             u"the report does not name the file"_s, report);
     Require(!report->problem().isEmpty() && !report->remedy().isEmpty(),
             u"the report says too little"_s, report);

@@ -11,10 +11,9 @@
 namespace saldoro {
 
 /**
- * Everything of a project that the program writes, as texts that can be compared: each row of the
- * ledger and of the budget under its table and row id ("Spese 7"), each item of the contract sheet
- * under its key, each document under its name; the ledger itself and its tables, which may be
- * empty, under their names.
+ * Everything of a project that the program writes, as texts that can be compared: each row under
+ * its table and row id ("Spese 7"), each item of the contract sheet under its key, each document,
+ * CSV file and the settings under its name; databases and tables, which may be empty, under theirs.
  */
 using ArchiveState = QMap<QString, QString>;
 
@@ -38,11 +37,17 @@ public:
     void renew();
     /** Does the work on the copy as it stands. */
     Report perform();
-    /** Looks at what the work has left, with the fault gone; throws std::runtime_error. */
-    void check(const Report &report);
+    /** Looks at what the work has left, with the fault gone; throws std::runtime_error. @p canTidy:
+     *  nothing kept it from clearing away what it had not finished. */
+    void check(const Report &report, bool canTidy);
+    /** Whether the archive is as before the work. */
+    bool isUntouched() const;
+    /** Names of the documents and CSV files that the work leaves. */
+    QStringList files() const;
 
 private:
     void requireSound(const Report &report) const;
+    void requireTidy(const Report &report, bool canTidy) const;
 
     Work m_work;
     TestArchive m_origin;

@@ -1,11 +1,17 @@
 #include "works.h"
 
+#include "common/errors.h"
+#include "exchange/archive_tables.h"
+#include "exchange/export.h"
 #include "exchange/import.h"
+#include "exchange/payment_values.h"
+#include "file_content.h"
 #include "held_form.h"
 #include "overview/availability_overview.h"
 #include "overview/overview_document.h"
 #include "overview/payment_deletion.h"
 #include "overview/payments_list.h"
+#include "platform/registry.h"
 #include "sound_project.h"
 #include "store/ledger.h"
 
@@ -79,9 +85,7 @@ QString csvFolder()
           std::pair(u"Fatture"_s, "AziProf;Npag;Creditore;Del;Importo;ImportoIVA\n"
                                   "A;1;Edil Rossi;31/01/2021;100,00;22,00\n"),
           std::pair(u"Spese"_s, "RelNpag;Cod;Descrizione;Importo\n1;A1;Scavi;122,00\n")}) {
-        QFile file(folder.filePath(table + u".csv"_s));
-        if (!file.open(QIODevice::WriteOnly) || file.write(text) < 0)
-            throw std::runtime_error("the file to import can't be written");
+        WriteFile(folder.filePath(table + u".csv"_s), text);
     }
     // Also for a process that has given up its rights.
     QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
@@ -89,14 +93,29 @@ QString csvFolder()
     return folder.path();
 }
 
-/** Puts the files in the place of what the project holds. */
-void import(const ProgramValues &values, const QString &csv)
+/** Puts the files in the place of what the project holds, or into a new one. */
+void import(const ProgramValues &values, bool isNew)
 {
+    static const QString csv = csvFolder();
     const ImportOutcome outcome =
         ImportFiles(MachinePath(ProjectFolder(values)), csv,
-                    {false, true, {u"UltimaPerVariante"_s, u"Fatture"_s, u"Spese"_s}});
+                    {isNew, true, {u"UltimaPerVariante"_s, u"Fatture"_s, u"Spese"_s}});
     if (!outcome.isDone)
         throw std::runtime_error(outcome.remarks().toStdString());
+    // Rows are in, and the setting is not: told, but no error.
+    for (const QString &warning : outcome.warnings) {
+        if (warning.contains(RegistryFilePath()))
+            throw FileError(RegistryFilePath(), warning, u"-"_s);
+    }
+}
+
+/** Names of the files of an export, in their order. */
+QStringList tableFiles()
+{
+    QStringList names;
+    for (const ExchangedTable &table : ExchangedTables())
+        names.append(table.fileName());
+    return names;
 }
 
 } // namespace
@@ -151,9 +170,48 @@ QList<Work> AllWorks()
          {ledger, contract}},
         {u"deleted allocation"_s, removeAllocation, {u"Spese 4"_s}, {ledger}},
         {u"import"_s,
-         [csv = csvFolder()](ProgramValues &values) { import(values, csv); },
-         {u"UltimaPerVariante .*"_s, u"(Fatture|Spese) .*"_s},
-         {ledger, contract}},
+         [](ProgramValues &values) { import(values, false); },
+         {u"(UltimaPerVariante|Fatture|Spese) .*"_s},
+         {ledger, contract},
+         true,
+         {},
+         2},
+        {u"import into a new project"_s,
+         [](ProgramValues &values) { import(values, true); },
+         {u"Appalto.mdb|SchedaProgetto|UltimaPerVariante"_s, u"AZIDB.mdb|Anag|Partecip|Manda"_s,
+          u"Saldoro.mdb|Fatture|Spese"_s, u".* \\d+"_s, u"registro.ini"_s},
+         {ledger, contract},
+         true,
+         [](TestArchive &archive) {
+             for (const auto &pathOf : {LedgerPath, ContractPath, CompaniesPath})
+                 QFile::remove(MachinePath(pathOf(archive.values())));
+         }},
+        {u"export"_s,
+         [](ProgramValues &values) {
+             const QString folder = MachinePath(ProjectFolder(values));
+             ExportProject(folder, folder, true);
+         },
+         tableFiles(),
+         {},
+         true,
+         [](TestArchive &archive) {
+             for (const QString &name : tableFiles())
+                 WriteFile(MachinePath(ProjectFolder(archive.values())) + u'/' + name, "vecchio");
+         },
+         0,
+         u"esportazione incompleta.txt"_s},
+        {u"values set"_s,
+         [](ProgramValues &values) {
+             SetPaymentValues(LedgerPath(values), {u"1"_s, u"Importo"_s, u"12,00"_s});
+         },
+         {u"Fatture 1"_s},
+         {ledger},
+         false,
+         [](TestArchive &archive) {
+             archive.execute(LedgerPath(archive.values()),
+                             u"UPDATE Fatture SET Importo = NULL WHERE Npag = 1"_s);
+         },
+         1},
     };
 }
 

@@ -23,8 +23,12 @@ struct Work
     QStringList databases;
     /** Whether the same work done again after an error brings it to its end. */
     bool isRepeatable = true;
-    /** Takes away from the FilledProject() what the work does not find there. */
+    /** Makes of the FilledProject() what the work is to find. */
     std::function<void(TestArchive &archive)> prepare = {};
+    /** Copies of databases as they were that it leaves beside them. */
+    int copies = 0;
+    /** A file that stands in the project's folder as long as its files are partly old. */
+    QString mark = {};
 };
 
 /** A project with payments 1 and 2, the latter to a professional, with a mandate note and four
@@ -32,7 +36,8 @@ struct Work
 TestArchive FilledProject();
 
 /** Creating the ledger, the main screen's load and its closing work, saves of both kinds, new and
- *  changed, deletions of a payment and of an allocation, an import. */
+ *  changed, deletions of a payment and of an allocation, imports into a project and into a new one,
+ * an export, values set. */
 QList<Work> AllWorks();
 
 } // namespace saldoro

@@ -5,6 +5,8 @@
 #include "database/engine_error.h"
 #include "database/text_order.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <chrono>
@@ -105,6 +107,28 @@ Connection Connection::ofAllFiles() const
     Connection all = *this;
     all.m_path = m_engine->paths.join(u", "_s);
     return all;
+}
+
+QStringList Connection::ties() const
+{
+    const QFileInfo first(m_engine->paths.first());
+    QStringList paths;
+    for (const QFileInfo &file :
+         first.dir().entryInfoList({first.fileName() + u"-mj*"_s}, QDir::Files))
+        paths.append(file.filePath());
+    return paths;
+}
+
+void Connection::removeTiesBut(const QStringList &others) const
+{
+    for (const QString &path : std::as_const(m_engine->paths)) {
+        if (QFileInfo::exists(path + u"-journal"_s))
+            return;
+    }
+    for (const QString &path : ties()) {
+        if (!others.contains(path))
+            QFile::remove(path);
+    }
 }
 
 void Connection::execute(const QString &sql) const

@@ -4,6 +4,7 @@
 #include "database/field_value.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <memory_resource>
@@ -44,6 +45,12 @@ public:
 
     /** The same connection; errors name all its files, since it can't be told which is meant. */
     Connection ofAllFiles() const;
+
+    /** Paths of the files beside the first file with which the engine ties the journals of several
+     *  files together. It leaves one behind when it can't commit. */
+    QStringList ties() const;
+    /** Deletes those that are not among @p others, unless a journal is left that may need one. */
+    void removeTiesBut(const QStringList &others) const;
 
     /** Whether the file takes no changes, however it was opened. */
     bool isReadOnly() const;

@@ -206,16 +206,19 @@ Transaction::Transaction(const Database &database, TransactionKind kind)
         throw DatabaseError(DatabaseFault::ReadOnly, database.path());
     Statement(m_files, writes ? u"BEGIN IMMEDIATE"_s : u"BEGIN"_s).run();
     m_isOpen = true;
+    m_tiesOfOthers = m_files->ties();
 }
 
 Transaction::~Transaction()
 {
+    if (!m_isOpen)
+        return;
     try {
-        if (m_isOpen)
-            Statement(m_files, u"ROLLBACK"_s).run();
+        Statement(m_files, u"ROLLBACK"_s).run();
     } catch (const std::exception &) {
         // The engine takes everything back at the latest when the file is closed or opened next.
     }
+    m_files->removeTiesBut(m_tiesOfOthers);
 }
 
 void Transaction::commit()

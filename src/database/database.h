@@ -4,6 +4,7 @@
 #include "database/table_def.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -137,6 +138,7 @@ public:
 
 private:
     std::shared_ptr<Connection> m_files;
+    QStringList m_tiesOfOthers;
     bool m_isOpen = false;
 };
 

@@ -161,7 +161,12 @@ void PutInPlace(const QString &aside, const QString &path)
     std::filesystem::rename(aside.toStdU16String(), path.toStdU16String(), fault);
     if (fault)
         throw failureOf(path, fault);
-    flushFolderOf(path);
+    try {
+        flushFolderOf(path);
+    } catch (...) {
+        QFile::remove(path);
+        throw;
+    }
 }
 
 } // namespace saldoro

@@ -14,8 +14,8 @@ namespace saldoro {
 /**
  * A file that is written whole or not at all. The constructor writes it aside, in the folder where
  * it is to stand; replace() puts it in the place of an earlier file of that name. Until then, and
- * after a failure of either, the earlier file is as it was. An object that goes without having
- * replaced anything leaves nothing aside. To replace several files together, construct all first.
+ * after a failure, the earlier file is as it was. An object that goes without having replaced
+ * anything leaves nothing aside. To replace several files together, construct all first.
  *
  * Failures are FileErrors with the path and the most likely cause.
  */
@@ -34,7 +34,8 @@ public:
     ~WholeFile();
 
     /** Renames the file into its place, once only, and has the folder's entry on the disk, where
-     *  the system offers that, before it returns. */
+     *  the system offers that, before it returns. When only the latter fails the file is replaced
+     *  already. */
     void replace();
 
 private:
@@ -42,7 +43,8 @@ private:
 };
 
 /** Renames a file that its writer has put on the disk, such as a new database, to a name that no
- *  file has, in the same folder; the entry is then on the disk, too. Paths of the machine. */
+ *  file has, in the same folder; the entry is then on the disk, too. Throws FileError, with no file
+ *  of that name. Paths of the machine. */
 void PutInPlace(const QString &aside, const QString &path);
 
 } // namespace saldoro
