@@ -8,10 +8,11 @@ namespace saldoro {
  * Tells key presses that come by themselves because a key is held down from those that somebody
  * makes. What a press has opened, or brought to the front, is to take no notice of the former.
  *
- * The system's own mark on a press is not enough: a repetition comes without it now and then, and
- * the first press after a release that no window of the program was told of bears it. But where a
- * system tells a repetition as a release and a press the two follow each other, and the release
- * bears the mark or both the same time.
+ * The toolkit's own mark on a press, isAutoRepeat(), is not enough. On X11 the first repetition
+ * that reaches a window that has just opened comes without it, which is the very one that matters
+ * here, and the first press after a release that no window of the program was told of bears it. But
+ * X11 tells a repetition as a release and a press that follow each other, and the release bears the
+ * mark or both the same time.
  */
 
 /** Begins to watch the application's keys; calls after the first do nothing. Needs the application
