@@ -3,6 +3,8 @@
 #include "common/errors.h"
 #include "common/rounding.h"
 
+#include <QtNumeric>
+
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
@@ -20,7 +22,7 @@ namespace {
 Currency Currency::fromWhole(qint64 euros)
 {
     qint64 scaled = 0;
-    if (__builtin_mul_overflow(euros, Scale, &scaled))
+    if (qMulOverflow(euros, Scale, &scaled))
         overflow();
     return fromScaled(scaled);
 }
@@ -41,7 +43,7 @@ double Currency::toDouble() const
 Currency Currency::operator+(Currency other) const
 {
     qint64 sum = 0;
-    if (__builtin_add_overflow(m_scaled, other.m_scaled, &sum))
+    if (qAddOverflow(m_scaled, other.m_scaled, &sum))
         overflow();
     return fromScaled(sum);
 }
@@ -49,7 +51,7 @@ Currency Currency::operator+(Currency other) const
 Currency Currency::operator-(Currency other) const
 {
     qint64 difference = 0;
-    if (__builtin_sub_overflow(m_scaled, other.m_scaled, &difference))
+    if (qSubOverflow(m_scaled, other.m_scaled, &difference))
         overflow();
     return fromScaled(difference);
 }

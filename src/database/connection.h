@@ -78,7 +78,8 @@ private:
     std::shared_ptr<Engine> m_engine;
 };
 
-/** One prepared statement. Every failure is a DatabaseError with the file and the table. */
+/** One prepared statement. Every failure is thrown as by ThrowEngineError(), with the file and the
+ *  table. */
 class Statement
 {
 public:

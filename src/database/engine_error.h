@@ -5,7 +5,8 @@
 namespace saldoro {
 
 /**
- * Throws the DatabaseError that stands for the result code @p code of the engine.
+ * Throws the DatabaseError that stands for the result code @p code of the engine; std::bad_alloc
+ * when that is out of memory.
  *
  * @param message the engine's own words; names of tables and fields are taken from them.
  * @param path the file, as a path of the machine.

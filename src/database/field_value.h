@@ -52,7 +52,7 @@ struct RecordPlace
  * What one field of the current record holds, with its place for error texts. A value stays valid
  * only until the record set moves, changes or is closed: read it at once.
  *
- * Reading a null throws NullValue, save by the forms "OrEmpty", "OrNone" and "isNull"; a stored
+ * Reading a null throws NullValue, except by the forms "OrEmpty", "OrNone" and "isNull"; a stored
  * value that is not of the type asked for throws TypeMismatch; a number beyond the type
  * FieldTooSmall.
  */

@@ -11,9 +11,11 @@ namespace saldoro {
 class RecordRows;
 
 /**
- * An updatable key set over the rows of a query. The set of records and their order are fixed when
- * the set is first used; deleted records are passed over from then on, added ones come last. Each
- * update() and deleteRecord() is one atomic statement that reaches the disk before it returns.
+ * The records of a query as they were when the set was first used, their values and order included;
+ * what other programs write afterwards does not show. Changes are written through: each update()
+ * and deleteRecord() is one atomic statement that changes exactly one record, and outside a
+ * Transaction it has reached the disk before it returns. Deleted records are passed over from then
+ * on, added ones come last.
  *
  * Text is compared without regard to letter case, as the engine's general sort order does.
  *
@@ -51,6 +53,9 @@ public:
      * moveFirst(), moveLast() and findFirst() lead on from there, the others throw NoCurrentRecord.
      * Throws SyntaxError for anything else, TypeMismatch for a quoted text against a number field
      * or the other way round, FieldMissing.
+     *
+     * Until the set is first written to a text is looked up in an index, made when it is first
+     * asked for; every other find goes over the records.
      */
     void findFirst(const QString &criterion);
     void findNext(const QString &criterion);
@@ -70,15 +75,16 @@ public:
     void addNew();
     void edit();
     /** Field values are read as stored, not from the buffer, and any move or find empties it.
-     *  Throws FieldTooSmall, ZeroLengthRefused, TypeMismatch, FieldMissing. */
+     *  Throws FieldTooSmall, TypeMismatch, FieldMissing. */
     void set(const QString &name, const NewValue &value);
     /** Writes the buffer in one statement. After addNew() the current record is the one that was
      *  current before; after edit() the changed one. Throws RecordGone when another program has
-     *  deleted it, NullValue for a field that the file wants filled, Locked, ReadOnly, DiskFull. */
+     *  deleted it, NotStored when a trigger of the file kept it from being written, NullValue and
+     *  ZeroLengthRefused for a field that the file wants filled, Locked, ReadOnly, DiskFull. */
     void update();
     /** Deletes the current record; it stays the (unreadable) position for moveNext/findNext. One
      *  that another program has deleted meanwhile is passed over without an error. Throws
-     *  NoCurrentRecord, Locked, ReadOnly, DiskFull. */
+     *  NoCurrentRecord, NotStored, Locked, ReadOnly, DiskFull. */
     void deleteRecord();
 
 private:

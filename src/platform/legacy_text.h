@@ -14,8 +14,7 @@ QString TextOfUtf8(QByteArrayView bytes);
 /**
  * The characters of a stored text. Older programs leave texts in the Western code page (1252) of
  * the files; a text that is no UTF-8 is read so. Every byte then stands for a character of its
- * own, thus two different texts never become one, as they would with a stand-in for what can't be
- * read.
+ * own, so nothing of the text is lost, as it would be with a stand-in for what can't be read.
  */
 QString TextOfStoredBytes(QByteArrayView bytes);
 
