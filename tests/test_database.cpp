@@ -278,7 +278,7 @@ private slots:
         other.run(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n LIMIT 2000) "
                   "INSERT INTO Tipi(Note) SELECT 'testo' FROM n"_s);
         QCOMPARE(database.damage(), QString());
-        QVERIFY(database.hasPlainJournal());
+        QVERIFY(Database::hasPlainJournal(path));
         QFile file(path);
         QVERIFY(file.open(QIODevice::ReadWrite) && file.seek(5 * 4096));
         file.write(QByteArray(4096, '\x0d'));
@@ -286,7 +286,7 @@ private slots:
         other.run(u"PRAGMA journal_mode = WAL"_s);
         const Database again = Database::open(path);
         QVERIFY(!again.damage().isEmpty());
-        QVERIFY(!again.hasPlainJournal());
+        QVERIFY(!Database::hasPlainJournal(path));
     }
 
     void pathsAreFoundInAnyLetterCase()

@@ -90,7 +90,7 @@ void TestVerify::finds()
     add("L",
         "UPDATE Fatture SET (Importo, Del, Npag) = (1000000.5, '2020/01/31', 1.0) WHERE Npag = 1; "
         "UPDATE Fatture SET Del = '2020-02-01 10:30' WHERE Npag = 2",
-        "Pagamento 1 (riga 1, Edil Valle), Fatture.Del: il valore «31/01/2020» non è una data\n"
+        "Pagamento 1 (riga 1, Edil Valle), Fatture.Del: il valore «2020/01/31» non è una data\n"
         "Pagamento 1 (riga 1, Edil Valle), Fatture.Importo: il valore «100.00005» non è un importo "
         "esatto: il programma si ferma quando lo legge, o ne legge un altro.");
     add("L", "UPDATE Fatture SET ImportoIVA = ImportoIVA + 49", "");
@@ -162,9 +162,20 @@ void TestVerify::unreadableFilesAreFindings()
     QVERIFY(QFile::remove(MachinePath(project.path(u'A'))));
     QFile codes(MachinePath(project.path(u'K')));
     QVERIFY(codes.resize(0));
+    project.archive.execute(project.path(u'C'), u"PRAGMA journal_mode = WAL"_s);
+    project.archive.execute(
+        project.path(u'L'),
+        u"CREATE TABLE Altro AS SELECT * FROM Fatture; DROP TABLE Spese; CREATE "
+        "VIEW Spese AS SELECT 1 RelNpag, 'A1' Cod, '' Descrizione, 1 Importo"_s);
+    QFile ledger(MachinePath(project.path(u'L')));
+    QVERIFY(ledger.open(QIODevice::ReadWrite) && ledger.seek(ledger.size() - 200));
+    QCOMPARE(ledger.write(QByteArray(200, '\x0d')), 200);
+    ledger.close();
     const QString found =
-        u"chiavi.mdb: Il file non è un archivio\nAZIDB.mdb: L'archivio non è stato trovato."_s;
-    QCOMPARE(summary(VerifyProject(project.folder()), found), found);
+        u"chiavi.mdb: Il file non è un archivio\nAppalto.mdb: ha un giornale (WAL)\nAZIDB.mdb: "
+        "L'archivio non è stato trovato.\nSaldoro.mdb: il file è danneggiato (\nSaldoro.mdb: nella "
+        "tabella Spese il"_s;
+    QCOMPARE(summary(VerifyProject(project.folder()).first(5), found), found);
 }
 
 QTEST_GUILESS_MAIN(TestVerify)

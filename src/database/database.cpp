@@ -187,10 +187,14 @@ QString Database::damage() const
     return found == "ok"_L1 ? QString() : found;
 }
 
-bool Database::hasPlainJournal() const
+bool Database::hasPlainJournal(const QString &path)
 {
-    Statement mode(m_file, u"PRAGMA %1.journal_mode"_s.arg(m_file->schema()));
-    return mode.step() && mode.text(0) != "wal"_L1;
+    constexpr qint64 writerVersion = 18; // in the header: which programs may write the file, and so
+    constexpr char writeAheadLog = 2;
+    QFile file(MachinePath(path));
+    char version = 0;
+    return !file.open(QIODevice::ReadOnly) || !file.seek(writerVersion) ||
+           !file.getChar(&version) || version != writeAheadLog;
 }
 
 QString Database::path() const

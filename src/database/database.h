@@ -92,9 +92,10 @@ public:
      *  when the file is sound. Throws NotADatabase when it can't even be looked through. */
     QString damage() const;
 
-    /** Whether the file goes with an ordinary rollback journal, thus has no companions between two
-     *  changes that must be copied with it. */
-    bool hasPlainJournal() const;
+    /** Whether the file at @p path goes with an ordinary rollback journal, thus has no companions
+     *  between two changes that must be copied with it; also for what is no database. Opens none,
+     *  since that would make the companions. */
+    static bool hasPlainJournal(const QString &path);
 
     /** The path of the machine, for messages. */
     QString path() const;

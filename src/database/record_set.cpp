@@ -130,6 +130,11 @@ bool RecordSet::eof() const
     return data.rows->liveCount() == 0 || data.position == Data::Position::AtEnd;
 }
 
+bool RecordSet::isUpdatable() const
+{
+    return m_data->rows->areUpdatable();
+}
+
 int RecordSet::recordCount() const
 {
     return filled().rows->liveCount();

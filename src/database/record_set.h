@@ -35,6 +35,8 @@ public:
     bool eof() const;
     /** True when the set holds no record at all (deleted ones do not count). */
     bool isEmpty() const { return recordCount() == 0; }
+    /** Whether records can be added, changed and deleted. */
+    bool isUpdatable() const;
     /** Number of records, deleted ones not counted. */
     int recordCount() const;
 

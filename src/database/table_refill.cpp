@@ -33,6 +33,8 @@ TableRefill::TableRefill(const Database &database, const QString &table, const Q
             others.append(QuotedName(written.text(1)));
     }
     m_hasOthers = !others.isEmpty();
+    if (m_hasOthers && RowIdName(all).isEmpty()) // nothing left to tell its records apart by
+        throw DatabaseError(DatabaseFault::ReadOnly, m_file->path(), table);
     if (m_hasOthers)
         Statement(m_file, u"CREATE TABLE %1 AS SELECT * FROM %2"_s.arg(asideName, target), table)
             .run();

@@ -84,6 +84,13 @@ private:
     QString m_noteStart;
 };
 
+/** An error of @p action says that nothing was written. */
+template <typename Action>
+auto nothingWritten(const Action &action)
+{
+    return WithDetail(u"Esito"_s, u"Niente è stato scritto."_s, action);
+}
+
 /** One import from beginning to end. */
 class ProjectImport
 {
@@ -152,6 +159,10 @@ private:
                 m_outcome.warnings.append(table.file + u": campi tralasciati: "_s +
                                           table.unknownFields.join(u", "_s) + u'.');
         }
+        for (const ArchiveFile file : ArchiveFileList) {
+            if (!Database::hasPlainJournal(path(file)))
+                addError(fileName(file) + u": "_s + NoPlainJournal.toString());
+        }
         if (QFileInfo::exists(m_folder) && IsProjectOpen(m_folder))
             refuse(u"Saldoro ha aperto il progetto, e vi lavorerebbe con i valori di prima: "
                    "chiuderlo."_s);
@@ -177,8 +188,6 @@ private:
         for (const ArchiveFile file : ArchiveFileList) {
             if (file != first)
                 m_databases.emplace(file, m_databases.at(first).attach(path(file)));
-            if (!m_databases.at(file).hasPlainJournal())
-                addError(fileName(file) + u": "_s + NoPlainJournal.toString());
         }
     }
 
@@ -363,9 +372,8 @@ ImportOutcome ImportTables(const QString &projectFolder, const QList<CsvTable> &
     if (options.createProject)
         place = PlaceOf(projectFolder);
     const QString folder = place ? place->folder : ExistingFolder(projectFolder);
-    ImportOutcome outcome = WithDetail(u"Esito"_s, u"Niente è stato scritto."_s, [&] {
-        return ProjectImport(folder, tables, options).run();
-    });
+    ImportOutcome outcome =
+        nothingWritten([&] { return ProjectImport(folder, tables, options).run(); });
     if (place && outcome.isDone) {
         try {
             outcome.summary += SettingReport(*place);
@@ -384,13 +392,16 @@ ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder
     RefuseMixedFiles(csvFolder);
     ImportOutcome outcome;
     QList<CsvTable> tables;
-    for (const auto &[table, path] : csvPaths(ExistingFolder(csvFolder), outcome.errors)) {
+    const auto paths = csvPaths(ExistingFolder(csvFolder), outcome.errors);
+    for (const auto &[table, path] : paths) {
         const QString database = ArchiveFilePath(table->archive, folder);
         std::optional<TableDef> stored;
-        if (QFileInfo::exists(database))
-            stored = Database::open(database).tableDef(table->name());
         QStringList errors;
-        tables.append(ReadCsvTable(path, *table, stored.value_or(table->definition), errors));
+        nothingWritten([&, &csv = path, &table = table] {
+            if (QFileInfo::exists(database) && Database::hasPlainJournal(database))
+                stored = Database::open(database).tableDef(table->name());
+            tables.append(ReadCsvTable(csv, *table, stored.value_or(table->definition), errors));
+        });
         for (const QString &error : std::as_const(errors))
             outcome.errors.append(line(error));
     }

@@ -19,7 +19,7 @@ NewValue valueOf(const FieldDef &field, const FieldValue &stored, Reading readin
     const auto bytes = stored.storedBytes();
     try {
         if (!stored.isOfItsKind())
-            return isExact ? NewValue(QDate()) : stored.text();
+            return isExact ? NewValue(QDate()) : bytes ? TextOfUtf8(*bytes) : stored.text();
         if (field.type == FieldType::Currency)
             return stored.currency();
         if (field.type == FieldType::Integer || field.type == FieldType::Long)

@@ -59,27 +59,28 @@ void Verification::guarded(const QString &path, const Action &action)
     }
 }
 
+void Verification::addOfFile(const QString &path, const QString &problem)
+{
+    m_ofFiles.append({FindingGroup::Files, QFileInfo(path).fileName(), problem,
+                      u"rimettere al suo posto una copia di riserva del file, o far rimediare "
+                      "all'assistenza."_s});
+}
+
 void Verification::read(const Database &database, ArchiveFile file)
 {
-    const QString name = QFileInfo(database.path()).fileName();
-    const auto add = [&](const QString &place, const QString &problem) {
-        m_ofFiles.append({FindingGroup::Files, place, problem,
-                          u"rimettere al suo posto una copia di riserva del file, o far rimediare "
-                          "all'assistenza."_s});
-    };
     guarded(database.path(), [&] {
-        if (!database.hasPlainJournal())
-            add(name, NoPlainJournal.toString());
         if (const QString damage = database.damage(); !damage.isEmpty())
-            add(name, u"il file è danneggiato ("_s + damage + u")."_s);
+            addOfFile(database.path(), u"il file è danneggiato ("_s + damage + u")."_s);
     });
     for (const TableDef &table : TablesOf(file)) {
         guarded(database.path(), [&] {
             m_tables.insert_or_assign(
                 table.name(), ProjectTable{table, StoredRows(database, table, Reading::AsProgram)});
-            if (isWritten(table.name()) && database.isStoredQuery(table.name()))
-                add(name + u", tabella "_s + table.name(),
-                    u"è un'interrogazione e non una tabella: il programma non vi può scrivere."_s);
+            if (isWritten(table.name()) &&
+                !database.openRecordSet(u"SELECT * FROM "_s + table.name()).isUpdatable())
+                addOfFile(database.path(),
+                          u"nella tabella %1 il programma non può scrivere: è un'interrogazione o "
+                          "ha una forma che non conosce."_s.arg(table.name()));
         });
     }
 }
@@ -128,7 +129,13 @@ Findings VerifyProject(const QString &folder, const QString &codes)
     for (const ArchiveFile file : ArchiveFileList) {
         const QString path =
             file == ArchiveFile::Codes && !codes.isEmpty() ? codes : ArchiveFilePath(file, folder);
-        verification.guarded(path, [&] { verification.read(Database::openReadOnly(path), file); });
+        verification.guarded(path, [&] {
+            if (!Database::hasPlainJournal(path)) // to read it would make the other files
+                return verification.addOfFile(path, NoPlainJournal.toString());
+            const Database database = Database::openReadOnly(path);
+            const Transaction together(database, TransactionKind::Reading);
+            verification.read(database, file);
+        });
     }
     return verification.findings();
 }
