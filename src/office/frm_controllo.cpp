@@ -64,7 +64,7 @@ QWidget *FrmControllo::makeDayRow()
         row->addWidget(field);
     };
     add(u"&Pagamento senza data:"_s, m_payments, u"Pagamento"_s);
-    add(u"&Data:"_s, m_day, u"Data"_s);
+    add(u"D&ata:"_s, m_day, u"Data"_s);
     auto *set = new PromptButton(u"Imposta"_s, u"&Imposta la data"_s,
                                  u"Scrive la data nel pagamento"_s, group);
     row->addWidget(set);

@@ -117,7 +117,10 @@ void PasteTable::replaceRows(const std::function<void()> &action)
     for (int column = 0; column < m_model.columnCount(); ++column)
         m_view->setColumnWidth(column,
                                std::min(m_view->columnWidth(column), m_view->width() * 2 / 5));
-    m_view->setCurrentIndex(m_model.index(0, 1));
+    int row = 0; // or the first one to be corrected
+    for (int each = m_model.rowCount() - 1; each >= 0; --each)
+        row = m_pasted.rows()[each].state == PastedState::Faulty ? each : row;
+    m_view->setCurrentIndex(m_model.index(row, 1));
 }
 
 void PasteTable::paste()
