@@ -62,6 +62,10 @@ private slots:
         add("no header, blanks of a web page, CR LF, a minus sign, a quote within",
             "A1\u00a0\t Scavi 5\"\t1.000,00\u00a0€\r\nA2\tRibasso\t\u2212100,00\r\n",
             "A1|Scavi 5\"|1.000,00\nA2|Ribasso|-100,00\n= 900,00 pronto");
+        add("Voce beside a code is the description; errors and invisible letters of a sheet",
+            "\tVoce\tCod.\tImporto\n\tScavi\tA1\u200b\t1\n\tMuri\t#N/D\t2",
+            "s intestazione\nA1|Scavi|1,00\n! Codice: «#N/D» è un errore del foglio "
+            "elettronico.\n= 1,00");
         add("another order by the header", "Importo\tDescrizione\tCodice\n12,50\tScavi\tA1",
             "s intestazione\nA1|Scavi|12,50\n= 12,50 pronto");
         add("the other notation throughout", "A1\tScavi\t1,234.50\nA2\tMuri\t1,234\nA3\tTetti\t7",

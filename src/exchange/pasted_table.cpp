@@ -3,6 +3,7 @@
 #include "common/errors.h"
 
 #include <QMap>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <utility>
@@ -16,8 +17,35 @@ namespace {
 /** On one line, without the blanks that web pages and spreadsheets put around; null for nothing. */
 QString plainCell(const QString &cell)
 {
-    const QString plain = cell.simplified().replace(u'\u2212', u'-'); // a minus sign
+    QString plain = cell.simplified().replace(u'\u2212', u'-'); // a minus sign
+    plain.removeIf([](QChar each) { return each.category() == QChar::Other_Format; });
     return plain.isEmpty() ? QString() : plain;
+}
+
+/** Where one column is named for the code and another "Voce", that is the description. */
+void tellCodeFromItem(CellColumns &columns, const QStringList &header, const ExchangedTable &table)
+{
+    const auto columnLike = [&header](QStringView start) {
+        const auto cell = std::find_if(header.begin(), header.end(), [&](const QString &name) {
+            return name.trimmed().startsWith(start, Qt::CaseInsensitive);
+        });
+        return cell == header.end() ? qsizetype{-1} : cell - header.begin();
+    };
+    const qsizetype code = columnLike(u"cod");
+    const qsizetype item = columnLike(u"voce");
+    if (code < 0 || item < 0 || !columns.missing.contains(u"Descri"_s))
+        return;
+    std::replace(columns.places.begin(), columns.places.end(), table.place(u"Voce"_s),
+                 CellColumns::Unknown);
+    columns.places[code] = table.place(u"Voce"_s);
+    columns.places[item] = table.place(u"Descri"_s);
+}
+
+/** What a spreadsheet shows in place of a value that it has none for. */
+bool isSheetError(const QString &cell)
+{
+    static const QRegularExpression error(u"\\A#[A-Z0-9/]+[!?]?\\z"_s);
+    return error.match(cell).hasMatch();
 }
 
 /** Whether a row may be taken for a header: one field alone has to bear its own name. */
@@ -49,6 +77,8 @@ void PastedTable::setRows(const QList<CellRow> &rows)
     m_columns = FindColumns(rows, m_table);
     if (!isHeader(m_columns, m_table))
         m_columns = {};
+    else
+        tellCodeFromItem(m_columns, rows[m_columns.firstRow - 1].cells, m_table);
     m_columns.places.resize(width, CellColumns::Unknown);
     std::replace(m_columns.places.begin(), m_columns.places.end(), CellColumns::Nameless,
                  CellColumns::Unknown);
@@ -218,10 +248,13 @@ void PastedTable::judge()
     const TypedRows typed = TypedRowsOf(rows, columns, m_table, m_table.definition, notation);
     for (const CellFault &fault : typed.faults)
         addFault(fault.line, caption(fault.field) + u": "_s + fault.problem);
-    const auto isNull = [](const NewValue &value) { return value == NewValue(); };
     for (qsizetype row = 0; row < typed.rows.size(); ++row) {
         for (const QString &field : m_table.neededFields) {
-            if (isNull(typed.rows[row][m_table.place(field)]))
+            const NewValue &value = typed.rows[row][m_table.place(field)];
+            if (isSheetError(TextOf(value)))
+                addFault(typed.lines[row], u"%1: «%2» è un errore del foglio elettronico."_s.arg(
+                                               caption(field), TextOf(value)));
+            if (value == NewValue())
                 addFault(typed.lines[row], u"manca %1."_s.arg(caption(field)));
         }
     }
