@@ -35,6 +35,7 @@ private slots:
                 press(box->windowHandle(), key, true);
                 isOpen = box->isVisible();
                 qt_handleKeyEvent(box->windowHandle(), QEvent::KeyRelease, key, {});
+                QTest::qWait(5); // a press of the same moment would be a repetition
                 press(box->windowHandle(), key, false);
             });
             press(form.windowHandle(), key, false);
