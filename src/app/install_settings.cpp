@@ -1,9 +1,8 @@
 #include "app/install_settings.h"
 
 #include "app/version.h"
-#include "common/archive_folders.h"
 #include "common/errors.h"
-#include "platform/registry.h"
+#include "store/archives_root.h"
 
 namespace saldoro {
 
@@ -27,8 +26,7 @@ void InitInstallSettings(ProgramValues &values)
     values.ProgramBuild = BuildText(OwnVersion());
     values.ArchiveRoot.clear();
     try {
-        values.ArchiveRoot = ReadRegistryValue(SettingsKey.toString(), ArchiveRootValue.toString())
-                                 .value_or(QString());
+        values.ArchiveRoot = StoredArchivesRoot().value_or(QString());
     } catch (const FileError &) {
         // The ledger will not be found, which says where the setting is.
     }

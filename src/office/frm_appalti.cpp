@@ -152,11 +152,15 @@ QPushButton *FrmAppalti::addButton(const QString &name, const QString &caption, 
 
 void FrmAppalti::load()
 {
-    m_place->setText(
-        QDir::toNativeSeparators(root()) +
-        (StoredArchivesRoot() ? QString() : u" (proposta: nasce con il primo appalto)"_s));
-    m_contracts->read(root());
-    showState(0, m_grid->table().rows() - 1);
+    try {
+        m_place->setText(
+            QDir::toNativeSeparators(root()) +
+            (StoredArchivesRoot() ? QString() : u" (proposta: nasce con il primo appalto)"_s));
+        m_contracts->read(root());
+        showState(0, m_grid->table().rows() - 1);
+    } catch (const FileError &error) {
+        m_place->setText(QString(error.message()).simplified()); // a box would make it active again
+    }
 }
 
 void FrmAppalti::showState(int done, int all)
