@@ -22,10 +22,14 @@ QAccessibleInterface *plainWindow(const QString &className, QObject *object)
 void tellFocus(QWidget &control)
 {
     QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&control);
+    if (spoken == nullptr)
+        return;
     const auto *view = qobject_cast<QAbstractItemView *>(&control);
-    if (view && view->currentIndex().isValid() && spoken->tableInterface())
-        spoken = spoken->tableInterface()->cellAt(view->currentIndex().row(),
-                                                  view->currentIndex().column());
+    QAccessibleTableInterface *table = spoken->tableInterface();
+    if (view && table && view->currentIndex().isValid())
+        spoken = table->cellAt(view->currentIndex().row(), view->currentIndex().column());
+    if (spoken == nullptr)
+        return;
     QAccessibleEvent event(spoken, QAccessible::Focus);
     QAccessible::updateAccessibility(&event);
 }
