@@ -265,8 +265,15 @@ private:
         const Verification verification = verified();
         const ProjectTables &tables = verification.tables();
         for (qsizetype at = 0; at < m_tables.size(); ++at) {
-            if (m_changes[at].isNeeded)
-                checkDropped(m_tables[at], m_changes[at], tables);
+            if (!m_changes[at].isNeeded)
+                continue;
+            const auto written = tables.find(m_tables[at].table->name());
+            if (written == tables.end() || !IsWritten(m_tables[at], written->second.rows))
+                throw FileError(
+                    path(m_tables[at].table->archive),
+                    u"L'archivio ha cambiato da sé ciò che vi è stato scritto (trigger)."_s,
+                    u"Togliere i trigger dall'archivio, con l'aiuto dell'assistenza."_s);
+            checkDropped(m_tables[at], m_changes[at], tables);
         }
         for (Finding finding : verification.findings()) {
             const bool isKnown = std::ranges::any_of(known, [&finding](const Finding &one) {

@@ -105,7 +105,7 @@ TableChange ChangeOf(const Database &database, const CsvTable &given, QStringLis
     const QStringList named = namedFields(given);
     change.isNeeded = partOf(change.stored, table, named) != partOf(given.rows, table, named);
     change.formers.resize(given.rows.size());
-    if (!change.isNeeded)
+    if (!change.isNeeded || change.stored.isEmpty())
         return change;
     QStringList unnamed = table.fieldNames();
     for (const QString &field : named)
@@ -140,8 +140,10 @@ TableChange ChangeOf(const Database &database, const CsvTable &given, QStringLis
 
 TableRows DroppedRows(const ExchangedTable &table, const TableChange &change)
 {
-    const Places coming = placesOf(table, change.rows);
     TableRows dropped;
+    if (change.stored.isEmpty())
+        return dropped;
+    const Places coming = placesOf(table, change.rows);
     for (const TableRow &row : change.stored) {
         if (!coming.contains(comparableKey(table, row)))
             dropped.append(row);
@@ -154,20 +156,21 @@ void WriteChange(const Database &database, const CsvTable &given, const TableCha
     const ExchangedTable &table = *given.table;
     const QStringList fields = namedFields(given);
     const TableRows rows = partOf(given.rows, table, fields);
-    {
-        TableRefill refill(database, table.name(), fields);
-        Progress progress(u"Scrittura di "_s + table.name());
-        for (qsizetype row = 0; row < rows.size(); ++row) {
-            WithDetail(
-                u"Riga"_s, [&] { return given.rowName(row); },
-                [&] { refill.add(rows[row], change.formers[row]); });
-            progress.show(row);
-        }
+    TableRefill refill(database, table.name(), fields);
+    Progress progress(u"Scrittura di "_s + table.name());
+    for (qsizetype row = 0; row < rows.size(); ++row) {
+        WithDetail(
+            u"Riga"_s, [&] { return given.rowName(row); },
+            [&] { refill.add(rows[row], change.formers[row]); });
+        progress.show(row);
     }
-    if (!haveSameRows(partOf(StoredRows(database, table.definition), table, fields), rows))
-        throw FileError(database.path(),
-                        u"L'archivio ha cambiato da sé ciò che vi è stato scritto (trigger)."_s,
-                        u"Togliere i trigger dall'archivio, con l'aiuto dell'assistenza."_s);
+}
+
+bool IsWritten(const CsvTable &given, const TableRows &stored)
+{
+    const QStringList fields = namedFields(given);
+    return haveSameRows(partOf(stored, *given.table, fields),
+                        partOf(given.rows, *given.table, fields));
 }
 
 } // namespace saldoro

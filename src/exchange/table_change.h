@@ -33,8 +33,11 @@ QString KeyOf(const ExchangedTable &table, const TableRow &row);
 /** The stored rows whose key is that of no row to come. */
 TableRows DroppedRows(const ExchangedTable &table, const TableChange &change);
 
-/** Writes the change within a transaction. Throws DatabaseError, FileError when the file itself
- *  changed what was written. */
+/** Writes the change within a transaction. Throws DatabaseError. */
 void WriteChange(const Database &database, const CsvTable &given, const TableChange &change);
+
+/** Whether a table that was written holds what it was given, in whatever order; rules of the file
+ *  may have changed it. */
+bool IsWritten(const CsvTable &given, const TableRows &stored);
 
 } // namespace saldoro

@@ -28,7 +28,7 @@ QString expectedInstead(FieldType type, const NewValue &value)
 /** Fields of a payment that the program reads without a substitute for a null. */
 struct NeededFields
 {
-    QString fields;
+    QStringList fields;
     bool professionalsOnly;
     QString consequence;
 };
@@ -36,12 +36,13 @@ struct NeededFields
 const QList<NeededFields> &neededFields()
 {
     static const QList<NeededFields> needs{
-        {u"Npag Creditore Del Importo ImportoIVA"_s, false,
+        {u"Npag Creditore Del Importo ImportoIVA"_s.split(u' '), false,
          u"la schermata principale si ferma a questa riga e non si apre."_s},
-        {u"AziProf"_s, false,
+        {{u"AziProf"_s},
+         false,
          u"«Modifica» su questo pagamento fa terminare il programma e i documenti di chiusura lo "
          "tralasciano."_s},
-        {u"ImportoPrest Contributo CassaPrev ImportoRA"_s, true,
+        {u"ImportoPrest Contributo CassaPrev ImportoRA"_s.split(u' '), true,
          u"la chiusura della schermata principale si ferma senza completare i documenti."_s}};
     return needs;
 }
@@ -74,24 +75,22 @@ bool isInPlace(const CheckedRow &payment)
 
 void CheckValues(const ProjectTable &table, const QList<CheckedRow> &rows, Findings &findings)
 {
-    const QList<FieldDef> &fields = table.definition.fields();
-    QStringList names(table.rows.size());
-    for (const CheckedRow &row : rows)
-        names[row.place] = row.name;
-    for (qsizetype row = 0; row < table.rows.size(); ++row) {
-        for (qsizetype place = 0; place < fields.size(); ++place) {
-            const NewValue &value = table.rows[row][place];
-            const QString expected = expectedInstead(fields[place].type, value);
+    const QString &name = table.definition.name();
+    for (qsizetype at = 0; at < table.definition.fields().size(); ++at) {
+        const FieldDef &field = table.definition.fields()[at];
+        for (qsizetype place = 0; !IsText(field) && place < table.rows.size(); ++place) {
+            const NewValue &value = table.rows[place][at];
+            const QString expected = expectedInstead(field.type, value);
             if (expected.isEmpty())
                 continue;
-            const QString &name = table.definition.name();
+            const auto row = std::ranges::find(rows, place, &CheckedRow::place);
             findings.append(
                 {FindingGroup::Values,
-                 (rows.isEmpty() ? u"Riga %1"_s.arg(row + 1) : names[row]) + u", "_s + name + u'.' +
-                     fields[place].name,
+                 u"%1, %2.%3"_s.arg(row == rows.end() ? u"Riga %1"_s.arg(place + 1) : row->name(),
+                                    name, field.name),
                  u"il valore «%1» non è %2: il programma si ferma quando lo legge, o ne legge un "
                  "altro."_s.arg(LeftCharacters(TextOf(value), 40), expected),
-                 InTheArchive.toString(), name, row});
+                 InTheArchive.toString(), name, place});
         }
     }
 }
@@ -125,7 +124,7 @@ void CheckPayments(const ProjectTable &fatture, const QList<CheckedRow> &payment
         for (const NeededFields &need : neededFields()) {
             if (need.professionalsOnly && payment.code != KindCode(CreditorKind::Professional))
                 continue;
-            for (const QString &field : need.fields.split(u' ')) {
+            for (const QString &field : need.fields) {
                 if (fatture.isNull(payment.place, field))
                     add(u"manca il valore di %1: "_s.arg(field) + need.consequence,
                         remedyOfNull(payment, field));
@@ -176,7 +175,7 @@ void CheckNumbering(const QList<CheckedRow> &payments, Findings &findings)
     // A new payment gets the number of rows and 1, whether or not that is free.
     const auto taken = byNumber.find(static_cast<qint32>(payments.size()) + 1);
     if (taken != byNumber.end())
-        add(*taken->second.first(), taken->second.first()->name,
+        add(*taken->second.first(), taken->second.first()->name(),
             u"«Nuovo» userà il numero %1, che è di questo pagamento: se il tipo di creditore è lo "
             "stesso il pagamento viene aperto e riscritto, altrimenti il numero diventa doppio."_s
                 .arg(taken->first));

@@ -37,24 +37,26 @@ using ProjectTables = std::map<QString, ProjectTable>;
 /** A payment, an allocation or a cost item. A value that is missing or wrong is none. */
 struct CheckedRow
 {
-    QString table;
+    const ProjectTable *table = nullptr;
     qsizetype place = 0;                 ///< in stored order, from 0
     int row = 0;                         ///< in the order in which the program shows them, from 1
-    QString name = {};                   ///< what the clerk knows it by
     std::optional<qint32> number = {};   ///< of the payment
     std::optional<QString> code = {};    ///< of the cost item; of a payment its kind of creditor
     std::optional<Currency> amount = {}; ///< of an allocation
+
+    /** What the clerk knows it by: "Pagamento 12 (riga 3, Edil Rossi)", "Voce A01 (riga 2)",
+     *  "Conto di spesa alla riga 4 (pagamento 12, codice A01)". */
+    QString name() const;
 };
+
+/** The rows of a table that outlives them: payments as their list shows them, cost items as the
+ *  overview does, allocations as they are stored. */
+QList<CheckedRow> PaymentsOf(const ProjectTable &fatture);
+QList<CheckedRow> AllocationsOf(const ProjectTable &spese);
+QList<CheckedRow> BudgetOf(const ProjectTable &budget);
 
 /** A finding about a row. */
 Finding FindingAt(const CheckedRow &row, FindingGroup group, const QString &problem,
                   QStringView remedy);
-
-/** The payments as their list shows them: "Pagamento 12 (riga 3, Edil Rossi)". */
-QList<CheckedRow> PaymentsOf(const ProjectTable &fatture);
-/** In stored order: "Conto di spesa alla riga 4 (pagamento 12, codice A01)". */
-QList<CheckedRow> AllocationsOf(const ProjectTable &spese);
-/** The cost items as the overview shows them: "Voce A01 (riga 2)". */
-QList<CheckedRow> BudgetOf(const ProjectTable &budget);
 
 } // namespace saldoro
