@@ -3,7 +3,7 @@
 #include "common/errors.h"
 #include "exchange/archive_tables.h"
 #include "exchange/export.h"
-#include "exchange/import.h"
+#include "exchange/import_files.h"
 #include "exchange/payment_values.h"
 #include "file_content.h"
 #include "held_form.h"

@@ -2,7 +2,7 @@
 
 #include "bare_file.h"
 #include "common/errors.h"
-#include "exchange/import.h"
+#include "exchange/import_files.h"
 #include "file_content.h"
 #include "store/project_files.h"
 

@@ -1,7 +1,7 @@
 #include "archivio/command_line.h"
 #include "common/errors.h"
 #include "exchange/export.h"
-#include "exchange/import.h"
+#include "exchange/import_files.h"
 #include "exchange/payment_values.h"
 #include "platform/console.h"
 #include "store/project_files.h"

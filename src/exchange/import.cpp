@@ -1,18 +1,14 @@
 #include "exchange/import.h"
 
 #include "common/errors.h"
-#include "database/text_order.h"
-#include "exchange/export.h"
 #include "exchange/made_files.h"
 #include "exchange/project_place.h"
 #include "exchange/table_change.h"
-#include "platform/machine_path.h"
-#include "store/internal_codes.h"
 #include "store/open_project.h"
 #include "store/project_files.h"
+#include "store/written_items.h"
 #include "verify/verification.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -26,70 +22,6 @@ namespace saldoro {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/** A line that is complete in itself. */
-Finding line(const QString &text)
-{
-    return {FindingGroup::Files, text, {}, {}};
-}
-
-/** The CSV files of a folder by the table that each is for. */
-std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, Findings &errors)
-{
-    std::map<const ExchangedTable *, QString> paths;
-    for (const QFileInfo &file : QDir(folder).entryInfoList({u"*.csv"_s}, QDir::Files)) {
-        const ExchangedTable *table = TableNamed(file.completeBaseName());
-        if (table == nullptr)
-            errors.append(line(file.fileName() + u": nessuna tabella ha questo nome."_s));
-        else if (!paths.try_emplace(table, file.filePath()).second)
-            errors.append(line(file.fileName() + u": un altro file è per la stessa tabella."_s));
-    }
-    if (paths.empty() && errors.isEmpty())
-        throw FileError(folder, u"Nella cartella non ci sono file CSV."_s,
-                        u"Ogni file prende il nome da una tabella, per esempio "
-                        "UltimaPerVariante.csv."_s);
-    return paths;
-}
-
-/** The items of the contract sheet that the program writes, as the code map names them. */
-class WrittenItems
-{
-public:
-    explicit WrittenItems(const TableRows &codes)
-    {
-        for (const TableRow &row : codes) {
-            const QString code = TextOf(row[0]);
-            const auto used = std::ranges::find_if(UsedCodes, [&code](const UsedCode &one) {
-                return code.compare(one.code, Qt::CaseInsensitive) == 0;
-            });
-            if (used == UsedCodes.end() || used->use == CodeUse::Search)
-                continue;
-            if (used->use == CodeUse::Note)
-                m_noteStart = TextOf(row[1]) + u'_';
-            else
-                m_items.insert(TextOf(row[1]));
-        }
-    }
-
-    bool contains(const QString &item) const
-    {
-        bool isNumber = false;
-        item.mid(m_noteStart.size()).toInt(&isNumber);
-        return m_items.contains(item) || (isNumber && !m_noteStart.isEmpty() &&
-                                          item.startsWith(m_noteStart, Qt::CaseInsensitive));
-    }
-
-private:
-    std::set<QString, TextOrder> m_items;
-    QString m_noteStart;
-};
-
-/** An error of @p action says that nothing was written. */
-template <typename Action>
-auto nothingWritten(const Action &action)
-{
-    return WithDetail(u"Esito"_s, u"Niente è stato scritto."_s, action);
-}
 
 /** One import from beginning to end. */
 class ProjectImport
@@ -133,8 +65,8 @@ private:
     QString path(ArchiveFile file) const { return ArchiveFilePath(file, m_folder); }
     QString fileName(ArchiveFile file) const { return QFileInfo(path(file)).fileName(); }
     const Database &database(const CsvTable &table) { return m_databases.at(table.table->archive); }
-    void addError(const QString &text) { m_outcome.errors.append(line(text)); }
-    void refuse(const QString &text) { m_outcome.refusals.append(line(text)); }
+    void addError(const QString &text) { m_outcome.errors.append(LineFinding(text)); }
+    void refuse(const QString &text) { m_outcome.refusals.append(LineFinding(text)); }
 
     bool isGiven(const QString &name) const
     {
@@ -340,37 +272,7 @@ private:
     ImportOutcome m_outcome;
 };
 
-QString headed(const QString &heading, QStringList lines)
-{
-    constexpr qsizetype most = 20;
-    if (lines.size() > most) {
-        const qsizetype more = lines.size() - most;
-        lines.resize(most);
-        lines.append(u"... e altri %1"_s.arg(more));
-    }
-    return lines.isEmpty() ? QString() : heading + u"\n  "_s + lines.join(u"\n  "_s) + u'\n';
-}
-
-QStringList linesOf(const Findings &findings)
-{
-    QStringList lines;
-    for (const Finding &finding : findings)
-        lines.append(finding.problem.isEmpty() ? finding.place
-                                               : finding.place + u": "_s + finding.problem);
-    return lines;
-}
-
 } // namespace
-
-QString ImportOutcome::remarks() const
-{
-    return headed(u"Avvertimenti:"_s, warnings) + headed(u"Errori:"_s, linesOf(errors)) +
-           headed(isDone ? u"Darà problemi più tardi:"_s
-                         : u"Darebbe problemi più tardi (con --comunque si importa lo stesso):"_s,
-                  linesOf(refusals)) +
-           headed(u"C'era già prima:"_s, linesOf(known)) +
-           (isDone ? QString() : u"Niente è stato scritto.\n"_s);
-}
 
 ImportOutcome ImportTables(const QString &projectFolder, const QList<CsvTable> &tables,
                            const ImportOptions &options)
@@ -380,7 +282,7 @@ ImportOutcome ImportTables(const QString &projectFolder, const QList<CsvTable> &
         place = PlaceOf(projectFolder);
     const QString folder = place ? place->folder : ExistingFolder(projectFolder);
     ImportOutcome outcome =
-        nothingWritten([&] { return ProjectImport(folder, tables, options).run(); });
+        SayingNothingIsWritten([&] { return ProjectImport(folder, tables, options).run(); });
     if (place && outcome.isDone) {
         try {
             outcome.summary += SettingReport(*place);
@@ -389,30 +291,6 @@ ImportOutcome ImportTables(const QString &projectFolder, const QList<CsvTable> &
         }
     }
     return outcome;
-}
-
-ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder,
-                          const ImportOptions &options)
-{
-    const QString folder =
-        options.createProject ? PlaceOf(projectFolder).folder : ExistingFolder(projectFolder);
-    RefuseMixedFiles(csvFolder);
-    ImportOutcome outcome;
-    QList<CsvTable> tables;
-    const auto paths = csvPaths(ExistingFolder(csvFolder), outcome.errors);
-    for (const auto &[table, path] : paths) {
-        const QString database = ArchiveFilePath(table->archive, folder);
-        std::optional<TableDef> stored;
-        QStringList errors;
-        nothingWritten([&, &csv = path, &table = table] {
-            if (QFileInfo::exists(database) && Database::hasPlainJournal(database))
-                stored = Database::open(database).tableDef(table->name());
-            tables.append(ReadCsvTable(csv, *table, stored.value_or(table->definition), errors));
-        });
-        for (const QString &error : std::as_const(errors))
-            outcome.errors.append(line(error));
-    }
-    return outcome.errors.isEmpty() ? ImportTables(projectFolder, tables, options) : outcome;
 }
 
 } // namespace saldoro

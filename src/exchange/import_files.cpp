@@ -1,0 +1,66 @@
+#include "exchange/import_files.h"
+
+#include "common/errors.h"
+#include "exchange/export.h"
+#include "exchange/project_place.h"
+#include "store/project_files.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <map>
+#include <optional>
+#include <utility>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** The CSV files of a folder by the table that each is for. */
+std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, Findings &errors)
+{
+    std::map<const ExchangedTable *, QString> paths;
+    for (const QFileInfo &file : QDir(folder).entryInfoList({u"*.csv"_s}, QDir::Files)) {
+        const ExchangedTable *table = TableNamed(file.completeBaseName());
+        if (table == nullptr)
+            errors.append(LineFinding(file.fileName() + u": nessuna tabella ha questo nome."_s));
+        else if (!paths.try_emplace(table, file.filePath()).second)
+            errors.append(
+                LineFinding(file.fileName() + u": un altro file è per la stessa tabella."_s));
+    }
+    if (paths.empty() && errors.isEmpty())
+        throw FileError(folder, u"Nella cartella non ci sono file CSV."_s,
+                        u"Ogni file prende il nome da una tabella, per esempio "
+                        "UltimaPerVariante.csv."_s);
+    return paths;
+}
+
+} // namespace
+
+ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder,
+                          const ImportOptions &options)
+{
+    const QString folder =
+        options.createProject ? PlaceOf(projectFolder).folder : ExistingFolder(projectFolder);
+    RefuseMixedFiles(csvFolder);
+    ImportOutcome outcome;
+    QList<CsvTable> tables;
+    const auto paths = csvPaths(ExistingFolder(csvFolder), outcome.errors);
+    for (const auto &[table, path] : paths) {
+        const QString database = ArchiveFilePath(table->archive, folder);
+        std::optional<TableDef> stored;
+        QStringList errors;
+        SayingNothingIsWritten([&, &csv = path, &table = table] {
+            if (QFileInfo::exists(database) && Database::hasPlainJournal(database))
+                stored = Database::open(database).tableDef(table->name());
+            tables.append(ReadCsvTable(csv, *table, stored.value_or(table->definition), errors));
+        });
+        for (const QString &error : std::as_const(errors))
+            outcome.errors.append(LineFinding(error));
+    }
+    return outcome.errors.isEmpty() ? ImportTables(projectFolder, tables, options) : outcome;
+}
+
+} // namespace saldoro

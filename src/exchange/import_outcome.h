@@ -1,0 +1,39 @@
+#pragma once
+
+#include "common/errors.h"
+#include "exchange/budget_changes.h"
+#include "verify/findings.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace saldoro {
+
+/** What has become of an import. */
+struct ImportOutcome
+{
+    bool isDone = false;             ///< false: nothing was written
+    Findings errors = {};            ///< for which nothing is ever written
+    Findings refusals = {};          ///< for which nothing is written unless it is wanted even so
+    Findings known = {};             ///< which were there before; no reason to refuse
+    QStringList warnings = {};       ///< what was passed over, a line each
+    QList<BudgetChange> budget = {}; ///< what changes, or would, where there was a budget
+    QStringList copies = {};         ///< paths of the databases as they were, where one has changed
+    QString summary = {};            ///< what was written, with rows and total of each table
+
+    /** All of it but the summary, with headings; may be empty. */
+    QString remarks() const;
+};
+
+/** A finding that is one line, complete in itself. */
+Finding LineFinding(const QString &text);
+
+/** Calls @p action; an error of it says that nothing was written. */
+template <typename Action>
+auto SayingNothingIsWritten(const Action &action)
+{
+    return WithDetail(QStringLiteral("Esito"), QStringLiteral("Niente è stato scritto."), action);
+}
+
+} // namespace saldoro

@@ -1,0 +1,33 @@
+#include "store/written_items.h"
+
+#include "store/internal_codes.h"
+
+#include <algorithm>
+
+namespace saldoro {
+
+WrittenItems::WrittenItems(const TableRows &codes)
+{
+    for (const TableRow &row : codes) {
+        const QString code = TextOf(row[0]);
+        const auto used = std::ranges::find_if(UsedCodes, [&code](const UsedCode &one) {
+            return code.compare(one.code, Qt::CaseInsensitive) == 0;
+        });
+        if (used == UsedCodes.end() || used->use == CodeUse::Search)
+            continue;
+        if (used->use == CodeUse::Note)
+            m_noteStart = TextOf(row[1]) + u'_';
+        else
+            m_items.insert(TextOf(row[1]));
+    }
+}
+
+bool WrittenItems::contains(const QString &item) const
+{
+    bool isNumber = false;
+    item.mid(m_noteStart.size()).toInt(&isNumber);
+    return m_items.contains(item) || (isNumber && !m_noteStart.isEmpty() &&
+                                      item.startsWith(m_noteStart, Qt::CaseInsensitive));
+}
+
+} // namespace saldoro
