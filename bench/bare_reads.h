@@ -1,7 +1,7 @@
 #pragma once
 
 #include "bare_file.h"
-#include "common/archive_folders.h"
+#include "store/archive_paths.h"
 
 namespace saldoro {
 

@@ -1,8 +1,8 @@
 #include "bench_archive.h"
 
 #include "bare_file.h"
-#include "common/archive_folders.h"
 #include "empty_archive.h"
+#include "store/archive_paths.h"
 #include "store/mandate_note.h"
 
 #include <QDate>

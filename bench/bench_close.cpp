@@ -2,10 +2,10 @@
 
 #include "bare_file.h"
 #include "bench_archive.h"
-#include "common/archive_folders.h"
 #include "overview/availability_overview.h"
-#include "overview/overview_document.h"
+#include "overview/closing_work.h"
 #include "platform/machine_path.h"
+#include "store/archive_paths.h"
 #include "store/code_lookups.h"
 
 #include <QFile>

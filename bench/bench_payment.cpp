@@ -1,10 +1,10 @@
 #include "bench_payment.h"
 
 #include "common/amount_text.h"
-#include "common/archive_folders.h"
 #include "common/date_text.h"
 #include "invoice/allocation_block.h"
 #include "overview/payment_deletion.h"
+#include "store/archive_paths.h"
 #include "store/mandate_note.h"
 
 namespace saldoro {

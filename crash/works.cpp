@@ -8,12 +8,12 @@
 #include "file_content.h"
 #include "held_form.h"
 #include "overview/availability_overview.h"
-#include "overview/overview_document.h"
+#include "overview/closing_work.h"
 #include "overview/payment_deletion.h"
 #include "overview/payments_list.h"
 #include "platform/registry.h"
 #include "sound_project.h"
-#include "store/ledger.h"
+#include "store/archive_creation.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "common/archive_folders.h"
 #include "common/errors.h"
 #include "controls/text_table.h"
+#include "store/archive_paths.h"
 #include "test_archive.h"
 
 #include <QFileInfo>

@@ -4,7 +4,7 @@
 #include "common/errors.h"
 #include "exchange/import_files.h"
 #include "file_content.h"
-#include "store/project_files.h"
+#include "store/archive_paths.h"
 
 #include <QTemporaryDir>
 

@@ -1,7 +1,7 @@
 // Writes documents for the readers of other makers: rtf_cases FOLDER. Beside each NAME.rtf stands
 // NAME.txt with the text that was meant.
 
-#include "controls/rich_text_box.h"
+#include "overview/rich_text_box.h"
 #include "rtf_text.h"
 
 #include <QFile>

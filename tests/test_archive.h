@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/archive_folders.h"
 #include "empty_archive.h"
+#include "store/archive_paths.h"
 
 #include <QDir>
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 #include "archive_probe.h"
 #include "common/errors.h"
 #include "file_content.h"
-#include "overview/overview_document.h"
+#include "overview/closing_work.h"
 #include "platform/machine_path.h"
 #include "rtf_text.h"
 

@@ -105,7 +105,7 @@ private slots:
     {
         OpenProgram program;
         program.archive.execute(LedgerPath(program.values), u"DELETE FROM Fatture"_s);
-        program.main.reload();
+        program.main.reopen();
         QVERIFY(!Find(program.main, u"Command3"_s)->isEnabled());
         program.play(u"Return, Del, click Command4, click Command3, click Command1"_s);
         QCOMPARE(program.told(), u"new 1"_s);
@@ -243,7 +243,7 @@ private slots:
         program.play(u"Tab"_s);
         program.main.showMaximized();
         const QRect place = program.main.geometry();
-        program.main.reload();
+        program.main.reopen();
         QVERIFY(program.main.isVisible() && program.main.isMaximized());
         QCOMPARE(program.main.geometry(), place);
         QTRY_COMPARE(QApplication::focusWidget(), program.grid);

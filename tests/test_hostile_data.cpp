@@ -3,7 +3,7 @@
 #include "invoice/contractor_and_principals.h"
 #include "invoice/creditor_search.h"
 #include "overview/availability_overview.h"
-#include "overview/overview_document.h"
+#include "overview/closing_work.h"
 #include "overview/payments_list.h"
 #include "sound_project.h"
 

@@ -1,5 +1,4 @@
 #include "common/ending.h"
-#include "controls/form_helpers.h"
 #include "form_driver.h"
 
 #include <QClipboard>

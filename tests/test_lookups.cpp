@@ -1,6 +1,5 @@
 #include "database_probe.h"
 #include "store/code_lookups.h"
-#include "store/ledger.h"
 #include "store/mandate_note.h"
 #include "test_archive.h"
 

@@ -1,4 +1,4 @@
-#include "controls/rtf_writer.h"
+#include "overview/rtf_writer.h"
 #include "rtf_text.h"
 
 #include <QBuffer>

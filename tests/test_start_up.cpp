@@ -5,13 +5,13 @@
 #include "app/start_up.h"
 #include "app/update_handshake.h"
 #include "app/version.h"
-#include "common/archive_folders.h"
 #include "common/ending.h"
 #include "common/errors.h"
 #include "file_content.h"
 #include "platform/machine_path.h"
 #include "platform/process.h"
 #include "platform/registry.h"
+#include "store/archive_paths.h"
 #include "test_archive.h"
 
 #include <QDialog>

@@ -6,7 +6,6 @@
 #include "app/application.h"
 #include "app/form_flow.h"
 #include "app/start_up.h"
-#include "common/archive_folders.h"
 #include "common/ending.h"
 #include "common/errors.h"
 #include "common/text_cut.h"
@@ -17,6 +16,7 @@
 #include "overview/frm_principale.h"
 #include "platform/machine_path.h"
 #include "rtf_reader.h"
+#include "store/archive_paths.h"
 #include "store/code_lookups.h"
 #include "store/mandate_note.h"
 

@@ -1,11 +1,10 @@
 #include "empty_archive.h"
 
 #include "bare_file.h"
-#include "common/archive_folders.h"
 #include "platform/machine_path.h"
+#include "store/archive_creation.h"
+#include "store/archive_paths.h"
 #include "store/internal_codes.h"
-#include "store/ledger.h"
-#include "store/suite_tables.h"
 
 #include <QDir>
 

@@ -1,9 +1,9 @@
 #include "app/error_report.h"
 
 #include "app/install_settings.h"
-#include "common/archive_folders.h"
 #include "common/errors.h"
 #include "platform/registry.h"
+#include "store/archive_paths.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -2,7 +2,7 @@
 
 #include "app/manual_window.h"
 #include "common/ending.h"
-#include "controls/form_helpers.h"
+#include "controls/window_placement.h"
 #include "invoice/frm_nuova_fattura.h"
 #include "invoice/invoice_form.h"
 #include "overview/frm_principale.h"
@@ -47,7 +47,7 @@ InvoiceForm *FormFlow::invoiceForm(CreditorKind kind)
 
 void FormFlow::showMainForm()
 {
-    m_main->reload();
+    m_main->reopen();
 }
 
 void FormFlow::offerManual(QWidget &form, const QString &heading)
@@ -117,7 +117,7 @@ void FormFlow::invoiceFormUnloaded(CreditorKind kind)
     releaseLater(form);
     if (IsEnding())
         return;
-    m_main->reload();
+    m_main->reopen();
 }
 
 } // namespace saldoro

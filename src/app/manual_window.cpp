@@ -1,6 +1,6 @@
 #include "app/manual_window.h"
 
-#include "controls/form_helpers.h"
+#include "controls/window_placement.h"
 #include "controls/window_size.h"
 
 #include <QAbstractTextDocumentLayout>

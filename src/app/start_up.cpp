@@ -2,9 +2,9 @@
 
 #include "app/install_settings.h"
 #include "app/update_handshake.h"
-#include "common/archive_folders.h"
 #include "platform/machine_path.h"
-#include "store/ledger.h"
+#include "store/archive_creation.h"
+#include "store/archive_paths.h"
 
 #include <QFileInfo>
 

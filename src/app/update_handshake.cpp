@@ -1,13 +1,13 @@
 #include "app/update_handshake.h"
 
 #include "app/install_settings.h"
-#include "common/archive_folders.h"
 #include "common/date_text.h"
 #include "common/number_text.h"
 #include "controls/message_box.h"
 #include "platform/ini_file.h"
 #include "platform/process.h"
 #include "platform/whole_file.h"
+#include "store/archive_paths.h"
 
 #include <QDateTime>
 #include <QStringList>

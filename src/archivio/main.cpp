@@ -4,7 +4,7 @@
 #include "exchange/import_files.h"
 #include "exchange/payment_values.h"
 #include "platform/console.h"
-#include "store/project_files.h"
+#include "store/archive_paths.h"
 #include "verify/verification.h"
 
 #include <QCoreApplication>

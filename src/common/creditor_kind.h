@@ -14,19 +14,9 @@ enum class CreditorKind
 };
 
 /** How a kind is stored. */
-inline QString KindCode(CreditorKind kind)
-{
-    return kind == CreditorKind::Company ? QStringLiteral("A") : QStringLiteral("P");
-}
+QString KindCode(CreditorKind kind);
 
 /** The kind that is stored so; none for anything but exactly these two. */
-inline std::optional<CreditorKind> KindOfCode(const QString &code)
-{
-    for (const CreditorKind kind : {CreditorKind::Company, CreditorKind::Professional}) {
-        if (code == KindCode(kind))
-            return kind;
-    }
-    return std::nullopt;
-}
+std::optional<CreditorKind> KindOfCode(const QString &code);
 
 } // namespace saldoro

@@ -1,9 +1,9 @@
 #include "controls/flex_grid.h"
 
 #include "controls/flex_grid_delegate.h"
-#include "controls/form_helpers.h"
 #include "controls/held_key.h"
 #include "controls/screen_reader.h"
+#include "controls/window_placement.h"
 
 #include <QAction>
 #include <QClipboard>

@@ -77,6 +77,11 @@ MessageAnswer ShowMessage(MessageKind kind, const QString &text)
     return MessageAnswer::Ok;
 }
 
+bool ChiediConferma(const QString &question)
+{
+    return ShowMessage(MessageKind::Question, question) == MessageAnswer::Yes;
+}
+
 MessageAnswerer ReplaceMessageBoxes(MessageAnswerer answerer)
 {
     return std::exchange(currentAnswerer(), std::move(answerer));

@@ -29,6 +29,10 @@ enum class MessageAnswer
  */
 MessageAnswer ShowMessage(MessageKind kind, const QString &text);
 
+/** Asks a question with Yes and No, No being preset, under the application's title; true when the
+ *  answer is Yes. */
+bool ChiediConferma(const QString &question);
+
 /** Answers a box in the user's place. */
 using MessageAnswerer = std::function<MessageAnswer(MessageKind kind, const QString &text)>;
 

@@ -1,9 +1,9 @@
 #include "database/field_value.h"
 
 #include "common/date_text.h"
+#include "common/legacy_text.h"
 #include "common/rounding.h"
 #include "common/text_cut.h"
-#include "platform/legacy_text.h"
 
 #include <QLocale>
 #include <QRegularExpression>

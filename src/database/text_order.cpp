@@ -1,6 +1,6 @@
 #include "database/text_order.h"
 
-#include "platform/legacy_text.h"
+#include "common/legacy_text.h"
 
 #include <algorithm>
 

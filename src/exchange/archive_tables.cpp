@@ -3,6 +3,7 @@
 #include "common/amount_text.h"
 #include "common/errors.h"
 #include "store/internal_codes.h"
+#include "store/table_definitions.h"
 
 #include <map>
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "store/suite_tables.h"
+#include "database/table_def.h"
+#include "store/archive_paths.h"
 #include "store/table_rows.h"
 
 #include <QString>

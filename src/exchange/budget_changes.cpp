@@ -2,7 +2,7 @@
 
 #include "common/amount_text.h"
 #include "database/text_order.h"
-#include "store/project_files.h"
+#include "store/archive_paths.h"
 
 #include <algorithm>
 #include <map>

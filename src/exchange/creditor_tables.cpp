@@ -1,7 +1,7 @@
 #include "exchange/creditor_tables.h"
 
+#include "store/archive_paths.h"
 #include "store/internal_codes.h"
-#include "store/project_files.h"
 
 #include <QMap>
 

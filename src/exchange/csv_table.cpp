@@ -1,8 +1,8 @@
 #include "exchange/csv_table.h"
 
 #include "common/errors.h"
+#include "common/legacy_text.h"
 #include "exchange/typed_rows.h"
-#include "platform/legacy_text.h"
 
 #include <QFile>
 #include <QFileInfo>

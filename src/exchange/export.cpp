@@ -8,7 +8,7 @@
 #include "exchange/progress.h"
 #include "exchange/project_place.h"
 #include "platform/whole_file.h"
-#include "store/project_files.h"
+#include "store/archive_paths.h"
 
 #include <QDir>
 #include <QFile>

@@ -4,8 +4,8 @@
 #include "exchange/made_files.h"
 #include "exchange/project_place.h"
 #include "exchange/table_change.h"
+#include "store/archive_paths.h"
 #include "store/open_project.h"
-#include "store/project_files.h"
 #include "store/written_items.h"
 #include "verify/verification.h"
 

@@ -3,7 +3,7 @@
 #include "common/errors.h"
 #include "exchange/export.h"
 #include "exchange/project_place.h"
-#include "store/project_files.h"
+#include "store/archive_paths.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -2,6 +2,7 @@
 
 #include "exchange/project_place.h"
 #include "platform/whole_file.h"
+#include "store/archive_creation.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/suite_tables.h"
+#include "store/archive_paths.h"
 
 #include <QString>
 #include <QStringList>

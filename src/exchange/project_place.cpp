@@ -1,10 +1,10 @@
 #include "exchange/project_place.h"
 
-#include "common/archive_folders.h"
 #include "common/errors.h"
 #include "common/program_values.h"
 #include "platform/machine_path.h"
 #include "platform/registry.h"
+#include "store/archive_paths.h"
 #include "store/archives_root.h"
 
 #include <QDir>

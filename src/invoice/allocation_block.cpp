@@ -1,13 +1,13 @@
 #include "invoice/allocation_block.h"
 
 #include "common/amount_text.h"
-#include "common/archive_folders.h"
 #include "common/errors.h"
 #include "common/number_text.h"
 #include "common/overview_column.h"
 #include "common/text_cut.h"
-#include "controls/form_helpers.h"
-#include "store/ledger.h"
+#include "controls/message_box.h"
+#include "store/allocation_records.h"
+#include "store/archive_paths.h"
 #include "store/pick_limits.h"
 
 namespace saldoro {

@@ -6,7 +6,7 @@
 #include "controls/message_box.h"
 #include "controls/popup_list.h"
 #include "invoice/allocation_total.h"
-#include "invoice/form_fields.h"
+#include "invoice/field_navigation.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -31,12 +31,12 @@ constexpr int leastVisibleCharacters = 56;
 
 AllocationFrame::AllocationFrame(const QString &caption, const TextTable &overview,
                                  const ProgramValues &values, qint32 paymentNumber,
-                                 FormFields &fields, QWidget *form)
+                                 FieldNavigation &navigation, QWidget *form)
     : QGroupBox(caption, form)
     , m_overview(overview)
     , m_values(values)
     , m_paymentNumber(paymentNumber)
-    , m_fields(fields)
+    , m_navigation(navigation)
     , m_grid(new FlexGrid(FlexGrid::Selection::Cell, this))
     , m_editor(new QLineEdit(m_grid->viewport()))
     , m_list(new PopupList(form))
@@ -90,7 +90,7 @@ bool AllocationFrame::eventFilter(QObject *watched, QEvent *event)
     if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
         QString amount = table().currentText();
         m_editor->setText(PuntoDecimale(amount)); // the same amount will be written
-        m_fields.moveTo(*m_grid);
+        m_navigation.moveTo(*m_grid);
     } else {
         m_editor->event(event);
     }
@@ -115,7 +115,7 @@ void AllocationFrame::addGrid()
     m_grid->setMinimumSize(leastVisibleCharacters * fontMetrics().averageCharWidth(),
                            leastVisibleRows * 2 * fontMetrics().height());
     connect(m_grid, &FlexGrid::cellActivated, this, [this] {
-        if (m_fields.moveTo(*m_grid) && table().column() == AllocationColumn::Importo)
+        if (m_navigation.moveTo(*m_grid) && table().column() == AllocationColumn::Importo)
             openEditor();
     });
     connect(m_grid, &FlexGrid::textTyped, this, [this](const QString &text) {
@@ -135,8 +135,8 @@ void AllocationFrame::addEditor()
     m_editor->setFrame(false);
     m_editor->hide();
     m_editor->installEventFilter(this);
-    connect(m_editor, &QLineEdit::returnPressed, this, [this] { m_fields.moveTo(*m_grid); });
-    m_fields.watch(
+    connect(m_editor, &QLineEdit::returnPressed, this, [this] { m_navigation.moveTo(*m_grid); });
+    m_navigation.watch(
         *m_editor, [this] { m_editedRow = table().row(); }, [this] { editorLeft(); });
 }
 
@@ -145,7 +145,7 @@ void AllocationFrame::addPickList()
     Describe(*m_list, u"List1"_s, u"Voci di spesa"_s,
              u"Frecce e Invio, o un clic, per scegliere la voce di spesa; Esc per rinunciare"_s);
     connect(m_list, &PopupList::answered, this, &AllocationFrame::itemPicked);
-    m_fields.watch(*m_list, {}, [this] {
+    m_navigation.watch(*m_list, {}, [this] {
         EndInsertion(table());
         m_list->hide();
     });
@@ -155,10 +155,10 @@ QLayout *AllocationFrame::makeButtons()
 {
     auto *row = new QHBoxLayout;
     row->addWidget(
-        m_fields.addButton(u"Command3"_s, u"&Inserisci"_s,
-                           u"Aggiunge una voce di spesa scelta dal quadro di disponibilità"_s, this,
-                           [this] { insertItem(); }));
-    row->addWidget(m_fields.addButton(
+        m_navigation.addButton(u"Command3"_s, u"&Inserisci"_s,
+                               u"Aggiunge una voce di spesa scelta dal quadro di disponibilità"_s,
+                               this, [this] { insertItem(); }));
+    row->addWidget(m_navigation.addButton(
         u"Command4"_s, u"&Elimina"_s,
         u"Elimina subito la voce di spesa corrente, anche dall'archivio"_s, this, [this] {
             DeleteCurrentRow(table(), m_values, m_paymentNumber);
@@ -202,11 +202,11 @@ void AllocationFrame::insertItem()
 void AllocationFrame::itemPicked(int line)
 {
     if (line < 0 || !PickItem(table(), m_offered.at(line))) {
-        m_fields.moveTo(*m_grid);
+        m_navigation.moveTo(*m_grid);
         return;
     }
     // The list closes with a choice, which is not the same as being left.
-    m_fields.forget();
+    m_navigation.forget();
     openEditor();
     m_list->hide();
 }
@@ -218,7 +218,7 @@ void AllocationFrame::openEditor()
     m_editor->show();
     placeEditor();
     m_editor->raise();
-    m_fields.moveTo(*m_editor);
+    m_navigation.moveTo(*m_editor);
 }
 
 void AllocationFrame::placeEditor()

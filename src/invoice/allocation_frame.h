@@ -10,7 +10,7 @@ class QLineEdit;
 namespace saldoro {
 
 class FlexGrid;
-class FormFields;
+class FieldNavigation;
 class PopupList;
 
 /**
@@ -21,10 +21,10 @@ class AllocationFrame : public QGroupBox
 {
 public:
     /** Items are taken from @p overview, a deletion goes to the ledger of @p values; both, the
-     *  fields and the form must outlive the frame. The pick list floats over @p form, the frame's
-     * window. */
+     *  @p navigation and the form must outlive the frame. The pick list floats over @p form, the
+     * frame's window. */
     AllocationFrame(const QString &caption, const TextTable &overview, const ProgramValues &values,
-                    qint32 paymentNumber, FormFields &fields, QWidget *form);
+                    qint32 paymentNumber, FieldNavigation &navigation, QWidget *form);
 
     /** The grid's content, to begin with the header alone. */
     TextTable &table();
@@ -59,7 +59,7 @@ private:
     const TextTable &m_overview;
     const ProgramValues &m_values;
     qint32 m_paymentNumber;
-    FormFields &m_fields;
+    FieldNavigation &m_navigation;
     FlexGrid *m_grid;
     QLineEdit *m_editor;
     PopupList *m_list;

@@ -2,7 +2,7 @@
 
 #include "common/amount_text.h"
 #include "common/errors.h"
-#include "controls/form_helpers.h"
+#include "controls/message_box.h"
 #include "invoice/allocation_block.h"
 
 namespace saldoro {

@@ -1,7 +1,7 @@
 #include "invoice/amount_fields.h"
 
 #include "invoice/entry_field.h"
-#include "invoice/form_fields.h"
+#include "invoice/field_navigation.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -33,7 +33,7 @@ QColor mixed(const QColor &base, const QColor &tint)
 
 } // namespace
 
-AmountFields::AmountFields(CreditorKind kind, FormFields &fields, QWidget *parent)
+AmountFields::AmountFields(CreditorKind kind, FieldNavigation &navigation, QWidget *parent)
     : QGroupBox(parent)
     , m_chain(AmountChainOf(kind))
 {
@@ -45,7 +45,7 @@ AmountFields::AmountFields(CreditorKind kind, FormFields &fields, QWidget *paren
         const AmountField &first = m_chain.fields[i];
         const bool isPair =
             i + 1 < m_chain.fields.size() && m_chain.fields[i + 1].caption.isEmpty();
-        addLine(*grid, first, isPair ? &m_chain.fields[++i] : nullptr, fields);
+        addLine(*grid, first, isPair ? &m_chain.fields[++i] : nullptr, navigation);
     }
     grid->setColumnStretch(CaptionPlace, 1);
     grid->setRowStretch(grid->rowCount(), 1);
@@ -92,7 +92,7 @@ void AmountFields::changeEvent(QEvent *event)
         tintDerived();
 }
 
-QLineEdit *AmountFields::addBox(const AmountField &field, FormFields &fields)
+QLineEdit *AmountFields::addBox(const AmountField &field, FieldNavigation &navigation)
 {
     auto *box = new EntryField(this);
     // Two boxes under one caption: it is read aloud for one at a time.
@@ -102,23 +102,23 @@ QLineEdit *AmountFields::addBox(const AmountField &field, FormFields &fields)
         box->setFocusPolicy(Qt::ClickFocus);
     const Amount amount = field.amount;
     connect(box, &QLineEdit::textEdited, this, [=, this] { m_past[amount].isRewritten = true; });
-    fields.addLine(
+    navigation.addLine(
         *box, [=, this] { entered(amount); }, [=, this] { left(amount); });
     m_boxes[amount] = box;
     return box;
 }
 
 void AmountFields::addLine(QGridLayout &grid, const AmountField &first, const AmountField *second,
-                           FormFields &fields)
+                           FieldNavigation &navigation)
 {
     const int line = grid.rowCount();
     QLineEdit *rate = nullptr;
     if (second) {
-        rate = addBox(first, fields);
+        rate = addBox(first, navigation);
         rate->setFixedWidth(BoxWidth(*rate, u"99.99"));
         grid.addWidget(rate, line, RatePlace);
     }
-    QLineEdit *amount = addBox(second ? *second : first, fields);
+    QLineEdit *amount = addBox(second ? *second : first, navigation);
     amount->setMinimumWidth(BoxWidth(*amount, WidestAmount));
     grid.addWidget(amount, line, AmountPlace);
     grid.addWidget(LabelFor(rate ? *rate : *amount, first.caption), line, CaptionPlace);

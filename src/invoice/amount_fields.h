@@ -9,7 +9,7 @@ class QLineEdit;
 
 namespace saldoro {
 
-class FormFields;
+class FieldNavigation;
 
 /**
  * The block of amount fields of an invoice form: one column of right-aligned boxes beside their
@@ -19,8 +19,8 @@ class FormFields;
 class AmountFields : public QGroupBox
 {
 public:
-    /** @p fields must outlive the block. */
-    AmountFields(CreditorKind kind, FormFields &fields, QWidget *parent);
+    /** @p navigation must outlive the block. */
+    AmountFields(CreditorKind kind, FieldNavigation &navigation, QWidget *parent);
 
     QLineEdit &totalBox() const { return *m_boxes[Amount::TotaleFattura]; }
 
@@ -34,9 +34,9 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    QLineEdit *addBox(const AmountField &field, FormFields &fields);
+    QLineEdit *addBox(const AmountField &field, FieldNavigation &navigation);
     void addLine(QGridLayout &grid, const AmountField &first, const AmountField *second,
-                 FormFields &fields);
+                 FieldNavigation &navigation);
     void entered(Amount field);
     void left(Amount field);
     void tintDerived();

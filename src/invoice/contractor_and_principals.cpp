@@ -1,8 +1,8 @@
 #include "invoice/contractor_and_principals.h"
 
-#include "common/archive_folders.h"
 #include "common/errors.h"
 #include "database/database.h"
+#include "store/archive_paths.h"
 #include "store/code_lookups.h"
 #include "store/internal_codes.h"
 

@@ -3,8 +3,8 @@
 #include "controls/date_box.h"
 #include "controls/popup_list.h"
 #include "invoice/entry_field.h"
-#include "invoice/form_fields.h"
-#include "store/ledger.h"
+#include "invoice/field_navigation.h"
+#include "store/table_definitions.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -16,9 +16,10 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-CreditorFields::CreditorFields(const QString &dateBoxName, FormFields &fields, QWidget *form)
+CreditorFields::CreditorFields(const QString &dateBoxName, FieldNavigation &navigation,
+                               QWidget *form)
     : QWidget(form)
-    , m_fields(fields)
+    , m_navigation(navigation)
     , m_list(new PopupList(form))
     , m_creditor(new EntryField(this, LedgerSize::Creditore))
     , m_buttons(new QHBoxLayout)
@@ -38,7 +39,7 @@ QPushButton *CreditorFields::addList(const QString &objectName, const QString &c
                                      const QString &hint, Names names)
 {
     QPushButton *button =
-        m_fields.addButton(objectName, caption, hint, this, [this, names = std::move(names)] {
+        m_navigation.addButton(objectName, caption, hint, this, [this, names = std::move(names)] {
             m_list->open(names(), *m_creditor, m_creditor->height());
         });
     m_buttons->addWidget(button);
@@ -66,8 +67,8 @@ void CreditorFields::readInto(PaymentRecord &record) const
 
 void CreditorFields::addCreditor(QGridLayout &grid)
 {
-    QLabel *label = m_fields.addLine(*m_creditor, u"Text1_0"_s, u"Cre&ditore"_s,
-                                     u"Nome del creditore, necessario per confermare"_s);
+    QLabel *label = m_navigation.addLine(*m_creditor, u"Text1_0"_s, u"Cre&ditore"_s,
+                                         u"Nome del creditore, necessario per confermare"_s);
     auto *line = new QHBoxLayout;
     line->addWidget(m_creditor, 1);
     line->addLayout(m_buttons);
@@ -78,18 +79,18 @@ void CreditorFields::addCreditor(QGridLayout &grid)
 void CreditorFields::addInvoice(QGridLayout &grid, const QString &dateBoxName)
 {
     grid.addWidget(
-        m_fields.addLine(*m_number, u"Text1_1"_s, u"&Fattura Nr."_s, u"Numero della fattura"_s), 1,
-        0);
+        m_navigation.addLine(*m_number, u"Text1_1"_s, u"&Fattura Nr."_s, u"Numero della fattura"_s),
+        1, 0);
     m_number->setMinimumWidth(BoxWidth(*m_number, QString(LedgerSize::NFat, u'0')));
     m_description->setMinimumWidth(
         BoxWidth(*m_description, QString(LedgerSize::Descrizione, u'n')));
     auto *line = new QHBoxLayout;
     line->addWidget(m_number, 1);
-    line->addWidget(m_fields.addLine(*m_date, dateBoxName, u"De&l"_s,
-                                     u"Data della fattura, giorno/mese/anno"_s));
+    line->addWidget(m_navigation.addLine(*m_date, dateBoxName, u"De&l"_s,
+                                         u"Data della fattura, giorno/mese/anno"_s));
     line->addWidget(m_date);
-    line->addWidget(m_fields.addLine(*m_description, u"Text1_3"_s, u"De&scrizione"_s,
-                                     u"Descrizione del pagamento"_s));
+    line->addWidget(m_navigation.addLine(*m_description, u"Text1_3"_s, u"De&scrizione"_s,
+                                         u"Descrizione del pagamento"_s));
     line->addWidget(m_description, 4);
     grid.addLayout(line, 1, 1);
 }
@@ -101,9 +102,9 @@ void CreditorFields::preparePickList()
     connect(m_list, &PopupList::answered, this, [this](int row) {
         if (row >= 0)
             m_creditor->showText(m_list->item(row)->text());
-        m_fields.moveTo(*m_creditor);
+        m_navigation.moveTo(*m_creditor);
     });
-    m_fields.watch(*m_list, {}, [this] { m_list->hide(); });
+    m_navigation.watch(*m_list, {}, [this] { m_list->hide(); });
 }
 
 } // namespace saldoro

@@ -14,7 +14,7 @@ namespace saldoro {
 
 class DateBox;
 class EntryField;
-class FormFields;
+class FieldNavigation;
 class PopupList;
 
 /**
@@ -27,8 +27,8 @@ public:
     /** Gives the names that a button offers. */
     using Names = std::function<QStringList()>;
 
-    /** @p fields must outlive the block; the pick list floats over @p form. */
-    CreditorFields(const QString &dateBoxName, FormFields &fields, QWidget *form);
+    /** @p navigation must outlive the block; the pick list floats over @p form. */
+    CreditorFields(const QString &dateBoxName, FieldNavigation &navigation, QWidget *form);
 
     /** Adds a button beside the creditor, which in the Tab order comes behind it. The list is shown
      *  even when @p names gives none. */
@@ -45,7 +45,7 @@ private:
     void addInvoice(QGridLayout &grid, const QString &dateBoxName);
     void preparePickList();
 
-    FormFields &m_fields;
+    FieldNavigation &m_navigation;
     PopupList *m_list; ///< made before the creditor, so that buttons can be put there, too
     EntryField *m_creditor;
     QHBoxLayout *m_buttons;

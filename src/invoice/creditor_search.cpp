@@ -1,8 +1,8 @@
 #include "invoice/creditor_search.h"
 
 #include "common/amount_text.h"
-#include "common/archive_folders.h"
 #include "database/database.h"
+#include "store/archive_paths.h"
 
 namespace saldoro {
 

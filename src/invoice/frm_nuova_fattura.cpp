@@ -2,8 +2,8 @@
 
 #include "common/ending.h"
 #include "controls/buttons.h"
-#include "controls/form_helpers.h"
 #include "controls/held_key.h"
+#include "controls/window_placement.h"
 
 #include <QCloseEvent>
 #include <QGroupBox>

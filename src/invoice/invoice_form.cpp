@@ -3,8 +3,8 @@
 #include "common/ending.h"
 #include "common/number_text.h"
 #include "controls/date_box.h"
-#include "controls/form_helpers.h"
 #include "controls/notice_strip.h"
+#include "controls/window_placement.h"
 #include "controls/window_size.h"
 #include "invoice/allocation_frame.h"
 #include "invoice/allocation_total.h"
@@ -57,14 +57,14 @@ const Look &lookOf(CreditorKind kind)
 InvoiceForm::InvoiceForm(CreditorKind kind, ProgramValues &values, const TextTable &overview)
     : m_values(values)
     , m_payment{kind, values.CurrentPaymentNumber}
-    , m_fields(*this)
+    , m_navigation(*this)
     , m_page(new QWidget(this))
     , m_number(new QLabel(this))
-    , m_creditor(new CreditorFields(lookOf(kind).dateBoxName, m_fields, this))
-    , m_amounts(new AmountFields(kind, m_fields, this))
-    , m_notes(new NoteFields(m_fields, this))
+    , m_creditor(new CreditorFields(lookOf(kind).dateBoxName, m_navigation, this))
+    , m_amounts(new AmountFields(kind, m_navigation, this))
+    , m_notes(new NoteFields(m_navigation, this))
     , m_allocation(new AllocationFrame(lookOf(kind).allocationCaption, overview, values,
-                                       m_payment.number, m_fields, this))
+                                       m_payment.number, m_navigation, this))
     , m_strip(new NoticeStrip(this, NoticeStrip::Worth::Shown, [this] { return notices(); }))
 {
     setObjectName(lookOf(kind).objectName);
@@ -174,8 +174,8 @@ QLayout *InvoiceForm::makeButtons()
     auto *row = new QHBoxLayout;
     row->addStretch(1);
     auto *confirm =
-        m_fields.addButton(u"Command1"_s, u"&Conferma"_s, u"Salva il pagamento e chiude"_s, this,
-                           [this] { savePayment(); });
+        m_navigation.addButton(u"Command1"_s, u"&Conferma"_s, u"Salva il pagamento e chiude"_s,
+                               this, [this] { savePayment(); });
     row->addWidget(confirm);
     confirm->setEnabled(false);
     connect(&m_creditor->creditorBox(), &QLineEdit::textChanged, confirm,

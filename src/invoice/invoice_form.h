@@ -3,7 +3,7 @@
 #include "common/program_values.h"
 #include "controls/notice.h"
 #include "invoice/contractor_and_principals.h"
-#include "invoice/form_fields.h"
+#include "invoice/field_navigation.h"
 #include "invoice/payment_record.h"
 
 #include <QHash>
@@ -69,7 +69,7 @@ private:
     ProgramValues &m_values;
     PaymentRecord m_payment;
     Contractor m_contractor;
-    FormFields m_fields;
+    FieldNavigation m_navigation;
     QWidget *m_page;
     QLabel *m_number;
     CreditorFields *m_creditor;

@@ -2,7 +2,7 @@
 
 #include "controls/date_box.h"
 #include "invoice/entry_field.h"
-#include "invoice/form_fields.h"
+#include "invoice/field_navigation.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -63,7 +63,7 @@ QString NoteBox::note() const
     return text;
 }
 
-NoteFields::NoteFields(FormFields &fields, QWidget *parent)
+NoteFields::NoteFields(FieldNavigation &navigation, QWidget *parent)
     : QWidget(parent)
     , m_mandate(new EntryField(this))
     , m_mandateDate(new DateBox(this))
@@ -72,12 +72,12 @@ NoteFields::NoteFields(FormFields &fields, QWidget *parent)
     Describe(*m_mandateDate, u"MandatoDell"_s, u"Data del mandato"_s,
              u"Data del mandato di pagamento, giorno/mese/anno"_s);
     Describe(*m_note, u"Memo"_s, u"Note"_s, u"Note libere; Invio va a capo, Tab passa oltre"_s);
-    fields.addLine(*m_mandateDate);
+    navigation.addLine(*m_mandateDate);
 
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins({});
-    grid->addWidget(fields.addLine(*m_mandate, u"Mandato"_s, u"Mandat&o nr."_s,
-                                   u"Numero del mandato di pagamento"_s),
+    grid->addWidget(navigation.addLine(*m_mandate, u"Mandato"_s, u"Mandat&o nr."_s,
+                                       u"Numero del mandato di pagamento"_s),
                     0, 0);
     grid->addWidget(m_mandate, 0, 1);
     grid->addWidget(m_mandateDate, 0, 2);

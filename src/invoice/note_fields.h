@@ -8,15 +8,15 @@ namespace saldoro {
 
 class DateBox;
 class EntryField;
-class FormFields;
+class FieldNavigation;
 class NoteBox;
 
 /** Number and date of a payment's mandate, and the note of the payment. */
 class NoteFields : public QWidget
 {
 public:
-    /** @p fields must outlive the block. */
-    NoteFields(FormFields &fields, QWidget *parent);
+    /** @p navigation must outlive the block. */
+    NoteFields(FieldNavigation &navigation, QWidget *parent);
 
     void showRecord(const PaymentRecord &record);
     void readInto(PaymentRecord &record) const;

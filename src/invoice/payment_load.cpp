@@ -1,9 +1,9 @@
 #include "common/amount_text.h"
-#include "common/archive_folders.h"
 #include "common/errors.h"
 #include "database/database.h"
 #include "invoice/allocation_block.h"
 #include "invoice/payment_record.h"
+#include "store/archive_paths.h"
 #include "store/code_lookups.h"
 #include "store/mandate_note.h"
 

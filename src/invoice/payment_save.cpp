@@ -1,13 +1,14 @@
 #include "common/amount_text.h"
-#include "common/archive_folders.h"
 #include "common/errors.h"
 #include "common/text_cut.h"
 #include "database/database.h"
 #include "invoice/allocation_block.h"
 #include "invoice/payment_record.h"
+#include "store/allocation_records.h"
+#include "store/archive_paths.h"
 #include "store/code_lookups.h"
-#include "store/ledger.h"
 #include "store/mandate_note.h"
+#include "store/table_definitions.h"
 
 namespace saldoro {
 

@@ -4,8 +4,8 @@
 #include "common/program_values.h"
 #include "controls/buttons.h"
 #include "controls/flex_grid.h"
-#include "controls/form_helpers.h"
 #include "controls/message_box.h"
+#include "controls/window_placement.h"
 #include "controls/window_size.h"
 #include "exchange/archive_tables.h"
 #include "exchange/export.h"
@@ -18,7 +18,7 @@
 #include "store/archives_root.h"
 #include "store/contract_codes.h"
 #include "store/open_project.h"
-#include "store/project_files.h"
+#include "store/project_copy.h"
 
 #include <QBoxLayout>
 #include <QCoreApplication>

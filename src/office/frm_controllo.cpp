@@ -1,12 +1,12 @@
 #include "office/frm_controllo.h"
 
 #include "controls/buttons.h"
-#include "controls/form_helpers.h"
 #include "controls/message_box.h"
+#include "controls/window_placement.h"
 #include "controls/window_size.h"
 #include "exchange/payment_values.h"
 #include "office/task.h"
-#include "store/project_files.h"
+#include "store/archive_paths.h"
 #include "verify/verification.h"
 
 #include <QBoxLayout>

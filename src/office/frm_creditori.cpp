@@ -2,8 +2,8 @@
 
 #include "common/errors.h"
 #include "controls/buttons.h"
-#include "controls/form_helpers.h"
 #include "controls/message_box.h"
+#include "controls/window_placement.h"
 #include "controls/window_size.h"
 #include "exchange/import.h"
 #include "office/paste_table.h"

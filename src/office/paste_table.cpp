@@ -3,7 +3,7 @@
 #include "common/amount_text.h"
 #include "common/errors.h"
 #include "controls/buttons.h"
-#include "controls/form_helpers.h"
+#include "controls/message_box.h"
 #include "exchange/csv_table.h"
 #include "office/task.h"
 

@@ -1,9 +1,9 @@
 #include "overview/availability_overview.h"
 
 #include "common/amount_text.h"
-#include "common/archive_folders.h"
 #include "common/errors.h"
 #include "database/database.h"
+#include "store/archive_paths.h"
 
 namespace saldoro {
 

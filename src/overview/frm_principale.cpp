@@ -1,19 +1,19 @@
 #include "overview/frm_principale.h"
 
-#include "common/archive_folders.h"
 #include "common/ending.h"
 #include "controls/buttons.h"
 #include "controls/flex_grid.h"
-#include "controls/form_helpers.h"
 #include "controls/notice_strip.h"
+#include "controls/window_placement.h"
 #include "controls/window_size.h"
 #include "overview/availability_overview.h"
+#include "overview/closing_work.h"
 #include "overview/main_screen_notices.h"
-#include "overview/overview_document.h"
 #include "overview/payment_deletion.h"
 #include "overview/payment_opening.h"
 #include "overview/payments_list.h"
 #include "platform/machine_path.h"
+#include "store/archive_paths.h"
 
 #include <QBoxLayout>
 #include <QCloseEvent>
@@ -173,7 +173,7 @@ void FrmPrincipale::writeDocuments()
         WriteProjectDocuments(m_values, overviewTable());
 }
 
-void FrmPrincipale::reload()
+void FrmPrincipale::reopen()
 {
     writeDocuments();
     load();

@@ -39,7 +39,7 @@ public:
 
     /** Loads the form and shows it. One that is on screen does the work of closing first, but does
      *  not go from the screen; that it is out of use, it stays. */
-    void reload();
+    void reopen();
 
     /** Puts the form back into use after nuovoRequested(), the focus where it was. While it is out
      *  of use it can't be closed either. */

@@ -1,9 +1,9 @@
 #include "overview/payment_deletion.h"
 
-#include "common/archive_folders.h"
 #include "common/errors.h"
-#include "controls/form_helpers.h"
+#include "controls/message_box.h"
 #include "database/database.h"
+#include "store/archive_paths.h"
 #include "store/code_lookups.h"
 #include "store/mandate_note.h"
 

@@ -1,8 +1,8 @@
 #include "overview/payment_opening.h"
 
-#include "common/archive_folders.h"
 #include "common/errors.h"
 #include "database/database.h"
+#include "store/archive_paths.h"
 
 namespace saldoro {
 

@@ -3,7 +3,7 @@
 #include "common/amount_text.h"
 #include "common/date_text.h"
 #include "common/errors.h"
-#include "store/ledger.h"
+#include "store/payment_amounts.h"
 
 #include <QStringBuilder>
 

@@ -1,11 +1,11 @@
 #include "overview/payments_list.h"
 
 #include "common/amount_text.h"
-#include "common/archive_folders.h"
 #include "common/date_text.h"
 #include "common/errors.h"
 #include "database/database.h"
-#include "store/ledger.h"
+#include "store/archive_paths.h"
+#include "store/payment_amounts.h"
 
 namespace saldoro {
 

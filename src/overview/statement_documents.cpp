@@ -1,10 +1,11 @@
 #include "overview/statement_documents.h"
 
-#include "common/archive_folders.h"
 #include "common/errors.h"
 #include "database/database.h"
+#include "overview/document_register.h"
 #include "overview/frm_elab.h"
 #include "overview/payment_statement.h"
+#include "store/archive_paths.h"
 #include "store/code_lookups.h"
 #include "store/internal_codes.h"
 
@@ -69,10 +70,10 @@ Currency writeRun(ProgramValues &values, FrmElab &form, const Run &run)
     form.listBox.setText(QString());
     values.TotaleLiquidato = Currency();
     composeStatements(fatture, run.creditors, values, form);
-    form.save(form.lastPaymentBox, run.lastCode);
-    form.save(form.listBox, run.earlierCode);
-    form.registerDocument(run.earlierCode);
-    form.registerDocument(run.lastCode);
+    SaveDocument(values, form.lastPaymentBox, run.lastCode);
+    SaveDocument(values, form.listBox, run.earlierCode);
+    RegisterDocument(values, run.earlierCode);
+    RegisterDocument(values, run.lastCode);
     AggiornaVoceImporto(values, run.totalCode, totalTag, values.TotaleLiquidato);
     return values.TotaleLiquidato;
 }

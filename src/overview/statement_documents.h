@@ -4,7 +4,7 @@
 
 namespace saldoro {
 
-class FrmElab;
+struct FrmElab;
 
 /**
  * Writes the statements of all payments, companies first, then professionals: those of a kind

@@ -1,9 +1,9 @@
 #include "store/archives_root.h"
 
-#include "common/archive_folders.h"
 #include "common/errors.h"
 #include "platform/machine_path.h"
 #include "platform/registry.h"
+#include "store/archive_paths.h"
 
 #include <QDir>
 #include <QStandardPaths>

@@ -1,10 +1,10 @@
 #include "store/code_lookups.h"
 
 #include "common/amount_text.h"
-#include "common/archive_folders.h"
 #include "common/errors.h"
 #include "common/text_cut.h"
 #include "database/database.h"
+#include "store/archive_paths.h"
 
 #include <initializer_list>
 #include <utility>

@@ -1,7 +1,7 @@
 #include "store/contract_codes.h"
 
-#include "common/archive_folders.h"
 #include "platform/machine_path.h"
+#include "store/archive_paths.h"
 
 #include <QDir>
 #include <QRegularExpression>

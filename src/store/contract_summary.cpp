@@ -2,8 +2,8 @@
 
 #include "common/errors.h"
 #include "database/database.h"
-#include "store/ledger.h"
-#include "store/project_files.h"
+#include "store/archive_paths.h"
+#include "store/payment_amounts.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 #include "store/table_rows.h"
 
 #include "common/errors.h"
-#include "platform/legacy_text.h"
+#include "common/legacy_text.h"
 
 #include <utility>
 

@@ -1,6 +1,7 @@
 #include "common/amount_text.h"
 #include "common/errors.h"
 #include "database/text_order.h"
+#include "store/payment_amounts.h"
 #include "verify/checks.h"
 
 #include <map>

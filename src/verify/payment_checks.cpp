@@ -1,6 +1,7 @@
 #include "common/creditor_kind.h"
 #include "common/errors.h"
 #include "common/text_cut.h"
+#include "store/payment_amounts.h"
 #include "verify/checks.h"
 
 #include <algorithm>

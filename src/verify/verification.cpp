@@ -1,7 +1,8 @@
 #include "verify/verification.h"
 
 #include "common/errors.h"
-#include "store/project_files.h"
+#include "store/archive_paths.h"
+#include "store/table_definitions.h"
 #include "verify/checks.h"
 
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/suite_tables.h"
+#include "store/archive_paths.h"
 #include "verify/findings.h"
 #include "verify/project_rows.h"
 

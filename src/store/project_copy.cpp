@@ -1,41 +1,16 @@
-#include "store/project_files.h"
+#include "store/project_copy.h"
 
-#include "common/archive_folders.h"
 #include "common/errors.h"
-#include "platform/machine_path.h"
+#include "database/database.h"
+#include "store/archive_paths.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
-#include <QStringBuilder>
-
-#include <map>
 
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
-
-QString ArchiveFilePath(ArchiveFile file, const QString &folder)
-{
-    static const std::map<ArchiveFile, QStringView> names{
-        {ArchiveFile::Codes, ArchiveFiles::Codes},
-        {ArchiveFile::Contract, ArchiveFiles::Contract},
-        {ArchiveFile::Companies, ArchiveFiles::Companies},
-        {ArchiveFile::Ledger, ArchiveFiles::Ledger}};
-    QString place = QDir(folder).absolutePath();
-    if (file == ArchiveFile::Codes)
-        place += u"/../../TABELLE"_s;
-    return MachinePath(QDir::cleanPath(place) % u'/' % names.at(file));
-}
-
-QString ExistingFolder(const QString &given)
-{
-    QString folder = QFileInfo(given).isDir() ? given : MachinePath(given);
-    if (!QFileInfo(folder).isDir())
-        throw FileError(folder, u"La cartella non esiste."_s,
-                        u"Controllare il nome della cartella."_s);
-    return folder;
-}
 
 QString CopyProject(const QString &folder, const QString &target,
                     const std::function<void(const QString &)> &step)

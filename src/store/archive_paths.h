@@ -4,12 +4,14 @@
 
 #include <QString>
 
+#include <array>
+
 namespace saldoro {
 
 /**
  * Folders below ArchiveRoot that all programs of the suite share. A path is made by putting texts
  * one behind the other, so what is given here begins with a separator and ends without one. This
- * program goes to the three marked "used"; the others are listed lest their names be taken.
+ * program uses the three that are marked; the others are listed because their names are taken.
  */
 namespace ArchiveFolders {
 inline constexpr QStringView Zelt = u"\\ARCHIVI.QX\\ZELT";
@@ -33,6 +35,17 @@ inline constexpr QStringView LavoriInCorso = u"\\ARCHIVI.QX\\ZELT\\INTERNET\\LAV
 inline constexpr QStringView SettingsKey = u"Software\\Dornvale\\ZELT";
 inline constexpr QStringView ArchiveRootValue = u"drivers";
 
+/** The databases of a project. */
+enum class ArchiveFile
+{
+    Codes, ///< shared by all projects
+    Contract,
+    Companies,
+    Ledger
+};
+inline constexpr std::array ArchiveFileList{ArchiveFile::Codes, ArchiveFile::Contract,
+                                            ArchiveFile::Companies, ArchiveFile::Ledger};
+
 /** Names of the databases. */
 namespace ArchiveFiles {
 inline constexpr QStringView Ledger = u"Saldoro.mdb";
@@ -52,5 +65,16 @@ QString CompaniesPath(const ProgramValues &values);
 QString CodesPath(const ProgramValues &values);
 /** The update folder, with its trailing backslash. */
 QString UpdateFolder(const ProgramValues &values);
+
+/*
+ * The databases of a project that is named by its folder, a path of the machine.
+ */
+
+/** The folder as it was given, or whatever its letter case. Throws FileError when there is none. */
+QString ExistingFolder(const QString &given);
+
+/** A database of the project, found in any letter case; the code map lies beside the projects. One
+ *  that is not there keeps its usual name. */
+QString ArchiveFilePath(ArchiveFile file, const QString &folder);
 
 } // namespace saldoro

@@ -1,7 +1,8 @@
-#include "overview/overview_document.h"
+#include "overview/closing_work.h"
 
 #include "common/overview_column.h"
 #include "common/text_cut.h"
+#include "overview/document_register.h"
 #include "overview/frm_elab.h"
 #include "overview/statement_documents.h"
 #include "store/internal_codes.h"
@@ -30,14 +31,15 @@ QString overviewLine(const TextTable &overview, int row)
 
 void WriteProjectDocuments(ProgramValues &values, const TextTable &overview)
 {
-    FrmElab form(values);
+    FrmElab form;
     form.listBox.setText(QString());
     for (int row = 1; row < overview.rows(); ++row) {
-        form.setFontName(u"Courier New"_s);
+        form.listBox.setFontName(u"Courier New"_s);
+        form.lastPaymentBox.setFontName(u"Courier New"_s);
         form.listBox.appendText(overviewLine(overview, row));
     }
-    form.save(form.listBox, InternalCode::OverviewDocument);
-    form.registerDocument(InternalCode::OverviewDocument);
+    SaveDocument(values, form.listBox, InternalCode::OverviewDocument);
+    RegisterDocument(values, InternalCode::OverviewDocument);
     ScriviProspettoRtf(values, form);
 }
 

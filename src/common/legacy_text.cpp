@@ -1,4 +1,4 @@
-#include "platform/legacy_text.h"
+#include "common/legacy_text.h"
 
 #include <QStringDecoder>
 

@@ -1,6 +1,4 @@
-#include "store/suite_tables.h"
-
-#include "store/ledger.h"
+#include "store/table_definitions.h"
 
 #include <initializer_list>
 #include <utility>
@@ -49,6 +47,40 @@ QList<TableDef> companiesTables()
         suiteTable(u"Manda"_s, {{u"AnagPar"_s, FieldType::Long}, {u"AnagRel"_s, FieldType::Long}})};
 }
 
+void appendEmptiable(TableDef &table, const QString &name, FieldType type, int size = 0)
+{
+    table.appendField(name, type, size);
+    table.field(name).allowZeroLength = true;
+}
+
+TableDef fattureTable()
+{
+    TableDef table(u"Fatture"_s);
+    table.appendField(u"AziProf"_s, FieldType::Text, 1);
+    table.appendField(u"Npag"_s, FieldType::Long);
+    table.appendField(u"Creditore"_s, FieldType::Text, LedgerSize::Creditore);
+    appendEmptiable(table, u"NFat"_s, FieldType::Text, LedgerSize::NFat);
+    appendEmptiable(table, u"Del"_s, FieldType::Date);
+    appendEmptiable(table, u"Memo"_s, FieldType::Memo);
+    appendEmptiable(table, u"Descrizione"_s, FieldType::Text, LedgerSize::Descrizione);
+    for (const QString &amount :
+         {u"Aliquota"_s, u"Importo"_s, u"ImportoIVA"_s, u"AliquotaRA"_s, u"ImportoPrest"_s,
+          u"Contributo"_s, u"CassaPrev"_s, u"ImportoRA"_s, u"AltriImporti01"_s}) {
+        table.appendField(amount, FieldType::Currency);
+    }
+    return table;
+}
+
+TableDef speseTable()
+{
+    TableDef table(u"Spese"_s);
+    table.appendField(u"RelNpag"_s, FieldType::Long);
+    table.appendField(u"Cod"_s, FieldType::Text, LedgerSize::Cod);
+    table.appendField(u"Descrizione"_s, FieldType::Text, LedgerSize::Descrizione);
+    table.appendField(u"Importo"_s, FieldType::Currency);
+    return table;
+}
+
 } // namespace
 
 QList<TableDef> TablesOf(ArchiveFile file)
@@ -65,17 +97,7 @@ QList<TableDef> TablesOf(ArchiveFile file)
     case ArchiveFile::Ledger:
         break;
     }
-    return {FattureTable(), SpeseTable()};
-}
-
-Database CreateArchiveFile(const QString &path, ArchiveFile file)
-{
-    Database database = Database::create(path, ArchiveLocale.toString());
-    Transaction transaction(database);
-    for (const TableDef &table : TablesOf(file))
-        database.appendTableDef(table);
-    transaction.commit();
-    return database;
+    return {fattureTable(), speseTable()};
 }
 
 } // namespace saldoro

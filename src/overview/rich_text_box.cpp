@@ -1,6 +1,6 @@
-#include "controls/rich_text_box.h"
+#include "overview/rich_text_box.h"
 
-#include "controls/rtf_writer.h"
+#include "overview/rtf_writer.h"
 #include "platform/whole_file.h"
 
 namespace saldoro {

@@ -1,9 +1,6 @@
-#include "controls/form_helpers.h"
+#include "controls/window_placement.h"
 
-#include "controls/message_box.h"
-
-#include <QApplication>
-#include <QKeyEvent>
+#include <QEvent>
 #include <QScreen>
 #include <QWidget>
 
@@ -89,25 +86,6 @@ void BringToFront(QWidget &form)
     form.show();
     form.raise();
     form.activateWindow();
-}
-
-int InvioTab(int keyCode)
-{
-    if (keyCode != EnterKeyCode)
-        return keyCode;
-    // Posted, not sent: the focus may change only after the handler of the Enter key is done.
-    if (QWidget *target = QApplication::focusWidget()) {
-        QCoreApplication::postEvent(target,
-                                    new QKeyEvent(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier));
-        QCoreApplication::postEvent(target,
-                                    new QKeyEvent(QEvent::KeyRelease, Qt::Key_Tab, Qt::NoModifier));
-    }
-    return 0;
-}
-
-bool ChiediConferma(const QString &question)
-{
-    return ShowMessage(MessageKind::Question, question) == MessageAnswer::Yes;
 }
 
 } // namespace saldoro

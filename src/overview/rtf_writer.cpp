@@ -1,6 +1,6 @@
-#include "controls/rtf_writer.h"
+#include "overview/rtf_writer.h"
 
-#include "platform/legacy_text.h"
+#include "common/legacy_text.h"
 
 #include <QByteArray>
 #include <QIODevice>

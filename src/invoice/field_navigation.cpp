@@ -1,7 +1,6 @@
-#include "invoice/form_fields.h"
+#include "invoice/field_navigation.h"
 
 #include "controls/date_box.h"
-#include "controls/form_helpers.h"
 #include "controls/screen_reader.h"
 
 #include <QApplication>
@@ -11,6 +10,20 @@
 #include <utility>
 
 namespace saldoro {
+
+int InvioTab(int keyCode)
+{
+    if (keyCode != EnterKeyCode)
+        return keyCode;
+    // Posted, not sent: the focus may change only after the handler of the Enter key is done.
+    if (QWidget *target = QApplication::focusWidget()) {
+        QCoreApplication::postEvent(target,
+                                    new QKeyEvent(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier));
+        QCoreApplication::postEvent(target,
+                                    new QKeyEvent(QEvent::KeyRelease, Qt::Key_Tab, Qt::NoModifier));
+    }
+    return 0;
+}
 
 QLabel *LabelFor(QWidget &field, const QString &caption)
 {
@@ -25,34 +38,34 @@ int BoxWidth(const QWidget &box, QStringView widest)
     return box.fontMetrics().horizontalAdvance(widest.toString()) + frame;
 }
 
-FormFields::FormFields(QWidget &window)
+FieldNavigation::FieldNavigation(QWidget &window)
     : m_window(window)
 {
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget *, QWidget *now) { follow(now); });
 }
 
-void FormFields::watch(QWidget &control, Handler entered, Handler left)
+void FieldNavigation::watch(QWidget &control, Handler entered, Handler left)
 {
     m_handlers.insert(&control, {std::move(entered), std::move(left)});
 }
 
-void FormFields::addLine(QLineEdit &line, Handler entered, Handler left)
+void FieldNavigation::addLine(QLineEdit &line, Handler entered, Handler left)
 {
     line.installEventFilter(this);
     watch(line, std::move(entered), std::move(left));
 }
 
-QLabel *FormFields::addLine(QLineEdit &line, const QString &objectName, const QString &caption,
-                            const QString &hint)
+QLabel *FieldNavigation::addLine(QLineEdit &line, const QString &objectName, const QString &caption,
+                                 const QString &hint)
 {
     Describe(line, objectName, QString(caption).remove(u'&'), hint);
     addLine(line);
     return LabelFor(line, caption);
 }
 
-QPushButton *FormFields::addButton(const QString &objectName, const QString &caption,
-                                   const QString &hint, QWidget *parent, Handler action)
+QPushButton *FieldNavigation::addButton(const QString &objectName, const QString &caption,
+                                        const QString &hint, QWidget *parent, Handler action)
 {
     auto *button = new PromptButton(objectName, caption, hint, parent);
     button->setFocusPolicy(Qt::StrongFocus);
@@ -63,7 +76,7 @@ QPushButton *FormFields::addButton(const QString &objectName, const QString &cap
     return button;
 }
 
-bool FormFields::moveTo(QWidget &control)
+bool FieldNavigation::moveTo(QWidget &control)
 {
     const QPointer<QWidget> start = m_current;
     takeFocus(control);
@@ -73,7 +86,7 @@ bool FormFields::moveTo(QWidget &control)
     return m_current == &control;
 }
 
-void FormFields::takeFocus(QWidget &control)
+void FieldNavigation::takeFocus(QWidget &control)
 {
     control.setFocus(Qt::OtherFocusReason);
     // A window that is not active moves its focus without a word.
@@ -81,7 +94,7 @@ void FormFields::takeFocus(QWidget &control)
         follow(&control);
 }
 
-void FormFields::follow(QWidget *now)
+void FieldNavigation::follow(QWidget *now)
 {
     if (!now || now->window() != &m_window || now == m_current)
         return;
@@ -97,7 +110,7 @@ void FormFields::follow(QWidget *now)
         line->selectAll();
 }
 
-bool FormFields::leaveCurrent()
+bool FieldNavigation::leaveCurrent()
 {
     const QPointer<QWidget> previous = std::exchange(m_current, nullptr);
     const auto watched = m_handlers.constFind(previous.data());
@@ -116,7 +129,7 @@ bool FormFields::leaveCurrent()
     return true;
 }
 
-bool FormFields::eventFilter(QObject *watched, QEvent *event)
+bool FieldNavigation::eventFilter(QObject *watched, QEvent *event)
 {
     auto &line = *static_cast<QLineEdit *>(watched);
     switch (event->type()) {
@@ -146,7 +159,7 @@ bool FormFields::eventFilter(QObject *watched, QEvent *event)
     }
 }
 
-void FormFields::moveOn(QLineEdit &line, QEvent &enter)
+void FieldNavigation::moveOn(QLineEdit &line, QEvent &enter)
 {
     line.event(&enter); // by itself it does nothing visible with Enter
     enter.accept();

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QString>
-
 class QWidget;
 
 namespace saldoro {
@@ -22,16 +20,5 @@ void CentraForm(QWidget &form);
 
 /** Shows a window above the others and makes it the active one, also out of its minimised state. */
 void BringToFront(QWidget &form);
-
-/** The key code of Enter, as handed to InvioTab. */
-inline constexpr int EnterKeyCode = 13;
-
-/** Makes Enter move on like Tab: posts a Tab to the widget that has the focus, which comes after
- *  the key press being handled, and returns 0. Any other code comes back as it is. */
-int InvioTab(int keyCode);
-
-/** Asks a question with Yes and No, No being preset, under the application's title; true when the
- *  answer is Yes. */
-bool ChiediConferma(const QString &question);
 
 } // namespace saldoro

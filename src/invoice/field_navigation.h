@@ -12,6 +12,13 @@ class QLineEdit;
 
 namespace saldoro {
 
+/** The key code of Enter, as handed to InvioTab. */
+inline constexpr int EnterKeyCode = 13;
+
+/** Makes Enter move on like Tab: posts a Tab to the widget that has the focus, which comes after
+ *  the key press being handled, and returns 0. Any other code comes back as it is. */
+int InvioTab(int keyCode);
+
 /** A label beside @p field, whose mnemonic leads to it. */
 QLabel *LabelFor(QWidget &field, const QString &caption);
 
@@ -31,13 +38,13 @@ int BoxWidth(const QWidget &box, QStringView widest);
  * nobody, so they set off no recalculation. Handlers run after the focus has really moved. A
  * handler may move the focus itself; the control that the user was heading for is then not entered.
  */
-class FormFields : public QObject
+class FieldNavigation : public QObject
 {
 public:
     using Handler = std::function<void()>;
 
     /** Follows the focus in @p window, which must outlive this object. */
-    explicit FormFields(QWidget &window);
+    explicit FieldNavigation(QWidget &window);
 
     /** Sets what entering and leaving a control bring about; either may be empty. */
     void watch(QWidget &control, Handler entered, Handler left);

@@ -1,0 +1,29 @@
+#include "store/allocation_records.h"
+
+#include "common/amount_text.h"
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+RecordSet OpenAllocations(const Database &ledger, qint32 paymentNumber)
+{
+    return ledger.openRecordSet(u"SELECT * FROM Spese WHERE RelNpag = "_s +
+                                QString::number(paymentNumber));
+}
+
+bool FindAllocation(RecordSet &allocations, const QString &code)
+{
+    if (allocations.isEmpty())
+        return false;
+    if (code.isEmpty()) {
+        allocations.moveFirst();
+        while (!allocations.eof() && !allocations.field(u"Cod"_s).isNull())
+            allocations.moveNext();
+        return !allocations.eof();
+    }
+    allocations.findFirst(u"Cod = '"_s + RaddoppiaApici(code) + u"'"_s);
+    return !allocations.noMatch();
+}
+
+} // namespace saldoro

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "database/database.h"
+#include "store/archive_paths.h"
+
+#include <QString>
+
+namespace saldoro {
+
+/**
+ * Creates an empty payment ledger, ArchiveFiles::Ledger in @p projectFolder (an archive path
+ * without a trailing backslash). The folder must exist. Tables `Fatture` and `Spese`, no keys, no
+ * indexes. Returns the open ledger, which the program keeps until it ends; everyone else opens the
+ * file anew. Throws FileExists, FileMissing (no such folder), ReadOnly, DiskFull; a failure in
+ * between leaves the file as it is.
+ */
+Database CreateLedgerDatabase(const QString &projectFolder);
+
+/** Creates a database with all its tables, which are empty. Throws FileExists, FileMissing (no such
+ *  folder), ReadOnly, DiskFull. */
+Database CreateArchiveFile(const QString &path, ArchiveFile file);
+
+} // namespace saldoro

@@ -1,0 +1,68 @@
+#include "store/archive_paths.h"
+
+#include "common/errors.h"
+#include "platform/machine_path.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStringBuilder>
+
+#include <map>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+QString ProjectFolder(const ProgramValues &values)
+{
+    return values.ArchiveRoot % ArchiveFolders::Appalti % u'\\' % values.ProjectCode;
+}
+
+QString LedgerPath(const ProgramValues &values)
+{
+    return ProjectFolder(values) % u'\\' % ArchiveFiles::Ledger;
+}
+
+QString ContractPath(const ProgramValues &values)
+{
+    return ProjectFolder(values) % u'\\' % ArchiveFiles::Contract;
+}
+
+QString CompaniesPath(const ProgramValues &values)
+{
+    return ProjectFolder(values) % u'\\' % ArchiveFiles::Companies;
+}
+
+QString CodesPath(const ProgramValues &values)
+{
+    return values.ArchiveRoot % ArchiveFolders::Tabelle % u'\\' % ArchiveFiles::Codes;
+}
+
+QString UpdateFolder(const ProgramValues &values)
+{
+    return values.ArchiveRoot % ArchiveFolders::Update % u'\\';
+}
+
+QString ArchiveFilePath(ArchiveFile file, const QString &folder)
+{
+    static const std::map<ArchiveFile, QStringView> names{
+        {ArchiveFile::Codes, ArchiveFiles::Codes},
+        {ArchiveFile::Contract, ArchiveFiles::Contract},
+        {ArchiveFile::Companies, ArchiveFiles::Companies},
+        {ArchiveFile::Ledger, ArchiveFiles::Ledger}};
+    QString place = QDir(folder).absolutePath();
+    if (file == ArchiveFile::Codes)
+        place += u"/../../TABELLE"_s;
+    return MachinePath(QDir::cleanPath(place) % u'/' % names.at(file));
+}
+
+QString ExistingFolder(const QString &given)
+{
+    QString folder = QFileInfo(given).isDir() ? given : MachinePath(given);
+    if (!QFileInfo(folder).isDir())
+        throw FileError(folder, u"La cartella non esiste."_s,
+                        u"Controllare il nome della cartella."_s);
+    return folder;
+}
+
+} // namespace saldoro

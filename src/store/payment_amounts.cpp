@@ -1,0 +1,28 @@
+#include "store/payment_amounts.h"
+
+#include "common/creditor_kind.h"
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+bool IsProfessional(const RecordSet &payments)
+{
+    return payments.field(u"AziProf"_s).storedBytes() ==
+           KindCode(CreditorKind::Professional).toLatin1();
+}
+
+Currency OtherAmounts(const RecordSet &payments)
+{
+    if (!IsProfessional(payments))
+        return {};
+    return payments.field(u"AltriImporti01"_s).currencyOrNone().value_or(Currency());
+}
+
+Currency GrossAmount(const RecordSet &payments)
+{
+    return payments.field(u"Importo"_s).currency() + payments.field(u"ImportoIVA"_s).currency() +
+           OtherAmounts(payments);
+}
+
+} // namespace saldoro

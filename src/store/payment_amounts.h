@@ -1,0 +1,23 @@
+#pragma once
+
+#include "common/currency.h"
+#include "database/record_set.h"
+
+namespace saldoro {
+
+/*
+ * Of the payment that an open set of the ledger's payments stands on. Throws NoCurrentRecord,
+ * FieldMissing.
+ */
+
+/** Whether the kind is exactly "P"; every other payment counts as a company's. */
+bool IsProfessional(const RecordSet &payments);
+
+/** What a professional's payment holds beside fee and VAT, a null being 0; 0 for companies. */
+Currency OtherAmounts(const RecordSet &payments);
+
+/** Importo, ImportoIVA and the other amounts. A null in the first two throws NullValue, a sum
+ *  beyond the currency range OverflowError. */
+Currency GrossAmount(const RecordSet &payments);
+
+} // namespace saldoro
