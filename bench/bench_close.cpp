@@ -112,7 +112,7 @@ qint64 processFigure(const QByteArray &name)
     return 0;
 }
 
-/** Gives freed memory back to the system and lets its peak count anew from here. */
+/** Gives freed memory back to the system and restarts the count of its peak here. */
 void forgetPeak()
 {
     malloc_trim(0);

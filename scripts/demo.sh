@@ -4,7 +4,7 @@
 # as pictures and text.
 #
 #   scripts/demo.sh           starts on the archive as the last run left it
-#   scripts/demo.sh --nuovo   makes the archive anew first
+#   scripts/demo.sh --nuovo   makes a new archive first
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
@@ -28,7 +28,8 @@ if command -v dpkg-query >/dev/null; then # elsewhere they have to be there alre
 fi
 
 printf 'Costruzione del programma (la prima volta servono alcuni minuti)...\n'
-if ! { cmake --preset release && cmake --build --preset release \
+# Whole folders are compiled at once: the same program in less than half the time.
+if ! { cmake --preset release -DCMAKE_UNITY_BUILD=ON && cmake --build --preset release \
     --target Saldoro saldoro-archivio saldoro_demo_tour; } >"$log" 2>&1; then
     tail -n 30 "$log" >&2
     fail 'il programma non si costruisce.' \

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Draws the icons of every size, and the one for Windows, anew from packaging/saldoro.svg. To be run
+# Redraws the icons of every size, and the one for Windows, from packaging/saldoro.svg. To be run
 # after a change of the drawing; the results are kept with the sources.
 set -euo pipefail
 cd "$(dirname "$0")/.."

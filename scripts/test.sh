@@ -22,7 +22,11 @@ build_and_test() { # PRESET [CTEST_ARGUMENT...]
     configure "$1" -B "$build" -DCMAKE_UNITY_BUILD=ON \
         "-DCMAKE_CXX_FLAGS_RELWITHDEBINFO=-O2 -DNDEBUG" "-DCMAKE_CXX_FLAGS_DEBUG=-g1"
     cmake --build "$build"
-    ctest --test-dir "$build" --parallel "$(nproc)" --output-on-failure "${@:2}"
+    ctest --test-dir "$build" --parallel "$(nproc)" --output-on-failure "${@:2}" && return
+    printf '\nThe tests that failed, each alone:\n' >&2
+    sed "s|^[0-9]*:\(.*\)|  ctest --test-dir $build -R '^\1\$' --output-on-failure|" \
+        "$build/Testing/Temporary/LastTestsFailed.log" >&2
+    return 1
 }
 
 step 'packages'

@@ -73,7 +73,7 @@ Text5_1=.005 -> |||-200,00||0,00|12.5|-75,00|50.25|2|0,01|-75,01
 Text5_2=4 -> |||-200,00||0,00|12.5|-75,00|50.25|2|0,01|-75,01)"_s);
     }
 
-    // A VAT amount that reads 0,00 is what the user wants; a withholding of 0,00 is computed anew.
+    // A VAT amount that reads 0,00 is what the user wants; a withholding of 0,00 is computed again.
     void zeroesOfVatAndWithholding()
     {
         follow(CreditorKind::Professional, uR"(Text4_0=1000 -> 1.000,00|||1.000,00|||||1.000,00|||

@@ -13,7 +13,7 @@ class TestArchive
 {
 public:
     explicit TestArchive(const QString &projectCode = QStringLiteral("00112"));
-    /** A folder of its own with the files of @p other, which is quicker than making them anew. */
+    /** A folder of its own with the files of @p other, which is quicker than making new ones. */
     TestArchive(const TestArchive &other);
 
     const ProgramValues &values() const { return m_values; }

@@ -139,7 +139,7 @@ private slots:
         QVERIFY(fits());
         m_grid->table().setText(0, 0, u"Numero"_s);
         QVERIFY(m_grid->columnWidth(0) > 400 * dots / 1440 && fits());
-        QFont larger = m_grid->font(); // all is read anew
+        QFont larger = m_grid->font(); // all is read again
         larger.setPointSize(2 * larger.pointSize());
         const int rowHeight = m_grid->rowHeight(0);
         m_grid->setFont(larger);

@@ -102,7 +102,7 @@ private slots:
             QVERIFY2(!AsksForManifest(other), qPrintable(other));
     }
 
-    /** Without a display, a setting or an update check; what is there is written anew. */
+    /** Without a display, a setting or an update check; what is there is overwritten. */
     void writesTheManifestAnywhere()
     {
         QVERIFY(QDir().mkdir(u"bin"_s));
@@ -188,7 +188,7 @@ private slots:
         QCOMPARE(m_values.ArchiveRoot, m_archive->values().ArchiveRoot);
         QCOMPARE(m_archive->ledgerRows(u"SELECT count(*) FROM Fatture"_s).trimmed(), u"0"_s);
 
-        WriteFile(ledger, "no database"); // nor is a damaged or oddly spelt one made anew
+        WriteFile(ledger, "no database"); // nor is a damaged or oddly spelt one replaced
         QVERIFY(QFile::rename(ledger, QString(ledger).replace(u"Saldoro.mdb"_s, u"SALDORO.MDB"_s)));
         QVERIFY(start(u"TUSMQDE7W00039"_s));
         QCOMPARE(ContentOf(MachinePath(LedgerPath(m_values))), QByteArray("no database"));

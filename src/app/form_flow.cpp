@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Gives up a form that is in the midst of its own signal. */
+/** Gives up a form that is still sending its own signal. */
 template <typename Form>
 void releaseLater(std::unique_ptr<Form> &form)
 {

@@ -32,7 +32,7 @@ public:
     /** Loads and shows the main form. Errors of its load pass through. */
     void showMainForm();
 
-    /** The forms; none that is not open, save the main form, which is always there. */
+    /** The forms; null for one that is not open. The main form is always there. */
     FrmPrincipale *mainForm() const { return m_main.get(); }
     FrmNuovaFattura *chooser() const { return m_chooser.get(); }
     InvoiceForm *invoiceForm(CreditorKind kind);

@@ -25,7 +25,7 @@ public:
     int columns() const { return static_cast<int>(m_cells.first().size()); }
     /** Appends empty rows or drops the last ones. The current row moves to the last row when its
      *  own is dropped. The header always stays: less than one row throws BoundsError. A view reads
-     *  everything anew, so long tables are best filled within a BulkChange. */
+     *  everything again, so long tables are best filled within a BulkChange. */
     void setRows(int rows);
     /** Cuts the table down to its header, one column for each of @p headings. The current column
      *  moves to the first one when there is none of its number any more. */
@@ -54,7 +54,7 @@ public:
     const QList<int> &rightAligned() const { return m_rightAligned; }
 
     /** While one of these lives the views are told nothing; at the end of the outermost one they
-     *  read everything anew. */
+     *  read everything again. */
     class BulkChange
     {
     public:

@@ -72,7 +72,7 @@ public:
 
     /** Starts a new record or the change of the current one. set() fills its buffer, update()
      *  writes it; a field that is not set keeps its value, in a new record the file's default,
-     *  which shows when the set is opened anew.
+     *  which shows when the set is opened again.
      *  Throws ReadOnly on joins and stored queries, edit() also NoCurrentRecord. */
     void addNew();
     void edit();

@@ -14,7 +14,7 @@ struct ImportOptions
 {
     bool createProject = false; ///< makes the project's folders, and the setting when there is none
     bool evenSo = false;        ///< writes also what is refused
-    QStringList replacedTables; ///< tables whose rows make way for the new ones
+    QStringList replacedTables; ///< tables whose rows the new ones replace
 };
 
 /**

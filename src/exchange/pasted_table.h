@@ -33,7 +33,7 @@ struct PastedRow
 /**
  * Cells that a user brings in from a spreadsheet for a table, on their way into its rows. Which
  * column is which field is told by a header or, without one, by the order of the needed fields, and
- * can be said otherwise. After each change every row is judged anew.
+ * can be said otherwise. After each change every row is judged again.
  *
  * Amounts in the international notation throughout are written in the Italian one as they come in.
  */

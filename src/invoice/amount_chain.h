@@ -9,7 +9,7 @@
 
 namespace saldoro {
 
-/** The amounts of an invoice. A company's has those from Importo to TotaleFattura, save the other
+/** The amounts of an invoice. A company's has those from Importo to TotaleFattura without the other
  *  amounts. */
 enum class Amount
 {
@@ -40,7 +40,7 @@ enum class Reach
 {
     InTurn,   ///< by Enter and Tab
     OnRequest ///< by its mnemonic or a click alone: a computed amount that stays in plain form when
-              ///< it is left, and would then be misread, must not be passed through unawares
+              ///< it is left, and would then be misread, must not be passed through unnoticed
 };
 
 /** All that there is to know of one amount field of an invoice form. */
@@ -58,8 +58,8 @@ struct AmountField
 /**
  * The texts of an invoice form's amount fields, which are the whole state of its amounts, and the
  * arithmetic on them. A field is in plain form ("1234.56") while it has the focus and, as a rule,
- * in display form ("1.234,56") otherwise; one that a form does not have is empty, and an empty text
- * counts as 0. A result beyond the currency range throws OverflowError.
+ * in display form ("1.234,56") otherwise. One that was never set is empty, and an empty text counts
+ * as 0. A result beyond the currency range throws OverflowError.
  */
 class AmountTexts
 {
@@ -122,7 +122,7 @@ struct AmountChain
 };
 
 /**
- * Amounts of a company's invoice. VAT is computed anew whenever the rate is left, and only then;
+ * Amounts of a company's invoice. VAT is computed again whenever the rate is left, and only then;
  * a later change of the taxable amount moves the total alone. A typed total stays as typed.
  */
 const AmountChain &CompanyAmounts();

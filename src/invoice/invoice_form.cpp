@@ -224,7 +224,7 @@ void InvoiceForm::setListed(bool isListed)
     m_strip->refreshSoon();
 }
 
-/** Whatever changes what the notices are about has them made anew. */
+/** Each change of what the notices are about refreshes them. */
 void InvoiceForm::followContent()
 {
     const auto refresh = [this] { m_strip->refreshSoon(); };

@@ -24,7 +24,7 @@ class TextTable;
 /**
  * The form of one payment, to a company (FrmAziende) or to a professional (FrmProfessionisti):
  * creditor, invoice, amounts, mandate, note and allocations. It shows the payment that is current
- * when it is made, whatever becomes current meanwhile; a new payment to a company starts with the
+ * when it is made, also when another becomes current; a new payment to a company starts with the
  * contractor as creditor. "Conferma" saves and closes; every other way of closing saves nothing.
  *
  * Errors of the databases and of the arithmetic pass through load() and through the event loop.

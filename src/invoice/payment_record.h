@@ -12,7 +12,7 @@
 
 namespace saldoro {
 
-/** A payment as an invoice form shows it, save its allocations: texts as the widgets have them. */
+/** A payment as an invoice form shows it, allocations apart: texts as the widgets have them. */
 struct PaymentRecord
 {
     CreditorKind kind = CreditorKind::Company;
@@ -30,9 +30,9 @@ struct PaymentRecord
 };
 
 /**
- * Reads the payment of the kind and number in @p record into it. Beyond them it comes with what the
- * form shows before (for a company the contractor's name as creditor), @p grid with its header
- * alone.
+ * Reads the first payment of the number in @p record into it, whatever that payment's kind. The
+ * record comes with what the form shows before (for a company the contractor's name as creditor),
+ * @p grid with its header alone.
  *
  * A number that the ledger does not hold is a new payment: it takes the notes of the last payment
  * stored and keeps everything else. Allocations and mandate note are read in both cases. An amount
@@ -47,9 +47,9 @@ void LoadPagamento(const ProgramValues &values, PaymentRecord &record, TextTable
  * of that number and kind is changed, else added; an allocation of the same code is changed, else
  * added; none is deleted here.
  *
- * A text longer than its column throws FieldTooSmall before anything is written, save the
- * description of a cost item, whose stored copy is cut. Errors pass, with the
- * detail "Pagamento".
+ * The stored description of a cost item is cut to its column. Any other text longer than its
+ * column throws FieldTooSmall before its own row is written. Errors pass, with the detail
+ * "Pagamento"; rows written before stay.
  */
 void SavePagamento(ProgramValues &values, const PaymentRecord &record, const TextTable &grid);
 

@@ -26,7 +26,7 @@ inline constexpr int Count = 8;
 /**
  * Fills a table with the contracts of an archive, a row each. The codes are there at once, the
  * figures follow while the event loop runs, those of an earlier reading standing until then. A
- * contract that is locked makes way for the others and is tried again until it has been locked for
+ * contract that is locked lets the others go first and is tried again until it has been locked for
  * more than a moment.
  */
 class ContractList : public QObject

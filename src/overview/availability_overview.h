@@ -19,8 +19,8 @@ void PrepareAvailabilityOverview(TextTable &overview);
  * "Pagato" and "Disponibilità" blank and "Spesa" as first written, "0" for a null budget.
  *
  * Throws DatabaseError, also for a null code, description or allocated amount and for a code that
- * holds an apostrophe, and OverflowError; details "Voce", and "Pagamento" for an allocation. The
- * rows written so far stay.
+ * holds an apostrophe, and OverflowError; details "Voce", "Riga" for a null code or description,
+ * and "Pagamento" for an allocation. The rows written so far stay.
  */
 void FillAvailabilityOverview(TextTable &overview, const ProgramValues &values);
 

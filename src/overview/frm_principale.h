@@ -38,7 +38,7 @@ public:
     void load();
 
     /** Loads the form and shows it. One that is on screen does the work of closing first, but does
-     *  not go from the screen; that it is out of use, it stays. */
+     *  not go from the screen. A form that is out of use stays so. */
     void reopen();
 
     /** Puts the form back into use after nuovoRequested(), the focus where it was. While it is out

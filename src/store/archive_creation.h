@@ -11,7 +11,7 @@ namespace saldoro {
  * Creates an empty payment ledger, ArchiveFiles::Ledger in @p projectFolder (an archive path
  * without a trailing backslash). The folder must exist. Tables `Fatture` and `Spese`, no keys, no
  * indexes. Returns the open ledger, which the program keeps until it ends; everyone else opens the
- * file anew. Throws FileExists, FileMissing (no such folder), ReadOnly, DiskFull; a failure in
+ * file again. Throws FileExists, FileMissing (no such folder), ReadOnly, DiskFull; a failure in
  * between leaves the file as it is.
  */
 Database CreateLedgerDatabase(const QString &projectFolder);

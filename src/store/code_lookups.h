@@ -10,8 +10,9 @@ namespace saldoro {
 /*
  * Look-ups in the suite's databases. Each routine opens its database, does one job and closes it
  * again; every write is one statement. Throws DatabaseError, NullValue where the code map lacks
- * the text that is asked for; the error names the internal code as detail "Codice", the item or
- * pattern as "Voce". Internal codes are those of store/internal_codes.h.
+ * the text that is asked for. The error names the internal code as detail "Codice". Writers name
+ * the item as "Voce", and so does StringaVoceLike its pattern. Internal codes are those of
+ * store/internal_codes.h.
  */
 
 /** External code of an internal one, as text; the empty text when the code is not mapped. */
