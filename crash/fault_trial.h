@@ -53,7 +53,7 @@ private:
     TestArchive m_origin;
     std::optional<TestArchive> m_copy;
     QList<ArchiveState> m_possible;
-    QSet<qsizetype> m_completed; ///< states from which the work was brought to its end
+    QSet<QString> m_completed; ///< states from which the work was brought to its end
 };
 
 /** Throws std::runtime_error with what was tried and what came of it, unless @p holds. */

@@ -304,6 +304,7 @@ private slots:
                "INSERT INTO Una VALUES(1, 1, 1), (1, 1, 2);"
                "CREATE TABLE Senza(_rowid_ LONG, rowid LONG, oid LONG)"_s);
         RecordSet odd = open(u"SELECT * FROM Una"_s);
+        QCOMPARE(Change(odd, u"n"_s, 2), Fault(Other, u"Una"_s));
         QCOMPARE(Change(odd, u"n"_s, 3), QString());
         QCOMPARE(Add(odd, u"n"_s, 2), Fault(Other, u"Una"_s));
         odd.deleteRecord();
