@@ -79,7 +79,7 @@ InvoiceForm::InvoiceForm(CreditorKind kind, ProgramValues &values, const TextTab
     connect(&m_amounts->totalBox(), &QLineEdit::textChanged, &m_allocation->invoiceTotal(),
             &QLabel::setText);
     followContent();
-    connect(&overview, &TextTable::modelReset, m_strip, [this] { m_strip->refreshSoon(); });
+    connect(&overview, &TextTable::modelReset, m_strip, &NoticeStrip::refreshSoon);
 }
 
 void InvoiceForm::load()
@@ -224,10 +224,11 @@ void InvoiceForm::setListed(bool isListed)
     m_strip->refreshSoon();
 }
 
-/** Each change of what the notices are about refreshes them. */
+/** Each change of what the notices are about refreshes them. The strip itself is called, since some
+ *  changes come while the form is being destroyed. */
 void InvoiceForm::followContent()
 {
-    const auto refresh = [this] { m_strip->refreshSoon(); };
+    const auto refresh = [strip = m_strip] { strip->refreshSoon(); };
     for (const QLineEdit *line : findChildren<QLineEdit *>()) {
         connect(line, &QLineEdit::textChanged, m_strip, refresh);
         connect(line, &QLineEdit::inputRejected, m_strip, refresh);

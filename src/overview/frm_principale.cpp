@@ -64,8 +64,8 @@ FrmPrincipale::FrmPrincipale(ProgramValues &values)
     arrange();
     SizeWindow(*this, {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
     for (TextTable *table : {&m_payments->table(), &m_overview->table()}) {
-        connect(table, &TextTable::modelReset, m_strip, [this] { m_strip->refreshSoon(); });
-        connect(table, &TextTable::currentMoved, m_strip, [this] { m_strip->refreshSoon(); });
+        connect(table, &TextTable::modelReset, m_strip, &NoticeStrip::refreshSoon);
+        connect(table, &TextTable::currentMoved, m_strip, &NoticeStrip::refreshSoon);
     }
 }
 
