@@ -26,7 +26,7 @@ QString FirstFreeCode(const QStringList &codes)
     constexpr int most = 99999;
     constexpr int width = 5;
     for (int number = 1; number <= most; ++number) {
-        const QString code = QString::number(number).rightJustified(width, u'0');
+        QString code = QString::number(number).rightJustified(width, u'0');
         if (!codes.contains(code))
             return code;
     }
