@@ -1,11 +1,11 @@
 #include "held_form.h"
 #include "invoice/allocation_total.h"
-#include "invoice/contractor_and_principals.h"
-#include "invoice/creditor_search.h"
 #include "overview/availability_overview.h"
 #include "overview/closing_work.h"
 #include "overview/payments_list.h"
 #include "sound_project.h"
+#include "store/contractor_and_principals.h"
+#include "store/creditor_search.h"
 
 #include <QTest>
 

@@ -1,7 +1,7 @@
 #include "archive_probe.h"
 #include "database_probe.h"
 #include "held_form.h"
-#include "invoice/contractor_and_principals.h"
+#include "store/contractor_and_principals.h"
 #include "store/mandate_note.h"
 
 using namespace saldoro;

@@ -10,9 +10,9 @@
 #include "invoice/allocation_total.h"
 #include "invoice/amount_fields.h"
 #include "invoice/creditor_fields.h"
-#include "invoice/creditor_search.h"
 #include "invoice/entry_field.h"
 #include "invoice/note_fields.h"
+#include "store/creditor_search.h"
 
 #include <QApplication>
 #include <QBoxLayout>

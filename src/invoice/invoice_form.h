@@ -2,9 +2,9 @@
 
 #include "common/program_values.h"
 #include "controls/notice.h"
-#include "invoice/contractor_and_principals.h"
 #include "invoice/field_navigation.h"
 #include "invoice/payment_record.h"
+#include "store/contractor_and_principals.h"
 
 #include <QHash>
 #include <QWidget>

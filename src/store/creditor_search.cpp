@@ -1,4 +1,4 @@
-#include "invoice/creditor_search.h"
+#include "store/creditor_search.h"
 
 #include "common/amount_text.h"
 #include "database/database.h"
@@ -11,7 +11,8 @@ using namespace Qt::StringLiterals;
 QStringList ProfessionalCreditors(const ProgramValues &values)
 {
     const Database database = Database::open(ContractPath(values));
-    RecordSet items = database.openRecordSet(u"SELECT * FROM SchedaProgetto WHERE FUNZIONE = 17"_s);
+    RecordSet items = database.openRecordSet(
+        u"SELECT * FROM SchedaProgetto WHERE FUNZIONE = "_s + QString::number(ProfessionalTag));
     QStringList names;
     for (; !items.eof(); items.moveNext()) {
         const QString name = items.field(u"Stringa"_s).textOrEmpty().trimmed();

@@ -6,6 +6,9 @@
 
 namespace saldoro {
 
+/** What the register of companies calls an association. */
+inline constexpr QStringView AssociationKind = u"ATI";
+
 /** The contractor of the contract. */
 struct Contractor
 {

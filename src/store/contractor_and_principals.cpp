@@ -1,4 +1,4 @@
-#include "invoice/contractor_and_principals.h"
+#include "store/contractor_and_principals.h"
 
 #include "common/errors.h"
 #include "database/database.h"
@@ -18,7 +18,7 @@ bool isAssociation(const ProgramValues &values, qint32 companyId)
     const RecordSet company =
         database.openRecordSet(u"SELECT * FROM Anag WHERE ID = "_s + QString::number(companyId));
     // A link to a company that the register does not hold (any more) is no association.
-    return !company.eof() && company.field(u"TipImprese"_s).textOrEmpty() == u"ATI";
+    return !company.eof() && company.field(u"TipImprese"_s).textOrEmpty() == AssociationKind;
 }
 
 } // namespace

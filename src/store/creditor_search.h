@@ -6,8 +6,11 @@
 
 namespace saldoro {
 
-/** Creditors offered for a professional's payment: the contract sheet's items of tag 17 that hold
- *  a text, without blanks around it. */
+/** Marks the items of the contract sheet that are professionals. */
+inline constexpr qint32 ProfessionalTag = 17;
+
+/** Creditors offered for a professional's payment: the contract sheet's items with that tag that
+ *  hold a text, without blanks around it. */
 QStringList ProfessionalCreditors(const ProgramValues &values);
 
 /** Companies of the procedure whose name starts with @p prefix (which may hold wildcards), by
