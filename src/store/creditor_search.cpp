@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 QStringList ProfessionalCreditors(const ProgramValues &values)
 {
     const Database database = Database::open(ContractPath(values));
-    RecordSet items = database.openRecordSet(
-        u"SELECT * FROM SchedaProgetto WHERE FUNZIONE = "_s + QString::number(ProfessionalTag));
+    RecordSet items = database.openRecordSet(u"SELECT * FROM SchedaProgetto WHERE FUNZIONE = "_s +
+                                             QString::number(ProfessionalTag));
     QStringList names;
     for (; !items.eof(); items.moveNext()) {
         const QString name = items.field(u"Stringa"_s).textOrEmpty().trimmed();
