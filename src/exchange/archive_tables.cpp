@@ -69,24 +69,28 @@ TableRows StandardCodeRows()
     return rows;
 }
 
-QString SummaryOf(const ExchangedTable &table, const TableRows &rows)
+QString TotalText(const ExchangedTable &table, const TableRows &rows)
 {
-    QString text = u"%1: %2 %3"_s.arg(table.name())
-                       .arg(rows.size())
-                       .arg(rows.size() == 1 ? u"riga"_s : u"righe"_s);
     const qsizetype place = table.place(u"Importo"_s);
-    if (place < 0)
-        return text;
     try {
         Currency total;
         for (const TableRow &row : rows) {
             if (const auto *amount = std::get_if<Currency>(&row[place]))
                 total += *amount;
         }
-        return text + u", totale Importo "_s + FormatImporto(total);
+        return FormatImporto(total);
     } catch (const OverflowError &) {
-        return text + u", totale Importo fuori misura"_s;
+        return u"fuori misura"_s;
     }
+}
+
+QString SummaryOf(const ExchangedTable &table, const TableRows &rows)
+{
+    const QString text = u"%1: %2 %3"_s.arg(table.name())
+                             .arg(rows.size())
+                             .arg(rows.size() == 1 ? u"riga"_s : u"righe"_s);
+    return table.place(u"Importo"_s) < 0 ? text
+                                         : text + u", totale Importo "_s + TotalText(table, rows);
 }
 
 } // namespace saldoro

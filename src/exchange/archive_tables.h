@@ -36,6 +36,10 @@ const ExchangedTable *TableNamed(const QString &name);
 /** The rows of a code map that is made without the suite. */
 TableRows StandardCodeRows();
 
+/** The sum of `Importo` over rows of a table that has it, nulls being 0: "1.234,56", or "fuori
+ *  misura". */
+QString TotalText(const ExchangedTable &table, const TableRows &rows);
+
 /** Counts rows and, where the table has amounts, adds them up: "Spese: 41 righe, totale Importo
  *  1.234,56". */
 QString SummaryOf(const ExchangedTable &table, const TableRows &rows);

@@ -1,11 +1,17 @@
 #include "exchange/creditor_tables.h"
 
+#include "common/amount_text.h"
+#include "common/errors.h"
+#include "exchange/made_files.h"
 #include "store/archive_paths.h"
+#include "store/code_lookups.h"
+#include "store/contractor_and_principals.h"
+#include "store/creditor_search.h"
 #include "store/internal_codes.h"
-
-#include <QMap>
+#include "verify/verification.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace saldoro {
 
@@ -13,112 +19,110 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Marks the items of the contract sheet that are professionals. */
-constexpr qint32 professionalTag = 17;
-const QString memberSeparator = u"; "_s;
+using Values = QList<std::pair<QString, NewValue>>;
 
 ExchangedTable listTable(const QString &name, const QStringList &fields)
 {
-    constexpr int nameSize = 255;
     TableDef definition(name);
     for (const QString &field : fields)
-        definition.appendField(field, FieldType::Memo, field == "Nome"_L1 ? nameSize : 0);
+        definition.appendField(field, FieldType::Memo);
     return {ArchiveFile::Companies, definition, {u"Nome"_s}, {u"Nome"_s}, {u"Nome"_s}};
 }
 
-/** A table of the project that rows are added to. */
-class GrowingTable
+RecordSet recordsOf(const Database &database, const QString &table)
 {
-public:
-    GrowingTable(const QString &folder, const QString &name)
-        : m_result{TableNamed(name), u"Elenco dei creditori"_s, {}}
-    {
-        const Database database = Database::open(ArchiveFilePath(m_result.table->archive, folder));
-        m_result.rows = StoredRows(database, m_result.table->definition);
-    }
+    return database.openRecordSet(u"SELECT * FROM "_s + table);
+}
 
-    const TableRows &rows() const { return m_result.rows; }
-    const NewValue &value(const TableRow &row, const QString &field) const
-    {
-        return row[m_result.table->place(field)];
-    }
-    qint32 number(const TableRow &row, const QString &field) const
-    {
-        const auto *number = std::get_if<qint32>(&value(row, field));
-        return number == nullptr ? 0 : *number;
-    }
-    qint32 highest(const QString &field) const
-    {
-        qint32 highest = 0;
-        for (const TableRow &row : m_result.rows)
-            highest = std::max(highest, number(row, field));
-        return highest;
-    }
-    /** The first row with that text, whatever its letter case; -1 for none. */
-    qsizetype find(const QString &field, const QString &text) const
-    {
-        for (qsizetype row = 0; row < m_result.rows.size(); ++row) {
-            if (TextOf(value(m_result.rows[row], field)).compare(text, Qt::CaseInsensitive) == 0)
-                return row;
-        }
-        return -1;
-    }
-
-    void add(const QMap<QString, NewValue> &values)
-    {
-        m_result.rows.append(TableRow(m_result.table->definition.fields().size()));
-        change(m_result.rows.size() - 1, values);
-    }
-    void change(qsizetype row, const QMap<QString, NewValue> &values)
-    {
-        for (auto value = values.cbegin(); value != values.cend(); ++value)
-            m_result.rows[row][m_result.table->place(value.key())] = *value;
-        m_isChanged = true;
-    }
-
-    /** Adds the table when it has changed. */
-    void putInto(QList<CsvTable> &tables)
-    {
-        for (int line = 1; line <= m_result.rows.size(); ++line)
-            m_result.lines.append(line);
-        if (m_isChanged)
-            tables.append(m_result);
-    }
-
-private:
-    CsvTable m_result;
-    bool m_isChanged = false;
-};
-
-/** The row of the code map for the contractor; empty cells when it is not mapped. */
-std::pair<QString, QString> contractorCode(const QString &folder)
+/** Makes the first record with that text current, in any letter case; false without one. */
+bool find(RecordSet &records, const QString &field, const QString &text)
 {
-    const GrowingTable codes(folder, u"Funzioni"_s);
-    const qsizetype row = codes.find(u"CodInt"_s, InternalCode::Contractor.toString());
-    if (row < 0)
-        return {};
-    return {TextOf(codes.value(codes.rows()[row], u"CodExt"_s)),
-            TextOf(codes.value(codes.rows()[row], u"Desc"_s))};
+    records.findFirst(field + u" = '"_s + RaddoppiaApici(text) + u"'"_s);
+    return !records.noMatch();
+}
+
+/** One more than the highest number. */
+qint32 nextNumber(RecordSet &records, const QString &field)
+{
+    qint32 highest = 0;
+    for (records.moveFirst(); !records.eof(); records.moveNext()) {
+        if (!records.field(field).isNull())
+            highest = std::max(highest, records.field(field).integer());
+    }
+    return highest + 1;
+}
+
+/** Fills the record that has been added or is edited. */
+void write(RecordSet &records, const Values &values)
+{
+    for (const auto &[field, value] : values)
+        records.set(field, value);
+    records.update();
+}
+
+void add(RecordSet &records, const Values &values)
+{
+    records.addNew();
+    write(records, values);
 }
 
 /** The number of a company, which is added when it is not there. */
-qint32 companyNumber(GrowingTable &companies, const QString &name, const NewValue &kind = {})
+qint32 companyNumber(RecordSet &companies, const QString &name, const NewValue &kind = {})
 {
-    if (const qsizetype row = companies.find(u"nominativo"_s, name); row >= 0)
-        return companies.number(companies.rows()[row], u"ID"_s);
-    const qint32 number = companies.highest(u"ID"_s) + 1;
-    companies.add({{u"ID"_s, number}, {u"nominativo"_s, name}, {u"TipImprese"_s, kind}});
+    if (find(companies, u"nominativo"_s, name))
+        return companies.field(u"ID"_s).integer();
+    const qint32 number = nextNumber(companies, u"ID"_s);
+    add(companies, {{u"ID"_s, number}, {u"nominativo"_s, name}, {u"TipImprese"_s, kind}});
     return number;
 }
 
-QStringList membersOf(const TableRow &row)
+void addCompanies(const Database &database, const TableRows &rows)
 {
-    QStringList members;
-    for (const QString &member : TextOf(row[CompanyList().place(u"Mandanti"_s)]).split(u';')) {
-        if (!member.trimmed().isEmpty())
-            members.append(member.trimmed());
+    RecordSet companies = recordsOf(database, u"Anag"_s);
+    RecordSet participants = recordsOf(database, u"Partecip"_s);
+    RecordSet principals = recordsOf(database, u"Manda"_s);
+    for (const TableRow &row : rows) {
+        QStringList members = TextOf(row[CompanyList().place(u"Mandanti"_s)]).split(u';');
+        for (QString &member : members)
+            member = member.trimmed();
+        members.removeAll(QString());
+        const NewValue kind = members.isEmpty() ? NewValue() : AssociationKind.toString();
+        const qint32 number = companyNumber(companies, TextOf(row.first()), kind);
+        add(participants,
+            {{u"Nord"_s, nextNumber(participants, u"Nord"_s)}, {u"AnagRel"_s, number}});
+        for (const QString &member : members)
+            add(principals,
+                {{u"AnagPar"_s, number}, {u"AnagRel"_s, companyNumber(companies, member)}});
     }
-    return members;
+}
+
+void addProfessionals(RecordSet &sheet, const TableRows &rows)
+{
+    int free = 1;
+    for (const TableRow &row : rows) {
+        const auto item = [&free] { return u'I' + QString::number(free).rightJustified(2, u'0'); };
+        while (find(sheet, u"Voce"_s, item()))
+            ++free;
+        add(sheet, {{u"Voce"_s, item()},
+                    {u"Funzione"_s, ProfessionalTag},
+                    {u"Descri"_s, u"Professionista"_s},
+                    {u"Stringa"_s, row.first()}});
+    }
+}
+
+void setContractor(RecordSet &sheet, RecordSet companies, const QString &contractor,
+                   const ProgramValues &values)
+{
+    const QString item = CodiceEsterno(values, InternalCode::Contractor);
+    const qint32 number = companyNumber(companies, contractor);
+    if (!find(sheet, u"Voce"_s, item)) {
+        add(sheet, {{u"Voce"_s, item},
+                    {u"Funzione"_s, 1},
+                    {u"Descri"_s, DescrizioneFunzione(values, InternalCode::Contractor)}});
+        find(sheet, u"Voce"_s, item);
+    }
+    sheet.edit();
+    write(sheet, {{u"Stringa"_s, contractor}, {u"Link"_s, number}});
 }
 
 } // namespace
@@ -135,39 +139,9 @@ const ExchangedTable &ProfessionalList()
     return table;
 }
 
-KnownCreditors ReadCreditors(const QString &folder)
+QList<CellFault> RepeatedNames(const TableRows &rows, const QStringList &known)
 {
-    KnownCreditors known;
-    const GrowingTable companies(folder, u"Anag"_s);
-    const GrowingTable principals(folder, u"Manda"_s);
-    QMap<qint32, QString> names;
-    for (const TableRow &row : companies.rows())
-        names[companies.number(row, u"ID"_s)] = TextOf(companies.value(row, u"nominativo"_s));
-    for (const TableRow &row : companies.rows()) {
-        QStringList members;
-        for (const TableRow &principal : principals.rows()) {
-            if (principals.number(principal, u"AnagPar"_s) == companies.number(row, u"ID"_s))
-                members.append(names.value(principals.number(principal, u"AnagRel"_s)));
-        }
-        known.companies.append(
-            {TextOf(companies.value(row, u"nominativo"_s)), members.join(memberSeparator)});
-    }
-    const GrowingTable sheet(folder, u"SchedaProgetto"_s);
-    for (const TableRow &row : sheet.rows()) {
-        const QString name = TextOf(sheet.value(row, u"Stringa"_s)).trimmed();
-        if (sheet.number(row, u"Funzione"_s) == professionalTag && !name.isEmpty())
-            known.professionals.append({name});
-    }
-    if (const qsizetype row = sheet.find(u"Voce"_s, contractorCode(folder).first); row >= 0)
-        known.contractor = names.value(sheet.number(sheet.rows()[row], u"Link"_s));
-    return known;
-}
-
-QList<CellFault> RepeatedNames(const TableRows &rows, const QList<QStringList> &known)
-{
-    QStringList names;
-    for (const QStringList &cells : known)
-        names.append(cells.first());
+    QStringList names = known;
     QList<CellFault> faults;
     for (int row = 0; row < rows.size(); ++row) {
         const QString name = TextOf(rows[row].first());
@@ -178,47 +152,44 @@ QList<CellFault> RepeatedNames(const TableRows &rows, const QList<QStringList> &
     return faults;
 }
 
-QList<CsvTable> TablesWithCreditors(const QString &folder, const TableRows &companies,
-                                    const TableRows &professionals, const QString &contractor)
+KnownCreditors ReadCreditors(const ProgramValues &values)
 {
-    GrowingTable anag(folder, u"Anag"_s);
-    GrowingTable participants(folder, u"Partecip"_s);
-    GrowingTable principals(folder, u"Manda"_s);
-    GrowingTable sheet(folder, u"SchedaProgetto"_s);
-    for (const TableRow &company : companies) {
-        const QStringList members = membersOf(company);
-        const qint32 number = companyNumber(anag, TextOf(company.first()),
-                                            members.isEmpty() ? NewValue() : NewValue(u"ATI"_s));
-        participants.add(
-            {{u"Nord"_s, participants.highest(u"Nord"_s) + 1}, {u"AnagRel"_s, number}});
-        for (const QString &member : members)
-            principals.add({{u"AnagPar"_s, number}, {u"AnagRel"_s, companyNumber(anag, member)}});
+    KnownCreditors known;
+    RecordSet companies =
+        Database::open(CompaniesPath(values)).openRecordSet(u"SELECT * FROM Anag"_s);
+    for (; !companies.eof(); companies.moveNext()) {
+        known.companies.append(companies.field(u"nominativo"_s).textOrEmpty());
+        known.members.append(Principals(values, companies.field(u"ID"_s).integer()).join(u"; "_s));
     }
-    int free = 1;
-    for (const TableRow &professional : professionals) {
-        const auto item = [&free] { return u'I' + QString::number(free).rightJustified(2, u'0'); };
-        while (sheet.find(u"Voce"_s, item()) >= 0)
-            ++free;
-        sheet.add({{u"Voce"_s, item()},
-                   {u"Funzione"_s, professionalTag},
-                   {u"Descri"_s, u"Professionista"_s},
-                   {u"Stringa"_s, professional.first()}});
+    known.professionals = ProfessionalCreditors(values);
+    const QString item = CodiceEsterno(values, InternalCode::Contractor);
+    if (EsisteVoceLike(values, item))
+        known.contractor = StringaVoceLike(values, item);
+    return known;
+}
+
+QStringList AddCreditors(const ProgramValues &values, const TableRows &companies,
+                         const TableRows &professionals, const QString &contractor)
+{
+    const Database contract = Database::open(ContractPath(values));
+    const Database companyRegister = contract.attach(CompaniesPath(values));
+    MadeFiles copies;
+    QStringList paths;
+    for (const Database *database : {&contract, &companyRegister}) {
+        if (!Database::hasPlainJournal(database->path()))
+            throw FileError(database->path(), NoPlainJournal.toString());
+        paths.append(database->backUpBeside());
+        copies.add(paths.last());
     }
-    const auto [item, description] = contractorCode(folder);
-    if (!contractor.isEmpty() && !item.isEmpty()) {
-        const QMap<QString, NewValue> values{{u"Stringa"_s, contractor},
-                                             {u"Link"_s, companyNumber(anag, contractor)}};
-        if (const qsizetype row = sheet.find(u"Voce"_s, item); row >= 0)
-            sheet.change(row, values);
-        else {
-            sheet.add({{u"Voce"_s, item}, {u"Funzione"_s, 1}, {u"Descri"_s, description}});
-            sheet.change(sheet.rows().size() - 1, values);
-        }
-    }
-    QList<CsvTable> tables;
-    for (GrowingTable *table : {&anag, &participants, &principals, &sheet})
-        table->putInto(tables);
-    return tables;
+    Transaction transaction(contract);
+    RecordSet sheet = recordsOf(contract, u"SchedaProgetto"_s);
+    addCompanies(companyRegister, companies);
+    addProfessionals(sheet, professionals);
+    if (!contractor.isEmpty())
+        setContractor(sheet, recordsOf(companyRegister, u"Anag"_s), contractor, values);
+    transaction.commit();
+    copies.keep();
+    return paths;
 }
 
 } // namespace saldoro

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "common/program_values.h"
+#include "exchange/archive_tables.h"
 #include "exchange/cell_rows.h"
-#include "exchange/csv_table.h"
 
 #include <QList>
 #include <QString>
@@ -19,29 +20,33 @@ namespace saldoro {
 const ExchangedTable &CompanyList();
 const ExchangedTable &ProfessionalList();
 
-/** The creditors that a project holds; a text for each field of their list. */
+/** Names that are among @p known or stand twice among @p rows, whatever their letter case; a
+ *  fault's line is the place among the rows. */
+QList<CellFault> RepeatedNames(const TableRows &rows, const QStringList &known);
+
+/** The names of all creditors that a project holds. */
 struct KnownCreditors
 {
-    QList<QStringList> companies;
-    QList<QStringList> professionals;
-    QString contractor; ///< name; empty for none
+    QStringList companies;
+    QStringList members; ///< for each company those of the association, with "; " between them
+    QStringList professionals;
+    QString contractor; ///< empty for none
 };
 
-/** Reads them from the project in @p folder (of the machine). Throws DatabaseError. */
-KnownCreditors ReadCreditors(const QString &folder);
-
-/** Names that are there already or stand twice among @p rows, whatever their letter case; a fault's
- *  line is the place among the rows. */
-QList<CellFault> RepeatedNames(const TableRows &rows, const QList<QStringList> &known);
+/** Throws DatabaseError. */
+KnownCreditors ReadCreditors(const ProgramValues &values);
 
 /**
- * The tables of the project, to be imported, with companies and professionals more (rows of their
- * lists) and @p contractor, a company's name, as the contractor; empty leaves it as it is. Members
- * that are no companies yet become such, but take no part by themselves. Companies and companies'
- * order numbers go on from the highest, professionals get the first free items I01, I02... Throws
- * DatabaseError.
+ * Adds companies and professionals (rows of their lists) to the project, and makes @p contractor, a
+ * company's name, the contractor; empty leaves it as it is. Members that are no companies yet
+ * become such, but take no part by themselves. Companies and their order go on from the highest
+ * number, professionals get the first free items I01, I02...
+ *
+ * All or nothing, in one transaction over both databases, beside which copies stand before. Returns
+ * the copies' paths. Throws DatabaseError, and FileError for a database that no transaction can
+ * take in together with others; then nothing is changed, and there are no copies.
  */
-QList<CsvTable> TablesWithCreditors(const QString &folder, const TableRows &companies,
-                                    const TableRows &professionals, const QString &contractor);
+QStringList AddCreditors(const ProgramValues &values, const TableRows &companies,
+                         const TableRows &professionals, const QString &contractor);
 
 } // namespace saldoro

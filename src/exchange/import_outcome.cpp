@@ -17,7 +17,9 @@ QString headed(const QString &heading, QStringList lines)
     return lines.isEmpty() ? QString() : heading + u"\n  "_s + lines.join(u"\n  "_s) + u'\n';
 }
 
-QStringList linesOf(const Findings &findings)
+} // namespace
+
+QStringList LinesOf(const Findings &findings)
 {
     QStringList lines;
     for (const Finding &finding : findings)
@@ -26,15 +28,13 @@ QStringList linesOf(const Findings &findings)
     return lines;
 }
 
-} // namespace
-
 QString ImportOutcome::remarks() const
 {
-    return headed(u"Avvertimenti:"_s, warnings) + headed(u"Errori:"_s, linesOf(errors)) +
+    return headed(u"Avvertimenti:"_s, warnings) + headed(u"Errori:"_s, LinesOf(errors)) +
            headed(isDone ? u"Darà problemi più tardi:"_s
                          : u"Darebbe problemi più tardi (con --comunque si importa lo stesso):"_s,
-                  linesOf(refusals)) +
-           headed(u"C'era già prima:"_s, linesOf(known)) +
+                  LinesOf(refusals)) +
+           headed(u"C'era già prima:"_s, LinesOf(known)) +
            (isDone ? QString() : u"Niente è stato scritto.\n"_s);
 }
 

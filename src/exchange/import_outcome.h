@@ -26,6 +26,9 @@ struct ImportOutcome
     QString remarks() const;
 };
 
+/** "Place: problem" of each finding. */
+QStringList LinesOf(const Findings &findings);
+
 /** A finding that is one line, complete in itself. */
 Finding LineFinding(const QString &text);
 

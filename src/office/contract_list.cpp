@@ -7,9 +7,8 @@
 #include "store/contract_summary.h"
 
 #include <QFileInfo>
-#include <QHash>
 
-#include <utility>
+#include <numeric>
 
 namespace saldoro {
 
@@ -18,13 +17,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // All in milliseconds.
-constexpr int sliceLength = 50;    ///< of reading before the window is looked after again
-constexpr int lockPatience = 1500; ///< from the beginning of a reading
-constexpr int lockPause = 100;     ///< between two tries
+constexpr int sliceLength = 50; ///< of reading before the window is looked after again
+constexpr int pause = 10;       ///< between two slices
+constexpr int patience = 1500;  ///< with a lock, from the beginning of a reading
 
-QStringList cellsOf(const ContractSummary &summary)
+QStringList cellsOf(const QString &code, const ContractSummary &summary)
 {
-    return {QString::number(summary.items),
+    return {code,
+            QString::number(summary.items),
             FormatImporto(summary.budget),
             QString::number(summary.payments),
             FormatImporto(summary.paid),
@@ -46,26 +46,31 @@ QString noteOf(const SaldoroError &error)
 
 } // namespace
 
-ContractList::ContractList(TextTable &table)
-    : m_table(table)
+ContractList::ContractList(TextTable &table, QObject *parent)
+    : QObject(parent)
+    , m_table(table)
 {
     table.setHeader({u"Codice"_s, u"Voci"_s, u"Spesa"_s, u"Pagamenti"_s, u"Pagato"_s,
                      u"Disponibilità"_s, u"Ultimo pagamento"_s, u"Nota"_s});
-    table.setRightAligned({ContractColumn::Voci, ContractColumn::Spesa, ContractColumn::Pagamenti,
-                           ContractColumn::Pagato, ContractColumn::Disponibilita});
+    table.setRightAligned({1, 2, 3, 4, 5});
     m_next.setSingleShot(true);
     connect(&m_next, &QTimer::timeout, this, &ContractList::readSome);
 }
 
 QString ContractList::currentCode() const
 {
-    return m_table.row() == 0 ? QString() : m_table.text(m_table.row(), ContractColumn::Codice);
+    return m_table.row() == 0 ? QString() : m_table.text(m_table.row(), 0);
+}
+
+QString ContractList::currentNote() const
+{
+    return m_table.row() == 0 ? QString() : m_table.text(m_table.row(), m_table.columns() - 1);
 }
 
 void ContractList::setCurrentCode(const QString &code)
 {
     for (int row = 1; row < m_table.rows(); ++row) {
-        if (m_table.text(row, ContractColumn::Codice) == code)
+        if (m_table.text(row, 0) == code)
             m_table.setRow(row);
     }
 }
@@ -73,28 +78,21 @@ void ContractList::setCurrentCode(const QString &code)
 void ContractList::read(const QString &root)
 {
     const QString current = currentCode();
-    QHash<QString, QStringList> before;
-    for (int row = 1; row < m_table.rows(); ++row) {
-        QStringList &cells = before[m_table.text(row, ContractColumn::Codice)];
-        for (int column = ContractColumn::Voci; column < ContractColumn::Count; ++column)
-            cells.append(m_table.text(row, column));
-    }
     const QStringList codes = ContractCodes(root);
-    m_folder = ContractsFolder(root);
-    m_waiting.clear();
-    m_locked.clear();
-    {
-        const TextTable::BulkChange change(m_table);
+    QStringList before;
+    for (int row = 1; row < m_table.rows(); ++row)
+        before.append(m_table.text(row, 0));
+    if (const TextTable::BulkChange change(m_table); codes != before) {
         m_table.setRows(1);
         m_table.setRows(1 + static_cast<int>(codes.size()));
-        for (const QString &code : codes) {
-            m_waiting.append(static_cast<int>(m_waiting.size()) + 1);
-            m_table.setText(m_waiting.last(), ContractColumn::Codice, code);
-            writeRow(m_waiting.last(), before.value(code));
-        }
+        for (int row = 1; row < m_table.rows(); ++row)
+            m_table.setText(row, 0, codes[row - 1]);
+        m_table.setRow(codes.isEmpty() ? 0 : 1);
+        setCurrentCode(current);
     }
-    m_table.setRow(codes.isEmpty() ? 0 : 1);
-    setCurrentCode(current);
+    m_folder = ContractsFolder(root);
+    m_waiting.resize(codes.size());
+    std::iota(m_waiting.begin(), m_waiting.end(), 1);
     m_since.start();
     m_next.start(0);
 }
@@ -103,38 +101,32 @@ void ContractList::readSome()
 {
     QElapsedTimer slice;
     slice.start();
-    if (m_waiting.isEmpty())
-        m_waiting = std::exchange(m_locked, {});
-    while (!m_waiting.isEmpty() && slice.elapsed() < sliceLength)
-        readContract(m_waiting.takeFirst());
+    for (qsizetype left = m_waiting.size(); left > 0 && slice.elapsed() < sliceLength; --left) {
+        if (const int row = m_waiting.takeFirst(); !readContract(row))
+            m_waiting.append(row);
+    }
     const int all = m_table.rows() - 1;
-    emit progressed(all - static_cast<int>(m_waiting.size() + m_locked.size()), all);
-    if (!m_waiting.isEmpty() || !m_locked.isEmpty())
-        m_next.start(m_waiting.isEmpty() ? lockPause : 0);
+    emit progressed(all - static_cast<int>(m_waiting.size()), all);
+    if (!m_waiting.isEmpty())
+        m_next.start(pause);
 }
 
-void ContractList::readContract(int row)
+bool ContractList::readContract(int row)
 {
-    const QString code = m_table.text(row, ContractColumn::Codice);
+    const QString code = m_table.text(row, 0);
+    QStringList cells{code};
     try {
-        writeRow(row, cellsOf(SummariseContract(m_folder + u'/' + code, 0)));
+        cells = cellsOf(code, SummariseContract(m_folder + u'/' + code, 0));
     } catch (const SaldoroError &error) {
         const auto *database = dynamic_cast<const DatabaseError *>(&error);
-        if (database && database->fault() == DatabaseFault::Locked &&
-            m_since.elapsed() < lockPatience) {
-            m_locked.append(row);
-            return;
-        }
-        QStringList cells(ContractColumn::Nota);
+        if (database && database->fault() == DatabaseFault::Locked && m_since.elapsed() < patience)
+            return false;
+        cells.resize(m_table.columns());
         cells.last() = noteOf(error);
-        writeRow(row, cells);
     }
-}
-
-void ContractList::writeRow(int row, const QStringList &cells)
-{
-    for (qsizetype cell = 0; cell < cells.size(); ++cell)
-        m_table.setText(row, static_cast<int>(cell) + ContractColumn::Voci, cells[cell]);
+    for (int column = 0; column < cells.size(); ++column)
+        m_table.setText(row, column, cells[column]);
+    return true;
 }
 
 } // namespace saldoro

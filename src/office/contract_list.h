@@ -10,24 +10,11 @@
 
 namespace saldoro {
 
-/** Columns of the list of contracts. */
-namespace ContractColumn {
-inline constexpr int Codice = 0;
-inline constexpr int Voci = 1;
-inline constexpr int Spesa = 2;
-inline constexpr int Pagamenti = 3;
-inline constexpr int Pagato = 4;
-inline constexpr int Disponibilita = 5;
-inline constexpr int UltimoPagamento = 6;
-inline constexpr int Nota = 7; ///< why a contract can't be read
-inline constexpr int Count = 8;
-} // namespace ContractColumn
-
 /**
  * Fills a table with the contracts of an archive, a row each. The codes are there at once, the
- * figures follow while the event loop runs, those of an earlier reading standing until then. A
- * contract that is locked lets the others go first and is tried again until it has been locked for
- * more than a moment.
+ * figures follow while the event loop runs; those of an earlier reading stand until then where the
+ * contracts are the same. A contract that is locked lets the others go first and is tried again
+ * until it has been locked for more than a moment.
  */
 class ContractList : public QObject
 {
@@ -35,7 +22,7 @@ class ContractList : public QObject
 
 public:
     /** @p table must outlive the object. */
-    explicit ContractList(TextTable &table);
+    explicit ContractList(TextTable &table, QObject *parent = nullptr);
 
     /** Reads the contracts below the archives root @p root; the current one stays current if it is
      *  still there. A reading that is going on is given up. */
@@ -44,6 +31,8 @@ public:
     /** Code of the current contract; empty without one. */
     QString currentCode() const;
     void setCurrentCode(const QString &code);
+    /** Why the current contract can't be read; empty when it can. */
+    QString currentNote() const;
 
 signals:
     /** So many of all contracts have been read. */
@@ -51,13 +40,12 @@ signals:
 
 private:
     void readSome();
-    void readContract(int row);
-    void writeRow(int row, const QStringList &cells);
+    /** False for a contract that is to be tried again. */
+    bool readContract(int row);
 
     TextTable &m_table;
     QString m_folder; ///< of the contracts
     QList<int> m_waiting;
-    QList<int> m_locked; ///< to be tried again
     QElapsedTimer m_since;
     QTimer m_next;
 };

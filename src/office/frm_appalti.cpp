@@ -6,10 +6,10 @@
 #include "controls/flex_grid.h"
 #include "controls/message_box.h"
 #include "controls/window_placement.h"
-#include "controls/window_size.h"
 #include "exchange/archive_tables.h"
 #include "exchange/export.h"
 #include "office/contract_list.h"
+#include "office/form_parts.h"
 #include "office/frm_controllo.h"
 #include "office/frm_creditori.h"
 #include "office/frm_voci.h"
@@ -26,8 +26,11 @@
 #include <QDir>
 #include <QEvent>
 #include <QFileDialog>
+#include <QPushButton>
 #include <QStandardPaths>
 #include <QUrl>
+
+#include <algorithm>
 
 namespace saldoro {
 
@@ -49,105 +52,93 @@ void startSaldoro(const QString &code)
                         u"Installare di nuovo il programma."_s);
 }
 
-void open(QWidget &form)
+/** The folder that the user chooses; empty for none. */
+QString askFolder(QWidget *parent, const QString &title)
 {
-    CentraForm(form);
-    BringToFront(form);
+    return QFileDialog::getExistingDirectory(parent, title, QDir::homePath());
 }
 
 } // namespace
 
 FrmAppalti::FrmAppalti()
-    : m_grid(new FlexGrid(FlexGrid::Selection::Rows, this))
-    , m_contracts(new ContractList(m_grid->table()))
-    , m_place(new QLineEdit(this))
-    , m_state(new QLabel(this))
+    : m_grid(new FlexGrid(FlexGrid::Selection::Rows))
+    , m_contracts(new ContractList(m_grid->table(), this))
+    , m_place(new QLineEdit)
+    , m_state(new QLabel)
+    , m_contractButtons(makeContractButtons())
 {
     setObjectName(u"FrmAppalti"_s);
     setWindowTitle(u"Saldoro - Appalti"_s);
-    m_contracts->setParent(this);
     Describe(*m_grid, u"Elenco"_s, u"Appalti"_s, u"Invio apre in Saldoro l'appalto scelto"_s);
     m_grid->setWidths({800, 500, 1300, 900, 1300, 1300, 1400, FlexGrid::Rest});
     m_state->setObjectName(u"Stato"_s);
     m_state->setTextFormat(Qt::PlainText);
     m_state->setWordWrap(true);
+    auto *last = new QHBoxLayout;
+    last->addWidget(MakeButton(u"Nuovo"_s, u"&Nuovo appalto..."_s,
+                               u"Crea un appalto con le voci di un foglio elettronico"_s,
+                               [this] { createContract(); }));
+    last->addStretch(1);
+    last->addWidget(
+        MakeButton(u"Chiudi"_s, u"C&hiudi"_s, u"Chiude questa finestra"_s, [this] { close(); }));
     auto *whole = new QVBoxLayout(this);
     whole->addLayout(makePlace());
     whole->addWidget(m_grid, 1);
     whole->addWidget(m_state);
-    whole->addLayout(makeButtons());
+    whole->addWidget(m_contractButtons);
+    whole->addLayout(last);
     connect(m_grid, &FlexGrid::cellActivated, this,
             [this] { Attempt([this] { openContract(); }); });
     connect(&m_grid->table(), &TextTable::currentMoved, this, [this] { showState(0, 0); });
     connect(m_contracts, &ContractList::progressed, this, &FrmAppalti::showState);
     m_grid->setFocus();
-    constexpr int widthInTwips = 14400; // 960 by 600 pixels at 96 dots to the inch
-    constexpr int heightInTwips = 9000;
-    SizeWindow(*this, {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
+    SizeInTwips(*this, {14400, 9000});
 }
-
-FrmAppalti::~FrmAppalti() = default;
 
 QLayout *FrmAppalti::makePlace()
 {
-    auto *row = new QHBoxLayout;
-    auto *label = new QLabel(u"&Dove stanno gli archivi:"_s, this);
-    label->setBuddy(m_place);
-    Describe(*m_place, u"Cartella"_s, u"Cartella degli archivi"_s,
-             u"Sotto questa cartella ogni appalto ha la sua"_s);
     m_place->setReadOnly(true);
-    row->addWidget(label);
-    row->addWidget(m_place, 1);
-    row->addWidget(addButton(u"Apri_cartella"_s, u"A&pri cartella"_s,
-                             u"Mostra la cartella degli archivi"_s, &FrmAppalti::openFolder));
-    row->addWidget(addButton(u"Scegli_cartella"_s, u"&Scegli..."_s,
-                             u"Sceglie un'altra cartella per gli archivi"_s,
-                             &FrmAppalti::chooseFolder));
+    auto *row = new QHBoxLayout;
+    row->addWidget(MakeField(u"&Dove stanno gli archivi"_s, Qt::Horizontal, m_place, u"Cartella"_s,
+                             u"Sotto questa cartella ogni appalto ha la sua"_s),
+                   1);
+    row->addWidget(MakeButton(u"Apri_cartella"_s, u"A&pri cartella"_s,
+                              u"Mostra la cartella degli archivi"_s, [this] { openFolder(); }));
+    row->addWidget(MakeButton(u"Scegli_cartella"_s, u"&Scegli..."_s,
+                              u"Sceglie un'altra cartella per gli archivi"_s,
+                              [this] { chooseFolder(); }));
     return row;
 }
 
-QLayout *FrmAppalti::makeButtons()
+QWidget *FrmAppalti::makeContractButtons()
 {
-    auto *grid = new QGridLayout;
-    auto *start = addButton(u"Apri"_s, u"&Apri in Saldoro"_s, u"Apre in Saldoro l'appalto scelto"_s,
-                            &FrmAppalti::openContract);
-    auto *create = addButton(u"Nuovo"_s, u"&Nuovo appalto..."_s,
-                             u"Crea un appalto con le voci di un foglio elettronico"_s,
-                             &FrmAppalti::createContract);
-    auto *replace = addButton(u"Variante"_s, u"Nuova &variante..."_s,
-                              u"Dà all'appalto scelto le voci di una nuova variante"_s,
-                              &FrmAppalti::replaceBudget);
-    auto *creditors = addButton(u"Creditori"_s, u"&Imprese e professionisti..."_s,
-                                u"Aggiunge all'appalto scelto i creditori da cercare in Saldoro"_s,
-                                &FrmAppalti::addCreditors);
-    auto *check = addButton(u"Controlla"_s, u"Con&trolla"_s,
-                            u"Elenca che cosa darà problemi nell'appalto scelto"_s,
-                            &FrmAppalti::checkContract);
-    auto *copy = addButton(u"Copia"_s, u"&Copia..."_s,
-                           u"Copia gli archivi dell'appalto scelto in un'altra cartella"_s,
-                           &FrmAppalti::copyContract);
-    auto *toCsv = addButton(u"Esporta"_s, u"&Esporta in CSV..."_s,
-                            u"Scrive le tabelle dell'appalto scelto in file CSV"_s,
-                            &FrmAppalti::exportContract);
-    auto *close =
-        addButton(u"Chiudi"_s, u"C&hiudi"_s, u"Chiude questa finestra"_s, &FrmAppalti::closeWindow);
-    m_ofContract = {start, replace, creditors, check, copy, toCsv};
-    int place = 0;
-    constexpr int perRow = 4;
-    for (QPushButton *button : {start, create, replace, creditors, check, copy, toCsv, close}) {
-        grid->addWidget(button, place / perRow, place % perRow);
-        ++place;
-    }
-    return grid;
-}
-
-QPushButton *FrmAppalti::addButton(const QString &name, const QString &caption, const QString &hint,
-                                   void (FrmAppalti::*action)())
-{
-    auto *button = new PromptButton(name, caption, hint, this);
-    connect(button, &QPushButton::clicked, this,
-            [this, action] { Attempt([this, action] { (this->*action)(); }); });
-    return button;
+    auto *group = new QWidget;
+    auto *grid = new QGridLayout(group);
+    grid->setContentsMargins({});
+    grid->addWidget(MakeButton(u"Apri"_s, u"&Apri in Saldoro"_s,
+                               u"Apre in Saldoro l'appalto scelto"_s, [this] { openContract(); }),
+                    0, 0);
+    grid->addWidget(MakeButton(u"Variante"_s, u"Nuova &variante..."_s,
+                               u"Dà all'appalto scelto le voci di una nuova variante"_s,
+                               [this] { replaceBudget(); }),
+                    0, 1);
+    grid->addWidget(MakeButton(u"Creditori"_s, u"&Imprese e professionisti..."_s,
+                               u"Aggiunge all'appalto scelto i creditori da cercare in Saldoro"_s,
+                               [this] { addCreditors(); }),
+                    0, 2);
+    grid->addWidget(MakeButton(u"Controlla"_s, u"Con&trolla"_s,
+                               u"Elenca che cosa darà problemi nell'appalto scelto"_s,
+                               [this] { BringToFront(*new FrmControllo(currentFolder(), this)); }),
+                    1, 0);
+    grid->addWidget(MakeButton(u"Copia"_s, u"&Copia..."_s,
+                               u"Copia gli archivi dell'appalto scelto in un'altra cartella"_s,
+                               [this] { copyContract(); }),
+                    1, 1);
+    grid->addWidget(MakeButton(u"Esporta"_s, u"&Esporta in CSV..."_s,
+                               u"Scrive le tabelle dell'appalto scelto in file CSV"_s,
+                               [this] { exportContract(); }),
+                    1, 2);
+    return group;
 }
 
 void FrmAppalti::load()
@@ -166,10 +157,8 @@ void FrmAppalti::load()
 void FrmAppalti::showState(int done, int all)
 {
     const QString code = m_contracts->currentCode();
-    for (QPushButton *button : m_ofContract)
-        button->setEnabled(!code.isEmpty());
-    const TextTable &table = m_grid->table();
-    const QString note = code.isEmpty() ? QString() : table.text(table.row(), ContractColumn::Nota);
+    const QString note = m_contracts->currentNote();
+    m_contractButtons->setEnabled(!code.isEmpty());
     m_state->setText(done < all       ? u"Letti %1 appalti su %2"_s.arg(done).arg(all)
                      : code.isEmpty() ? u"Nessun appalto."_s
                      : note.isEmpty() ? u"Appalto "_s + code
@@ -229,68 +218,52 @@ void FrmAppalti::createContract()
         m_contracts->setCurrentCode(code);
         Attempt([this] { openContract(); });
     });
-    open(*form);
-}
-
-void FrmAppalti::refuseOpen() const
-{
-    if (IsProjectOpen(currentFolder()))
-        throw SaldoroError(u"L'appalto è aperto in Saldoro."_s,
-                           u"Chiudere la sua finestra e riprovare."_s);
+    BringToFront(*form);
 }
 
 void FrmAppalti::replaceBudget()
 {
-    refuseOpen();
-    open(*new FrmVoci(root(), m_contracts->currentCode(), this));
+    RequireClosed(currentFolder());
+    BringToFront(*new FrmVoci(root(), m_contracts->currentCode(), this));
 }
 
 void FrmAppalti::addCreditors()
 {
-    refuseOpen();
-    open(*new FrmCreditori(currentFolder(), this));
-}
-
-void FrmAppalti::checkContract()
-{
-    open(*new FrmControllo(currentFolder(), this));
+    RequireClosed(currentFolder());
+    ProgramValues values;
+    values.ArchiveRoot = root();
+    values.ProjectCode = m_contracts->currentCode();
+    BringToFront(*new FrmCreditori(values, this));
 }
 
 void FrmAppalti::copyContract()
 {
-    const QString folder =
-        QFileDialog::getExistingDirectory(this, u"Dove mettere la copia"_s, QDir::homePath());
+    const QString folder = askFolder(this, u"Dove mettere la copia"_s);
     QString copy;
     if (!folder.isEmpty() && AttemptLong(*this, u"Copia dell'appalto"_s, [&](const TaskStep &step) {
             copy = CopyProject(currentFolder(), folder, step);
         }))
         ShowMessage(MessageKind::Information,
-                    u"La copia degli archivi sta in:\n"_s + QDir::toNativeSeparators(copy));
+                    u"La copia degli archivi sta in:\n"_s + NativePaths({copy}));
 }
 
 void FrmAppalti::exportContract()
 {
-    const QDir folder(
-        QFileDialog::getExistingDirectory(this, u"Dove scrivere i file CSV"_s, QDir::homePath()));
-    if (folder.path() == u"."_s)
+    const QString folder = askFolder(this, u"Dove scrivere i file CSV"_s);
+    if (folder.isEmpty())
         return;
-    bool overwrite = false;
-    for (const ExchangedTable &table : ExchangedTables())
-        overwrite = overwrite || folder.exists(table.fileName());
+    const bool overwrite =
+        std::ranges::any_of(ExchangedTables(), [&folder](const ExchangedTable &table) {
+            return QDir(folder).exists(table.fileName());
+        });
     if (overwrite && !ChiediConferma(u"Nella cartella ci sono già file CSV. Sostituirli?"_s))
         return;
     QString summary;
     if (AttemptLong(*this, u"Esportazione in CSV"_s, [&](const TaskStep &) {
-            summary = ExportProject(currentFolder(), folder.path(), overwrite);
+            summary = ExportProject(currentFolder(), folder, overwrite);
         }))
         ShowMessage(MessageKind::Information,
-                    u"Tabelle scritte in %1:\n\n%2"_s.arg(QDir::toNativeSeparators(folder.path()),
-                                                          summary));
-}
-
-void FrmAppalti::closeWindow()
-{
-    close();
+                    u"Tabelle scritte in %1:\n\n%2"_s.arg(NativePaths({folder}), summary));
 }
 
 void FrmAppalti::changeEvent(QEvent *event)

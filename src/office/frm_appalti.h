@@ -2,9 +2,6 @@
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QList>
-#include <QPushButton>
-#include <QString>
 #include <QWidget>
 
 class QLayout;
@@ -24,7 +21,6 @@ class FrmAppalti : public QWidget
 
 public:
     FrmAppalti();
-    ~FrmAppalti() override;
 
     /** Reads setting and contracts; the current contract stays current. */
     void load();
@@ -34,9 +30,7 @@ protected:
 
 private:
     QLayout *makePlace();
-    QLayout *makeButtons();
-    QPushButton *addButton(const QString &name, const QString &caption, const QString &hint,
-                           void (FrmAppalti::*action)());
+    QWidget *makeContractButtons();
     void showState(int done, int all);
 
     void openFolder();
@@ -45,13 +39,10 @@ private:
     void createContract();
     void replaceBudget();
     void addCreditors();
-    /** Throws SaldoroError while Saldoro has the current contract open. */
-    void refuseOpen() const;
-    void checkContract();
     void copyContract();
     void exportContract();
-    void closeWindow();
 
+    /** The archives root that is set, or else proposed. */
     QString root() const;
     QString currentFolder() const;
 
@@ -59,7 +50,7 @@ private:
     ContractList *m_contracts;
     QLineEdit *m_place;
     QLabel *m_state;
-    QList<QPushButton *> m_ofContract; ///< in use while there is a current contract
+    QWidget *m_contractButtons; ///< in use while there is a current contract
 };
 
 } // namespace saldoro

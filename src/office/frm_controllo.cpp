@@ -1,95 +1,69 @@
 #include "office/frm_controllo.h"
 
-#include "controls/buttons.h"
+#include "common/errors.h"
 #include "controls/message_box.h"
-#include "controls/window_placement.h"
-#include "controls/window_size.h"
 #include "exchange/payment_values.h"
-#include "office/task.h"
+#include "office/form_parts.h"
 #include "store/archive_paths.h"
 #include "verify/verification.h"
 
 #include <QBoxLayout>
 #include <QDir>
 #include <QFileInfo>
-#include <QShortcut>
+#include <QPushButton>
+
+#include <utility>
 
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-FrmControllo::FrmControllo(const QString &folder, QWidget *parent)
+FrmControllo::FrmControllo(QString folder, QWidget *parent)
     : QWidget(parent, Qt::Window)
-    , m_folder(folder)
-    , m_findings(new QListWidget(this))
-    , m_result(new QLabel(this))
-    , m_payments(new QComboBox(this))
-    , m_day(new DateBox(this))
+    , m_folder(std::move(folder))
+    , m_findings(new QListWidget)
+    , m_dayRow(new QWidget)
+    , m_payments(new QComboBox)
+    , m_day(new DateBox)
 {
-    setObjectName(u"FrmControllo"_s);
-    setAttribute(Qt::WA_DeleteOnClose);
-    setWindowModality(Qt::WindowModal);
-    setWindowTitle(u"Controllo dell'appalto "_s + QFileInfo(folder).fileName());
-    Describe(*m_findings, u"Difetti"_s, u"Difetti"_s, u"Che cosa darà problemi, e che cosa fare"_s);
     m_findings->setWordWrap(true);
     m_findings->setAlternatingRowColors(true);
-    m_result->setObjectName(u"Risultato"_s);
-    m_result->setTextFormat(Qt::PlainText);
-    m_result->setBuddy(m_findings);
-    auto *close = new PromptButton(u"Chiudi"_s, u"&Chiudi"_s, u"Chiude il controllo"_s, this);
-    auto *whole = new QVBoxLayout(this);
-    whole->addWidget(m_result);
-    whole->addWidget(m_findings, 1);
-    whole->addWidget(makeDayRow());
-    whole->addWidget(close, 0, Qt::AlignRight);
-    connect(close, &QPushButton::clicked, this, &QWidget::close);
-    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
-    check();
-    constexpr int widthInTwips = 12000; // 800 by 500 pixels at 96 dots to the inch
-    constexpr int heightInTwips = 7500;
-    SizeWindow(*this, {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
-}
-
-QWidget *FrmControllo::makeDayRow()
-{
-    auto *group = new QWidget(this);
-    auto *row = new QHBoxLayout(group);
+    auto *row = new QHBoxLayout(m_dayRow);
     row->setContentsMargins({});
-    const auto add = [&](const QString &caption, QWidget *field, const QString &name) {
-        auto *label = new QLabel(caption, group);
-        label->setBuddy(field);
-        Describe(*field, name, QString(caption).remove(u'&').remove(u':'),
-                 u"Il giorno della fattura di un pagamento che non l'ha"_s);
-        row->addWidget(label);
-        row->addWidget(field);
-    };
-    add(u"&Pagamento senza data:"_s, m_payments, u"Pagamento"_s);
-    add(u"D&ata:"_s, m_day, u"Data"_s);
-    auto *set = new PromptButton(u"Imposta"_s, u"&Imposta la data"_s,
-                                 u"Scrive la data nel pagamento"_s, group);
-    row->addWidget(set);
+    const QString hint = u"Il giorno della fattura di un pagamento che non l'ha"_s;
+    row->addWidget(
+        MakeField(u"&Pagamento senza data"_s, Qt::Horizontal, m_payments, u"Pagamento"_s, hint));
+    row->addWidget(MakeField(u"D&ata"_s, Qt::Horizontal, m_day, u"Data"_s, hint));
+    row->addWidget(MakeButton(u"Imposta"_s, u"&Imposta la data"_s,
+                              u"Scrive la data nel pagamento"_s, [this] { setDay(); }));
     row->addStretch(1);
-    connect(set, &QPushButton::clicked, this, [this] { Attempt([this] { setDay(); }); });
-    return group;
+    auto *whole = new QVBoxLayout(this);
+    whole->addWidget(MakeField(u"&Difetti"_s, Qt::Vertical, m_findings, u"Difetti"_s,
+                               u"Che cosa darà problemi, e che cosa fare"_s));
+    whole->addWidget(m_dayRow);
+    whole->addWidget(
+        MakeButton(u"Chiudi"_s, u"&Chiudi"_s, u"Chiude il controllo"_s, [this] { close(); }), 0,
+        Qt::AlignRight);
+    check();
+    SetUpModal(*this, u"FrmControllo"_s,
+               u"Controllo dell'appalto "_s + QFileInfo(m_folder).fileName(), {12000, 7500});
 }
 
 void FrmControllo::check()
 {
-    const Findings findings = VerifyProject(m_folder);
     m_findings->clear();
-    for (const Finding &finding : findings)
+    for (const Finding &finding : VerifyProject(m_folder))
         m_findings->addItem(u"%1: %2\n%3"_s.arg(finding.place, finding.problem, finding.remedy));
+    if (m_findings->count() == 0)
+        m_findings->addItem(u"Nessun difetto."_s);
     m_findings->setCurrentRow(0);
-    m_result->setText(findings.isEmpty() ? u"Nessun difetto."_s
-                                         : u"&Difetti trovati: %1"_s.arg(findings.size()));
     m_payments->clear();
-    const QString ledger = ArchiveFilePath(ArchiveFile::Ledger, m_folder);
     try {
-        m_payments->addItems(PaymentsWithoutDay(ledger));
+        m_payments->addItems(PaymentsWithoutDay(ArchiveFilePath(ArchiveFile::Ledger, m_folder)));
     } catch (const DatabaseError &) {
         // The check has told why the ledger can't be read.
     }
-    m_payments->parentWidget()->setVisible(m_payments->count() > 0);
+    m_dayRow->setVisible(m_payments->count() > 0);
     m_day->setDateText({});
 }
 

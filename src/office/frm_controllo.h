@@ -3,14 +3,13 @@
 #include "controls/date_box.h"
 
 #include <QComboBox>
-#include <QLabel>
 #include <QListWidget>
 #include <QWidget>
 
 namespace saldoro {
 
 /** What the check of a contract finds, with what to do. Payments that lack their day can be given
- *  it. The form is modal to its parent and deletes itself when it is closed. */
+ *  it. */
 class FrmControllo : public QWidget
 {
     Q_OBJECT
@@ -18,16 +17,15 @@ class FrmControllo : public QWidget
 public:
     /** Checks the project in @p folder (of the machine). Throws SaldoroError for databases that
      *  can't be looked into just now. */
-    FrmControllo(const QString &folder, QWidget *parent);
+    FrmControllo(QString folder, QWidget *parent);
 
 private:
-    QWidget *makeDayRow();
     void check();
     void setDay();
 
     QString m_folder;
     QListWidget *m_findings;
-    QLabel *m_result;
+    QWidget *m_dayRow;
     QComboBox *m_payments; ///< that lack their day
     DateBox *m_day;
 };

@@ -10,31 +10,31 @@
 namespace saldoro {
 
 /** Companies and professionals of a contract, pasted from a spreadsheet or typed, beside those that
- *  are there already, and which company is the contractor. The form is modal to its parent and
- *  deletes itself when it is closed. */
+ *  are there already, and which company is the contractor. */
 class FrmCreditori : public QWidget
 {
     Q_OBJECT
 
 public:
-    /** @param folder of the project, on the machine. Throws DatabaseError. */
-    FrmCreditori(QString folder, QWidget *parent);
+    /** Throws DatabaseError. */
+    FrmCreditori(ProgramValues values, QWidget *parent);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    QWidget *makeCompanies();
+    QWidget *makePage(PastedTable &pasted, const QString &name, const QStringList &known);
     void showState();
     void write();
     bool hasChanges() const;
 
-    QString m_folder;
+    ProgramValues m_values;
     KnownCreditors m_known;
     PastedTable m_companies;
     PastedTable m_professionals;
     QComboBox *m_contractor;
     QPushButton *m_write;
+    bool m_isWritten = false;
 };
 
 } // namespace saldoro

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "exchange/import.h"
 #include "exchange/pasted_table.h"
 
 #include <QLabel>
@@ -9,16 +8,11 @@
 #include <QPushButton>
 #include <QWidget>
 
-class QBoxLayout;
-
 namespace saldoro {
-
-class FlexGrid;
 
 /**
  * The cost items of a contract, pasted from a spreadsheet: of a new contract, whose code is asked
- * for, or a new variant of the budget of one that is there, beside which stands what changes. The
- * form is modal to its parent and deletes itself when it is closed.
+ * for, or a new variant of the budget of one that is there, beside which stands what changes.
  */
 class FrmVoci : public QWidget
 {
@@ -37,16 +31,12 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void arrange();
     QWidget *makeCodeRow();
-    QWidget *makeComparison();
     QWidget *makeRefusals();
-    QBoxLayout *makeButtons();
-    void showProblems();
-    void showComparison();
+    QLayout *makeButtons();
+    void showState();
+    void showChanges();
     void write(bool evenSo);
-    void showRefusals(const ImportOutcome &outcome);
-    QString code() const;
     QString folder() const;
 
     QString m_root;
@@ -55,7 +45,7 @@ private:
     PastedTable m_pasted;
     QLineEdit *m_code;
     QLabel *m_codeProblem;
-    FlexGrid *m_comparison;
+    QListWidget *m_changes;
     QListWidget *m_refusals;
     QPushButton *m_evenSo;
     QPushButton *m_write;

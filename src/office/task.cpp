@@ -5,6 +5,7 @@
 #include "exchange/progress.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QProgressDialog>
 #include <QScopeGuard>
@@ -60,6 +61,11 @@ bool AttemptLong(QWidget &parent, const QString &title,
     });
     const auto end = qScopeGuard([] { Progress::setWatcher({}); });
     return Attempt([&] { task(step); });
+}
+
+QString NativePaths(const QStringList &paths)
+{
+    return QDir::toNativeSeparators(paths.join(u'\n'));
 }
 
 } // namespace saldoro

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -21,5 +22,8 @@ using TaskStep = std::function<void(const QString &state)>;
  *  tables does so by itself. */
 bool AttemptLong(QWidget &parent, const QString &title,
                  const std::function<void(const TaskStep &)> &task);
+
+/** Paths as the system writes them, a line each. */
+QString NativePaths(const QStringList &paths);
 
 } // namespace saldoro

@@ -1,5 +1,7 @@
 #include "store/open_project.h"
 
+#include "common/errors.h"
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
@@ -62,6 +64,13 @@ bool OpenProject::isOpenElsewhere() const
 bool IsProjectOpen(const QString &projectFolder)
 {
     return isMarkedBeside(nullptr, projectFolder);
+}
+
+void RequireClosed(const QString &projectFolder)
+{
+    if (IsProjectOpen(projectFolder))
+        throw SaldoroError(u"L'appalto è aperto in Saldoro."_s,
+                           u"Chiudere la sua finestra e riprovare."_s);
 }
 
 } // namespace saldoro

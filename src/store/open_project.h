@@ -30,4 +30,7 @@ private:
 /** Whether any program has the project in @p projectFolder (a path of the machine) open. */
 bool IsProjectOpen(const QString &projectFolder);
 
+/** Throws SaldoroError while any program has it open. */
+void RequireClosed(const QString &projectFolder);
+
 } // namespace saldoro

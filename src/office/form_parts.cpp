@@ -1,0 +1,56 @@
+#include "office/form_parts.h"
+
+#include "controls/buttons.h"
+#include "controls/window_placement.h"
+#include "controls/window_size.h"
+#include "office/task.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QShortcut>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+QWidget *MakeField(const QString &caption, Qt::Orientation direction, QWidget *field,
+                   const QString &name, const QString &hint)
+{
+    auto *group = new QWidget;
+    auto *layout = new QBoxLayout(
+        direction == Qt::Horizontal ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, group);
+    layout->setContentsMargins({});
+    auto *label = new QLabel(caption + u':');
+    label->setBuddy(field);
+    layout->addWidget(label);
+    layout->addWidget(field, 1);
+    Describe(*field, name, QString(caption).remove(u'&'), hint);
+    return group;
+}
+
+QPushButton *MakeButton(const QString &name, const QString &caption, const QString &hint,
+                        const std::function<void()> &action)
+{
+    auto *button = new PromptButton(name, caption, hint);
+    QObject::connect(button, &QPushButton::clicked, button, [action] { Attempt(action); });
+    return button;
+}
+
+void SetUpModal(QWidget &form, const QString &name, const QString &title, QSize size)
+{
+    form.setObjectName(name);
+    form.setAttribute(Qt::WA_DeleteOnClose);
+    form.setWindowModality(Qt::WindowModal);
+    form.setWindowTitle(title);
+    QObject::connect(new QShortcut(Qt::Key_Escape, &form), &QShortcut::activated, &form,
+                     &QWidget::close);
+    SizeInTwips(form, size);
+    CentraForm(form);
+}
+
+void SizeInTwips(QWidget &window, QSize size)
+{
+    SizeWindow(window, {TwipsToPixels(size.width(), window), TwipsToPixels(size.height(), window)});
+}
+
+} // namespace saldoro

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QSize>
+#include <QString>
+
+#include <functional>
+
+class QPushButton;
+class QWidget;
+
+namespace saldoro {
+
+/**
+ * Puts a caption before a field, beside or above it, in a widget of their own, which is returned.
+ * The field is described, too.
+ *
+ * @param caption with the mnemonic that leads to the field, and without ":"; the accessible name.
+ */
+QWidget *MakeField(const QString &caption, Qt::Orientation direction, QWidget *field,
+                   const QString &name, const QString &hint);
+
+/** A button that acts as by Attempt(). */
+QPushButton *MakeButton(const QString &name, const QString &caption, const QString &hint,
+                        const std::function<void()> &action);
+
+/** Makes a form with all its fields one that is modal to its parent, is closed by Esc and deletes
+ *  itself when it is closed; to be called before it is shown. @p size in twips. */
+void SetUpModal(QWidget &form, const QString &name, const QString &title, QSize size);
+
+/** As SizeWindow(), in twips. */
+void SizeInTwips(QWidget &window, QSize size);
+
+} // namespace saldoro
