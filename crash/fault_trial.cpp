@@ -241,7 +241,7 @@ void Require(bool holds, const QString &what, const Report &report)
 void RequireReport(const Report &report, const QStringList &parts)
 {
     Require(report.has_value(), u"no report"_s, report);
-    Require(QFileInfo(report->detail(u"File"_s)).isAbsolute(),
+    Require(QFileInfo(report->detail(Detail::File)).isAbsolute(),
             u"the report does not name the file"_s, report);
     Require(!report->problem().isEmpty() && !report->remedy().isEmpty(),
             u"the report says too little"_s, report);

@@ -133,7 +133,7 @@ int requireTaken(FaultTrial &trial, const Report &report, const QString &path, c
     if (!report)
         return 0;
     RequireReport(report, {part});
-    Require(report->detail(u"File"_s) == path, u"it names another file"_s, report);
+    Require(report->detail(Detail::File) == path, u"it names another file"_s, report);
     return 1;
 }
 

@@ -59,9 +59,10 @@ QString FailurePlace(const Action &action)
     try {
         action();
     } catch (const SaldoroError &error) {
-        QString place = QFileInfo(error.detail(QStringLiteral("File"))).fileName();
-        for (const char *label : {"Tabella", "Campo", "Voce", "Pagamento", "Riga", "Creditore"})
-            place += u'/' + error.detail(QString::fromUtf8(label));
+        QString place = QFileInfo(error.detail(Detail::File)).fileName();
+        for (const Detail detail : {Detail::Table, Detail::Field, Detail::Item, Detail::Payment,
+                                    Detail::Row, Detail::Creditor})
+            place += u'/' + error.detail(detail);
         return place;
     }
     return QStringLiteral("none");

@@ -42,8 +42,7 @@ QString FaultOf(const Action &action)
     try {
         action();
     } catch (const DatabaseError &error) {
-        return Fault(error.fault(), error.detail(QStringLiteral("Tabella")),
-                     error.detail(QStringLiteral("Campo")));
+        return Fault(error.fault(), error.detail(Detail::Table), error.detail(Detail::Field));
     }
     return {};
 }

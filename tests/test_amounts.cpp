@@ -119,7 +119,6 @@ private slots:
     {
         QString text = u"1.2,3,4"_s;
         QCOMPARE(PuntoDecimale(text), u"12.3,4"_s);
-        QCOMPARE(RaddoppiaApici(u"l''Aia"_s), u"l''''Aia"_s);
         QCOMPARE(FormatData(DataDaTesto(u"1/2/29"_s)), u"01/02/2029"_s);
         QCOMPARE(FormatData(DataDaTesto(u"1/2/30"_s)), u"01/02/1930"_s);
     }
@@ -136,8 +135,8 @@ private slots:
     {
         DatabaseError error(DatabaseFault::NullValue, u"/dati/Saldoro.mdb"_s, u"Fatture"_s,
                             u"Del"_s);
-        error.addDetail(u"Pagamento"_s, u"14"_s);
-        error.addDetail(u"Campo"_s, u"altro"_s);
+        error.addDetail(Detail::Payment, u"14"_s);
+        error.addDetail(Detail::Field, u"altro"_s);
         QCOMPARE(
             QString::fromUtf8(error.what()),
             error.problem() +

@@ -21,8 +21,8 @@ QString errorOf(const Action &action)
     try {
         action();
     } catch (const DatabaseError &error) {
-        return Fault(error.fault(), error.detail(u"Tabella"_s), error.detail(u"Campo"_s)) + u' ' +
-               error.detail(u"Codice"_s) + u'/' + error.detail(u"Voce"_s);
+        return Fault(error.fault(), error.detail(Detail::Table), error.detail(Detail::Field)) +
+               u' ' + error.detail(Detail::Code) + u'/' + error.detail(Detail::Item);
     }
     return {};
 }

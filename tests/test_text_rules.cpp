@@ -60,6 +60,7 @@ private slots:
 
     void criteria()
     {
+        QCOMPARE(RaddoppiaApici(u"l''Aia"_s), u"l''''Aia"_s);
         const QList<QPair<QString, QString>> criteria{
             {u"  Npag= -3 "_s, u"Npag = -3"_s},
             {u"RelNpag = +9223372036854775807"_s, u"RelNpag = 9223372036854775807"_s},

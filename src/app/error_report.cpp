@@ -95,10 +95,10 @@ QString ErrorReport(const std::exception &error)
     if (database == nullptr)
         return text;
     if (database->fault() == DatabaseFault::FileMissing)
-        text += pathHint(database->detail(u"File"_s));
+        text += pathHint(database->detail(Detail::File));
     if (isAboutStoredValues(*database))
         text += u"\n\nPer controllare l'archivio eseguire: "_s + checkCommand() + u' ' +
-                folderToCheck(own->detail(u"File"_s));
+                folderToCheck(own->detail(Detail::File));
     return text;
 }
 

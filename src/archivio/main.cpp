@@ -102,7 +102,7 @@ int main(int argc, char *argv[])
             return outcome.status;
         tellError(u"Il comando è stato eseguito, ma l'uscita non accetta ciò che ha da dire.\n"_s);
     } catch (const SaldoroError &error) {
-        if (!error.detail(u"File già sostituiti"_s).isEmpty())
+        if (!error.detail(Detail::FilesReplaced).isEmpty())
             heading = u"Il comando è stato eseguito solo in parte."_s;
         tellError(heading + u'\n' + error.message() + u'\n');
     } catch (const std::exception &error) {

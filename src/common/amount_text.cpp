@@ -61,9 +61,4 @@ Currency ImportoDaTesto(QString &&text)
     return ImportoDaTesto(text);
 }
 
-QString RaddoppiaApici(const QString &text)
-{
-    return QString(text).replace(u'\'', u"''"_s);
-}
-
 } // namespace saldoro

@@ -30,7 +30,4 @@ Currency ImportoDaTesto(QString &text);
 /** The same for a text that is not to be rewritten. */
 Currency ImportoDaTesto(QString &&text);
 
-/** A text made safe between single quotes in a criterion: every apostrophe doubled. */
-QString RaddoppiaApici(const QString &text);
-
 } // namespace saldoro

@@ -63,6 +63,12 @@ constexpr std::array<FaultText, 19> faultTexts{{
      u"Annotare questo messaggio e rivolgersi all'assistenza."},
 }};
 
+/** In the order of the enumeration. */
+constexpr std::array<QStringView, 15> detailLabels{
+    u"File",      u"Tabella",   u"Campo", u"Particolari", u"Pagamento",
+    u"Pagamenti", u"Riga",      u"Righe", u"Colonna",     u"Voce",
+    u"Codice",    u"Creditore", u"Esito", u"Già fatto",   u"File già sostituiti"};
+
 const FaultText &textOf(DatabaseFault fault)
 {
     return *std::ranges::find(faultTexts, fault, &FaultText::fault);
@@ -70,23 +76,28 @@ const FaultText &textOf(DatabaseFault fault)
 
 } // namespace
 
+QString LabelOf(Detail detail)
+{
+    return detailLabels.at(static_cast<size_t>(detail)).toString();
+}
+
 SaldoroError::SaldoroError(QString problem, QString remedy)
     : m_problem(std::move(problem))
     , m_remedy(std::move(remedy))
 {
 }
 
-void SaldoroError::addDetail(const QString &label, const QString &value)
+void SaldoroError::addDetail(Detail detail, const QString &value)
 {
-    if (!value.isEmpty() && detail(label).isEmpty())
-        m_details.append({label, value});
+    if (!value.isEmpty() && this->detail(detail).isEmpty())
+        m_details.append({detail, value});
 }
 
-QString SaldoroError::detail(const QString &label) const
+QString SaldoroError::detail(Detail detail) const
 {
-    for (const auto &line : m_details) {
-        if (line.first == label)
-            return line.second;
+    for (const auto &[known, value] : m_details) {
+        if (known == detail)
+            return value;
     }
     return {};
 }
@@ -94,8 +105,8 @@ QString SaldoroError::detail(const QString &label) const
 QString SaldoroError::message() const
 {
     QString text = m_problem;
-    for (const auto &line : m_details)
-        text += u'\n' + line.first + u": "_s + line.second;
+    for (const auto &[detail, value] : m_details)
+        text += u'\n' + LabelOf(detail) + u": "_s + value;
     if (!m_remedy.isEmpty())
         text += u"\n\n"_s + m_remedy;
     return text;
@@ -110,7 +121,7 @@ const char *SaldoroError::what() const noexcept
 FileError::FileError(const QString &path, const QString &problem, const QString &remedy)
     : SaldoroError(problem, remedy)
 {
-    addDetail(u"File"_s, QDir::toNativeSeparators(path));
+    addDetail(Detail::File, QDir::toNativeSeparators(path));
 }
 
 DatabaseError::DatabaseError(DatabaseFault fault, const QString &file, const QString &table,
@@ -118,10 +129,10 @@ DatabaseError::DatabaseError(DatabaseFault fault, const QString &file, const QSt
     : SaldoroError(textOf(fault).problem.toString(), textOf(fault).remedy.toString())
     , m_fault(fault)
 {
-    addDetail(u"File"_s, QDir::toNativeSeparators(file));
-    addDetail(u"Tabella"_s, table);
-    addDetail(u"Campo"_s, field);
-    addDetail(u"Particolari"_s, extra);
+    addDetail(Detail::File, QDir::toNativeSeparators(file));
+    addDetail(Detail::Table, table);
+    addDetail(Detail::Field, field);
+    addDetail(Detail::Particulars, extra);
 }
 
 } // namespace saldoro

@@ -1,13 +1,36 @@
 #pragma once
 
 #include <QList>
-#include <QPair>
 #include <QString>
 
 #include <exception>
 #include <type_traits>
+#include <utility>
 
 namespace saldoro {
+
+/** What an error can tell beside its problem: each is a line of the report, under its own label. */
+enum class Detail
+{
+    File,        ///< path of the machine
+    Table,       ///< of a database
+    Field,       ///< of a table
+    Particulars, ///< somebody else's words, such as the engine's
+    Payment,     ///< its number
+    Payments,    ///< the kind of creditor they go to
+    Row,         ///< of a grid, a table or a file
+    Rows,        ///< a number of rows
+    Column,      ///< of a grid
+    Item,        ///< external code of a cost item, or what stands in "Voce" of the contract sheet
+    Code,        ///< internal code
+    Creditor,
+    Outcome,     ///< whether something was written
+    AlreadyDone, ///< what stays in spite of the error
+    FilesReplaced
+};
+
+/** How a detail is called in a report, such as "Pagamento". */
+QString LabelOf(Detail detail);
 
 /**
  * Root of every error of the program. Its text is Italian and meant for the person at the screen:
@@ -22,15 +45,15 @@ public:
      *  @param remedy one Italian sentence saying what the user can do; may be empty. */
     explicit SaldoroError(QString problem, QString remedy = {});
 
-    /** Adds a line such as "Pagamento: 12". A label that is already present is kept as it is, so
-     *  the place nearest to the fault wins. */
-    void addDetail(const QString &label, const QString &value);
+    /** Adds a line such as "Pagamento: 12", unless @p value is empty. A detail that the error has
+     *  already stays as it is, so the place nearest to the fault wins. */
+    void addDetail(Detail detail, const QString &value);
 
     const QString &problem() const { return m_problem; }
     const QString &remedy() const { return m_remedy; }
 
-    /** Value of a detail line, or an empty text when there is none of that label. */
-    QString detail(const QString &label) const;
+    /** A detail's value; empty when the error does not have it. */
+    QString detail(Detail detail) const;
 
     /** The whole report: problem, details one a line, remedy. */
     QString message() const;
@@ -41,7 +64,7 @@ public:
 private:
     QString m_problem;
     QString m_remedy;
-    QList<QPair<QString, QString>> m_details;
+    QList<std::pair<Detail, QString>> m_details;
     mutable QByteArray m_what;
 };
 
@@ -63,7 +86,7 @@ public:
 class FileError : public SaldoroError
 {
 public:
-    /** @param path the machine's path of the file, shown as detail "File". */
+    /** @param path the machine's path of the file, shown as Detail::File. */
     FileError(const QString &path, const QString &problem, const QString &remedy = {});
 };
 
@@ -91,7 +114,8 @@ enum class DatabaseFault
     Other              ///< anything else that the engine reports
 };
 
-/** A failure of the database layer; details "File", "Tabella" and "Campo" as far as known. */
+/** A failure of the database layer; with the details File, Table and Field as far as they are
+ * known. */
 class DatabaseError : public SaldoroError
 {
 public:
@@ -105,20 +129,19 @@ private:
 };
 
 /**
- * Calls @p action, which is about something that has a name, and gives what it gives; an error in
- * it says which by that detail. @p value is the text or, when it has to be looked up first, a
- * function that gives it and is called for an error only.
+ * Calls @p action and returns what it returns. An error in it gets @p detail. @p value is the
+ * detail's text, or a function that finds the text and is called for an error only.
  */
 template <typename Value, typename Action>
-auto WithDetail(const QString &label, const Value &value, const Action &action)
+auto WithDetail(Detail detail, const Value &value, const Action &action)
 {
     try {
         return action();
     } catch (SaldoroError &error) {
         if constexpr (std::is_invocable_v<Value>)
-            error.addDetail(label, value());
+            error.addDetail(detail, value());
         else
-            error.addDetail(label, value);
+            error.addDetail(detail, value);
         throw;
     }
 }

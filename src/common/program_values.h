@@ -15,19 +15,26 @@ inline constexpr QStringView DefaultProject = u"00039";
 /** The values that live for a whole run and are shared by its parts; passed in, never global. */
 struct ProgramValues
 {
+    // Written once, by the start-up (app/start_up).
+
     /** In front of every archive path; no trailing backslash; may be empty. */
     QString ArchiveRoot;
     /** Code of the contract project, as it came, and so the name of its folder. */
     QString ProjectCode;
     /** The program's own build text, e.g. 10167. */
     QString ProgramBuild;
-    /** The payment that an invoice form is for when it is loaded next, new or not. */
+
+    // Written again and again.
+
+    /** The payment that an invoice form is for when it is loaded next, new or not. The main screen
+     *  writes it before it asks for a form (overview/frm_principale, overview/payment_opening). */
     qint32 CurrentPaymentNumber = 0;
-    /** Mandate note composed by the last save of an invoice form. */
+    /** Mandate note composed by the last save of an invoice form (invoice/payment_save). */
     QString MandateText;
-    /** Statement of the payment that was composed last. */
+    /** Statement of the payment that was composed last (overview/payment_statement). */
     QString TestoPagamento;
-    /** Running sum of the payments of one kind. */
+    /** Running sum of the payments of one kind (overview/payment_statement), set back before each
+     *  kind (overview/statement_documents). */
     Currency TotaleLiquidato;
 };
 

@@ -13,12 +13,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /** Throws unless @p isWithin. */
-void require(bool isWithin, const QString &problem, const QString &label, int index)
+void require(bool isWithin, const QString &problem, Detail detail, int index)
 {
     if (isWithin)
         return;
     BoundsError error(problem);
-    error.addDetail(label, QString::number(index));
+    error.addDetail(detail, QString::number(index));
     throw error;
 }
 
@@ -31,7 +31,7 @@ TextTable::TextTable(int columns)
 
 void TextTable::setRows(int rows)
 {
-    require(rows > 0, u"Numero di righe della griglia non ammesso."_s, u"Righe"_s, rows);
+    require(rows > 0, u"Numero di righe della griglia non ammesso."_s, Detail::Rows, rows);
     const int before = this->rows();
     if (rows == before)
         return;
@@ -148,13 +148,13 @@ QVariant TextTable::cellData(int row, int column, int role) const
 
 void TextTable::checkRow(int row) const
 {
-    require(row >= 0 && row < rows(), u"Riga della griglia inesistente."_s, u"Riga"_s, row);
+    require(row >= 0 && row < rows(), u"Riga della griglia inesistente."_s, Detail::Row, row);
 }
 
 void TextTable::checkColumn(int column) const
 {
     require(column >= 0 && column < columns(), u"Colonna della griglia inesistente."_s,
-            u"Colonna"_s, column);
+            Detail::Column, column);
 }
 
 TextTable::BulkChange::BulkChange(TextTable &table)

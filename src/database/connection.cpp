@@ -1,6 +1,7 @@
 #include "database/connection.h"
 
 #include "common/errors.h"
+#include "database/criterion.h"
 #include "database/database.h"
 #include "database/engine_error.h"
 #include "database/text_order.h"
@@ -92,7 +93,7 @@ Connection::Connection(const Connection &first, const QString &path)
 {
     refuseWhatIsNoDatabase(m_path);
     startClock();
-    execute(u"ATTACH '%1' AS "_s.arg(QString(m_path).replace(u'\'', u"''"_s)) + m_schema);
+    execute(u"ATTACH '%1' AS "_s.arg(RaddoppiaApici(m_path)) + m_schema);
     m_engine->paths.append(m_path);
     execute(u"PRAGMA %1.synchronous = EXTRA"_s.arg(m_schema));
 }

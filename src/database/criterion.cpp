@@ -82,6 +82,11 @@ QString likeExpression(const QString &pattern)
 
 } // namespace
 
+QString RaddoppiaApici(const QString &text)
+{
+    return QString(text).replace(u'\'', u"''"_s);
+}
+
 LikePattern::LikePattern(const QString &pattern)
     : m_expression(likeExpression(pattern), QRegularExpression::DotMatchesEverythingOption)
 {

@@ -10,6 +10,9 @@
 
 namespace saldoro {
 
+/** A text made safe between single quotes in a criterion or query: every apostrophe doubled. */
+QString RaddoppiaApici(const QString &text);
+
 /**
  * A pattern of the Like operator as the desktop engine reads it: `*` any run of characters, `?`
  * one character, `#` one digit, `[list]` one of the listed characters or ranges, `[!list]` one that

@@ -182,7 +182,7 @@ QString ExportProject(const QString &projectFolder, const QString &csvFolder, bo
         .replace();
     QStringList replaced;
     WithDetail(
-        u"File già sostituiti"_s, [&] { return replaced.join(u", "_s); },
+        Detail::FilesReplaced, [&] { return replaced.join(u", "_s); },
         [&] {
             for (size_t place = 0; place < written.size(); ++place) {
                 written[place].replace();

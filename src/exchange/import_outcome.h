@@ -36,7 +36,7 @@ Finding LineFinding(const QString &text);
 template <typename Action>
 auto SayingNothingIsWritten(const Action &action)
 {
-    return WithDetail(QStringLiteral("Esito"), QStringLiteral("Niente è stato scritto."), action);
+    return WithDetail(Detail::Outcome, QStringLiteral("Niente è stato scritto."), action);
 }
 
 } // namespace saldoro

@@ -68,8 +68,8 @@ QString SetPaymentValues(const QString &ledger, const QStringList &words)
         Transaction transaction(database);
         RecordSet payments = database.openRecordSet(u"SELECT * FROM Fatture"_s);
         for (qsizetype at = 0; at < words.size(); at += 3) {
-            WithDetail(u"Campo"_s, words[at + 1], [&] {
-                WithDetail(u"Pagamento"_s, words[at], [&] {
+            WithDetail(Detail::Field, words[at + 1], [&] {
+                WithDetail(Detail::Payment, words[at], [&] {
                     findPayment(payments, words[at]);
                     setValue(payments, words[at + 1], words[at + 2]);
                 });

@@ -72,7 +72,7 @@ QString SettingReport(const ProjectPlace &place)
     if (present)
         return u"Saldoro cerca gli archivi in un'altra cartella, «%1»: finché l'impostazione non "
                "cambia questo progetto non si apre.\n"_s.arg(*present);
-    WithDetail(u"Già fatto"_s,
+    WithDetail(Detail::AlreadyDone,
                u"il progetto c'è; manca l'impostazione che dice dove stanno gli archivi"_s,
                [&] { StoreArchivesRoot(place.root); });
     return u"Saldoro cerca d'ora in poi gli archivi in «%1».\n"_s.arg(place.root) + opened;

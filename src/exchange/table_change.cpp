@@ -160,7 +160,7 @@ void WriteChange(const Database &database, const CsvTable &given, const TableCha
     Progress progress(u"Scrittura di "_s + table.name());
     for (qsizetype row = 0; row < rows.size(); ++row) {
         WithDetail(
-            u"Riga"_s, [&] { return given.rowName(row); },
+            Detail::Row, [&] { return given.rowName(row); },
             [&] { refill.add(rows[row], change.formers[row]); });
         progress.show(row);
     }

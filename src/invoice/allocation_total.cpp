@@ -14,8 +14,8 @@ QString AllocationTotal(const TextTable &grid)
     Currency total;
     for (int row = 1; row < grid.rows(); ++row) {
         const auto code = [&] { return grid.text(row, AllocationColumn::Cod); };
-        WithDetail(u"Riga"_s, QString::number(row), [&] {
-            WithDetail(u"Voce"_s, code,
+        WithDetail(Detail::Row, QString::number(row), [&] {
+            WithDetail(Detail::Item, code,
                        [&] { total += ImportoDaTesto(grid.text(row, AllocationColumn::Importo)); });
         });
     }

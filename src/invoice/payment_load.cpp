@@ -55,7 +55,7 @@ void readPayment(const Database &ledger, PaymentRecord &record)
 QString amountText(const RecordSet &allocations)
 {
     const auto code = [&] { return allocations.field(u"Cod"_s).textOrEmpty(); };
-    return WithDetail(u"Voce"_s, code, [&] {
+    return WithDetail(Detail::Item, code, [&] {
         const std::optional<Currency> amount = allocations.field(u"Importo"_s).currencyOrNone();
         return amount ? FormatImporto(*amount) : QString();
     });
@@ -93,7 +93,7 @@ void readMandate(const ProgramValues &values, PaymentRecord &record)
 
 void LoadPagamento(const ProgramValues &values, PaymentRecord &record, TextTable &grid)
 {
-    WithDetail(u"Pagamento"_s, QString::number(record.number), [&] {
+    WithDetail(Detail::Payment, QString::number(record.number), [&] {
         {
             const Database ledger = Database::open(LedgerPath(values));
             readPayment(ledger, record);

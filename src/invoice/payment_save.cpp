@@ -76,7 +76,7 @@ void writeAllocation(RecordSet &allocations, qint32 paymentNumber, const TextTab
 
 void SavePagamento(ProgramValues &values, const PaymentRecord &record, const TextTable &grid)
 {
-    WithDetail(u"Pagamento"_s, QString::number(record.number), [&] {
+    WithDetail(Detail::Payment, QString::number(record.number), [&] {
         {
             const Database ledger = Database::open(LedgerPath(values));
             RecordSet allocations = OpenAllocations(ledger, record.number);

@@ -36,9 +36,9 @@ QStringList cellsOf(const QString &code, const ContractSummary &summary)
 /** In one line: "Manca un valore che è necessario. Saldoro.mdb, Fatture, Importo, pagamento 2". */
 QString noteOf(const SaldoroError &error)
 {
-    QStringList places{QFileInfo(error.detail(u"File"_s)).fileName(), error.detail(u"Tabella"_s),
-                       error.detail(u"Campo"_s)};
-    if (const QString payment = error.detail(u"Pagamento"_s); !payment.isEmpty())
+    QStringList places{QFileInfo(error.detail(Detail::File)).fileName(),
+                       error.detail(Detail::Table), error.detail(Detail::Field)};
+    if (const QString payment = error.detail(Detail::Payment); !payment.isEmpty())
         places.append(u"pagamento "_s + payment);
     places.removeAll(QString());
     return error.problem() + u' ' + places.join(u", "_s);

@@ -17,8 +17,8 @@ void appendBudgetRow(TextTable &overview, const RecordSet &budget)
     overview.setRows(row + 1);
     overview.setRow(row);
     const auto code = [&] { return overview.text(row, OverviewColumn::Cod); };
-    WithDetail(u"Riga"_s, QString::number(row), [&] {
-        WithDetail(u"Voce"_s, code, [&] {
+    WithDetail(Detail::Row, QString::number(row), [&] {
+        WithDetail(Detail::Item, code, [&] {
             overview.setText(row, OverviewColumn::Cod, budget.field(u"Voce"_s).text());
             overview.setText(row, OverviewColumn::Descrizione, budget.field(u"Descri"_s).text());
             const auto amount = budget.field(u"Importo"_s).currencyOrNone();
@@ -34,14 +34,14 @@ Currency paidOn(RecordSet &spese, const QString &code)
     const auto payment = [&] { return spese.field(u"RelNpag"_s).textOrEmpty(); };
     Currency paid;
     for (spese.findFirst(criterion); !spese.noMatch(); spese.findNext(criterion))
-        WithDetail(u"Pagamento"_s, payment, [&] { paid += spese.field(u"Importo"_s).currency(); });
+        WithDetail(Detail::Payment, payment, [&] { paid += spese.field(u"Importo"_s).currency(); });
     return paid;
 }
 
 void fillAmounts(TextTable &overview, int row, RecordSet &spese)
 {
     const QString code = overview.text(row, OverviewColumn::Cod);
-    WithDetail(u"Voce"_s, code, [&] {
+    WithDetail(Detail::Item, code, [&] {
         const Currency paid = paidOn(spese, code);
         const Currency budget = ImportoDaTesto(overview.text(row, OverviewColumn::Spesa));
         overview.setText(row, OverviewColumn::Spesa, FormatImporto(budget));

@@ -27,7 +27,7 @@ void SaveDocument(const ProgramValues &values, const RichTextBox &box, QStringVi
 
 void RegisterDocument(const ProgramValues &values, QStringView internalCode)
 {
-    WithDetail(u"Codice"_s, internalCode.toString(), [&] {
+    WithDetail(Detail::Code, internalCode.toString(), [&] {
         ScriviVoceFile(values, CodiceEsterno(values, internalCode), registerTag,
                        DescrizioneFunzione(values, internalCode), fileName(values, internalCode));
     });

@@ -42,7 +42,7 @@ bool ConfirmDeletion(qint32 row)
 void DeletePayment(const ProgramValues &values, qint32 row)
 {
     const QString number = QString::number(row);
-    WithDetail(u"Pagamento"_s, number, [&] {
+    WithDetail(Detail::Payment, number, [&] {
         EliminaVociLike(values, VoceMandato(values, row));
         deleteFromLedger(values, number);
     });

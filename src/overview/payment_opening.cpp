@@ -14,7 +14,7 @@ std::optional<CreditorKind> OpenPayment(ProgramValues &values, qint32 row)
     RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture "_s);
     values.CurrentPaymentNumber = row;
     const QString number = QString::number(row);
-    return WithDetail(u"Pagamento"_s, number, [&] {
+    return WithDetail(Detail::Payment, number, [&] {
         fatture.findFirst(u"Npag ="_s + number);
         // After a failed find there is no current record, and the first one decides.
         if (fatture.noMatch())

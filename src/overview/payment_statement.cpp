@@ -80,7 +80,7 @@ QString statement(const RecordSet &payment, Currency gross)
 void ComponiTestoPagamento(const RecordSet &payment, ProgramValues &values)
 {
     const auto number = [&] { return payment.field(u"Npag"_s).textOrEmpty(); };
-    WithDetail(u"Pagamento"_s, number, [&] {
+    WithDetail(Detail::Payment, number, [&] {
         const Currency gross = GrossAmount(payment);
         const Currency total = values.TotaleLiquidato + gross;
         values.TestoPagamento = statement(payment, gross);

@@ -26,12 +26,12 @@ void addPlace(SaldoroError &error, int row, const RecordSet &payment)
 {
     const QString number = payment.field(u"Npag"_s).textOrEmpty();
     if (!number.isEmpty()) {
-        error.addDetail(u"Pagamento"_s, number);
+        error.addDetail(Detail::Payment, number);
         return;
     }
-    error.addDetail(u"Pagamento"_s, u"senza numero"_s);
-    error.addDetail(u"Riga"_s, QString::number(row));
-    error.addDetail(u"Creditore"_s, payment.field(u"Creditore"_s).textOrEmpty());
+    error.addDetail(Detail::Payment, u"senza numero"_s);
+    error.addDetail(Detail::Row, QString::number(row));
+    error.addDetail(Detail::Creditor, payment.field(u"Creditore"_s).textOrEmpty());
 }
 
 void appendRow(TextTable &payments, const RecordSet &payment)

@@ -39,7 +39,7 @@ qint16 paymentCount(RecordSet &fatture, const QString &creditors)
         OverflowError error(u"I pagamenti di un tipo sono più di 32.767: i documenti non possono "
                             "essere scritti."_s,
                             u"Rivolgersi all'assistenza per dividere il registro dei pagamenti."_s);
-        error.addDetail(u"Pagamenti"_s, creditors);
+        error.addDetail(Detail::Payments, creditors);
         throw error;
     }
     fatture.moveFirst();

@@ -49,7 +49,7 @@ FileError failureOf(const QString &name, QFileDevice::FileError fault, const QSt
                 u"Chiudere il file negli altri programmi e riprovare."_s};
     FileError error(path, u"La scrittura del file non è riuscita."_s,
                     u"Controllare che il disco funzioni e riprovare."_s);
-    error.addDetail(u"Particolari"_s, particulars);
+    error.addDetail(Detail::Particulars, particulars);
     return error;
 }
 

@@ -1,6 +1,6 @@
 #include "store/allocation_records.h"
 
-#include "common/amount_text.h"
+#include "database/criterion.h"
 
 namespace saldoro {
 

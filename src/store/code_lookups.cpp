@@ -59,7 +59,7 @@ enum class ExistingKey
 void writeItem(const ProgramValues &values, const QString &item, ExistingKey existing,
                std::initializer_list<std::pair<QString, NewValue>> fields)
 {
-    WithDetail(u"Voce"_s, item, [&] {
+    WithDetail(Detail::Item, item, [&] {
         // The sheet has a note for every payment: only the items of that code are read and put in
         // order.
         const QString criterion = u"Voce = '"_s + item + u"'"_s;
@@ -84,7 +84,7 @@ void writeItem(const ProgramValues &values, const QString &item, ExistingKey exi
 
 QString CodiceEsterno(const ProgramValues &values, QStringView internalCode)
 {
-    return WithDetail(u"Codice"_s, internalCode.toString(), [&] {
+    return WithDetail(Detail::Code, internalCode.toString(), [&] {
         const RecordSet codes = findCode(values, internalCode);
         return codes.noMatch() ? QString() : codes.field(u"CodExt"_s).text();
     });
@@ -92,14 +92,14 @@ QString CodiceEsterno(const ProgramValues &values, QStringView internalCode)
 
 QString DescrizioneFunzione(const ProgramValues &values, QStringView internalCode)
 {
-    return WithDetail(u"Codice"_s, internalCode.toString(),
+    return WithDetail(Detail::Code, internalCode.toString(),
                       [&] { return findCode(values, internalCode).field(u"Desc"_s).text(); });
 }
 
 void AggiornaVoceImporto(const ProgramValues &values, QStringView internalCode, qint16 tag,
                          Currency amount)
 {
-    WithDetail(u"Codice"_s, internalCode.toString(), [&] {
+    WithDetail(Detail::Code, internalCode.toString(), [&] {
         const RecordSet codes = findCode(values, internalCode);
         const QString item = codes.field(u"CodExt"_s).text();
         // The key of an item that is there already stays in the letter case it was written in.
@@ -135,7 +135,7 @@ bool EsisteVoceLike(const ProgramValues &values, const QString &pattern)
 
 QString StringaVoceLike(const ProgramValues &values, const QString &pattern)
 {
-    return WithDetail(u"Voce"_s, pattern, [&] {
+    return WithDetail(Detail::Item, pattern, [&] {
         return findItemLike(values, pattern).field(u"Stringa"_s).textOrEmpty();
     });
 }

@@ -29,7 +29,7 @@ ContractSummary SummariseContract(const QString &folder, int lockWait)
     for (; !payments.eof(); payments.moveNext()) {
         ++summary.payments;
         WithDetail(
-            u"Pagamento"_s, [&] { return payments.field(u"Npag"_s).textOrEmpty(); },
+            Detail::Payment, [&] { return payments.field(u"Npag"_s).textOrEmpty(); },
             [&] { summary.paid += GrossAmount(payments); });
         summary.lastPayment = std::max(summary.lastPayment, payments.field(u"Del"_s).dateOrNone());
     }

@@ -33,7 +33,7 @@ Contractor LoadContractor(const ProgramValues &values)
         items.findFirst(u"Voce = '"_s + code + u"'"_s);
         if (!items.noMatch()) {
             contractor.IdImpresa =
-                WithDetail(u"Voce"_s, code, [&] { return items.field(u"Link"_s).integer(); });
+                WithDetail(Detail::Item, code, [&] { return items.field(u"Link"_s).integer(); });
             contractor.name = items.field(u"Stringa"_s).textOrEmpty();
         }
     }

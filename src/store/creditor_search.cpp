@@ -1,6 +1,6 @@
 #include "store/creditor_search.h"
 
-#include "common/amount_text.h"
+#include "database/criterion.h"
 #include "database/database.h"
 #include "store/archive_paths.h"
 

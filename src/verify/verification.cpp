@@ -32,10 +32,10 @@ void throwWhatHinders(const QString &path, const DatabaseError &error)
 Finding fileFault(const QString &path, const DatabaseError &error)
 {
     QString place = QFileInfo(path).fileName();
-    for (const QString &label : {u"Tabella"_s, u"Campo"_s}) {
-        const QString name = error.detail(label);
+    for (const Detail detail : {Detail::Table, Detail::Field}) {
+        const QString name = error.detail(detail);
         if (!name.isEmpty())
-            place += u", "_s + label.toLower() + u' ' + name;
+            place += u", "_s + LabelOf(detail).toLower() + u' ' + name;
     }
     return {FindingGroup::Files, place, error.problem(), error.remedy()};
 }
