@@ -11,6 +11,7 @@
 #include "store/archives_root.h"
 #include "store/contract_codes.h"
 #include "store/open_project.h"
+#include "store/project_copy.h"
 
 #include <QClipboard>
 #include <QFileDialog>
@@ -223,6 +224,25 @@ private slots:
                 u"ok"_s);
         QVERIFY(ContentOf(target.filePath(u"Fatture.csv"_s)).contains("01/02/2020"));
         QCOMPARE(QDir(target.path()).entryList({u"*.csv"_s}).size(), 8);
+    }
+
+    /** The databases are copied as they stand at one moment; a copy that is broken off goes. */
+    void copyOfOneMoment()
+    {
+        const Archive office;
+        const QTemporaryDir target;
+        QString refusals;
+        const auto tryToWrite = [&](const QString &file) {
+            if (file == "Saldoro.mdb"_L1)
+                throw SaldoroError(u"annullata"_s);
+            for (const QChar each : u"LCAK"_s)
+                refusals +=
+                    DirectConnection(office.project.path(each)).run(u"CREATE TABLE Altra (x)"_s);
+        };
+        QVERIFY_THROWS_EXCEPTION(SaldoroError,
+                                 CopyProject(office.project.folder(), target.path(), tryToWrite));
+        QCOMPARE(refusals.count(u"database is locked"_s), 12);
+        QVERIFY(QDir(target.path()).isEmpty());
     }
 
     /** A variant says what changes, is refused where payments lose their item, and written even

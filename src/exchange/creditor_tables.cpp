@@ -3,6 +3,7 @@
 #include "common/amount_text.h"
 #include "common/errors.h"
 #include "exchange/made_files.h"
+#include "platform/machine_path.h"
 #include "store/archive_paths.h"
 #include "store/code_lookups.h"
 #include "store/contractor_and_principals.h"
@@ -171,17 +172,19 @@ KnownCreditors ReadCreditors(const ProgramValues &values)
 QStringList AddCreditors(const ProgramValues &values, const TableRows &companies,
                          const TableRows &professionals, const QString &contractor)
 {
+    for (const QString &path : {ContractPath(values), CompaniesPath(values)}) {
+        if (!Database::hasPlainJournal(path))
+            throw FileError(MachinePath(path), NoPlainJournal.toString());
+    }
     const Database contract = Database::open(ContractPath(values));
     const Database companyRegister = contract.attach(CompaniesPath(values));
+    Transaction transaction(contract);
     MadeFiles copies;
     QStringList paths;
     for (const Database *database : {&contract, &companyRegister}) {
-        if (!Database::hasPlainJournal(database->path()))
-            throw FileError(database->path(), NoPlainJournal.toString());
         paths.append(database->backUpBeside());
         copies.add(paths.last());
     }
-    Transaction transaction(contract);
     RecordSet sheet = recordsOf(contract, u"SchedaProgetto"_s);
     addCompanies(companyRegister, companies);
     addProfessionals(sheet, professionals);

@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <vector>
+
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
@@ -18,15 +20,24 @@ QString CopyProject(const QString &folder, const QString &target,
     QDir copy(
         u"%1/%2 copia %3"_s.arg(target, QFileInfo(folder).fileName(),
                                 QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss"_s)));
+    std::vector<Database> databases;
+    databases.push_back(Database::open(ArchiveFilePath(ArchiveFile::Contract, folder)));
+    for (const ArchiveFile file : ArchiveFileList) {
+        const QString path = ArchiveFilePath(file, folder);
+        if (file != ArchiveFile::Contract && QFileInfo::exists(path))
+            databases.push_back(databases.front().attach(path));
+    }
+    const Transaction transaction(databases.front(), TransactionKind::Reading);
+    for (const Database &database : databases)
+        database.tableDef(u"Fatture"_s); // with a first look at each file the moment is fixed
     if (copy.exists() || !copy.mkpath(u"."_s))
         throw FileError(copy.path(), u"La cartella non può essere creata."_s,
                         u"Controllare i permessi e lo spazio libero sul disco."_s);
     try {
-        for (const ArchiveFile file : ArchiveFileList) {
-            const QFileInfo original(ArchiveFilePath(file, folder));
-            step(original.fileName());
-            if (original.exists())
-                Database::open(original.filePath()).copyTo(copy.filePath(original.fileName()));
+        for (const Database &database : databases) {
+            const QString name = QFileInfo(database.path()).fileName();
+            step(name);
+            database.copyTo(copy.filePath(name));
         }
     } catch (...) {
         copy.removeRecursively(); // nothing but the copies
