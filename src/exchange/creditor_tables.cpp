@@ -1,7 +1,7 @@
 #include "exchange/creditor_tables.h"
 
-#include "common/amount_text.h"
 #include "common/errors.h"
+#include "database/criterion.h"
 #include "exchange/made_files.h"
 #include "platform/machine_path.h"
 #include "store/archive_paths.h"
