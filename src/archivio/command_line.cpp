@@ -3,6 +3,7 @@
 #include "common/errors.h"
 
 #include <QCommandLineParser>
+#include <QFile>
 
 namespace saldoro {
 
@@ -89,45 +90,9 @@ CommandLine ParseCommandLine(const QStringList &words)
 
 QString UsageText()
 {
-    return u"Uso: saldoro-archivio verifica [opzioni] CARTELLA\n"
-           "     saldoro-archivio imposta CARTELLA PAGAMENTO CAMPO VALORE ...\n"
-           "     saldoro-archivio importa [opzioni] CARTELLA_CSV CARTELLA\n"
-           "     saldoro-archivio esporta [opzioni] CARTELLA CARTELLA_CSV\n"
-           "\n"
-           "CARTELLA è quella di un progetto: vi sta Saldoro.mdb\n"
-           "\n"
-           "verifica controlla gli archivi del progetto, senza cambiarli, ed elenca ciò che\n"
-           "darà problemi, con che cosa fare.\n"
-           "\n"
-           "  --codici FILE    la tabella dei codici, se non è ..\\..\\TABELLE\\chiavi.mdb\n"
-           "\n"
-           "imposta scrive un valore che manca: CAMPO è Del (gg/mm/aaaa), Importo o\n"
-           "ImportoIVA (1.234,56). Un valore che c'è non viene toccato. Prima lascia accanto\n"
-           "una copia di Saldoro.mdb. PAGAMENTO CAMPO VALORE si possono ripetere.\n"
-           "\n"
-           "importa riempie le tabelle del progetto con i file CSV di CARTELLA_CSV, ognuno\n"
-           "con il nome della sua tabella. Scrive tutto o niente.\n"
-           "\n"
-           "  --nuovo          fa anche le cartelle del progetto\n"
-           "  --sostituisci TABELLA\n"
-           "                   le righe del file prendono il posto di quelle della tabella.\n"
-           "                   Si può ripetere.\n"
-           "  --comunque       importa anche ciò che darà problemi più tardi\n"
-           "\n"
-           "esporta scrive le tabelle del progetto in file CSV.\n"
-           "\n"
-           "  --sovrascrivi    i file nuovi prendono il posto di quelli che ci sono\n"
-           "\n"
-           "Per tutti:\n"
-           "\n"
-           "  -h, --help, --aiuto\n"
-           "                   queste istruzioni\n"
-           "  --version, --versione\n"
-           "                   la versione\n"
-           "  --               ciò che segue non è un'opzione\n"
-           "\n"
-           "Esito: 0 fatto, nessun difetto; 1 difetti trovati, o file che non si possono\n"
-           "importare; 2 comando non possibile.\n"_s;
+    QFile text(u":/uso.txt"_s);
+    text.open(QIODevice::ReadOnly);
+    return QString::fromUtf8(text.readAll());
 }
 
 } // namespace saldoro

@@ -35,6 +35,12 @@ QString FormatImporto(Currency amount)
     return QString(first, buffer.end() - first); // NOLINT(modernize-return-braced-init-list)
 }
 
+Currency ShownAmount(Currency amount)
+{
+    constexpr qint64 cent = Currency::Scale / 100;
+    return Currency::fromScaled(RoundHalfAway(amount.scaled(), cent) * cent);
+}
+
 QString FormatImportoEuro(Currency amount)
 {
     if (amount == Currency())

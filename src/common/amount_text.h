@@ -13,6 +13,9 @@ namespace saldoro {
  */
 QString FormatImporto(Currency amount);
 
+/** The amount that FormatImporto shows. */
+Currency ShownAmount(Currency amount);
+
 /** "€ " followed by FormatImporto, or the empty text for an amount of exactly zero. */
 QString FormatImportoEuro(Currency amount);
 

@@ -122,6 +122,8 @@ std::optional<DatabaseFault> RefusalOf(const FieldDef &field, const NewValue &va
     if (text != nullptr && text->isEmpty() && !field.allowZeroLength &&
         (IsText(field) || field.type == FieldType::Date))
         return DatabaseFault::ZeroLengthRefused;
+    if (text != nullptr && IsText(field) && (field.size == 0 || text->size() <= field.size))
+        return std::nullopt;          // long tables are full of them
     std::array<std::byte, 1024> room; // enough for most texts
     std::pmr::monotonic_buffer_resource texts(room.data(), room.size());
     const auto form = StoredForm(field, value, texts);

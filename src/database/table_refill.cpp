@@ -3,6 +3,8 @@
 #include "common/errors.h"
 #include "database/sql_text.h"
 
+#include <array>
+#include <cstddef>
 #include <memory_resource>
 
 namespace saldoro {
@@ -67,7 +69,8 @@ TableRefill::~TableRefill()
 void TableRefill::add(const QList<NewValue> &values, std::optional<qsizetype> former)
 {
     Statement &statement = former && m_carry ? *m_carry : *m_insert;
-    std::pmr::monotonic_buffer_resource texts;
+    std::array<std::byte, 1024> room; // enough for most records
+    std::pmr::monotonic_buffer_resource texts(room.data(), room.size());
     for (int at = 0; at < m_fields.size(); ++at) {
         const auto form = StoredForm(m_fields[at], values[at], texts);
         if (const auto *fault = std::get_if<DatabaseFault>(&form))

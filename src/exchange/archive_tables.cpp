@@ -2,7 +2,6 @@
 
 #include "common/amount_text.h"
 #include "common/errors.h"
-#include "store/internal_codes.h"
 #include "store/table_definitions.h"
 
 #include <map>
@@ -21,29 +20,29 @@ QStringList ExchangedTable::fieldNames() const
 
 const std::vector<ExchangedTable> &ExchangedTables()
 {
-    static const std::map<QString, QString> needed{
-        {u"Funzioni"_s, u"CodInt CodExt Desc"_s},
-        {u"SchedaProgetto"_s, u"Voce"_s},
-        {u"UltimaPerVariante"_s, u"Voce Descri Importo"_s},
-        {u"Anag"_s, u"ID nominativo"_s},
-        {u"Partecip"_s, u"AnagRel"_s},
-        {u"Manda"_s, u"AnagPar AnagRel"_s},
-        {u"Fatture"_s, u"AziProf Npag Creditore Del Importo ImportoIVA"_s},
-        {u"Spese"_s, u"RelNpag Cod Importo"_s}};
-    static const std::map<QString, QString> keys{
-        {u"Funzioni"_s, u"CodInt"_s},        {u"SchedaProgetto"_s, u"Voce"_s},
-        {u"UltimaPerVariante"_s, u"Voce"_s}, {u"Anag"_s, u"ID"_s},
-        {u"Partecip"_s, u"AnagRel"_s},       {u"Manda"_s, u"AnagPar AnagRel"_s},
-        {u"Fatture"_s, u"AziProf Npag"_s},   {u"Spese"_s, u"RelNpag Cod"_s}};
+    struct Fields
+    {
+        QString needed;
+        QString key;
+    };
+    static const std::map<QString, Fields> fieldsOf{
+        {u"Funzioni"_s, {u"CodInt CodExt Desc"_s, u"CodInt"_s}},
+        {u"SchedaProgetto"_s, {u"Voce"_s, u"Voce"_s}},
+        {u"UltimaPerVariante"_s, {u"Voce Descri Importo"_s, u"Voce"_s}},
+        {u"Anag"_s, {u"ID nominativo"_s, u"ID"_s}},
+        {u"Partecip"_s, {u"AnagRel"_s, u"AnagRel"_s}},
+        {u"Manda"_s, {u"AnagPar AnagRel"_s, u"AnagPar AnagRel"_s}},
+        {u"Fatture"_s, {u"AziProf Npag Creditore Del Importo ImportoIVA"_s, u"AziProf Npag"_s}},
+        {u"Spese"_s, {u"RelNpag Cod Importo"_s, u"RelNpag Cod"_s}}};
     static const std::vector<ExchangedTable> tables = [] {
         std::vector<ExchangedTable> result;
         for (const ArchiveFile file : ArchiveFileList) {
             for (const TableDef &table : TablesOf(file)) {
-                const QStringList fields = needed.at(table.name()).split(u' ');
-                QStringList filled = fields;
+                const auto &[needed, key] = fieldsOf.at(table.name());
+                QStringList filled = needed.split(u' ');
                 if (table.name() == "UltimaPerVariante"_L1)
                     filled.removeOne(u"Importo"_s); // a null budget counts as 0
-                result.push_back({file, table, fields, filled, keys.at(table.name()).split(u' ')});
+                result.push_back({file, table, needed.split(u' '), filled, key.split(u' ')});
             }
         }
         return result;
@@ -58,15 +57,6 @@ const ExchangedTable *TableNamed(const QString &name)
             return &table;
     }
     return nullptr;
-}
-
-TableRows StandardCodeRows()
-{
-    TableRows rows;
-    for (const UsedCode &used : UsedCodes)
-        rows.append({used.code.toString(), used.standardItem.toString(),
-                     used.standardDescription.toString()});
-    return rows;
 }
 
 QString TotalText(const ExchangedTable &table, const TableRows &rows)

@@ -33,9 +33,6 @@ const std::vector<ExchangedTable> &ExchangedTables();
 /** The one of that name, in any letter case; null for none. */
 const ExchangedTable *TableNamed(const QString &name);
 
-/** The rows of a code map that is made without the suite. */
-TableRows StandardCodeRows();
-
 /** The sum of `Importo` over rows of a table that has it, nulls being 0: "1.234,56", or "fuori
  *  misura". */
 QString TotalText(const ExchangedTable &table, const TableRows &rows);

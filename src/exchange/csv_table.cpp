@@ -2,7 +2,6 @@
 
 #include "common/errors.h"
 #include "common/legacy_text.h"
-#include "exchange/typed_rows.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -46,8 +45,8 @@ QString otherKind(const QByteArray &bytes)
 }
 
 /** The text of a file. Programs of old write the Western code page; a line of it among others in
- *  UTF-8 is told. */
-QString textOf(const QString &path, CsvTable &result, QList<CellFault> &faults)
+ *  UTF-8 is told by @p warnings. */
+QString textOf(const QString &path, QStringList &warnings, QList<CellFault> &faults)
 {
     const QByteArray file = bytesOf(path);
     if (const QString kind = otherKind(file); !kind.isEmpty()) {
@@ -74,9 +73,9 @@ QString textOf(const QString &path, CsvTable &result, QList<CellFault> &faults)
                        u"c'è un byte che non è UTF-8, mentre il file si dice in UTF-8: "
                        "correggere la riga, o salvare di nuovo il file."_s});
     else if (hasUtf8)
-        result.warnings.append(
-            u"%1, riga %2: non è in UTF-8 come il resto del file, ed è stata letta "
-            "in Windows-1252: guardare le lettere accentate."_s.arg(result.file)
+        warnings.append(
+            u"%1, riga %2: non è in UTF-8 come il resto del file, ed è stata letta in "
+            "Windows-1252: guardare le lettere accentate."_s.arg(QFileInfo(path).fileName())
                 .arg(oddLine));
     return lines.join(u'\n');
 }
@@ -119,37 +118,35 @@ QStringList problemsOf(QChar separator, const CellColumns &columns, const Exchan
     return problems;
 }
 
-/** Fills the result with the rows of a text. */
-void readText(const QString &text, const TableDef &stored, CsvTable &result,
-              QList<CellFault> &faults)
+/** The rows of a text. */
+GivenTable tableOf(const QString &text, const ExchangedTable &table, const TableDef &stored,
+                   QStringList &unknownFields, QList<CellFault> &faults)
 {
-    const auto [separator, columns] = headerOf(text, *result.table);
-    for (const QString &problem : problemsOf(separator, columns, *result.table))
+    const auto [separator, columns] = headerOf(text, table);
+    for (const QString &problem : problemsOf(separator, columns, table))
         faults.append({0, {}, problem});
     if (!faults.isEmpty())
-        return;
+        return {&table, {}};
+    unknownFields = columns.unknown;
     const TextRows cells = RowsOfText(text, separator);
-    const auto readAs = [&, &columns = columns](Notation notation) {
-        return TypedRowsOf(cells.rows, columns, *result.table, stored, notation);
+    const auto readAs = [&, &columns = columns](Notation notation, QList<CellFault> &found) {
+        return TypedRowsOf(cells.rows, columns, table, stored, notation, found);
     };
     const bool isItalian = separator == u';';
     const Notation other = isItalian ? Notation::International : Notation::Italian;
-    TypedRows typed = readAs(isItalian ? Notation::Italian : Notation::International);
+    GivenTable given = readAs(isItalian ? Notation::Italian : Notation::International, faults);
     // One fault that the other notation would mend may be a slip of the hand.
-    if (typed.faults.size() > 1 && ToldNotation(cells.rows, columns, *result.table) == other &&
-        readAs(other).faults.size() + 1 < typed.faults.size())
-        typed.faults = {{0,
-                         {},
-                         u"gli importi e le date sono scritti %1: salvare il file con «%2»."_s.arg(
-                             isItalian ? u"come 1234.56 e 2024-12-31"_s : u"all'italiana"_s,
-                             isItalian ? u","_s : u";"_s)}};
-    faults.append(typed.faults);
+    QList<CellFault> otherFaults;
+    if (faults.size() > 1 && ToldNotation(cells.rows, columns, table) == other &&
+        (readAs(other, otherFaults), otherFaults.size() + 1 < faults.size()))
+        faults = {{0,
+                   {},
+                   u"gli importi e le date sono scritti %1: salvare il file con «%2»."_s.arg(
+                       isItalian ? u"come 1234.56 e 2024-12-31"_s : u"all'italiana"_s,
+                       isItalian ? u","_s : u";"_s)}};
     if (cells.fault)
         faults.append(*cells.fault);
-    result.rows = std::move(typed.rows);
-    result.lines = std::move(typed.lines);
-    result.fields = std::move(typed.fields);
-    result.unknownFields = columns.unknown;
+    return given;
 }
 
 /** A line for each fault; of each field the first ones, then how many more there are. */
@@ -176,32 +173,31 @@ QStringList linesOf(const QList<CellFault> &faults, const QString &file)
 
 } // namespace
 
-QString CsvTable::rowName(qsizetype row) const
+GivenTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,
+                        CsvRemarks &remarks)
 {
-    return u"%1, riga %2"_s.arg(file).arg(lines.value(row, static_cast<int>(row) + 1));
-}
-
-CsvTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,
-                      QStringList &errors)
-{
-    CsvTable result{&table, QFileInfo(path).fileName(), {}};
+    GivenTable given{&table, {}};
+    QStringList unknown;
     QList<CellFault> faults;
-    const QString text = textOf(path, result, faults);
+    const QString text = textOf(path, remarks.warnings, faults);
     if (faults.isEmpty())
-        readText(text, stored, result, faults);
-    errors.append(linesOf(faults, result.file));
-    return result;
+        given = tableOf(text, table, stored, unknown, faults);
+    given.source = QFileInfo(path).fileName();
+    if (!unknown.isEmpty())
+        remarks.warnings.append(
+            u"%1: campi tralasciati: %2."_s.arg(given.source, unknown.join(u", "_s)));
+    remarks.errors.append(linesOf(faults, given.source));
+    return given;
 }
 
-QList<CellRow> ReadCsvRows(const QString &path, const ExchangedTable &table, QStringList &errors)
+QList<CellRow> ReadCsvRows(const QString &path, const ExchangedTable &table, CsvRemarks &remarks)
 {
-    CsvTable result{&table, QFileInfo(path).fileName(), {}};
     QList<CellFault> faults;
-    const QString text = textOf(path, result, faults);
+    const QString text = textOf(path, remarks.warnings, faults);
     const TextRows cells = RowsOfText(text, headerOf(text, table).first);
     if (cells.fault)
         faults.append(*cells.fault);
-    errors.append(linesOf(faults, result.file));
+    remarks.errors.append(linesOf(faults, QFileInfo(path).fileName()));
     return cells.rows;
 }
 

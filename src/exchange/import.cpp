@@ -5,6 +5,7 @@
 #include "exchange/project_place.h"
 #include "exchange/table_change.h"
 #include "store/archive_paths.h"
+#include "store/internal_codes.h"
 #include "store/open_project.h"
 #include "store/written_items.h"
 #include "verify/verification.h"
@@ -23,11 +24,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/** A code map that is made without the suite. */
+GivenTable standardCodes()
+{
+    const ExchangedTable *table = TableNamed(u"Funzioni"_s);
+    GivenTable given{table, table->fieldNames(), table->name()};
+    for (const UsedCode &used : UsedCodes)
+        given.rows.append({used.code.toString(), used.standardItem.toString(),
+                           used.standardDescription.toString()});
+    return given;
+}
+
 /** One import from beginning to end. */
 class ProjectImport
 {
 public:
-    ProjectImport(const QString &folder, QList<CsvTable> tables, const ImportOptions &options)
+    ProjectImport(const QString &folder, QList<GivenTable> tables, const ImportOptions &options)
         : m_folder(folder)
         , m_tables(std::move(tables))
         , m_options(options)
@@ -64,14 +76,17 @@ public:
 private:
     QString path(ArchiveFile file) const { return ArchiveFilePath(file, m_folder); }
     QString fileName(ArchiveFile file) const { return QFileInfo(path(file)).fileName(); }
-    const Database &database(const CsvTable &table) { return m_databases.at(table.table->archive); }
+    const Database &database(const GivenTable &table)
+    {
+        return m_databases.at(table.table->archive);
+    }
     void addError(const QString &text) { m_outcome.errors.append(LineFinding(text)); }
     void refuse(const QString &text) { m_outcome.refusals.append(LineFinding(text)); }
 
     bool isGiven(const QString &name) const
     {
         return std::ranges::any_of(
-            m_tables, [&name](const CsvTable &table) { return table.table == TableNamed(name); });
+            m_tables, [&name](const GivenTable &table) { return table.table == TableNamed(name); });
     }
 
     /** What needs no look into the databases. */
@@ -84,12 +99,6 @@ private:
             if (!isGiven(name))
                 addError(u"--sostituisci "_s + name +
                          u": nella cartella non c'è un file di questa tabella."_s);
-        }
-        for (const CsvTable &table : std::as_const(m_tables)) {
-            m_outcome.warnings.append(table.warnings);
-            if (!table.unknownFields.isEmpty())
-                m_outcome.warnings.append(table.file + u": campi tralasciati: "_s +
-                                          table.unknownFields.join(u", "_s) + u'.');
         }
         for (const ArchiveFile file : ArchiveFileList) {
             if (!Database::hasPlainJournal(path(file)))
@@ -108,7 +117,7 @@ private:
             m_made.makeFolder(QFileInfo(path(ArchiveFile::Codes)).path());
         }
         if (!QFileInfo::exists(path(ArchiveFile::Codes)) && !isGiven(u"Funzioni"_s))
-            m_tables.append({TableNamed(u"Funzioni"_s), u"Funzioni"_s, StandardCodeRows()});
+            m_tables.append(standardCodes());
         for (const ArchiveFile file : ArchiveFileList) {
             if (!QFileInfo::exists(path(file))) {
                 m_made.makeDatabase(path(file), file);
@@ -133,12 +142,12 @@ private:
 
     void planChanges()
     {
-        for (const CsvTable &given : std::as_const(m_tables)) {
+        for (const GivenTable &given : std::as_const(m_tables)) {
             const QString &name = given.table->name();
             m_changes.append(TableChange());
             if (!database(given).tableDef(name)) {
                 addError(
-                    given.file + u": "_s + fileName(given.table->archive) +
+                    given.source + u": "_s + fileName(given.table->archive) +
                     (database(given).isStoredQuery(name)
                          ? u" ha sotto questo nome un'interrogazione, che non si sostituisce."_s
                          : u" non ha questa tabella."_s));
@@ -153,19 +162,19 @@ private:
         }
     }
 
-    void checkReplacement(const CsvTable &given, const TableChange &change)
+    void checkReplacement(const GivenTable &given, const TableChange &change)
     {
         const QString &name = given.table->name();
         const QString count = QString::number(change.stored.size());
         if (!m_options.replacedTables.contains(name, Qt::CaseInsensitive))
             addError(u"%1: la tabella contiene già %2 righe; con --sostituisci %3 vengono "
-                     "sostituite."_s.arg(given.file, count, name));
+                     "sostituite."_s.arg(given.source, count, name));
         else if (change.rows.isEmpty())
-            refuse(u"%1: la tabella, che contiene %2 righe, resterebbe vuota."_s.arg(given.file,
+            refuse(u"%1: la tabella, che contiene %2 righe, resterebbe vuota."_s.arg(given.source,
                                                                                      count));
         if (name == "Funzioni"_L1)
             m_outcome.warnings.append(
-                given.file + u": i codici valgono per tutti i progetti, e cambiano per tutti."_s);
+                given.source + u": i codici valgono per tutti i progetti, e cambiano per tutti."_s);
     }
 
     /** Copies what was there before and is to change. */
@@ -211,7 +220,7 @@ private:
             const bool isKnown = std::ranges::any_of(known, [&finding](const Finding &one) {
                 return one.place == finding.place && one.problem == finding.problem;
             });
-            for (const CsvTable &given : std::as_const(m_tables)) {
+            for (const GivenTable &given : std::as_const(m_tables)) {
                 if (finding.row >= 0 && finding.row < given.rows.size() &&
                     finding.table == given.table->name())
                     finding.place.prepend(given.rowName(finding.row) + u": "_s);
@@ -224,7 +233,8 @@ private:
     }
 
     /** Payments, items that are paid, and items that the program has written. */
-    void checkDropped(const CsvTable &given, const TableChange &change, const ProjectTables &tables)
+    void checkDropped(const GivenTable &given, const TableChange &change,
+                      const ProjectTables &tables)
     {
         const ExchangedTable &table = *given.table;
         const auto rowsOf = [&tables](const QString &name) {
@@ -235,17 +245,18 @@ private:
             m_outcome.budget = BudgetChanges(change.stored, change.rows, rowsOf(u"Spese"_s));
         for (const BudgetChange &item : std::as_const(m_outcome.budget)) {
             if (table.name() == "UltimaPerVariante"_L1 && item.isDropped && item.isPaid)
-                refuse(given.file + u": "_s + item.text());
+                refuse(given.source + u": "_s + item.text());
         }
         const WrittenItems written(rowsOf(u"Funzioni"_s));
         for (const TableRow &row : DroppedRows(table, change)) {
             if (table.name() == "Fatture"_L1)
                 refuse(u"%1: andrebbe perso il pagamento %2 (%3)."_s.arg(
-                    given.file, KeyOf(table, row), TextOf(row[table.place(u"Creditore"_s)])));
+                    given.source, KeyOf(table, row), TextOf(row[table.place(u"Creditore"_s)])));
             const QString item = table.name() == "SchedaProgetto"_L1 ? TextOf(row[0]) : QString();
             if (written.contains(item))
-                addError(u"%1: andrebbe persa la voce %2 (%3), che ha scritto Saldoro; aggiungerla "
-                         "al file."_s.arg(given.file, item, TextOf(row[table.place(u"Descri"_s)])));
+                addError(
+                    u"%1: andrebbe persa la voce %2 (%3), che ha scritto Saldoro; aggiungerla "
+                    "al file."_s.arg(given.source, item, TextOf(row[table.place(u"Descri"_s)])));
         }
     }
 
@@ -263,7 +274,7 @@ private:
 
     MadeFiles m_made; // goes last, when the databases are closed
     QString m_folder;
-    QList<CsvTable> m_tables;
+    QList<GivenTable> m_tables;
     const ImportOptions &m_options;
     std::map<ArchiveFile, Database> m_databases;
     std::set<ArchiveFile> m_new;
@@ -274,7 +285,7 @@ private:
 
 } // namespace
 
-ImportOutcome ImportTables(const QString &projectFolder, const QList<CsvTable> &tables,
+ImportOutcome ImportTables(const QString &projectFolder, const QList<GivenTable> &tables,
                            const ImportOptions &options)
 {
     std::optional<ProjectPlace> place;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "exchange/csv_table.h"
 #include "exchange/import_outcome.h"
+#include "exchange/typed_rows.h"
 
 #include <QList>
 #include <QString>
@@ -27,7 +27,7 @@ struct ImportOptions
  * been checked as it will be and a copy stands beside each database that changes. A try that
  * changes nothing leaves nothing. Throws SaldoroError, nothing being written then.
  */
-ImportOutcome ImportTables(const QString &projectFolder, const QList<CsvTable> &tables,
+ImportOutcome ImportTables(const QString &projectFolder, const QList<GivenTable> &tables,
                            const ImportOptions &options);
 
 } // namespace saldoro

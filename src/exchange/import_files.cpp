@@ -1,6 +1,7 @@
 #include "exchange/import_files.h"
 
 #include "common/errors.h"
+#include "exchange/csv_table.h"
 #include "exchange/export.h"
 #include "exchange/project_place.h"
 #include "store/archive_paths.h"
@@ -46,21 +47,24 @@ ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder
         options.createProject ? PlaceOf(projectFolder).folder : ExistingFolder(projectFolder);
     RefuseMixedFiles(csvFolder);
     ImportOutcome outcome;
-    QList<CsvTable> tables;
+    QList<GivenTable> tables;
+    CsvRemarks remarks;
     const auto paths = csvPaths(ExistingFolder(csvFolder), outcome.errors);
     for (const auto &[table, path] : paths) {
         const QString database = ArchiveFilePath(table->archive, folder);
         std::optional<TableDef> stored;
-        QStringList errors;
         SayingNothingIsWritten([&, &csv = path, &table = table] {
             if (QFileInfo::exists(database) && Database::hasPlainJournal(database))
                 stored = Database::open(database).tableDef(table->name());
-            tables.append(ReadCsvTable(csv, *table, stored.value_or(table->definition), errors));
+            tables.append(ReadCsvTable(csv, *table, stored.value_or(table->definition), remarks));
         });
-        for (const QString &error : std::as_const(errors))
-            outcome.errors.append(LineFinding(error));
     }
-    return outcome.errors.isEmpty() ? ImportTables(projectFolder, tables, options) : outcome;
+    for (const QString &error : std::as_const(remarks.errors))
+        outcome.errors.append(LineFinding(error));
+    if (outcome.errors.isEmpty())
+        outcome = ImportTables(projectFolder, tables, options);
+    outcome.warnings = remarks.warnings + outcome.warnings;
+    return outcome;
 }
 
 } // namespace saldoro

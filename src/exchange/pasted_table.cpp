@@ -221,8 +221,10 @@ void PastedTable::judge()
         judge();
         return;
     }
-    const TypedRows typed = TypedRowsOf(rows, columns, m_table, m_table.definition, notation);
-    for (const CellFault &fault : typed.faults)
+    QList<CellFault> faults;
+    const GivenTable typed =
+        TypedRowsOf(rows, columns, m_table, m_table.definition, notation, faults);
+    for (const CellFault &fault : std::as_const(faults))
         addFault(fault.line, caption(fault.field) + u": "_s + fault.problem);
     m_taken.clear();
     m_lines.clear();

@@ -59,12 +59,6 @@ QList<QStringList> unknownValues(const Database &database, const ExchangedTable 
     return rows;
 }
 
-/** The fields that the rows name; of a table that is given without names all. */
-QStringList namedFields(const CsvTable &given)
-{
-    return given.fields.isEmpty() ? given.table->fieldNames() : given.fields;
-}
-
 /** What those fields hold. */
 TableRows partOf(const TableRows &rows, const ExchangedTable &table, const QStringList &fields)
 {
@@ -98,11 +92,11 @@ QString KeyOf(const ExchangedTable &table, const TableRow &row)
     return parts.join(u'|');
 }
 
-TableChange ChangeOf(const Database &database, const CsvTable &given, QStringList &losses)
+TableChange ChangeOf(const Database &database, const GivenTable &given, QStringList &losses)
 {
     const ExchangedTable &table = *given.table;
     TableChange change{StoredRows(database, table.definition), given.rows};
-    const QStringList named = namedFields(given);
+    const QStringList &named = given.fields;
     change.isNeeded = partOf(change.stored, table, named) != partOf(given.rows, table, named);
     change.formers.resize(given.rows.size());
     if (!change.isNeeded || change.stored.isEmpty())
@@ -131,7 +125,7 @@ TableChange ChangeOf(const Database &database, const CsvTable &given, QStringLis
         else if (!kept.isEmpty())
             losses.append(
                 u"%1: la riga «%2» dell'archivio perderebbe i valori di %3, che il file non dà: %4."_s
-                    .arg(given.file, KeyOf(table, row), kept.join(u", "_s),
+                    .arg(given.source, KeyOf(table, row), kept.join(u", "_s),
                          takers.isEmpty() ? u"nel file non c'è"_s
                                           : u"più righe hanno la stessa chiave"_s));
     }
@@ -151,12 +145,11 @@ TableRows DroppedRows(const ExchangedTable &table, const TableChange &change)
     return dropped;
 }
 
-void WriteChange(const Database &database, const CsvTable &given, const TableChange &change)
+void WriteChange(const Database &database, const GivenTable &given, const TableChange &change)
 {
     const ExchangedTable &table = *given.table;
-    const QStringList fields = namedFields(given);
-    const TableRows rows = partOf(given.rows, table, fields);
-    TableRefill refill(database, table.name(), fields);
+    const TableRows rows = partOf(given.rows, table, given.fields);
+    TableRefill refill(database, table.name(), given.fields);
     Progress progress(u"Scrittura di "_s + table.name());
     for (qsizetype row = 0; row < rows.size(); ++row) {
         WithDetail(
@@ -166,11 +159,10 @@ void WriteChange(const Database &database, const CsvTable &given, const TableCha
     }
 }
 
-bool IsWritten(const CsvTable &given, const TableRows &stored)
+bool IsWritten(const GivenTable &given, const TableRows &stored)
 {
-    const QStringList fields = namedFields(given);
-    return haveSameRows(partOf(stored, *given.table, fields),
-                        partOf(given.rows, *given.table, fields));
+    return haveSameRows(partOf(stored, *given.table, given.fields),
+                        partOf(given.rows, *given.table, given.fields));
 }
 
 } // namespace saldoro

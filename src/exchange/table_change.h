@@ -1,6 +1,6 @@
 #pragma once
 
-#include "exchange/csv_table.h"
+#include "exchange/typed_rows.h"
 #include "store/table_rows.h"
 
 #include <QList>
@@ -25,7 +25,7 @@ struct TableChange
  * twice. Stored rows whose fields that are unknown here, or not named by @p given, would lose their
  * values are added to @p losses, a line each. Throws DatabaseError.
  */
-TableChange ChangeOf(const Database &database, const CsvTable &given, QStringList &losses);
+TableChange ChangeOf(const Database &database, const GivenTable &given, QStringList &losses);
 
 /** The key of a row, "A|3". */
 QString KeyOf(const ExchangedTable &table, const TableRow &row);
@@ -34,10 +34,10 @@ QString KeyOf(const ExchangedTable &table, const TableRow &row);
 TableRows DroppedRows(const ExchangedTable &table, const TableChange &change);
 
 /** Writes the change within a transaction. Throws DatabaseError. */
-void WriteChange(const Database &database, const CsvTable &given, const TableChange &change);
+void WriteChange(const Database &database, const GivenTable &given, const TableChange &change);
 
 /** Whether a table that was written holds what it was given, in whatever order; rules of the file
  *  may have changed it. */
-bool IsWritten(const CsvTable &given, const TableRows &stored);
+bool IsWritten(const GivenTable &given, const TableRows &stored);
 
 } // namespace saldoro

@@ -105,11 +105,13 @@ class RowsReader
 {
 public:
     RowsReader(const CellColumns &columns, const ExchangedTable &table, TableDef stored,
-               std::optional<Notation> notation)
+               std::optional<Notation> notation, QList<CellFault> &faults)
         : m_columns(columns)
         , m_table(table)
         , m_notation(notation.value_or(Notation::Italian))
         , m_isUnsure(!notation)
+        , m_faults(faults)
+        , m_result{&table, {}}
     {
         for (const FieldDef &field : table.definition.fields())
             m_stored.append(stored.field(field.name));
@@ -119,7 +121,7 @@ public:
         }
     }
 
-    TypedRows read(const QList<CellRow> &rows)
+    GivenTable read(const QList<CellRow> &rows)
     {
         Progress progress(u"Lettura di "_s + m_table.name());
         const auto last = std::find_if_not(rows.rbegin(), rows.rend(), isBlank);
@@ -187,7 +189,7 @@ private:
 
     void addFault(int line, const QString &problem, const QString &field = {})
     {
-        m_result.faults.append({line, field, problem});
+        m_faults.append({line, field, problem});
     }
     const QString &nameOf(qsizetype place) const { return m_table.definition.fields()[place].name; }
     FieldType typeOf(qsizetype place) const { return m_table.definition.fields()[place].type; }
@@ -198,7 +200,8 @@ private:
     bool m_isUnsure;
     QList<FieldDef> m_stored; ///< the fields as the archive has them
     bool m_isLastWhole = false;
-    TypedRows m_result;
+    QList<CellFault> &m_faults;
+    GivenTable m_result;
 };
 
 } // namespace
@@ -245,11 +248,16 @@ bool HasKey(const CellRow &row, const CellColumns &columns, const ExchangedTable
     return cell >= 0 && cell < row.cells.size() && !row.cells[cell].trimmed().isEmpty();
 }
 
-TypedRows TypedRowsOf(const QList<CellRow> &rows, const CellColumns &columns,
-                      const ExchangedTable &table, TableDef stored,
-                      std::optional<Notation> notation)
+QString GivenTable::rowName(qsizetype row) const
 {
-    return RowsReader(columns, table, std::move(stored), notation).read(rows);
+    return u"%1, riga %2"_s.arg(source).arg(lines.value(row, static_cast<int>(row) + 1));
+}
+
+GivenTable TypedRowsOf(const QList<CellRow> &rows, const CellColumns &columns,
+                       const ExchangedTable &table, TableDef stored,
+                       std::optional<Notation> notation, QList<CellFault> &faults)
+{
+    return RowsReader(columns, table, std::move(stored), notation, faults).read(rows);
 }
 
 } // namespace saldoro

@@ -45,25 +45,30 @@ std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColum
 /** Whether a row fills the first needed field, thus is no title or total between the others. */
 bool HasKey(const CellRow &row, const CellColumns &columns, const ExchangedTable &table);
 
-/** Rows of cells as values of a table. */
-struct TypedRows
+/** Rows for a table, wherever they come from. */
+struct GivenTable
 {
+    const ExchangedTable *table = nullptr;
+    QStringList fields;  ///< of the table that the rows name; the others are null
+    QString source = {}; ///< name of a file, or of what else the rows come from
     TableRows rows = {};
-    QList<int> lines = {};        ///< of the text, for each row
-    QStringList fields = {};      ///< of the table that cells fill
-    QList<CellFault> faults = {}; ///< a row or field that has one is not what the cells say
+    QList<int> lines = {}; ///< of the source that the rows begin on
+
+    /** "Spese.csv, riga 12"; without lines the rows count from 1. */
+    QString rowName(qsizetype row) const;
 };
 
 /**
  * Reads the rows behind the header; those without any value are passed over. @p stored is the
- * table as the archive defines it: what it can't hold is a fault. Cells may lack at a row's end
- * where their fields may be empty and the last row is whole. Without a notation values are read in
- * Italian, and an amount that would be another one in the other notation is a fault.
+ * table as the archive defines it: what it can't hold is a fault, and a value with a fault is not
+ * what its cell says. Cells may lack at a row's end where their fields may be empty and the last
+ * row is whole. Without a notation values are read in Italian, and an amount that would be another
+ * one in the other notation is a fault.
  *
  * Throws FieldMissing when @p stored lacks one of the table's fields.
  */
-TypedRows TypedRowsOf(const QList<CellRow> &rows, const CellColumns &columns,
-                      const ExchangedTable &table, TableDef stored,
-                      std::optional<Notation> notation);
+GivenTable TypedRowsOf(const QList<CellRow> &rows, const CellColumns &columns,
+                       const ExchangedTable &table, TableDef stored,
+                       std::optional<Notation> notation, QList<CellFault> &faults);
 
 } // namespace saldoro

@@ -134,9 +134,10 @@ void FrmVoci::write(bool evenSo)
     if (m_isVariant)
         RequireClosed(folder());
     const ExchangedTable &table = m_pasted.table();
-    const ImportOutcome outcome =
-        ImportTables(folder(), {{&table, u"Celle incollate"_s, m_pasted.taken(), m_pasted.lines()}},
-                     {!m_isVariant, evenSo, {table.name()}});
+    const ImportOutcome outcome = ImportTables(
+        folder(),
+        {{&table, table.fieldNames(), u"Celle incollate"_s, m_pasted.taken(), m_pasted.lines()}},
+        {!m_isVariant, evenSo, {table.name()}});
     if (outcome.isDone) {
         if (m_isVariant)
             ShowMessage(MessageKind::Information,

@@ -142,11 +142,11 @@ void PasteTable::dropEvent(QDropEvent *event)
 {
     event->acceptProposedAction();
     replaceRows([&] {
-        QStringList errors;
+        CsvRemarks remarks;
         const QList<CellRow> rows =
-            ReadCsvRows(event->mimeData()->urls().first().toLocalFile(), m_pasted.table(), errors);
-        if (!errors.isEmpty())
-            throw SaldoroError(errors.join(u'\n'));
+            ReadCsvRows(event->mimeData()->urls().first().toLocalFile(), m_pasted.table(), remarks);
+        if (!remarks.errors.isEmpty())
+            throw SaldoroError(remarks.errors.join(u'\n'));
         m_pasted.setRows(rows);
     });
 }

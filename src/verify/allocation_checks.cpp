@@ -4,8 +4,11 @@
 #include "store/payment_amounts.h"
 #include "verify/checks.h"
 
-#include <map>
-#include <set>
+#include <QHash>
+#include <QSet>
+
+#include <unordered_map>
+#include <utility>
 
 namespace saldoro {
 
@@ -16,23 +19,45 @@ namespace {
 constexpr QStringView openPayment =
     u"aprire il pagamento, eliminare la riga e inserire la voce giusta.";
 
-/** What the invoice form shows as total of the allocations. Throws OverflowError. */
-QString shownTotal(const QList<const CheckedRow *> &allocations)
+/** The allocations of one payment number. */
+struct Allocated
 {
-    Currency total;
-    for (const CheckedRow *allocation : allocations)
-        total += ImportoDaTesto(FormatImporto(allocation->amount.value_or(Currency())));
-    return FormatImporto(total);
+    int payments = 0;                         ///< that have the number
+    std::optional<Currency> sum = Currency(); ///< as the invoice form adds up; none when it can't
+};
+
+/** None, too, when the sum can't be formed. */
+std::optional<Currency> grossOrNone(const ProjectTable &fatture, const CheckedRow &payment)
+{
+    try {
+        return GrossAmount(fatture, payment);
+    } catch (const OverflowError &) {
+        return std::nullopt;
+    }
+}
+
+void add(Allocated &allocated, const CheckedRow &allocation)
+{
+    try {
+        // The form adds what its cells show.
+        if (allocated.sum)
+            *allocated.sum += ShownAmount(allocation.amount.value_or(Currency()));
+    } catch (const OverflowError &) {
+        allocated.sum.reset();
+    }
 }
 
 } // namespace
 
 void CheckRepeated(const QList<CheckedRow> &allocations, Findings &findings)
 {
-    std::map<qint32, std::set<QString, TextOrder>> items;
+    QSet<std::pair<qint32, QByteArray>> items;
     for (const CheckedRow &allocation : allocations) {
-        if (allocation.number && allocation.code &&
-            !items[*allocation.number].insert(*allocation.code).second)
+        if (!allocation.number || !allocation.code)
+            continue;
+        const qsizetype before = items.size();
+        items.insert({*allocation.number, ComparableText(allocation.code->toUtf8())});
+        if (items.size() == before)
             findings.append(FindingAt(
                 allocation, FindingGroup::Allocations,
                 u"il pagamento ha già questa voce in un'altra riga: «Conferma» scrive gli importi "
@@ -45,15 +70,15 @@ void CheckRepeated(const QList<CheckedRow> &allocations, Findings &findings)
 void CheckInvoices(const ProjectTable &fatture, const QList<CheckedRow> &payments,
                    const QList<CheckedRow> &allocations, Findings &findings)
 {
-    std::map<qint32, int> payers;
+    QHash<qint32, Allocated> byNumber;
     for (const CheckedRow &payment : payments) {
         if (payment.number)
-            ++payers[*payment.number];
+            ++byNumber[*payment.number].payments;
     }
-    std::map<qint32, QList<const CheckedRow *>> ofPayment;
     for (const CheckedRow &allocation : allocations) {
-        if (allocation.number && payers.contains(*allocation.number))
-            ofPayment[*allocation.number].append(&allocation);
+        const auto its = allocation.number ? byNumber.find(*allocation.number) : byNumber.end();
+        if (its != byNumber.end())
+            add(*its, allocation);
         else
             findings.append(FindingAt(
                 allocation, FindingGroup::Allocations,
@@ -64,46 +89,43 @@ void CheckInvoices(const ProjectTable &fatture, const QList<CheckedRow> &payment
     for (const CheckedRow &payment : payments) {
         // Payments of one number share their allocations; that is found elsewhere, as are sums
         // that can't be formed.
-        if (!payment.number || payers[*payment.number] > 1)
+        const Allocated its = byNumber.value(payment.number.value_or(0));
+        const auto gross = grossOrNone(fatture, payment);
+        if (!payment.number || its.payments > 1 || !its.sum || !gross ||
+            ShownAmount(*gross) == *its.sum)
             continue;
-        try {
-            const auto gross = GrossAmount(fatture, payment);
-            const QString allocated = shownTotal(ofPayment[*payment.number]);
-            if (gross && allocated != FormatImporto(*gross))
-                findings.append(FindingAt(
-                    payment, FindingGroup::Allocations,
-                    u"i conti di spesa sommano %1 e il totale della fattura è %2."_s.arg(
-                        allocated, FormatImporto(*gross)),
-                    u"aprire il pagamento e correggere i conti di spesa o gli importi."_s));
-        } catch (const OverflowError &) {
-        }
+        findings.append(
+            FindingAt(payment, FindingGroup::Allocations,
+                      u"i conti di spesa sommano %1 e il totale della fattura è %2."_s.arg(
+                          FormatImporto(*its.sum), FormatImporto(*gross)),
+                      u"aprire il pagamento e correggere i conti di spesa o gli importi."_s));
     }
 }
 
 void CheckItems(const QList<CheckedRow> &allocations, const QList<CheckedRow> &budget,
                 Findings &findings)
 {
-    std::set<QString, TextOrder> codes;
+    std::unordered_map<QByteArray, QString> codes;
     for (const CheckedRow &item : budget) {
         if (item.code)
-            codes.insert(*item.code);
+            codes.try_emplace(ComparableText(item.code->toUtf8()), *item.code);
     }
     for (const CheckedRow &allocation : allocations) {
         const auto add = [&](const QString &problem, QStringView remedy = openPayment) {
             findings.append(FindingAt(allocation, FindingGroup::Allocations, problem, remedy));
         };
-        const auto code = allocation.code ? codes.find(*allocation.code) : codes.end();
+        const auto code = codes.find(ComparableText(allocation.code.value_or(QString()).toUtf8()));
         if (!allocation.code)
             add(u"manca il codice della voce: l'importo non compare nel quadro di "
                 "disponibilità."_s);
         else if (code == codes.end())
             add(u"l'appalto non ha una voce di spesa con questo codice: l'importo non compare nel "
                 "quadro di disponibilità."_s);
-        else if (*code != *allocation.code)
+        else if (code->second != *allocation.code)
             add(u"la voce dell'appalto si scrive «%1», con altre maiuscole: il pagamento può "
                 "ricevere due volte la stessa voce e il salvataggio ne scrive una sola."_s.arg(
-                    *code));
-        if (code != codes.end() && !allocation.amount)
+                    code->second));
+        if (code != codes.end() && allocation.code && !allocation.amount)
             add(u"manca l'importo, o non si legge: il quadro di disponibilità si ferma a questa "
                 u"voce e la "
                 "schermata principale non si apre."_s,
