@@ -1,7 +1,6 @@
 #include "common/amount_text.h"
 #include "common/errors.h"
 #include "database/text_order.h"
-#include "store/payment_amounts.h"
 #include "verify/checks.h"
 
 #include <QHash>
@@ -26,16 +25,6 @@ struct Allocated
     std::optional<Currency> sum = Currency(); ///< as the invoice form adds up; none when it can't
 };
 
-/** None, too, when the sum can't be formed. */
-std::optional<Currency> grossOrNone(const ProjectTable &fatture, const CheckedRow &payment)
-{
-    try {
-        return GrossAmount(fatture, payment);
-    } catch (const OverflowError &) {
-        return std::nullopt;
-    }
-}
-
 void add(Allocated &allocated, const CheckedRow &allocation)
 {
     try {
@@ -49,10 +38,10 @@ void add(Allocated &allocated, const CheckedRow &allocation)
 
 } // namespace
 
-void CheckRepeated(const QList<CheckedRow> &allocations, Findings &findings)
+void CheckRepeated(const CheckedProject &project, Findings &findings)
 {
     QSet<std::pair<qint32, QByteArray>> items;
-    for (const CheckedRow &allocation : allocations) {
+    for (const CheckedRow &allocation : project.allocations) {
         if (!allocation.number || !allocation.code)
             continue;
         const qsizetype before = items.size();
@@ -67,15 +56,16 @@ void CheckRepeated(const QList<CheckedRow> &allocations, Findings &findings)
     }
 }
 
-void CheckInvoices(const ProjectTable &fatture, const QList<CheckedRow> &payments,
-                   const QList<CheckedRow> &allocations, Findings &findings)
+void CheckInvoices(const CheckedProject &project, Findings &findings)
 {
+    if (project.table(u"Fatture"_s) == nullptr)
+        return;
     QHash<qint32, Allocated> byNumber;
-    for (const CheckedRow &payment : payments) {
+    for (const CheckedRow &payment : project.payments) {
         if (payment.number)
             ++byNumber[*payment.number].payments;
     }
-    for (const CheckedRow &allocation : allocations) {
+    for (const CheckedRow &allocation : project.allocations) {
         const auto its = allocation.number ? byNumber.find(*allocation.number) : byNumber.end();
         if (its != byNumber.end())
             add(*its, allocation);
@@ -86,31 +76,31 @@ void CheckInvoices(const ProjectTable &fatture, const QList<CheckedRow> &payment
                 "primo pagamento con quel numero se lo trova dentro."_s,
                 InTheArchive));
     }
-    for (const CheckedRow &payment : payments) {
+    for (const CheckedRow &payment : project.payments) {
         // Payments of one number share their allocations; that is found elsewhere, as are sums
         // that can't be formed.
         const Allocated its = byNumber.value(payment.number.value_or(0));
-        const auto gross = grossOrNone(fatture, payment);
-        if (!payment.number || its.payments > 1 || !its.sum || !gross ||
-            ShownAmount(*gross) == *its.sum)
+        if (!payment.number || its.payments > 1 || !its.sum || !payment.amount ||
+            ShownAmount(*payment.amount) == *its.sum)
             continue;
         findings.append(
             FindingAt(payment, FindingGroup::Allocations,
                       u"i conti di spesa sommano %1 e il totale della fattura è %2."_s.arg(
-                          FormatImporto(*its.sum), FormatImporto(*gross)),
+                          FormatImporto(*its.sum), FormatImporto(*payment.amount)),
                       u"aprire il pagamento e correggere i conti di spesa o gli importi."_s));
     }
 }
 
-void CheckItems(const QList<CheckedRow> &allocations, const QList<CheckedRow> &budget,
-                Findings &findings)
+void CheckItems(const CheckedProject &project, Findings &findings)
 {
+    if (project.table(u"UltimaPerVariante"_s) == nullptr)
+        return;
     std::unordered_map<QByteArray, QString> codes;
-    for (const CheckedRow &item : budget) {
+    for (const CheckedRow &item : project.budget) {
         if (item.code)
             codes.try_emplace(ComparableText(item.code->toUtf8()), *item.code);
     }
-    for (const CheckedRow &allocation : allocations) {
+    for (const CheckedRow &allocation : project.allocations) {
         const auto add = [&](const QString &problem, QStringView remedy = openPayment) {
             findings.append(FindingAt(allocation, FindingGroup::Allocations, problem, remedy));
         };

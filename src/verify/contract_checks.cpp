@@ -96,29 +96,36 @@ QStringList spellingFaults(const QString &code)
 
 } // namespace
 
-QString CheckCodes(const ProjectTable &codes, Findings &findings)
+void CheckCodes(const CheckedProject &project, Findings &findings)
 {
-    QString contractor;
+    const ProjectTable *codes = project.table(u"Funzioni"_s);
+    if (codes == nullptr)
+        return;
     for (const UsedCode &used : UsedCodes) {
-        const qsizetype row = find(codes, u"CodInt"_s, used.code.toString());
-        for (const QString &fault : faultsOf(codes, row, used.use))
+        const qsizetype row = find(*codes, u"CodInt"_s, used.code.toString());
+        for (const QString &fault : faultsOf(*codes, row, used.use))
             findings.append({FindingGroup::Codes, u"Codice %1"_s.arg(used.code), fault,
                              u"correggere la tabella Funzioni di chiavi.mdb nel programma che "
                              "tiene le tabelle comuni, o con l'aiuto dell'assistenza."_s,
                              u"Funzioni"_s, row});
-        if (used.code == InternalCode::Contractor && row >= 0)
-            contractor = codes.value<QString>(row, u"CodExt"_s).value_or(QString());
     }
-    return contractor.contains(u'\'') ? QString() : contractor;
 }
 
-void CheckContractor(const ProjectTable &sheet, const QString &item, Findings &findings)
+void CheckContractor(const CheckedProject &project, Findings &findings)
 {
-    const qsizetype row = item.isEmpty() ? -1 : find(sheet, u"Voce"_s, item);
+    const ProjectTable *codes = project.table(u"Funzioni"_s);
+    const ProjectTable *sheet = project.table(u"SchedaProgetto"_s);
+    if (codes == nullptr || sheet == nullptr)
+        return;
+    const qsizetype code = find(*codes, u"CodInt"_s, InternalCode::Contractor.toString());
+    const QString item =
+        code < 0 ? QString() : codes->value<QString>(code, u"CodExt"_s).value_or(QString());
+    const bool isSearchable = !item.isEmpty() && !item.contains(u'\'');
+    const qsizetype row = isSearchable ? find(*sheet, u"Voce"_s, item) : -1;
     if (row < 0)
         return; // a contract that has no contractor yet
-    const bool isNull = sheet.isNull(row, u"Link"_s);
-    if (isNull || sheet.value<qint32>(row, u"Link"_s).value_or(1) <= 0)
+    const bool isNull = sheet->isNull(row, u"Link"_s);
+    if (isNull || sheet->value<qint32>(row, u"Link"_s).value_or(1) <= 0)
         findings.append(
             {FindingGroup::Contract, u"Appaltatore (voce "_s + item + u')',
              isNull ? u"manca il collegamento (Link) all'anagrafe delle imprese: le fatture delle "
@@ -126,11 +133,12 @@ void CheckContractor(const ProjectTable &sheet, const QString &item, Findings &f
                     : u"non è collegato (Link) all'anagrafe delle imprese: «Mandanti» resta "
                       "disabilitato."_s,
              u"scegliere di nuovo l'appaltatore nel programma che tiene la scheda dell'appalto."_s,
-             sheet.definition.name(), row});
+             sheet->definition.name(), row});
 }
 
-void CheckBudget(const ProjectTable &table, const QList<CheckedRow> &budget, Findings &findings)
+void CheckBudget(const CheckedProject &project, Findings &findings)
 {
+    const QList<CheckedRow> &budget = project.budget;
     const auto add = [&](const CheckedRow &row, const QString &problem) {
         findings.append(FindingAt(row, FindingGroup::Budget, problem,
                                   u"correggere le voci nel programma che le tiene."));
@@ -138,7 +146,7 @@ void CheckBudget(const ProjectTable &table, const QList<CheckedRow> &budget, Fin
     std::set<QString, TextOrder> known;
     for (const CheckedRow &item : budget) {
         for (const QString &field : {u"Voce"_s, u"Descri"_s}) {
-            if (table.isNull(item.place, field))
+            if (item.isNull(field))
                 add(item, u"manca il valore di %1: il quadro di disponibilità si ferma a questa "
                           "riga e la schermata principale non si apre."_s.arg(field));
         }

@@ -1,7 +1,5 @@
 #include "common/creditor_kind.h"
-#include "common/errors.h"
 #include "common/text_cut.h"
-#include "store/payment_amounts.h"
 #include "verify/checks.h"
 
 #include <algorithm>
@@ -72,61 +70,56 @@ bool isInPlace(const CheckedRow &payment)
     return !payment.number || *payment.number == payment.row;
 }
 
+/** Rows of tables whose rows have no names are told by their number. */
+QString nameOfRow(const CheckedProject &project, const ProjectTable &table, qsizetype place)
+{
+    for (const auto &rows : {project.payments, project.allocations, project.budget}) {
+        for (const CheckedRow &row : rows) {
+            if (row.table == &table && row.place == place)
+                return row.name();
+        }
+    }
+    return u"Riga %1"_s.arg(place + 1);
+}
+
 } // namespace
 
-void CheckValues(const ProjectTable &table, const QList<CheckedRow> &rows, Findings &findings)
+void CheckValues(const CheckedProject &project, Findings &findings)
 {
-    const QString &name = table.definition.name();
-    for (qsizetype at = 0; at < table.definition.fields().size(); ++at) {
-        const FieldDef &field = table.definition.fields()[at];
-        for (qsizetype place = 0; !IsText(field) && place < table.rows.size(); ++place) {
-            const NewValue &value = table.rows[place][at];
-            const QString expected = expectedInstead(field.type, value);
-            if (expected.isEmpty())
-                continue;
-            const auto row = std::ranges::find(rows, place, &CheckedRow::place);
-            findings.append(
-                {FindingGroup::Values,
-                 u"%1, %2.%3"_s.arg(row == rows.end() ? u"Riga %1"_s.arg(place + 1) : row->name(),
-                                    name, field.name),
-                 u"il valore «%1» non è %2: il programma si ferma quando lo legge, o ne legge un "
-                 "altro."_s.arg(LeftCharacters(TextOf(value), 40), expected),
-                 InTheArchive.toString(), name, place});
+    for (const auto &[name, table] : project.tables) {
+        for (qsizetype at = 0; at < table.definition.fields().size(); ++at) {
+            const FieldDef &field = table.definition.fields()[at];
+            for (qsizetype place = 0; !IsText(field) && place < table.rows.size(); ++place) {
+                const NewValue &value = table.rows[place][at];
+                const QString expected = expectedInstead(field.type, value);
+                if (!expected.isEmpty())
+                    findings.append(
+                        {FindingGroup::Values,
+                         u"%1, %2.%3"_s.arg(nameOfRow(project, table, place), name, field.name),
+                         u"il valore «%1» non è %2: il programma si ferma quando lo "
+                         "legge, o ne legge un altro."_s.arg(LeftCharacters(TextOf(value), 40),
+                                                             expected),
+                         InTheArchive.toString(), name, place});
+            }
         }
     }
 }
 
-std::optional<Currency> GrossAmount(const ProjectTable &fatture, const CheckedRow &payment)
+void CheckPayments(const CheckedProject &project, Findings &findings)
 {
-    const auto amount = [&](const QString &field) {
-        return fatture.value<Currency>(payment.place, field);
-    };
-    const bool hasOthers = payment.code == KindCode(CreditorKind::Professional);
-    const auto others = hasOthers ? amount(u"AltriImporti01"_s) : std::nullopt;
-    const auto fee = amount(u"Importo"_s);
-    const auto vat = amount(u"ImportoIVA"_s);
-    return fee && vat ? std::optional(*fee + *vat + others.value_or(Currency())) : std::nullopt;
-}
-
-void CheckPayments(const ProjectTable &fatture, const QList<CheckedRow> &payments,
-                   Findings &findings)
-{
-    for (const CheckedRow &payment : payments) {
+    for (const CheckedRow &payment : project.payments) {
         const auto add = [&](const QString &problem, QStringView remedy) {
             findings.append(FindingAt(payment, FindingGroup::Payments, problem, remedy));
         };
-        try {
-            GrossAmount(fatture, payment);
-        } catch (const OverflowError &) {
+        if (payment.isBeyondRange)
             add(u"la somma degli importi supera il massimo che il programma può tenere: la "
                 "schermata principale si ferma a questa riga."_s,
                 InTheArchive);
-        }
         for (const NeededFields &need : neededFields()) {
             if (need.professionalsOnly && payment.code != KindCode(CreditorKind::Professional))
                 continue;
             for (const QString &field : need.fields) {
-                if (fatture.isNull(payment.place, field))
+                if (payment.isNull(field))
                     add(u"manca il valore di %1: "_s.arg(field) + need.consequence,
                         remedyOfNull(payment, field));
             }
@@ -139,8 +132,9 @@ void CheckPayments(const ProjectTable &fatture, const QList<CheckedRow> &payment
     }
 }
 
-void CheckNumbering(const QList<CheckedRow> &payments, Findings &findings)
+void CheckNumbering(const CheckedProject &project, Findings &findings)
 {
+    const QList<CheckedRow> &payments = project.payments;
     const auto add = [&](const CheckedRow &payment, const QString &place, const QString &problem) {
         findings.append(FindingAt(payment, FindingGroup::Numbering, problem,
                                   u"confrontare il numero della riga con la colonna Nr prima di "

@@ -1,5 +1,7 @@
 #include "verify/project_rows.h"
 
+#include "common/creditor_kind.h"
+#include "common/errors.h"
 #include "database/text_order.h"
 
 #include <algorithm>
@@ -35,6 +37,42 @@ QList<CheckedRow> counted(QList<CheckedRow> rows)
     return rows;
 }
 
+/** None when a payment lacks a value. Throws OverflowError. */
+std::optional<Currency> grossAmount(const CheckedRow &payment)
+{
+    const auto amount = [&](const QString &field) {
+        return payment.table->value<Currency>(payment.place, field);
+    };
+    const bool hasOthers = payment.code == KindCode(CreditorKind::Professional);
+    const auto others = hasOthers ? amount(u"AltriImporti01"_s) : std::nullopt;
+    const auto fee = amount(u"Importo"_s);
+    const auto vat = amount(u"ImportoIVA"_s);
+    return fee && vat ? std::optional(*fee + *vat + others.value_or(Currency())) : std::nullopt;
+}
+
+QList<CheckedRow> paymentsOf(const ProjectTable &fatture)
+{
+    QList<CheckedRow> rows = rowsOf(fatture, u"Npag"_s, u"AziProf"_s, {});
+    for (CheckedRow &payment : rows) {
+        try {
+            payment.amount = grossAmount(payment);
+        } catch (const OverflowError &) {
+            payment.isBeyondRange = true;
+        }
+    }
+    std::ranges::stable_sort(rows, {}, &CheckedRow::number);
+    return counted(std::move(rows));
+}
+
+QList<CheckedRow> budgetOf(const ProjectTable &budget)
+{
+    QList<CheckedRow> rows = rowsOf(budget, {}, u"Voce"_s, {});
+    std::ranges::stable_sort(rows, [](const CheckedRow &left, const CheckedRow &right) {
+        return right.code && (!left.code || TextOrder()(*left.code, *right.code));
+    });
+    return counted(std::move(rows));
+}
+
 } // namespace
 
 QString CheckedRow::name() const
@@ -51,25 +89,21 @@ QString CheckedRow::name() const
                                              creditor.isEmpty() ? QString() : u", "_s + creditor);
 }
 
-QList<CheckedRow> PaymentsOf(const ProjectTable &fatture)
+CheckedProject::CheckedProject(const ProjectTables &read)
+    : tables(read)
 {
-    QList<CheckedRow> rows = rowsOf(fatture, u"Npag"_s, u"AziProf"_s, {});
-    std::ranges::stable_sort(rows, {}, &CheckedRow::number);
-    return counted(std::move(rows));
+    if (const ProjectTable *fatture = table(u"Fatture"_s))
+        payments = paymentsOf(*fatture);
+    if (const ProjectTable *spese = table(u"Spese"_s))
+        allocations = counted(rowsOf(*spese, u"RelNpag"_s, u"Cod"_s, u"Importo"_s));
+    if (const ProjectTable *voci = table(u"UltimaPerVariante"_s))
+        budget = budgetOf(*voci);
 }
 
-QList<CheckedRow> AllocationsOf(const ProjectTable &spese)
+const ProjectTable *CheckedProject::table(const QString &name) const
 {
-    return counted(rowsOf(spese, u"RelNpag"_s, u"Cod"_s, u"Importo"_s));
-}
-
-QList<CheckedRow> BudgetOf(const ProjectTable &budget)
-{
-    QList<CheckedRow> rows = rowsOf(budget, {}, u"Voce"_s, {});
-    std::ranges::stable_sort(rows, [](const CheckedRow &left, const CheckedRow &right) {
-        return right.code && (!left.code || TextOrder()(*left.code, *right.code));
-    });
-    return counted(std::move(rows));
+    const auto found = tables.find(name);
+    return found == tables.end() ? nullptr : &found->second;
 }
 
 Finding FindingAt(const CheckedRow &row, FindingGroup group, const QString &problem,

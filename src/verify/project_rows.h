@@ -42,18 +42,28 @@ struct CheckedRow
     int row = 0;                         ///< in the order in which the program shows them, from 1
     std::optional<qint32> number = {};   ///< of the payment
     std::optional<QString> code = {};    ///< of the cost item; of a payment its kind of creditor
-    std::optional<Currency> amount = {}; ///< of an allocation
+    std::optional<Currency> amount = {}; ///< of an allocation; what a payment adds up to
+    bool isBeyondRange = false;          ///< what a payment adds up to
 
     /** What the clerk knows it by: "Pagamento 12 (riga 3, Edil Rossi)", "Voce A01 (riga 2)",
      *  "Conto di spesa alla riga 4 (pagamento 12, codice A01)". */
     QString name() const;
+    bool isNull(const QString &field) const { return table->isNull(place, field); }
 };
 
-/** The rows of a table that outlives them: payments as their list shows them, cost items as the
- *  overview does, allocations as they are stored. */
-QList<CheckedRow> PaymentsOf(const ProjectTable &fatture);
-QList<CheckedRow> AllocationsOf(const ProjectTable &spese);
-QList<CheckedRow> BudgetOf(const ProjectTable &budget);
+/** A project as the checks see it. A table that can't be read has no rows. */
+struct CheckedProject
+{
+    const ProjectTables &tables;
+    QList<CheckedRow> payments;    ///< as their list shows them
+    QList<CheckedRow> allocations; ///< as they are stored
+    QList<CheckedRow> budget;      ///< as the overview shows it
+
+    /** @param read outlives the object. */
+    explicit CheckedProject(const ProjectTables &read);
+    /** Null for one that can't be read. */
+    const ProjectTable *table(const QString &name) const;
+};
 
 /** A finding about a row. */
 Finding FindingAt(const CheckedRow &row, FindingGroup group, const QString &problem,

@@ -89,38 +89,10 @@ void Verification::read(const Database &database, ArchiveFile file)
 Findings Verification::findings() const
 {
     Findings findings = m_ofFiles;
-    const auto table = [this](const QString &name) {
-        const auto found = m_tables.find(name);
-        return found == m_tables.end() ? nullptr : &found->second;
-    };
-    const ProjectTable *fatture = table(u"Fatture"_s);
-    const ProjectTable *spese = table(u"Spese"_s);
-    const ProjectTable *voci = table(u"UltimaPerVariante"_s);
-    const auto payments = fatture ? PaymentsOf(*fatture) : QList<CheckedRow>();
-    const auto allocations = spese ? AllocationsOf(*spese) : QList<CheckedRow>();
-    const auto budget = voci ? BudgetOf(*voci) : QList<CheckedRow>();
-    for (const auto &[name, rows] : m_tables)
-        CheckValues(rows,
-                    &rows == fatture ? payments
-                    : &rows == spese ? allocations
-                    : &rows == voci  ? budget
-                                     : QList<CheckedRow>(),
-                    findings);
-    if (const ProjectTable *codes = table(u"Funzioni"_s)) {
-        const QString contractor = CheckCodes(*codes, findings);
-        if (const ProjectTable *sheet = table(u"SchedaProgetto"_s))
-            CheckContractor(*sheet, contractor, findings);
-    }
-    CheckRepeated(allocations, findings);
-    if (voci) {
-        CheckBudget(*voci, budget, findings);
-        CheckItems(allocations, budget, findings);
-    }
-    if (fatture) {
-        CheckPayments(*fatture, payments, findings);
-        CheckNumbering(payments, findings);
-        CheckInvoices(*fatture, payments, allocations, findings);
-    }
+    const CheckedProject project(m_tables);
+    for (const auto &check : {CheckValues, CheckCodes, CheckContractor, CheckRepeated, CheckBudget,
+                              CheckItems, CheckPayments, CheckNumbering, CheckInvoices})
+        check(project, findings);
     return findings;
 }
 
