@@ -5,8 +5,8 @@
 #include "common/text_cut.h"
 #include "exchange/archive_tables.h"
 #include "exchange/cell_values.h"
+#include "exchange/made_files.h"
 #include "exchange/progress.h"
-#include "exchange/project_place.h"
 #include "platform/whole_file.h"
 #include "store/archive_paths.h"
 
@@ -169,7 +169,8 @@ QString ExportProject(const QString &projectFolder, const QString &csvFolder, bo
         paths.append(targetPath(csvFolder, table.fileName(), overwrite));
     const QList<TableFile> files = filesOf(ExistingFolder(projectFolder));
     refuseUntold(files);
-    MakeFolder(csvFolder);
+    MadeFiles made; // goes when no file has come into it
+    made.makeFolder(csvFolder);
     QString summary = QFileInfo::exists(markPath(csvFolder))
                           ? u"L'esportazione di prima non era arrivata in fondo.\n"_s
                           : QString();
@@ -190,6 +191,7 @@ QString ExportProject(const QString &projectFolder, const QString &csvFolder, bo
             }
         });
     QFile::remove(markPath(csvFolder));
+    made.keep();
     return summary;
 }
 

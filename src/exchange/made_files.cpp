@@ -1,6 +1,6 @@
 #include "exchange/made_files.h"
 
-#include "exchange/project_place.h"
+#include "common/errors.h"
 #include "platform/whole_file.h"
 #include "store/archive_creation.h"
 
@@ -27,7 +27,9 @@ void MadeFiles::makeFolder(const QString &folder)
     const qsizetype end = m_paths.size();
     for (QString missing = folder; !QFileInfo::exists(missing); missing = QFileInfo(missing).path())
         m_paths.insert(end, missing);
-    MakeFolder(folder);
+    if (!QDir().mkpath(folder))
+        throw FileError(folder, u"La cartella non può essere creata."_s,
+                        u"Controllare i permessi e lo spazio libero sul disco."_s);
 }
 
 void MadeFiles::makeDatabase(const QString &path, ArchiveFile file)

@@ -50,19 +50,6 @@ ProjectPlace PlaceOf(const QString &folder)
     return place;
 }
 
-void MakeFolder(const QString &folder)
-{
-    if (!QDir().mkpath(folder))
-        throw FileError(folder, u"La cartella non può essere creata."_s,
-                        u"Controllare i permessi e lo spazio libero sul disco."_s);
-}
-
-void MakeFolders(const ProjectPlace &place)
-{
-    MakeFolder(place.folder);
-    MakeFolder(MachinePath(place.root + ArchiveFolders::Tabelle.toString()));
-}
-
 QString SettingReport(const ProjectPlace &place)
 {
     const auto present = StoredArchivesRoot();

@@ -16,12 +16,6 @@ struct ProjectPlace
  * for any other folder. */
 ProjectPlace PlaceOf(const QString &folder);
 
-/** Makes a folder of the machine with those above it. Throws FileError. */
-void MakeFolder(const QString &folder);
-
-/** Makes the folders of the project and of the shared tables. Throws FileError. */
-void MakeFolders(const ProjectPlace &place);
-
 /** Makes the place's root the archives root when none is set yet. Gives what to tell about that and
  *  the command that opens the project. */
 QString SettingReport(const ProjectPlace &place);

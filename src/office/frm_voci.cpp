@@ -22,9 +22,10 @@ namespace {
 
 QList<CellFault> budgetFaults(const TableRows &rows)
 {
-    const ProjectTable budget{TableNamed(u"UltimaPerVariante"_s)->definition, rows};
+    const ExchangedTable &table = *TableNamed(u"UltimaPerVariante"_s);
+    const ProjectTables budget{{table.name(), {table.definition, rows}}};
     Findings findings;
-    CheckBudget(budget, BudgetOf(budget), findings);
+    CheckBudget(CheckedProject(budget), findings);
     QList<CellFault> faults;
     for (const Finding &finding : findings)
         faults.append({static_cast<int>(finding.row), {}, finding.problem});
