@@ -43,4 +43,11 @@ fi
 if git grep -nE 'sqlite3(_|\.h)' -- src | grep -vE '^src/database/'; then
     fail 'only the database layer knows the database engine'
 fi
+
+# The files that the documents speak of are there.
+tree=$(git ls-files)
+for name in $(grep -hoE '`[a-z_./-]+/[a-z_.-]+`' README.md CONTRIBUTING.md docs/architecture.md \
+    | tr -d '`' | grep -vE '^build/|\*' | sort -u); do
+    grep -qE "(^|/)${name%/}(/|\.|$)" <<<"$tree" || fail "a document speaks of $name, which is not there"
+done
 echo 'lint: clean'
