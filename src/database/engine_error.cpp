@@ -6,7 +6,6 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
-#include <algorithm>
 #include <array>
 #include <new>
 #include <sqlite3.h>
@@ -17,6 +16,12 @@ namespace saldoro {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/** What a more exact code belongs to. */
+int kindOf(int code)
+{
+    return code & 0xFF;
+}
 
 /** What the engine tells in words only; in them is the name of a table or field. */
 DatabaseError errorInWords(const QString &message, const QString &path, const QString &table)
@@ -51,58 +56,52 @@ DatabaseFault cannotOpenFault(const QString &path)
     return file.isFile() ? DatabaseFault::ReadOnly : DatabaseFault::NotADatabase;
 }
 
-/** Whether nothing was lost: the failure came before anything was to be written. */
-bool isFailedReading(int code)
-{
-    constexpr std::array readingCodes{SQLITE_IOERR_READ,   SQLITE_IOERR_SHORT_READ,
-                                      SQLITE_IOERR_FSTAT,  SQLITE_IOERR_ACCESS,
-                                      SQLITE_IOERR_RDLOCK, SQLITE_IOERR_CHECKRESERVEDLOCK,
-                                      SQLITE_IOERR_LOCK};
-    return std::find(readingCodes.begin(), readingCodes.end(), code) != readingCodes.end();
-}
+/** What the engine's codes stand for. The more exact ones stand before those that they belong to,
+ *  which are their lowest byte. */
+constexpr std::array<std::pair<int, DatabaseFault>, 16> codeFaults{{
+    {SQLITE_BUSY, DatabaseFault::Locked},
+    {SQLITE_LOCKED, DatabaseFault::Locked},
+    {SQLITE_READONLY_DBMOVED, DatabaseFault::FileMissing},
+    {SQLITE_READONLY, DatabaseFault::ReadOnly},
+    {SQLITE_NOTADB, DatabaseFault::NotADatabase},
+    {SQLITE_CORRUPT, DatabaseFault::NotADatabase},
+    {SQLITE_FULL, DatabaseFault::DiskFull},
+    // These come before anything was to be written, so nothing is lost.
+    {SQLITE_IOERR_READ, DatabaseFault::ReadFailed},
+    {SQLITE_IOERR_SHORT_READ, DatabaseFault::ReadFailed},
+    {SQLITE_IOERR_FSTAT, DatabaseFault::ReadFailed},
+    {SQLITE_IOERR_ACCESS, DatabaseFault::ReadFailed},
+    {SQLITE_IOERR_RDLOCK, DatabaseFault::ReadFailed},
+    {SQLITE_IOERR_CHECKRESERVEDLOCK, DatabaseFault::ReadFailed},
+    {SQLITE_IOERR_LOCK, DatabaseFault::ReadFailed},
+    {SQLITE_IOERR, DatabaseFault::DiskFull},
+    {SQLITE_INTERRUPT, DatabaseFault::Endless}, // by the clock of the connection
+}};
 
 DatabaseFault faultOf(int code, const QString &path)
 {
-    switch (code & 0xFF) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-        return DatabaseFault::Locked;
-    case SQLITE_READONLY:
-        return code == SQLITE_READONLY_DBMOVED ? DatabaseFault::FileMissing
-                                               : DatabaseFault::ReadOnly;
-    case SQLITE_NOTADB:
-    case SQLITE_CORRUPT:
-        return DatabaseFault::NotADatabase;
-    case SQLITE_FULL:
-        return DatabaseFault::DiskFull;
-    case SQLITE_IOERR:
-        return isFailedReading(code) ? DatabaseFault::ReadFailed : DatabaseFault::DiskFull;
-    case SQLITE_INTERRUPT: // by the clock of the connection
-        return DatabaseFault::Endless;
-    case SQLITE_CANTOPEN:
+    if (kindOf(code) == SQLITE_CANTOPEN)
         return cannotOpenFault(path);
-    default:
-        return DatabaseFault::Other;
+    for (const auto &[known, fault] : codeFaults) {
+        if (known == code || known == kindOf(code))
+            return fault;
     }
+    return DatabaseFault::Other;
 }
 
 } // namespace
 
 void ThrowEngineError(int code, const QString &message, const QString &path, const QString &table)
 {
-    switch (code & 0xFF) {
-    case SQLITE_NOMEM:
+    const int kind = kindOf(code);
+    if (kind == SQLITE_NOMEM)
         throw std::bad_alloc();
-    case SQLITE_ERROR:
-    case SQLITE_CONSTRAINT:
+    if (kind == SQLITE_ERROR || kind == SQLITE_CONSTRAINT)
         throw errorInWords(message, path, table);
-    default:
-        const DatabaseFault fault = faultOf(code, path);
-        const bool needsDetail = fault == DatabaseFault::Other ||
-                                 fault == DatabaseFault::DiskFull ||
-                                 fault == DatabaseFault::ReadFailed;
-        throw DatabaseError(fault, path, table, {}, needsDetail ? message : QString());
-    }
+    const DatabaseFault fault = faultOf(code, path);
+    const bool needsDetail = fault == DatabaseFault::Other || fault == DatabaseFault::DiskFull ||
+                             fault == DatabaseFault::ReadFailed;
+    throw DatabaseError(fault, path, table, {}, needsDetail ? message : QString());
 }
 
 } // namespace saldoro

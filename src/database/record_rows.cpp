@@ -82,7 +82,7 @@ int RecordRows::lastLive() const
 void RecordRows::insert(const RecordChanges &values)
 {
     const int before = m_file->changesSoFar();
-    const int changed = write(InsertSql, values, {});
+    const int changed = write(InsertSql(m_target, namesOf(values)), values, {});
     const qint64 id = m_file->lastRowId();
     // Triggers that changed something may have taken the record away again.
     const bool isAlone = m_file->changesSoFar() - before == changed;
@@ -95,7 +95,7 @@ void RecordRows::insert(const RecordChanges &values)
 bool RecordRows::update(int row, const RecordChanges &values)
 {
     const qint64 id = record(row).id;
-    const int changed = write(UpdateSql, values, id);
+    const int changed = write(UpdateSql(m_target, namesOf(values)), values, id);
     if (changed == 0 && !isInFile(id))
         return false;
     requireStored(changed == 1);
@@ -106,7 +106,7 @@ bool RecordRows::update(int row, const RecordChanges &values)
 void RecordRows::remove(int row)
 {
     const qint64 id = record(row).id;
-    requireStored(write(DeleteSql, {}, id) == 1 || !isInFile(id));
+    requireStored(write(DeleteSql(m_target), {}, id) == 1 || !isInFile(id));
     m_records[static_cast<size_t>(row)].values = nullptr;
     --m_liveCount;
 }
@@ -136,27 +136,21 @@ QStringList RecordRows::namesOf(const RecordChanges &values) const
 
 /** Runs a statement whose parameters are the values, then perhaps a row's id; the number of records
  *  that it changed. */
-int RecordRows::write(ChangeSql sqlOf, const RecordChanges &values, std::optional<qint64> rowId)
+int RecordRows::write(const QString &sql, const RecordChanges &values, std::optional<qint64> rowId)
 {
-    const QStringList fields = namesOf(values);
-    if (!m_change || sqlOf != m_changeSql || fields != m_changedFields) {
-        m_change.emplace(m_file, sqlOf(m_target, fields), m_place.table);
-        m_changeSql = sqlOf;
-        m_changedFields = fields;
-    }
+    Statement change(m_file, sql, m_place.table);
     int parameter = 0;
     for (const auto &[column, value] : values)
-        m_change->bind(++parameter, value);
+        change.bind(++parameter, value);
     if (rowId)
-        m_change->bind(++parameter, *rowId);
-    return m_change->run();
+        change.bind(++parameter, *rowId);
+    return change.run();
 }
 
 void RecordRows::keep(int row, const RecordChanges &values)
 {
     for (const auto &[column, value] : values)
         record(row).values[column] = value;
-    m_isWritten = true;
     m_indexes.clear();
 }
 
@@ -198,10 +192,6 @@ QByteArray RecordRows::comparableText(const StoredValue &value, int column) cons
 
 int RecordRows::nextEqual(int row, int column, const QByteArray &wanted)
 {
-    if (m_isWritten)
-        return nextThat(row, column, [&](const StoredValue &value) {
-            return comparableText(value, column) == wanted;
-        });
     const QList<int> rows = indexOf(column).value(wanted);
     const auto match = std::find_if(std::upper_bound(rows.begin(), rows.end(), row), rows.end(),
                                     [this](int candidate) { return isLive(candidate); });

@@ -49,6 +49,8 @@ public:
 
     const StoredValue &value(int row, int column) const { return record(row).values[column]; }
     int liveCount() const { return m_liveCount; }
+    /** Whether the record was not removed. */
+    bool isLive(int row) const { return record(row).values != nullptr; }
 
     /** The first record after @p row (NoRow for the very first) that was not removed, or NoRow. */
     int nextLive(int row) const;
@@ -69,7 +71,6 @@ public:
 
 private:
     using Index = QHash<QByteArray, QList<int>>;
-    using ChangeSql = QString (*)(const TablePlace &table, const QStringList &fields);
 
     struct Record
     {
@@ -78,7 +79,6 @@ private:
     };
 
     const Record &record(int row) const { return m_records[static_cast<size_t>(row)]; }
-    bool isLive(int row) const { return record(row).values != nullptr; }
     StoredValue *append(qint64 id);
     template <typename Meets>
     int nextThat(int row, int column, const Meets &meets) const;
@@ -87,24 +87,21 @@ private:
     const Index &indexOf(int column);
 
     QStringList namesOf(const RecordChanges &values) const;
-    int write(ChangeSql sqlOf, const RecordChanges &values, std::optional<qint64> rowId);
+    int write(const QString &sql, const RecordChanges &values, std::optional<qint64> rowId);
     bool isInFile(qint64 id) const;
     void requireStored(bool isStored) const;
     void keep(int row, const RecordChanges &values);
 
     std::shared_ptr<Connection> m_file;
-    std::optional<Statement> m_query;  ///< as long as the records have not been read
-    std::optional<Statement> m_change; ///< the last one, for when the next one is alike
-    ChangeSql m_changeSql = nullptr;   ///< what gives its text...
-    QStringList m_changedFields;       ///< ...for these fields
+    std::optional<Statement> m_query; ///< as long as the records have not been read
     RecordPlace m_place;
     TablePlace m_target;
     QList<FieldDef> m_fields;
     std::pmr::monotonic_buffer_resource m_memory;
     std::vector<Record> m_records;
     int m_liveCount = 0;
-    bool m_isWritten = false;    ///< then nothing is indexed any more
-    QHash<int, Index> m_indexes; ///< by column: the records of each text, made when first asked for
+    /** By column: the records of each text, made when first asked for and after a write. */
+    QHash<int, Index> m_indexes;
 };
 
 } // namespace saldoro

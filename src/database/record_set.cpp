@@ -12,13 +12,9 @@ using namespace Qt::StringLiterals;
 /** The records, the position among them, what is sought and the buffer of a change under way. */
 struct RecordSet::Data
 {
-    enum class Position
-    {
-        OnRecord,
-        OnDeleted, ///< on a record that was deleted through this set
-        AtEnd,
-        Nowhere ///< after a find without a match
-    };
+    /** Positions without a record: behind the last one, and after a find without a match. */
+    static constexpr int AtEnd = RecordRows::NoRow;
+    static constexpr int Nowhere = AtEnd - 1;
 
     enum class Change
     {
@@ -29,8 +25,7 @@ struct RecordSet::Data
 
     std::unique_ptr<RecordRows> rows;
 
-    int row = RecordRows::NoRow;
-    Position position = Position::AtEnd;
+    int row = AtEnd; ///< perhaps one that was deleted through this set
     bool noMatch = false;
 
     QString criterionText = {}; ///< what was searched for last
@@ -48,33 +43,38 @@ struct RecordSet::Data
 
     int columnOf(const QString &name) const
     {
-        for (int column = 0; column < rows->fields().size(); ++column) {
-            const QString &own = rows->fields()[column].name;
-            if (own.size() == name.size() &&
-                (own == name || own.compare(name, Qt::CaseInsensitive) == 0))
-                return column;
-        }
-        throw error(DatabaseFault::FieldMissing, name);
+        const qsizetype column = PlaceOf(rows->fields(), name);
+        if (column < 0)
+            throw error(DatabaseFault::FieldMissing, name);
+        return static_cast<int>(column);
     }
 
-    void requireRecord() const
+    void requireRecord(const QString &field = {}) const
     {
-        if (position != Position::OnRecord)
-            throw error(DatabaseFault::NoCurrentRecord);
+        if (row < 0 || !rows->isLive(row))
+            throw error(DatabaseFault::NoCurrentRecord, field);
     }
 
-    void goTo(int wanted, Position otherwise)
+    void requireUpdatable() const
+    {
+        if (!rows->areUpdatable())
+            throw error(DatabaseFault::ReadOnly);
+    }
+
+    void requireChange(const QString &field = {}) const
+    {
+        if (change == Change::None)
+            throw error(DatabaseFault::Other, field, u"nessuna modifica in corso"_s);
+    }
+
+    void goTo(int wanted)
     {
         row = wanted;
-        position = wanted == RecordRows::NoRow ? otherwise : Position::OnRecord;
-        change = Change::None;
-        buffer.clear();
+        begin(Change::None);
     }
 
     void begin(Change wanted)
     {
-        if (!rows->areUpdatable())
-            throw error(DatabaseFault::ReadOnly);
         buffer.clear();
         change = wanted;
     }
@@ -84,8 +84,8 @@ struct RecordSet::Data
     void findAfter(int start)
     {
         const int match = rows->nextMatch(start, criterionColumn, *criterion);
-        goTo(match, Position::Nowhere);
         noMatch = match == RecordRows::NoRow;
+        goTo(noMatch ? Nowhere : match);
     }
 };
 
@@ -120,14 +120,14 @@ RecordSet::Data &RecordSet::filled() const
 {
     Data &data = *m_data;
     if (data.rows->read())
-        data.goTo(data.rows->nextLive(RecordRows::NoRow), Data::Position::AtEnd);
+        data.goTo(data.rows->nextLive(RecordRows::NoRow));
     return data;
 }
 
 bool RecordSet::eof() const
 {
     const Data &data = filled();
-    return data.rows->liveCount() == 0 || data.position == Data::Position::AtEnd;
+    return data.rows->liveCount() == 0 || data.row == Data::AtEnd;
 }
 
 bool RecordSet::isUpdatable() const
@@ -143,21 +143,21 @@ int RecordSet::recordCount() const
 void RecordSet::moveFirst()
 {
     Data &data = filled();
-    data.goTo(data.rows->nextLive(RecordRows::NoRow), Data::Position::AtEnd);
+    data.goTo(data.rows->nextLive(RecordRows::NoRow));
 }
 
 void RecordSet::moveLast()
 {
     Data &data = filled();
-    data.goTo(data.rows->lastLive(), Data::Position::AtEnd);
+    data.goTo(data.rows->lastLive());
 }
 
 void RecordSet::moveNext()
 {
     Data &data = filled();
-    if (data.position == Data::Position::AtEnd || data.position == Data::Position::Nowhere)
+    if (data.row < 0)
         throw data.error(DatabaseFault::NoCurrentRecord);
-    data.goTo(data.rows->nextLive(data.row), Data::Position::AtEnd);
+    data.goTo(data.rows->nextLive(data.row));
 }
 
 void RecordSet::findFirst(const QString &criterion)
@@ -171,10 +171,10 @@ void RecordSet::findNext(const QString &criterion)
 {
     Data &data = filled();
     const bool isEmpty = data.rows->liveCount() == 0;
-    if (data.position == Data::Position::Nowhere && !isEmpty)
+    if (data.row == Data::Nowhere && !isEmpty)
         throw data.error(DatabaseFault::NoCurrentRecord);
     // Behind the last record only what was added meanwhile could follow, and that is not looked at.
-    const bool isBehindAll = isEmpty || data.position == Data::Position::AtEnd;
+    const bool isBehindAll = isEmpty || data.row == Data::AtEnd;
     data.setCriterion(criterion);
     data.findAfter(isBehindAll ? data.rows->lastLive() : data.row);
 }
@@ -195,20 +195,22 @@ FieldValue RecordSet::field(int column) const
     if (column < 0 || column >= data.rows->fields().size())
         throw data.error(DatabaseFault::FieldMissing, QString::number(column));
     const FieldDef &field = data.rows->fields()[column];
-    if (data.position != Data::Position::OnRecord)
-        throw data.error(DatabaseFault::NoCurrentRecord, field.name);
+    data.requireRecord(field.name);
     return {data.rows->value(data.row, column), field, data.rows->place()};
 }
 
 void RecordSet::addNew()
 {
-    filled().begin(Data::Change::Adding);
+    Data &data = filled();
+    data.requireUpdatable();
+    data.begin(Data::Change::Adding);
 }
 
 void RecordSet::edit()
 {
     Data &data = filled();
     data.requireRecord();
+    data.requireUpdatable();
     data.begin(Data::Change::Editing);
 }
 
@@ -216,8 +218,7 @@ void RecordSet::set(const QString &name, const NewValue &value)
 {
     Data &data = *m_data;
     const int column = data.columnOf(name);
-    if (data.change == Data::Change::None)
-        throw data.error(DatabaseFault::Other, name, u"nessuna modifica in corso"_s);
+    data.requireChange(name);
     const auto form = StoredForm(data.rows->fields()[column], value, data.rows->texts());
     if (const auto *fault = std::get_if<DatabaseFault>(&form))
         throw data.error(*fault, name);
@@ -227,24 +228,20 @@ void RecordSet::set(const QString &name, const NewValue &value)
 void RecordSet::update()
 {
     Data &data = *m_data;
-    if (data.change == Data::Change::None)
-        throw data.error(DatabaseFault::Other, {}, u"nessuna modifica in corso"_s);
+    data.requireChange();
     if (data.change == Data::Change::Adding)
         data.rows->insert(data.buffer);
     else if (!data.buffer.empty() && !data.rows->update(data.row, data.buffer))
         throw data.error(DatabaseFault::RecordGone);
-    data.change = Data::Change::None;
-    data.buffer.clear();
+    data.begin(Data::Change::None);
 }
 
 void RecordSet::deleteRecord()
 {
     Data &data = filled();
     data.requireRecord();
-    if (!data.rows->areUpdatable())
-        throw data.error(DatabaseFault::ReadOnly);
+    data.requireUpdatable();
     data.rows->remove(data.row);
-    data.position = Data::Position::OnDeleted;
     data.change = Data::Change::None;
 }
 

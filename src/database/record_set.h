@@ -56,8 +56,8 @@ public:
      * Throws SyntaxError for anything else, TypeMismatch for a quoted text against a number field
      * or the other way round, FieldMissing.
      *
-     * Until the set is first written to a text is looked up in an index, made when it is first
-     * asked for; every other find goes over the records.
+     * A text is looked up in an index, which is made when first asked for and again after a write;
+     * every other find goes over the records.
      */
     void findFirst(const QString &criterion);
     void findNext(const QString &criterion);

@@ -4,8 +4,6 @@
 
 #include <QRegularExpression>
 
-#include <algorithm>
-
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
@@ -75,9 +73,7 @@ QString EngineQuery::textWithRowId(const QString &rowIdName) const
 QString RowIdName(const QList<FieldDef> &fields)
 {
     for (const QString &name : {u"_rowid_"_s, u"rowid"_s, u"oid"_s}) {
-        if (std::none_of(fields.begin(), fields.end(), [&](const FieldDef &field) {
-                return field.name.compare(name, Qt::CaseInsensitive) == 0;
-            }))
+        if (PlaceOf(fields, name) < 0)
             return name;
     }
     return {};
@@ -113,7 +109,7 @@ QString UpdateSql(const TablePlace &table, const QStringList &fields)
            u" = ? WHERE "_s + table.rowIdName + u" = ?"_s;
 }
 
-QString DeleteSql(const TablePlace &table, const QStringList & /*none*/)
+QString DeleteSql(const TablePlace &table)
 {
     return u"DELETE FROM "_s + table.name + u" WHERE "_s + table.rowIdName + u" = ?"_s;
 }

@@ -50,9 +50,9 @@ QString CreateTableSql(const TableDef &table, const QString &schema);
 
 /** The statements on single records; the parameters are the values of the fields, behind them the
  *  id of the row. What the table says of conflicts does not count: a row that is in the way of
- *  another one stays. A deletion has no fields, and takes them to be called like an update. */
+ *  another one stays. */
 QString InsertSql(const TablePlace &table, const QStringList &fields);
 QString UpdateSql(const TablePlace &table, const QStringList &fields);
-QString DeleteSql(const TablePlace &table, const QStringList &none);
+QString DeleteSql(const TablePlace &table);
 
 } // namespace saldoro

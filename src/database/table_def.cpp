@@ -28,6 +28,17 @@ const QList<std::pair<FieldType, QString>> &typeWords()
 
 } // namespace
 
+qsizetype PlaceOf(const QList<FieldDef> &fields, const QString &name)
+{
+    for (qsizetype at = 0; at < fields.size(); ++at) {
+        const QString &own = fields[at].name;
+        if (own.size() == name.size() &&
+            (own == name || own.compare(name, Qt::CaseInsensitive) == 0))
+            return at;
+    }
+    return -1;
+}
+
 TableDef::TableDef(QString name)
     : m_name(std::move(name))
 {
@@ -44,16 +55,6 @@ FieldDef &TableDef::field(const QString &name)
     if (at < 0)
         throw DatabaseError(DatabaseFault::FieldMissing, {}, m_name, name);
     return m_fields[at];
-}
-
-qsizetype TableDef::place(const QString &name) const
-{
-    for (qsizetype at = 0; at < m_fields.size(); ++at) {
-        const QString &own = m_fields[at].name;
-        if (own.size() == name.size() && own.compare(name, Qt::CaseInsensitive) == 0)
-            return at;
-    }
-    return -1;
 }
 
 QString DeclaredType(const FieldDef &field)

@@ -29,6 +29,9 @@ struct FieldDef
     bool allowZeroLength = false;
 };
 
+/** Place of the field of that name, letter case ignored; -1 when there is none. */
+qsizetype PlaceOf(const QList<FieldDef> &fields, const QString &name);
+
 /** Whether the field holds texts. */
 inline bool IsText(const FieldDef &field)
 {
@@ -47,8 +50,8 @@ public:
     /** The appended field of that name, letter case ignored. Throws FieldMissing. */
     FieldDef &field(const QString &name);
 
-    /** Place of a field, by its name in any letter case, in their order; -1 for none. */
-    qsizetype place(const QString &name) const;
+    /** As PlaceOf(), among the appended fields. */
+    qsizetype place(const QString &name) const { return PlaceOf(m_fields, name); }
 
     const QString &name() const { return m_name; }
     const QList<FieldDef> &fields() const { return m_fields; }

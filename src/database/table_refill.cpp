@@ -34,15 +34,15 @@ TableRefill::TableRefill(const Database &database, const QString &table, const Q
         if (!fields.contains(written.text(1), Qt::CaseInsensitive))
             others.append(QuotedName(written.text(1)));
     }
-    m_hasOthers = !others.isEmpty();
-    if (m_hasOthers && RowIdName(all).isEmpty()) // nothing left to tell its records apart by
-        throw DatabaseError(DatabaseFault::ReadOnly, m_file->path(), table);
-    if (m_hasOthers)
+    if (!others.isEmpty()) {
+        if (RowIdName(all).isEmpty()) // nothing left to tell its records apart by
+            throw DatabaseError(DatabaseFault::ReadOnly, m_file->path(), table);
         Statement(m_file, u"CREATE TABLE %1 AS SELECT * FROM %2"_s.arg(asideName, target), table)
             .run();
+    }
     Database(m_file).deleteAll(table);
     m_insert.emplace(m_file, InsertSql({target, {}}, fields), table);
-    if (!m_hasOthers)
+    if (others.isEmpty())
         return;
     QStringList names = others;
     for (const QString &field : fields)
@@ -56,11 +56,11 @@ TableRefill::TableRefill(const Database &database, const QString &table, const Q
 
 TableRefill::~TableRefill()
 {
-    m_insert.reset();
+    if (!m_carry)
+        return;
     m_carry.reset();
     try {
-        if (m_hasOthers)
-            Statement(m_file, u"DROP TABLE "_s + asideName).run();
+        Statement(m_file, u"DROP TABLE "_s + asideName).run();
     } catch (const std::exception &) {
         // It goes with the connection at the latest.
     }

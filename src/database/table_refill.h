@@ -37,9 +37,8 @@ private:
     std::shared_ptr<Connection> m_file;
     QString m_table;
     QList<FieldDef> m_fields;
-    bool m_hasOthers = false; ///< fields that the new records do not name
     std::optional<Statement> m_insert;
-    std::optional<Statement> m_carry; ///< inserts with what it takes over
+    std::optional<Statement> m_carry; ///< inserts with the fields that new records do not name
 };
 
 } // namespace saldoro
