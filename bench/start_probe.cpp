@@ -1,6 +1,5 @@
 #include "app/application.h"
 #include "app/form_flow.h"
-#include "app/install_settings.h"
 #include "app/start_up.h"
 #include "bare_reads.h"
 

@@ -1,7 +1,6 @@
 #include "answered_boxes.h"
 #include "app/application.h"
 #include "app/error_report.h"
-#include "app/install_settings.h"
 #include "app/start_up.h"
 #include "app/update_handshake.h"
 #include "app/version.h"
@@ -124,14 +123,11 @@ private slots:
         const QDateTime written(QDate::fromString(date, u"dd/MM/yyyy"_s),
                                 QTime::fromString(time, u"HH:mm:ss"_s));
         QVERIFY(before.secsTo(written) >= 0 && written <= QDateTime::currentDateTime());
-        const ProgramVersion version{VersionMajor, VersionMinor, VersionRevision};
         QCOMPARE(text, u"[Configuration]\r\nAutorun = Prova.exe\r\n"
-                       "Versione = %1.%2.%3     (01/02/2003)\r\nBuild = %4\r\n"
-                       "KeyReg = Software\\Dornvale\\ZELT\r\nData = %5\r\nTime = %6\r\n\r\n"
-                       "[FILE]\r\nNUMFILE = 1\r\nFILE1 = Prova.EXE\r\n"_s.arg(version.major)
-                           .arg(version.minor)
-                           .arg(version.revision)
-                           .arg(BuildText(version), date, time));
+                       "Versione = %1     (01/02/2003)\r\nBuild = %2\r\n"
+                       "KeyReg = Software\\Dornvale\\ZELT\r\nData = %3\r\nTime = %4\r\n\r\n"
+                       "[FILE]\r\nNUMFILE = 1\r\nFILE1 = Prova.EXE\r\n"_s.arg(
+                           VersionText, BuildText(OwnVersion()), date, time));
         QCOMPARE(QDir().entryList(QDir::Files), QStringList{name});
 
         QVERIFY(QFile::remove(name) && QDir().mkdir(name)); // a folder stands in the way

@@ -1,6 +1,5 @@
 #include "app/error_report.h"
 
-#include "app/install_settings.h"
 #include "common/errors.h"
 #include "platform/registry.h"
 #include "store/archive_paths.h"
@@ -46,31 +45,17 @@ QString pathHint(const QString &path)
 }
 
 /** Faults that what is stored gives rise to: values, codes with apostrophes, codes not mapped. */
-bool isAboutStoredValues(const DatabaseError &error)
+bool isAboutStoredValues(DatabaseFault fault)
 {
-    switch (error.fault()) {
-    case DatabaseFault::NullValue:
-    case DatabaseFault::TypeMismatch:
-    case DatabaseFault::SyntaxError:
-    case DatabaseFault::NoCurrentRecord:
-        return true;
-    default:
-        return false;
-    }
+    using enum DatabaseFault;
+    return fault == NullValue || fault == TypeMismatch || fault == SyntaxError ||
+           fault == NoCurrentRecord;
 }
 
-/** The project's folder as the check takes it; a stand-in where the file is the code map, which
- *  lies elsewhere. */
-QString folderToCheck(const QString &path)
-{
-    if (path.isEmpty() || path.endsWith(ArchiveFiles::Codes, Qt::CaseInsensitive))
-        return u"CARTELLA"_s;
-    return u'"' + QFileInfo(path).path() + u'"';
-}
-
-/** The check as a command to type: its name where the system finds it by that, else its place
- *  beside this program. */
-QString checkCommand()
+/** The check of the project that the file @p path belongs to, as a command to type: the check's
+ *  name where the system finds it by that, else its place beside this program; then the project's
+ *  folder, a stand-in where the file is the code map, which lies elsewhere. */
+QString checkCommand(const QString &path)
 {
     QString program = u"saldoro-archivio"_s;
     if (QStandardPaths::findExecutable(program).isEmpty())
@@ -78,7 +63,10 @@ QString checkCommand()
             u'"' +
             QDir::toNativeSeparators(QCoreApplication::applicationDirPath() + u'/' + program) +
             u'"';
-    return program + u" verifica"_s;
+    const bool isElsewhere =
+        path.isEmpty() || path.endsWith(ArchiveFiles::Codes, Qt::CaseInsensitive);
+    return program + u" verifica "_s +
+           (isElsewhere ? u"CARTELLA"_s : u'"' + QFileInfo(path).path() + u'"');
 }
 
 } // namespace
@@ -96,9 +84,9 @@ QString ErrorReport(const std::exception &error)
         return text;
     if (database->fault() == DatabaseFault::FileMissing)
         text += pathHint(database->detail(Detail::File));
-    if (isAboutStoredValues(*database))
-        text += u"\n\nPer controllare l'archivio eseguire: "_s + checkCommand() + u' ' +
-                folderToCheck(own->detail(Detail::File));
+    if (isAboutStoredValues(database->fault()))
+        text += u"\n\nPer controllare l'archivio eseguire: "_s +
+                checkCommand(own->detail(Detail::File));
     return text;
 }
 

@@ -13,17 +13,6 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/** Gives up a form that is still sending its own signal. */
-template <typename Form>
-void releaseLater(std::unique_ptr<Form> &form)
-{
-    form.release()->deleteLater();
-}
-
-} // namespace
-
 FormFlow::FormFlow(ProgramValues &values)
     : m_values(values)
     , m_main(std::make_unique<FrmPrincipale>(values))
@@ -79,7 +68,7 @@ void FormFlow::raiseChooser()
 
 void FormFlow::chooserFinished()
 {
-    releaseLater(m_chooser);
+    m_chooser.release()->deleteLater(); // it is still sending its own signal
     m_main->putBackInUse();
 }
 
@@ -114,7 +103,7 @@ void FormFlow::invoiceFormUnloaded(CreditorKind kind)
 {
     auto &form = m_invoices[kind];
     form->hide(); // not to be seen while the documents of the main form are written
-    releaseLater(form);
+    form.release()->deleteLater();
     if (IsEnding())
         return;
     m_main->reopen();

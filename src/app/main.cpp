@@ -4,7 +4,7 @@
 #include "app/start_up.h"
 #include "app/update_handshake.h"
 #include "common/program_values.h"
-#include "controls/window_size.h"
+#include "controls/window_placement.h"
 #include "platform/console.h"
 #include "platform/process.h"
 

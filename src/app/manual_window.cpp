@@ -1,7 +1,6 @@
 #include "app/manual_window.h"
 
 #include "controls/window_placement.h"
-#include "controls/window_size.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>

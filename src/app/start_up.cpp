@@ -1,14 +1,26 @@
 #include "app/start_up.h"
 
-#include "app/install_settings.h"
 #include "app/update_handshake.h"
+#include "common/errors.h"
 #include "platform/machine_path.h"
 #include "store/archive_creation.h"
 #include "store/archive_paths.h"
+#include "store/archives_root.h"
 
 #include <QFileInfo>
 
 namespace saldoro {
+
+void InitInstallSettings(ProgramValues &values)
+{
+    values.ProgramBuild = BuildText(OwnVersion());
+    values.ArchiveRoot.clear();
+    try {
+        values.ArchiveRoot = StoredArchivesRoot().value_or(QString());
+    } catch (const FileError &) {
+        // The ledger will not be found, which says where the setting is.
+    }
+}
 
 QString ProjectCodeFromTail(const QString &tail)
 {

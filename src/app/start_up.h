@@ -9,6 +9,10 @@
 
 namespace saldoro {
 
+/** Sets ProgramBuild from the program's own version and ArchiveRoot from the per-user settings;
+ *  without the setting, or when it can't be read, ArchiveRoot is empty. Throws nothing. */
+void InitInstallSettings(ProgramValues &values);
+
 /** The project code in a command-line tail: everything behind the launch token, verbatim, or the
  *  default project's code when the tail does not begin with the token. */
 QString ProjectCodeFromTail(const QString &tail);

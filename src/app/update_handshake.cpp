@@ -1,6 +1,6 @@
 #include "app/update_handshake.h"
 
-#include "app/install_settings.h"
+#include "app/version.h"
 #include "common/date_text.h"
 #include "common/number_text.h"
 #include "controls/message_box.h"
@@ -20,16 +20,13 @@ namespace {
 
 QString manifestText()
 {
-    const ProgramVersion version = OwnVersion();
     // The two spellings of the extension are part of the format.
     const QStringList lines = {
         u"[Configuration]"_s,
         u"Autorun = "_s + ProgramName() + u".exe"_s,
-        u"Versione = %1.%2.%3     (%4)"_s.arg(version.major)
-            .arg(version.minor)
-            .arg(version.revision)
-            .arg(FormatData(ProgramFileTime().date())),
-        u"Build = "_s + BuildText(version),
+        u"Versione = %1     (%2)"_s.arg(OwnVersion().toString(),
+                                        FormatData(ProgramFileTime().date())),
+        u"Build = "_s + BuildText(OwnVersion()),
         u"KeyReg = "_s + SettingsKey.toString(),
         u"Data = "_s + FormatData(QDate::currentDate()),
         u"Time = "_s + QTime::currentTime().toString(u"HH:mm:ss"_s),
@@ -42,6 +39,19 @@ QString manifestText()
 }
 
 } // namespace
+
+QVersionNumber OwnVersion()
+{
+    return QVersionNumber::fromString(VersionText);
+}
+
+QString BuildText(const QVersionNumber &version)
+{
+    constexpr qsizetype revisionDigits = 3;
+    const QString padded = u"000"_s + QString::number(version.microVersion());
+    return QString::number(version.majorVersion()) + QString::number(version.minorVersion()) +
+           padded.last(revisionDigits);
+}
 
 bool AsksForManifest(const QString &tail)
 {

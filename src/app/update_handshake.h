@@ -3,6 +3,7 @@
 #include "common/program_values.h"
 
 #include <QString>
+#include <QVersionNumber>
 
 namespace saldoro {
 
@@ -10,6 +11,13 @@ namespace saldoro {
  * Programs and updater of the suite meet in the update folder: each program can describe itself in
  * a manifest, and hands over to the updater when the manifest there states a newer build.
  */
+
+/** The version that this program was built as. */
+QVersionNumber OwnVersion();
+
+/** The build text of a version of three parts: major and minor as they are, then the last three
+ *  digits of the revision, padded with zeros. 1.0.167 gives 10167. */
+QString BuildText(const QVersionNumber &version);
 
 /** Whether the command line behind the program's name asks for the manifest and nothing else:
  *  "/INI", in any letter case. */

@@ -22,12 +22,8 @@ bool printToConsole(std::FILE *stream, const QString &text)
     DWORD mode = 0;
     if (GetConsoleMode(console, &mode) == 0)
         return false;
-    constexpr qsizetype pieceSize = 8'000; // older consoles refuse more than 64 KB at once
-    for (qsizetype at = 0; at < text.size(); at += pieceSize) {
-        const QString piece = text.mid(at, pieceSize);
-        WriteConsoleW(console, piece.utf16(), static_cast<DWORD>(piece.size()), nullptr, nullptr);
-    }
-    return true;
+    return WriteConsoleW(console, text.utf16(), static_cast<DWORD>(text.size()), nullptr,
+                         nullptr) != 0;
 }
 #endif
 
