@@ -1,5 +1,5 @@
 #include "app/application.h"
-#include "controls/window_size.h"
+#include "controls/window_placement.h"
 #include "open_program.h"
 
 #include <QScreen>

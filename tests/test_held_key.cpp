@@ -1,5 +1,5 @@
 #include "controls/buttons.h"
-#include "controls/held_key.h"
+#include "controls/key_press.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -17,7 +17,6 @@ private slots:
      *  Each press that is told for a repetition ends in "!". */
     void repetitions()
     {
-        WatchHeldKeys();
         for (const QString &told :
              {u"p10 r20 p30"_s, u"p10 R600 P600! R640 P640! r650 p660"_s,
               u"p10 R600 P601! R640 P641!"_s, u"p10 r600 p600! R640 P640! r680 p680!"_s,

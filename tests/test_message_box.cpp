@@ -1,4 +1,4 @@
-#include "controls/held_key.h"
+#include "controls/key_press.h"
 #include "controls/message_box.h"
 
 #include <QApplication>
@@ -23,7 +23,6 @@ private slots:
         QWidget form;
         form.show();
         QVERIFY(QTest::qWaitForWindowActive(&form));
-        WatchHeldKeys();
         const auto press = [](QWindow *window, Qt::Key key, bool again) {
             qt_handleKeyEvent(window, QEvent::KeyPress, key, {}, {}, again);
         };

@@ -33,4 +33,10 @@ void SetUpLook(QCoreApplication &application)
     WatchStrayInput();
 }
 
+QColor MixedColor(const QColor &from, const QColor &to, int percent)
+{
+    const auto mix = [percent](int a, int b) { return a + (b - a) * percent / 100; };
+    return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
+}
+
 } // namespace saldoro

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QColor>
+
 class QCoreApplication;
 
 namespace saldoro {
@@ -9,5 +11,8 @@ namespace saldoro {
  *  then what holds for all its windows: their role for screen readers, and that what begins on one
  *  ends there (see WatchStrayInput). */
 void SetUpLook(QCoreApplication &application);
+
+/** The colour @p percent of the way from @p from to @p to. */
+QColor MixedColor(const QColor &from, const QColor &to, int percent);
 
 } // namespace saldoro

@@ -1,6 +1,6 @@
 #include "controls/buttons.h"
 
-#include "controls/held_key.h"
+#include "controls/key_press.h"
 
 #include <QKeyEvent>
 #include <QShortcut>
@@ -22,8 +22,7 @@ PromptButton::PromptButton(const QString &objectName, const QString &caption, co
 {
     Describe(*this, objectName, QString(caption).remove(u'&'), hint);
     setAutoDefault(true); // in a plain window too
-    WatchHeldKeys();
-    setShortcut({}); // the button's own one would show itself pressed, and repeat
+    setShortcut({});      // the button's own one would show itself pressed, and repeat
     auto *mnemonic = new QShortcut(QKeySequence::mnemonic(caption), this);
     connect(mnemonic, &QShortcut::activated, this, [this] {
         if (!IsKeyHeld())
@@ -33,7 +32,7 @@ PromptButton::PromptButton(const QString &objectName, const QString &caption, co
 
 void PromptButton::keyPressEvent(QKeyEvent *event)
 {
-    if (!IsRepeatedEnter(*event))
+    if (!IsEnter(*event) || !IsKeyHeld())
         QPushButton::keyPressEvent(event);
 }
 

@@ -25,28 +25,13 @@ bool isSlash(qsizetype position)
     return position == 2 || position == 5;
 }
 
-bool isDigit(QChar character)
-{
-    return character >= u'0' && character <= u'9';
-}
+constexpr QStringView typeable = u"[0-9/]*";
+constexpr QStringView maskText = u"[0-9_]{2}/[0-9_]{2}/[0-9_]{4}";
+constexpr QStringView wholeDate = u"[0-9]{1,2}/[0-9]{1,2}/([0-9]{4}|[0-9]{2})|[0-9]{8}";
 
-bool isTypeable(const QString &text)
+bool isAll(QStringView form, const QString &text)
 {
-    return std::all_of(text.begin(), text.end(),
-                       [](QChar character) { return isDigit(character) || character == u'/'; });
-}
-
-bool isMaskText(const QString &text)
-{
-    static const QRegularExpression shape(uR"(\A[0-9_]{2}/[0-9_]{2}/[0-9_]{4}\z)"_s);
-    return shape.match(text).hasMatch();
-}
-
-bool isWholeDate(const QString &text)
-{
-    static const QRegularExpression shape(
-        uR"(\A([0-9]{1,2}/[0-9]{1,2}/([0-9]{4}|[0-9]{2})|[0-9]{8})\z)"_s);
-    return shape.match(text).hasMatch();
+    return QRegularExpression(QRegularExpression::anchoredPattern(form)).match(text).hasMatch();
 }
 
 /** A mask's text while it is being typed; the cursor stands before one of its characters or after
@@ -67,12 +52,9 @@ struct MaskText
     /** A digit, or "/", goes behind the digit that stands nearest before the cursor. */
     void type(QChar character)
     {
-        while (cursor > 0 && !isDigit(text[cursor - 1]))
+        while (cursor > 0 && !text[cursor - 1].isDigit())
             --cursor;
-        if (character == u'/')
-            typeSlash();
-        else
-            typeDigit(character);
+        character == u'/' ? typeSlash() : typeDigit(character);
     }
 
 private:
@@ -112,18 +94,19 @@ public:
 
     State validate(QString &text, int &cursor) const override
     {
-        if (text == m_before || isMaskText(text)) // the toolkit also asks about what it was given
+        if (text == m_before ||
+            isAll(maskText, text)) // the toolkit also asks about what it was given
             return Acceptable;
         // What stood from first to last has given way to what stands before the cursor now.
         const qsizetype first = std::min(m_start, cursor);
         const qsizetype last = m_before.size() - (text.size() - cursor);
         const QString typed = text.sliced(first, cursor - first).trimmed();
         // Blanks, and a "/" alone, take nothing away.
-        if (!isTypeable(typed) || (typed.isEmpty() && first < cursor) ||
+        if (!isAll(typeable, typed) || (typed.isEmpty() && first < cursor) ||
             (typed == u"/" && first < last))
             return Invalid;
         MaskText mask{m_before, first};
-        if (isWholeDate(typed) || !isMaskText(m_before))
+        if (isAll(wholeDate, typed) || !isAll(maskText, m_before))
             mask = {EmptyDateText.toString(), 0};
         else
             mask.erase(first, last);
@@ -196,21 +179,16 @@ void DateBox::keyPressEvent(QKeyEvent *event)
     const QString typed = event->text();
     const bool isCommand = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
     // What the mask has no place for, and a "/" alone, take no selected date away.
-    const bool isRefused = !isTypeable(typed) || (typed == u"/" && hasSelectedText());
+    const bool isRefused = !isAll(typeable, typed) || (typed == u"/" && hasSelectedText());
     if (!isCommand && !typed.isEmpty() && typed.front().isPrint() && isRefused) {
         event->ignore();
         return;
     }
-    const auto isGap = [this](int position) {
-        const QString character = text().mid(position, 1);
-        return character == missing || character == u"/";
-    };
-    if (event->key() == Qt::Key_Backspace && !hasSelectedText()) {
-        while (isGap(cursorPosition() - 1))
-            cursorBackward(false);
-    } else if (event->key() == Qt::Key_Delete && !hasSelectedText()) {
-        while (isGap(cursorPosition()))
-            cursorForward(false);
+    const bool isBackspace = event->key() == Qt::Key_Backspace;
+    if ((isBackspace || event->key() == Qt::Key_Delete) && !hasSelectedText()) {
+        const auto next = [&] { return text().mid(cursorPosition() - (isBackspace ? 1 : 0), 1); };
+        while (next() == missing || next() == u"/")
+            isBackspace ? cursorBackward(false) : cursorForward(false);
     }
     QLineEdit::keyPressEvent(event);
 }

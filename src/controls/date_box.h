@@ -9,7 +9,9 @@ namespace saldoro {
  * the place of what stands there; "/" after a single digit pads it (1/2/03 becomes 01/02/03),
  * Backspace and Canc empty the nearest filled place, and a whole date that is pasted (1/2/2003,
  * 1/2/03, 01022003) fills them all. text() is what is seen, places still empty reading "_". Other
- * characters go on to the parent; the rest is a line edit's.
+ * characters go on to the parent; the rest is a line edit's. The toolkit's own input mask can't
+ * show a text that is no date, leaves gaps where one clicks into the middle, has no padding by "/",
+ * and takes a pasted 1/2/2003 apart.
  *
  * A text set by the program is shown as it is, even when it is no date; the first change by the
  * user then starts from the empty mask.

@@ -1,7 +1,7 @@
 #include "controls/flex_grid.h"
 
 #include "controls/flex_grid_delegate.h"
-#include "controls/held_key.h"
+#include "controls/key_press.h"
 #include "controls/screen_reader.h"
 #include "controls/window_placement.h"
 
@@ -30,6 +30,7 @@ class LetterWidths
 public:
     explicit LetterWidths(const QFont &font)
         : m_metrics(font)
+        , m_letters(letterCount, unknown)
     {
     }
 
@@ -37,8 +38,6 @@ public:
     {
         qreal width = 0;
         for (const QChar letter : text) {
-            if (letter.unicode() >= m_letters.size())
-                m_letters.resize(letter.unicode() + 1, unknown);
             qreal &known = m_letters[letter.unicode()];
             if (known == unknown)
                 known = m_metrics.horizontalAdvance(letter);
@@ -48,9 +47,10 @@ public:
     }
 
 private:
-    QFontMetricsF m_metrics;
+    static constexpr size_t letterCount = 0x10000;
     static constexpr qreal unknown = -1;
-    std::vector<qreal> m_letters; ///< up to the highest one met
+    QFontMetricsF m_metrics;
+    std::vector<qreal> m_letters;
 };
 
 } // namespace
@@ -60,9 +60,15 @@ FlexGrid::FlexGrid(Selection selection, QWidget *parent)
     , m_selection(selection)
 {
     setModel(&m_table);
-    WatchHeldKeys();
     setUpLook();
-    setUpSelection();
+    setSelectionMode(SingleSelection);
+    setSelectionBehavior(m_selection == Selection::Rows ? SelectRows : SelectItems);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    // The wheel scrolls without taking the focus from where the user is writing.
+    setFocusPolicy(Qt::StrongFocus);
+    if (m_selection == Selection::Rows)
+        offerCopies();
     measureAll();
     connect(&m_table, &TextTable::modelReset, this, [this] {
         measureAll();
@@ -83,7 +89,6 @@ void FlexGrid::setUpLook()
     setAlternatingRowColors(true);
     setWordWrap(false);
     setHorizontalScrollMode(ScrollPerPixel);
-    setCornerButtonEnabled(false);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     QHeaderView *header = horizontalHeader();
@@ -94,18 +99,6 @@ void FlexGrid::setUpLook()
     header->setSectionsClickable(false);
     header->setHighlightSections(false);
     header->setMinimumSectionSize(1);
-}
-
-void FlexGrid::setUpSelection()
-{
-    setSelectionMode(SingleSelection);
-    setSelectionBehavior(m_selection == Selection::Rows ? SelectRows : SelectItems);
-    setEditTriggers(NoEditTriggers);
-    setTabKeyNavigation(false);
-    // The wheel scrolls without taking the focus from where the user is writing.
-    setFocusPolicy(Qt::StrongFocus);
-    if (m_selection == Selection::Rows)
-        offerCopies();
 }
 
 void FlexGrid::setWidths(const QList<int> &twips)
@@ -137,26 +130,27 @@ void FlexGrid::keyboardSearch(const QString &search)
 
 void FlexGrid::offerCopies()
 {
-    const auto offer = [this](const QString &text, const QKeySequence &keys, auto copied) {
-        auto *action = new QAction(text, this);
-        action->setShortcut(keys);
-        action->setShortcutContext(Qt::WidgetShortcut);
-        addAction(action);
-        connect(action, &QAction::triggered, this,
-                [copied] { QGuiApplication::clipboard()->setText(copied()); });
+    const auto offer = [this](const QString &text, const QKeySequence &keys, bool isWhole) {
+        const auto copy = [this, isWhole] {
+            const int first = isWhole ? 0 : m_table.row();
+            const int last = isWhole ? m_table.rows() - 1 : m_table.row();
+            QGuiApplication::clipboard()->setText(m_table.tabText(first, last));
+        };
+        addAction(text, keys, this, copy)->setShortcutContext(Qt::WidgetShortcut);
     };
-    offer(u"Copia la &riga"_s, QKeySequence::Copy,
-          [this] { return m_table.tabText(m_table.row(), m_table.row()); });
-    offer(u"Copia la &tabella"_s, Qt::CTRL | Qt::SHIFT | Qt::Key_C,
-          [this] { return m_table.tabText(0, m_table.rows() - 1); });
+    offer(u"Copia la &riga"_s, QKeySequence::Copy, false);
+    offer(u"Copia la &tabella"_s, Qt::CTRL | Qt::SHIFT | Qt::Key_C, true);
     setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
 bool FlexGrid::event(QEvent *event)
 {
     const bool isHandled = QTableView::event(event);
-    if (event->type() == QEvent::Paint && hasFocus())
-        drawFocusFrame();
+    if (event->type() == QEvent::Paint && hasFocus()) {
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
         update();
     if (event->type() == QEvent::FocusIn)
@@ -164,17 +158,9 @@ bool FlexGrid::event(QEvent *event)
     return isHandled;
 }
 
-void FlexGrid::drawFocusFrame()
-{
-    QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Highlight));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
-}
-
 void FlexGrid::keyPressEvent(QKeyEvent *event)
 {
-    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!isEnter && event->key() != Qt::Key_Delete) {
+    if (!IsEnter(*event) && event->key() != Qt::Key_Delete) {
         QTableView::keyPressEvent(event);
         return;
     }
@@ -183,7 +169,7 @@ void FlexGrid::keyPressEvent(QKeyEvent *event)
     // A key held down acts once.
     if (!isOnBody || IsKeyHeld())
         return;
-    if (isEnter)
+    if (IsEnter(*event))
         emit cellActivated(m_table.row(), m_table.column());
     else
         emit deletePressed();
@@ -215,7 +201,7 @@ void FlexGrid::currentChanged(const QModelIndex &current, const QModelIndex &pre
         return;
     // The toolkit makes the first row current, but does not select it, when the focus comes in.
     if (!selectionModel()->isSelected(current))
-        selectionModel()->select(current, selectingFlags());
+        selectionModel()->select(current, selectionCommand(current, nullptr));
     m_table.setCurrentCell(current.row() + 1, current.column());
 }
 
@@ -224,32 +210,21 @@ QModelIndex FlexGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modi
     const QModelIndex current = currentIndex();
     if (m_selection == Selection::Cell || !current.isValid())
         return QTableView::moveCursor(action, modifiers);
-    QScrollBar *sideways = horizontalScrollBar();
-    switch (action) {
-    case MoveHome:
-        return current.siblingAtRow(0);
-    case MoveEnd:
-        return current.siblingAtRow(m_table.rowCount() - 1);
-    case MoveLeft:
-        sideways->triggerAction(QScrollBar::SliderSingleStepSub);
-        return current;
-    case MoveRight:
-        sideways->triggerAction(QScrollBar::SliderSingleStepAdd);
-        return current;
-    default:
+    if (action == MoveHome || action == MoveEnd)
+        return current.siblingAtRow(action == MoveHome ? 0 : m_table.rowCount() - 1);
+    if (action != MoveLeft && action != MoveRight)
         return QTableView::moveCursor(action, modifiers);
-    }
+    horizontalScrollBar()->triggerAction(action == MoveLeft ? QScrollBar::SliderSingleStepSub
+                                                            : QScrollBar::SliderSingleStepAdd);
+    return current;
 }
 
 QItemSelectionModel::SelectionFlags FlexGrid::selectionCommand(const QModelIndex &index,
                                                                const QEvent * /*event*/) const
 {
     // The current row is selected, always and alone: also after a click with Ctrl or beside it.
-    return index.isValid() ? selectingFlags() : QItemSelectionModel::NoUpdate;
-}
-
-QItemSelectionModel::SelectionFlags FlexGrid::selectingFlags() const
-{
+    if (!index.isValid())
+        return QItemSelectionModel::NoUpdate;
     const QItemSelectionModel::SelectionFlags flags = QItemSelectionModel::ClearAndSelect;
     return m_selection == Selection::Rows ? flags | QItemSelectionModel::Rows : flags;
 }
@@ -282,6 +257,9 @@ void FlexGrid::measureCell(int row, int column)
     fitColumns();
 }
 
+// The header's own fitting to contents looks at the rows in sight alone, so columns would change
+// while one scrolls; over all rows it is a hundred times slower. It has no least and no most
+// widths.
 void FlexGrid::fitColumns()
 {
     constexpr int marginTwips = 400;
@@ -311,7 +289,7 @@ void FlexGrid::followTable()
         selectionModel()->clear();
         return;
     }
-    selectionModel()->setCurrentIndex(cell, selectingFlags());
+    selectionModel()->setCurrentIndex(cell, selectionCommand(cell, nullptr));
     scrollTo(cell);
 }
 

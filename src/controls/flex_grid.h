@@ -76,7 +76,6 @@ protected:
 
 private:
     void setUpLook();
-    void setUpSelection();
     void offerCopies();
     /** Takes over the sizes of the fonts and the texts of the whole table. */
     void measureAll();
@@ -84,8 +83,6 @@ private:
     void fitColumns();
     /** Makes the table's current cell the view's. */
     void followTable();
-    void drawFocusFrame();
-    QItemSelectionModel::SelectionFlags selectingFlags() const;
 
     Selection m_selection;
     TextTable m_table;

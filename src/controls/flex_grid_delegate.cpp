@@ -1,5 +1,7 @@
 #include "controls/flex_grid_delegate.h"
 
+#include "controls/application_look.h"
+
 #include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QStyle>
@@ -12,13 +14,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int slack = 4; ///< pixels that keep captions clear of the lines between them
-
-/** A colour @p percent of the way from @p from to @p to. */
-QColor blend(const QColor &from, const QColor &to, int percent)
-{
-    const auto mix = [percent](int a, int b) { return a + (b - a) * percent / 100; };
-    return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
-}
 
 } // namespace
 
@@ -56,8 +51,8 @@ void FlexGridDelegate::initStyleOption(QStyleOptionViewItem *option, const QMode
     constexpr int paleness = 65;
     QPalette &palette = option->palette;
     palette.setColor(QPalette::Inactive, QPalette::Highlight,
-                     blend(palette.color(QPalette::Active, QPalette::Highlight),
-                           palette.color(QPalette::Active, QPalette::Base), paleness));
+                     MixedColor(palette.color(QPalette::Active, QPalette::Highlight),
+                                palette.color(QPalette::Active, QPalette::Base), paleness));
     palette.setColor(QPalette::Inactive, QPalette::HighlightedText,
                      palette.color(QPalette::Active, QPalette::Text));
 }

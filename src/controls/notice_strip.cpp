@@ -3,6 +3,7 @@
 #include <QAccessible>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace saldoro {
@@ -54,9 +55,7 @@ void NoticeStrip::refresh()
     const auto rank = [focus](const Notice &notice) {
         return std::pair(notice.weight, focus && notice.field == focus->objectName());
     };
-    std::stable_sort(
-        notices.list.begin(), notices.list.end(),
-        [&](const Notice &one, const Notice &other) { return rank(one) > rank(other); });
+    std::ranges::stable_sort(notices.list, std::greater(), rank);
     showLines(notices.worth, notices.list);
     markFields(notices.list);
 }
@@ -88,8 +87,7 @@ void NoticeStrip::showLines(const QString &worth, const QList<Notice> &notices)
     setToolTip(spoken.join(u'\n'));
     const QStringList before = accessibleName().split(u'\n');
     setAccessibleName(spoken.join(u'\n'));
-    if (std::all_of(spoken.begin(), spoken.end(),
-                    [&](const QString &line) { return before.contains(line); }))
+    if (std::ranges::all_of(spoken, [&](const QString &line) { return before.contains(line); }))
         return;
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
@@ -97,9 +95,13 @@ void NoticeStrip::showLines(const QString &worth, const QList<Notice> &notices)
 
 void NoticeStrip::markFields(const QList<Notice> &notices)
 {
+    QMap<QString, QString> spoken;
     for (const Notice &notice : notices) {
+        if (notice.field.isEmpty())
+            continue;
+        spoken[notice.field] += notice.text + u". "_s;
         auto *field = m_form->findChild<QWidget *>(notice.field);
-        if (notice.field.isEmpty() || !field || m_bars.contains(notice.field))
+        if (!field || m_bars.contains(notice.field))
             continue;
         auto *bar = new QWidget(field);
         bar->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -107,16 +109,14 @@ void NoticeStrip::markFields(const QList<Notice> &notices)
         bar->setAutoFillBackground(true);
         m_bars[notice.field] = bar;
     }
-    for (auto bar = m_bars.begin(); bar != m_bars.end(); ++bar) {
+    for (auto bar = m_bars.cbegin(); bar != m_bars.cend(); ++bar) {
         QWidget *field = bar.value()->parentWidget();
-        QString spoken;
-        for (const Notice &notice : notices)
-            spoken += notice.field == bar.key() ? notice.text + u". "_s : QString();
         constexpr int barWidth = 3; // what a line edit leaves free beside its text
         bar.value()->setGeometry(0, 0, barWidth, field->height());
-        bar.value()->setVisible(!spoken.isEmpty());
-        if (field->accessibleDescription() != spoken + field->toolTip()) // each time it is told
-            field->setAccessibleDescription(spoken + field->toolTip());
+        bar.value()->setVisible(spoken.contains(bar.key()));
+        const QString description = spoken.value(bar.key()) + field->toolTip();
+        if (field->accessibleDescription() != description) // each time it is told
+            field->setAccessibleDescription(description);
     }
 }
 

@@ -1,6 +1,6 @@
 #include "controls/popup_list.h"
 
-#include "controls/held_key.h"
+#include "controls/key_press.h"
 #include "controls/screen_reader.h"
 
 #include <QKeyEvent>
@@ -47,19 +47,12 @@ void PopupList::open(const QStringList &lines, const QWidget &control, int down)
 
 void PopupList::keyPressEvent(QKeyEvent *event)
 {
-    if (IsRepeatedEnter(*event))
-        return; // of the press that opened the list
-    switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        choose(currentItem());
-        break;
-    case Qt::Key_Escape:
+    if (event->key() == Qt::Key_Escape)
         emit answered(-1);
-        break;
-    default:
+    else if (!IsEnter(*event))
         QListWidget::keyPressEvent(event);
-    }
+    else if (!IsKeyHeld()) // or the press that opened the list would choose from it
+        choose(currentItem());
 }
 
 void PopupList::choose(const QListWidgetItem *line)

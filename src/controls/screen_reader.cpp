@@ -19,21 +19,6 @@ QAccessibleInterface *plainWindow(const QString &className, QObject *object)
                : nullptr;
 }
 
-void tellFocus(QWidget &control)
-{
-    QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&control);
-    if (spoken == nullptr)
-        return;
-    const auto *view = qobject_cast<QAbstractItemView *>(&control);
-    QAccessibleTableInterface *table = spoken->tableInterface();
-    if (view && table && view->currentIndex().isValid())
-        spoken = table->cellAt(view->currentIndex().row(), view->currentIndex().column());
-    if (spoken == nullptr)
-        return;
-    QAccessibleEvent event(spoken, QAccessible::Focus);
-    QAccessible::updateAccessibility(&event);
-}
-
 } // namespace
 
 void GiveWindowsTheirRole()
@@ -44,8 +29,17 @@ void GiveWindowsTheirRole()
 void TellFocus(QWidget &control)
 {
     const auto tell = [&control] {
-        if (QAccessible::isActive() && QApplication::focusWidget() == &control)
-            tellFocus(control);
+        if (!QAccessible::isActive() || QApplication::focusWidget() != &control)
+            return;
+        QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&control);
+        const auto *view = qobject_cast<QAbstractItemView *>(&control);
+        if (view && view->currentIndex().isValid() && spoken && spoken->tableInterface())
+            spoken = spoken->tableInterface()->cellAt(view->currentIndex().row(),
+                                                      view->currentIndex().column());
+        if (!spoken)
+            return;
+        QAccessibleEvent event(spoken, QAccessible::Focus);
+        QAccessible::updateAccessibility(&event);
     };
     QMetaObject::invokeMethod(&control, tell, Qt::QueuedConnection);
 }

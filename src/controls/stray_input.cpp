@@ -2,10 +2,9 @@
 
 #include "controls/popup_list.h"
 
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QStyleHints>
 #include <QWindow>
 
@@ -14,6 +13,30 @@
 namespace saldoro {
 
 namespace {
+
+int interval()
+{
+    return QGuiApplication::styleHints()->mouseDoubleClickInterval();
+}
+
+/** Presses of one button or key that follow each other quickly. */
+struct PressSeries
+{
+    const QWindow *window = nullptr; ///< on which it began
+    quint64 time = 0;                ///< of its last press, the window system's own
+
+    /** Notes a press; whether it goes on with a series that began on another window. */
+    bool isRest(const QInputEvent &press, const QWindow &pressed)
+    {
+        const bool isQuick =
+            time != 0 && press.timestamp() - time < static_cast<quint64>(interval());
+        time = press.timestamp();
+        if (isQuick && window != &pressed)
+            return true;
+        window = &pressed;
+        return false;
+    }
+};
 
 /** Sees the events of windows before any control of theirs does. */
 class StrayInput : public QObject
@@ -30,14 +53,14 @@ protected:
     {
         const QEvent::Type type = event->type();
         if ((type == QEvent::Show || type == QEvent::Hide) && qobject_cast<PopupList *>(watched))
-            m_press.window = nullptr; // what a press finds now is something else
+            m_mouse.window = nullptr; // what a press finds now is something else
         auto *window = qobject_cast<QWindow *>(watched);
         if (!window)
             return false;
         switch (type) {
         case QEvent::MouseButtonPress:
-            m_takesMouse =
-                isRest(m_press, *static_cast<QMouseEvent *>(event), *window) || isClosingFresh();
+            m_takesMouse = m_mouse.isRest(*static_cast<QMouseEvent *>(event), *window) ||
+                           !m_closing.hasExpired();
             return m_takesMouse;
         case QEvent::MouseButtonDblClick:
         case QEvent::MouseMove:
@@ -55,39 +78,15 @@ protected:
     }
 
 private:
-    /** The last press, and where it or the first of a quick series fell. */
-    struct Press
-    {
-        const QWindow *window = nullptr;
-        quint64 time = 0; ///< the window system's own
-        int key = 0;      ///< of a key
-    };
-
-    static quint64 interval()
-    {
-        return static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
-    }
-
-    /** Notes a press; whether it is the rest of a series that began on another window. */
-    static bool isRest(Press &last, const QInputEvent &press, const QWindow &window)
-    {
-        const bool isQuick = last.time != 0 && press.timestamp() - last.time < interval();
-        last.time = press.timestamp();
-        if (isQuick && last.window != &window)
-            return true;
-        last.window = &window;
-        return false;
-    }
-
     bool takesKey(QKeyEvent &event, const QWindow &window)
     {
         if (!event.modifiers().testFlag(Qt::AltModifier) || event.key() == Qt::Key_Alt)
             return false;
-        if (event.key() != m_key.key)
-            m_key = {nullptr, 0, event.key()};
+        if (event.key() != std::exchange(m_key, event.key()))
+            m_keys = {};
         // The same press comes twice, for shortcuts first.
-        if (event.timestamp() != m_key.time)
-            m_takesKey = isRest(m_key, event, window);
+        if (event.timestamp() != m_keys.time)
+            m_takesKey = m_keys.isRest(event, window);
         if (m_takesKey)
             event.accept(); // or its shortcut would be tried
         return m_takesKey;
@@ -95,47 +94,50 @@ private:
 
     bool takesClosing(QEvent &event, QWindow &window)
     {
-        if (!m_isAsking) {
-            // A window that the program is closing says so without being asked again.
-            m_isAsking = true;
-            const bool isByProgram = window.close();
-            m_isAsking = false;
-            if (isByProgram)
-                return false;
-            if (!isClosingFresh() || m_closed == &window) {
-                m_closed = &window;
-                m_closing.start();
-                // What a form does on closing may take its time; the user's begins after it.
-                QMetaObject::invokeMethod(
-                    this, [this] { m_closing.start(); }, Qt::QueuedConnection);
-                return false;
-            }
-        }
+        if (!m_isAsking && (isByProgram(window) || begins(window)))
+            return false;
         event.ignore();
         return true;
     }
 
-    bool isClosingFresh() const
+    /** A window that the program is closing says so without being asked again. */
+    bool isByProgram(QWindow &window)
     {
-        return m_closing.isValid() && !m_closing.hasExpired(static_cast<qint64>(interval()));
+        m_isAsking = true;
+        const bool isClosing = window.close();
+        m_isAsking = false;
+        return isClosing;
     }
 
-    Press m_press;
-    Press m_key;
+    /** Notes that the window system wants @p window closed; false right after another one. */
+    bool begins(const QWindow &window)
+    {
+        if (!m_closing.hasExpired() && m_closed != &window)
+            return false;
+        m_closed = &window;
+        const auto start = [this] { m_closing.setRemainingTime(interval()); };
+        start();
+        // What a form does on closing may take its time; the user's begins after it.
+        QMetaObject::invokeMethod(this, start, Qt::QueuedConnection);
+        return true;
+    }
+
+    PressSeries m_mouse;
+    PressSeries m_keys; ///< of the last key with Alt
+    int m_key = 0;
     bool m_takesMouse = false;
     bool m_takesKey = false;
     bool m_isAsking = false;
-    const QWindow *m_closed = nullptr;
-    QElapsedTimer m_closing; ///< since the window system wanted a window closed
+    const QWindow *m_closed = nullptr; ///< that the window system wanted closed last
+    QDeadlineTimer m_closing;          ///< until then it wants no other one closed
 };
 
 } // namespace
 
 void WatchStrayInput()
 {
-    static QPointer<StrayInput> watcher;
-    if (!watcher)
-        watcher = new StrayInput(*QCoreApplication::instance());
+    static const auto *const watcher = new StrayInput(*QCoreApplication::instance());
+    Q_UNUSED(watcher)
 }
 
 } // namespace saldoro

@@ -53,15 +53,13 @@ void TextTable::setHeader(const QStringList &headings)
 
 QString TextTable::text(int row, int column) const
 {
-    checkRow(row);
-    checkColumn(column);
+    checkCell(row, column);
     return m_cells.at(row).at(column);
 }
 
 void TextTable::setText(int row, int column, const QString &text)
 {
-    checkRow(row);
-    checkColumn(column);
+    checkCell(row, column);
     m_cells[row][column] = text;
     if (m_bulkDepth > 0)
         return;
@@ -72,15 +70,9 @@ void TextTable::setText(int row, int column, const QString &text)
         emit headerDataChanged(Qt::Horizontal, column, column);
 }
 
-void TextTable::setColumn(int column)
-{
-    checkColumn(column);
-    setCurrentCell(m_row, column);
-}
-
 void TextTable::setCurrentCell(int row, int column)
 {
-    checkRow(row);
+    checkCell(row, column);
     if (row == m_row && column == m_column)
         return;
     m_row = row;
@@ -137,7 +129,7 @@ QVariant TextTable::headerData(int section, Qt::Orientation orientation, int rol
 QVariant TextTable::cellData(int row, int column, int role) const
 {
     if (role == Qt::DisplayRole)
-        return m_cells.at(row).at(column);
+        return text(row, column);
     if (role != Qt::TextAlignmentRole)
         return {};
     Qt::Alignment side = row == 0 ? Qt::AlignHCenter : Qt::AlignLeft;
@@ -146,13 +138,9 @@ QVariant TextTable::cellData(int row, int column, int role) const
     return QVariant::fromValue(side | Qt::AlignVCenter);
 }
 
-void TextTable::checkRow(int row) const
+void TextTable::checkCell(int row, int column) const
 {
     require(row >= 0 && row < rows(), u"Riga della griglia inesistente."_s, Detail::Row, row);
-}
-
-void TextTable::checkColumn(int column) const
-{
     require(column >= 0 && column < columns(), u"Colonna della griglia inesistente."_s,
             Detail::Column, column);
 }

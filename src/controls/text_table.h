@@ -46,7 +46,7 @@ public:
     int column() const { return m_column; }
     /** Makes a row current, 0 being the header. */
     void setRow(int row) { setCurrentCell(row, m_column); }
-    void setColumn(int column);
+    void setColumn(int column) { setCurrentCell(m_row, column); }
     void setCurrentCell(int row, int column);
 
     /** Columns whose texts stand to the right, for amounts; their headings too. */
@@ -79,8 +79,7 @@ signals:
     void currentMoved();
 
 private:
-    void checkRow(int row) const;
-    void checkColumn(int column) const;
+    void checkCell(int row, int column) const;
     QVariant cellData(int row, int column, int role) const;
 
     QList<QStringList> m_cells;

@@ -2,7 +2,13 @@
 
 #include <QEvent>
 #include <QScreen>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QStyle>
 #include <QWidget>
+
+#include <functional>
+#include <utility>
 
 namespace saldoro {
 
@@ -10,7 +16,41 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Moving a maximised window would push it off the screen and lose the place it goes back to. */
+/** Acts on each event of a type that a window gets, until the action says that it is done. */
+class WindowWatcher : public QObject
+{
+public:
+    using Action = std::function<bool(const QEvent &event)>;
+
+    WindowWatcher(QWidget &window, QEvent::Type type, Action action)
+        : QObject(&window)
+        , m_type(type)
+        , m_action(std::move(action))
+    {
+        window.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == m_type && m_action(*event)) {
+            watched->removeEventFilter(this);
+            deleteLater();
+        }
+        return false;
+    }
+
+private:
+    QEvent::Type m_type;
+    Action m_action;
+};
+
+QString &sizesFile()
+{
+    static QString fileName;
+    return fileName;
+}
+
 bool fillsTheScreen(const QWidget &form)
 {
     return form.isMaximized() || form.isFullScreen();
@@ -18,7 +58,7 @@ bool fillsTheScreen(const QWidget &form)
 
 void centre(QWidget &form)
 {
-    if (fillsTheScreen(form))
+    if (fillsTheScreen(form)) // it would leave the screen and lose the place it goes back to
         return;
     const QRect screen = form.screen()->geometry();
     const QSize size = form.frameGeometry().size();
@@ -26,33 +66,6 @@ void centre(QWidget &form)
     form.move(screen.x() + qRound((screen.width() - size.width()) / 2.0),
               screen.y() + qRound((screen.height() - size.height()) / 2.0));
 }
-
-/** Centres a form when it becomes active for the first time, the window system having framed it
- *  by then; goes away with that. */
-class FrameAwaiter : public QObject
-{
-public:
-    explicit FrameAwaiter(QWidget &form)
-        : QObject(&form)
-        , m_form(form)
-    {
-        form.installEventFilter(this);
-    }
-
-protected:
-    bool eventFilter(QObject * /*watched*/, QEvent *event) override
-    {
-        if (event->type() == QEvent::WindowActivate) {
-            m_form.removeEventFilter(this);
-            deleteLater();
-            centre(m_form);
-        }
-        return false;
-    }
-
-private:
-    QWidget &m_form;
-};
 
 } // namespace
 
@@ -72,8 +85,13 @@ void SetTopMost(QWidget &window)
 void CentraForm(QWidget &form)
 {
     centre(form);
-    if (!form.isVisible())
-        new FrameAwaiter(form);
+    if (form.isVisible())
+        return;
+    // The window system has framed a form by the time that it first makes it the active one.
+    new WindowWatcher(form, QEvent::WindowActivate, [&form](const QEvent & /*event*/) {
+        centre(form);
+        return true;
+    });
 }
 
 void BringToFront(QWidget &form)
@@ -86,6 +104,40 @@ void BringToFront(QWidget &form)
     form.show();
     form.raise();
     form.activateWindow();
+}
+
+QString WindowSizesFile()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           u"/saldoro/finestre.ini"_s;
+}
+
+void KeepWindowSizes(const QString &fileName)
+{
+    sizesFile() = fileName;
+}
+
+void SizeWindow(QWidget &window, QSize first)
+{
+    const bool isKept = !sizesFile().isEmpty();
+    QSize wanted = first;
+    if (isKept)
+        wanted =
+            QSettings(sizesFile(), QSettings::IniFormat).value(window.objectName(), first).toSize();
+    const QStyle *style = window.style();
+    const int frame = style->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, &window);
+    const int title = style->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+    const QSize room = window.screen()->availableSize() - QSize(2 * frame, title + 2 * frame);
+    window.resize((wanted.isEmpty() ? first : wanted).boundedTo(room));
+    if (!isKept)
+        return;
+    const auto keep = [&window, opened = window.size()](const QEvent &hiding) {
+        if (!hiding.spontaneous() && window.size() != opened && !fillsTheScreen(window))
+            QSettings(sizesFile(), QSettings::IniFormat)
+                .setValue(window.objectName(), window.size());
+        return false;
+    };
+    new WindowWatcher(window, QEvent::Hide, keep);
 }
 
 } // namespace saldoro

@@ -2,7 +2,7 @@
 
 #include "common/amount_text.h"
 #include "controls/flex_grid.h"
-#include "controls/held_key.h"
+#include "controls/key_press.h"
 #include "controls/message_box.h"
 #include "controls/popup_list.h"
 #include "invoice/allocation_total.h"
@@ -84,7 +84,7 @@ bool AllocationFrame::eventFilter(QObject *watched, QEvent *event)
     if (watched != m_editor || event->type() != QEvent::KeyPress)
         return false;
     // The key that picked the item may still be held down; it must not confirm an empty amount.
-    if (IsRepeatedEnter(*event))
+    if (IsEnter(*event) && IsKeyHeld())
         return true;
     m_grid->scrollTo(m_grid->currentIndex());
     if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {

@@ -1,5 +1,6 @@
 #include "invoice/amount_fields.h"
 
+#include "controls/application_look.h"
 #include "invoice/entry_field.h"
 #include "invoice/field_navigation.h"
 
@@ -20,16 +21,6 @@ enum LayoutColumn
     RatePlace,
     AmountPlace
 };
-
-QColor mixed(const QColor &base, const QColor &tint)
-{
-    constexpr qreal tintShare = 0.14;
-    const auto mix = [](float one, float other) {
-        return static_cast<float>(one * (1 - tintShare) + other * tintShare);
-    };
-    return QColor::fromRgbF(mix(base.redF(), tint.redF()), mix(base.greenF(), tint.greenF()),
-                            mix(base.blueF(), tint.blueF()));
-}
 
 } // namespace
 
@@ -130,9 +121,10 @@ void AmountFields::tintDerived()
     for (const AmountField &field : m_chain.fields) {
         if (field.role != AmountRole::Derived)
             continue;
+        constexpr int tintPercent = 14;
         QPalette tinted = palette();
-        tinted.setColor(QPalette::Base,
-                        mixed(tinted.color(QPalette::Base), tinted.color(QPalette::Highlight)));
+        tinted.setColor(QPalette::Base, MixedColor(tinted.color(QPalette::Base),
+                                                   tinted.color(QPalette::Highlight), tintPercent));
         m_boxes[field.amount]->setPalette(tinted);
     }
 }

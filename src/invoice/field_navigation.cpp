@@ -1,6 +1,7 @@
 #include "invoice/field_navigation.h"
 
 #include "controls/date_box.h"
+#include "controls/key_press.h"
 #include "controls/screen_reader.h"
 
 #include <QApplication>
@@ -133,13 +134,11 @@ bool FieldNavigation::eventFilter(QObject *watched, QEvent *event)
 {
     auto &line = *static_cast<QLineEdit *>(watched);
     switch (event->type()) {
-    case QEvent::KeyPress: {
-        const int key = static_cast<QKeyEvent *>(event)->key();
-        if (key != Qt::Key_Return && key != Qt::Key_Enter)
+    case QEvent::KeyPress:
+        if (!IsEnter(*event))
             return false;
         moveOn(line, *event);
         return true;
-    }
     case QEvent::FocusIn: {
         const bool byMouse = static_cast<QFocusEvent *>(event)->reason() == Qt::MouseFocusReason;
         m_clickedInto = byMouse ? &line : nullptr;

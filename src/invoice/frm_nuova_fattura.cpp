@@ -2,7 +2,7 @@
 
 #include "common/ending.h"
 #include "controls/buttons.h"
-#include "controls/held_key.h"
+#include "controls/key_press.h"
 #include "controls/window_placement.h"
 
 #include <QCloseEvent>
@@ -80,7 +80,7 @@ void FrmNuovaFattura::reject() {}
 // The key that opened the form may still be held down.
 void FrmNuovaFattura::keyPressEvent(QKeyEvent *event)
 {
-    if (!IsRepeatedEnter(*event))
+    if (!IsEnter(*event) || !IsKeyHeld())
         QDialog::keyPressEvent(event);
 }
 

@@ -5,7 +5,6 @@
 #include "controls/date_box.h"
 #include "controls/notice_strip.h"
 #include "controls/window_placement.h"
-#include "controls/window_size.h"
 #include "invoice/allocation_frame.h"
 #include "invoice/allocation_total.h"
 #include "invoice/amount_fields.h"

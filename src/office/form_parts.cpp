@@ -2,7 +2,6 @@
 
 #include "controls/buttons.h"
 #include "controls/window_placement.h"
-#include "controls/window_size.h"
 #include "office/task.h"
 
 #include <QBoxLayout>

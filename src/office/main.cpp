@@ -1,5 +1,5 @@
 #include "controls/application_look.h"
-#include "controls/window_size.h"
+#include "controls/window_placement.h"
 #include "office/frm_appalti.h"
 
 #include <QApplication>

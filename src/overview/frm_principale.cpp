@@ -5,7 +5,6 @@
 #include "controls/flex_grid.h"
 #include "controls/notice_strip.h"
 #include "controls/window_placement.h"
-#include "controls/window_size.h"
 #include "overview/availability_overview.h"
 #include "overview/closing_work.h"
 #include "overview/main_screen_notices.h"

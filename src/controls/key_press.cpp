@@ -1,8 +1,8 @@
-#include "controls/held_key.h"
+#include "controls/key_press.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
-#include <QPointer>
+#include <QMessageBox>
 
 #include <optional>
 
@@ -15,22 +15,25 @@ namespace {
 class KeyWatcher : public QObject
 {
 public:
-    explicit KeyWatcher(QObject &application)
-        : QObject(&application)
-    {
-        application.installEventFilter(this);
-    }
-
     bool isHeld() const { return m_isHeld; }
 
 protected:
-    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride)
-            pressed(*static_cast<QKeyEvent *>(event));
-        else if (event->type() == QEvent::KeyRelease)
-            released(*static_cast<QKeyEvent *>(event));
-        return false;
+        const bool isPress =
+            event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+        if (!isPress && event->type() != QEvent::KeyRelease)
+            return false;
+        const auto &key = *static_cast<QKeyEvent *>(event);
+        const Told told{key.key(), key.timestamp(), key.isAutoRepeat()};
+        if (!isPress)
+            m_release = told;
+        else if (told != m_press || m_release)
+            notePress(told);
+        if (!isPress || !m_isHeld || !isOfMessageBox(watched))
+            return false;
+        event->accept(); // or its shortcut would be tried
+        return true;
     }
 
 private:
@@ -43,11 +46,8 @@ private:
         bool operator==(const Told &) const = default;
     };
 
-    void pressed(const QKeyEvent &event)
+    void notePress(const Told &press)
     {
-        const Told press{event.key(), event.timestamp(), event.isAutoRepeat()};
-        if (press == m_press && !m_release)
-            return;
         const bool isAgain =
             m_release && m_release->key == press.key &&
             (m_release->isMarked || (press.time != 0 && m_release->time == press.time));
@@ -60,9 +60,11 @@ private:
         m_release.reset();
     }
 
-    void released(const QKeyEvent &event)
+    /** A box would be answered unread by a key that is held down since before it came. */
+    static bool isOfMessageBox(QObject *watched)
     {
-        m_release = {event.key(), event.timestamp(), event.isAutoRepeat()};
+        const auto *control = qobject_cast<QWidget *>(watched);
+        return control != nullptr && qobject_cast<QMessageBox *>(control->window()) != nullptr;
     }
 
     Told m_press;
@@ -71,32 +73,32 @@ private:
     bool m_isHeld = false;
 };
 
-QPointer<KeyWatcher> &watcher()
+KeyWatcher &watcher()
 {
-    static QPointer<KeyWatcher> watcher;
+    static KeyWatcher watcher;
     return watcher;
+}
+
+void watch()
+{
+    QCoreApplication::instance()->installEventFilter(&watcher());
 }
 
 } // namespace
 
-void WatchHeldKeys()
+Q_COREAPP_STARTUP_FUNCTION(watch)
+
+bool IsEnter(const QEvent &event)
 {
-    if (!watcher())
-        watcher() = new KeyWatcher(*QCoreApplication::instance());
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const int key = static_cast<const QKeyEvent &>(event).key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
 bool IsKeyHeld()
 {
-    const KeyWatcher *const keys = watcher().data();
-    return keys != nullptr && keys->isHeld();
-}
-
-bool IsRepeatedEnter(const QEvent &event)
-{
-    if (event.type() != QEvent::KeyPress)
-        return false;
-    const auto &press = static_cast<const QKeyEvent &>(event);
-    return IsKeyHeld() && (press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter);
+    return watcher().isHeld();
 }
 
 } // namespace saldoro
