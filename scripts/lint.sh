@@ -11,7 +11,7 @@ fail() {
 mapfile -t sources < <(git ls-files '*.cpp' '*.h')
 [ ${#sources[@]} -gt 0 ] || fail 'no sources: this is not a clone of the repository'
 clang-format --dry-run --Werror "${sources[@]}" \
-    || fail 'clang-format says the above; what is layout, clang-format -i mends'
+    || fail 'clang-format reports the above; clang-format -i corrects layout'
 
 # Floors: a folder includes only those below it.
 declare -A below=(

@@ -80,7 +80,7 @@ echo 'The main screen stays open.'
 (cd "$work" && XDG_CONFIG_HOME=$work/settings QT_QPA_PLATFORM=offscreen \
     "$root/usr/bin/saldoro" /INI 2>/dev/null)
 grep -qx $'Autorun = Saldoro.exe\r' "$work/Saldoro.ini" || fail 'the manifest has another name'
-echo 'The manifest bears the name of the program.'
+echo 'The manifest has the name of the program.'
 
 if [ "${1:-}" = --install ]; then
     step 'remove'

@@ -12,7 +12,7 @@ namespace saldoro {
  *  half a pair. */
 QString MeantText(const QString &text);
 
-/** A text of @p parts pieces that are apt to trip a writer or a reader. */
+/** A text of @p parts pieces that writers and readers get wrong easily. */
 QString HostileText(std::mt19937 &random, int parts);
 
 } // namespace saldoro

@@ -37,7 +37,8 @@ QString captionOf(const QWidget &widget)
 
 } // namespace
 
-/** What every form owes to those who do not see it, use no mouse, or need large or bright text. */
+/** What every form must have for those who do not see it, use no mouse, or need large or bright
+ *  text. */
 class TestAccessibility : public QObject
 {
     Q_OBJECT

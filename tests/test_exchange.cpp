@@ -30,7 +30,7 @@ QString wholeProject(const QString &project)
     return texts.join(u"\n\n"_s);
 }
 
-/** A value of a kind that the field takes, apt to trip a reader or a writer. */
+/** A value that the field takes, and that readers and writers get wrong easily. */
 NewValue hostileValue(const FieldDef &field, std::mt19937 &random)
 {
     const auto below = [&random](int bound) {

@@ -269,7 +269,7 @@ private slots:
         QVERIFY(program.main.isVisible() && !program.main.isEnabled());
         QTRY_COMPARE(QApplication::activeWindow(), program.chooser());
         program.main.activateWindow(); // as a click on it would
-        QTest::qWait(50);              // which is heard of by and by
+        QTest::qWait(50);              // the signal comes later
         QTRY_COMPARE(QApplication::activeWindow(), program.chooser());
         Play(program.chooser(), u"click Command1"_s);
         QVERIFY(program.main.isEnabled());

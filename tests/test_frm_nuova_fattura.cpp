@@ -32,7 +32,7 @@ private slots:
         QCOMPARE(m_dialog->minimumSize(), m_dialog->maximumSize());
     }
 
-    /** Which form opens; the main form is out of use until then. */
+    /** Which form opens; the main form is disabled until then. */
     void answers()
     {
         for (const auto &[steps, opened] : {std::pair{u"Return"_s, u"A 4"_s},

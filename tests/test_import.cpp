@@ -230,7 +230,7 @@ void TestImport::keepsCodesAndWhatTheProgramWrote()
              qPrintable(said));
     QCOMPARE(said.count(u"andrebbe persa"_s), 2);
     QCOMPARE(office.archive(), before);
-    // Codes that are equal, here to those that a new code map gets, need no leave.
+    // Codes that are equal, here to those that a new code map gets, need no option.
     QByteArray codes = ContentOf(QStringLiteral(DEMO_FOLDER "/Funzioni.csv"));
     office.put(u"Funzioni"_s, codes);
     office.put(u"SchedaProgetto"_s, "Voce;Descri\nq0100;x\nm0097_3;x\ns0103;x\n");

@@ -78,7 +78,7 @@ private slots:
                "Note MEMO TEXT)"_s);
     }
 
-    /** Here 4 is a set without writing, 10 no current record, 15 a record that has gone. */
+    /** Here 4 is a set without writing, 10 no current record, 15 a deleted record. */
     void moves()
     {
         RecordSet empty = open(u"SELECT * FROM Voci ORDER BY Npag "_s);

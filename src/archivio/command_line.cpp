@@ -49,7 +49,7 @@ QString request(const QStringList &words)
     return {};
 }
 
-/** Has the toolkit tell options and operands apart. */
+/** Separates options from operands by the toolkit. */
 void readWords(QStringList words, const CommandForm &form, CommandLine &line)
 {
     QCommandLineParser parser;

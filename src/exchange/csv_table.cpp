@@ -26,7 +26,7 @@ QByteArray bytesOf(const QString &path)
     return bytes;
 }
 
-/** What a file is that only bears the name of a CSV file; empty for one that is such a file. */
+/** What a file is that has the name of a CSV file and is none; empty for a CSV file. */
 QString otherKind(const QByteArray &bytes)
 {
     if (bytes.startsWith("PK\x03\x04") || bytes.startsWith("\xD0\xCF\x11\xE0"))
@@ -44,8 +44,8 @@ QString otherKind(const QByteArray &bytes)
     return {};
 }
 
-/** The text of a file. Programs of old write the Western code page; a line of it among others in
- *  UTF-8 is told by @p warnings. */
+/** The text of a file. Old programs write the Western code page; a line of it among lines in UTF-8
+ *  is reported in @p warnings. */
 QString textOf(const QString &path, QStringList &warnings, QList<CellFault> &faults)
 {
     const QByteArray file = bytesOf(path);
@@ -135,7 +135,7 @@ GivenTable tableOf(const QString &text, const ExchangedTable &table, const Table
     const bool isItalian = separator == u';';
     const Notation other = isItalian ? Notation::International : Notation::Italian;
     GivenTable given = readAs(isItalian ? Notation::Italian : Notation::International, faults);
-    // One fault that the other notation would mend may be a slip of the hand.
+    // A single fault may be a typing error, though the other notation has none.
     QList<CellFault> otherFaults;
     if (faults.size() > 1 && ToldNotation(cells.rows, columns, table) == other &&
         (readAs(other, otherFaults), otherFaults.size() + 1 < faults.size()))

@@ -41,7 +41,7 @@ void MadeFiles::makeDatabase(const QString &path, ArchiveFile file)
     ofThisStep.add(aside + u"-journal"_s);
     CreateArchiveFile(aside, file);
     const QString journal = path + u"-journal"_s;
-    QFile::remove(journal); // of a database that has gone: it would be played into the new one
+    QFile::remove(journal); // of a deleted database: the engine would play it into the new one
     PutInPlace(aside, path);
     add(journal);
     add(path);

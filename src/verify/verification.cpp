@@ -15,12 +15,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Passes on what can't be a finding: somebody is at work on the file, or stopped in the middle, or
- *  lets nobody read it. */
+/** Throws on what is no finding: the file is in use, has a change that was broken off, or can't be
+ *  read by this user. */
 void throwWhatHinders(const QString &path, const DatabaseError &error)
 {
-    // What a change that was broken off left behind asks for another change, which is not for a
-    // check.
+    // Only a program that writes can undo a change that was broken off, and a check does not write.
     if (error.fault() == DatabaseFault::ReadOnly && QFileInfo::exists(path + u"-journal"_s))
         throw FileError(path, u"Una modifica dell'archivio è rimasta a metà."_s,
                         u"Aprire una volta il progetto con Saldoro, che la annulla, e ripetere il "
