@@ -85,6 +85,7 @@ private slots:
                  {"00040 ", "spazi"},
                  {"..", "punto"},
                  {"lotto 1.", "punto"},
+                 {"lotto.nuovo", "nuovo"},
                  {"con", "riservato"},
                  {"Com1.bis", "riservato"},
                  {"NUL .x", "riservato"},
@@ -147,10 +148,12 @@ private slots:
         QCOMPARE(list.text(list.row(), 0), u"00112"_s);
     }
 
-    /** From nothing to a contract that Saldoro can open, by the keyboard. */
+    /** From nothing to a contract that Saldoro can open, by the keyboard; a try before was broken
+     *  off. */
     void newContract()
     {
         Archive office;
+        WriteFile(office.copy(u"00113.nuovo"_s, u"AZIDB.mdb.nuovo"_s), "half");
         FrmAppalti form;
         form.show();
         QVERIFY(QTest::qWaitForWindowActive(&form));
@@ -177,6 +180,7 @@ private slots:
         QTRY_VERIFY(form.findChild<FrmVoci *>() == nullptr);
         QCOMPARE(office.rows(u"00113"_s, u"Appalto.mdb"_s, u"SELECT * FROM UltimaPerVariante"_s),
                  u"A1|Scavi|10005000\nA2|Muri|20000"_s);
+        QVERIFY(!QDir(office.folder(u"00113.nuovo"_s)).exists());
         QVERIFY(office.messages.last().contains(u"Saldoro non può essere avviato"_s));
         QTRY_VERIFY(BodyText(Find<FlexGrid>(form, u"Elenco"_s)->table())
                         .contains(u"00113|2|1.002,50|0|0,00|1.002,50||"_s));

@@ -17,7 +17,7 @@ QString told(const PastedTable &pasted)
     for (const PastedRow &row : pasted.rows()) {
         QStringList values;
         if (row.state == PastedState::Taken) {
-            for (const NewValue &value : pasted.taken()[taken++]) {
+            for (const NewValue &value : pasted.taken().rows[taken++]) {
                 const auto *amount = std::get_if<Currency>(&value);
                 values.append(amount ? FormatImporto(*amount) : TextOf(value));
             }
@@ -25,7 +25,7 @@ QString told(const PastedTable &pasted)
         const QChar letter = u"\0!sx"[static_cast<int>(row.state)];
         lines.append(values.isEmpty() ? letter + u' ' + row.reason : values.join(u'|'));
     }
-    lines.append(u"= "_s + TotalText(pasted.table(), pasted.taken()) +
+    lines.append(u"= "_s + TotalText(pasted.table(), pasted.taken().rows) +
                  (pasted.isReady() ? u" pronto"_s : u""_s));
     if (!pasted.remark().isEmpty())
         lines.append(pasted.remark().left(18));
@@ -122,7 +122,7 @@ private slots:
             pasted.setCell(3, column, text);
         QCOMPARE(told(pasted), u"A1|Scavi|5,00\nx tralasciata\n"
                                "s senza Codice: titolo o totale\nA3|Tetti|7,50\n= 12,50 pronto"_s);
-        QCOMPARE(pasted.lines(), QList<int>({1, 4}));
+        QCOMPARE(pasted.taken().lines, QList<int>({1, 4}));
         pasted.setText(u"Voce\tDescri\tImporto\nA1\tScavi\t5"_s);
         pasted.toggle(0); // a header that is none
         QVERIFY(told(pasted).startsWith(u"! Importo: «Importo»"_s));

@@ -5,11 +5,13 @@
 #include "exchange/project_place.h"
 #include "exchange/table_change.h"
 #include "store/archive_paths.h"
+#include "store/contract_codes.h"
 #include "store/internal_codes.h"
 #include "store/open_project.h"
 #include "store/written_items.h"
 #include "verify/verification.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -116,8 +118,6 @@ private:
             m_made.makeFolder(m_folder);
             m_made.makeFolder(QFileInfo(path(ArchiveFile::Codes)).path());
         }
-        if (!QFileInfo::exists(path(ArchiveFile::Codes)) && !isGiven(u"Funzioni"_s))
-            m_tables.append(standardCodes());
         for (const ArchiveFile file : ArchiveFileList) {
             if (!QFileInfo::exists(path(file))) {
                 m_made.makeDatabase(path(file), file);
@@ -130,6 +130,12 @@ private:
             if (file != first)
                 m_databases.emplace(file, m_databases.at(first).attach(path(file)));
         }
+        const GivenTable codes = standardCodes();
+        const bool isNeeded = m_new.contains(ArchiveFile::Codes) || m_options.createProject;
+        // An empty code map is left where a first import was broken off.
+        if (isNeeded && !isGiven(codes.table->name()) &&
+            StoredRows(m_databases.at(ArchiveFile::Codes), codes.table->definition).isEmpty())
+            m_tables.append(codes);
     }
 
     Verification verified() const
@@ -301,6 +307,17 @@ ImportOutcome ImportTables(const QString &projectFolder, const QList<GivenTable>
             outcome.warnings.append(error.message());
         }
     }
+    return outcome;
+}
+
+ImportOutcome CreateProject(const QString &projectFolder, const GivenTable &table, bool evenSo)
+{
+    const QString aside = projectFolder + UnfinishedContract.toString();
+    const ImportOutcome outcome =
+        ImportTables(aside, {table}, {true, evenSo, {table.table->name()}});
+    if (outcome.isDone && !QDir().rename(aside, projectFolder))
+        throw FileError(projectFolder, u"La cartella non può essere creata."_s,
+                        u"Controllare i permessi e lo spazio libero sul disco."_s);
     return outcome;
 }
 

@@ -30,4 +30,8 @@ struct ImportOptions
 ImportOutcome ImportTables(const QString &projectFolder, const QList<GivenTable> &tables,
                            const ImportOptions &options);
 
+/** As ImportTables(), for a project that is not there yet: its folder appears when it is complete,
+ *  even if the program dies. */
+ImportOutcome CreateProject(const QString &projectFolder, const GivenTable &table, bool evenSo);
+
 } // namespace saldoro

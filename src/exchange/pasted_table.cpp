@@ -226,8 +226,7 @@ void PastedTable::judge()
         TypedRowsOf(rows, columns, m_table, m_table.definition, notation, faults);
     for (const CellFault &fault : std::as_const(faults))
         addFault(fault.line, caption(fault.field) + u": "_s + fault.problem);
-    m_taken.clear();
-    m_lines.clear();
+    m_taken = {&m_table, typed.fields, u"Celle incollate"_s};
     for (qsizetype row = 0; row < typed.rows.size(); ++row) {
         const int line = typed.lines[row];
         for (const QString &field : m_table.neededFields) {
@@ -239,12 +238,12 @@ void PastedTable::judge()
                 addFault(line, u"manca %1."_s.arg(caption(field)));
         }
         if (m_rows[line - 1].state == PastedState::Taken) {
-            m_taken.append(typed.rows[row]);
-            m_lines.append(line);
+            m_taken.rows.append(typed.rows[row]);
+            m_taken.lines.append(line);
         }
     }
-    for (const CellFault &fault : m_check ? m_check(m_taken) : QList<CellFault>())
-        addFault(m_lines[fault.line], fault.problem);
+    for (const CellFault &fault : m_check ? m_check(m_taken.rows) : QList<CellFault>())
+        addFault(m_taken.lines[fault.line], fault.problem);
 }
 
 qsizetype PastedTable::count(PastedState state) const

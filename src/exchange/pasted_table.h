@@ -69,14 +69,13 @@ public:
     /** Leaves a row out, or takes it in again; the header taken in is no header any more. */
     void toggle(qsizetype row);
 
-    /** The rows that are taken, and for each its number among rows(), from 1. */
-    const TableRows &taken() const { return m_taken; }
-    const QList<int> &lines() const { return m_lines; }
+    /** The rows that are taken; their lines are their numbers among rows(), from 1. */
+    const GivenTable &taken() const { return m_taken; }
     qsizetype count(PastedState state) const;
     /** What calls for attention in the whole; may be empty. */
     QString remark() const;
     /** Whether there are rows to take and every row can be taken or stays out. */
-    bool isReady() const { return !m_taken.isEmpty() && count(PastedState::Faulty) == 0; }
+    bool isReady() const { return !m_taken.rows.isEmpty() && count(PastedState::Faulty) == 0; }
 
 private:
     void judge();
@@ -90,8 +89,7 @@ private:
     QList<PastedRow> m_rows;
     CellColumns m_columns;
     bool m_isConverted = false; ///< from the international notation
-    TableRows m_taken;
-    QList<int> m_lines;
+    GivenTable m_taken;
 };
 
 } // namespace saldoro

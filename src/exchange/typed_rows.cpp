@@ -242,12 +242,6 @@ std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColum
     return tellsItalian ? Notation::Italian : Notation::International;
 }
 
-bool HasKey(const CellRow &row, const CellColumns &columns, const ExchangedTable &table)
-{
-    const qsizetype cell = columns.places.indexOf(table.place(table.neededFields.first()));
-    return cell >= 0 && cell < row.cells.size() && !row.cells[cell].trimmed().isEmpty();
-}
-
 QString GivenTable::rowName(qsizetype row) const
 {
     return u"%1, riga %2"_s.arg(source).arg(lines.value(row, static_cast<int>(row) + 1));

@@ -42,9 +42,6 @@ inline constexpr qsizetype MostHeaderRows = 20; ///< that are looked at
 std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColumns &columns,
                                      const ExchangedTable &table);
 
-/** Whether a row fills the first needed field, thus is no title or total between the others. */
-bool HasKey(const CellRow &row, const CellColumns &columns, const ExchangedTable &table);
-
 /** Rows for a table, wherever they come from. */
 struct GivenTable
 {

@@ -89,7 +89,7 @@ void FrmCreditori::showState()
     if (!m_known.companies.contains(m_known.contractor))
         m_contractor->addItem(m_known.contractor);
     m_contractor->addItems(m_known.companies);
-    for (const TableRow &company : m_companies.taken())
+    for (const TableRow &company : m_companies.taken().rows)
         m_contractor->addItem(TextOf(company.first()));
     m_contractor->setCurrentText(chosen);
     m_write->setEnabled(hasChanges() && m_companies.count(PastedState::Faulty) == 0 &&
@@ -98,7 +98,7 @@ void FrmCreditori::showState()
 
 bool FrmCreditori::hasChanges() const
 {
-    return !m_companies.taken().isEmpty() || !m_professionals.taken().isEmpty() ||
+    return !m_companies.taken().rows.isEmpty() || !m_professionals.taken().rows.isEmpty() ||
            m_contractor->currentText() != m_known.contractor;
 }
 
@@ -107,7 +107,7 @@ void FrmCreditori::write()
     RequireClosed(MachinePath(ProjectFolder(m_values)));
     const QString contractor = m_contractor->currentText();
     const QStringList copies =
-        AddCreditors(m_values, m_companies.taken(), m_professionals.taken(),
+        AddCreditors(m_values, m_companies.taken().rows, m_professionals.taken().rows,
                      contractor == m_known.contractor ? QString() : contractor);
     ShowMessage(
         MessageKind::Information,

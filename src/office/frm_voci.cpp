@@ -124,9 +124,9 @@ void FrmVoci::showState()
 void FrmVoci::showChanges()
 {
     m_changes->clear();
-    if (m_pasted.taken().isEmpty())
+    if (m_pasted.taken().rows.isEmpty())
         return;
-    for (const BudgetChange &change : CompareBudget(folder(), m_pasted.taken()))
+    for (const BudgetChange &change : CompareBudget(folder(), m_pasted.taken().rows))
         m_changes->addItem(change.text());
 }
 
@@ -134,11 +134,10 @@ void FrmVoci::write(bool evenSo)
 {
     if (m_isVariant)
         RequireClosed(folder());
-    const ExchangedTable &table = m_pasted.table();
-    const ImportOutcome outcome = ImportTables(
-        folder(),
-        {{&table, table.fieldNames(), u"Celle incollate"_s, m_pasted.taken(), m_pasted.lines()}},
-        {!m_isVariant, evenSo, {table.name()}});
+    const GivenTable &budget = m_pasted.taken();
+    const ImportOutcome outcome =
+        m_isVariant ? ImportTables(folder(), {budget}, {false, evenSo, {budget.table->name()}})
+                    : CreateProject(folder(), budget, evenSo);
     if (outcome.isDone) {
         if (m_isVariant)
             ShowMessage(MessageKind::Information,

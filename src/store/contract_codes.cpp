@@ -17,8 +17,11 @@ QString ContractsFolder(const QString &root)
 
 QStringList ContractCodes(const QString &root)
 {
-    return QDir(ContractsFolder(root))
-        .entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
+    QStringList codes =
+        QDir(ContractsFolder(root))
+            .entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
+    codes.removeIf([](const QString &code) { return code.endsWith(UnfinishedContract); });
+    return codes;
 }
 
 QString FirstFreeCode(const QStringList &codes)
@@ -49,6 +52,8 @@ QString CodeProblem(const QString &code, const QStringList &codes)
         return match.captured().front() < u' ' || match.captured() == u"\x7f"
                    ? u"Il codice non può contenere caratteri di controllo."_s
                    : u"Il codice non può contenere "_s + match.captured() + u'.';
+    if (code.endsWith(UnfinishedContract))
+        return u"Il codice non può finire con "_s + UnfinishedContract.toString() + u'.';
     if (code != code.trimmed() || code.endsWith(u'.'))
         return u"Il codice non può avere spazi all'inizio o alla fine, né finire con un punto."_s;
     if (device.match(code).hasMatch())

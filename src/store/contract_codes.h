@@ -12,6 +12,9 @@ namespace saldoro {
 /** The folder of the contracts below an archives root, a path of the machine; it may be missing. */
 QString ContractsFolder(const QString &root);
 
+/** What the folder of a contract ends in until it is complete; it is none of the contracts. */
+inline constexpr QStringView UnfinishedContract = u".nuovo";
+
 /** The codes of all contracts below @p root in the order of the system's file names. */
 QStringList ContractCodes(const QString &root);
 
