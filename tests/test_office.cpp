@@ -153,7 +153,8 @@ private slots:
     void newContract()
     {
         Archive office;
-        WriteFile(office.copy(u"00113.nuovo"_s, u"AZIDB.mdb.nuovo"_s), "half");
+        QDir().mkpath(office.folder(u"00113.nuovo"_s));
+        WriteFile(office.folder(u"00113.nuovo"_s) + u"/AZIDB.mdb.nuovo"_s, "half");
         FrmAppalti form;
         form.show();
         QVERIFY(QTest::qWaitForWindowActive(&form));
