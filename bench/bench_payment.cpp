@@ -3,7 +3,7 @@
 #include "common/amount_text.h"
 #include "common/date_text.h"
 #include "invoice/allocation_block.h"
-#include "overview/payment_deletion.h"
+#include "overview/payment_actions.h"
 #include "store/archive_paths.h"
 #include "store/mandate_note.h"
 

@@ -1,7 +1,8 @@
 // Writes documents for the readers of other makers: rtf_cases FOLDER. Beside each NAME.rtf stands
 // NAME.txt with the text that was meant.
 
-#include "overview/rich_text_box.h"
+#include "overview/rtf_writer.h"
+#include "platform/whole_file.h"
 #include "rtf_text.h"
 
 #include <QFile>
@@ -18,9 +19,9 @@ constexpr int randomTexts = 12;
 
 void writeCase(const QString &folder, const QString &name, const QString &text)
 {
-    RichTextBox box(text);
-    box.setFontName(u"Courier New"_s);
-    box.saveFile(folder + u'\\' + name + u".rtf"_s);
+    WholeFile(folder + u'\\' + name + u".rtf"_s, [&](QIODevice &document) {
+        return WriteRtf(document, text, u"Courier New"_s);
+    }).replace();
     QFile file(folder + u'/' + name + u".txt"_s);
     if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0) {
         throw std::runtime_error("no room for the expected texts");

@@ -1,5 +1,4 @@
 #include "held_form.h"
-#include "invoice/allocation_total.h"
 #include "overview/availability_overview.h"
 #include "overview/closing_work.h"
 #include "overview/payments_list.h"

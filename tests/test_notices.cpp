@@ -53,7 +53,7 @@ struct HeldState
                  {u"mandatoDell", &shown.mandatoDell},
                  {u"creditore", &shown.creditore},
                  {u"contractor", &state.contractor},
-                 {u"note", &state.loadedNote},
+                 {u"note", &state.note},
                  {u"total", &state.allocationTotal},
                  {u"before", &past.before},
                  {u"typed", &past.left}}) {

@@ -5,7 +5,6 @@
 #include "common/number_text.h"
 #include "common/overview_column.h"
 #include "common/text_cut.h"
-#include "controls/message_box.h"
 #include "store/allocation_records.h"
 #include "store/archive_paths.h"
 #include "store/pick_limits.h"
@@ -18,30 +17,11 @@ namespace {
 
 QString pickLine(const TextTable &overview, int row)
 {
-    QString line = overview.text(row, OverviewColumn::Cod).trimmed();
-    // Only padded: a longer code stays readable as a whole.
-    if (const qsizetype missing = PickedCodeWidth - CharacterCount(line); missing > 0)
-        line += QString(missing, u' ');
-    return line + overview.text(row, OverviewColumn::Descrizione) + u" L."_s +
+    const QString code = overview.text(row, OverviewColumn::Cod).trimmed();
+    // Padded, but not cut: a longer code stays readable as a whole.
+    return code + QString(PickedCodeWidth - CharacterCount(code), u' ') +
+           overview.text(row, OverviewColumn::Descrizione) + u" L."_s +
            overview.text(row, OverviewColumn::Disponibilita);
-}
-
-void deleteStored(const ProgramValues &values, qint32 paymentNumber, const QString &code)
-{
-    const Database ledger = Database::open(LedgerPath(values));
-    RecordSet allocations = OpenAllocations(ledger, paymentNumber);
-    if (FindAllocation(allocations, code))
-        allocations.deleteRecord();
-}
-
-void removeRow(TextTable &grid, int removed)
-{
-    const TextTable::BulkChange change(grid);
-    for (int row = removed + 1; row < grid.rows(); ++row) {
-        for (int column = 0; column < AllocationColumn::Count; ++column)
-            grid.setText(row - 1, column, grid.text(row, column));
-    }
-    grid.setRows(grid.rows() - 1);
 }
 
 } // namespace
@@ -105,17 +85,33 @@ void WriteAmount(TextTable &grid, int row, const QString &typed)
                  FormatImporto(Currency::fromDouble(LeadingNumber(typed))));
 }
 
+QString AllocationTotal(const TextTable &grid)
+{
+    Currency total;
+    for (int row = 1; row < grid.rows(); ++row) {
+        const auto code = [&] { return grid.text(row, AllocationColumn::Cod); };
+        WithDetail(Detail::Row, QString::number(row), [&] {
+            WithDetail(Detail::Item, code,
+                       [&] { total += ImportoDaTesto(grid.text(row, AllocationColumn::Importo)); });
+        });
+    }
+    return FormatImporto(total);
+}
+
 void DeleteCurrentRow(TextTable &grid, const ProgramValues &values, qint32 paymentNumber)
 {
-    grid.setColumn(AllocationColumn::Cod);
-    if (grid.rows() <= 1 || grid.row() < 1)
-        return;
-    const QString code = grid.currentText();
-    if (ChiediConferma(u"Vuoi eliminare il Cod. "_s + code + u"?"_s)) {
-        deleteStored(values, paymentNumber, code);
-        removeRow(grid, grid.row());
+    {
+        const Database ledger = Database::open(LedgerPath(values));
+        RecordSet allocations = OpenAllocations(ledger, paymentNumber);
+        if (FindAllocation(allocations, grid.text(grid.row(), AllocationColumn::Cod)))
+            allocations.deleteRecord();
     }
-    grid.setColumn(AllocationColumn::Importo);
+    const TextTable::BulkChange change(grid);
+    for (int row = grid.row() + 1; row < grid.rows(); ++row) {
+        for (int column = 0; column < AllocationColumn::Count; ++column)
+            grid.setText(row - 1, column, grid.text(row, column));
+    }
+    grid.setRows(grid.rows() - 1);
 }
 
 } // namespace saldoro

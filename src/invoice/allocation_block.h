@@ -50,11 +50,12 @@ void EndInsertion(TextTable &grid);
 /** Writes an amount, in display form, from what was typed in plain form. */
 void WriteAmount(TextTable &grid, int row, const QString &typed);
 
-/**
- * Deletes the current row after asking: at once from the ledger, whether or not the payment is
- * saved later, and from the grid; the amount column becomes current. Nothing is deleted while no
- * row below the header is current. Database errors pass.
- */
+/** The sum of the amounts in display form. Throws OverflowError, with the details "Voce" and
+ *  "Riga". */
+QString AllocationTotal(const TextTable &grid);
+
+/** Deletes the current row, which is not the header: at once from the ledger, whether or not the
+ *  payment is saved later, and from the grid. Database errors pass. */
 void DeleteCurrentRow(TextTable &grid, const ProgramValues &values, qint32 paymentNumber);
 
 } // namespace saldoro

@@ -5,7 +5,6 @@
 #include "controls/key_press.h"
 #include "controls/message_box.h"
 #include "controls/popup_list.h"
-#include "invoice/allocation_total.h"
 #include "invoice/field_navigation.h"
 
 #include <QGridLayout>
@@ -13,8 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-
-#include <utility>
 
 namespace saldoro {
 
@@ -73,10 +70,12 @@ QString AllocationFrame::totalText() const
 
 void AllocationFrame::readInto(InvoiceState &state) const
 {
-    state.allocations = &std::as_const(*m_grid).table();
+    state.allocations = &m_grid->table();
     state.overview = &m_overview;
     state.allocationTotal = totalText();
-    state.typedAllocation = m_editor->isHidden() ? m_typedLast : typed(true);
+    state.typedAllocation = m_typed;
+    if (m_typed.isOpen)
+        state.typedAllocation.typed = m_editor->text();
 }
 
 bool AllocationFrame::eventFilter(QObject *watched, QEvent *event)
@@ -136,8 +135,11 @@ void AllocationFrame::addEditor()
     m_editor->hide();
     m_editor->installEventFilter(this);
     connect(m_editor, &QLineEdit::returnPressed, this, [this] { m_navigation.moveTo(*m_grid); });
-    m_navigation.watch(
-        *m_editor, [this] { m_editedRow = table().row(); }, [this] { editorLeft(); });
+    const auto entered = [this] {
+        m_editedRow = table().row();
+        m_typed = {table().text(m_editedRow, AllocationColumn::Cod), {}, true};
+    };
+    m_navigation.watch(*m_editor, entered, [this] { editorLeft(); });
 }
 
 void AllocationFrame::addPickList()
@@ -158,12 +160,10 @@ QLayout *AllocationFrame::makeButtons()
         m_navigation.addButton(u"Command3"_s, u"&Inserisci"_s,
                                u"Aggiunge una voce di spesa scelta dal quadro di disponibilità"_s,
                                this, [this] { insertItem(); }));
-    row->addWidget(m_navigation.addButton(
-        u"Command4"_s, u"&Elimina"_s,
-        u"Elimina subito la voce di spesa corrente, anche dall'archivio"_s, this, [this] {
-            DeleteCurrentRow(table(), m_values, m_paymentNumber);
-            RecalcAllocationTotal();
-        }));
+    row->addWidget(
+        m_navigation.addButton(u"Command4"_s, u"&Elimina"_s,
+                               u"Elimina subito la voce di spesa corrente, anche dall'archivio"_s,
+                               this, [this] { deleteItem(); }));
     return row;
 }
 
@@ -201,14 +201,21 @@ void AllocationFrame::insertItem()
 
 void AllocationFrame::itemPicked(int line)
 {
-    if (line < 0 || !PickItem(table(), m_offered.at(line))) {
+    if (line >= 0 && PickItem(table(), m_offered.at(line)))
+        openEditor();
+    else
         m_navigation.moveTo(*m_grid);
-        return;
+}
+
+void AllocationFrame::deleteItem()
+{
+    table().setColumn(AllocationColumn::Cod);
+    if (table().row() > 0) {
+        if (ChiediConferma(u"Vuoi eliminare il Cod. "_s + table().currentText() + u"?"_s))
+            DeleteCurrentRow(table(), m_values, m_paymentNumber);
+        table().setColumn(AllocationColumn::Importo);
     }
-    // The list closes with a choice, which is not the same as being left.
-    m_navigation.forget();
-    openEditor();
-    m_list->hide();
+    RecalcAllocationTotal();
 }
 
 void AllocationFrame::openEditor()
@@ -229,17 +236,12 @@ void AllocationFrame::placeEditor()
 // The focus is elsewhere by now, so hiding the editor does not move it.
 void AllocationFrame::editorLeft()
 {
-    m_typedLast = typed(false);
-    WriteAmount(table(), m_editedRow, m_editor->text());
+    m_typed.typed = m_editor->text();
+    m_typed.isOpen = false;
+    WriteAmount(table(), m_editedRow, m_typed.typed);
     m_editor->hide();
     RecalcAllocationTotal();
     m_grid->setFocus(Qt::OtherFocusReason);
-}
-
-TypedAllocation AllocationFrame::typed(bool isOpen) const
-{
-    const TextTable &grid = std::as_const(*m_grid).table();
-    return {grid.text(m_editedRow, AllocationColumn::Cod), m_editor->text(), isOpen};
 }
 
 } // namespace saldoro

@@ -22,7 +22,7 @@ class AllocationFrame : public QGroupBox
 public:
     /** Items are taken from @p overview, a deletion goes to the ledger of @p values; both, the
      *  @p navigation and the form must outlive the frame. The pick list floats over @p form, the
-     * frame's window. */
+     *  frame's window. */
     AllocationFrame(const QString &caption, const TextTable &overview, const ProgramValues &values,
                     qint32 paymentNumber, FieldNavigation &navigation, QWidget *form);
 
@@ -50,11 +50,11 @@ private:
 
     void insertItem();
     void itemPicked(int line);
+    void deleteItem();
 
     void openEditor();
     void placeEditor();
     void editorLeft();
-    TypedAllocation typed(bool isOpen) const;
 
     const TextTable &m_overview;
     const ProgramValues &m_values;
@@ -67,7 +67,7 @@ private:
     QLineEdit *m_total;
     QList<OfferedItem> m_offered; ///< line by line in the pick list
     int m_editedRow = 0;
-    TypedAllocation m_typedLast;
+    TypedAllocation m_typed; ///< its text only once the editor is left
 };
 
 } // namespace saldoro

@@ -3,6 +3,7 @@
 #include "common/amount_text.h"
 #include "common/errors.h"
 #include "common/number_text.h"
+#include "store/payment_amounts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -51,6 +52,22 @@ Currency AmountTexts::share(Amount base, Amount rate) const
     return Currency::fromDouble(amount(base).toDouble() * this->rate(rate) / 100.0);
 }
 
+Currency AmountTexts::dueTotal() const
+{
+    using enum Amount;
+    return GrossAmount(amount(Importo), amount(ImportoIva), amount(AltriImporti));
+}
+
+Currency AmountTexts::dueWithholdingBase() const
+{
+    return amount(Amount::Prestazione) + amount(Amount::Contributo);
+}
+
+Currency AmountTexts::dueNet() const
+{
+    return NetAmount(amount(Amount::TotaleFattura), amount(Amount::ImportoRA));
+}
+
 Currency AmountTexts::storedValue(const AmountField &field) const
 {
     return field.role == AmountRole::Rate ? Currency::fromDouble(LeadingNumber(text(field.amount)))
@@ -68,10 +85,11 @@ void AmountTexts::showStored(const QList<AmountField> &fields, const QMap<Amount
         else
             show(field.amount, stored[field.amount]);
     }
-    const Currency total = stored[Importo] + stored[ImportoIva] + stored[AltriImporti];
+    // All four decimals count here, not the two that are shown.
+    const Currency total = GrossAmount(stored[Importo], stored[ImportoIva], stored[AltriImporti]);
     show(TotaleFattura, total);
-    show(Netto, total - stored[ImportoRA]);
-    show(SoggettaRA, amount(Prestazione) + amount(Contributo));
+    show(Netto, NetAmount(total, stored[ImportoRA]));
+    show(SoggettaRA, dueWithholdingBase());
 }
 
 const AmountField &AmountChain::at(Amount field) const

@@ -35,6 +35,12 @@ enum class AmountRole
     Derived ///< an amount that leaving some field may write
 };
 
+/** Whether leaving a field shows it in plain form as it was typed, to be misread from then on. */
+inline bool StaysPlain(Amount field)
+{
+    return field == Amount::AltriImporti || field == Amount::SoggettaRA;
+}
+
 /** How the keyboard gets to an amount. */
 enum class Reach
 {
@@ -80,6 +86,10 @@ public:
     /** Base amount times rate over 100, multiplied and divided as floating point. Throws
      *  OverflowError also for an infinite rate. */
     Currency share(Amount base, Amount rate) const;
+    /** What three of the amounts should be, going by those that they are made of. */
+    Currency dueTotal() const;
+    Currency dueWithholdingBase() const;
+    Currency dueNet() const;
 
     /** What the column of @p field gets. */
     Currency storedValue(const AmountField &field) const;

@@ -1,7 +1,6 @@
-#include "invoice/amount_notices.h"
-
 #include "common/amount_text.h"
 #include "common/number_text.h"
+#include "invoice/invoice_notices.h"
 #include "invoice/typed_worth.h"
 
 namespace saldoro {
@@ -11,6 +10,12 @@ using enum Amount;
 using enum NoticeWeight;
 
 namespace {
+
+/** Whether a text, in display form or in plain form, means the amount that is shown so. */
+bool isWorth(const QString &text, const QString &shown)
+{
+    return TypedWorth(text, text.contains(u',') ? Notation::Comma : Notation::Point) == shown;
+}
 
 class AmountNotices
 {
@@ -23,52 +28,50 @@ public:
         , m_then(state.shown.amounts)
         , m_all(all)
     {
-        for (const AmountField &field : m_chain.fields) {
-            if (field.objectName == state.focus)
-                m_focused = &field;
-        }
     }
 
     void tell()
     {
         if (m_state.typedAllocation.isOpen)
             m_all.worth = WorthLine(m_state.typedAllocation.typed, Notation::Point);
-        if (m_focused) {
-            m_all.worth = WorthLine(m_now.text(m_focused->amount), NotationOf(*m_focused));
-            m_chain.leave(m_then, m_focused->amount);
-            tellOfTotal(m_focused->amount);
+        for (const AmountField &field : m_chain.fields) {
+            if (isFocused(field))
+                lookAhead(field);
         }
         for (const AmountField &field : m_chain.fields)
             tellTyped(field);
         tellShare(AliquotaIva, Importo, ImportoIva,
                   m_isCompany ? u"ripassare l'aliquota"_s : u"riscriverla"_s);
         tellOverwrittenVat();
-        tellTotal(TotaleFattura,
-                  m_then.amount(Importo) + m_then.amount(ImportoIva) + m_then.amount(AltriImporti),
+        tellTotal(TotaleFattura, m_then.dueTotal(),
                   m_isCompany ? u"si confronta ma non si salva, Importo e IVA fanno %1"_s
                               : u"è rimasto indietro, ora è %1: passare dall'aliquota IVA"_s);
         if (!m_isCompany) {
             tellShare(AliquotaRA, SoggettaRA, ImportoRA, u"azzerarla e ripassare l'aliquota"_s);
-            tellTotal(Netto, m_then.amount(TotaleFattura) - m_then.amount(ImportoRA),
+            tellTotal(Netto, m_then.dueNet(),
                       u"è rimasto indietro, ora è %1: passare dall'aliquota R.A."_s);
         }
         compareTotals();
     }
 
 private:
+    bool isFocused(const AmountField &field) const { return field.objectName == m_state.focus; }
+
     void add(NoticeWeight weight, Amount field, const QString &text)
     {
         m_all.tell(weight, m_chain.at(field).objectName, m_chain.nameOf(field) + u": "_s + text);
     }
 
-    /** While a field is left that does not keep what is typed, or keeps it for nothing. */
-    void tellOfTotal(Amount field)
+    /** What leaving the field will make of the amounts. */
+    void lookAhead(const AmountField &field)
     {
-        if (field == TotaleFattura && m_isCompany)
+        m_all.worth = WorthLine(m_now.text(field.amount), NotationOf(field));
+        m_chain.leave(m_then, field.amount);
+        if (field.amount == TotaleFattura && m_isCompany)
             m_all.worth = u"Ciò che si scrive qui si confronta così com'è, e non si salva"_s;
-        else if (field == TotaleFattura || field == Netto)
+        else if (field.amount == TotaleFattura || field.amount == Netto)
             m_all.worth = u"Ciò che si scrive qui va perso: uscendo dal campo torna %1"_s.arg(
-                m_then.text(field));
+                m_then.text(field.amount));
     }
 
     /** A text that is read otherwise than it looks, while it is typed and after it. */
@@ -87,7 +90,7 @@ private:
             return;
         }
         const QString shown = m_now.text(field.amount);
-        const bool isAsTyped = &field == m_focused || notation == Notation::Comma;
+        const bool isAsTyped = isFocused(field) || notation == Notation::Comma;
         const QString typed = isAsTyped ? shown : past.left;
         const QString misread = MisreadLine(typed, notation);
         if (!misread.isEmpty() && (isAsTyped || TypedWorth(typed, notation) == shown))
@@ -108,12 +111,14 @@ private:
     /** VAT that was typed by hand gives way to the computed one. */
     void tellOverwrittenVat()
     {
+        if (!m_isCompany || !isFocused(m_chain.at(AliquotaIva)))
+            return;
         AmountTexts before = m_now;
         before.setText(AliquotaIva, m_state.past.value(AliquotaIva).before);
         const QString vat = m_now.text(ImportoIva);
         const QString then = m_then.text(ImportoIva);
-        if (m_isCompany && m_focused && m_focused->amount == AliquotaIva && !vat.isEmpty() &&
-            vat != then && vat != FormatImporto(before.share(Importo, AliquotaIva)))
+        if (!vat.isEmpty() && vat != then &&
+            vat != FormatImporto(before.share(Importo, AliquotaIva)))
             add(Caution, ImportoIva,
                 u"uscendo dall'aliquota %1 diventa %2, da riscrivere poi"_s.arg(vat, then));
     }
@@ -128,7 +133,7 @@ private:
     void compareTotals()
     {
         const QString invoice = m_then.text(TotaleFattura);
-        const QString allocated = m_state.allocationTotal;
+        const QString &allocated = m_state.allocationTotal;
         if (invoice.isEmpty() || invoice == allocated)
             return;
         if (isWorth(invoice, allocated)) {
@@ -143,18 +148,11 @@ private:
                        allocated, invoice, FormatImporto(missing)));
     }
 
-    /** Whether a text, in display form or in plain form, means the amount that is shown so. */
-    static bool isWorth(const QString &text, const QString &shown)
-    {
-        return TypedWorth(text, text.contains(u',') ? Notation::Comma : Notation::Point) == shown;
-    }
-
     const InvoiceState &m_state;
     const AmountChain &m_chain;
-    const AmountField *m_focused = nullptr;
     bool m_isCompany;
-    AmountTexts m_now;  ///< as they stand
-    AmountTexts m_then; ///< as they will once the focus goes on
+    const AmountTexts &m_now; ///< as they stand
+    AmountTexts m_then;       ///< as they will be once the focus goes on
     Notices &m_all;
 };
 

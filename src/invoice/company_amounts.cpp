@@ -18,7 +18,7 @@ void leaveCompanyAmount(AmountTexts &texts, Amount field)
     } else {
         texts.showTyped(field);
     }
-    texts.show(TotaleFattura, texts.amount(Importo) + texts.amount(ImportoIva));
+    texts.show(TotaleFattura, texts.dueTotal());
 }
 
 } // namespace

@@ -16,8 +16,7 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-CreditorFields::CreditorFields(const QString &dateBoxName, FieldNavigation &navigation,
-                               QWidget *form)
+CreditorFields::CreditorFields(CreditorKind kind, FieldNavigation &navigation, QWidget *form)
     : QWidget(form)
     , m_navigation(navigation)
     , m_list(new PopupList(form))
@@ -31,7 +30,7 @@ CreditorFields::CreditorFields(const QString &dateBoxName, FieldNavigation &navi
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins({});
     addCreditor(*grid);
-    addInvoice(*grid, dateBoxName);
+    addInvoice(*grid, kind);
     preparePickList();
 }
 
@@ -76,7 +75,7 @@ void CreditorFields::addCreditor(QGridLayout &grid)
     grid.addLayout(line, 0, 1);
 }
 
-void CreditorFields::addInvoice(QGridLayout &grid, const QString &dateBoxName)
+void CreditorFields::addInvoice(QGridLayout &grid, CreditorKind kind)
 {
     grid.addWidget(
         m_navigation.addLine(*m_number, u"Text1_1"_s, u"&Fattura Nr."_s, u"Numero della fattura"_s),
@@ -86,7 +85,7 @@ void CreditorFields::addInvoice(QGridLayout &grid, const QString &dateBoxName)
         BoxWidth(*m_description, QString(LedgerSize::Descrizione, u'n')));
     auto *line = new QHBoxLayout;
     line->addWidget(m_number, 1);
-    line->addWidget(m_navigation.addLine(*m_date, dateBoxName, u"De&l"_s,
+    line->addWidget(m_navigation.addLine(*m_date, DateBoxName(kind), u"De&l"_s,
                                          u"Data della fattura, giorno/mese/anno"_s));
     line->addWidget(m_date);
     line->addWidget(m_navigation.addLine(*m_description, u"Text1_3"_s, u"De&scrizione"_s,

@@ -28,7 +28,7 @@ public:
     using Names = std::function<QStringList()>;
 
     /** @p navigation must outlive the block; the pick list floats over @p form. */
-    CreditorFields(const QString &dateBoxName, FieldNavigation &navigation, QWidget *form);
+    CreditorFields(CreditorKind kind, FieldNavigation &navigation, QWidget *form);
 
     /** Adds a button beside the creditor, which in the Tab order comes behind it. The list is shown
      *  even when @p names gives none. */
@@ -42,7 +42,7 @@ public:
 
 private:
     void addCreditor(QGridLayout &grid);
-    void addInvoice(QGridLayout &grid, const QString &dateBoxName);
+    void addInvoice(QGridLayout &grid, CreditorKind kind);
     void preparePickList();
 
     FieldNavigation &m_navigation;

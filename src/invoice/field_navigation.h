@@ -64,9 +64,6 @@ public:
      *  to be left; whatever the caller meant to do must then not be done. */
     bool moveTo(QWidget &control);
 
-    /** From now on no control is taken to have the focus: none is left when another is entered. */
-    void forget() { m_current = nullptr; }
-
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 

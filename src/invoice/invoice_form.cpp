@@ -3,10 +3,10 @@
 #include "common/ending.h"
 #include "common/number_text.h"
 #include "controls/date_box.h"
+#include "controls/message_box.h"
 #include "controls/notice_strip.h"
 #include "controls/window_placement.h"
 #include "invoice/allocation_frame.h"
-#include "invoice/allocation_total.h"
 #include "invoice/amount_fields.h"
 #include "invoice/creditor_fields.h"
 #include "invoice/entry_field.h"
@@ -28,52 +28,27 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/** What tells the two invoice forms apart at sight, beside their amounts. */
-struct Look
-{
-    QString objectName;
-    QString title;
-    QString dateBoxName;
-    QString allocationCaption;
-    QString searchHint;
-};
-
-const Look &lookOf(CreditorKind kind)
-{
-    static const Look company{
-        u"FrmAziende"_s, u"Aziende"_s, u"MaskEdBox1_0"_s, u" Conti di Spesa "_s,
-        u"Elenca le imprese partecipanti il cui nome inizia come il creditore scritto"_s};
-    static const Look professional{u"FrmProfessionisti"_s, u"Professionisti"_s, u"MaskEdBox1"_s,
-                                   u"Conti di Spesa"_s,
-                                   u"Elenca i professionisti incaricati nel contratto"_s};
-    return kind == CreditorKind::Company ? company : professional;
-}
-
-} // namespace
-
 InvoiceForm::InvoiceForm(CreditorKind kind, ProgramValues &values, const TextTable &overview)
     : m_values(values)
-    , m_payment{kind, values.CurrentPaymentNumber}
+    , m_loaded{{kind, values.CurrentPaymentNumber}}
     , m_navigation(*this)
     , m_page(new QWidget(this))
     , m_number(new QLabel(this))
-    , m_creditor(new CreditorFields(lookOf(kind).dateBoxName, m_navigation, this))
+    , m_creditor(new CreditorFields(kind, m_navigation, this))
     , m_amounts(new AmountFields(kind, m_navigation, this))
     , m_notes(new NoteFields(m_navigation, this))
-    , m_allocation(new AllocationFrame(lookOf(kind).allocationCaption, overview, values,
-                                       m_payment.number, m_navigation, this))
+    , m_allocation(new AllocationFrame(isCompany() ? u" Conti di Spesa "_s : u"Conti di Spesa"_s,
+                                       overview, values, paymentNumber(), m_navigation, this))
     , m_strip(new NoticeStrip(this, NoticeStrip::Worth::Shown, [this] { return notices(); }))
 {
-    setObjectName(lookOf(kind).objectName);
-    setWindowTitle(lookOf(kind).title);
+    setObjectName(isCompany() ? u"FrmAziende"_s : u"FrmProfessionisti"_s);
+    setWindowTitle(isCompany() ? u"Aziende"_s : u"Professionisti"_s);
     m_number->setObjectName(u"Label2"_s);
     m_number->setTextFormat(Qt::PlainText);
     QFont heading = m_number->font();
     heading.setBold(true);
     m_number->setFont(heading);
-    addCreditorLists(lookOf(kind).searchHint);
+    addCreditorLists();
     arrange();
     connect(&m_amounts->totalBox(), &QLineEdit::textChanged, &m_allocation->invoiceTotal(),
             &QLabel::setText);
@@ -91,7 +66,7 @@ void InvoiceForm::load()
     SizeWindow(*this, (m_page->sizeHint() + below).expandedTo(least));
     CentraForm(*this);
     loadPayment();
-    m_number->setText(u"Pagamento N. "_s + SignedNumberText(m_payment.number));
+    m_number->setText(u"Pagamento N. "_s + SignedNumberText(paymentNumber()));
     m_allocation->RecalcAllocationTotal();
     m_creditor->creditorBox().setFocus(Qt::OtherFocusReason);
     m_open = true;
@@ -104,14 +79,18 @@ void InvoiceForm::closeEvent(QCloseEvent *event)
         emit unloaded();
 }
 
-void InvoiceForm::addCreditorLists(const QString &searchHint)
+void InvoiceForm::addCreditorLists()
 {
-    m_creditor->addList(u"Command5"_s, u"&Ricerca"_s, searchHint, [this] {
-        return isCompany() ? ParticipatingCompanies(m_values, m_creditor->creditorBox().text())
-                           : ProfessionalCreditors(m_values);
-    });
-    if (!isCompany())
+    if (!isCompany()) {
+        m_creditor->addList(u"Command5"_s, u"&Ricerca"_s,
+                            u"Elenca i professionisti incaricati nel contratto"_s,
+                            [this] { return ProfessionalCreditors(m_values); });
         return;
+    }
+    m_creditor->addList(
+        u"Command5"_s, u"&Ricerca"_s,
+        u"Elenca le imprese partecipanti il cui nome inizia come il creditore scritto"_s,
+        [this] { return ParticipatingCompanies(m_values, m_creditor->creditorBox().text()); });
     m_principals = m_creditor->addList(
         u"Command6"_s, u"&Mandanti"_s, u"Elenca le mandanti dell'associazione di imprese"_s,
         [this] { return Principals(m_values, m_contractor.IdImpresa); });
@@ -190,36 +169,46 @@ QLayout *InvoiceForm::makeButtons()
 
 void InvoiceForm::loadPayment()
 {
+    PaymentRecord &payment = m_loaded.shown;
     if (isCompany()) {
         m_contractor = LoadContractor(m_values);
         m_principals->setEnabled(m_contractor.isAssociation);
-        m_payment.creditore = m_contractor.name;
+        m_loaded.contractor = payment.creditore = m_contractor.name;
     }
-    LoadPagamento(m_values, m_payment, m_allocation->table());
-    m_creditor->showRecord(m_payment);
-    m_amounts->showTexts(m_payment.amounts);
-    m_notes->showRecord(m_payment);
-    m_isListed = m_payment.storedKind.has_value();
+    LoadPagamento(m_values, payment, m_allocation->table());
+    m_creditor->showRecord(payment);
+    m_amounts->showTexts(payment.amounts);
+    m_notes->showRecord(payment);
+    m_loaded.note = payment.memo;
+    m_loaded.isListed = payment.storedKind.has_value();
     const TextTable &stored = m_allocation->table();
     for (int row = 1; row < stored.rows(); ++row)
-        m_storedAllocations[stored.text(row, AllocationColumn::Cod)] =
+        m_loaded.storedAllocations[stored.text(row, AllocationColumn::Cod)] =
             stored.text(row, AllocationColumn::Importo);
 }
 
 void InvoiceForm::savePayment()
 {
-    if (!ConfirmTotals(m_allocation->totalText(), m_amounts->totalBox().text()))
+    // Compared as texts: a total that was typed over may mean the same and read otherwise.
+    if (m_allocation->totalText() != m_amounts->totalBox().text() &&
+        !ChiediConferma(u"Gli importi non coincidono continuare ? "_s))
         return;
-    m_creditor->readInto(m_payment);
-    m_payment.amounts = m_amounts->texts();
-    m_notes->readInto(m_payment);
-    SavePagamento(m_values, m_payment, m_allocation->table());
+    SavePagamento(m_values, shown(), m_allocation->table());
     close();
+}
+
+PaymentRecord InvoiceForm::shown() const
+{
+    PaymentRecord record = m_loaded.shown;
+    m_creditor->readInto(record);
+    record.amounts = m_amounts->texts();
+    m_notes->readInto(record);
+    return record;
 }
 
 void InvoiceForm::setListed(bool isListed)
 {
-    m_isListed = isListed;
+    m_loaded.isListed = isListed;
     m_strip->refreshSoon();
 }
 
@@ -240,24 +229,17 @@ void InvoiceForm::followContent()
 
 Notices InvoiceForm::notices() const
 {
-    InvoiceState state{m_payment};
-    m_creditor->readInto(state.shown);
-    m_notes->readInto(state.shown);
+    InvoiceState state = m_loaded;
+    state.shown = shown();
     m_allocation->readInto(state);
-    state.dateLeft = findChild<DateBox *>(lookOf(m_payment.kind).dateBoxName)->leftWith();
+    state.dateLeft = findChild<DateBox *>(DateBoxName(state.shown.kind))->leftWith();
     state.mandateDateLeft = findChild<DateBox *>(u"MandatoDell"_s)->leftWith();
     for (const EntryField *field : findChildren<EntryField *>()) {
         if (field->isCut())
             state.cutFields += field->objectName();
     }
-    state.shown.amounts = m_amounts->texts();
     state.past = m_amounts->past();
     state.focus = focusWidget() ? focusWidget()->objectName() : QString();
-    state.isMeantNew = m_isMeantNew;
-    state.isListed = m_isListed;
-    state.loadedNote = m_payment.memo;
-    state.contractor = m_contractor.name;
-    state.storedAllocations = m_storedAllocations;
     return InvoiceNotices(state);
 }
 

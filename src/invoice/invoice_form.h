@@ -1,12 +1,10 @@
 #pragma once
 
 #include "common/program_values.h"
-#include "controls/notice.h"
 #include "invoice/field_navigation.h"
-#include "invoice/payment_record.h"
+#include "invoice/invoice_notices.h"
 #include "store/contractor_and_principals.h"
 
-#include <QHash>
 #include <QWidget>
 
 class QLabel;
@@ -19,7 +17,6 @@ class AmountFields;
 class CreditorFields;
 class NoteFields;
 class NoticeStrip;
-class TextTable;
 
 /**
  * The form of one payment, to a company (FrmAziende) or to a professional (FrmProfessionisti):
@@ -42,11 +39,11 @@ public:
     void load();
 
     /** Tells, for the notices alone, that "Nuovo" has opened the form. */
-    void setMeantNew() { m_isMeantNew = true; }
+    void setMeantNew() { m_loaded.isMeantNew = true; }
     /** The same, that the payments have been read again, and whether they hold its number. */
     void setListed(bool isListed);
 
-    qint32 paymentNumber() const { return m_payment.number; }
+    qint32 paymentNumber() const { return m_loaded.shown.number; }
 
 signals:
     /** The form has closed; sent once. Not sent while the program is ending. */
@@ -56,18 +53,20 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    bool isCompany() const { return m_payment.kind == CreditorKind::Company; }
-    void addCreditorLists(const QString &searchHint);
+    bool isCompany() const { return m_loaded.shown.kind == CreditorKind::Company; }
+    void addCreditorLists();
     void arrange();
     void addPage();
     QLayout *makeButtons();
     void loadPayment();
     void savePayment();
+    PaymentRecord shown() const;
     void followContent();
     Notices notices() const;
 
     ProgramValues &m_values;
-    PaymentRecord m_payment;
+    /** The payment as it was loaded, and what else of the past the notices have to know. */
+    InvoiceState m_loaded;
     Contractor m_contractor;
     FieldNavigation m_navigation;
     QWidget *m_page;
@@ -78,9 +77,6 @@ private:
     AllocationFrame *m_allocation;
     QPushButton *m_principals = nullptr;
     NoticeStrip *m_strip;
-    QHash<QString, QString> m_storedAllocations; ///< amounts by code, as they were loaded
-    bool m_isMeantNew = false;
-    bool m_isListed = false;
     bool m_open = false;
 };
 

@@ -3,7 +3,6 @@
 #include "common/amount_text.h"
 #include "common/errors.h"
 #include "common/overview_column.h"
-#include "invoice/amount_notices.h"
 #include "invoice/typed_worth.h"
 #include "store/mandate_note.h"
 
@@ -48,7 +47,7 @@ void tellDate(const QString &shown, const QString &left, const QString &field, N
 void tellTexts(const InvoiceState &state, Notices &all)
 {
     const PaymentRecord &shown = state.shown;
-    const QString date = shown.kind == CreditorKind::Company ? u"MaskEdBox1_0"_s : u"MaskEdBox1"_s;
+    const QString date = DateBoxName(shown.kind);
     if (const QString text = numberText(state); !text.isEmpty())
         all.tell(Danger, {}, u"Il pagamento %1 %2"_s.arg(QString::number(shown.number), text));
     if (shown.del == EmptyDateText)
@@ -67,7 +66,7 @@ void tellTexts(const InvoiceState &state, Notices &all)
                      back.mandato));
     if (shown.storedKind)
         return;
-    if (!shown.memo.isEmpty() && shown.memo == state.loadedNote)
+    if (!shown.memo.isEmpty() && shown.memo == state.note)
         all.tell(Remark, u"Memo"_s,
                  u"Le note sono dell'ultimo pagamento: riscriverle o svuotarle"_s);
     const bool isAtCreditor = state.focus == u"Text1_0" || state.focus == u"Command5";

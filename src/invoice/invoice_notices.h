@@ -19,13 +19,13 @@ struct TypedAllocation
 /** All that the notices of an invoice form are about: what it holds at a moment. */
 struct InvoiceState
 {
-    PaymentRecord shown; ///< the texts as they stand, plain form included
-    QString focus = {};  ///< object name of the control that has the focus
+    PaymentRecord shown = {}; ///< the texts as they stand, plain form included
+    QString focus = {};       ///< object name of the control that has the focus
     QMap<Amount, AmountPast> past = {};
 
     bool isMeantNew = false; ///< opened by "Nuovo"
     bool isListed = true;    ///< whether the main screen's list, read last, has its number
-    QString loadedNote = {};
+    QString note = {};       ///< as it was loaded
     QString contractor = {}; ///< the creditor that a new payment to a company starts with
 
     QString dateLeft = {}; ///< see DateBox::leftWith()
@@ -39,7 +39,13 @@ struct InvoiceState
     QString allocationTotal = {};
 };
 
-/** What the form tells about itself; plain texts in, plain texts out, no fault goes further. */
+/** What the form tells about itself; plain texts in, plain texts out. An amount beyond the currency
+ *  range is a notice, too. */
 Notices InvoiceNotices(const InvoiceState &state);
+
+/** Adds what there is to tell of the invoice's amounts and totals, and what the text that is being
+ *  typed is worth. Amounts count as they will once the field that has the focus is left. Throws
+ *  OverflowError when leaving it would. */
+void TellAmounts(const InvoiceState &state, Notices &all);
 
 } // namespace saldoro

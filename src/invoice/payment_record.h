@@ -29,6 +29,13 @@ struct PaymentRecord
     std::optional<QString> storedKind = {};
 };
 
+/** Name of the box in which a form shows PaymentRecord::del. */
+inline QString DateBoxName(CreditorKind kind)
+{
+    return kind == CreditorKind::Company ? QStringLiteral("MaskEdBox1_0")
+                                         : QStringLiteral("MaskEdBox1");
+}
+
 /**
  * Reads the first payment of the number in @p record into it, whatever that payment's kind. The
  * record comes with what the form shows before (for a company the contractor's name as creditor),

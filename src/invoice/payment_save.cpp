@@ -84,9 +84,8 @@ void SavePagamento(ProgramValues &values, const PaymentRecord &record, const Tex
             for (int row = 1; row < grid.rows(); ++row)
                 writeAllocation(allocations, record.number, grid, row);
         }
-        constexpr qint16 noFunction = 0;
         values.MandateText = ComposeMandateNote(record.mandato, record.mandatoDell);
-        ScriviVoceStringa(values, VoceMandato(values, record.number), noFunction,
+        ScriviVoceStringa(values, VoceMandato(values, record.number), NoTag,
                           MandateDescription(record.number, record.creditore), values.MandateText);
     });
 }

@@ -12,46 +12,57 @@ namespace {
 void leaveFee(AmountTexts &texts, Amount field)
 {
     texts.showTyped(field);
-    const Currency subjectToWithholding = texts.amount(Prestazione) + texts.amount(Contributo);
-    texts.show(Importo, subjectToWithholding + texts.amount(CassaPrev));
-    texts.show(SoggettaRA, subjectToWithholding);
+    texts.show(Importo, texts.dueWithholdingBase() + texts.amount(CassaPrev));
+    texts.show(SoggettaRA, texts.dueWithholdingBase());
 }
 
-void leaveVat(AmountTexts &texts, Amount field)
+void leaveVatRate(AmountTexts &texts)
 {
-    if (field == AliquotaIva) {
-        // A text test: 0,00 counts as an amount that the user wants, unlike the withholding's.
-        if (texts.text(ImportoIva).isEmpty() || texts.text(ImportoIva) == u"0")
-            texts.show(ImportoIva, texts.share(Importo, AliquotaIva));
-        texts.showRate(AliquotaIva);
-    } else if (field != SoggettaRA && field != AltriImporti) {
-        // Those two keep the plain form that they were typed in.
-        texts.showTyped(field);
-    }
-    texts.show(TotaleFattura,
-               texts.amount(Importo) + texts.amount(ImportoIva) + texts.amount(AltriImporti));
+    // A text test: 0,00 counts as an amount that the user wants, unlike the withholding's.
+    if (texts.text(ImportoIva).isEmpty() || texts.text(ImportoIva) == u"0")
+        texts.show(ImportoIva, texts.share(Importo, AliquotaIva));
+    texts.showRate(AliquotaIva);
 }
 
-void leaveWithholding(AmountTexts &texts, Amount field)
+void leaveWithholdingRate(AmountTexts &texts)
 {
-    if (field == AliquotaRA) {
-        if (LeadingNumber(texts.text(ImportoRA)) == 0.0)
-            texts.show(ImportoRA, texts.share(SoggettaRA, AliquotaRA));
-        texts.showRate(AliquotaRA);
-    } else if (field == ImportoRA) {
-        texts.showTyped(ImportoRA);
-    }
-    texts.show(Netto, texts.amount(TotaleFattura) - texts.amount(ImportoRA));
+    if (LeadingNumber(texts.text(ImportoRA)) == 0.0)
+        texts.show(ImportoRA, texts.share(SoggettaRA, AliquotaRA));
+    texts.showRate(AliquotaRA);
 }
 
 void leaveProfessionalAmount(AmountTexts &texts, Amount field)
 {
-    if (field <= CassaPrev)
+    switch (field) {
+    case Prestazione:
+    case Contributo:
+    case CassaPrev:
         leaveFee(texts, field);
-    else if (field <= SoggettaRA)
-        leaveVat(texts, field);
-    else
-        leaveWithholding(texts, field);
+        return;
+    case AliquotaIva:
+        leaveVatRate(texts);
+        break;
+    case Importo:
+    case ImportoIva:
+    case TotaleFattura:
+        texts.showTyped(field);
+        break;
+    case AltriImporti:
+    case SoggettaRA: // see StaysPlain
+        break;
+    case AliquotaRA:
+        leaveWithholdingRate(texts);
+        texts.show(Netto, texts.dueNet());
+        return;
+    case ImportoRA:
+        texts.showTyped(ImportoRA);
+        texts.show(Netto, texts.dueNet());
+        return;
+    case Netto:
+        texts.show(Netto, texts.dueNet());
+        return;
+    }
+    texts.show(TotaleFattura, texts.dueTotal());
 }
 
 } // namespace

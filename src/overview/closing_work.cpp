@@ -32,11 +32,10 @@ QString overviewLine(const TextTable &overview, int row)
 void WriteProjectDocuments(ProgramValues &values, const TextTable &overview)
 {
     FrmElab form;
-    form.listBox.setText(QString());
+    form.listBox.text.clear();
     for (int row = 1; row < overview.rows(); ++row) {
-        form.listBox.setFontName(u"Courier New"_s);
-        form.lastPaymentBox.setFontName(u"Courier New"_s);
-        form.listBox.appendText(overviewLine(overview, row));
+        form.listBox.fontName = form.lastPaymentBox.fontName = u"Courier New"_s;
+        form.listBox.text += overviewLine(overview, row);
     }
     SaveDocument(values, form.listBox, InternalCode::OverviewDocument);
     RegisterDocument(values, InternalCode::OverviewDocument);

@@ -1,6 +1,8 @@
 #include "overview/document_register.h"
 
 #include "common/errors.h"
+#include "overview/rtf_writer.h"
+#include "platform/whole_file.h"
 #include "store/archive_paths.h"
 #include "store/code_lookups.h"
 
@@ -9,9 +11,6 @@ namespace saldoro {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/** The suite's readers go by the item; they give the tag of these entries no meaning. */
-constexpr qint16 registerTag = 0;
 
 QString fileName(const ProgramValues &values, QStringView internalCode)
 {
@@ -22,13 +21,15 @@ QString fileName(const ProgramValues &values, QStringView internalCode)
 
 void SaveDocument(const ProgramValues &values, const RichTextBox &box, QStringView internalCode)
 {
-    box.saveFile(ProjectFolder(values) + u'\\' + fileName(values, internalCode));
+    WholeFile(ProjectFolder(values) + u'\\' + fileName(values, internalCode), [&](QIODevice &file) {
+        return WriteRtf(file, box.text, box.fontName);
+    }).replace();
 }
 
 void RegisterDocument(const ProgramValues &values, QStringView internalCode)
 {
     WithDetail(Detail::Code, internalCode.toString(), [&] {
-        ScriviVoceFile(values, CodiceEsterno(values, internalCode), registerTag,
+        ScriviVoceFile(values, CodiceEsterno(values, internalCode), NoTag,
                        DescrizioneFunzione(values, internalCode), fileName(values, internalCode));
     });
 }

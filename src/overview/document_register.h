@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/program_values.h"
-#include "overview/rich_text_box.h"
+#include "overview/frm_elab.h"
 
 namespace saldoro {
 
@@ -11,7 +11,8 @@ namespace saldoro {
  * contract database: tag 0, the description of the same internal code, the bare file name.
  */
 
-/** Saves a box as the document of an internal code. Throws DatabaseError, FileError. */
+/** Saves a box as the document of an internal code, replacing an earlier one only once the new one
+ *  is whole and on the disk. Throws DatabaseError, FileError. */
 void SaveDocument(const ProgramValues &values, const RichTextBox &box, QStringView internalCode);
 
 /** Writes the register entry of the document of an internal code. Throws DatabaseError. */

@@ -1,16 +1,24 @@
 #pragma once
 
-#include "overview/rich_text_box.h"
+#include <QString>
 
 namespace saldoro {
 
-/** The working form of one closing of the main form: two text boxes that are saved as documents of
- *  the project. It is never shown, so it has no window. */
+/** A text that becomes a document, all in one font. */
+struct RichTextBox
+{
+    QString text;
+    QString fontName = QStringLiteral("MS Sans Serif");
+};
+
+/** The working form of one closing of the main form: two boxes that are saved as documents of the
+ *  project. Each starts out with its control name as text. It is never shown, so it has no
+ *  window. */
 struct FrmElab
 {
     /** Gathers the overview, then the statements before the last. */
     RichTextBox listBox{QStringLiteral("RichTextBox1")};
-    /** Holds the statement of the last payment; starts out with its control name as text. */
+    /** Holds the statement of the last payment. */
     RichTextBox lastPaymentBox{QStringLiteral("RichTextBox2")};
 };
 

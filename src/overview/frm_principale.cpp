@@ -3,13 +3,13 @@
 #include "common/ending.h"
 #include "controls/buttons.h"
 #include "controls/flex_grid.h"
+#include "controls/message_box.h"
 #include "controls/notice_strip.h"
 #include "controls/window_placement.h"
 #include "overview/availability_overview.h"
 #include "overview/closing_work.h"
 #include "overview/main_screen_notices.h"
-#include "overview/payment_deletion.h"
-#include "overview/payment_opening.h"
+#include "overview/payment_actions.h"
 #include "overview/payments_list.h"
 #include "platform/machine_path.h"
 #include "store/archive_paths.h"
@@ -40,14 +40,6 @@ QLabel *makeHeading(const QString &name, const QString &text, QWidget *buddy)
     return heading;
 }
 
-PromptButton *addButton(QBoxLayout &row, const QString &objectName, const QString &caption,
-                        const QString &hint)
-{
-    auto *button = new PromptButton(objectName, caption, hint);
-    row.addWidget(button);
-    return button;
-}
-
 } // namespace
 
 FrmPrincipale::FrmPrincipale(ProgramValues &values)
@@ -76,6 +68,8 @@ void FrmPrincipale::prepareGrids()
     m_payments->setWidths({400, FlexGrid::Rest, 1000, 1800, 400});
     m_payments->table().setRightAligned({PaymentColumn::Importo});
     m_payments->setSearchColumn(PaymentColumn::Creditore);
+    connect(m_payments, &FlexGrid::cellActivated, this, &FrmPrincipale::CaricaFattura);
+    connect(m_payments, &FlexGrid::deletePressed, this, &FrmPrincipale::deletePayment);
 
     Describe(*m_overview, u"MSFlexGrid2"_s, u"Quadro di disponibilità"_s,
              u"Spesa prevista, pagata e ancora disponibile di ogni voce"_s);
@@ -100,19 +94,22 @@ QLayout *FrmPrincipale::makeButtons()
 {
     auto *row = new QHBoxLayout;
     row->addStretch(1);
-    auto *nuovo = addButton(*row, u"Command1"_s, u"&Nuovo"_s, u"Registra un nuovo pagamento"_s);
-    m_modify = addButton(*row, u"Command3"_s, u"&Modifica"_s, u"Apre il pagamento scelto"_s);
-    auto *elimina = addButton(*row, u"Command4"_s, u"&Elimina"_s,
-                              u"Elimina il pagamento scelto, dopo averne chiesto conferma"_s);
-    auto *chiudi =
-        addButton(*row, u"Command2"_s, u"&Chiudi"_s, u"Chiude e scrive i documenti del progetto"_s);
+    const auto add = [&](const QString &name, const QString &caption, const QString &hint,
+                         auto action) {
+        auto *button = new PromptButton(name, caption, hint);
+        row->addWidget(button);
+        connect(button, &QPushButton::clicked, this, action);
+        return button;
+    };
+    add(u"Command1"_s, u"&Nuovo"_s, u"Registra un nuovo pagamento"_s, &FrmPrincipale::addPayment);
+    m_modify = add(u"Command3"_s, u"&Modifica"_s, u"Apre il pagamento scelto"_s,
+                   &FrmPrincipale::CaricaFattura);
+    add(u"Command4"_s, u"&Elimina"_s,
+        u"Elimina il pagamento scelto, dopo averne chiesto conferma"_s,
+        &FrmPrincipale::deletePayment);
+    add(u"Command2"_s, u"&Chiudi"_s, u"Chiude e scrive i documenti del progetto"_s,
+        &QWidget::close);
     m_modify->setEnabled(false);
-    connect(nuovo, &QPushButton::clicked, this, &FrmPrincipale::addPayment);
-    connect(m_modify, &QPushButton::clicked, this, &FrmPrincipale::CaricaFattura);
-    connect(elimina, &QPushButton::clicked, this, &FrmPrincipale::deletePayment);
-    connect(chiudi, &QPushButton::clicked, this, &QWidget::close);
-    connect(m_payments, &FlexGrid::cellActivated, this, &FrmPrincipale::CaricaFattura);
-    connect(m_payments, &FlexGrid::deletePressed, this, &FrmPrincipale::deletePayment);
     return row;
 }
 
@@ -184,7 +181,7 @@ void FrmPrincipale::addPayment()
 {
     m_focusBefore = focusWidget();
     setEnabled(false);
-    m_values.CurrentPaymentNumber = m_payments->table().rows();
+    m_values.CurrentPaymentNumber = NextPaymentNumber(m_payments->table());
     emit nuovoRequested();
 }
 
@@ -204,7 +201,8 @@ void FrmPrincipale::CaricaFattura()
 void FrmPrincipale::deletePayment()
 {
     const int row = m_payments->table().row();
-    if (m_payments->table().rows() == 1 || !ConfirmDeletion(row))
+    if (m_payments->table().rows() == 1 ||
+        !ChiediConferma(u"Sei sicuro di vole eliminare il pagamento N°%1"_s.arg(row)))
         return;
     DeletePayment(m_values, row);
     load();

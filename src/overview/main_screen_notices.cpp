@@ -13,11 +13,11 @@ namespace {
 void tellNumbers(const TextTable &payments, Notices &all)
 {
     const int current = payments.row();
-    const int next = payments.rows();
+    const int next = NextPaymentNumber(payments);
     bool areRows = true;
     int ofRow = 0;   // payments whose number is the current row
     int nextRow = 0; // the row of the payment that has the next number already
-    for (int row = 1; row < next; ++row) {
+    for (int row = 1; row < payments.rows(); ++row) {
         const int number = payments.text(row, PaymentColumn::Nr).toInt();
         areRows = areRows && number == row;
         ofRow += number == current ? 1 : 0;

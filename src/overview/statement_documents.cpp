@@ -1,5 +1,6 @@
 #include "overview/statement_documents.h"
 
+#include "common/creditor_kind.h"
 #include "common/errors.h"
 #include "database/database.h"
 #include "overview/document_register.h"
@@ -17,13 +18,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** As for the documents, the tag of a total has no meaning. */
-constexpr qint16 totalTag = 0;
-
 /** What the two runs over the payments differ in; the codes are internal ones. */
 struct Run
 {
-    QString sql;
+    CreditorKind kind;
     QString creditors;
     QStringView earlierCode;
     QStringView lastCode;
@@ -54,27 +52,28 @@ void composeStatements(RecordSet &fatture, const QString &creditors, ProgramValu
     const qint16 count = paymentCount(fatture, creditors);
     for (int number = 1; number < count; ++number) {
         ComponiTestoPagamento(fatture, values);
-        form.listBox.appendText(u"\r\n"_s);
-        form.listBox.appendText(values.TestoPagamento);
+        form.listBox.text += u"\r\n"_s;
+        form.listBox.text += values.TestoPagamento;
         fatture.moveNext();
     }
     ComponiTestoPagamento(fatture, values);
-    form.lastPaymentBox.setText(values.TestoPagamento);
+    form.lastPaymentBox.text = values.TestoPagamento;
 }
 
 /** Returns the total of the kind. */
 Currency writeRun(ProgramValues &values, FrmElab &form, const Run &run)
 {
     const Database ledger = Database::open(LedgerPath(values));
-    RecordSet fatture = ledger.openRecordSet(run.sql);
-    form.listBox.setText(QString());
+    RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture  WHERE AziProf = '"_s +
+                                             KindCode(run.kind) + u"' ORDER BY Npag "_s);
+    form.listBox.text.clear();
     values.TotaleLiquidato = Currency();
     composeStatements(fatture, run.creditors, values, form);
     SaveDocument(values, form.lastPaymentBox, run.lastCode);
     SaveDocument(values, form.listBox, run.earlierCode);
     RegisterDocument(values, run.earlierCode);
     RegisterDocument(values, run.lastCode);
-    AggiornaVoceImporto(values, run.totalCode, totalTag, values.TotaleLiquidato);
+    AggiornaVoceImporto(values, run.totalCode, NoTag, values.TotaleLiquidato);
     return values.TotaleLiquidato;
 }
 
@@ -84,15 +83,14 @@ void ScriviProspettoRtf(ProgramValues &values, FrmElab &form)
 {
     const Currency companies =
         writeRun(values, form,
-                 {u"SELECT * FROM Fatture  WHERE AziProf = 'A' ORDER BY Npag "_s, u"alle aziende"_s,
-                  InternalCode::EarlierCompanyPayments, InternalCode::LastCompanyPayment,
-                  InternalCode::CompanyTotal});
+                 {CreditorKind::Company, u"alle aziende"_s, InternalCode::EarlierCompanyPayments,
+                  InternalCode::LastCompanyPayment, InternalCode::CompanyTotal});
     const Currency professionals =
         writeRun(values, form,
-                 {u"SELECT * FROM Fatture  WHERE AziProf = 'P' ORDER BY Npag "_s,
-                  u"ai professionisti"_s, InternalCode::EarlierProfessionalPayments,
-                  InternalCode::LastProfessionalPayment, InternalCode::ProfessionalTotal});
-    AggiornaVoceImporto(values, InternalCode::Total, totalTag, companies + professionals);
+                 {CreditorKind::Professional, u"ai professionisti"_s,
+                  InternalCode::EarlierProfessionalPayments, InternalCode::LastProfessionalPayment,
+                  InternalCode::ProfessionalTotal});
+    AggiornaVoceImporto(values, InternalCode::Total, NoTag, companies + professionals);
 }
 
 } // namespace saldoro

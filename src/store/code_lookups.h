@@ -15,6 +15,10 @@ namespace saldoro {
  * store/internal_codes.h.
  */
 
+/** The tag of the items that this program writes. The suite's readers go by the item's code and
+ *  give the tag of these no meaning. */
+inline constexpr qint16 NoTag = 0;
+
 /** External code of an internal one, as text; the empty text when the code is not mapped. */
 QString CodiceEsterno(const ProgramValues &values, QStringView internalCode);
 

@@ -6,6 +6,16 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
+Currency GrossAmount(Currency base, Currency vat, Currency others)
+{
+    return base + vat + others;
+}
+
+Currency NetAmount(Currency gross, Currency withheld)
+{
+    return gross - withheld;
+}
+
 bool IsProfessional(const RecordSet &payments)
 {
     return payments.field(u"AziProf"_s).storedBytes() ==
@@ -21,8 +31,8 @@ Currency OtherAmounts(const RecordSet &payments)
 
 Currency GrossAmount(const RecordSet &payments)
 {
-    return payments.field(u"Importo"_s).currency() + payments.field(u"ImportoIVA"_s).currency() +
-           OtherAmounts(payments);
+    return GrossAmount(payments.field(u"Importo"_s).currency(),
+                       payments.field(u"ImportoIVA"_s).currency(), OtherAmounts(payments));
 }
 
 } // namespace saldoro

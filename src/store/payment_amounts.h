@@ -5,6 +5,12 @@
 
 namespace saldoro {
 
+/** What an invoice comes to: base, VAT and other amounts. Throws OverflowError. */
+Currency GrossAmount(Currency base, Currency vat, Currency others);
+
+/** What of an invoice is paid out. Throws OverflowError. */
+Currency NetAmount(Currency gross, Currency withheld);
+
 /*
  * Of the payment that an open set of the ledger's payments stands on. Throws NoCurrentRecord,
  * FieldMissing.

@@ -1,0 +1,52 @@
+#include "overview/payment_actions.h"
+
+#include "common/errors.h"
+#include "database/database.h"
+#include "store/archive_paths.h"
+#include "store/code_lookups.h"
+#include "store/mandate_note.h"
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** Deletes what meets the criterion, looking from the start each time. */
+void deleteMatching(RecordSet &records, const QString &criterion)
+{
+    for (records.findFirst(criterion); !records.noMatch(); records.findFirst(criterion))
+        records.deleteRecord();
+}
+
+} // namespace
+
+std::optional<CreditorKind> OpenPayment(ProgramValues &values, qint32 row)
+{
+    const Database ledger = Database::open(LedgerPath(values));
+    RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture "_s);
+    values.CurrentPaymentNumber = row;
+    const QString number = QString::number(row);
+    return WithDetail(Detail::Payment, number, [&] {
+        fatture.findFirst(u"Npag ="_s + number);
+        // After a failed find there is no current record, and the first one decides.
+        if (fatture.noMatch())
+            fatture.moveFirst();
+        return KindOfCode(fatture.field(u"AziProf"_s).text());
+    });
+}
+
+void DeletePayment(const ProgramValues &values, qint32 row)
+{
+    const QString number = QString::number(row);
+    WithDetail(Detail::Payment, number, [&] {
+        EliminaVociLike(values, VoceMandato(values, row));
+        const Database ledger = Database::open(LedgerPath(values));
+        RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture ORDER BY Npag "_s);
+        RecordSet spese = ledger.openRecordSet(u"SELECT * FROM Spese ORDER BY RelNpag"_s);
+        deleteMatching(fatture, u"Npag = "_s + number);
+        deleteMatching(spese, u"RelNpag = "_s + number);
+    });
+}
+
+} // namespace saldoro
