@@ -27,7 +27,7 @@ struct ProgramValues
     // Written again and again.
 
     /** The payment that an invoice form is for when it is loaded next, new or not. The main screen
-     *  writes it before it asks for a form (overview/frm_principale, overview/payment_opening). */
+     *  writes it before it asks for a form (overview/frm_principale, overview/payment_actions). */
     qint32 CurrentPaymentNumber = 0;
     /** Mandate note composed by the last save of an invoice form (invoice/payment_save). */
     QString MandateText;

@@ -82,7 +82,7 @@ bool AllocationFrame::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched != m_editor || event->type() != QEvent::KeyPress)
         return false;
-    // The key that picked the item may still be held down; it must not confirm an empty amount.
+    // The Enter that picked the item may still be held down; it must not confirm an empty amount.
     if (IsEnter(*event) && IsKeyHeld())
         return true;
     m_grid->scrollTo(m_grid->currentIndex());
@@ -93,7 +93,7 @@ bool AllocationFrame::eventFilter(QObject *watched, QEvent *event)
     } else {
         m_editor->event(event);
     }
-    event->accept(); // the grid around the editor has no part in it
+    event->accept(); // or the grid around the editor would get it
     return true;
 }
 

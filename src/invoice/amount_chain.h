@@ -45,8 +45,8 @@ inline bool StaysPlain(Amount field)
 enum class Reach
 {
     InTurn,   ///< by Enter and Tab
-    OnRequest ///< by its mnemonic or a click alone: a computed amount that stays in plain form when
-              ///< it is left, and would then be misread, must not be passed through unnoticed
+    OnRequest ///< only by its mnemonic or a click: a computed amount that stays in plain form when
+              ///< it is left would be misread if the clerk just passed through it
 };
 
 /** All that there is to know of one amount field of an invoice form. */
@@ -110,8 +110,8 @@ struct AmountPast
     QString left;   ///< what it read when it was left last, before it was shown in display form
     bool isRewritten = false; ///< by the user, since it read @ref before
 
-    /** To be called on entry. What passing through has made of a text is no text of the user's, so
-     *  the older one is kept. */
+    /** To be called on entry. A text that was only passed through was not written by the user: what
+     *  it was before that is kept. */
     void enter(const QString &text)
     {
         if (before.isEmpty() || isRewritten)
@@ -125,7 +125,7 @@ struct AmountChain
     QList<AmountField> fields; ///< in reading order
     void (*leave)(AmountTexts &texts, Amount field) = nullptr;
 
-    /** A field of the chain. */
+    /** A field that the chain has. */
     const AmountField &at(Amount field) const;
     /** What it is called by itself, also where two share a caption. */
     QString nameOf(Amount field) const;

@@ -17,9 +17,9 @@ namespace {
 
 enum LayoutColumn
 {
-    CaptionPlace,
-    RatePlace,
-    AmountPlace
+    CaptionColumn,
+    RateColumn,
+    AmountColumn
 };
 
 } // namespace
@@ -38,7 +38,7 @@ AmountFields::AmountFields(CreditorKind kind, FieldNavigation &navigation, QWidg
             i + 1 < m_chain.fields.size() && m_chain.fields[i + 1].caption.isEmpty();
         addLine(*grid, first, isPair ? &m_chain.fields[++i] : nullptr, navigation);
     }
-    grid->setColumnStretch(CaptionPlace, 1);
+    grid->setColumnStretch(CaptionColumn, 1);
     grid->setRowStretch(grid->rowCount(), 1);
     tintDerived();
 }
@@ -107,12 +107,12 @@ void AmountFields::addLine(QGridLayout &grid, const AmountField &first, const Am
     if (second) {
         rate = addBox(first, navigation);
         rate->setFixedWidth(BoxWidth(*rate, u"99.99"));
-        grid.addWidget(rate, line, RatePlace);
+        grid.addWidget(rate, line, RateColumn);
     }
     QLineEdit *amount = addBox(second ? *second : first, navigation);
     amount->setMinimumWidth(BoxWidth(*amount, WidestAmount));
-    grid.addWidget(amount, line, AmountPlace);
-    grid.addWidget(LabelFor(rate ? *rate : *amount, first.caption), line, CaptionPlace);
+    grid.addWidget(amount, line, AmountColumn);
+    grid.addWidget(LabelFor(rate ? *rate : *amount, first.caption), line, CaptionColumn);
 }
 
 // Still an entry box, but one whose content usually comes by itself.

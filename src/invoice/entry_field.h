@@ -5,10 +5,10 @@
 namespace saldoro {
 
 /**
- * A line edit for a text of one line that has a place of limited size to go to. Whoever writes into
- * it, it holds no more than so many characters and no line ends or tabs: those at the ends of what
- * is pasted or dropped go, a run of them inside becomes one blank, and of the rest it takes as much
- * as fits. A text that is dragged here and changed so stays where it came from, too.
+ * A line edit for one line of text that goes to a column of limited size. Whoever writes into it,
+ * it holds no more than so many characters and neither line ends nor tabs. Of what is pasted or
+ * dropped those at the ends go, a run of them inside becomes one blank, and as much is taken as
+ * fits. A text that was dragged here and changed in this way also stays where it came from.
  */
 class EntryField : public QLineEdit
 {
@@ -23,7 +23,7 @@ public:
     /** Shows a text from its beginning, cleaned and cut. */
     void showText(const QString &text);
 
-    /** Whether what came last did not fit, and nothing has been taken away since. */
+    /** Whether the end of a text is missing here because it did not fit. */
     bool isCut() const { return m_isCut; }
 
 protected:

@@ -33,10 +33,9 @@ int BoxWidth(const QWidget &box, QStringView widest);
  * whole text is selected on entry, a date box is not left with an impossible date, and a button
  * works only once the field that had the focus is settled.
  *
- * It knows which control of the window has the focus in the sense of the form. A control keeps the
- * focus while its window is not the active one: message boxes, menus and other windows take it from
- * nobody, so they set off no recalculation. Handlers run after the focus has really moved. A
- * handler may move the focus itself; the control that the user was heading for is then not entered.
+ * A control counts as left only when another one of the window gets the focus: message boxes, menus
+ * and other windows set off no recalculation. Handlers run after the focus has moved. A handler may
+ * move the focus itself; the control that the user was heading for is then not entered.
  */
 class FieldNavigation : public QObject
 {

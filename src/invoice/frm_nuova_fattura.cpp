@@ -21,7 +21,7 @@ QRadioButton *makeOption(const QString &name, const QString &text, const QString
 {
     auto *option = new QRadioButton(text);
     Describe(*option, name, QString(text).remove(u'&'), hint);
-    // By its mnemonic it is chosen after a moment only; an Enter right behind must count.
+    // Its mnemonic chooses it only after a moment, but an Enter may follow at once.
     QObject::connect(option, &QRadioButton::pressed, option,
                      [option] { option->setChecked(true); });
     return option;
@@ -66,7 +66,11 @@ QLayout *FrmNuovaFattura::makeButtons()
     auto *cancelButton =
         new PromptButton(u"Command2"_s, u"&Annulla"_s, u"Torna alla schermata principale"_s);
     proceedButton->setDefault(true);
-    connect(proceedButton, &QPushButton::clicked, this, &FrmNuovaFattura::proceed);
+    connect(proceedButton, &QPushButton::clicked, this, [this] {
+        setEnabled(false);
+        emit continued(m_company->isChecked() ? CreditorKind::Company : CreditorKind::Professional);
+        accept();
+    });
     connect(cancelButton, &QPushButton::clicked, this, [this] { done(Rejected); });
     auto *buttons = new QHBoxLayout;
     buttons->addStretch(1);
@@ -74,8 +78,6 @@ QLayout *FrmNuovaFattura::makeButtons()
     buttons->addWidget(cancelButton);
     return buttons;
 }
-
-void FrmNuovaFattura::reject() {}
 
 // The key that opened the form may still be held down.
 void FrmNuovaFattura::keyPressEvent(QKeyEvent *event)
@@ -89,19 +91,12 @@ void FrmNuovaFattura::closeEvent(QCloseEvent *event)
     event->setAccepted(IsEnding());
 }
 
-// Some window managers offer to put it away all the same, while the main form is out of use.
+// Some window managers offer to minimise it all the same, while the main form is out of use.
 void FrmNuovaFattura::changeEvent(QEvent *event)
 {
     QDialog::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange && isMinimized())
         showNormal();
-}
-
-void FrmNuovaFattura::proceed()
-{
-    setEnabled(false);
-    emit continued(m_company->isChecked() ? CreditorKind::Company : CreditorKind::Professional);
-    accept();
 }
 
 } // namespace saldoro

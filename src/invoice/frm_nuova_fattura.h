@@ -21,7 +21,7 @@ public:
     explicit FrmNuovaFattura(QWidget *owner = nullptr);
 
     /** Does nothing: Esc is no way out. */
-    void reject() override;
+    void reject() override {}
 
 signals:
     /** "Continua" was pressed: the form of @p kind is to be opened. finished() follows, as it does
@@ -36,7 +36,6 @@ protected:
 private:
     QWidget *makeOptions();
     QLayout *makeButtons();
-    void proceed();
 
     QAbstractButton *m_company = nullptr;
 };

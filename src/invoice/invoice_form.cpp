@@ -117,8 +117,8 @@ void InvoiceForm::arrange()
     addPage();
 }
 
-// On a screen that is too small for large letters the page scrolls, after the focus by itself;
-// notices and buttons stay in sight.
+// Where large letters leave too little room the page scrolls, and follows the focus. Notices and
+// buttons stay in sight.
 void InvoiceForm::addPage()
 {
     auto *area = new QScrollArea(this);
@@ -138,11 +138,11 @@ void InvoiceForm::addPage()
     connect(qApp, &QApplication::focusChanged, area, [area](QWidget *, QWidget *now) {
         if (!area->isAncestorOf(now))
             return;
-        // The whole control as far as there is room, and its cursor.
-        QRect place(now->mapTo(area->widget(), QPoint()), now->size());
-        place.setSize(place.size().boundedTo(area->viewport()->size()));
-        area->ensureVisible(place.center().x(), place.center().y(), place.width() / 2 + 1,
-                            place.height() / 2 + 1);
+        // The toolkit cares for the cursor only; the rest of the control may be out of sight.
+        QRect control(now->mapTo(area->widget(), QPoint()), now->size());
+        control.setSize(control.size().boundedTo(area->viewport()->size()));
+        area->ensureVisible(control.center().x(), control.center().y(), control.width() / 2 + 1,
+                            control.height() / 2 + 1);
         area->ensureWidgetVisible(now);
     });
 }
@@ -212,8 +212,8 @@ void InvoiceForm::setListed(bool isListed)
     m_strip->refreshSoon();
 }
 
-/** Each change of what the notices are about refreshes them. The strip itself is called, since some
- *  changes come while the form is being destroyed. */
+/** Each change of what the notices are about refreshes them. The connections end with the strip:
+ *  some changes come while the form is being destroyed. */
 void InvoiceForm::followContent()
 {
     const auto refresh = [strip = m_strip] { strip->refreshSoon(); };

@@ -38,9 +38,10 @@ public:
      *  before it is shown. */
     void load();
 
-    /** Tells, for the notices alone, that "Nuovo" has opened the form. */
+    /** Tells the form that "Nuovo" has opened it; only the notices go by that. */
     void setMeantNew() { m_loaded.isMeantNew = true; }
-    /** The same, that the payments have been read again, and whether they hold its number. */
+    /** Tells the form whether the main screen, which has read the payments again, lists its number;
+     *  only the notices go by that. */
     void setListed(bool isListed);
 
     qint32 paymentNumber() const { return m_loaded.shown.number; }
@@ -65,7 +66,7 @@ private:
     Notices notices() const;
 
     ProgramValues &m_values;
-    /** The payment as it was loaded, and what else of the past the notices have to know. */
+    /** The payment as it was loaded, and what else the notices have to know of the past. */
     InvoiceState m_loaded;
     Contractor m_contractor;
     FieldNavigation m_navigation;

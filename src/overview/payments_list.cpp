@@ -22,7 +22,7 @@ void writeCells(TextTable &payments, int row, const RecordSet &payment)
     payments.setText(row, PaymentColumn::Euro, u"€"_s);
 }
 
-void addPlace(SaldoroError &error, int row, const RecordSet &payment)
+void addDetails(SaldoroError &error, int row, const RecordSet &payment)
 {
     const QString number = payment.field(u"Npag"_s).textOrEmpty();
     if (!number.isEmpty()) {
@@ -42,7 +42,7 @@ void appendRow(TextTable &payments, const RecordSet &payment)
     try {
         writeCells(payments, row, payment);
     } catch (SaldoroError &error) {
-        addPlace(error, row, payment);
+        addDetails(error, row, payment);
         throw;
     }
 }

@@ -26,8 +26,9 @@ inline qint32 NextPaymentNumber(const TextTable &payments)
 void PreparePaymentsList(TextTable &payments);
 
 /**
- * The payments of the ledger as they go into the list. The ledger is open from the making of a
- * reader to its end, and both its tables are there: what is on the screen changes only behind that.
+ * The payments of the ledger as they go into the list. A reader keeps the ledger open. It is made
+ * before anything on the screen changes: a ledger that can't be opened, or lacks a table, leaves
+ * the screen as it was.
  */
 class PaymentsReader
 {

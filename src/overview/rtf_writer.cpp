@@ -42,11 +42,11 @@ bool isLineBreak(QChar character)
     return character >= u'\n' && character <= u'\r';
 }
 
-bool isHalfAlone(QStringView text, qsizetype place)
+bool isHalfAlone(QStringView text, qsizetype index)
 {
-    if (text[place].isHighSurrogate())
-        return place + 1 == text.size() || !text[place + 1].isLowSurrogate();
-    return text[place].isLowSurrogate() && (place == 0 || !text[place - 1].isHighSurrogate());
+    if (text[index].isHighSurrogate())
+        return index + 1 == text.size() || !text[index + 1].isLowSurrogate();
+    return text[index].isLowSurrogate() && (index == 0 || !text[index - 1].isHighSurrogate());
 }
 
 void appendByteEscape(std::string &out, unsigned char byte)
@@ -64,18 +64,18 @@ void appendUnicode(std::string &out, char16_t unit)
 }
 
 /** A character that does not stand for itself. */
-void appendSpecial(std::string &out, QStringView text, qsizetype place)
+void appendSpecial(std::string &out, QStringView text, qsizetype index)
 {
     constexpr char16_t replacement = QChar::ReplacementCharacter;
-    const char16_t unit = text[place].unicode();
-    if (unit == u'\r' && text.sliced(place + 1).startsWith(u'\n'))
+    const char16_t unit = text[index].unicode();
+    if (unit == u'\r' && text.sliced(index + 1).startsWith(u'\n'))
         return;
     if (isLineBreak(unit))
         out += "\\par\r\n";
     else if (unit == u'\t')
         out += "\\tab ";
     else if (unit >= 0x80)
-        appendUnicode(out, isHalfAlone(text, place) ? replacement : unit);
+        appendUnicode(out, isHalfAlone(text, index) ? replacement : unit);
     else if (unit >= u' ' && unit < 0x7f)
         out += {'\\', static_cast<char>(unit)};
     else if (unit != 0)
@@ -85,14 +85,14 @@ void appendSpecial(std::string &out, QStringView text, qsizetype place)
 /** Appends the characters of @p text from @p first up to @p last. */
 void appendText(std::string &out, QStringView text, qsizetype first, qsizetype last)
 {
-    for (qsizetype place = first; place < last; ++place) {
-        const QChar *const start = text.begin() + place;
+    for (qsizetype index = first; index < last; ++index) {
+        const QChar *const start = text.begin() + index;
         const QChar *const special = std::find_if_not(start, text.begin() + last, standsForItself);
         if (special != start)
             out += QStringView(start, special).toLatin1();
-        place += special - start;
-        if (place < last)
-            appendSpecial(out, text, place);
+        index += special - start;
+        if (index < last)
+            appendSpecial(out, text, index);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "common/creditor_kind.h"
 #include "common/errors.h"
 #include "database/text_order.h"
+#include "store/payment_amounts.h"
 
 #include <algorithm>
 
@@ -47,7 +48,8 @@ std::optional<Currency> grossAmount(const CheckedRow &payment)
     const auto others = hasOthers ? amount(u"AltriImporti01"_s) : std::nullopt;
     const auto fee = amount(u"Importo"_s);
     const auto vat = amount(u"ImportoIVA"_s);
-    return fee && vat ? std::optional(*fee + *vat + others.value_or(Currency())) : std::nullopt;
+    return fee && vat ? std::optional(GrossAmount(*fee, *vat, others.value_or(Currency())))
+                      : std::nullopt;
 }
 
 QList<CheckedRow> paymentsOf(const ProjectTable &fatture)
