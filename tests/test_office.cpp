@@ -14,8 +14,11 @@
 #include "store/project_copy.h"
 
 #include <QClipboard>
+#include <QDropEvent>
 #include <QFileDialog>
+#include <QMimeData>
 #include <QPointer>
+#include <QTableWidget>
 #include <QTabWidget>
 #include <QTimer>
 
@@ -185,6 +188,36 @@ private slots:
         QVERIFY(office.messages.last().contains(u"Saldoro non può essere avviato"_s));
         QTRY_VERIFY(BodyText(Find<FlexGrid>(form, u"Elenco"_s)->table())
                         .contains(u"00113|2|1.002,50|0|0,00|1.002,50||"_s));
+    }
+
+    /** CSV files are dropped on the table; where commas part the cells, none of an amount does. */
+    void droppedFile()
+    {
+        Archive office;
+        FrmVoci form(office.project.archive.values().ArchiveRoot, {}, nullptr);
+        form.setAttribute(Qt::WA_DeleteOnClose, false);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        const auto drop = [&](const QByteArray &content) {
+            const QString path = office.settings.filePath(u"voci.csv"_s);
+            WriteFile(path, content);
+            QMimeData data;
+            data.setUrls({QUrl::fromLocalFile(path)});
+            const auto *cells = Find<QTableWidget>(form, u"Celle"_s);
+            const QPoint place = cells->mapTo(&form, cells->rect().center());
+            QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(form.windowHandle(), &enter);
+            QDropEvent event(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(form.windowHandle(), &event);
+            return Find<QLabel>(form, u"Somma"_s)->text().section(u"    "_s, 0, 1);
+        };
+        QCOMPARE(drop("Voce,Descri,Importo\nA1,Scavi,12,50"),
+                 u"Righe da prendere: 0    Totale: 0,00"_s);
+        QVERIFY(office.messages.last().startsWith(u"!voci.csv, riga 2: le celle sono 4"_s));
+        QCOMPARE(drop("Voce,Descri,Importo\nA1,Scavi,\"12,50\""),
+                 u"Righe da prendere: 1    Totale: 12,50"_s);
+        office.answer = MessageAnswer::Yes; // to the question whether to replace them
+        QCOMPARE(drop("A1;Scavi;7\nB1;Muri;8"), u"Righe da prendere: 2    Totale: 15,00"_s);
     }
 
     /** A payment's day that lacks is found and set; copy and CSV files are complete. */

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QMap>
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -194,7 +195,18 @@ QList<CellRow> ReadCsvRows(const QString &path, const ExchangedTable &table, Csv
 {
     QList<CellFault> faults;
     const QString text = textOf(path, remarks.warnings, faults);
-    const TextRows cells = RowsOfText(text, headerOf(text, table).first);
+    const auto [separator, columns] = headerOf(text, table);
+    const TextRows cells = RowsOfText(text, separator);
+    const qsizetype width = std::max(columns.places.size(), table.neededFields.size());
+    for (const CellRow &row : cells.rows) {
+        const QStringList more = row.cells.mid(width);
+        if (separator == u',' && more.count(QString()) < more.size())
+            faults.append({row.line,
+                           {},
+                           u"le celle sono %1 e le colonne %2: ciò che contiene virgole va fra "
+                           "virgolette."_s.arg(row.cells.size())
+                               .arg(width)});
+    }
     if (cells.fault)
         faults.append(*cells.fault);
     remarks.errors.append(linesOf(faults, QFileInfo(path).fileName()));

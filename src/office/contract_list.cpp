@@ -18,7 +18,7 @@ namespace {
 
 // All in milliseconds.
 constexpr int sliceLength = 50; ///< of reading before the window is looked after again
-constexpr int pause = 10;       ///< between two slices
+constexpr int pause = 20;       ///< while all that are left are locked
 constexpr int patience = 1500;  ///< with a lock, from the beginning of a reading
 
 QStringList cellsOf(const QString &code, const ContractSummary &summary)
@@ -101,14 +101,15 @@ void ContractList::readSome()
 {
     QElapsedTimer slice;
     slice.start();
-    for (qsizetype left = m_waiting.size(); left > 0 && slice.elapsed() < sliceLength; --left) {
+    const qsizetype before = m_waiting.size();
+    for (qsizetype left = before; left > 0 && slice.elapsed() < sliceLength; --left) {
         if (const int row = m_waiting.takeFirst(); !readContract(row))
             m_waiting.append(row);
     }
     const int all = m_table.rows() - 1;
     emit progressed(all - static_cast<int>(m_waiting.size()), all);
     if (!m_waiting.isEmpty())
-        m_next.start(pause);
+        m_next.start(m_waiting.size() < before ? 0 : pause);
 }
 
 bool ContractList::readContract(int row)
