@@ -89,6 +89,7 @@ QWidget *FrmVoci::makeRefusals()
         MakeButton(u"Comunque"_s, m_isVariant ? u"Sostituisci c&omunque"_s : u"Crea c&omunque"_s,
                    u"Scrive anche ciò che darà problemi più tardi"_s, [this] { write(true); });
     group->layout()->addWidget(m_evenSo);
+    group->layout()->setAlignment(m_evenSo, Qt::AlignRight);
     return group;
 }
 
