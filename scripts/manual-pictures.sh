@@ -52,7 +52,8 @@ make_demo "$work/archive" demo "$build/src/archivio/saldoro-archivio"
 "$build/tools/saldoro_demo_tour" 00112 "$work/taken" >/dev/null
 
 declare -A names=([1-schermata-principale]=principale [2-pagamento-professionista]=professionista
-    [3-pagamento-azienda]=azienda [4-nuova-fattura]=tipo-fattura [7-avvisi]=avvisi)
+    [3-pagamento-azienda]=azienda [4-nuova-fattura]=tipo-fattura [7-avvisi]=avvisi
+    [8-appalti]=appalti [9-nuovo-appalto]=nuovo-appalto)
 status=0
 for taken in "${!names[@]}"; do
     name=${names[$taken]}.png

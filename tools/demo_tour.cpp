@@ -13,6 +13,8 @@
 #include "controls/message_box.h"
 #include "invoice/frm_nuova_fattura.h"
 #include "invoice/invoice_form.h"
+#include "office/frm_appalti.h"
+#include "office/frm_voci.h"
 #include "overview/frm_principale.h"
 #include "platform/machine_path.h"
 #include "rtf_reader.h"
@@ -21,8 +23,10 @@
 #include "store/mandate_note.h"
 
 #include <QAbstractButton>
+#include <QClipboard>
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
 #include <QTextStream>
 
 #include <algorithm>
@@ -61,8 +65,9 @@ public:
     void run()
     {
         using Step = void (DemoTour::*)();
-        for (const Step step : {&DemoTour::showForms, &DemoTour::printTables, &DemoTour::close,
-                                &DemoTour::printDocuments, &DemoTour::printTotals}) {
+        for (const Step step :
+             {&DemoTour::showForms, &DemoTour::showContracts, &DemoTour::printTables,
+              &DemoTour::close, &DemoTour::printDocuments, &DemoTour::printTotals}) {
             if (!IsEnding())
                 (this->*step)();
             m_output.flush();
@@ -130,6 +135,27 @@ private:
             return;
         form->findChild<QWidget *>(u"Text2_5"_s)->setFocus();
         picture(form, u"7-avvisi"_s);
+    }
+
+    /** The list of contracts, and a new one of which one row is to be corrected. */
+    void showContracts()
+    {
+        FrmAppalti contracts;
+        contracts.load();
+        contracts.show();
+        settle();
+        contracts.findChild<QLineEdit *>(u"Cartella"_s)->setText(u"/srv/archivi"_s);
+        picture(&contracts, u"8-appalti"_s);
+        QGuiApplication::clipboard()->setText(
+            u"Comune di Borgo\nCod.\tVoce di spesa\tImporto\n\tA. Lavori\n"
+            "A01\tLavori a misura\t412.500,00\nA02\tOneri della sicurezza\t12.400,00\n"
+            "\tTotale A\t424.900,00\n\tB. Somme a disposizione\n"
+            "B01\tImprevisti\t20.000,00\nB02\tSpese tecniche\tda definire"_s);
+        FrmVoci items(m_values.ArchiveRoot, {}, &contracts);
+        items.show();
+        settle();
+        press(items, u"Incolla"_s);
+        picture(&items, u"9-nuovo-appalto"_s);
     }
 
     /** Saves the form's picture; an invoice form is closed afterwards, as "Annulla" would. */

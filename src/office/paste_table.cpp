@@ -81,6 +81,7 @@ void PasteTable::setUpView()
         m_pasted.setCell(row, column - 1, m_view->item(row, column)->text());
         showAll();
     });
+    connect(m_view, &QTableWidget::currentCellChanged, this, &PasteTable::showSum);
     new QShortcut(QKeySequence::Paste, this, this, &PasteTable::paste,
                   Qt::WidgetWithChildrenShortcut);
     // While a cell is edited these are the editor's.
@@ -229,6 +230,10 @@ void PasteTable::showSum()
                 .arg(m_pasted.count(PastedState::Faulty));
     if (!m_pasted.remark().isEmpty())
         text += u'\n' + m_pasted.remark();
+    // The whole reason, of which the cell may show a part.
+    const PastedRow current = m_pasted.rows().value(m_view->currentRow());
+    if (current.state == PastedState::Faulty)
+        text += u"\nRiga %1: %2"_s.arg(m_view->currentRow() + 1).arg(current.reason);
     m_sum->setText(text);
 }
 
