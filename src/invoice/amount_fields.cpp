@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include <iterator>
+
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
@@ -32,11 +34,19 @@ AmountFields::AmountFields(CreditorKind kind, FieldNavigation &navigation, QWidg
     setTitle({});
     setAccessibleName(u"Importi"_s);
     auto *grid = new QGridLayout(this);
-    for (qsizetype i = 0; i < m_chain.fields.size(); ++i) {
-        const AmountField &first = m_chain.fields[i];
-        const bool isPair =
-            i + 1 < m_chain.fields.size() && m_chain.fields[i + 1].caption.isEmpty();
-        addLine(*grid, first, isPair ? &m_chain.fields[++i] : nullptr, navigation);
+    int line = 0;
+    for (auto field = m_chain.fields.begin(); field != m_chain.fields.end(); ++field) {
+        QLineEdit *box = addBox(*field, navigation);
+        if (!field->caption.isEmpty())
+            grid->addWidget(LabelFor(*box, field->caption), ++line, CaptionColumn);
+        const auto next = std::next(field);
+        if (next != m_chain.fields.end() && next->caption.isEmpty()) { // shares the line
+            box->setFixedWidth(BoxWidth(*box, u"99.99"));
+            grid->addWidget(box, line, RateColumn);
+        } else {
+            box->setMinimumWidth(BoxWidth(*box, WidestAmount));
+            grid->addWidget(box, line, AmountColumn);
+        }
     }
     grid->setColumnStretch(CaptionColumn, 1);
     grid->setRowStretch(grid->rowCount(), 1);
@@ -97,22 +107,6 @@ QLineEdit *AmountFields::addBox(const AmountField &field, FieldNavigation &navig
         *box, [=, this] { entered(amount); }, [=, this] { left(amount); });
     m_boxes[amount] = box;
     return box;
-}
-
-void AmountFields::addLine(QGridLayout &grid, const AmountField &first, const AmountField *second,
-                           FieldNavigation &navigation)
-{
-    const int line = grid.rowCount();
-    QLineEdit *rate = nullptr;
-    if (second) {
-        rate = addBox(first, navigation);
-        rate->setFixedWidth(BoxWidth(*rate, u"99.99"));
-        grid.addWidget(rate, line, RateColumn);
-    }
-    QLineEdit *amount = addBox(second ? *second : first, navigation);
-    amount->setMinimumWidth(BoxWidth(*amount, WidestAmount));
-    grid.addWidget(amount, line, AmountColumn);
-    grid.addWidget(LabelFor(rate ? *rate : *amount, first.caption), line, CaptionColumn);
 }
 
 // Still an entry box, but one whose content usually comes by itself.

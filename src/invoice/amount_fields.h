@@ -4,7 +4,6 @@
 
 #include <QGroupBox>
 
-class QGridLayout;
 class QLineEdit;
 
 namespace saldoro {
@@ -35,8 +34,6 @@ protected:
 
 private:
     QLineEdit *addBox(const AmountField &field, FieldNavigation &navigation);
-    void addLine(QGridLayout &grid, const AmountField &first, const AmountField *second,
-                 FieldNavigation &navigation);
     void entered(Amount field);
     void left(Amount field);
     void tintDerived();
