@@ -43,8 +43,8 @@ void BeginInsertion(TextTable &grid);
 /** Puts the item into the current row and makes its amount current, for the editor to open on.
  *  False, with nothing done, for an item without a code: that is no choice. */
 bool PickItem(TextTable &grid, const OfferedItem &item);
-/** An insertion is given up: an empty last row goes, the last row's amount becomes current.
- *  Harmless after PickItem(). */
+/** Ends an insertion, with an item picked or without: an empty last row goes, the last row's amount
+ *  becomes current. */
 void EndInsertion(TextTable &grid);
 
 /** Writes an amount, in display form, from what was typed in plain form. */

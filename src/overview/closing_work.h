@@ -11,8 +11,8 @@ namespace saldoro {
  * screen: a header and five columns. Each of its body rows becomes one line of exactly 93
  * characters.
  *
- * There is no way back: an error leaves the documents, entries and totals of the steps before it
- * in place and passes on (DatabaseError, FileError, OverflowError).
+ * An error passes on (DatabaseError, FileError, OverflowError); the documents, entries and totals
+ * written before it stay.
  */
 void WriteProjectDocuments(ProgramValues &values, const TextTable &overview);
 

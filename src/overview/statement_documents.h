@@ -12,8 +12,8 @@ struct FrmElab;
  * both and writes the total of the kind, at the end that of both kinds.
  *
  * The boxes of @p form are used as they come, and the last-payment box is not emptied in between:
- * where a kind has no payments, its document repeats what was there. The form is spent
- * afterwards. More than 32,767 payments of one kind throw OverflowError; other errors pass, and
+ * where a kind has no payments, its document repeats what was there. The form is of no
+ * further use. More than 32,767 payments of one kind throw OverflowError; other errors pass, and
  * what was written before stays.
  */
 void ScriviProspettoRtf(ProgramValues &values, FrmElab &form);
