@@ -88,7 +88,7 @@ bool AllocationFrame::eventFilter(QObject *watched, QEvent *event)
     m_grid->scrollTo(m_grid->currentIndex());
     if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
         QString amount = table().currentText();
-        m_editor->setText(PuntoDecimale(amount)); // the same amount will be written
+        m_editor->setText(PuntoDecimale(amount)); // leaving the editor writes the same amount
         m_navigation.moveTo(*m_grid);
     } else {
         m_editor->event(event);
@@ -122,7 +122,7 @@ void AllocationFrame::addGrid()
             table().column() != AllocationColumn::Importo)
             return;
         openEditor();
-        m_editor->setText(text); // nothing selected: the next digit goes on from here
+        m_editor->setText(text); // with nothing selected, so that the next digit follows
     });
 }
 

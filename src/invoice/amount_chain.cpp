@@ -19,7 +19,7 @@ void AmountTexts::makePlain(Amount field)
 
 Currency AmountTexts::amount(Amount field) const
 {
-    // A copy: what the user sees must keep its display form.
+    // Of a copy, since reading an amount takes it out of its display form.
     return ImportoDaTesto(text(field));
 }
 
@@ -101,7 +101,7 @@ const AmountField &AmountChain::at(Amount field) const
 QString AmountChain::nameOf(Amount field) const
 {
     const AmountField &own = at(field);
-    const bool isSecond = own.caption.isEmpty(); // whose caption is that of the field before
+    const bool isSecond = own.caption.isEmpty(); // it shares the caption of the field before
     const QString caption = isSecond ? (&own - 1)->caption : own.caption;
     return QString(caption).remove(u'&').replace(u"Aliquota e importo"_s,
                                                  isSecond ? u"Importo"_s : u"Aliquota"_s);

@@ -65,7 +65,7 @@ void AmountFields::showTexts(const AmountTexts &texts)
 {
     for (auto box = m_boxes.begin(); box != m_boxes.end(); ++box) {
         const QString text = texts.text(box.key());
-        if (box.value()->text() != text) // the cursor stays where nothing changes
+        if (box.value()->text() != text) // setting a text moves the cursor
             box.value()->setText(text);
     }
 }
@@ -96,7 +96,7 @@ void AmountFields::changeEvent(QEvent *event)
 QLineEdit *AmountFields::addBox(const AmountField &field, FieldNavigation &navigation)
 {
     auto *box = new EntryField(this);
-    // Two boxes under one caption: it is read aloud for one at a time.
+    // Read aloud, each of two boxes under one caption needs a name of its own.
     Describe(*box, field.objectName, m_chain.nameOf(field.amount), field.hint);
     box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     if (field.reach == Reach::OnRequest)
@@ -109,7 +109,7 @@ QLineEdit *AmountFields::addBox(const AmountField &field, FieldNavigation &navig
     return box;
 }
 
-// Still an entry box, but one whose content usually comes by itself.
+// The tint shows that the box is computed, though it can be typed into.
 void AmountFields::tintDerived()
 {
     for (const AmountField &field : m_chain.fields) {

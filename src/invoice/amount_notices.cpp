@@ -11,7 +11,7 @@ using enum NoticeWeight;
 
 namespace {
 
-/** Whether a text, in display form or in plain form, means the amount that is shown so. */
+/** Whether a text, in display form or in plain form, means the amount of display form @p shown. */
 bool isWorth(const QString &text, const QString &shown)
 {
     return TypedWorth(text, text.contains(u',') ? Notation::Comma : Notation::Point) == shown;
@@ -74,7 +74,7 @@ private:
                 m_then.text(field.amount));
     }
 
-    /** A text that is read otherwise than it looks, while it is typed and after it. */
+    /** Tells of a text that is read otherwise than it looks, while it is typed and afterwards. */
     void tellTyped(const AmountField &field)
     {
         if (field.amount == TotaleFattura || field.amount == Netto)
@@ -108,7 +108,7 @@ private:
                     FormatImporto(m_then.amount(base)), due, wayOut));
     }
 
-    /** VAT that was typed by hand gives way to the computed one. */
+    /** Tells that VAT typed by hand is about to give way to the computed one. */
     void tellOverwrittenVat()
     {
         if (!m_isCompany || !isFocused(m_chain.at(AliquotaIva)))
@@ -151,8 +151,8 @@ private:
     const InvoiceState &m_state;
     const AmountChain &m_chain;
     bool m_isCompany;
-    const AmountTexts &m_now; ///< as they stand
-    AmountTexts m_then;       ///< as they will be once the focus goes on
+    const AmountTexts &m_now; ///< as the fields show them
+    AmountTexts m_then;       ///< as they will be once the focused field is left
     Notices &m_all;
 };
 

@@ -11,7 +11,7 @@ namespace {
 void leaveCompanyAmount(AmountTexts &texts, Amount field)
 {
     if (field == TotaleFattura)
-        return; // stays as it was typed, plain form included
+        return; // it stays as typed, in plain form if need be
     if (field == AliquotaIva) {
         texts.show(ImportoIva, texts.share(Importo, AliquotaIva));
         texts.showRate(AliquotaIva);

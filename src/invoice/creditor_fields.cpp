@@ -42,7 +42,7 @@ QPushButton *CreditorFields::addList(const QString &objectName, const QString &c
             m_list->open(names(), *m_creditor, m_creditor->height());
         });
     m_buttons->addWidget(button);
-    // Before the creditor, from which Enter leads on to the invoice.
+    // In the Tab order the buttons come before the creditor: from there Enter leads to the invoice.
     setTabOrder(std::exchange(m_lastButton, button), button);
     setTabOrder(button, m_list);
     return button;

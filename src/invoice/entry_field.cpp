@@ -24,9 +24,9 @@ QString cleaned(QString text)
 
 } // namespace
 
-/** Has the line take back an edit that it can't hold. Its own limit counts units of the encoding,
- *  of which some characters take two, and changing the text afterwards would lose what there is to
- *  undo. */
+/** Has the line take back an edit that it can't hold. The toolkit's own limit counts units of the
+ *  encoding, and some characters take two. Changing the text after the edit would empty the line's
+ *  undo history. */
 class EntryField::Limit : public QValidator
 {
 public:
@@ -67,13 +67,13 @@ void EntryField::showText(const QString &text)
 void EntryField::keyPressEvent(QKeyEvent *event)
 {
     QLineEdit::keyPressEvent(event);
-    insertRefused(); // before the next key
+    insertRefused(); // the next key must find it there
 }
 
 void EntryField::dropEvent(QDropEvent *event)
 {
     QLineEdit::dropEvent(event);
-    // What does not fit must not go from where it was dragged.
+    // A text that does not fit whole must also stay where it was dragged from.
     if (!m_refused.isNull() && event->source() != this)
         event->setDropAction(Qt::CopyAction);
 }
@@ -86,12 +86,12 @@ bool EntryField::accepts(const QString &text, int cursor)
         return true;
     m_refused = text;
     m_refusedCursor = cursor;
-    // Menu, mouse and input method do their work past the line's keys.
+    // Edits by menu, mouse and input method pass by keyPressEvent.
     QMetaObject::invokeMethod(this, &EntryField::insertRefused, Qt::QueuedConnection);
     return false;
 }
 
-// The edit has been taken back, so what it replaced is selected again.
+// The line has taken the edit back and selected again what it replaced.
 void EntryField::insertRefused()
 {
     if (m_refused.isNull())

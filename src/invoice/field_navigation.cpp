@@ -81,7 +81,7 @@ bool FieldNavigation::moveTo(QWidget &control)
 {
     const QPointer<QWidget> start = m_current;
     takeFocus(control);
-    // What was left may have sent the focus elsewhere; that is no refusal.
+    // The handler of what was left may have sent the focus elsewhere; that is no refusal.
     if (m_current != &control && m_current != start)
         takeFocus(control);
     return m_current == &control;
@@ -90,7 +90,7 @@ bool FieldNavigation::moveTo(QWidget &control)
 void FieldNavigation::takeFocus(QWidget &control)
 {
     control.setFocus(Qt::OtherFocusReason);
-    // A window that is not active moves its focus without a word.
+    // In a window that is not active the focus moves without a signal.
     if (m_window.focusWidget() == &control)
         follow(&control);
 }
@@ -147,8 +147,8 @@ bool FieldNavigation::eventFilter(QObject *watched, QEvent *event)
     case QEvent::MouseButtonRelease:
         if (std::exchange(m_clickedInto, nullptr) != &line)
             return false;
-        // The press has put the cursor where it fell, and the line takes what is selected at the
-        // release for chosen by the mouse; only behind both can the whole text be selected.
+        // The press moves the cursor, and at the release the line copies what is selected to the
+        // X11 selection. Only after both can the whole text be selected without being copied.
         line.event(event);
         if (!line.hasSelectedText())
             line.selectAll();
@@ -160,7 +160,7 @@ bool FieldNavigation::eventFilter(QObject *watched, QEvent *event)
 
 void FieldNavigation::moveOn(QLineEdit &line, QEvent &enter)
 {
-    line.event(&enter); // by itself it does nothing visible with Enter
+    line.event(&enter); // nothing visible comes of it
     enter.accept();
     InvioTab(EnterKeyCode);
     // A key that is already waiting must reach the next field, not this one.

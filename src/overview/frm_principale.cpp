@@ -152,8 +152,8 @@ void FrmPrincipale::load()
     }
     LoadArrayProspettoSaldoro();
     if (overview.rows() > 1)
-        overview.setRow(1);           // the list goes on at its end, this is read from the start
-    constexpr int afterPainting = 50; // milliseconds: marks are files, the screen comes first
+        overview.setRow(1); // the list is continued at its end, the overview read from its start
+    constexpr int afterPainting = 50; // milliseconds; the marks are files, which can wait
     QTimer::singleShot(afterPainting, this, &FrmPrincipale::lookForOtherWindows);
     emit loaded();
 }
@@ -174,7 +174,7 @@ void FrmPrincipale::reopen()
     writeDocuments();
     load();
     BringToFront(*this);
-    m_payments->setFocus(); // as at any opening, though a form on screen is not hidden in between
+    m_payments->setFocus(); // as when the form is opened
 }
 
 void FrmPrincipale::addPayment()

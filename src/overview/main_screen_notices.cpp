@@ -15,8 +15,8 @@ void tellNumbers(const TextTable &payments, Notices &all)
     const int current = payments.row();
     const int next = NextPaymentNumber(payments);
     bool areRows = true;
-    int ofRow = 0;   // payments whose number is the current row
-    int nextRow = 0; // the row of the payment that has the next number already
+    int ofRow = 0;   // number of payments whose number is the current row
+    int nextRow = 0; // row of a payment that has the next number already
     for (int row = 1; row < payments.rows(); ++row) {
         const int number = payments.text(row, PaymentColumn::Nr).toInt();
         areRows = areRows && number == row;

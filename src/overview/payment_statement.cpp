@@ -75,8 +75,7 @@ QString statement(const RecordSet &payment, Currency gross)
 
 } // namespace
 
-// The payment's mandate note is no part of its statement, so it is not looked up: a payment
-// without one would fail there for nothing.
+// The mandate note is not looked up: no statement shows it, and a payment without one would fail.
 void ComponiTestoPagamento(const RecordSet &payment, ProgramValues &values)
 {
     const auto number = [&] { return payment.field(u"Npag"_s).textOrEmpty(); };

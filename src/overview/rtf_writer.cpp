@@ -18,7 +18,7 @@ constexpr qsizetype pieceSize = 32'000;
 /** Hands bytes to the device and empties them; false when the device refuses. */
 bool flush(std::string &out, QIODevice &device)
 {
-    // A device that runs full takes part of them first and says why only when asked again.
+    // A full device takes a part of the bytes; only the next write fails and says why.
     const auto size = static_cast<qint64>(out.size());
     for (qint64 written = 0; written < size;) {
         const qint64 taken = device.write(out.data() + written, size - written);
@@ -36,7 +36,7 @@ bool standsForItself(QChar character)
     return unit >= u' ' && unit < 0x7f && unit != u'\\' && unit != u'{' && unit != u'}';
 }
 
-/** Vertical tab and form feed too. */
+/** Vertical tab and form feed count, too. */
 bool isLineBreak(QChar character)
 {
     return character >= u'\n' && character <= u'\r';
@@ -54,16 +54,16 @@ void appendByteEscape(std::string &out, unsigned char byte)
     out += "\\'" + QByteArray(1, static_cast<char>(byte)).toHex().toStdString();
 }
 
-/** A character beyond ASCII, or one half of one beyond the basic plane. The number is signed and
- *  of 16 bits; the fallback is always a byte escape, since some readers drop all plain text that
- *  follows the number up to the next control word. */
+/** Appends a character beyond ASCII, or one half of one beyond the basic plane. The number is
+ * signed and of 16 bits; the fallback is always a byte escape, since some readers drop all plain
+ * text that follows the number up to the next control word. */
 void appendUnicode(std::string &out, char16_t unit)
 {
     out += "\\u" + std::to_string(static_cast<qint16>(unit));
     appendByteEscape(out, CodePageByte(unit).value_or('?'));
 }
 
-/** A character that does not stand for itself. */
+/** Appends a character that does not stand for itself. */
 void appendSpecial(std::string &out, QStringView text, qsizetype index)
 {
     constexpr char16_t replacement = QChar::ReplacementCharacter;
