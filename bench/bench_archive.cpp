@@ -3,6 +3,8 @@
 #include "bare_file.h"
 #include "empty_archive.h"
 #include "store/archive_paths.h"
+#include "store/code_lookups.h"
+#include "store/internal_codes.h"
 #include "store/mandate_note.h"
 
 #include <QDate>
@@ -119,7 +121,7 @@ void fillLedger(const ProgramValues &values, int payments)
 void fillContract(const ProgramValues &values, int payments)
 {
     // Asked for before the file is taken: the key of a note holds the mapped code.
-    const QString keyStart = MandateKeyStart(values);
+    const QString keyStart = MandateKeyStart(CodiceEsterno(values, InternalCode::MandateNotes));
     BareFile file(ContractPath(values));
     file.run("BEGIN IMMEDIATE");
     BareStatement items = file.prepare("INSERT INTO UltimaPerVariante VALUES (?,?,?)");

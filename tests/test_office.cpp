@@ -7,6 +7,7 @@
 #include "office/frm_controllo.h"
 #include "office/frm_creditori.h"
 #include "office/frm_voci.h"
+#include "office/task.h"
 #include "sound_project.h"
 #include "store/archives_root.h"
 #include "store/contract_codes.h"
@@ -18,6 +19,7 @@
 #include <QFileDialog>
 #include <QMimeData>
 #include <QPointer>
+#include <QProgressDialog>
 #include <QTableWidget>
 #include <QTimer>
 
@@ -187,6 +189,26 @@ private slots:
         QVERIFY(office.messages.last().contains(u"Saldoro non può essere avviato"_s));
         QTRY_VERIFY(BodyText(Find<FlexGrid>(form, u"Elenco"_s)->table())
                         .contains(u"00113|2|1.002,50|0|0,00|1.002,50||"_s));
+    }
+
+    /** A long task shows how far it is, and is given up by the user without an error. */
+    void cancelledTask()
+    {
+        const Archive office;
+        QWidget form;
+        form.show();
+        QTimer user;
+        connect(&user, &QTimer::timeout, &form, [&form] {
+            const auto *box = form.findChild<QProgressDialog *>(u"Avanzamento"_s);
+            if (box->isVisible() && box->labelText() == "Appalto.mdb"_L1)
+                box->findChild<QPushButton *>()->click();
+        });
+        user.start(50);
+        QVERIFY(!AttemptLong(form, u"Copia"_s, [](const TaskStep &step) {
+            for (;;)
+                step(u"Appalto.mdb"_s);
+        }));
+        QVERIFY(office.messages.isEmpty());
     }
 
     /** CSV files are dropped on the table; where commas part the cells, none of an amount does. */

@@ -51,8 +51,12 @@ QString ArchiveFilePath(ArchiveFile file, const QString &folder)
         {ArchiveFile::Companies, ArchiveFiles::Companies},
         {ArchiveFile::Ledger, ArchiveFiles::Ledger}};
     QString place = QDir(folder).absolutePath();
-    if (file == ArchiveFile::Codes)
-        place += u"/../../TABELLE"_s;
+    if (file == ArchiveFile::Codes) {
+        const auto plain = [](QStringView path) { return path.toString().replace(u'\\', u'/'); };
+        place +=
+            u"/../"_s +
+            QDir(plain(ArchiveFolders::Appalti)).relativeFilePath(plain(ArchiveFolders::Tabelle));
+    }
     return MachinePath(QDir::cleanPath(place) % u'/' % names.at(file));
 }
 

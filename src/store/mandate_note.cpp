@@ -8,14 +8,15 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-QString MandateKeyStart(const ProgramValues &values)
+QString MandateKeyStart(const QString &notes)
 {
-    return CodiceEsterno(values, InternalCode::MandateNotes) + u'_';
+    return notes + u'_';
 }
 
 QString VoceMandato(const ProgramValues &values, qint32 paymentNumber)
 {
-    return MandateKeyStart(values) + QString::number(paymentNumber);
+    return MandateKeyStart(CodiceEsterno(values, InternalCode::MandateNotes)) +
+           QString::number(paymentNumber);
 }
 
 QString MandateDescription(qint32 paymentNumber, const QString &creditore)

@@ -19,8 +19,8 @@ struct MandateNote
     QString mandatoDell;
 };
 
-/** What the keys of all mandate notes begin with: the external code of the notes and "_". */
-QString MandateKeyStart(const ProgramValues &values);
+/** What the item codes of all notes begin with. @p notes is the external code of the notes. */
+QString MandateKeyStart(const QString &notes);
 
 /** Item code of a payment's note: MandateKeyStart() and the number. */
 QString VoceMandato(const ProgramValues &values, qint32 paymentNumber);

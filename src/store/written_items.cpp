@@ -1,6 +1,7 @@
 #include "store/written_items.h"
 
 #include "store/internal_codes.h"
+#include "store/mandate_note.h"
 
 #include <algorithm>
 
@@ -16,7 +17,7 @@ WrittenItems::WrittenItems(const TableRows &codes)
         if (used == UsedCodes.end() || used->use == CodeUse::Search)
             continue;
         if (used->use == CodeUse::Note)
-            m_noteStart = TextOf(row[1]) + u'_';
+            m_noteStart = MandateKeyStart(TextOf(row[1]));
         else
             m_items.insert(TextOf(row[1]));
     }
