@@ -33,9 +33,9 @@ void TellFocus(QWidget &control)
             return;
         QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&control);
         const auto *view = qobject_cast<QAbstractItemView *>(&control);
-        if (view && view->currentIndex().isValid() && spoken && spoken->tableInterface())
-            spoken = spoken->tableInterface()->cellAt(view->currentIndex().row(),
-                                                      view->currentIndex().column());
+        auto *table = spoken ? spoken->tableInterface() : nullptr;
+        if (table && view && view->currentIndex().isValid())
+            spoken = table->cellAt(view->currentIndex().row(), view->currentIndex().column());
         if (!spoken)
             return;
         QAccessibleEvent event(spoken, QAccessible::Focus);
