@@ -19,7 +19,7 @@ int Application::run(const std::function<bool()> &startUp)
 {
     int status = 0;
     try {
-        // After an error in a handler of the start-up there is no loop to enter any more.
+        // An error in an event handler during start-up has ended the program already.
         if (startUp() && !IsEnding())
             status = exec();
     } catch (const std::exception &error) {

@@ -16,7 +16,7 @@ class InvoiceForm;
 class ManualWindow;
 
 /**
- * Owns the forms and ties them together: which form opens on whose signal, and what happens to the
+ * Owns the forms and ties them together: which form opens on which signal, and what happens to the
  * main form when another one closes. At most one form of each kind is open; asking for an open one
  * brings it to the front as it is. F1 shows the manual at the chapter of the form.
  */
@@ -50,7 +50,7 @@ private:
     std::unique_ptr<FrmPrincipale> m_main;
     std::unique_ptr<FrmNuovaFattura> m_chooser;
     std::map<CreditorKind, std::unique_ptr<InvoiceForm>> m_invoices;
-    std::unique_ptr<ManualWindow> m_manual; ///< once it was asked for
+    std::unique_ptr<ManualWindow> m_manual; ///< null until it is asked for
 };
 
 } // namespace saldoro

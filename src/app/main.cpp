@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Without a display an error is said on the standard error stream; returns the exit status. */
+/** Works without a display, so errors go to the standard error stream. Returns the exit status. */
 int writeManifest()
 {
     try {
@@ -31,7 +31,7 @@ int writeManifest()
 
 int main(int argc, char *argv[])
 {
-    // The toolkit gets the program's name alone: the whole tail belongs to the start-up sequence.
+    // The toolkit gets only the program's name: the tail belongs to the start-up.
     std::array<char *, 2> programOnly = {argv[0], nullptr};
     int programOnlyCount = 1;
     const QString tail = saldoro::CommandLineTail(argc, argv);

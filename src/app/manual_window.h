@@ -5,8 +5,8 @@
 namespace saldoro {
 
 /**
- * The manual, in a window of its own that stays above the other forms and stops none of them. Esc
- * closes it; it does not keep the program running.
+ * The manual, in a window that stays above the forms while they can be used. Esc closes it; it does
+ * not keep the program running.
  */
 class ManualWindow : public QTextBrowser
 {
@@ -15,7 +15,7 @@ class ManualWindow : public QTextBrowser
 public:
     ManualWindow();
 
-    /** Shows the manual from the chapter of that heading on. */
+    /** Shows the manual at the chapter of that heading. */
     void showChapter(const QString &heading);
 
 protected:

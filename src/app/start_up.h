@@ -13,13 +13,13 @@ namespace saldoro {
  *  without the setting, or when it can't be read, ArchiveRoot is empty. Throws nothing. */
 void InitInstallSettings(ProgramValues &values);
 
-/** The project code in a command-line tail: everything behind the launch token, verbatim, or the
- *  default project's code when the tail does not begin with the token. */
+/** The project code in a command-line tail: all that follows the launch token, verbatim; the
+ * default project's code when the tail does not begin with the token. */
 QString ProjectCodeFromTail(const QString &tail);
 
 /**
  * What comes before the main form: settings, update check, project, ledger, in this order. The
- * object must live as long as the program, since it keeps the ledger open that it has created.
+ * object must live as long as the program: a ledger that it has created stays open.
  */
 class StartUp
 {
@@ -28,9 +28,9 @@ public:
     explicit StartUp(ProgramValues &values);
 
     /** @param tail the command line behind the program's name, verbatim.
-     *  @return whether the main form is to be shown; else an update is waiting, its updater has
-     *  been started, and the program is to end. Errors of the ledger's creation (no project folder,
-     *  no right to write) pass through. */
+     *  @return whether the main form is to be shown. If not, an update is waiting, RunUpdater() has
+     *  run, and the program is to end. Errors of the ledger's creation (no project folder, no right
+     *  to write) pass through. */
     bool run(const QString &tail);
 
 private:

@@ -23,17 +23,17 @@ QString BuildText(const QVersionNumber &version);
  *  "/INI", in any letter case. */
 bool AsksForManifest(const QString &tail);
 
-/** Writes the manifest of the running program, <name>.ini, into the current working directory in
- *  place of one that is there. It needs no display, settings or project. Throws FileError when it
- *  can't be written. */
+/** Writes the manifest of the running program, <name>.ini, into the current working directory, over
+ *  an earlier one. Needs no display, settings or project. Throws FileError when it can't be
+ *  written. */
 void WriteUpdateManifest();
 
-/** Whether the manifest in the update folder, if there is one, states a newer build than this
- *  program's. Builds are compared as numbers: 9999 is older than 10167. */
+/** Whether the update folder has a manifest with a newer build than this program's. Builds are
+ *  compared as numbers: 9999 is older than 10167. */
 bool UpdateIsWaiting(const ProgramValues &values);
 
-/** Starts the suite's updater for this program and does not wait for it. When it can't be started
- *  a message says so; either way the caller is to end the program. */
+/** Starts the suite's updater for this program and does not wait for it; a message says so when it
+ *  can't be started. Either way the caller then ends the program. */
 void RunUpdater(const ProgramValues &values);
 
 } // namespace saldoro

@@ -19,15 +19,13 @@ Currency ShownAmount(Currency amount);
 /** "€ " followed by FormatImporto, or the empty text for an amount of exactly zero. */
 QString FormatImportoEuro(Currency amount);
 
-/** Rewrites an amount in Italian notation to plain form: every "." goes, then the first "," turns
- *  into "."; later commas stay. The argument is rewritten and also returned. */
+/** Rewrites an amount from Italian notation to plain form: all "." go, then the first "," becomes
+ *  "."; later commas stay. Rewrites the argument and returns it. */
 QString PuntoDecimale(QString &text);
 
-/**
- * Reads an amount in Italian notation: PuntoDecimale on the argument (which stays rewritten), then
- * LeadingNumber, converted to currency. A text without a number gives 0. Throws OverflowError
- * beyond the currency range.
- */
+/** Reads an amount in Italian notation: PuntoDecimale on the argument, which stays rewritten, then
+ *  LeadingNumber, converted to currency. A text without a number gives 0. Throws OverflowError
+ *  beyond the currency range. */
 Currency ImportoDaTesto(QString &text);
 
 /** The same for a text that is not to be rewritten. */

@@ -13,10 +13,10 @@ enum class CreditorKind
     Professional ///< "P"
 };
 
-/** How a kind is stored. */
+/** The text that a kind is stored as. */
 QString KindCode(CreditorKind kind);
 
-/** The kind that is stored so; none for anything but exactly these two. */
+/** The kind that is stored as @p code; none for any other text, a lower-case one included. */
 std::optional<CreditorKind> KindOfCode(const QString &code);
 
 } // namespace saldoro

@@ -13,7 +13,7 @@ namespace saldoro {
 class Currency
 {
 public:
-    /** The parts that a euro is counted in. */
+    /** How many parts a euro has. */
     static constexpr qint64 Scale = 10'000;
 
     constexpr Currency() = default;
@@ -30,10 +30,10 @@ public:
     static Currency fromWhole(qint64 euros);
 
     /**
-     * Nearest ten-thousandth of @p value, ties to even. The multiplication by Scale is one of
-     * floating point and its product is rounded, so that decimal ties count as ties: 0,00025 gives
-     * 2 ten-thousandths though the double lies a trifle above. Beyond some thousand billion a
-     * double holds no ten-thousandths any more, and the last decimals are approximate. Throws
+     * Nearest ten-thousandth of @p value, ties to even. The product with Scale is computed in
+     * floating point and then rounded, so that decimal ties count as ties: 0,00025 gives 2
+     * ten-thousandths although the double lies slightly above. Beyond some thousand billion a
+     * double no longer holds ten-thousandths, and the last decimals are approximate. Throws
      * OverflowError beyond the range and for a value that is no number.
      */
     static Currency fromDouble(double value);
@@ -41,15 +41,15 @@ public:
     /** The count of ten-thousandths, as stored in the databases. */
     constexpr qint64 scaled() const { return m_scaled; }
 
-    /** Nearest double; exact only up to 2^53 ten-thousandths. For rates and percentages, never
-     *  for sums. */
+    /** Nearest double; exact up to 2^53 ten-thousandths only. For rates and percentages, never for
+     *  sums. */
     double toDouble() const;
 
     Currency operator+(Currency other) const;
     Currency operator-(Currency other) const;
     Currency &operator+=(Currency other) { return *this = *this + other; }
 
-    // The tool takes the zero that comparisons are rewritten with for a pointer.
+    // clang-tidy takes the zero that comparisons are rewritten with for a pointer.
     constexpr auto operator<=>(const Currency &) const = default; // NOLINT(modernize-use-nullptr)
 
 private:

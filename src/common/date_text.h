@@ -5,7 +5,7 @@
 
 namespace saldoro {
 
-/** What an empty date box reads. */
+/** The text of an empty date box. */
 inline constexpr QStringView EmptyDateText = u"__/__/____";
 
 /** The day as dd/MM/yyyy; the empty text for an invalid date. */
@@ -13,7 +13,7 @@ QString FormatData(QDate day);
 
 /**
  * Reads day/month/year: one or two digits, one or two digits, two or four digits. Years of two
- * digits 00-29 are of the 2000s, 30-99 of the 1900s; four-digit years start at 100. Anything else,
+ * digits: 00-29 are in the 2000s, 30-99 in the 1900s; four-digit years start at 100. Anything else,
  * and a day that the calendar does not have, gives an invalid date.
  */
 QDate DataDaTesto(const QString &text);

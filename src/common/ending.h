@@ -2,12 +2,12 @@
 
 namespace saldoro {
 
-/** True once an error has been reported and the program is on its way out: forms that close from
- *  then on do no work, since documents and totals would come out half filled. Of the user-interface
- *  thread alone. */
+/** True once an error has been reported and the program is ending. Forms that close from then on do
+ *  no closing work, since documents and totals would come out half filled. For the thread of the
+ *  user interface only. */
 bool IsEnding();
 
-/** Tests take it back; the program never does. */
+/** The program only ever sets it to true; tests set it back. */
 void SetEnding(bool ending);
 
 } // namespace saldoro

@@ -36,13 +36,13 @@ QString LabelOf(Detail detail);
  * Root of every error of the program. Its text is Italian and meant for the person at the screen:
  * what happened, where (file, table, field, payment...) and what to do about it.
  *
- * Code lets these pass; only the last-resort handler around the event loop shows them.
+ * Saldoro lets these pass up to the last-resort handler around the event loop, which shows them.
  */
 class SaldoroError : public std::exception
 {
 public:
-    /** @param problem one Italian sentence saying what is wrong.
-     *  @param remedy one Italian sentence saying what the user can do; may be empty. */
+    /** @param problem what is wrong, in one Italian sentence
+     *  @param remedy what the user can do, in one Italian sentence; may be empty */
     explicit SaldoroError(QString problem, QString remedy = {});
 
     /** Adds a line such as "Pagamento: 12", unless @p value is empty. A detail that the error has
@@ -55,7 +55,7 @@ public:
     /** A detail's value; empty when the error does not have it. */
     QString detail(Detail detail) const;
 
-    /** The whole report: problem, details one a line, remedy. */
+    /** The whole report: the problem, the details, one on each line, the remedy. */
     QString message() const;
 
     /** The same report in UTF-8; valid as long as the error. */
@@ -68,7 +68,7 @@ private:
     mutable QByteArray m_what;
 };
 
-/** A result that a currency value, a counter or a whole number cannot hold. */
+/** A result beyond the range of a currency value, a counter or a whole number. */
 class OverflowError : public SaldoroError
 {
 public:
@@ -110,7 +110,7 @@ enum class DatabaseFault
     ZeroLengthRefused, ///< an empty text for a field that does not accept one
     RecordGone,        ///< the record was deleted meanwhile by another program
     NotStored,         ///< a trigger of the file kept a record from being written or deleted
-    Endless,           ///< a stored query that does not come to an end
+    Endless,           ///< a query that takes too long or gives too much
     Other              ///< anything else that the engine reports
 };
 

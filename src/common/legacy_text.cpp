@@ -44,7 +44,7 @@ std::optional<unsigned char> CodePageByte(char16_t character)
     if (character >= firstUpper + upperControls.size() && character <= 0xFF)
         return static_cast<unsigned char>(character);
     const auto *const found = std::find(upperControls.begin(), upperControls.end(), character);
-    // The places that stand for themselves are those of no character.
+    // A place that stands for itself has no character.
     if (found == upperControls.end() || character <= 0xFF)
         return std::nullopt;
     return static_cast<unsigned char>(firstUpper +

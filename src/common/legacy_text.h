@@ -7,19 +7,16 @@
 
 namespace saldoro {
 
-/** The characters of a text in UTF-8, all of them: one that begins with a byte order mark keeps
- *  it. */
+/** The characters of a text in UTF-8, a byte order mark at its beginning included. */
 QString TextOfUtf8(QByteArrayView bytes);
 
-/**
- * The characters of a stored text. Older programs leave texts in the Western code page (1252) of
- * the files; a text that is no UTF-8 is read so. Every byte then stands for a character of its
- * own, so nothing of the text is lost, as it would be with a stand-in for what can't be read.
- */
+/** The characters of a stored text. Older programs have left texts in the Western code page (1252)
+ *  in the files; a text that is not valid UTF-8 is read as one of these. Each byte then gives a
+ *  character of its own, so nothing is lost. */
 QString TextOfStoredBytes(QByteArrayView bytes);
 
-/** The byte of that code page for a character from 0x80 on; none when the page has no such
- *  character. */
+/** The byte of that code page for a character from 0x80 on; none for a character that the page
+ *  does not have. */
 std::optional<unsigned char> CodePageByte(char16_t character);
 
 } // namespace saldoro

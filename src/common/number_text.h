@@ -16,7 +16,7 @@ double LeadingNumber(const QString &text);
  *  trailing zeros, e.g. 22, 22.5, 0.5. */
 QString RateText(double value);
 
-/** A whole number in signed form: one blank in front of a number that is not negative. */
+/** A whole number with its sign, which is a blank for a number that is not negative. */
 QString SignedNumberText(qint32 value);
 
 } // namespace saldoro

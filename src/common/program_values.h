@@ -6,7 +6,7 @@
 
 namespace saldoro {
 
-/** What the suite puts in front of the project's code when it starts this program. */
+/** What precedes the project's code on the command line when the suite starts this program. */
 inline constexpr QStringView LaunchToken = u"TUSMQDE7W";
 
 /** The project that the program opens when it is started without one. */

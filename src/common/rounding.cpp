@@ -9,7 +9,7 @@ template <typename Whole>
 std::optional<Whole> RoundHalfEven(double value)
 {
     const double rounded = std::nearbyint(value);
-    // The greatest number of a 64-bit type is no double, the one behind it is.
+    // The greatest 64-bit number is not a double; the one above it is.
     const double bound = -static_cast<double>(std::numeric_limits<Whole>::min());
     if (!(rounded >= -bound) || !(rounded < bound))
         return std::nullopt;

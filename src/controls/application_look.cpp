@@ -24,7 +24,7 @@ void SetUpLook(QCoreApplication &application)
     if (translator->load(italian, u"qtbase"_s, u"_"_s, installed) ||
         translator->load(u":/qtbase_it.qm"_s))
         QCoreApplication::installTranslator(translator);
-    // For task switchers, too; the menu entry brings its own.
+    // Task switchers show it, too; the menu entry has its own.
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128, 256})
         icon.addFile(u":/icons/saldoro-%1.png"_s.arg(size));

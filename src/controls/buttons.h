@@ -5,22 +5,22 @@
 
 namespace saldoro {
 
-/** Names a control for code, for those who have it read aloud, and for the mouse (tool tip). */
+/** Names a control for code (object name), for screen readers and for the mouse (tool tip). */
 void Describe(QWidget &control, const QString &objectName, const QString &accessibleName,
               const QString &hint);
 
 /**
- * A button that acts at once when its mnemonic is typed. An ordinary one first shows itself pressed
- * for a tenth of a second; what a quick typist writes meanwhile would still go to the old field.
- * A key that is held down does nothing more: the next button may be another form's.
+ * A button that acts at once when its mnemonic is typed. The toolkit's first shows itself pressed
+ * for a tenth of a second, and what a quick typist writes meanwhile still goes to the old field.
+ * A key that is held down presses it once: the next button may be another form's.
  */
 class PromptButton : public QPushButton
 {
     Q_OBJECT
 
 public:
-    /** @param caption with the mnemonic's "&", which is left out of the accessible name. Enter
-     *  presses the button while it has the focus. */
+    /** @param caption with the mnemonic's "&", which the accessible name leaves out. Enter presses
+     *  the button while it has the focus. */
     PromptButton(const QString &objectName, const QString &caption, const QString &hint,
                  QWidget *parent = nullptr);
 

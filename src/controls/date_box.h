@@ -5,10 +5,10 @@
 namespace saldoro {
 
 /**
- * A box for a day with the mask "__/__/____". Typed digits fill the places one after the other, in
- * the place of what stands there; "/" after a single digit pads it (1/2/03 becomes 01/02/03),
+ * A box for a day with the mask "__/__/____". Typed digits fill the places one after the other and
+ * replace what stands there; "/" after a single digit pads it (1/2/03 becomes 01/02/03),
  * Backspace and Canc empty the nearest filled place, and a whole date that is pasted (1/2/2003,
- * 1/2/03, 01022003) fills them all. text() is what is seen, places still empty reading "_". Other
+ * 1/2/03, 01022003) fills them all. text() is what is shown, with "_" for places still empty. Other
  * characters go on to the parent; the rest is a line edit's. The toolkit's own input mask can't
  * show a text that is no date, leaves gaps where one clicks into the middle, has no padding by "/",
  * and takes a pasted 1/2/2003 apart.
@@ -26,12 +26,11 @@ public:
     /** Shows @p text as it is; the empty text shows the empty mask. */
     void setDateText(const QString &text);
 
-    /** To be called when the box is left. When what is written, up to the first "_", is a date, it
-     *  is shown as dd/MM/yyyy. False when it is none: such a box must not be left, unless blank. */
+    /** To be called when the box is left. A date, up to the first "_", is then shown as dd/MM/yyyy.
+     *  False when there is neither a date nor the empty mask: such a box must not be left. */
     bool settle();
 
-    /** What the box read when it was left last, or was to be left; nothing once that has changed.
-     */
+    /** The text at the last settle(); empty once the text has changed since. */
     QString leftWith() const { return m_leftWith; }
 
     /** Wide enough for a whole date and for the text shown. */
@@ -42,8 +41,8 @@ protected:
     void inputMethodEvent(QInputMethodEvent *event) override;
 
 private:
-    QString m_before; ///< what the next change finds
-    int m_start = 0;  ///< and where it begins
+    QString m_before; ///< the text that the next change finds
+    int m_start = 0;  ///< where that change begins
     QString m_leftWith;
 };
 

@@ -8,21 +8,21 @@ namespace saldoro {
 
 /**
  * A grid that shows a TextTable: row 0 as the fixed header, the rest as rows. The view holds no
- * text of its own and stays quick with tens of thousands of rows. The table's current cell and the
- * view's are one: moving either moves the other, and the view keeps it in sight. While the table's
- * current row is the header nothing is selected; coming into the grid then makes the first row
- * current. Header and body are read-only for the user.
+ * text of its own and stays quick with tens of thousands of rows. The current cell of the table and
+ * that of the view are the same: moving one moves the other, and the view keeps it in sight. While
+ * the table's current row is the header, nothing is selected; when the grid then gets the focus,
+ * the first row becomes current. Users can't edit header or body.
  *
  * Column widths are least widths in twips; one column may take the rest. A column grows when a text
- * would be cut: columns of amounts without bound, others to half the grid, so that one long text
- * does not push the amounts out of sight, and the rest column for its heading only. A text that is
- * cut all the same is shown whole in a tool tip.
+ * would be cut: columns of amounts without bound; others to half the grid, so that one long text
+ * does not push the amounts out of sight; the rest column for its heading only. A tool tip shows a
+ * text whole that is cut all the same.
  *
  * Keys: Up, Down, PgUp, PgDn, Home and End choose a row, Enter and Canc act on it; where single
  * cells are selected, Left, Right, Home and End move within the row and Ctrl+Home and Ctrl+End
  * through the grid. Tab and Shift+Tab leave it. Where rows are selected, Ctrl+C copies the current
- * one and Ctrl+Shift+C the whole table with its headings, as text that spreadsheets take; a menu
- * has both.
+ * one and Ctrl+Shift+C the whole table with its headings, as text that spreadsheets take; the
+ * context menu has both.
  */
 class FlexGrid : public QTableView
 {
@@ -38,29 +38,29 @@ public:
 
     explicit FlexGrid(Selection selection, QWidget *parent = nullptr);
 
-    /** The content; owned by the grid, valid as long as it. */
+    /** The content; valid as long as the grid. */
     TextTable &table() { return m_table; }
     const TextTable &table() const { return m_table; }
 
-    /** In place of a column's width: it takes the grid's width minus the others' and minus a margin
-     *  of 400 twips. */
+    /** Instead of a width: the grid's width without the other columns and a margin of 400 twips. */
     static constexpr int Rest = -1;
     /** Least widths of the columns in twips, of which one may be Rest. */
     void setWidths(const QList<int> &twips);
 
-    /** Brings a cell into sight; where rows are selected, without moving sideways. */
+    /** Brings a cell into sight; where rows are selected, not sideways. */
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
     /** The column in which typed letters find a row; without one they do nothing. */
     void setSearchColumn(int column) { m_searchColumn = column; }
-    /** What is typed into the grid comes here. */
+    /** Where rows are selected, finds the row whose search column begins with @p search, the
+     * letters typed so far; else emits textTyped(). */
     void keyboardSearch(const QString &search) override;
 
 signals:
-    /** Enter on a body row, or a double click on a body cell; the cell is current by then. */
+    /** Enter was pressed on a body row, or a body cell double-clicked; the cell is current. */
     void cellActivated(int row, int column);
-    /** Canc pressed on a body row. */
+    /** Canc was pressed on a body row. */
     void deletePressed();
-    /** Characters typed where single cells are selected. */
+    /** Characters were typed where single cells are selected. */
     void textTyped(const QString &text);
 
 protected:
@@ -77,7 +77,6 @@ protected:
 private:
     void setUpLook();
     void offerCopies();
-    /** Takes over the sizes of the fonts and the texts of the whole table. */
     void measureAll();
     void measureCell(int row, int column);
     void fitColumns();

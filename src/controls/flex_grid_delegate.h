@@ -6,15 +6,15 @@
 
 namespace saldoro {
 
-/** Draws the cells of a grid: the selection turns paler while the grid has no focus, only where
- *  single cells are selected the current one carries the toolkit's focus mark, and a text that does
- *  not fit its cell is shown whole in a tool tip. */
+/** Draws the cells of a grid. The selection is paler while the grid has no focus; only where single
+ *  cells are selected, the current one has the toolkit's focus mark; a tool tip shows a text whole
+ *  that does not fit its cell. */
 class FlexGridDelegate : public QStyledItemDelegate
 {
 public:
     FlexGridDelegate(FlexGrid::Selection selection, QObject *parent);
 
-    /** Pixels of a cell's width that are not for its text, in @p view's style. */
+    /** Pixels of a cell's width that its text can't use, in the style of @p view. */
     static int spaceAroundText(const QWidget &view);
 
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,

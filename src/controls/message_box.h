@@ -23,21 +23,20 @@ enum class MessageAnswer
 };
 
 /**
- * Shows a modal message box under the application's title and waits for the answer. Closing a
- * question by Esc or its frame answers No. A key that is held down since before answers nothing.
- * This is the one way to a message box.
+ * Shows a modal message box under the application's title and waits for the answer. Esc or closing
+ * the box answers No to a question. A key that was down before the box came answers nothing (see
+ * IsKeyHeld). All message boxes are shown by this function.
  */
 MessageAnswer ShowMessage(MessageKind kind, const QString &text);
 
-/** Asks a question with Yes and No, No being preset, under the application's title; true when the
- *  answer is Yes. */
+/** Asks a question with Yes and No, of which No is preset; true when the answer is Yes. */
 bool ChiediConferma(const QString &question);
 
 /** Answers a box in the user's place. */
 using MessageAnswerer = std::function<MessageAnswer(MessageKind kind, const QString &text)>;
 
-/** Puts @p answerer in the place of the real boxes (an empty one brings them back) and returns the
- *  one that was there before. For tests and for runs without a person. */
+/** Has @p answerer answer from now on instead of real boxes (an empty one brings them back), and
+ *  returns the one before. For tests and for runs without a person. */
 MessageAnswerer ReplaceMessageBoxes(MessageAnswerer answerer);
 
 } // namespace saldoro

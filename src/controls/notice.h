@@ -5,7 +5,7 @@
 
 namespace saldoro {
 
-/** How much a notice matters; a strip shows the greatest first. */
+/** How much a notice matters; a strip shows the weightiest first. */
 enum class NoticeWeight
 {
     Remark,  ///< worth knowing
@@ -13,7 +13,7 @@ enum class NoticeWeight
     Danger   ///< something will be lost, or counted many times over
 };
 
-/** What a form tells about its content, without asking anything. */
+/** Something that a form tells about its content. */
 struct Notice
 {
     NoticeWeight weight = NoticeWeight::Remark;
@@ -23,11 +23,11 @@ struct Notice
     QString field = {};
 };
 
-/** All that a strip shows at a moment. */
+/** All that a strip shows at one time. */
 struct Notices
 {
     QList<Notice> list = {};
-    /** What the text that is being typed is worth; empty when none is. */
+    /** What the text that is being typed is worth; empty while none is typed. */
     QString worth = {};
 
     void tell(NoticeWeight weight, const QString &field, const QString &text)

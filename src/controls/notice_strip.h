@@ -12,29 +12,29 @@ namespace saldoro {
 
 /**
  * The lines of a form that tell what an odd rule is about to do. Their room is reserved, so nothing
- * moves when they change; they take no focus and change nothing of the form. The weightiest notice
- * comes first, of several the one about the control that has the focus; the last line also says how
- * many more there are. A control that a notice is about gets a bar at its left edge, and the text
- * in its description for screen readers, which are alerted to a new notice.
+ * moves when they change; they take no focus and change nothing else of the form. The weightiest
+ * notice comes first, among equals the one about the control that has the focus; the last line also
+ * says how many more there are. A control that a notice is about gets a bar at its left edge and
+ * the notice in its description for screen readers, which are alerted to a new one.
  */
 class NoticeStrip : public QLabel
 {
 public:
     using Source = std::function<Notices()>;
 
-    /** Where the first line is kept for what a typed text is worth. */
+    /** Whether the first line is kept for what a typed text is worth. */
     enum class Worth
     {
         Shown,
         Left
     };
 
-    /** Notices come from @p source, the controls they name are those of @p form. An exception of
-     *  the source shows nothing and goes no further. */
+    /** @param source gives the notices; the controls they name are those of @p form. An exception
+     *  of it ends here: no notice is shown then. */
     NoticeStrip(QWidget *form, Worth worth, Source source);
 
-    /** Asks the source again once the events that wait now have been handled; asking for it many
-     *  times costs no more than once. */
+    /** Asks the source once the events that are waiting have been handled. Many calls before that
+     *  cost as much as one. */
     void refreshSoon() { m_timer.start(); }
 
     QSize sizeHint() const override;

@@ -9,7 +9,7 @@ namespace saldoro {
 
 namespace {
 
-/** Asked for each class of an object, the lowest first, before the toolkit's own answer. */
+/** The toolkit asks for each class of an object, the lowest first, before it answers itself. */
 QAccessibleInterface *plainWindow(const QString &className, QObject *object)
 {
     auto *widget = qobject_cast<QWidget *>(object);

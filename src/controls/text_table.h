@@ -7,12 +7,12 @@
 namespace saldoro {
 
 /**
- * The content of a grid as plain texts: it serves both as what is shown and as working storage,
- * from which amounts are parsed back. Row 0 is the header; body rows start at 1. There is always a
- * current row and column; both are 0 in a new table. Indexes out of range throw BoundsError.
+ * The content of a grid as plain texts. It is both what is shown and the working storage from which
+ * amounts are parsed back. Row 0 is the header; body rows start at 1. There is always a current row
+ * and column; both are 0 in a new table. Indexes out of range throw BoundsError.
  *
- * To the toolkit's views it is a model: row 0 is their horizontal header, body row n their row
- * n - 1. It needs no view, and no window.
+ * For the toolkit's views it is a model: row 0 is their horizontal header, body row n their row
+ * n - 1. It needs no view and no window.
  */
 class TextTable : public QAbstractTableModel
 {
@@ -23,12 +23,12 @@ public:
 
     int rows() const { return static_cast<int>(m_cells.size()); }
     int columns() const { return static_cast<int>(m_cells.first().size()); }
-    /** Appends empty rows or drops the last ones. The current row moves to the last row when its
-     *  own is dropped. The header always stays: less than one row throws BoundsError. A view reads
+    /** Appends empty rows or drops the last ones. When the current row is dropped, the last one
+     *  becomes current. The header always stays: less than one row throws BoundsError. A view reads
      *  everything again, so long tables are best filled within a BulkChange. */
     void setRows(int rows);
-    /** Cuts the table down to its header, one column for each of @p headings. The current column
-     *  moves to the first one when there is none of its number any more. */
+    /** Cuts the table down to its header, with a column for each of @p headings. The header becomes
+     *  the current row, and the first column current if the current one is gone. */
     void setHeader(const QStringList &headings);
 
     QString text(int row, int column) const;
@@ -38,8 +38,8 @@ public:
     QString currentText() const { return text(m_row, m_column); }
     void setCurrentText(const QString &text) { setText(m_row, m_column, text); }
 
-    /** The rows @p first to @p last as spreadsheets take them: a tab between cells, a line for each
-     *  row, quotes around what holds one of these or a quote. */
+    /** The rows @p first to @p last as spreadsheets take them: a line for each row, a tab between
+     *  cells, quotes around a cell that holds a tab, a line end or a quote. */
     QString tabText(int first, int last) const;
 
     int row() const { return m_row; }
@@ -49,12 +49,12 @@ public:
     void setColumn(int column) { setCurrentCell(m_row, column); }
     void setCurrentCell(int row, int column);
 
-    /** Columns whose texts stand to the right, for amounts; their headings too. */
+    /** Columns whose texts and headings stand to the right, for amounts. */
     void setRightAligned(const QList<int> &columns);
     const QList<int> &rightAligned() const { return m_rightAligned; }
 
-    /** While one of these lives the views are told nothing; at the end of the outermost one they
-     *  read everything again. */
+    /** While one of these lives the views are told nothing; when the outermost one ends they read
+     *  everything again. */
     class BulkChange
     {
     public:

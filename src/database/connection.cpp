@@ -38,12 +38,12 @@ void refuseWhatIsNoDatabase(const QString &path)
 
 } // namespace
 
-/** The engine's connection and what all its files share. */
+/** The engine's connection, and what all its files share. */
 struct Connection::Engine
 {
     sqlite3 *handle = nullptr;
     QStringList paths;
-    std::chrono::steady_clock::time_point end; ///< of the time that the read under way may take
+    std::chrono::steady_clock::time_point end; ///< when the read under way has to be done
 
     Engine() = default;
     Engine(const Engine &) = delete;
@@ -78,10 +78,10 @@ Connection::Connection(const QString &path, FileAccess access, int lockWait)
                                        nullptr);
     if (code != SQLITE_OK)
         fail(code, {});
-    execute(u"PRAGMA trusted_schema = OFF"_s); // views and triggers come from who knows where
+    execute(u"PRAGMA trusted_schema = OFF"_s); // views and triggers may come from anywhere
     execute(u"PRAGMA synchronous = EXTRA"_s);  // also flushes the folder's entry
-    // Opening reads nothing: it is the list of tables that shows whether this is a database. A new
-    // file gets its header by the first change of anything.
+    // Opening reads nothing: only the list of tables shows whether this is a database. A new file
+    // gets its header by the first change, whatever it is.
     execute(access == FileAccess::Create ? u"PRAGMA user_version = 1"_s
                                          : u"SELECT count(*) FROM sqlite_master"_s);
 }
@@ -183,7 +183,7 @@ Statement::Statement(std::shared_ptr<Connection> file, const QString &sql, const
     : m_file(std::move(file))
     , m_table(table)
 {
-    m_file->startClock(); // newer engines look at it here, too
+    m_file->startClock(); // newer engines look at it while they prepare, too
     const QByteArray text = sql.toUtf8();
     const char *rest = nullptr;
     sqlite3_stmt *statement = nullptr;
@@ -256,8 +256,8 @@ int Statement::run()
 
 StoredValue Statement::value(int column, std::pmr::memory_resource &texts) const
 {
-    // One look-up of the value instead of one for each of its properties: this is the loop that
-    // all reading goes through, and the connection is used by one thread only.
+    // All reading goes through here: the value is looked up once, not once for each property. That
+    // is allowed because only one thread uses the connection.
     sqlite3_value *value = sqlite3_column_value(m_statement.get(), column);
     const int type = sqlite3_value_type(value);
     if (type == SQLITE_NULL)

@@ -14,7 +14,7 @@ struct sqlite3_stmt;
 
 namespace saldoro {
 
-/** Whether changes can reach the file. */
+/** What a connection may do with its file. */
 enum class FileAccess
 {
     Create, ///< as ReadWrite; the file is empty and becomes a database without tables
@@ -23,36 +23,36 @@ enum class FileAccess
 };
 
 /**
- * One database file on an open connection of the engine, which it shares with other files that are
- * attached, and with the record sets opened from it. Every result code of the engine that stands
- * for a failure leaves through fail().
+ * One database file on an open connection of the engine. Files that are attached and record sets
+ * that are opened share the connection. Every failure that the engine reports leaves by fail().
  */
 class Connection
 {
 public:
-    /** Opens an existing file and looks into it, so that what is no database is found out here.
+    /** Opens an existing file and looks into it, so that a file that is no database is found here.
      *  @param path path of the machine
-     *  @param lockWait milliseconds for which every action waits for a file that is locked */
+     *  @param lockWait how many milliseconds every action waits for a locked file */
     Connection(const QString &path, FileAccess access,
                int lockWait = Database::LockWaitMilliseconds);
-    /** The same for one more file on the connection of @p first, with the access that that has. */
+    /** Opens one more file on the connection of @p first, with the same access. */
     Connection(const Connection &first, const QString &path);
 
     const QString &path() const { return m_path; }
-    /** The name of the file in SQL, which stands before those of its tables. */
+    /** The name of the file in SQL, which precedes those of its tables. */
     const QString &schema() const { return m_schema; }
     sqlite3 *handle() const;
 
-    /** The same connection; errors name all its files, since it can't be told which is meant. */
+    /** The same connection, for actions on all its files: errors name all of them. */
     Connection ofAllFiles() const;
 
-    /** Paths of the files beside the first file with which the engine ties the journals of several
-     *  files together. It leaves one behind when it can't commit. */
+    /** Paths of the files by which the engine ties the journals of several files together. They lie
+     *  beside the first file. The engine leaves one behind when it can't commit. */
     QStringList ties() const;
-    /** Deletes those that are not among @p others, unless a journal is left that may need one. */
+    /** Deletes the ties that are not among @p others, unless a journal is left that may need one.
+     */
     void removeTiesBut(const QStringList &others) const;
 
-    /** Whether the file takes no changes, however it was opened. */
+    /** Whether the file takes no changes, whatever the access. */
     bool isReadOnly() const;
 
     /** The row id of the record that was added last. */
@@ -60,10 +60,10 @@ public:
     /** How many records were changed since the connection was opened, by triggers too. */
     int changesSoFar() const;
 
-    /** From now on the engine works for as long as one read may take, then gives up. */
+    /** Gives the engine the time that one read may take, from now on; then it gives up. */
     void startClock() const;
 
-    /** Puts the whole content of this file into @p copy and flushes that to the disk. */
+    /** Replaces the content of @p copy by that of this file and flushes it to the disk. */
     void copyTo(Connection &copy) const;
 
     /** Throws the error that @p code stands for. */
@@ -78,8 +78,7 @@ private:
     std::shared_ptr<Engine> m_engine;
 };
 
-/** One prepared statement. Every failure is thrown as by ThrowEngineError(), with the file and the
- *  table. */
+/** One prepared statement. Failures are thrown as by ThrowEngineError(), with file and table. */
 class Statement
 {
 public:
@@ -88,23 +87,23 @@ public:
 
     /** Whether running it gives rows and changes nothing. */
     bool isQuery() const;
-    /** The columns of the result, from position @p first on, as far as their declarations tell. */
+    /** The columns of the result from position @p first on, as their declarations tell. */
     QList<FieldDef> fields(int first) const;
 
     /** Sets the parameter at @p position, counted from 1. */
     void bind(int position, const StoredValue &value);
 
-    /** Runs to the next row; false at the end, when a change has reached the disk. */
+    /** Runs to the next row; false at the end. A change outside a transaction is on the disk then.
+     */
     bool step();
-    /** Runs to the end; then, or after a failure, it can be run again. The number of records that
-     *  it changed. */
+    /** Runs to the end and returns how many records that changed. The statement can be run again,
+     *  also after a failure. */
     int run();
 
     int columnCount() const;
-    /** A value of the current row, a text being put into @p texts. */
+    /** A value of the current row; a text is put into @p texts. */
     StoredValue value(int column, std::pmr::memory_resource &texts) const;
-    /** A value of the current row, converted as the engine does; 0 and the empty text for a null.
-     */
+    /** A value of the current row, converted by the engine: a null gives 0 or the empty text. */
     qint64 whole(int column) const;
     QString text(int column) const;
 

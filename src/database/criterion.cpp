@@ -42,13 +42,13 @@ std::optional<QString> listExpression(QList<uint> list)
     return (isNegated ? u"[^"_s : u"["_s) + members + u']';
 }
 
-/** What is between two runs has one length, so the first place where it fits is as good as any
- *  later one: the groups never give back what they took, and the work stays small. */
+/** What stands between two "*" has one length, so the first place where it fits is as good as any
+ *  later one: the groups never give back what they took, which keeps the work small. */
 QString likeExpression(const QString &pattern)
 {
     const QList<uint> characters = folded(pattern).toUcs4();
     QString expression = u"\\A"_s;
-    QString part; // since the last run
+    QString part; // since the last "*"
     bool isBehindRun = false;
     for (qsizetype place = 0; place < characters.size(); ++place) {
         switch (characters[place]) {

@@ -25,7 +25,7 @@ class LikePattern
 public:
     explicit LikePattern(const QString &pattern);
 
-    /** Whether the whole of @p text meets the pattern. The work stays within the length of the text
+    /** Whether all of @p text meets the pattern. Takes no more steps than the length of the text
      *  times that of the pattern. */
     bool matches(const QString &text) const;
 
@@ -33,22 +33,20 @@ private:
     QRegularExpression m_expression;
 };
 
-/** What a find asks for: one field compared with a whole number or with a text (in its
- *  ComparableText() form), or like a pattern. */
+/** What a find asks for: a field that equals a whole number or a text (in its ComparableText()
+ *  form), or that is like a pattern. */
 struct Criterion
 {
     QString field;
     std::variant<qint64, QByteArray, LikePattern> wanted;
 
-    /** Whether values of that type can be compared so. */
+    /** Whether values of that type can be compared with what is wanted. */
     bool fits(FieldType type) const;
 };
 
-/**
- * Reads "Field = 12", "Field = 'text'" or "Field Like 'pattern'". Blanks between the parts do not
- * matter, an apostrophe inside a text is doubled, a name of several words stands in brackets. No
- * value when @p text is anything else or the number does not fit 64 bits.
- */
+/** Reads "Field = 12", "Field = 'text'" or "Field Like 'pattern'". Blanks between the parts do not
+ *  matter, an apostrophe inside a text is doubled, a name of several words stands in brackets. No
+ *  value when @p text is anything else or the number does not fit 64 bits. */
 std::optional<Criterion> ParseCriterion(const QString &text);
 
 } // namespace saldoro

@@ -14,13 +14,14 @@ namespace saldoro {
 class Connection;
 
 /**
- * One open database file, which is closed when it and the last record set opened from it are gone.
- * Not copied, only moved. Tables are made from definitions; everything else goes through record
- * sets.
+ * One open database file. It is closed when the object, its copies and all record sets opened from
+ * it are gone.
+ * Tables are made from definitions; everything else goes through record sets.
  *
  * Paths are archive paths (backslashes, any letter case), turned into paths of the machine here.
- * Every failure is a DatabaseError naming the file. The other programs of the suite use the same
- * files: a file that is locked for a moment is waited for (LockWaitMilliseconds), then reported.
+ * Every failure is a DatabaseError that names the file, unless a function says otherwise. Other
+ * programs of the suite use the same files: every action waits for a file that is locked, up to
+ * LockWaitMilliseconds, before it throws Locked.
  */
 class Database
 {
@@ -28,36 +29,30 @@ public:
     /** How long an action waits for a file that another program has locked. */
     static constexpr int LockWaitMilliseconds = 5000;
 
-    Database(Database &&other) noexcept = default;
-    Database &operator=(Database &&other) noexcept = default;
-    Database(const Database &) = delete;
-    Database &operator=(const Database &) = delete;
-    ~Database() = default;
-
-    /** Creates an empty database. @p locale is the engine's locale text, which the engine that is
-     *  in use does without. Throws FileExists, FileMissing (no such folder), ReadOnly. */
+    /** Creates an empty database. @p locale is what other engines need to know; the present one
+     * does without. Throws FileExists, FileMissing (no such folder), ReadOnly, DiskFull. */
     static Database create(const QString &path, const QString &locale);
 
-    /** Opens an existing file for reading and writing; a file on a read-only medium opens too and
-     *  only refuses changes. Never creates one. Throws FileMissing, NotADatabase, Locked, the last
-     *  after @p lockWait milliseconds, as every action later on. */
+    /** Opens an existing file for reading and writing; one that can't be written opens too, and
+     * only refuses changes. @p lockWait replaces LockWaitMilliseconds for this and all later
+     * actions. Throws FileMissing, NotADatabase, Locked. */
     static Database open(const QString &path, int lockWait = LockWaitMilliseconds);
 
     /** As open(), but no change can reach the file through it. */
     static Database openReadOnly(const QString &path);
 
-    /** Opens one more existing file on the connection of this one, no transaction being open there:
-     *  a transaction on either covers both. Queries through the result are about its own file, and
-     *  the connection lives until all its Databases and record sets are gone. Throws as open(). */
+    /** Opens one more existing file on the connection of this one, where no transaction may be
+     * open: a transaction on either covers both. Queries through the result are about its own file.
+     * The connection lives until all its Databases and record sets are gone. Throws as open(). */
     Database attach(const QString &path) const;
 
     /** Adds an empty table with the fields of @p table in their order. Throws Other when the file
      *  has a table of that name. */
     void appendTableDef(const TableDef &table);
 
-    /** The definition of a table that the file holds, by its name in any letter case: in tables of
-     *  other programs as far as the words of their types tell. No value when there is no such
-     *  table; a stored query is none. */
+    /** The definition of a table of the file, by its name in any letter case; for tables of other
+     *  programs, as far as the words of their types tell. No value when there is no such table; a
+     *  stored query is none. */
     std::optional<TableDef> tableDef(const QString &name) const;
 
     /** Whether @p name, in any letter case, is a stored query of the file. */
@@ -70,31 +65,32 @@ public:
     /**
      * Opens a record set on @p sql, which is taken as it stands, trailing and doubled blanks
      * included. "SELECT * FROM one-table ..." gives an updatable set; joins, stored queries and
-     * tables whose records have no position are read-only. The records are those of the moment of
-     * first use, which throws Endless when a stored query goes on for more than some 20 seconds or
-     * gives more than memory should take. Throws SyntaxError, TableMissing, FieldMissing.
+     * tables whose records have no position are read-only. The records are read at the first use,
+     * which throws Endless when that takes more than some 20 seconds or gives more than memory
+     * should hold. Throws SyntaxError, TableMissing, FieldMissing.
      */
     RecordSet openRecordSet(const QString &sql) const;
 
-    /** Writes a whole copy of the file as it stands on the disk, between two changes of other
-     *  programs, and flushes it. Only when it is complete it gets its name, with date and time,
-     *  that no file has yet: "Saldoro copia 2026-03-31 10.15.00.mdb", beside the file. Until then,
-     *  and when the process dies, it is "Saldoro.mdb.copia", which the next copy replaces. In a
-     *  transaction of this connection: before the first change. Throws Locked, ReadOnly, DiskFull,
-     *  FileError; nothing is left then.
-     *  @return the copy's path of the machine. */
+    /** Writes a whole copy of the file beside it, as it stands on the disk between two changes of
+     *  other programs, and flushes it. The copy is "Saldoro.mdb.copia" until it is complete, also
+     *  when the process dies; the next copy replaces that. Then it gets a name with date and time
+     *  that no file has: "Saldoro copia 2026-03-31 10.15.00.mdb". To be called before the first
+     *  change of a transaction on this connection. After Locked, ReadOnly, DiskFull or FileError
+     *  nothing is left.
+     *  @return the copy's path of the machine */
     QString backUpBeside() const;
 
-    /** The same in another file of the machine, which is not there yet. */
+    /** The same with a name of the caller's, a path of the machine where no file is yet. */
     void copyTo(const QString &copyPath) const;
 
-    /** What the engine finds first when it looks through the whole file, in its own words; empty
-     *  when the file is sound. Throws NotADatabase when it can't even be looked through. */
+    /** The first fault that the engine finds when it looks through the whole file, in its own
+     * words; empty when the file is sound. Throws NotADatabase when it can't even look through it.
+     */
     QString damage() const;
 
-    /** Whether the file at @p path goes with an ordinary rollback journal, thus has no companions
-     *  between two changes that must be copied with it; also for what is no database. Opens none,
-     *  since that would make the companions. */
+    /** Whether the file at @p path has an ordinary rollback journal, and so no companion files
+     *  between two changes that must be copied with it. True for what is no database. Does not open
+     *  the database, since that would make the companions. */
     static bool hasPlainJournal(const QString &path);
 
     /** The path of the machine, for messages. */
@@ -107,7 +103,7 @@ private:
     std::shared_ptr<Connection> m_file;
 };
 
-/** What is kept together. */
+/** What a transaction keeps together: reads or changes. */
 enum class TransactionKind
 {
     Reading,
@@ -115,21 +111,20 @@ enum class TransactionKind
 };
 
 /**
- * Writing: several changes that reach the disk together or not at all, in all files of the
- * connection (see attach()): everything that is written from the construction on, tables that are
- * made included. A process that is killed, or a machine that stops, before the end of commit()
- * leaves every file as it was.
+ * Writing: all changes from the construction on, new tables included, reach the disk together or
+ * not at all, in all files of the connection (see attach()). A process that is killed, or a machine
+ * that stops, before the end of commit() leaves every file as it was.
  *
- * Reading: all record sets that are first used until its end see a file as it was when the first of
- * them was. No other program can change the file meanwhile, so it should be short.
+ * Reading: all record sets that are first used before its end see a file as it was when the first
+ * of them was. No other program can change the file meanwhile, so it should be short.
  */
 class Transaction
 {
 public:
-    /** For writing it takes the write locks of all files, so that no other program writes until
-     *  the end. Throws Locked, ReadOnly. */
+    /** For writing, locks all files, so that no other program writes until the end. Throws Locked,
+     *  ReadOnly. */
     explicit Transaction(const Database &database, TransactionKind kind = TransactionKind::Writing);
-    /** Takes back what was not committed. */
+    /** Takes back all changes unless they were committed. */
     ~Transaction();
     Transaction(const Transaction &) = delete;
     Transaction &operator=(const Transaction &) = delete;

@@ -23,7 +23,7 @@ int kindOf(int code)
     return code & 0xFF;
 }
 
-/** What the engine tells in words only; in them is the name of a table or field. */
+/** What the engine tells in words only, which hold the name of a table or field. */
 DatabaseError errorInWords(const QString &message, const QString &path, const QString &table)
 {
     using enum DatabaseFault;

@@ -14,28 +14,25 @@
 
 namespace saldoro {
 
-/** What can be written into a field: null, text, a whole number, a currency value, a day. Text for
- *  a date field is read as dd/MM/yyyy. */
+/** What can be written into a field: null, text, a whole number, a currency value, a day. A text
+ *  for a date field is read as dd/MM/yyyy. */
 using NewValue = std::variant<std::monostate, QString, qint32, Currency, QDate>;
 
-/** A value as the file keeps it: null, a whole number, a floating one, a text in UTF-8 whose bytes
- *  lie elsewhere. */
+/** A value as the file holds it: null, a whole number, a floating-point number, or a text in UTF-8
+ *  whose bytes lie elsewhere. */
 using StoredValue = std::variant<std::monostate, qint64, double, QByteArrayView>;
 
-/** Puts a copy of @p text into @p texts. */
+/** A copy of @p text in @p texts. */
 QByteArrayView KeptText(QByteArrayView text, std::pmr::memory_resource &texts);
 
-/**
- * The form in which @p value is stored in @p field, with a text put into @p texts, or the fault
- * that forbids it: TypeMismatch, FieldTooSmall. Amounts go into currency fields and whole numbers
- * into all number fields; a text is never read as a number. Whether an empty text is accepted is
- * for the file to say.
- */
+/** The form in which @p value is stored in @p field, with a text put into @p texts, or the fault
+ *  that forbids it: TypeMismatch, FieldTooSmall. Amounts go into currency and floating-point
+ * fields, whole numbers into all number fields; a text is never read as a number. Whether the field
+ *  accepts an empty text is not looked at. */
 std::variant<StoredValue, DatabaseFault> StoredForm(const FieldDef &field, const NewValue &value,
                                                     std::pmr::memory_resource &texts);
 
-/** Why @p value can't be stored in @p field, a refused empty text included; no value when it can.
- */
+/** Why @p value can't be stored in @p field, a refused empty text included; no value if it can. */
 std::optional<DatabaseFault> RefusalOf(const FieldDef &field, const NewValue &value);
 
 /** The text of a stored value: numbers in plain decimal form, days as dd/MM/yyyy, null as empty. */
@@ -49,12 +46,11 @@ struct RecordPlace
 };
 
 /**
- * What one field of the current record holds, with its place for error texts. A value stays valid
- * only until the record set moves, changes or is closed: read it at once.
+ * What one field of the current record holds, with its place for error texts. Valid until the
+ * record set moves, changes or is closed: to be read at once.
  *
- * Reading a null throws NullValue, except by the forms "OrEmpty", "OrNone" and "isNull"; a stored
- * value that is not of the type asked for throws TypeMismatch; a number beyond the type
- * FieldTooSmall.
+ * The functions throw NullValue for a null, unless they say otherwise; TypeMismatch for a stored
+ * value that is not of the type asked for; FieldTooSmall for a number beyond that type.
  */
 class FieldValue
 {
@@ -66,25 +62,25 @@ public:
     /** As text(), a null giving the empty text. */
     QString textOrEmpty() const { return PlainText(*m_value, m_field->type); }
 
-    /** Whether it is null or exactly what its field declares: a count of ten-thousandths, a whole
-     *  number within the bounds of the field, a day as yyyy-MM-dd, perhaps with a time, or the
-     *  empty text. Anything will do in a field of another kind or without one. */
+    /** Whether the value is null or exactly what its field declares: a count of ten-thousandths; a
+     *  whole number within the bounds of the field; a day as yyyy-MM-dd, perhaps with a time, or
+     *  the empty text. True in fields of other kinds. Throws nothing. */
     bool isOfItsKind() const;
 
-    /** The bytes of a stored text as they are, a day's included; no value for a null, a number or
-     *  bytes that are no text. Valid until the set changes. */
+    /** The bytes of a stored text, also of a day; no value for a null, a number, and bytes that are
+     *  not valid UTF-8. Throws nothing. */
     std::optional<QByteArrayView> storedBytes() const;
 
-    /** A currency field's exact value; whole and floating numbers are converted (ties to even). A
-     *  number in a column without declared type (an expression of a stored query) is taken as a
-     *  count of ten-thousandths. */
+    /** The exact value of a currency field. Whole and floating-point numbers are converted (ties to
+     *  even). A number in a column without a declared type, an expression of a stored query, counts
+     *  ten-thousandths. */
     Currency currency() const;
     /** As currency(), a null giving no value. */
     std::optional<Currency> currencyOrNone() const;
 
     qint32 integer() const;
 
-    /** A date field's day; an invalid QDate for the empty text that some date fields hold. */
+    /** The day of a date field; an invalid QDate for the empty text that some date fields hold. */
     QDate date() const;
     /** As date(), a null or anything that is no date giving an invalid QDate. */
     QDate dateOrNone() const;

@@ -17,7 +17,7 @@
 
 namespace saldoro {
 
-/** What is written of a record: the place of the field and the value. */
+/** What is written of a record: values by the places of their fields. */
 using RecordChanges = std::map<int, StoredValue>;
 
 /**
@@ -30,10 +30,10 @@ class RecordRows
 public:
     static constexpr int NoRow = -1;
 
-    /** @param query prepared and not yet run.
-     *  @param table the single table of the query, or empty.
-     *  @param rowIdName what the query's first column, the row's position, is called in the table;
-     *  empty when there is none, and the records can't be written. */
+    /** @param query prepared and not yet run
+     *  @param table the single table of the query, or empty
+     *  @param rowIdName the name that the position of a record, the first column of the query, has
+     *  in the table; empty when the query has no such column, and the records can't be written */
     RecordRows(std::shared_ptr<Connection> file, Statement query, const QString &table,
                const QString &rowIdName);
 
@@ -44,7 +44,7 @@ public:
     bool areUpdatable() const { return !m_target.rowIdName.isEmpty(); }
     const QList<FieldDef> &fields() const { return m_fields; }
 
-    /** Where the texts of the records lie, as long as these live. */
+    /** Holds the texts of the records, as long as these live. */
     std::pmr::memory_resource &texts() { return m_memory; }
 
     const StoredValue &value(int row, int column) const { return record(row).values[column]; }
@@ -57,10 +57,10 @@ public:
     /** The last record that was not removed, or NoRow. */
     int lastLive() const;
 
-    /** Each writes one record in one statement, which either is on the disk when the call returns
-     * or has changed nothing. A new record comes last; update() is false when there is no such
-     * record in the file any more. Throws NotStored when the table's triggers kept the record from
-     * being written; what they did themselves stays. */
+    /** Each writes one record in one statement, which changes nothing when it throws. A new record
+     *  comes last. update() is false when the file does not hold the record any more. Throws
+     *  NotStored when a trigger of the table kept the record from being written; what the trigger
+     *  did itself stays. */
     void insert(const RecordChanges &values);
     bool update(int row, const RecordChanges &values);
     void remove(int row);

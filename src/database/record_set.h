@@ -11,15 +11,14 @@ namespace saldoro {
 class RecordRows;
 
 /**
- * The records of a query as they were when the set was first used, their values and order included;
- * what other programs write afterwards does not show. Changes are written through: each update()
- * and deleteRecord() is one atomic statement that changes exactly one record, and outside a
- * Transaction it has reached the disk before it returns. Deleted records are passed over from then
- * on, added ones come last.
+ * The records of a query as they were when the set was first used, values and order included; what
+ * other programs write later does not show. Changes are written through: each update() and
+ * deleteRecord() is one atomic statement on one record, and outside a Transaction it is on the disk
+ * when it returns. Deleted records are passed over from then on, added ones come last.
  *
- * Text is compared without regard to letter case, as the engine's general sort order does.
+ * Texts are compared without regard to letter case (see CompareText).
  *
- * Not copyable; what was moved from is only there to be destroyed or assigned to.
+ * A set that was moved from can only be destroyed or assigned to.
  */
 class RecordSet
 {
@@ -30,8 +29,8 @@ public:
     RecordSet &operator=(const RecordSet &) = delete;
     ~RecordSet();
 
-    /** True when there is no current record because the set is empty or the last was passed. A
-     *  set that was just opened stands on its first record. */
+    /** True when the set is empty or its last record was passed. A set that was just opened stands
+     *  on its first record. */
     bool eof() const;
     /** True when the set holds no record at all (deleted ones do not count). */
     bool isEmpty() const { return recordCount() == 0; }
@@ -70,23 +69,23 @@ public:
     FieldValue field(const QString &name) const { return field(column(name)); }
     FieldValue field(int column) const;
 
-    /** Starts a new record or the change of the current one. set() fills its buffer, update()
-     *  writes it; a field that is not set keeps its value, in a new record the file's default,
-     *  which shows when the set is opened again.
-     *  Throws ReadOnly on joins and stored queries, edit() also NoCurrentRecord. */
+    /** Starts a new record or the change of the current one. set() fills a buffer, update() writes
+     *  it. A field that is not set keeps its value; in a new record it gets the file's default,
+     *  which shows when the set is opened again. Throws ReadOnly when the set is not updatable,
+     *  edit() also NoCurrentRecord. */
     void addNew();
     void edit();
-    /** Field values are read as stored, not from the buffer, and any move or find empties it.
+    /** field() goes on reading the record, not the buffer; any move or find empties the buffer.
      *  Throws FieldTooSmall, TypeMismatch, FieldMissing. */
     void set(const QString &name, const NewValue &value);
-    /** Writes the buffer in one statement. After addNew() the current record is the one that was
-     *  current before; after edit() the changed one. Throws RecordGone when another program has
-     *  deleted it, NotStored when a trigger of the file kept it from being written, NullValue and
-     *  ZeroLengthRefused for a field that the file wants filled, Locked, ReadOnly, DiskFull. */
+    /** Writes the buffer in one statement. The current record stays the same, also after addNew().
+     *  Throws RecordGone when another program has deleted it, NotStored when a trigger of the file
+     *  kept it from being written, NullValue and ZeroLengthRefused for a field that the file wants
+     *  filled, Locked, ReadOnly, DiskFull. */
     void update();
-    /** Deletes the current record; it stays the (unreadable) position for moveNext/findNext. One
-     *  that another program has deleted meanwhile is passed over without an error. Throws
-     *  NoCurrentRecord, NotStored, Locked, ReadOnly, DiskFull. */
+    /** Deletes the current record; moveNext() and findNext() go on from its place. It is no error
+     *  when another program has deleted it already. Throws NoCurrentRecord, NotStored, Locked,
+     *  ReadOnly, DiskFull. */
     void deleteRecord();
 
 private:

@@ -14,22 +14,22 @@ struct EngineQuery
      *  ORDER BY, and the file named before every table. */
     QString text;
     /** For "SELECT * FROM name" with nothing but a condition and an order behind it: the name,
-     * which may be a stored query's. Otherwise empty. */
+     * which may be that of a stored query. Otherwise empty. */
     QString singleTable;
-    qsizetype columns = 0; ///< for a single table: where its columns begin in the text
+    qsizetype columns = 0; ///< for a single table: where the list of columns begins in the text
 
     /** For a single table: the same query with the row's position as its first column. */
     QString textWithRowId(const QString &rowIdName) const;
 };
 
 /** Prepares @p sql for the engine, with tables of the file that is called @p schema. Knows the
- * forms that queries have here: no comments, no lists of tables but joins, and nothing behind the
- * terms of ORDER BY. Never fails: what can't be read goes on as it is, and the engine says what is
- * wrong with it. */
+ * forms that queries have here: no comments, no lists of tables but joins, nothing behind the terms
+ * of ORDER BY. Never fails: what it can't read stays as it is, and the engine says what is wrong.
+ */
 EngineQuery EngineQueryFor(const QString &sql, const QString &schema);
 
-/** The name of the position of a record in a table of these fields, whatever they are called; empty
- *  when they leave no name for it. */
+/** A name by which the engine knows the position of a record in a table of these fields; empty when
+ *  fields have all such names. */
 QString RowIdName(const QList<FieldDef> &fields);
 
 /** A table as the statements below name it. */
@@ -42,15 +42,14 @@ struct TablePlace
 /** @p name as a quoted identifier. */
 QString QuotedName(const QString &name);
 
-/** Beginning of the names of the constraints that refuse empty texts; the field's name follows. */
+/** The names of constraints that refuse empty texts begin so; the name of the field follows. */
 inline constexpr QLatin1StringView ZeroLengthConstraint("ZeroLength ");
 
 /** The statement that makes a table in the file that is called @p schema. */
 QString CreateTableSql(const TableDef &table, const QString &schema);
 
-/** The statements on single records; the parameters are the values of the fields, behind them the
- *  id of the row. What the table says of conflicts does not count: a row that is in the way of
- *  another one stays. */
+/** The statements on single records; the parameters are the values of the fields, then the id of
+ *  the row. The table's own rules for conflicts do not count: a row that is in the way stays. */
 QString InsertSql(const TablePlace &table, const QStringList &fields);
 QString UpdateSql(const TablePlace &table, const QStringList &fields);
 QString DeleteSql(const TablePlace &table);

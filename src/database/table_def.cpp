@@ -12,8 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** The words of declarations. For a file that is read the first word that occurs decides, so the
- *  longer ones stand before those they contain; for a table that is made the first of its type. */
+/** The words of declarations. The first that occurs decides when a file is read, so a longer one
+ *  stands before those that it contains; a table that is made gets the first of its type. */
 const QList<std::pair<FieldType, QString>> &typeWords()
 {
     static const QList<std::pair<FieldType, QString>> words{

@@ -47,10 +47,10 @@ public:
     /** Appends a field; @p size counts only for text fields. */
     void appendField(const QString &name, FieldType type, int size = 0);
 
-    /** The appended field of that name, letter case ignored. Throws FieldMissing. */
+    /** The field of that name, letter case ignored. Throws FieldMissing. */
     FieldDef &field(const QString &name);
 
-    /** As PlaceOf(), among the appended fields. */
+    /** As PlaceOf(), in the order of creation. */
     qsizetype place(const QString &name) const { return PlaceOf(m_fields, name); }
 
     const QString &name() const { return m_name; }
@@ -61,13 +61,13 @@ private:
     QList<FieldDef> m_fields;
 };
 
-/** The type that a field declares in a file. The words also choose how the engine keeps a value:
- *  whatever holds text must have TEXT in its declaration, or a text made of digits would turn into
- *  a number. Dates are safe without. */
+/** The type that a field declares in a file. The words also decide how the engine keeps a value: a
+ *  declaration for texts must have TEXT in it, or a text of digits would turn into a number. Dates
+ *  are safe without. */
 QString DeclaredType(const FieldDef &field);
 
-/** The field that a column declares by "TEXT(60)", "INTEGER16", "CURRENCY"...; tables of other
- *  programs are told by the words in their types, too. Zero length counts as allowed. */
+/** The field of a column that is declared as "TEXT(60)", "INTEGER16", "CURRENCY"... or by such
+ * words in types of other programs. Zero length counts as allowed. */
 FieldDef FieldOfDeclaration(const QString &name, const QString &declaredType);
 
 } // namespace saldoro

@@ -13,17 +13,17 @@
 namespace saldoro {
 
 /**
- * Puts other records in the place of all those of a table, within a transaction. What a new record
- * does not name it takes over, byte for byte, from one that was there, also from fields that nobody
- * here knows.
+ * Replaces all records of a table by others, within a transaction. What a new record does not name
+ * it takes over, byte for byte, from one that was there, also in fields that no definition here
+ * names.
  */
 class TableRefill
 {
 public:
     /** Sets the records of the table aside. @p fields are those that the new records name. Throws
-     *  FieldMissing, NotStored and as Database::deleteAll(). */
+     *  FieldMissing, ReadOnly when a record could not be found again, and as deleteAll(). */
     TableRefill(const Database &database, const QString &table, const QStringList &fields);
-    /** Lets go of what was set aside. */
+    /** Drops what was set aside. */
     ~TableRefill();
     Q_DISABLE_COPY_MOVE(TableRefill)
 

@@ -6,22 +6,22 @@
 
 namespace saldoro {
 
-/** The name under which the order of texts is known to the engine. */
+/** The engine's name for the order of texts. */
 inline constexpr const char *TextOrderName = "SALDORO";
 
 /**
- * The order of texts in every comparison of the databases: letter case is ignored, accented letters
- * stand with their base letter, and between two texts that differ in nothing else the accent
- * decides. Texts are read as by TextOfStoredBytes().
+ * The order of texts in every comparison of the databases: letter case is ignored, an accented
+ * letter stands with its base letter, and the accent decides between texts that differ in nothing
+ * else. Texts are read as by TextOfStoredBytes().
  *
  * @return less than, equal to or greater than 0 as @p left stands before, with or after @p right.
  */
 int CompareText(QByteArrayView left, QByteArrayView right);
 
-/** A form that is the same for all texts that CompareText() finds equal, and for no others. */
+/** A form that two texts share exactly when CompareText() finds them equal. */
 QByteArray ComparableText(QByteArrayView text);
 
-/** That order as one of keys in program memory. */
+/** The same order for keys of sets and maps. */
 struct TextOrder
 {
     bool operator()(const QString &left, const QString &right) const

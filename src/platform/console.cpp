@@ -15,7 +15,7 @@ namespace saldoro {
 namespace {
 
 #ifdef Q_OS_WIN
-/** Writes to a console, whatever its code page; false when the stream goes somewhere else. */
+/** Writes to a console, whatever its code page; false when the stream is no console. */
 bool printToConsole(std::FILE *stream, const QString &text)
 {
     const auto console = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));

@@ -4,10 +4,10 @@
 
 namespace saldoro {
 
-/** Writes a text as it stands to the standard output or error stream, in UTF-8. A console shows
- *  its accented letters. On Windows an error is shown in a box when there is no error stream, as
- *  for a program that is started by its icon. False when the stream, such as a file on a full
- *  disk, did not take it. */
+/** Writes a text to the standard output or error stream, in UTF-8; a console on Windows shows its
+ *  accented letters. There an error without an error stream, as in a program that was started by
+ *  its icon, is shown in a box. False when the stream, such as a file on a full disk, did not take
+ *  the text. */
 [[nodiscard]] bool PrintOut(const QString &text);
 bool PrintError(const QString &text);
 

@@ -36,7 +36,7 @@ QString contentOf(const QString &path)
     return QStringDecoder(*marked, QStringConverter::Flag::Stateless).decode(data);
 }
 
-/** Finds lines of that form. */
+/** Finds whole lines of a form. */
 QRegularExpression lineOf(const QString &form)
 {
     return QRegularExpression(u"(*ANYCRLF)^[ \\t]*"_s + form + u"[ \\t]*$"_s,
@@ -93,7 +93,7 @@ void SetIniValue(const QString &fileName, const QString &section, const QString 
     if (keyLine(content, section, key).captured(u"value") != value)
         throw FileError(info.filePath(), u"«%1» non verrebbe riletto com'è."_s.arg(value),
                         u"Scegliere un nome senza caratteri di controllo."_s);
-    QDir().mkpath(info.path()); // what can't be made is told by the writing
+    QDir().mkpath(info.path()); // if that fails, the writing tells it
     WholeFile(info.filePath(), content.toUtf8()).replace();
 }
 

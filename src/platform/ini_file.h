@@ -7,31 +7,31 @@
 namespace saldoro {
 
 /**
- * The value of a key of a section of an INI file, or the empty text when the file, the section or
- * the key is missing. At most 254 characters are read, a NUL ends the value, trailing
- * blanks are lost. Nothing is thrown: a file that can't be read counts as missing.
+ * The value of a key in a section of an INI file, or the empty text when file, section or key is
+ * missing. It is cut to 254 characters and at its first NUL, and loses trailing blanks. Throws
+ * nothing: a file that can't be read counts as missing.
  *
  * @param fileName archive path or path of the machine
  */
 QString ReadIniString(const QString &fileName, const QString &section, const QString &key);
 
 /**
- * The same value whole, without limit and NUL rule; no value when file, section or key is missing.
- * Throws FileError when the file is there and can't be read.
+ * The same value, whole; no value when file, section or key is missing. Throws FileError when the
+ * file is there and can't be read.
  *
- * The same rules hold on every system. Section and key ignore letter case; of sections and keys
- * that occur twice the first wins. Blanks around section, key, "=" and value do not count; one
- * pair of quotes (" or ') around the value is dropped and keeps the blanks within. A line that
- * begins with ";" is a comment. Text is UTF-8 (or what a byte order mark says); a file that is
- * not valid UTF-8 is read as Windows-1252. Lines end with CR LF, LF or CR.
+ * The same rules hold on every system. Letter case of section and key does not matter; of sections
+ * and keys that occur twice the first counts. Blanks around section, key, "=" and value do not
+ * count; one pair of quotes (" or ') around the value is dropped and keeps the blanks inside. A
+ * line that begins with ";" is a comment. Text is UTF-8 (or what a byte order mark says); a file
+ * that is not valid UTF-8 is read as Windows-1252. Lines end with CR LF, LF or CR.
  */
 std::optional<QString> FindIniValue(const QString &fileName, const QString &section,
                                     const QString &key);
 
-/** Sets a key, in the place of the line that has been its value, and adds the section if need be;
- *  all other lines stay, in UTF-8. The file, and its folder, are made when there are none. Throws
- *  FileError, with the file as it was, when it is there and can't be read, when it can't be written
- *  whole, or when @p value would not be read back as it is. */
+/** Sets a key: replaces its line, or adds one, with the section if that is missing. All other lines
+ *  stay, in UTF-8. Makes the file and its folder when they are missing. Throws FileError, with the
+ *  file as it was, when it can't be read, can't be written whole, or when @p value would not be
+ *  read back as it is. */
 void SetIniValue(const QString &fileName, const QString &section, const QString &key,
                  const QString &value);
 

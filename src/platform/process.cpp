@@ -21,23 +21,24 @@ using namespace Qt::StringLiterals;
 #ifdef Q_OS_WIN
 namespace {
 
-/** The toolkit's own joining would put two blanks behind the program and quotes around arguments.
- */
-std::wstring wholeCommandLine(const QString &program, const QStringList &arguments)
+/** The toolkit would put two blanks behind the program and quotes around arguments. */
+std::wstring wholeCommandLine(const QString &path, const QStringList &arguments)
 {
-    const QString path = QDir::toNativeSeparators(MachinePath(program));
-    const QString name = path.contains(u' ') ? u'"' + path + u'"' : path;
+    const QString native = QDir::toNativeSeparators(path);
+    const QString name = native.contains(u' ') ? u'"' + native + u'"' : native;
     return (QStringList(name) + arguments).join(u' ').toStdWString();
 }
 
 } // namespace
+#endif
 
 bool StartDetached(const QString &program, const QStringList &arguments)
 {
-    std::wstring commandLine = wholeCommandLine(program, arguments);
     QProcess process;
     process.setProgram(MachinePath(program));
-    // A program that asks for more rights is started another way, which takes only these.
+#ifdef Q_OS_WIN
+    std::wstring commandLine = wholeCommandLine(process.program(), arguments);
+    // A program that asks for more rights is started in another way, which takes only these.
     process.setNativeArguments(arguments.join(u' '));
     process.setCreateProcessArgumentsModifier(
         [&commandLine](QProcess::CreateProcessArguments *start) {
@@ -46,20 +47,14 @@ bool StartDetached(const QString &program, const QStringList &arguments)
             start->startupInfo->dwFlags |= STARTF_USESHOWWINDOW;
             start->startupInfo->wShowWindow = SW_SHOWNORMAL;
         });
-    return process.startDetached();
-}
 #else
-bool StartDetached(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.setProgram(MachinePath(program));
     process.setArguments(arguments);
+#endif
     return process.startDetached();
 }
-#endif
 
 #ifdef Q_OS_WIN
-// The system's own text, since the separate arguments have lost their blanks and quotes.
+// The system's text: separate arguments have lost their blanks and quotes.
 QString CommandLineTail(int /*argc*/, char *const /*argv*/[])
 {
     return TailOfCommandLine(QString::fromWCharArray(GetCommandLineW()));

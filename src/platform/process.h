@@ -7,22 +7,19 @@
 namespace saldoro {
 
 /**
- * Starts a program, given by its archive path, and lets it run by itself; its window opens in the
- * usual size and gets the focus. Returns false when it can't be started; throws nothing.
- * Where the system hands over one command line, the arguments follow the program joined by one
- * blank and otherwise exactly as given.
+ * Starts a program, given by its archive path, and does not wait for it; its window opens in the
+ * usual size and gets the focus. Returns false when it can't be started; throws nothing. Where
+ * programs get one command line, the arguments stand behind the program's name as they are, each
+ * after one blank.
  */
 bool StartDetached(const QString &program, const QStringList &arguments);
 
-/**
- * Everything that stands after the program's name on its command line, as one text, verbatim to
- * its end, trailing blanks included. Where the system hands over separate arguments they are
- * joined by one blank.
- */
+/** All that stands behind the program's name on its command line, verbatim, trailing blanks
+ *  included. Where programs get separate arguments, these are joined by one blank. */
 QString CommandLineTail(int argc, char *const argv[]);
 
-/** The same for a whole command line as one text: its first word or quoted text is the program's
- *  name, the blanks behind it only part it from the tail. */
+/** The same of a whole command line. Its first word or quoted text is the program's name; the
+ *  blanks behind that belong to neither. */
 QString TailOfCommandLine(const QString &commandLine);
 
 /** File name of the running program without its extension. Needs the application object. */

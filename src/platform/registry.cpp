@@ -25,7 +25,7 @@ std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &
     const std::wstring key = keyPath.toStdWString();
     const std::wstring name = valueName.toStdWString();
     const auto read = [&](wchar_t *text, DWORD &size) {
-        // Plain text alone: one that is to be expanded is not taken for it.
+        // Plain text only, not one with variables to expand.
         const LSTATUS status = RegGetValueW(HKEY_CURRENT_USER, key.c_str(), name.c_str(),
                                             RRF_RT_REG_SZ | RRF_NOEXPAND, nullptr, text, &size);
         if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND &&

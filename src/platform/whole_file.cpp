@@ -4,7 +4,6 @@
 #include "platform/machine_path.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStorageInfo>
 
 #include <filesystem>
@@ -74,10 +73,10 @@ FileError failureOf(const QString &path, const std::error_code &fault)
 
 #ifdef Q_OS_WIN
 
-/** The toolkit flushes when it commits; there is no handle to be had before. */
+/** The toolkit flushes when it commits, and gives no handle before. */
 void flushToDisk(QSaveFile & /*file*/) {}
 
-/** Renaming over a file needs the right to delete it, which a program that has it open may deny. */
+/** Renaming over a file takes the right to delete it, which a program that has it open may deny. */
 bool isKeptByOthers(const QString &path)
 {
     const HANDLE file = CreateFileW(QDir::toNativeSeparators(path).toStdWString().c_str(), DELETE,
@@ -106,7 +105,7 @@ bool isKeptByOthers(const QString & /*path*/)
     return false; // renaming over an open file is always possible
 }
 
-/** A folder that may not be read, or a file system that has no flush for folders, is let pass. */
+/** Passes over a folder that may not be read and a file system that has no flush for folders. */
 void flushFolderOf(const QString &path)
 {
     const QByteArray name = QFile::encodeName(QFileInfo(path).path());
@@ -126,8 +125,8 @@ void flushFolderOf(const QString &path)
 WholeFile::WholeFile(const QString &path, const std::function<bool(QIODevice &)> &write)
     : m_file(std::make_unique<QSaveFile>(MachinePath(path)))
 {
-    // What is still buffered is flushed here: committing would not notice that it found no room,
-    // and put a cut file in the place of the old one.
+    // Flushed here, since the toolkit's commit would overlook that there was no room, and put a cut
+    // file in the place of the old one.
     if (!m_file->open(QIODevice::WriteOnly) || !write(*m_file) || !m_file->flush())
         throw failureOf(*m_file);
     flushToDisk(*m_file);
@@ -139,10 +138,6 @@ WholeFile::WholeFile(const QString &path, const QByteArray &content)
     : WholeFile(path, [&](QIODevice &file) { return file.write(content) == content.size(); })
 {
 }
-
-WholeFile::WholeFile(WholeFile &&other) noexcept = default;
-WholeFile &WholeFile::operator=(WholeFile &&other) noexcept = default;
-WholeFile::~WholeFile() = default;
 
 void WholeFile::replace()
 {
