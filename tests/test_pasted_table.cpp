@@ -57,13 +57,14 @@ private slots:
             "A1\tScavi\tm\t1.000,00\nOPERE\t\t\t\nA2\t\"Muri \"\"di\"\"\nsasso\"\tm\t€ 2.000,5\n"
             "\tTotale\t\t3.000,50\n",
             "s sopra l'intestazione\ns sopra l'intestazione\ns intestazione\n"
-            "s senza Codice: titolo o totale\nA1|Scavi|1.000,00\ns una cella sola: titolo\n"
+            "s senza Codice: titolo o totale\nA1|Scavi|1.000,00\ns una cella sola: titolo, o testo "
+            "che non è diviso in celle\n"
             "A2|Muri \"di\" sasso|2.000,50\ns senza Codice: titolo o totale\n= 3.000,50 pronto");
         add("no header, blanks of a web page, CR LF, a minus sign, a quote within",
             "A1\u00a0\t Scavi 5\"\t1.000,00\u00a0€\r\nA2\tRibasso\t\u2212100,00\r\n",
             "A1|Scavi 5\"|1.000,00\nA2|Ribasso|-100,00\n= 900,00 pronto");
         add("Voce beside a code is the description; errors and invisible letters of a sheet",
-            "\tVoce\tCod.\tImporto\n\tScavi\tA1\u200b\t1\n\tMuri\t#N/D\t2",
+            "\tVoce\tCod.\tImporto\n\tScavi\tA1\u200b\t1\n\tMuri\t#N/D\x01\t2",
             "s intestazione\nA1|Scavi|1,00\n! Codice: «#N/D» è un errore del foglio "
             "elettronico.\n= 1,00");
         add("another order by the header", "Importo\tDescrizione\tCodice\n12,50\tScavi\tA1",
@@ -82,7 +83,9 @@ private slots:
             "1.234,56, o è fuori misura.\n= 0,00");
         add("semicolons for tabs", "A1;\"Scavi; e muri\";5,00\n",
             "A1|Scavi; e muri|5,00\n= 5,00 pronto");
-        add("one column", "A1\nA2", "s una cella sola: titolo\ns una cella sola: titolo\n= 0,00");
+        add("one column", "A1\nA2",
+            "s una cella sola: titolo, o testo che non è diviso in celle\ns una cella sola: "
+            "titolo, o testo che non è diviso in celle\n= 0,00");
     }
     void clipboards()
     {

@@ -14,11 +14,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** On one line, without the blanks that web pages and spreadsheets put around; null for nothing. */
+/** On one line, without blanks around and characters that do not show; null for nothing. */
 QString plainCell(const QString &cell)
 {
     QString plain = cell.simplified().replace(u'\u2212', u'-'); // a minus sign
-    plain.removeIf([](QChar each) { return each.category() == QChar::Other_Format; });
+    plain.removeIf([](QChar each) {
+        return each.category() == QChar::Other_Format || each.category() == QChar::Other_Control;
+    });
     return plain.isEmpty() ? QString() : plain;
 }
 
@@ -180,7 +182,7 @@ QString PastedTable::setAsideReason(qsizetype row) const
     if (columnOf(key) < 0 || cells[columnOf(key)].isEmpty())
         return u"senza %1: titolo o totale"_s.arg(caption(key));
     if (filled == 1 && m_table.neededFields.size() > 1)
-        return u"una cella sola: titolo"_s;
+        return u"una cella sola: titolo, o testo che non è diviso in celle"_s;
     return {};
 }
 
