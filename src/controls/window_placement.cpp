@@ -1,6 +1,7 @@
 #include "controls/window_placement.h"
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <QScreen>
 #include <QSettings>
 #include <QStandardPaths>
