@@ -1,6 +1,7 @@
 #include "office/paste_table.h"
 
 #include "common/errors.h"
+#include "controls/application_look.h"
 #include "controls/buttons.h"
 #include "controls/message_box.h"
 #include "exchange/csv_table.h"
@@ -199,6 +200,9 @@ void PasteTable::showRow(int row)
     const bool isFaulty = pasted.state == PastedState::Faulty;
     const bool isTaken = pasted.state == PastedState::Taken;
     const QStringList texts = QStringList{pasted.reason} + pasted.cells;
+    constexpr int faded = 45; // percent; still to be read on a light and on a dark ground
+    const QColor grey =
+        MixedColor(palette().color(QPalette::Text), palette().color(QPalette::Base), faded);
     for (int column = 0; column < texts.size(); ++column) {
         QTableWidgetItem *item = m_view->item(row, column);
         if (item == nullptr)
@@ -206,8 +210,7 @@ void PasteTable::showRow(int row)
         const bool isState = column == 0;
         item->setText(texts[column]);
         item->setToolTip(pasted.reason);
-        item->setForeground(
-            isFaulty || isTaken ? QBrush() : palette().brush(QPalette::Disabled, QPalette::Text));
+        item->setForeground(isFaulty || isTaken ? QBrush() : grey);
         QFont font;
         font.setBold(isState && isFaulty);
         item->setFont(font);
