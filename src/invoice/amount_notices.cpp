@@ -17,61 +17,57 @@ bool isWorth(const QString &text, const QString &shown)
     return TypedWorth(text, text.contains(u',') ? Notation::Comma : Notation::Point) == shown;
 }
 
-class AmountNotices
+/** The rules over the amounts of one moment. */
+struct AmountNotices
 {
-public:
-    AmountNotices(const InvoiceState &state, Notices &all)
-        : m_state(state)
-        , m_chain(AmountChainOf(state.shown.kind))
-        , m_isCompany(state.shown.kind == CreditorKind::Company)
-        , m_now(state.shown.amounts)
-        , m_then(state.shown.amounts)
-        , m_all(all)
-    {
-    }
+    const InvoiceState &state;
+    Notices &all;
+    const AmountChain &chain = AmountChainOf(state.shown.kind);
+    bool isCompany = state.shown.kind == CreditorKind::Company;
+    const AmountTexts &now = state.shown.amounts; ///< as the fields show them
+    AmountTexts then = now; ///< as they will be once the focused field is left
 
     void tell()
     {
-        if (m_state.typedAllocation.isOpen)
-            m_all.worth = WorthLine(m_state.typedAllocation.typed, Notation::Point);
-        for (const AmountField &field : m_chain.fields) {
+        if (state.typedAllocation.isOpen)
+            all.worth = WorthLine(state.typedAllocation.typed, Notation::Point);
+        for (const AmountField &field : chain.fields) {
             if (isFocused(field))
                 lookAhead(field);
         }
-        for (const AmountField &field : m_chain.fields)
+        for (const AmountField &field : chain.fields)
             tellTyped(field);
         tellShare(AliquotaIva, Importo, ImportoIva,
-                  m_isCompany ? u"ripassare l'aliquota"_s : u"riscriverla"_s);
+                  isCompany ? u"ripassare l'aliquota"_s : u"riscriverla"_s);
         tellOverwrittenVat();
-        tellTotal(TotaleFattura, m_then.dueTotal(),
-                  m_isCompany ? u"si confronta ma non si salva, Importo e IVA fanno %1"_s
-                              : u"è rimasto indietro, ora è %1: passare dall'aliquota IVA"_s);
-        if (!m_isCompany) {
+        tellTotal(TotaleFattura, then.dueTotal(),
+                  isCompany ? u"si confronta ma non si salva, Importo e IVA fanno %1"_s
+                            : u"è rimasto indietro, ora è %1: passare dall'aliquota IVA"_s);
+        if (!isCompany) {
             tellShare(AliquotaRA, SoggettaRA, ImportoRA, u"azzerarla e ripassare l'aliquota"_s);
-            tellTotal(Netto, m_then.dueNet(),
+            tellTotal(Netto, then.dueNet(),
                       u"è rimasto indietro, ora è %1: passare dall'aliquota R.A."_s);
         }
         compareTotals();
     }
 
-private:
-    bool isFocused(const AmountField &field) const { return field.objectName == m_state.focus; }
+    bool isFocused(const AmountField &field) const { return field.objectName == state.focus; }
 
     void add(NoticeWeight weight, Amount field, const QString &text)
     {
-        m_all.tell(weight, m_chain.at(field).objectName, m_chain.nameOf(field) + u": "_s + text);
+        all.tell(weight, chain.at(field).objectName, chain.nameOf(field) + u": "_s + text);
     }
 
     /** What leaving the field will make of the amounts. */
     void lookAhead(const AmountField &field)
     {
-        m_all.worth = WorthLine(m_now.text(field.amount), NotationOf(field));
-        m_chain.leave(m_then, field.amount);
-        if (field.amount == TotaleFattura && m_isCompany)
-            m_all.worth = u"Ciò che si scrive qui si confronta così com'è, e non si salva"_s;
+        all.worth = WorthLine(now.text(field.amount), NotationOf(field));
+        chain.leave(then, field.amount);
+        if (field.amount == TotaleFattura && isCompany)
+            all.worth = u"Ciò che si scrive qui si confronta così com'è, e non si salva"_s;
         else if (field.amount == TotaleFattura || field.amount == Netto)
-            m_all.worth = u"Ciò che si scrive qui va perso: uscendo dal campo torna %1"_s.arg(
-                m_then.text(field.amount));
+            all.worth = u"Ciò che si scrive qui va perso: uscendo dal campo torna %1"_s.arg(
+                then.text(field.amount));
     }
 
     /** Tells of a text that is read otherwise than it looks, while it is typed and afterwards. */
@@ -79,7 +75,7 @@ private:
     {
         if (field.amount == TotaleFattura || field.amount == Netto)
             return;
-        const AmountPast past = m_state.past.value(field.amount);
+        const AmountPast past = state.past.value(field.amount);
         const Notation notation = NotationOf(field);
         QString plain = past.before;
         if (notation == Notation::Rate && !past.isRewritten &&
@@ -89,7 +85,7 @@ private:
                                                                                 plain));
             return;
         }
-        const QString shown = m_now.text(field.amount);
+        const QString shown = now.text(field.amount);
         const bool isAsTyped = isFocused(field) || notation == Notation::Comma;
         const QString typed = isAsTyped ? shown : past.left;
         const QString misread = MisreadLine(typed, notation);
@@ -99,41 +95,41 @@ private:
 
     void tellShare(Amount rate, Amount base, Amount share, const QString &wayOut)
     {
-        const QString due = FormatImporto(m_then.share(base, rate));
-        const QString held = FormatImporto(m_then.amount(share));
+        const QString due = FormatImporto(then.share(base, rate));
+        const QString held = FormatImporto(then.amount(share));
         if (held != due)
             add(Caution, share,
                 u"%1 non torna, il %2% di %3 è %4: %5"_s.arg(
-                    held, RateText(LeadingNumber(m_then.text(rate))),
-                    FormatImporto(m_then.amount(base)), due, wayOut));
+                    held, RateText(LeadingNumber(then.text(rate))),
+                    FormatImporto(then.amount(base)), due, wayOut));
     }
 
     /** Tells that VAT typed by hand is about to give way to the computed one. */
     void tellOverwrittenVat()
     {
-        if (!m_isCompany || !isFocused(m_chain.at(AliquotaIva)))
+        if (!isCompany || !isFocused(chain.at(AliquotaIva)))
             return;
-        AmountTexts before = m_now;
-        before.setText(AliquotaIva, m_state.past.value(AliquotaIva).before);
-        const QString vat = m_now.text(ImportoIva);
-        const QString then = m_then.text(ImportoIva);
-        if (!vat.isEmpty() && vat != then &&
+        AmountTexts before = now;
+        before.setText(AliquotaIva, state.past.value(AliquotaIva).before);
+        const QString vat = now.text(ImportoIva);
+        const QString next = then.text(ImportoIva);
+        if (!vat.isEmpty() && vat != next &&
             vat != FormatImporto(before.share(Importo, AliquotaIva)))
             add(Caution, ImportoIva,
-                u"uscendo dall'aliquota %1 diventa %2, da riscrivere poi"_s.arg(vat, then));
+                u"uscendo dall'aliquota %1 diventa %2, da riscrivere poi"_s.arg(vat, next));
     }
 
     void tellTotal(Amount total, Currency due, const QString &text)
     {
-        const QString held = m_then.text(total);
+        const QString held = then.text(total);
         if (!held.isEmpty() && !isWorth(held, FormatImporto(due)))
             add(Caution, total, held + u' ' + text.arg(FormatImporto(due)));
     }
 
     void compareTotals()
     {
-        const QString invoice = m_then.text(TotaleFattura);
-        const QString &allocated = m_state.allocationTotal;
+        const QString invoice = then.text(TotaleFattura);
+        const QString &allocated = state.allocationTotal;
         if (invoice.isEmpty() || invoice == allocated)
             return;
         if (isWorth(invoice, allocated)) {
@@ -142,25 +138,18 @@ private:
                     invoice, allocated));
             return;
         }
-        const Currency missing = m_then.amount(TotaleFattura) - ImportoDaTesto(QString(allocated));
-        m_all.tell(Remark, u"Text3"_s,
-                   u"Totale Conti %1, Totale Fattura %2: restano da ripartire %3"_s.arg(
-                       allocated, invoice, FormatImporto(missing)));
+        const Currency missing = then.amount(TotaleFattura) - ImportoDaTesto(QString(allocated));
+        all.tell(Remark, u"Text3"_s,
+                 u"Totale Conti %1, Totale Fattura %2: restano da ripartire %3"_s.arg(
+                     allocated, invoice, FormatImporto(missing)));
     }
-
-    const InvoiceState &m_state;
-    const AmountChain &m_chain;
-    bool m_isCompany;
-    const AmountTexts &m_now; ///< as the fields show them
-    AmountTexts m_then;       ///< as they will be once the focused field is left
-    Notices &m_all;
 };
 
 } // namespace
 
 void TellAmounts(const InvoiceState &state, Notices &all)
 {
-    AmountNotices(state, all).tell();
+    AmountNotices{state, all}.tell();
 }
 
 } // namespace saldoro

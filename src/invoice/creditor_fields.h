@@ -30,7 +30,7 @@ public:
     /** @p navigation must outlive the block; the pick list floats over @p form. */
     CreditorFields(CreditorKind kind, FieldNavigation &navigation, QWidget *form);
 
-    /** Adds a button beside the creditor, which in the Tab order comes behind it. The list is shown
+    /** Adds a button beside the creditor; in the Tab order it comes before him. The list is shown
      *  even when @p names gives none. */
     QPushButton *addList(const QString &objectName, const QString &caption, const QString &hint,
                          Names names);
@@ -46,10 +46,10 @@ private:
     void preparePickList();
 
     FieldNavigation &m_navigation;
-    PopupList *m_list; ///< made before the creditor, so that buttons can be put there, too
+    PopupList *m_list; ///< made before the creditor, so that it comes first in the Tab order
     EntryField *m_creditor;
     QHBoxLayout *m_buttons;
-    QWidget *m_lastButton; ///< in the Tab order; the list before there is any
+    QWidget *m_lastButton; ///< in the Tab order; the list while there is none
     EntryField *m_number;
     DateBox *m_date;
     EntryField *m_description;

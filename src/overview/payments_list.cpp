@@ -34,19 +34,6 @@ void addDetails(SaldoroError &error, int row, const RecordSet &payment)
     error.addDetail(Detail::Creditor, payment.field(u"Creditore"_s).textOrEmpty());
 }
 
-void appendRow(TextTable &payments, const RecordSet &payment)
-{
-    const int row = payments.rows();
-    payments.setRows(row + 1);
-    payments.setRow(row);
-    try {
-        writeCells(payments, row, payment);
-    } catch (SaldoroError &error) {
-        addDetails(error, row, payment);
-        throw;
-    }
-}
-
 } // namespace
 
 void PreparePaymentsList(TextTable &payments)
@@ -64,8 +51,17 @@ PaymentsReader::PaymentsReader(const ProgramValues &values)
 void PaymentsReader::fill(TextTable &payments)
 {
     const TextTable::BulkChange change(payments);
-    for (; !m_fatture.eof(); m_fatture.moveNext())
-        appendRow(payments, m_fatture);
+    for (; !m_fatture.eof(); m_fatture.moveNext()) {
+        const int row = payments.rows();
+        payments.setRows(row + 1);
+        payments.setRow(row);
+        try {
+            writeCells(payments, row, m_fatture);
+        } catch (SaldoroError &error) {
+            addDetails(error, row, m_fatture);
+            throw;
+        }
+    }
 }
 
 } // namespace saldoro
