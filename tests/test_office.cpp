@@ -230,6 +230,7 @@ private slots:
             QApplication::sendEvent(form.windowHandle(), &enter);
             QDropEvent event(place, Qt::CopyAction, &data, Qt::LeftButton, {});
             QApplication::sendEvent(form.windowHandle(), &event);
+            QApplication::processEvents();
             return Find<QLabel>(form, u"Somma"_s)->text().section(u"    "_s, 0, 1);
         };
         QCOMPARE(drop("Voce,Descri,Importo\nA1,Scavi,12,50"),

@@ -18,6 +18,7 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QStyle>
+#include <QTimer>
 
 #include <set>
 
@@ -143,13 +144,16 @@ void PasteTable::dragEnterEvent(QDragEnterEvent *event)
 void PasteTable::dropEvent(QDropEvent *event)
 {
     event->acceptProposedAction();
-    replaceRows([&] {
-        CsvRemarks remarks;
-        const QList<CellRow> rows =
-            ReadCsvRows(event->mimeData()->urls().first().toLocalFile(), m_pasted.table(), remarks);
-        if (!remarks.errors.isEmpty())
-            throw SaldoroError(remarks.errors.join(u'\n'));
-        m_pasted.setRows(rows);
+    const QString path = event->mimeData()->urls().first().toLocalFile();
+    // Questions come later: the program that the file comes from waits until this returns.
+    QTimer::singleShot(0, this, [this, path] {
+        replaceRows([&] {
+            CsvRemarks remarks;
+            const QList<CellRow> rows = ReadCsvRows(path, m_pasted.table(), remarks);
+            if (!remarks.errors.isEmpty())
+                throw SaldoroError(remarks.errors.join(u'\n'));
+            m_pasted.setRows(rows);
+        });
     });
 }
 
