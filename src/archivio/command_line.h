@@ -11,14 +11,14 @@ struct CommandLine
 {
     QString command;      ///< verifica, imposta, importa, esporta, --aiuto or --versione
     QStringList operands; ///< as many as the command takes
-    /** The options that are given, with what is told by all mentions of one. */
+    /** The options that are given, each with its values. */
     QMap<QString, QStringList> options;
 };
 
 /** Reads the words after the program's name: a command, then its operands and options in any order,
  *  "--option=value" as well as "--option value"; behind "--" no word is an option, and a negative
- *  number is none anywhere. --aiuto and --versione, in English too, go before all others. Throws
- *  SaldoroError for what can't be understood. */
+ *  number is none of `imposta`. --aiuto and --versione, in English too, go before all others.
+ * Throws SaldoroError for what can't be understood. */
 CommandLine ParseCommandLine(const QStringList &words);
 
 /** How to call the program. */

@@ -17,9 +17,9 @@ namespace {
 /** Exit status of the program. */
 enum Status
 {
-    Done = 0,       ///< and nothing was found
-    Found = 1,      ///< or refused for what was found
-    NotPossible = 2 ///< to do the command
+    Done = 0,       ///< without findings
+    Found = 1,      ///< with findings, or refused for them
+    NotPossible = 2 ///< the command could not be carried out
 };
 
 /** What a command has to say. */

@@ -197,6 +197,18 @@ bool Database::hasPlainJournal(const QString &path)
            !file.getChar(&version) || version != writeAheadLog;
 }
 
+QString Database::noPlainJournalProblem()
+{
+    return u"ha un giornale (WAL) che lascia altri file accanto, senza i quali una copia non vale: "
+           "riportarlo al giornale normale nel programma che lo tiene."_s;
+}
+
+void Database::requirePlainJournal(const QString &path)
+{
+    if (!hasPlainJournal(path))
+        throw FileError(MachinePath(path), u"Il file "_s + noPlainJournalProblem());
+}
+
 QString Database::path() const
 {
     return m_file->path();

@@ -92,6 +92,13 @@ public:
      *  between two changes that must be copied with it. True for what is no database. Does not open
      *  the database, since that would make the companions. */
     static bool hasPlainJournal(const QString &path);
+    /** What is wrong with a file that has no plain journal, in Italian. */
+    static QString noPlainJournalProblem();
+    /** Throws FileError for such a file. */
+    static void requirePlainJournal(const QString &path);
+
+    /** Path of the file beside a database that undoes a change which was broken off. */
+    static QString journalPath(const QString &path) { return path + QStringLiteral("-journal"); }
 
     /** The path of the machine, for messages. */
     QString path() const;

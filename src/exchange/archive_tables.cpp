@@ -2,6 +2,7 @@
 
 #include "common/amount_text.h"
 #include "common/errors.h"
+#include "store/internal_codes.h"
 #include "store/table_definitions.h"
 
 #include <map>
@@ -57,6 +58,15 @@ const ExchangedTable *TableNamed(const QString &name)
             return &table;
     }
     return nullptr;
+}
+
+TableRows StandardCodeRows()
+{
+    TableRows rows;
+    for (const UsedCode &used : UsedCodes)
+        rows.append({used.code.toString(), used.standardItem.toString(),
+                     used.standardDescription.toString()});
+    return rows;
 }
 
 QString TotalText(const ExchangedTable &table, const TableRows &rows)

@@ -17,7 +17,7 @@ struct ExchangedTable
     ArchiveFile archive;
     TableDef definition;
     QStringList neededFields; ///< of a file
-    QStringList filledFields; ///< of each row
+    QStringList filledFields; ///< that no row may leave off at its end
     QStringList keyFields;    ///< that rows are known by
 
     const QString &name() const { return definition.name(); }
@@ -36,6 +36,9 @@ const ExchangedTable *TableNamed(const QString &name);
 /** The sum of `Importo` over rows of a table that has it, nulls being 0: "1.234,56", or "fuori
  *  misura". */
 QString TotalText(const ExchangedTable &table, const TableRows &rows);
+
+/** The rows of a code map that is made without the suite. */
+TableRows StandardCodeRows();
 
 /** Counts rows and, where the table has amounts, adds them up: "Spese: 41 righe, totale Importo
  *  1.234,56". */

@@ -10,7 +10,8 @@
 
 namespace saldoro {
 
-/** A cost item that two budgets do not have in common. */
+/** A cost item that only one of two budgets has, or that has another amount; another description
+ *  alone is no change. */
 struct BudgetChange
 {
     QString code;

@@ -33,7 +33,7 @@ struct TextRows
 
 /**
  * Parts a text into rows of cells. A cell that holds the separator, a quote or the end of a line
- * stands in quotes, quotes within are doubled, lines end with LF or CR LF. Blanks count as any
+ * stands in quotes, quotes within are doubled, lines end with LF, CR LF or CR. Blanks count as any
  * other character.
  *
  * With a tab as separator, which is how programs put cells on the clipboard, a quote in any other

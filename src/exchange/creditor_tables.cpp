@@ -172,10 +172,8 @@ KnownCreditors ReadCreditors(const ProgramValues &values)
 QStringList AddCreditors(const ProgramValues &values, const TableRows &companies,
                          const TableRows &professionals, const QString &contractor)
 {
-    for (const QString &path : {ContractPath(values), CompaniesPath(values)}) {
-        if (!Database::hasPlainJournal(path))
-            throw FileError(MachinePath(path), NoPlainJournal.toString());
-    }
+    for (const QString &path : {ContractPath(values), CompaniesPath(values)})
+        Database::requirePlainJournal(path);
     const Database contract = Database::open(ContractPath(values));
     const Database companyRegister = contract.attach(CompaniesPath(values));
     Transaction transaction(contract);

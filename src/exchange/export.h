@@ -11,9 +11,9 @@ namespace saldoro {
  * it is not there.
  *
  * Throws SaldoroError, no file being changed, when a file is there already (unless @p overwrite),
- * a stored value can't be told in CSV, or a file can't be written in whole or not be replaced. A
- * process that dies while it replaces them leaves each file whole, the old or the new one, and a
- * mark in the folder.
+ * a stored value can't be told in CSV, or a file can't be written in whole or is known not to be
+ * replaceable. Where the renaming itself fails, or the process dies meanwhile, each file is whole,
+ * the old or the new one, and a mark stays in the folder; the error names the new ones.
  */
 QString ExportProject(const QString &projectFolder, const QString &csvFolder,
                       bool overwrite = false);

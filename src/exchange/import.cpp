@@ -1,14 +1,14 @@
 #include "exchange/import.h"
 
 #include "common/errors.h"
+#include "exchange/import_losses.h"
 #include "exchange/made_files.h"
 #include "exchange/project_place.h"
 #include "exchange/table_change.h"
+#include "platform/whole_file.h"
 #include "store/archive_paths.h"
 #include "store/contract_codes.h"
-#include "store/internal_codes.h"
 #include "store/open_project.h"
-#include "store/written_items.h"
 #include "verify/verification.h"
 
 #include <QDir>
@@ -25,17 +25,6 @@ namespace saldoro {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/** A code map that is made without the suite. */
-GivenTable standardCodes()
-{
-    const ExchangedTable *table = TableNamed(u"Funzioni"_s);
-    GivenTable given{table, table->fieldNames(), table->name()};
-    for (const UsedCode &used : UsedCodes)
-        given.rows.append({used.code.toString(), used.standardItem.toString(),
-                           used.standardDescription.toString()});
-    return given;
-}
 
 /** One import from beginning to end. */
 class ProjectImport
@@ -59,7 +48,7 @@ public:
         planChanges();
         if (!m_outcome.errors.isEmpty())
             return m_outcome;
-        const QStringList copies = backUp();
+        backUp();
         for (qsizetype at = 0; at < m_tables.size(); ++at) {
             if (m_changes[at].isNeeded)
                 WriteChange(database(m_tables[at]), m_tables[at], m_changes[at]);
@@ -70,7 +59,7 @@ public:
         transaction.commit();
         m_made.keep();
         m_outcome.isDone = true;
-        m_outcome.copies = copies;
+        m_outcome.copies = m_copies;
         summarize();
         return m_outcome;
     }
@@ -78,10 +67,7 @@ public:
 private:
     QString path(ArchiveFile file) const { return ArchiveFilePath(file, m_folder); }
     QString fileName(ArchiveFile file) const { return QFileInfo(path(file)).fileName(); }
-    const Database &database(const GivenTable &table)
-    {
-        return m_databases.at(table.table->archive);
-    }
+    const Database &database(const GivenTable &of) { return m_databases.at(of.table->archive); }
     void addError(const QString &text) { m_outcome.errors.append(LineFinding(text)); }
     void refuse(const QString &text) { m_outcome.refusals.append(LineFinding(text)); }
 
@@ -104,7 +90,7 @@ private:
         }
         for (const ArchiveFile file : ArchiveFileList) {
             if (!Database::hasPlainJournal(path(file)))
-                addError(fileName(file) + u": "_s + NoPlainJournal.toString());
+                addError(fileName(file) + u": "_s + Database::noPlainJournalProblem());
         }
         if (QFileInfo::exists(m_folder) && IsProjectOpen(m_folder))
             refuse(u"Saldoro ha aperto il progetto, e vi lavorerebbe con i valori di prima: "
@@ -130,12 +116,12 @@ private:
             if (file != first)
                 m_databases.emplace(file, m_databases.at(first).attach(path(file)));
         }
-        const GivenTable codes = standardCodes();
+        const ExchangedTable &codes = *TableNamed(u"Funzioni"_s);
         const bool isNeeded = m_new.contains(ArchiveFile::Codes) || m_options.createProject;
         // An empty code map is left where a first import was broken off.
-        if (isNeeded && !isGiven(codes.table->name()) &&
-            StoredRows(m_databases.at(ArchiveFile::Codes), codes.table->definition).isEmpty())
-            m_tables.append(codes);
+        if (isNeeded && !isGiven(codes.name()) &&
+            StoredRows(m_databases.at(ArchiveFile::Codes), codes.definition).isEmpty())
+            m_tables.append({&codes, codes.fieldNames(), codes.name(), StandardCodeRows()});
     }
 
     Verification verified() const
@@ -149,20 +135,10 @@ private:
     void planChanges()
     {
         for (const GivenTable &given : std::as_const(m_tables)) {
-            const QString &name = given.table->name();
-            m_changes.append(TableChange());
-            if (!database(given).tableDef(name)) {
-                addError(
-                    given.source + u": "_s + fileName(given.table->archive) +
-                    (database(given).isStoredQuery(name)
-                         ? u" ha sotto questo nome un'interrogazione, che non si sostituisce."_s
-                         : u" non ha questa tabella."_s));
-                continue;
-            }
-            QStringList losses;
-            m_changes.last() = ChangeOf(database(given), given, losses);
-            for (const QString &loss : std::as_const(losses))
-                addError(loss);
+            QStringList errors;
+            m_changes.append(ChangeOf(database(given), given, errors));
+            for (const QString &error : std::as_const(errors))
+                addError(error);
             if (m_changes.last().isNeeded && !m_changes.last().stored.isEmpty())
                 checkReplacement(given, m_changes.last());
         }
@@ -183,27 +159,28 @@ private:
                 given.source + u": i codici valgono per tutti i progetti, e cambiano per tutti."_s);
     }
 
-    /** Copies what was there before and is to change. */
-    QStringList backUp()
+    bool isChanging(ArchiveFile file) const
     {
-        std::map<ArchiveFile, QString> copies;
         for (qsizetype at = 0; at < m_tables.size(); ++at) {
-            const ArchiveFile file = m_tables[at].table->archive;
-            if (!m_changes[at].isNeeded || m_new.contains(file) || copies.contains(file))
-                continue;
-            copies[file] = m_databases.at(file).backUpBeside();
-            m_made.add(copies[file]);
+            if (m_changes[at].isNeeded && m_tables[at].table->archive == file)
+                return true;
         }
-        QStringList paths;
+        return false;
+    }
+
+    /** Copies what was there before and is to change. */
+    void backUp()
+    {
         for (const ArchiveFile file : ArchiveFileList) {
-            if (copies.contains(file)) {
-                paths.append(copies[file]);
-                m_done += u"%1: cambiato; com'era sta in %2\n"_s.arg(fileName(file), copies[file]);
-            } else if (m_new.contains(file)) {
+            if (m_new.contains(file)) {
                 m_done += fileName(file) + u": creato\n"_s;
+            } else if (isChanging(file)) {
+                m_copies.append(m_databases.at(file).backUpBeside());
+                m_made.add(m_copies.last());
+                m_done +=
+                    u"%1: cambiato; com'era sta in %2\n"_s.arg(fileName(file), m_copies.last());
             }
         }
-        return paths;
     }
 
     /** What the project will be like; @p known was found before. */
@@ -220,7 +197,7 @@ private:
                     path(m_tables[at].table->archive),
                     u"L'archivio ha cambiato da sé ciò che vi è stato scritto (trigger)."_s,
                     u"Togliere i trigger dall'archivio, con l'aiuto dell'assistenza."_s);
-            checkDropped(m_tables[at], m_changes[at], tables);
+            checkLosses(m_tables[at], m_changes[at], tables);
         }
         for (Finding finding : verification.findings()) {
             const bool isKnown = std::ranges::any_of(known, [&finding](const Finding &one) {
@@ -238,32 +215,14 @@ private:
         }
     }
 
-    /** Payments, items that are paid, and items that the program has written. */
-    void checkDropped(const GivenTable &given, const TableChange &change,
-                      const ProjectTables &tables)
+    void checkLosses(const GivenTable &given, const TableChange &change,
+                     const ProjectTables &tables)
     {
-        const ExchangedTable &table = *given.table;
-        const auto rowsOf = [&tables](const QString &name) {
-            const auto found = tables.find(name);
-            return found == tables.end() ? TableRows() : found->second.rows;
-        };
-        if (table.name() == "UltimaPerVariante"_L1 && !change.stored.isEmpty())
-            m_outcome.budget = BudgetChanges(change.stored, change.rows, rowsOf(u"Spese"_s));
-        for (const BudgetChange &item : std::as_const(m_outcome.budget)) {
-            if (table.name() == "UltimaPerVariante"_L1 && item.isDropped && item.isPaid)
-                refuse(given.source + u": "_s + item.text());
-        }
-        const WrittenItems written(rowsOf(u"Funzioni"_s));
-        for (const TableRow &row : DroppedRows(table, change)) {
-            if (table.name() == "Fatture"_L1)
-                refuse(u"%1: andrebbe perso il pagamento %2 (%3)."_s.arg(
-                    given.source, KeyOf(table, row), TextOf(row[table.place(u"Creditore"_s)])));
-            const QString item = table.name() == "SchedaProgetto"_L1 ? TextOf(row[0]) : QString();
-            if (written.contains(item))
-                addError(
-                    u"%1: andrebbe persa la voce %2 (%3), che ha scritto Saldoro; aggiungerla "
-                    "al file."_s.arg(given.source, item, TextOf(row[table.place(u"Descri"_s)])));
-        }
+        const ImportLosses losses = LossesOf(given, change, tables);
+        if (!losses.budget.isEmpty())
+            m_budget = losses.budget;
+        m_outcome.errors += losses.errors;
+        m_outcome.refusals += losses.refusals;
     }
 
     void summarize()
@@ -272,9 +231,9 @@ private:
         for (qsizetype at = 0; at < m_tables.size(); ++at)
             m_outcome.summary += SummaryOf(*m_tables[at].table, m_changes[at].rows) +
                                  (m_changes[at].isNeeded ? u"\n"_s : u" (c'era già, uguale)\n"_s);
-        if (!m_outcome.budget.isEmpty())
+        if (!m_budget.isEmpty())
             m_outcome.summary += u"Voci di spesa cambiate:\n"_s;
-        for (const BudgetChange &item : std::as_const(m_outcome.budget))
+        for (const BudgetChange &item : std::as_const(m_budget))
             m_outcome.summary += u"  "_s + item.text() + u'\n';
     }
 
@@ -285,9 +244,38 @@ private:
     std::map<ArchiveFile, Database> m_databases;
     std::set<ArchiveFile> m_new;
     QList<TableChange> m_changes; ///< of each table
+    QStringList m_copies;
     QString m_done;               ///< with the databases
+    QList<BudgetChange> m_budget; ///< where there was a budget
     ImportOutcome m_outcome;
 };
+
+/** A folder that a program died over, before it had its name, is of no use. */
+ImportOutcome newProject(const QString &folder, const QList<GivenTable> &tables,
+                         const ImportOptions &options)
+{
+    const QString aside = folder + UnfinishedContract.toString();
+    QDir(aside).removeRecursively();
+    ImportOutcome outcome = ProjectImport(aside, tables, options).run();
+    try {
+        if (outcome.isDone)
+            PutInPlace(aside, folder);
+    } catch (...) {
+        QDir(aside).removeRecursively();
+        throw;
+    }
+    return outcome;
+}
+
+/** The project is there, whatever becomes of the setting. */
+void adoptRoot(const ProjectPlace &place, ImportOutcome &outcome)
+{
+    try {
+        outcome.summary += AdoptArchivesRoot(place);
+    } catch (const SaldoroError &error) {
+        outcome.warnings.append(error.message());
+    }
+}
 
 } // namespace
 
@@ -298,26 +286,12 @@ ImportOutcome ImportTables(const QString &projectFolder, const QList<GivenTable>
     if (options.createProject)
         place = PlaceOf(projectFolder);
     const QString folder = place ? place->folder : ExistingFolder(projectFolder);
-    ImportOutcome outcome =
-        SayingNothingIsWritten([&] { return ProjectImport(folder, tables, options).run(); });
-    if (place && outcome.isDone) {
-        try {
-            outcome.summary += SettingReport(*place);
-        } catch (const SaldoroError &error) {
-            outcome.warnings.append(error.message());
-        }
-    }
-    return outcome;
-}
-
-ImportOutcome CreateProject(const QString &projectFolder, const GivenTable &table, bool evenSo)
-{
-    const QString aside = projectFolder + UnfinishedContract.toString();
-    const ImportOutcome outcome =
-        ImportTables(aside, {table}, {true, evenSo, {table.table->name()}});
-    if (outcome.isDone && !QDir().rename(aside, projectFolder))
-        throw FileError(projectFolder, u"La cartella non può essere creata."_s,
-                        u"Controllare i permessi e lo spazio libero sul disco."_s);
+    ImportOutcome outcome = SayingNothingIsWritten([&] {
+        return QFileInfo::exists(folder) ? ProjectImport(folder, tables, options).run()
+                                         : newProject(folder, tables, options);
+    });
+    if (place && outcome.isDone)
+        adoptRoot(*place, outcome);
     return outcome;
 }
 

@@ -18,20 +18,17 @@ struct ImportOptions
 };
 
 /**
- * Fills tables of the project in @p projectFolder (of the machine) with rows from anywhere; only
- * the texts tell where a row came from. Databases that are missing are made. A row goes in in its
- * order and takes over what its table does not name from the stored row of the same key. Tables
- * that are already so are passed over.
+ * Fills tables of the project in @p projectFolder (of the machine) with rows from anywhere; the
+ * name of their source appears in messages only. Databases that are missing are made. Rows keep
+ * their order, and take the fields that they do not name from the stored row of the same key.
+ * Tables that hold the rows already are passed over.
  *
  * Everything happens in one transaction over all databases, which ends only when the project has
- * been checked as it will be and a copy stands beside each database that changes. A try that
- * changes nothing leaves nothing. Throws SaldoroError, nothing being written then.
+ * been checked as it will be and a copy stands beside each database that changes. A new project's
+ * folder gets its name when it is complete. A try that changes nothing leaves nothing; what one
+ * that died left aside is deleted by the next. Throws SaldoroError, nothing being written then.
  */
 ImportOutcome ImportTables(const QString &projectFolder, const QList<GivenTable> &tables,
                            const ImportOptions &options);
-
-/** As ImportTables(), for a project that is not there yet: its folder appears when it is complete,
- *  even if the program dies. */
-ImportOutcome CreateProject(const QString &projectFolder, const GivenTable &table, bool evenSo);
 
 } // namespace saldoro

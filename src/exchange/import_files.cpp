@@ -45,11 +45,12 @@ ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder
 {
     const QString folder =
         options.createProject ? PlaceOf(projectFolder).folder : ExistingFolder(projectFolder);
-    RefuseMixedFiles(csvFolder);
+    const QString files = ExistingFolder(csvFolder);
+    RefuseMixedFiles(files);
     ImportOutcome outcome;
     QList<GivenTable> tables;
     CsvRemarks remarks;
-    const auto paths = csvPaths(ExistingFolder(csvFolder), outcome.errors);
+    const auto paths = csvPaths(files, outcome.errors);
     for (const auto &[table, path] : paths) {
         const QString database = ArchiveFilePath(table->archive, folder);
         std::optional<TableDef> stored;

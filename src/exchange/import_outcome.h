@@ -1,7 +1,6 @@
 #pragma once
 
 #include "common/errors.h"
-#include "exchange/budget_changes.h"
 #include "verify/findings.h"
 
 #include <QList>
@@ -13,16 +12,15 @@ namespace saldoro {
 /** What has become of an import. */
 struct ImportOutcome
 {
-    bool isDone = false;             ///< false: nothing was written
-    Findings errors = {};            ///< for which nothing is ever written
-    Findings refusals = {};          ///< for which nothing is written unless it is wanted even so
-    Findings known = {};             ///< which were there before; no reason to refuse
-    QStringList warnings = {};       ///< what was passed over, a line each
-    QList<BudgetChange> budget = {}; ///< what changes, or would, where there was a budget
-    QStringList copies = {};         ///< paths of the databases as they were, where one has changed
-    QString summary = {};            ///< what was written, with rows and total of each table
+    bool isDone = false;       ///< false: nothing was written
+    Findings errors = {};      ///< for which nothing is ever written
+    Findings refusals = {};    ///< for which nothing is written unless it is wanted even so
+    Findings known = {};       ///< which were there before; no reason to refuse
+    QStringList warnings = {}; ///< what was passed over, a line each
+    QStringList copies = {};   ///< paths of the databases as they were, where one has changed
+    QString summary = {};      ///< what was written, with rows and total of each table
 
-    /** All of it but the summary, with headings; may be empty. */
+    /** Warnings, errors and findings with headings, and whether nothing was written. */
     QString remarks() const;
 };
 

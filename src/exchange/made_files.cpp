@@ -1,6 +1,6 @@
 #include "exchange/made_files.h"
 
-#include "common/errors.h"
+#include "database/database.h"
 #include "platform/whole_file.h"
 #include "store/archive_creation.h"
 
@@ -27,9 +27,7 @@ void MadeFiles::makeFolder(const QString &folder)
     const qsizetype end = m_paths.size();
     for (QString missing = folder; !QFileInfo::exists(missing); missing = QFileInfo(missing).path())
         m_paths.insert(end, missing);
-    if (!QDir().mkpath(folder))
-        throw FileError(folder, u"La cartella non può essere creata."_s,
-                        u"Controllare i permessi e lo spazio libero sul disco."_s);
+    MakeFolder(folder);
 }
 
 void MadeFiles::makeDatabase(const QString &path, ArchiveFile file)
@@ -38,9 +36,9 @@ void MadeFiles::makeDatabase(const QString &path, ArchiveFile file)
     MadeFiles ofThisStep;
     QFile::remove(aside); // of a try that was broken off
     ofThisStep.add(aside);
-    ofThisStep.add(aside + u"-journal"_s);
+    ofThisStep.add(Database::journalPath(aside));
     CreateArchiveFile(aside, file);
-    const QString journal = path + u"-journal"_s;
+    const QString journal = Database::journalPath(path);
     QFile::remove(journal); // of a deleted database: the engine would play it into the new one
     PutInPlace(aside, path);
     add(journal);

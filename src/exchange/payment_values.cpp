@@ -3,6 +3,7 @@
 #include "common/errors.h"
 #include "database/database.h"
 #include "exchange/cell_values.h"
+#include "store/table_definitions.h"
 
 #include <QFile>
 
@@ -47,7 +48,7 @@ void findPayment(RecordSet &payments, const QString &word)
 
 void setValue(RecordSet &payments, const QString &field, const QString &text)
 {
-    if (!QStringList{u"Del"_s, u"Importo"_s, u"ImportoIVA"_s}.contains(field, Qt::CaseInsensitive))
+    if (!SettableFields().contains(field, Qt::CaseInsensitive))
         throw refusal(u"Si possono impostare soltanto Del, Importo e ImportoIVA."_s);
     const bool isDay = field.compare("Del"_L1, Qt::CaseInsensitive) == 0;
     const NewValue value = valueOf(text, isDay);

@@ -7,8 +7,8 @@
 
 namespace saldoro {
 
-/** Tells how many rows a step has come to: on a terminal, once all work takes more than a second,
- * or whoever watches. */
+/** Shows how many rows of a step are done: on a terminal, once the program has run for a second, or
+ *  to the watcher. */
 class Progress
 {
 public:

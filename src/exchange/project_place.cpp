@@ -50,7 +50,7 @@ ProjectPlace PlaceOf(const QString &folder)
     return place;
 }
 
-QString SettingReport(const ProjectPlace &place)
+QString AdoptArchivesRoot(const ProjectPlace &place)
 {
     const auto present = StoredArchivesRoot();
     QString opened = u"Per aprire il progetto: "_s + command(place) + u'\n';

@@ -5,6 +5,7 @@
 #include "database/text_order.h"
 #include "exchange/progress.h"
 
+#include <QFileInfo>
 #include <QHash>
 
 #include <algorithm>
@@ -92,9 +93,16 @@ QString KeyOf(const ExchangedTable &table, const TableRow &row)
     return parts.join(u'|');
 }
 
-TableChange ChangeOf(const Database &database, const GivenTable &given, QStringList &losses)
+TableChange ChangeOf(const Database &database, const GivenTable &given, QStringList &errors)
 {
     const ExchangedTable &table = *given.table;
+    if (!database.tableDef(table.name())) {
+        errors.append(given.source + u": "_s + QFileInfo(database.path()).fileName() +
+                      (database.isStoredQuery(table.name())
+                           ? u" ha sotto questo nome un'interrogazione, che non si sostituisce."_s
+                           : u" non ha questa tabella."_s));
+        return {};
+    }
     TableChange change{StoredRows(database, table.definition), given.rows};
     const QStringList &named = given.fields;
     change.isNeeded = partOf(change.stored, table, named) != partOf(given.rows, table, named);
@@ -123,7 +131,7 @@ TableChange ChangeOf(const Database &database, const GivenTable &given, QStringL
         if (isPair)
             change.formers[takers.first()] = place;
         else if (!kept.isEmpty())
-            losses.append(
+            errors.append(
                 u"%1: la riga «%2» dell'archivio perderebbe i valori di %3, che il file non dà: %4."_s
                     .arg(given.source, KeyOf(table, row), kept.join(u", "_s),
                          takers.isEmpty() ? u"nel file non c'è"_s

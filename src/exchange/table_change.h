@@ -15,17 +15,19 @@ struct TableChange
 {
     TableRows stored = {}; ///< as it is
     TableRows rows = {};   ///< as it will be
-    /** For each row the place of the stored one that it takes over from what it does not name. */
+    /** For each row the place of the stored one from which it takes the fields that it does not
+     *  name. */
     QList<std::optional<qsizetype>> formers = {};
     bool isNeeded = true; ///< false: the table is so already
 };
 
 /**
- * Puts rows in the place of those of a table; rows pair by their key, where neither side has it
- * twice. Stored rows whose fields that are unknown here, or not named by @p given, would lose their
- * values are added to @p losses, a line each. Throws DatabaseError.
+ * Works out what it means to put rows in the place of those of a table; writes nothing. Rows pair
+ * by their key, where neither side has it twice. A line goes to @p errors for a table that can't be
+ * replaced and for each stored row that would lose values of fields that are unknown here or not
+ * named by @p given. Throws DatabaseError.
  */
-TableChange ChangeOf(const Database &database, const GivenTable &given, QStringList &losses);
+TableChange ChangeOf(const Database &database, const GivenTable &given, QStringList &errors);
 
 /** The key of a row, "A|3". */
 QString KeyOf(const ExchangedTable &table, const TableRow &row);

@@ -20,11 +20,11 @@ struct CellColumns
     static constexpr qsizetype Unknown = -1;
     static constexpr qsizetype Nameless = -2;
 
-    QList<qsizetype> places = {}; ///< for each cell that of its field among the table's
-    qsizetype firstRow = 0;       ///< behind the one that names the fields; 0 when none does
-    QStringList missing = {};     ///< needed fields that no cell is named for
-    QStringList unknown = {};     ///< names that stand for no field
-    QStringList doubled = {};     ///< names that a cell before has, too; they fill no field
+    QList<qsizetype> places = {}; ///< for each cell the place of its field in the table
+    qsizetype firstRow = 0;       ///< the one behind the header; 0 without a header
+    QStringList missing = {};     ///< needed fields without a cell
+    QStringList unknown = {};     ///< names that are no field's
+    QStringList doubled = {};     ///< names that stand twice; the second fills no field
     /** Needed fields that a cell of nearly their name fills, with that name. */
     QList<std::pair<QString, QString>> guesses = {};
 
@@ -58,8 +58,8 @@ struct GivenTable
 /**
  * Reads the rows behind the header; those without any value are passed over. @p stored is the
  * table as the archive defines it: what it can't hold is a fault, and a value with a fault is not
- * what its cell says. Cells may lack at a row's end where their fields may be empty and the last
- * row is whole. Without a notation values are read in Italian, and an amount that would be another
+ * what its cell says. A row may end early if the missing fields may be empty and the last row is
+ * complete. Without a notation values are read in Italian, and an amount that would be another
  * one in the other notation is a fault.
  *
  * Throws FieldMissing when @p stored lacks one of the table's fields.

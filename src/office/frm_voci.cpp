@@ -1,6 +1,7 @@
 #include "office/frm_voci.h"
 
 #include "controls/message_box.h"
+#include "exchange/budget_changes.h"
 #include "exchange/import.h"
 #include "office/form_parts.h"
 #include "office/paste_table.h"
@@ -137,8 +138,7 @@ void FrmVoci::write(bool evenSo)
         RequireClosed(folder());
     const GivenTable &budget = m_pasted.taken();
     const ImportOutcome outcome =
-        m_isVariant ? ImportTables(folder(), {budget}, {false, evenSo, {budget.table->name()}})
-                    : CreateProject(folder(), budget, evenSo);
+        ImportTables(folder(), {budget}, {!m_isVariant, evenSo, {budget.table->name()}});
     if (outcome.isDone) {
         if (m_isVariant)
             ShowMessage(MessageKind::Information,

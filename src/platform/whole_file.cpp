@@ -3,6 +3,7 @@
 #include "common/errors.h"
 #include "platform/machine_path.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QStorageInfo>
 
@@ -10,8 +11,6 @@
 #include <system_error>
 
 #ifdef Q_OS_WIN
-#include <QDir>
-
 #include <windows.h>
 #else
 #include <cerrno>
@@ -159,9 +158,16 @@ void PutInPlace(const QString &aside, const QString &path)
     try {
         flushFolderOf(path);
     } catch (...) {
-        QFile::remove(path);
+        std::filesystem::rename(path.toStdU16String(), aside.toStdU16String(), fault);
         throw;
     }
+}
+
+void MakeFolder(const QString &path)
+{
+    if (!QDir().mkpath(path))
+        throw FileError(path, u"La cartella non può essere creata."_s,
+                        u"Controllare i permessi e lo spazio libero sul disco."_s);
 }
 
 } // namespace saldoro

@@ -11,8 +11,8 @@ namespace saldoro {
 
 /**
  * A file that is written whole or not at all. The constructor writes it aside, in the same folder;
- * replace() then puts it in the place of an earlier file of that name. Until then, and after a
- * failure, the earlier file is as it was. An object that is destroyed without having replaced
+ * replace() then puts it in the place of an earlier file of that name. Until then the
+ * earlier file is as it was. An object that is destroyed without having replaced
  * anything leaves nothing behind. To replace several files together, construct all of them first.
  *
  * Failures are FileErrors with the path and the most likely cause.
@@ -36,9 +36,12 @@ private:
     std::unique_ptr<QSaveFile> m_file;
 };
 
-/** Renames a file that is on the disk already, such as a new database, to a name in the same folder
- *  that no file has, and flushes the folder's entry. After a FileError there is no file of that
- *  name, unless there was one before. Paths of the machine. */
+/** Renames a file that its writer has put on the disk, such as a new database, or a folder of such
+ *  files to another name in the same folder; the entry is then on the disk, too. Throws FileError,
+ *  nothing being renamed, also when something has the name. Paths of the machine. */
 void PutInPlace(const QString &aside, const QString &path);
+
+/** Makes a folder of the machine, and those above it, unless it is there. Throws FileError. */
+void MakeFolder(const QString &path);
 
 } // namespace saldoro

@@ -12,7 +12,7 @@ namespace saldoro {
  * without a trailing backslash). The folder must exist. Tables `Fatture` and `Spese`, no keys, no
  * indexes. Returns the open ledger, which the program keeps until it ends; everyone else opens the
  * file again. Throws FileExists, FileMissing (no such folder), ReadOnly, DiskFull; a failure in
- * between leaves the file as it is.
+ * between leaves the file with the tables made so far.
  */
 Database CreateLedgerDatabase(const QString &projectFolder);
 

@@ -18,7 +18,7 @@ std::optional<QString> StoredArchivesRoot();
  *  documents, which may not be there yet. */
 QString ProposedArchivesRoot();
 
-/** The archives root that a folder of the machine, there or not, is as a setting. Throws FileError
+/** The text to set as archives root for a folder of the machine, there or not. Throws FileError
  *  when paths below it would not lead into that folder. */
 QString ArchivesRootOf(const QString &folder);
 

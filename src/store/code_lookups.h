@@ -10,9 +10,9 @@ namespace saldoro {
 /*
  * Look-ups in the suite's databases. Each routine opens its database, does one job and closes it
  * again; every write is one statement. Throws DatabaseError, NullValue where the code map lacks
- * the text that is asked for. The error names the internal code as detail "Codice". Writers name
- * the item as "Voce", and so does StringaVoceLike its pattern. Internal codes are those of
- * store/internal_codes.h.
+ * the text that is asked for. Where a routine takes an internal code, the error names it as detail
+ * "Codice". Writers name the item as "Voce", and so does StringaVoceLike its pattern. Internal
+ * codes are those of store/internal_codes.h.
  */
 
 /** The tag of the items that this program writes. The suite's readers go by the item's code and

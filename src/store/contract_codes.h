@@ -21,8 +21,9 @@ QStringList ContractCodes(const QString &root);
 /** The lowest number of five digits, from 00001, that none of @p codes is; empty when all are. */
 QString FirstFreeCode(const QStringList &codes);
 
-/** Why a new contract can't have that code: it names no folder on Windows or on Linux, or one of
- *  @p codes is the same but for letter case. A sentence in Italian; empty when it can. */
+/** Why a new contract can't have that code: it names no folder on Windows or on Linux, has more
+ *  than 60 characters or the end of an unfinished one, or one of @p codes differs in letter case at
+ *  most. A sentence in Italian; empty when it can. */
 QString CodeProblem(const QString &code, const QStringList &codes);
 
 } // namespace saldoro

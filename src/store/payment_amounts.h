@@ -12,8 +12,7 @@ Currency GrossAmount(Currency base, Currency vat, Currency others);
 Currency NetAmount(Currency gross, Currency withheld);
 
 /*
- * Of the payment that an open set of the ledger's payments stands on. Throws NoCurrentRecord,
- * FieldMissing.
+ * These read the current payment of an open set. They throw NoCurrentRecord, FieldMissing.
  */
 
 /** Whether the kind is exactly "P"; every other payment counts as a company's. */

@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "database/database.h"
+#include "platform/whole_file.h"
 #include "store/archive_paths.h"
 
 #include <QDateTime>
@@ -27,12 +28,14 @@ QString CopyProject(const QString &folder, const QString &target,
         if (file != ArchiveFile::Contract && QFileInfo::exists(path))
             databases.push_back(databases.front().attach(path));
     }
+    for (const Database &database : databases)
+        Database::requirePlainJournal(database.path()); // others could write meanwhile
     const Transaction transaction(databases.front(), TransactionKind::Reading);
     for (const Database &database : databases)
         database.tableDef(u"Fatture"_s); // with a first look at each file the moment is fixed
-    if (copy.exists() || !copy.mkpath(u"."_s))
-        throw FileError(copy.path(), u"La cartella non può essere creata."_s,
-                        u"Controllare i permessi e lo spazio libero sul disco."_s);
+    if (copy.exists())
+        throw FileError(copy.path(), u"La cartella c'è già."_s, u"Riprovare fra un secondo."_s);
+    MakeFolder(copy.path());
     try {
         for (const Database &database : databases) {
             const QString name = QFileInfo(database.path()).fileName();

@@ -100,4 +100,9 @@ QList<TableDef> TablesOf(ArchiveFile file)
     return {fattureTable(), speseTable()};
 }
 
+QStringList SettableFields()
+{
+    return {u"Del"_s, u"Importo"_s, u"ImportoIVA"_s};
+}
+
 } // namespace saldoro

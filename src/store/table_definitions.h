@@ -4,12 +4,17 @@
 #include "store/archive_paths.h"
 
 #include <QList>
+#include <QStringList>
 
 namespace saldoro {
 
 /** The tables of a database with the fields that the program relies on. Where the suite has made
  *  the database its tables may hold more fields, in another order. */
 QList<TableDef> TablesOf(ArchiveFile file);
+
+/** Fields of a payment without which the main screen does not open, and that can be set where they
+ *  hold no value. */
+QStringList SettableFields();
 
 /** Most characters of the ledger's text columns, for entry fields and writers. */
 namespace LedgerSize {

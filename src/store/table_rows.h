@@ -14,7 +14,7 @@ using TableRows = QList<TableRow>;
 /** How stored values are taken that are not of their field's kind. */
 enum class Reading
 {
-    Exact,    ///< as an invalid day; also a day with a time and bytes that are no text
+    Exact,    ///< what a text can't give back exactly is an invalid day
     AsProgram ///< as their text; texts and days are taken as the program takes them
 };
 

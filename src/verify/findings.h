@@ -23,7 +23,7 @@ enum class FindingGroup
 struct Finding
 {
     FindingGroup group = FindingGroup::Files;
-    QString place;   ///< payment, row, code... that it is found at
+    QString place;   ///< payment, row, code... that it is about, or the whole finding
     QString problem; ///< what is wrong and what comes of it
     QString remedy;  ///< what to do
     // The row that it is about, if it is about one.

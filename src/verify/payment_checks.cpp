@@ -1,5 +1,6 @@
 #include "common/creditor_kind.h"
 #include "common/text_cut.h"
+#include "store/table_definitions.h"
 #include "verify/checks.h"
 
 #include <algorithm>
@@ -51,7 +52,7 @@ QString remedyOfNull(const CheckedRow &payment, const QString &field)
 {
     if (!payment.number || field == "Creditore"_L1 || field == "AziProf"_L1)
         return InTheArchive.toString();
-    if (field == "Del"_L1 || field == "Importo"_L1 || field == "ImportoIVA"_L1)
+    if (SettableFields().contains(field))
         return u"impostarlo con saldoro-archivio imposta CARTELLA %1 %2 %3"_s.arg(
             QString::number(*payment.number), field,
             field == "Del"_L1 ? u"gg/mm/aaaa"_s : u"1.234,56"_s);

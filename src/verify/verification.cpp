@@ -20,7 +20,7 @@ namespace {
 void throwWhatHinders(const QString &path, const DatabaseError &error)
 {
     // Only a program that writes can undo a change that was broken off, and a check does not write.
-    if (error.fault() == DatabaseFault::ReadOnly && QFileInfo::exists(path + u"-journal"_s))
+    if (error.fault() == DatabaseFault::ReadOnly && QFileInfo::exists(Database::journalPath(path)))
         throw FileError(path, u"Una modifica dell'archivio è rimasta a metà."_s,
                         u"Aprire una volta il progetto con Saldoro, che la annulla, e ripetere il "
                         "controllo."_s);
@@ -103,7 +103,7 @@ Findings VerifyProject(const QString &folder, const QString &codes)
             file == ArchiveFile::Codes && !codes.isEmpty() ? codes : ArchiveFilePath(file, folder);
         verification.guarded(path, [&] {
             if (!Database::hasPlainJournal(path)) // to read it would make the other files
-                return verification.addOfFile(path, NoPlainJournal.toString());
+                return verification.addOfFile(path, Database::noPlainJournalProblem());
             const Database database = Database::openReadOnly(path);
             const Transaction together(database, TransactionKind::Reading);
             verification.read(database, file);

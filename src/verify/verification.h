@@ -8,17 +8,13 @@
 
 namespace saldoro {
 
-/** What is wrong with a database whose journal is not the plain one. */
-inline constexpr QStringView NoPlainJournal =
-    u"ha un giornale (WAL) che lascia altri file accanto, senza i quali una copia non vale: "
-    "riportarlo al giornale normale nel programma che lo tiene.";
-
 /** One check of a project, from its databases as they are when they are read. */
 class Verification
 {
 public:
-    /** Reads the tables of a database. What can't be read is a finding; a database that is locked
-     *  is not, and throws DatabaseError. */
+    /** Reads the tables of a database. What can't be read is a finding. Throws DatabaseError for a
+     *  file that is locked or that this user may not read, FileError for one with a change that was
+     *  broken off. */
     void read(const Database &database, ArchiveFile file);
 
     /** The tables that could be read. */
@@ -39,8 +35,8 @@ private:
 /**
  * Reads the databases of the project in @p folder (of the machine) without changing anything and
  * applies every check. Missing or damaged files, tables and fields are findings too. The code map
- * is that of the same archive unless @p codes names another file. Throws SaldoroError for a file
- * that can't be looked into just now: locked, or with a change that was broken off.
+ * is that of the same archive unless @p codes names another file. Throws as
+ * Verification::read().
  */
 Findings VerifyProject(const QString &folder, const QString &codes = {});
 
