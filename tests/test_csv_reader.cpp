@@ -59,9 +59,9 @@ QString amountSlowly(const QString &text, Notation notation)
     static const QString before = u"\\A\\s*(?:€\\s*)?([-+]?)\\s*(?:€\\s*)?"_s;
     static const QString behind = u"\\s*€?\\s*\\z"_s;
     static const QRegularExpression italian(
-        before + u"([0-9]{1,3}(?:\\.[0-9]{3})+|[0-9]+)(?:,([0-9]{1,4}))?"_s + behind);
+        before + u"([1-9][0-9]{0,2}(?:\\.[0-9]{3})+|[0-9]+)(?:,([0-9]{1,4}))?"_s + behind);
     static const QRegularExpression international(
-        before + u"([0-9]{1,3}(?:,[0-9]{3})+|[0-9]+)(?:\\.([0-9]{1,2}|[0-9]{4}))?"_s + behind);
+        before + u"([1-9][0-9]{0,2}(?:,[0-9]{3})+|[0-9]+)(?:\\.([0-9]{1,2}|[0-9]{4}))?"_s + behind);
     const auto match = (notation == Notation::Italian ? italian : international).match(text);
     bool fits = match.hasMatch() && text.count(u'€') < 2;
     const qint64 value = (match.captured(1) + match.captured(2).remove(u'.').remove(u',') +

@@ -115,11 +115,11 @@ void TestImport::replaces()
 {
     const Office office;
     office.putBudget("A1;Scavi;1\n");
-    // The journal of a deleted database is not played into the new one.
+    // The journal of a missing database is neither played into the new one nor deleted.
     const QString journal = office.project() + u"/Appalto.mdb-journal"_s;
     WriteFile(journal, "x");
-    QVERIFY(office.import().contains(u"Appalto.mdb: creato"_s));
-    QVERIFY(!QFileInfo::exists(journal));
+    QVERIFY(office.import().contains(u"Il file è di un archivio che manca."_s));
+    QVERIFY(QFile::remove(journal) && office.import().contains(u"Appalto.mdb: creato"_s));
     office.putBudget("A1;Scavi;2\nA2;Ponti;3\n");
     const auto before = office.archive();
     QVERIFY(
@@ -186,9 +186,8 @@ void TestImport::takesOverOrRefuses()
           "ID;nominativo\n3;Gamma\n1;Alfa\n", "Anag: 2 righe", "1|Alfa|-|2\n3|Gamma|-|4");
     const char *onlyFirst = "AziProf;Npag;Creditore;Del;Importo;ImportoIVA\n"
                             "A;1;Alfa;1/2/2024;10;2\n";
-    check("Fatture", "", onlyFirst, "Fatture.csv: andrebbe perso il pagamento A|2 (Beta).", nullptr,
-          false);
-    check("Fatture", "", onlyFirst, "Darà problemi più tardi:\n  Fatture.csv: andrebbe perso",
+    check("Fatture", "", onlyFirst, "Fatture.csv: toglie il pagamento A|2 (Beta).", nullptr, false);
+    check("Fatture", "", onlyFirst, "Darà problemi più tardi:\n  Fatture.csv: toglie",
           "A|1|Alfa|-|2024-02-01|nota|-|-|100000|20000|-|-|-|-|-|-");
     const char *withoutPaid = "Voce;Descri;Importo\nB2;Ponti;50\n";
     check("UltimaPerVariante", "", withoutPaid,
@@ -200,6 +199,11 @@ void TestImport::takesOverOrRefuses()
           "CREATE TRIGGER t AFTER INSERT ON UltimaPerVariante BEGIN UPDATE UltimaPerVariante SET "
           "Importo = 1; END",
           withoutPaid, "L'archivio ha cambiato da sé");
+    check(
+        "UltimaPerVariante",
+        "CREATE TRIGGER t AFTER INSERT ON UltimaPerVariante BEGIN DELETE FROM SchedaProgetto; END",
+        "Voce;Descri;Importo\nA1;Scavi;100\nB2;Ponti;51\n", "regole proprie (trigger t)", nullptr,
+        false);
     check("UltimaPerVariante", "PRAGMA journal_mode = WAL", withoutPaid, "Appalto.mdb: ha un gior");
     check("UltimaPerVariante",
           "DROP TABLE UltimaPerVariante; CREATE VIEW UltimaPerVariante AS SELECT 'A1' Voce, 'x' "

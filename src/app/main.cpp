@@ -31,6 +31,7 @@ int writeManifest()
 
 int main(int argc, char *argv[])
 {
+    saldoro::LetLargeWritesFail();
     // The toolkit gets only the program's name: the tail belongs to the start-up.
     std::array<char *, 2> programOnly = {argv[0], nullptr};
     int programOnlyCount = 1;

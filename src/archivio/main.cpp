@@ -4,6 +4,7 @@
 #include "exchange/import_files.h"
 #include "exchange/payment_values.h"
 #include "platform/console.h"
+#include "platform/process.h"
 #include "store/archive_paths.h"
 #include "verify/verification.h"
 
@@ -92,6 +93,7 @@ void tellError(const QString &text)
 
 int main(int argc, char *argv[])
 {
+    LetLargeWritesFail();
     const QCoreApplication application(argc, argv);
     QString heading = u"Il comando non è stato eseguito."_s;
     try {

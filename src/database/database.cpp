@@ -116,6 +116,20 @@ bool Database::isStoredQuery(const QString &name) const
     return !definitionOf(m_file, u"view"_s, name).isEmpty();
 }
 
+QStringList Database::triggersOf(const QString &table) const
+{
+    Statement query(m_file,
+                    u"SELECT name FROM %1.sqlite_master WHERE type = 'trigger' AND tbl_name = ? "
+                    "COLLATE NOCASE"_s.arg(m_file->schema()),
+                    table);
+    const QByteArray text = table.toUtf8();
+    query.bind(1, QByteArrayView(text));
+    QStringList names;
+    while (query.step())
+        names.append(query.text(0));
+    return names;
+}
+
 void Database::deleteAll(const QString &table)
 {
     const QString from = u" FROM "_s + qualified(m_file, table);
@@ -163,7 +177,7 @@ void Database::copyTo(const QString &copyPath) const
         QFileInfo(copyPath).dir().filePath(QFileInfo(path()).fileName() + u".copia"_s);
     const auto removeAside = [&aside] {
         QFile::remove(aside);
-        QFile::remove(aside + u"-journal"_s);
+        QFile::remove(journalPath(aside));
     };
     removeAside(); // of a copy that was broken off
     createFile(aside);
@@ -173,6 +187,7 @@ void Database::copyTo(const QString &copyPath) const
             // On a connection of its own, which also reads while this one has the write lock.
             Connection(path(), FileAccess::ReadWrite).copyTo(copy);
         }
+        QFile::setPermissions(aside, QFile::permissions(path()));
         PutInPlace(aside, copyPath);
     } catch (...) {
         removeAside();

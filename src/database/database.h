@@ -58,6 +58,9 @@ public:
     /** Whether @p name, in any letter case, is a stored query of the file. */
     bool isStoredQuery(const QString &name) const;
 
+    /** The names of the triggers that the file has on a table. */
+    QStringList triggersOf(const QString &table) const;
+
     /** Deletes all records of a table, in one statement. Throws NotStored when a trigger kept some,
      *  TableMissing, Locked, ReadOnly, DiskFull. */
     void deleteAll(const QString &table);

@@ -56,6 +56,8 @@ private:
         for (; !isAtCellEnd(); ++m_at) {
             if (isAt(u'"') && !isLenient())
                 fail(u"ci sono virgolette dentro una cella che non comincia con esse"_s);
+            if (isAt(QChar::ByteOrderMark) && !isLenient())
+                fail(u"c'è il segno con cui comincia un altro file (due file uniti)"_s);
         }
         return m_at == begin ? QString() : m_text.sliced(begin, m_at - begin).toString();
     }

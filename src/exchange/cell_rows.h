@@ -37,7 +37,8 @@ struct TextRows
  * other character.
  *
  * With a tab as separator, which is how programs put cells on the clipboard, a quote in any other
- * place is a character like others; with other separators it is a fault.
+ * place is a character like others; with other separators it is a fault, as is the mark of a file's
+ * beginning in a cell without quotes.
  *
  * @param most rows that are read; the rest of the text is not looked at.
  */

@@ -21,10 +21,11 @@ bool take(QStringView &text, QChar character)
     return true;
 }
 
-/** Digits in groups of three with a mark between them. */
+/** Digits in groups of three with a mark between them; "0.250" is a fraction in another notation.
+ */
 bool isGrouped(QStringView whole)
 {
-    static const QRegularExpression groups(u"\\A[0-9]{1,3}(?:[.,][0-9]{3})*\\z"_s);
+    static const QRegularExpression groups(u"\\A[1-9][0-9]{0,2}(?:[.,][0-9]{3})*\\z"_s);
     return groups.match(whole).hasMatch();
 }
 

@@ -21,9 +21,12 @@ QByteArray bytesOf(const QString &path)
 {
     QFile file(path);
     QByteArray bytes;
-    if (!file.open(QIODevice::ReadOnly) || (bytes = file.readAll(), file.error() != QFile::NoError))
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) ||
+        (bytes = file.readAll(), file.error() != QFile::NoError))
         throw FileError(path, u"Il file non può essere letto."_s,
                         u"Controllare i permessi, e che nessun programma lo tenga aperto."_s);
+    if (bytes.endsWith('\x1a')) // with which old systems end a text
+        bytes.chop(1);
     return bytes;
 }
 
@@ -45,8 +48,8 @@ QString otherKind(const QByteArray &bytes)
     return {};
 }
 
-/** The text of a file. Old programs write the Western code page; a line of it among lines in UTF-8
- *  is reported in @p warnings. */
+/** The text of a file. Lines that are not in UTF-8 are taken for the Western code page, which is a
+ *  guess that @p warnings tell. */
 QString textOf(const QString &path, QStringList &warnings, QList<CellFault> &faults)
 {
     const QByteArray file = bytesOf(path);
@@ -60,12 +63,9 @@ QString textOf(const QString &path, QStringList &warnings, QList<CellFault> &fau
         return TextOfUtf8(bytes);
     QStringList lines;
     int oddLine = 0;
-    bool hasUtf8 = false;
     for (const QByteArray &line : bytes.split('\n')) {
         lines.append(TextOfStoredBytes(line));
-        const bool isUtf8 = line.isValidUtf8();
-        hasUtf8 = hasUtf8 || (isUtf8 && lines.last().size() != line.size());
-        if (!isUtf8 && oddLine == 0)
+        if (oddLine == 0 && !line.isValidUtf8())
             oddLine = static_cast<int>(lines.size());
     }
     if (isMarked)
@@ -73,10 +73,10 @@ QString textOf(const QString &path, QStringList &warnings, QList<CellFault> &fau
                        {},
                        u"c'è un byte che non è UTF-8, mentre il file si dice in UTF-8: "
                        "correggere la riga, o salvare di nuovo il file."_s});
-    else if (hasUtf8)
+    else
         warnings.append(
-            u"%1, riga %2: non è in UTF-8 come il resto del file, ed è stata letta in "
-            "Windows-1252: guardare le lettere accentate."_s.arg(QFileInfo(path).fileName())
+            u"%1, riga %2: non è in UTF-8, ed è stata letta in Windows-1252: guardare le "
+            "lettere accentate."_s.arg(QFileInfo(path).fileName())
                 .arg(oddLine));
     return lines.join(u'\n');
 }
@@ -119,6 +119,26 @@ QStringList problemsOf(QChar separator, const CellColumns &columns, const Exchan
     return problems;
 }
 
+/** The line of a row of values above the header, as sorting a file with its header makes; 0 without
+ *  one. Titles fill single cells. */
+int rowAboveHeader(const QList<CellRow> &rows, CellColumns columns, const ExchangedTable &table,
+                   const TableDef &stored, Notation notation)
+{
+    const qsizetype header = std::exchange(columns.firstRow, 0) - 1;
+    for (qsizetype row = 0; row < header; ++row) {
+        QList<CellFault> faults;
+        const GivenTable given = TypedRowsOf({rows[row]}, columns, table, stored, notation, faults);
+        const auto isFilled = [&](const QString &field) {
+            return given.rows.first()[table.place(field)] != NewValue();
+        };
+        if (faults.isEmpty() && !given.rows.isEmpty() &&
+            given.rows.first().count(NewValue()) + 1 < given.rows.first().size() &&
+            std::ranges::all_of(table.neededFields, isFilled))
+            return rows[row].line;
+    }
+    return 0;
+}
+
 /** The rows of a text. */
 GivenTable tableOf(const QString &text, const ExchangedTable &table, const TableDef &stored,
                    QStringList &unknownFields, QList<CellFault> &faults)
@@ -136,6 +156,9 @@ GivenTable tableOf(const QString &text, const ExchangedTable &table, const Table
     const bool isItalian = separator == u';';
     const Notation other = isItalian ? Notation::International : Notation::Italian;
     GivenTable given = readAs(isItalian ? Notation::Italian : Notation::International, faults);
+    if (const int line = rowAboveHeader(cells.rows, columns, table, stored,
+                                        isItalian ? Notation::Italian : Notation::International))
+        faults.append({line, {}, u"sta sopra l'intestazione, che va in cima al file."_s});
     // A single fault may be a typing error, though the other notation has none.
     QList<CellFault> otherFaults;
     if (faults.size() > 1 && ToldNotation(cells.rows, columns, table) == other &&

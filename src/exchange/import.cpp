@@ -43,7 +43,7 @@ public:
         if (!m_outcome.errors.isEmpty())
             return m_outcome;
         openDatabases();
-        Transaction transaction(m_databases.begin()->second);
+        Transaction transaction(database(m_tables.first()));
         const Findings known = verified().findings();
         planChanges();
         if (!m_outcome.errors.isEmpty())

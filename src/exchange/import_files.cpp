@@ -31,6 +31,9 @@ std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, Findin
             errors.append(
                 LineFinding(file.fileName() + u": un altro file è per la stessa tabella."_s));
     }
+    if (!QFileInfo(folder).isReadable())
+        throw FileError(folder, u"La cartella non può essere letta."_s,
+                        u"Controllare i permessi."_s);
     if (paths.empty() && errors.isEmpty())
         throw FileError(folder, u"Nella cartella non ci sono file CSV."_s,
                         u"Ogni file prende il nome da una tabella, per esempio "

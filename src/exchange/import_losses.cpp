@@ -25,7 +25,7 @@ ImportLosses LossesOf(const GivenTable &given, const TableChange &change,
     const WrittenItems written(rowsOf(u"Funzioni"_s));
     for (const TableRow &row : DroppedRows(table, change)) {
         if (table.name() == "Fatture"_L1)
-            losses.refusals.append(LineFinding(u"%1: andrebbe perso il pagamento %2 (%3)."_s.arg(
+            losses.refusals.append(LineFinding(u"%1: toglie il pagamento %2 (%3)."_s.arg(
                 given.source, KeyOf(table, row), TextOf(row[table.place(u"Creditore"_s)]))));
         const QString item = table.name() == "SchedaProgetto"_L1 ? TextOf(row[0]) : QString();
         if (written.contains(item))

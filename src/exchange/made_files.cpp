@@ -1,5 +1,6 @@
 #include "exchange/made_files.h"
 
+#include "common/errors.h"
 #include "database/database.h"
 #include "platform/whole_file.h"
 #include "store/archive_creation.h"
@@ -25,21 +26,26 @@ MadeFiles::~MadeFiles()
 void MadeFiles::makeFolder(const QString &folder)
 {
     const qsizetype end = m_paths.size();
-    for (QString missing = folder; !QFileInfo::exists(missing); missing = QFileInfo(missing).path())
+    const auto isMissing = [](const QString &path) {
+        return !QFileInfo::exists(path) && !QFileInfo(path).isSymLink(); // to what is not mounted
+    };
+    for (QString missing = folder; isMissing(missing); missing = QFileInfo(missing).path())
         m_paths.insert(end, missing);
     MakeFolder(folder);
 }
 
 void MadeFiles::makeDatabase(const QString &path, ArchiveFile file)
 {
+    const QString journal = Database::journalPath(path);
+    if (QFileInfo::exists(journal)) // the engine would play it into the new database
+        throw FileError(journal, u"Il file è di un archivio che manca."_s,
+                        u"Rimettere l'archivio al suo posto, o spostare questo file."_s);
     const QString aside = path + u".nuovo"_s;
     MadeFiles ofThisStep;
     QFile::remove(aside); // of a try that was broken off
     ofThisStep.add(aside);
     ofThisStep.add(Database::journalPath(aside));
     CreateArchiveFile(aside, file);
-    const QString journal = Database::journalPath(path);
-    QFile::remove(journal); // of a deleted database: the engine would play it into the new one
     PutInPlace(aside, path);
     add(journal);
     add(path);

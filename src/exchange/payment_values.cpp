@@ -68,6 +68,9 @@ QString SetPaymentValues(const QString &ledger, const QStringList &words)
     try {
         Transaction transaction(database);
         RecordSet payments = database.openRecordSet(u"SELECT * FROM Fatture"_s);
+        if (!database.triggersOf(u"Fatture"_s).isEmpty())
+            throw refusal(
+                u"L'archivio ha regole proprie (trigger) che cambiano ciò che si scrive."_s);
         for (qsizetype at = 0; at < words.size(); at += 3) {
             WithDetail(Detail::Field, words[at + 1], [&] {
                 WithDetail(Detail::Payment, words[at], [&] {

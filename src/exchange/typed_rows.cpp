@@ -135,7 +135,8 @@ public:
     }
 
 private:
-    /** Whether a row has a cell for each column, or those that lack may do so. */
+    /** Whether a row has a cell for each column, or those that lack may do so. In files with the
+     *  international notation a cell too many may be the decimals of an Italian amount. */
     bool hasItsCells(const QStringList &cells) const
     {
         const QList<qsizetype> &places = m_columns.places;
@@ -144,16 +145,23 @@ private:
                 (places[cell] >= 0 && m_table.filledFields.contains(nameOf(places[cell]))))
                 return false;
         }
-        return std::all_of(cells.begin() + std::min(places.size(), cells.size()), cells.end(),
-                           std::mem_fn(&QString::isNull));
+        return cells.size() <= places.size() ||
+               (m_notation == Notation::Italian &&
+                std::all_of(cells.begin() + places.size(), cells.end(),
+                            std::mem_fn(&QString::isNull)));
     }
 
     void readRow(const CellRow &row)
     {
         const QList<qsizetype> &places = m_columns.places;
         if (!hasItsCells(row.cells)) {
-            addFault(row.line, u"le celle sono %1, e %2 nell'intestazione."_s.arg(row.cells.size())
-                                   .arg(places.size()));
+            const bool isParted =
+                m_notation != Notation::Italian && row.cells.size() > places.size();
+            addFault(row.line,
+                     u"le celle sono %1, e %2 nell'intestazione%3."_s.arg(row.cells.size())
+                         .arg(places.size())
+                         .arg(isParted ? u": se gli importi hanno la virgola, salvare con «;»"_s
+                                       : QString()));
             return;
         }
         TableRow values(m_stored.size());

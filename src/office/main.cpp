@@ -1,6 +1,7 @@
 #include "controls/application_look.h"
 #include "controls/window_placement.h"
 #include "office/frm_appalti.h"
+#include "platform/process.h"
 
 #include <QApplication>
 
@@ -8,6 +9,7 @@ using namespace Qt::StringLiterals;
 
 int main(int argc, char *argv[])
 {
+    saldoro::LetLargeWritesFail();
     QApplication application(argc, argv);
     saldoro::SetUpLook(application);
     QGuiApplication::setDesktopFileName(u"saldoro"_s);

@@ -93,7 +93,7 @@ void SetIniValue(const QString &fileName, const QString &section, const QString 
     if (keyLine(content, section, key).captured(u"value") != value)
         throw FileError(info.filePath(), u"«%1» non verrebbe riletto com'è."_s.arg(value),
                         u"Scegliere un nome senza caratteri di controllo."_s);
-    QDir().mkpath(info.path()); // if that fails, the writing tells it
+    MakeFolder(info.path());
     WholeFile(info.filePath(), content.toUtf8()).replace();
 }
 

@@ -12,6 +12,8 @@
 
 #include <string>
 #include <windows.h>
+#else
+#include <csignal>
 #endif
 
 namespace saldoro {
@@ -73,6 +75,13 @@ QString TailOfCommandLine(const QString &commandLine)
 {
     static const QRegularExpression name(uR"(\A(?:[^" \t]|"[^"]*(?:"|\z))*[ \t]*)"_s);
     return QString(commandLine).remove(name);
+}
+
+void LetLargeWritesFail()
+{
+#ifndef Q_OS_WIN
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
 }
 
 QString ProgramName()

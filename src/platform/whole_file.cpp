@@ -147,7 +147,7 @@ void WholeFile::replace()
 
 void PutInPlace(const QString &aside, const QString &path)
 {
-    if (QFileInfo::exists(path))
+    if (QFileInfo::exists(path) || QFileInfo(path).isSymLink())
         throw FileError(path, u"Il file c'è già."_s,
                         u"Spostare altrove il file esistente e riprovare."_s);
     std::error_code fault;

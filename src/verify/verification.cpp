@@ -81,6 +81,11 @@ void Verification::read(const Database &database, ArchiveFile file)
                 addOfFile(database.path(),
                           u"nella tabella %1 il programma non può scrivere: è un'interrogazione o "
                           "ha una forma che non conosce."_s.arg(table.name()));
+            if (const QStringList triggers = database.triggersOf(table.name()); !triggers.isEmpty())
+                addOfFile(
+                    database.path(),
+                    u"la tabella %1 ha regole proprie (trigger %2), che cambiano da sé ciò che "
+                    "si scrive, o altri dati."_s.arg(table.name(), triggers.join(u", "_s)));
         });
     }
 }
