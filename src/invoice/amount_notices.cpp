@@ -14,7 +14,8 @@ namespace {
 /** Whether a text, in display form or in plain form, means the amount of display form @p shown. */
 bool isWorth(const QString &text, const QString &shown)
 {
-    return TypedWorth(text, text.contains(u',') ? Notation::Comma : Notation::Point) == shown;
+    return TypedWorth(text, text.contains(u',') ? TypedNotation::Comma : TypedNotation::Point) ==
+           shown;
 }
 
 /** The rules over the amounts of one moment. */
@@ -30,7 +31,7 @@ struct AmountNotices
     void tell()
     {
         if (state.typedAllocation.isOpen)
-            all.worth = WorthLine(state.typedAllocation.typed, Notation::Point);
+            all.worth = WorthLine(state.typedAllocation.typed, TypedNotation::Point);
         for (const AmountField &field : chain.fields) {
             if (isFocused(field))
                 lookAhead(field);
@@ -76,9 +77,9 @@ struct AmountNotices
         if (field.amount == TotaleFattura || field.amount == Netto)
             return;
         const AmountPast past = state.past.value(field.amount);
-        const Notation notation = NotationOf(field);
+        const TypedNotation notation = NotationOf(field);
         QString plain = past.before;
-        if (notation == Notation::Rate && !past.isRewritten &&
+        if (notation == TypedNotation::Rate && !past.isRewritten &&
             LeadingNumber(PuntoDecimale(plain)) != LeadingNumber(past.before)) {
             add(Danger, field.amount,
                 u"era %1, entrando nel campo è diventata %2. Scrivere %1"_s.arg(past.before,
@@ -86,7 +87,7 @@ struct AmountNotices
             return;
         }
         const QString shown = now.text(field.amount);
-        const bool isAsTyped = isFocused(field) || notation == Notation::Comma;
+        const bool isAsTyped = isFocused(field) || notation == TypedNotation::Comma;
         const QString typed = isAsTyped ? shown : past.left;
         const QString misread = MisreadLine(typed, notation);
         if (!misread.isEmpty() && (isAsTyped || TypedWorth(typed, notation) == shown))

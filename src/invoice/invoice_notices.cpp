@@ -91,8 +91,8 @@ void tellAllocations(const InvoiceState &state, Notices &all)
     for (int row = state.overview->rows() - 1; row > 0; --row)
         items[keyOf(state.overview->text(row, OverviewColumn::Cod))] = row;
     const TypedAllocation &last = state.typedAllocation;
-    const QString worth = TypedWorth(last.typed, Notation::Point);
-    const QString misread = MisreadLine(last.typed, Notation::Point);
+    const QString worth = TypedWorth(last.typed, TypedNotation::Point);
+    const QString misread = MisreadLine(last.typed, TypedNotation::Point);
     const QString field = last.isOpen ? u"edtTxt"_s : u"MSFlexGrid1"_s;
     for (int row = 1; row < state.allocations->rows(); ++row) {
         const QString code = state.allocations->text(row, AllocationColumn::Cod);

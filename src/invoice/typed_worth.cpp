@@ -36,51 +36,50 @@ QString meantPlain(QString typed)
 
 } // namespace
 
-Notation NotationOf(const AmountField &field)
+TypedNotation NotationOf(const AmountField &field)
 {
     if (field.role == AmountRole::Rate)
-        return Notation::Rate;
-    const bool staysPlain =
-        field.amount == Amount::AltriImporti || field.amount == Amount::SoggettaRA;
-    return staysPlain ? Notation::Comma : Notation::Point;
+        return TypedNotation::Rate;
+    return StaysPlain(field.amount) ? TypedNotation::Comma : TypedNotation::Point;
 }
 
-QString TypedWorth(const QString &typed, Notation notation)
+QString TypedWorth(const QString &typed, TypedNotation notation)
 {
     AmountTexts texts;
     constexpr Amount any = Amount::Importo;
     texts.setText(any, typed);
-    if (notation == Notation::Rate)
+    if (notation == TypedNotation::Rate)
         texts.showRate(any);
-    else if (notation == Notation::Point)
+    else if (notation == TypedNotation::Point)
         texts.showTyped(any);
     else
         texts.show(any, texts.amount(any));
     return texts.text(any);
 }
 
-QString WorthLine(const QString &typed, Notation notation)
+QString WorthLine(const QString &typed, TypedNotation notation)
 {
     const QString text = typed.isEmpty() ? u"Il campo vuoto"_s : quoted(typed);
     try {
         return u"%1 vale %2%3 (i decimali vanno dopo %4)"_s.arg(
-            text, TypedWorth(typed, notation), notation == Notation::Rate ? u" per cento"_s : u""_s,
-            notation == Notation::Comma ? u"la virgola"_s : u"il punto"_s);
+            text, TypedWorth(typed, notation),
+            notation == TypedNotation::Rate ? u" per cento"_s : u""_s,
+            notation == TypedNotation::Comma ? u"la virgola"_s : u"il punto"_s);
     } catch (const OverflowError &) {
         return text + u" è più di quanto il programma sa trattare"_s;
     }
 }
 
-QString MisreadLine(const QString &typed, Notation notation)
+QString MisreadLine(const QString &typed, TypedNotation notation)
 {
     static const QRegularExpression digit(u"[1-9]"_s);
     const QString worth = TypedWorth(typed, notation);
     QString meant = worth;
     QString wayOut;
-    if (notation == Notation::Comma && typed.contains(u'.') && !isGrouped(typed)) {
-        wayOut = meant = TypedWorth(typed, Notation::Point);
-    } else if (notation != Notation::Comma &&
-               (typed.contains(u',') || (notation == Notation::Point && isGrouped(typed)))) {
+    if (notation == TypedNotation::Comma && typed.contains(u'.') && !isGrouped(typed)) {
+        wayOut = meant = TypedWorth(typed, TypedNotation::Point);
+    } else if (notation != TypedNotation::Comma &&
+               (typed.contains(u',') || (notation == TypedNotation::Point && isGrouped(typed)))) {
         wayOut = meantPlain(typed);
         meant = TypedWorth(wayOut, notation);
     }
