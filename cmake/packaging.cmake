@@ -50,6 +50,8 @@ install(FILES ${source}/linux/saldoro-archivio.bash RENAME saldoro-archivio
   DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 saldoro_gzipped(${source}/linux/changelog changelog ${documents})
 install(FILES ${source}/linux/copyright DESTINATION ${documents})
+install(FILES ${source}/linux/lintian-overrides RENAME saldoro
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides)
 
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/demo/ DESTINATION ${documents}/examples)
 
@@ -83,9 +85,9 @@ It shows what was budgeted, paid and is still available of each item and
 writes the statements of all payments as documents of the contract's
 project. The program and its manual are in Italian.
 
-saldoro-appalti lists the contracts and makes new ones from cells pasted from a
-spreadsheet. saldoro-archivio checks a project's archives and lists what needs care,
-fills them from CSV files and writes them out as such.")
+saldoro-appalti lists the contracts and makes new ones from cells pasted
+from a spreadsheet. saldoro-archivio checks a project's archives and lists
+what needs care, fills them from CSV files and writes them out as such.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
