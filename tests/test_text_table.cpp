@@ -59,7 +59,7 @@ private slots:
         };
         const auto write = [](TextTable &t) {
             t.setText(0, 0, u"G"_s);
-            t.setCurrentText(t.currentText() + u'!');
+            t.setText(t.row(), t.column(), t.currentText() + u'!');
         };
         for (const auto &[change, state] : QList<std::pair<Change, QString>>{
                  {[](TextTable &t) { t.setRows(5); }, u"H,I|a,b|c,d|,|, @2,1"_s},

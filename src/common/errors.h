@@ -115,7 +115,7 @@ enum class DatabaseFault
 };
 
 /** A failure of the database layer; with the details File, Table and Field as far as they are
- * known. */
+ *  known. */
 class DatabaseError : public SaldoroError
 {
 public:

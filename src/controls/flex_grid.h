@@ -52,7 +52,7 @@ public:
     /** The column in which typed letters find a row; without one they do nothing. */
     void setSearchColumn(int column) { m_searchColumn = column; }
     /** Where rows are selected, finds the row whose search column begins with @p search, the
-     * letters typed so far; else emits textTyped(). */
+     *  letters typed so far; else emits textTyped(). */
     void keyboardSearch(const QString &search) override;
 
 signals:

@@ -36,7 +36,6 @@ public:
     void setText(int row, int column, const QString &text);
     /** Text of the current cell. */
     QString currentText() const { return text(m_row, m_column); }
-    void setCurrentText(const QString &text) { setText(m_row, m_column, text); }
 
     /** The rows @p first to @p last as spreadsheets take them: a line for each row, a tab between
      *  cells, quotes around a cell that holds a tab, a line end or a quote. */

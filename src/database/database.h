@@ -30,20 +30,21 @@ public:
     static constexpr int LockWaitMilliseconds = 5000;
 
     /** Creates an empty database. @p locale is what other engines need to know; the present one
-     * does without. Throws FileExists, FileMissing (no such folder), ReadOnly, DiskFull. */
+     *  does without. Throws FileExists, FileMissing (no such folder), ReadOnly, DiskFull. */
     static Database create(const QString &path, const QString &locale);
 
     /** Opens an existing file for reading and writing; one that can't be written opens too, and
-     * only refuses changes. @p lockWait replaces LockWaitMilliseconds for this and all later
-     * actions. Throws FileMissing, NotADatabase, Locked. */
+     *  only refuses changes. @p lockWait replaces LockWaitMilliseconds for this and all later
+     *  actions. Throws FileMissing, NotADatabase, Locked. */
     static Database open(const QString &path, int lockWait = LockWaitMilliseconds);
 
     /** As open(), but no change can reach the file through it. */
     static Database openReadOnly(const QString &path);
 
     /** Opens one more existing file on the connection of this one, where no transaction may be
-     * open: a transaction on either covers both. Queries through the result are about its own file.
-     * The connection lives until all its Databases and record sets are gone. Throws as open(). */
+     *  open: a transaction on either covers both. Queries through the result are about its own
+     *  file. The connection lives until all its Databases and record sets are gone. Throws as
+     *  open(). */
     Database attach(const QString &path) const;
 
     /** Adds an empty table with the fields of @p table in their order. Throws Other when the file

@@ -14,7 +14,7 @@ struct EngineQuery
      *  ORDER BY, and the file named before every table. */
     QString text;
     /** For "SELECT * FROM name" with nothing but a condition and an order behind it: the name,
-     * which may be that of a stored query. Otherwise empty. */
+     *  which may be that of a stored query. Otherwise empty. */
     QString singleTable;
     qsizetype columns = 0; ///< for a single table: where the list of columns begins in the text
 

@@ -67,7 +67,7 @@ private:
 QString DeclaredType(const FieldDef &field);
 
 /** The field of a column that is declared as "TEXT(60)", "INTEGER16", "CURRENCY"... or by such
- * words in types of other programs. Zero length counts as allowed. */
+ *  words in types of other programs. Zero length counts as allowed. */
 FieldDef FieldOfDeclaration(const QString &name, const QString &declaredType);
 
 } // namespace saldoro

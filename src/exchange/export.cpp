@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /** Appends a value's cell, a NUL for one that can't be told. Texts stand in quotes, which codes
- * made of digits need and the empty text. */
+ *  made of digits need and the empty text. */
 void appendCell(QString &line, const NewValue &value)
 {
     if (const auto *text = std::get_if<QString>(&value))

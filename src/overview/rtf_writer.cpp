@@ -55,8 +55,8 @@ void appendByteEscape(std::string &out, unsigned char byte)
 }
 
 /** Appends a character beyond ASCII, or one half of one beyond the basic plane. The number is
- * signed and of 16 bits; the fallback is always a byte escape, since some readers drop all plain
- * text that follows the number up to the next control word. */
+ *  signed and of 16 bits; the fallback is always a byte escape, since some readers drop all plain
+ *  text that follows the number up to the next control word. */
 void appendUnicode(std::string &out, char16_t unit)
 {
     out += "\\u" + std::to_string(static_cast<qint16>(unit));

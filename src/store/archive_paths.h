@@ -31,7 +31,7 @@ inline constexpr QStringView LavoriInCorso = u"\\ARCHIVI.QX\\ZELT\\INTERNET\\LAV
 } // namespace ArchiveFolders
 
 /** The per-user setting that holds ArchiveRoot: its key below the current user's root and the
- * value's name. */
+ *  value's name. */
 inline constexpr QStringView SettingsKey = u"Software\\Dornvale\\ZELT";
 inline constexpr QStringView ArchiveRootValue = u"drivers";
 
