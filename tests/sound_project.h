@@ -36,18 +36,18 @@ private:
     static const TestArchive &made()
     {
         static const std::unique_ptr<TestArchive> project = [] {
-            auto archive = std::make_unique<TestArchive>();
-            AddStandardCodes(archive->values());
-            PlantItems(*archive, u"('A1','Scavi',90000000),('B2','Ponti',NULL)"_s,
+            auto sound = std::make_unique<TestArchive>();
+            AddStandardCodes(sound->values());
+            PlantItems(*sound, u"('A1','Scavi',90000000),('B2','Ponti',NULL)"_s,
                        u"(1,'A1',1220000),(2,'A1',600000),(2,'B2',15000)"_s);
-            archive->execute(ContractPath(archive->values()),
-                             u"INSERT INTO SchedaProgetto (Voce, Link) VALUES ('D0101', 4)"_s);
-            PlantPayments(*archive, "('A',1,'Edil Valle','2020-01-31',1000000,220000,77),"
-                                    "('P',2,'Ing. Po','2020-02-01',500000,110000,5000)");
-            archive->execute(LedgerPath(archive->values()),
-                             u"UPDATE Fatture SET ImportoPrest=Importo, Contributo=0, CassaPrev=0, "
-                             "ImportoRA=0 WHERE AziProf = 'P'"_s);
-            return archive;
+            sound->execute(ContractPath(sound->values()),
+                           u"INSERT INTO SchedaProgetto (Voce, Link) VALUES ('D0101', 4)"_s);
+            PlantPayments(*sound, "('A',1,'Edil Valle','2020-01-31',1000000,220000,77),"
+                                  "('P',2,'Ing. Po','2020-02-01',500000,110000,5000)");
+            sound->execute(LedgerPath(sound->values()),
+                           u"UPDATE Fatture SET ImportoPrest=Importo, Contributo=0, CassaPrev=0, "
+                           "ImportoRA=0 WHERE AziProf = 'P'"_s);
+            return sound;
         }();
         return *project;
     }

@@ -119,8 +119,8 @@ private slots:
               {m_folder.path(), NotADatabase},
               {damaged, NotADatabase}}) {
             const bool existed = QFile::exists(path);
-            QCOMPARE(FaultOf([&] { Database::open(path); }), Fault(fault));
-            QCOMPARE(FaultOf([&] { Database::openReadOnly(path); }), Fault(fault));
+            QCOMPARE(FaultOf([&path = path] { Database::open(path); }), Fault(fault));
+            QCOMPARE(FaultOf([&path = path] { Database::openReadOnly(path); }), Fault(fault));
             QCOMPARE(QFile::exists(path), existed);
         }
     }
@@ -137,7 +137,7 @@ private slots:
               {u" "_s, Fault(SyntaxError)},
               {u"SELECT 1; SELECT 2"_s, Fault(SyntaxError)},
               {u"DELETE FROM Tipi"_s, Fault(SyntaxError)}})
-            QCOMPARE(FaultOf([&] { (void)database.openRecordSet(sql); }), fault);
+            QCOMPARE(FaultOf([&, &sql = sql] { (void)database.openRecordSet(sql); }), fault);
     }
 
     void whatTheEngineReports()
@@ -148,7 +148,7 @@ private slots:
                                           {SQLITE_READONLY_DBMOVED, FileMissing},
                                           {SQLITE_AUTH, Other},
                                           {SQLITE_BUSY_SNAPSHOT, Locked}})
-            QCOMPARE(FaultOf([&] { ThrowEngineError(code, {}, u"x.mdb"_s, u"Voci"_s); }),
+            QCOMPARE(FaultOf([code = code] { ThrowEngineError(code, {}, u"x.mdb"_s, u"Voci"_s); }),
                      Fault(fault, u"Voci"_s));
         QVERIFY_THROWS_EXCEPTION(std::bad_alloc, ThrowEngineError(SQLITE_NOMEM, {}, {}, {}));
     }

@@ -146,7 +146,7 @@ private slots:
               {u"Npag = '1'"_s, InVoci(TypeMismatch, u"Npag"_s)},
               {u"No = 1"_s, InVoci(FieldMissing, u"No"_s)},
               {u"Cod = 'l'a'"_s, InVoci(SyntaxError)}})
-            QCOMPARE(FaultOf([&] { set.findFirst(criterion); }), fault);
+            QCOMPARE(FaultOf([&, &criterion = criterion] { set.findFirst(criterion); }), fault);
     }
 
     void onlySetFieldsAreWritten()
