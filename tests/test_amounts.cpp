@@ -5,6 +5,7 @@
 #include "common/rounding.h"
 #include "random_seed.h"
 
+#include <QDir>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -137,11 +138,10 @@ private slots:
                             u"Del"_s);
         error.addDetail(Detail::Payment, u"14"_s);
         error.addDetail(Detail::Field, u"altro"_s);
-        QCOMPARE(
-            QString::fromUtf8(error.what()),
-            error.problem() +
-                u"\nFile: /dati/Saldoro.mdb\nTabella: Fatture\nCampo: Del\nPagamento: 14\n\n"_s +
-                error.remedy());
+        QCOMPARE(QString::fromUtf8(error.what()),
+                 error.problem() + u"\nFile: "_s +
+                     QDir::toNativeSeparators(u"/dati/Saldoro.mdb"_s) +
+                     u"\nTabella: Fatture\nCampo: Del\nPagamento: 14\n\n"_s + error.remedy());
     }
 };
 

@@ -79,14 +79,14 @@ KeyWatcher &watcher()
     return watcher;
 }
 
-void watch()
+} // namespace
+
+void WatchKeyPresses()
 {
     QCoreApplication::instance()->installEventFilter(&watcher());
 }
 
-} // namespace
-
-Q_COREAPP_STARTUP_FUNCTION(watch)
+Q_COREAPP_STARTUP_FUNCTION(WatchKeyPresses)
 
 bool IsEnter(const QEvent &event)
 {

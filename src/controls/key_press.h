@@ -7,6 +7,9 @@ namespace saldoro {
 /** Whether @p event is a press of Return or of Enter, which do the same everywhere. */
 bool IsEnter(const QEvent &event);
 
+/** Watches the keys of the application, from its start on where the program calls this at all. */
+void WatchKeyPresses();
+
 /**
  * Whether the key press that is being handled comes by itself, because the key is held down. What a
  * press has opened, or brought to the front, ignores such repetitions; message boxes never get one.

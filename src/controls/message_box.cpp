@@ -1,5 +1,7 @@
 #include "controls/message_box.h"
 
+#include "controls/key_press.h"
+
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -24,6 +26,7 @@ MessageAnswer ShowMessage(MessageKind kind, const QString &text)
 {
     if (currentAnswerer())
         return currentAnswerer()(kind, text);
+    WatchKeyPresses(); // of which a box gets none that is held down
     const bool isQuestion = kind == MessageKind::Question;
     const QMessageBox::Icon icon = isQuestion                      ? QMessageBox::NoIcon
                                    : kind == MessageKind::Critical ? QMessageBox::Critical

@@ -21,9 +21,11 @@ std::unique_ptr<QLockFile> markNumber(int number, const QString &projectFolder)
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
                            u"/saldoro/aperti"_s;
     QDir().mkpath(folder);
+    // A project is the same in any letter case.
     const QByteArray name =
-        QCryptographicHash::hash(QFileInfo(projectFolder).canonicalFilePath().toUtf8(),
-                                 QCryptographicHash::Sha1)
+        QCryptographicHash::hash(
+            QFileInfo(projectFolder).canonicalFilePath().toCaseFolded().toUtf8(),
+            QCryptographicHash::Sha1)
             .toHex();
     auto mark = std::make_unique<QLockFile>(folder + u'/' + QString::fromLatin1(name) + u'-' +
                                             QString::number(number));
