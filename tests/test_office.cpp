@@ -10,9 +10,7 @@
 #include "office/task.h"
 #include "sound_project.h"
 #include "store/archives_root.h"
-#include "store/contract_codes.h"
 #include "store/open_project.h"
-#include "store/project_copy.h"
 
 #include <QClipboard>
 #include <QDropEvent>
@@ -62,54 +60,12 @@ public:
 
 } // namespace
 
-/** The contracts' codes, and their window, driven by keys and clicks. */
+/** The window of the contracts, driven by keys and clicks. */
 class TestOffice : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void codes_data()
-    {
-        QTest::addColumn<QString>("code");
-        QTest::addColumn<QString>("part"); // of the problem; empty for none
-        for (const auto &[code, part] :
-             std::initializer_list<std::pair<const char *, const char *>>{
-                 {"00040", ""},
-                 {"Ponte sull'Adige (2° lotto)", ""},
-                 {"CONTE", ""},
-                 {"COM10", ""},
-                 {"", "Scrivere"},
-                 {"LOTTO a", "c'è già"}, // one folder to Windows
-                 {"a/b", "/"},
-                 {"a\\b", "\\"},
-                 {"a:b", ":"},
-                 {"a?", "?"},
-                 {"a\tb", "controllo"},
-                 {" 00040", "spazi"},
-                 {"00040 ", "spazi"},
-                 {"..", "punto"},
-                 {"lotto 1.", "punto"},
-                 {"lotto.nuovo", "nuovo"},
-                 {"con", "riservato"},
-                 {"Com1.bis", "riservato"},
-                 {"NUL .x", "riservato"},
-                 {"1234567890123456789012345678901234567890123456789012345678901", "60"}})
-            QTest::addRow("%s", code) << QString::fromUtf8(code) << QString::fromUtf8(part);
-    }
-    void codes()
-    {
-        QFETCH(const QString, code);
-        QFETCH(const QString, part);
-        const QString problem = CodeProblem(code, {u"Lotto A"_s});
-        QCOMPARE(problem.isEmpty(), part.isEmpty());
-        QVERIFY2(problem.contains(part), qPrintable(problem));
-    }
-    void firstFreeCode()
-    {
-        QCOMPARE(FirstFreeCode({}), u"00001"_s);
-        QCOMPARE(FirstFreeCode({u"00003"_s, u"00001"_s, u"2"_s}), u"00002"_s);
-    }
-
     /** Each contract in its line, whatever is wrong with the others; read again when the window
      *  becomes active. */
     void list()
@@ -284,25 +240,6 @@ private slots:
                 u"ok"_s);
         QVERIFY(ContentOf(target.filePath(u"Fatture.csv"_s)).contains("01/02/2020"));
         QCOMPARE(QDir(target.path()).entryList({u"*.csv"_s}).size(), 8);
-    }
-
-    /** The databases are copied as they stand at one moment; a copy that is broken off goes. */
-    void copyOfOneMoment()
-    {
-        const Archive office;
-        const QTemporaryDir target;
-        QString refusals;
-        const auto tryToWrite = [&](const QString &file) {
-            if (file == "Saldoro.mdb"_L1)
-                throw SaldoroError(u"annullata"_s);
-            for (const QChar each : u"LCAK"_s)
-                refusals +=
-                    DirectConnection(office.project.path(each)).run(u"CREATE TABLE Altra (x)"_s);
-        };
-        QVERIFY_THROWS_EXCEPTION(SaldoroError,
-                                 CopyProject(office.project.folder(), target.path(), tryToWrite));
-        QCOMPARE(refusals.count(u"database is locked"_s), 12);
-        QVERIFY(QDir(target.path()).isEmpty());
     }
 
     /** A variant says what changes, is refused where payments lose their item, and written even
