@@ -90,4 +90,29 @@ inline QString FindAll(RecordSet &set, const QString &criterion, const QString &
     return texts.join(u' ');
 }
 
+/** A table with a field of each type; texts of five characters. */
+inline TableDef AllTypes(const QString &name = QStringLiteral("Tipi"))
+{
+    TableDef table(name);
+    for (const auto &[field, type] : {std::pair(QStringLiteral("Codice"), FieldType::Text),
+                                      {QStringLiteral("Libero"), FieldType::Text},
+                                      {QStringLiteral("Note"), FieldType::Memo},
+                                      {QStringLiteral("Breve"), FieldType::Integer},
+                                      {QStringLiteral("Lungo"), FieldType::Long},
+                                      {QStringLiteral("Soldi"), FieldType::Currency},
+                                      {QStringLiteral("Tasso"), FieldType::Double},
+                                      {QStringLiteral("Del"), FieldType::Date}})
+        table.appendField(field, type, 5);
+    table.field(QStringLiteral("LIBERO")).allowZeroLength = true;
+    return table;
+}
+
+/** A new database with the table Tipi of AllTypes(). */
+inline Database Created(const QString &path)
+{
+    Database database = Database::create(path, QStringLiteral(";LANGID=0x0409;CP=1252;COUNTRY=0"));
+    database.appendTableDef(AllTypes());
+    return database;
+}
+
 } // namespace saldoro

@@ -1,17 +1,13 @@
 #include "app/application.h"
-#include "controls/window_placement.h"
 #include "open_program.h"
 
 #include <QScreen>
-#include <QTextBlock>
-#include <QTextBrowser>
 #include <QTimer>
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
 
 namespace {
-
 QString question(int row)
 {
     return u"Sei sicuro di vole eliminare il pagamento N°%1"_s.arg(row);
@@ -109,104 +105,6 @@ private slots:
         QVERIFY(!Find(program.main, u"Command3"_s)->isEnabled());
         program.play(u"Return, Del, click Command4, click Command3, click Command1"_s);
         QCOMPARE(program.told(), u"new 1"_s);
-    }
-
-    /** The rest of a double click, a second Alt+C and a second closing by the window's frame do
-     *  nothing to the form beneath; a press of its own does. */
-    void whatBeginsOnOneWindowEndsThere()
-    {
-        constexpr int interval = 2000; // real time for the frame: enough for a slow machine
-        QApplication::setDoubleClickInterval(interval);
-        const auto press = [](const QWidget &form, const QString &name, int time) {
-            const QWidget *button = Find(form, name);
-            const QPoint place = button->mapTo(&form, button->rect().center());
-            for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
-                qt_handleMouseEvent(form.windowHandle(), place, form.mapToGlobal(place),
-                                    type == QEvent::MouseButtonPress ? Qt::LeftButton
-                                                                     : Qt::NoButton,
-                                    Qt::LeftButton, type, {}, time);
-        };
-        const auto type = [](const QWidget &form, int) {
-            for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease})
-                qt_handleKeyEvent(form.windowHandle(), kind, Qt::Key_C, Qt::AltModifier);
-        };
-        const auto askToClose = [](const QWidget &form, int) {
-            QCloseEvent event;
-            QCoreApplication::sendEvent(form.windowHandle(), &event);
-        };
-        const auto click = [&](const QWidget &form, int time) { press(form, u"Command2"_s, time); };
-        int time = 100'000;
-        for (const std::function<void(const QWidget &, int)> &act :
-             QList<std::function<void(const QWidget &, int)>>{click, type, askToClose}) {
-            OpenProgram program;
-            program.modify(1);
-            QVERIFY(QTest::qWaitForWindowActive(program.company()));
-            act(*program.company(), time);
-            QTRY_COMPARE(program.company(), nullptr);
-            act(program.main, time + 150);
-            QVERIFY(program.main.isVisible());
-            QTest::qWait(interval + 700);
-            act(program.main, time += 2 * interval);
-            QVERIFY(!program.main.isVisible());
-        }
-    }
-
-    /** F1 shows the manual at the chapter of the form, above it, until Esc. */
-    void manual()
-    {
-        OpenProgram program;
-        const auto check = [](QWidget &form, const QString &chapter) {
-            QVERIFY(QTest::qWaitForWindowActive(&form));
-            Play(&form, u"F1"_s);
-            QTRY_VERIFY(qobject_cast<QTextBrowser *>(QApplication::activeWindow()));
-            auto *manual = static_cast<QTextBrowser *>(QApplication::activeWindow());
-            QVERIFY(manual->windowFlags() & Qt::WindowStaysOnTopHint);
-            QCOMPARE(manual->cursorForPosition({30, 10}).block().text(), chapter);
-            QTest::keyClick(manual, Qt::Key_Escape);
-            QVERIFY(!manual->isVisible());
-        };
-        check(program.main, u"La schermata principale"_s);
-        program.modify(2);
-        check(*program.forms.invoiceForm(CreditorKind::Professional),
-              u"Pagamento a un professionista"_s);
-    }
-
-    void windowsKeepTheirSizes()
-    {
-        const QTemporaryDir folder;
-        KeepWindowSizes(folder.filePath(u"finestre.ini"_s));
-        for (const QSize size : {QSize(710, 510), QSize(720, 520)}) {
-            OpenProgram program;
-            program.modify(1);
-            program.company()->resize(size);
-            Play(program.company(), u"click Command2"_s);
-            program.modify(1);
-            QCOMPARE(program.company()->size(), size);
-            program.company()->showMaximized(); // which is no size of its own
-        }
-        KeepWindowSizes({});
-    }
-
-    /** An open form comes to the front with its own payment, whatever has been asked for. */
-    void eachKindOpensOnce()
-    {
-        OpenProgram program;
-        program.modify(1);
-        program.modify(2);
-        InvoiceForm *const first = program.company();
-        Play(first, u"to Text1_0, type !"_s);
-        first->showMinimized();
-        program.modify(3);
-        QCOMPARE(program.told(), u"A 1 P 2"_s);
-        QVERIFY(QTest::qWaitForWindowActive(first));
-        QVERIFY(!first->isMinimized());
-
-        Play(first, u"click Command1"_s); // saves, though payment 3 is current
-        QCOMPARE(program.list.text(1, 1), u"!Edil Valle"_s);
-        QCOMPARE(program.takeDocuments(), 5);
-        program.messages.clear();
-        program.modify(3);
-        QCOMPARE(program.told(), u"A 3 P 2"_s);
     }
 
     /** While an invoice form is open a closed main form comes back; without one the program ends.

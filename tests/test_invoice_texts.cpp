@@ -1,0 +1,104 @@
+#include "form_driver.h"
+
+#include <QClipboard>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMimeData>
+
+using namespace saldoro;
+using namespace Qt::StringLiterals;
+
+/** Texts that are typed, pasted, dropped and picked in the invoice forms. */
+class TestInvoiceTexts : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { d = std::make_unique<FormDriver>(); }
+    void cleanup() { d.reset(); }
+
+    void linesHoldWhatFits()
+    {
+        d->open(CreditorKind::Company, 1);
+        QMimeData dropped;
+        dropped.setText(u"\t\nBianchi\r\n\t& C.\r\n"_s);
+        QApplication::clipboard()->setText(dropped.text());
+        for (const auto &[name, limit] : {std::pair{u"Text1_0"_s, 60},
+                                          {u"Text1_1"_s, 10},
+                                          {u"Text1_3"_s, 50},
+                                          {u"Mandato"_s, 70}}) {
+            auto *box = d->find<QLineEdit>(name);
+            const auto drop = [&] {
+                const QPoint place = box->rect().center();
+                QDragEnterEvent enter(place, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+                QApplication::sendEvent(box, &enter);
+                QDropEvent release(place, Qt::MoveAction | Qt::CopyAction, &dropped, Qt::LeftButton,
+                                   {});
+                QApplication::sendEvent(box, &release);
+                QCOMPARE(release.dropAction(), Qt::CopyAction); // none of it goes elsewhere
+            };
+            for (const auto &paste : QList<std::function<void()>>{[&] { d->play(u"Ctrl+V"_s); },
+                                                                  [box] { box->paste(); }, drop}) {
+                box->setFocus();
+                d->play(u"Ctrl+A, type A."_s);
+                paste();
+                QTRY_COMPARE(box->text(), u"A.Bianchi & C."_s.left(limit));
+                d->play(u"Ctrl+Z"_s);
+                QVERIFY(!box->text().contains(u"Bianchi"_s)); // the paste can be undone
+            }
+            d->play(u"Ctrl+A, type "_s + QString(70, u'e'));
+            QCOMPARE(box->text(), QString(limit, u'e'));
+        }
+    }
+
+    void whatIsPickedOrPastedIsCutBetweenCharacters()
+    {
+        const QString name = u"012345678"_s.repeated(7);
+        d->archive.execute(ContractPath(d->values),
+                           u"INSERT INTO SchedaProgetto (Voce, Funzione, Stringa) VALUES "
+                           "('C1', 17, '%1\n')"_s.arg(name));
+        d->open(CreditorKind::Professional, 1);
+        d->play(u"click Command5, Return"_s);
+        QCOMPARE(d->text(u"Text1_0"_s), name.left(60));
+        const QString astral = QString::fromUcs4(U"\U0001D11E");
+        QApplication::clipboard()->setText(astral.repeated(3));
+        d->play(u"End, Backspace, Backspace, Left, Ctrl+V"_s);
+        const QString full = QString(name.left(58)).insert(57, astral.repeated(2));
+        QCOMPARE(d->text(u"Text1_0"_s), full);
+        d->play(u"Ctrl+Z"_s);
+        QCOMPARE(d->text(u"Text1_0"_s), name.left(58));
+        d->answer = MessageAnswer::Yes;
+        d->play(u"Ctrl+Shift+Z, click Command1"_s);
+        QCOMPARE(d->archive.ledgerRows(u"SELECT Creditore FROM Fatture"_s), full);
+    }
+
+    /** A line end that comes with a copied amount would make equal totals differ. */
+    void pastedAmountsAreOneLine()
+    {
+        d->open(CreditorKind::Company, 1);
+        QApplication::clipboard()->setText(u"\t1.500,00\r\n"_s);
+        d->play(u"to Text2_3, Ctrl+A, Ctrl+V"_s);
+        QCOMPARE(d->text(u"Text2_3"_s), u"1.500,00"_s);
+    }
+
+    void untouchedNoteStays()
+    {
+        const QString note = u"a\r\nb\u00a0c"_s;
+        d->archive.execute(
+            LedgerPath(d->values),
+            u"INSERT INTO Fatture (AziProf, Npag, Memo) VALUES ('P', 1, '%1')"_s.arg(note));
+        d->answer = MessageAnswer::Yes;
+        for (const auto &[steps, stored] :
+             {std::pair{u"type x"_s, note}, {u"to Memo, Return"_s, u"\r\na\r\nb c"_s}}) {
+            d->open(CreditorKind::Professional, 1);
+            d->play(steps + u", click Command1"_s);
+            QCOMPARE(d->archive.ledgerRows(u"SELECT Memo FROM Fatture"_s), stored);
+        }
+    }
+
+private:
+    std::unique_ptr<FormDriver> d;
+};
+
+QTEST_MAIN(TestInvoiceTexts)
+#include "test_invoice_texts.moc"
