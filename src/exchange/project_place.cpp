@@ -6,6 +6,7 @@
 #include "platform/registry.h"
 #include "store/archive_paths.h"
 #include "store/archives_root.h"
+#include "store/contract_codes.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -45,8 +46,7 @@ ProjectPlace PlaceOf(const QString &folder)
                         "archivi/ARCHIVI.QX/ZELT/LAVORI/APPALTI/00039."_s);
     ProjectPlace place{
         QDir::toNativeSeparators(above.chopped(tree.size())), QFileInfo(path).fileName(), {}};
-    place.folder =
-        MachinePath(place.root + ArchiveFolders::Appalti.toString() + u'\\' + place.code);
+    place.folder = ContractFolder(place.root, place.code);
     return place;
 }
 

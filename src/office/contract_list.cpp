@@ -90,7 +90,7 @@ void ContractList::read(const QString &root)
         m_table.setRow(codes.isEmpty() ? 0 : 1);
         setCurrentCode(current);
     }
-    m_folder = ContractsFolder(root);
+    m_root = root;
     m_waiting.resize(codes.size());
     std::iota(m_waiting.begin(), m_waiting.end(), 1);
     m_since.start();
@@ -117,7 +117,7 @@ bool ContractList::readContract(int row)
     const QString code = m_table.text(row, 0);
     QStringList cells{code};
     try {
-        cells = cellsOf(code, SummariseContract(m_folder + u'/' + code, 0));
+        cells = cellsOf(code, SummariseContract(ContractFolder(m_root, code), 0));
     } catch (const SaldoroError &error) {
         const auto *database = dynamic_cast<const DatabaseError *>(&error);
         if (database && database->fault() == DatabaseFault::Locked && m_since.elapsed() < patience)

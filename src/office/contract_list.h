@@ -44,7 +44,7 @@ private:
     bool readContract(int row);
 
     TextTable &m_table;
-    QString m_folder; ///< of the contracts
+    QString m_root; ///< of the archives
     QList<int> m_waiting;
     QElapsedTimer m_since;
     QTimer m_next;

@@ -112,32 +112,38 @@ QLayout *FrmAppalti::makePlace()
 
 QWidget *FrmAppalti::makeContractButtons()
 {
+    struct Button
+    {
+        QString name;
+        QString caption;
+        QString hint;
+        void (FrmAppalti::*action)();
+    };
+    const QList<Button> buttons{
+        {u"Apri"_s, u"&Apri in Saldoro"_s, u"Apre in Saldoro l'appalto scelto"_s,
+         &FrmAppalti::openContract},
+        {u"Variante"_s, u"Nuova &variante..."_s,
+         u"Dà all'appalto scelto le voci di una nuova variante"_s, &FrmAppalti::replaceBudget},
+        {u"Creditori"_s, u"&Imprese e professionisti..."_s,
+         u"Aggiunge all'appalto scelto i creditori da cercare in Saldoro"_s,
+         &FrmAppalti::addCreditors},
+        {u"Controlla"_s, u"Con&trolla"_s, u"Elenca che cosa darà problemi nell'appalto scelto"_s,
+         &FrmAppalti::checkContract},
+        {u"Copia"_s, u"&Copia..."_s,
+         u"Copia gli archivi dell'appalto scelto in un'altra cartella"_s,
+         &FrmAppalti::copyContract},
+        {u"Esporta"_s, u"&Esporta in CSV..."_s,
+         u"Scrive le tabelle dell'appalto scelto in file CSV"_s, &FrmAppalti::exportContract}};
+    constexpr int buttonsInRow = 3;
     auto *group = new QWidget;
     auto *grid = new QGridLayout(group);
     grid->setContentsMargins({});
-    grid->addWidget(MakeButton(u"Apri"_s, u"&Apri in Saldoro"_s,
-                               u"Apre in Saldoro l'appalto scelto"_s, [this] { openContract(); }),
-                    0, 0);
-    grid->addWidget(MakeButton(u"Variante"_s, u"Nuova &variante..."_s,
-                               u"Dà all'appalto scelto le voci di una nuova variante"_s,
-                               [this] { replaceBudget(); }),
-                    0, 1);
-    grid->addWidget(MakeButton(u"Creditori"_s, u"&Imprese e professionisti..."_s,
-                               u"Aggiunge all'appalto scelto i creditori da cercare in Saldoro"_s,
-                               [this] { addCreditors(); }),
-                    0, 2);
-    grid->addWidget(MakeButton(u"Controlla"_s, u"Con&trolla"_s,
-                               u"Elenca che cosa darà problemi nell'appalto scelto"_s,
-                               [this] { BringToFront(*new FrmControllo(currentFolder(), this)); }),
-                    1, 0);
-    grid->addWidget(MakeButton(u"Copia"_s, u"&Copia..."_s,
-                               u"Copia gli archivi dell'appalto scelto in un'altra cartella"_s,
-                               [this] { copyContract(); }),
-                    1, 1);
-    grid->addWidget(MakeButton(u"Esporta"_s, u"&Esporta in CSV..."_s,
-                               u"Scrive le tabelle dell'appalto scelto in file CSV"_s,
-                               [this] { exportContract(); }),
-                    1, 2);
+    for (int at = 0; at < buttons.size(); ++at) {
+        const Button &button = buttons[at];
+        const auto act = [this, action = button.action] { (this->*action)(); };
+        grid->addWidget(MakeButton(button.name, button.caption, button.hint, act),
+                        at / buttonsInRow, at % buttonsInRow);
+    }
     return group;
 }
 
@@ -173,7 +179,7 @@ QString FrmAppalti::root() const
 
 QString FrmAppalti::currentFolder() const
 {
-    return ContractsFolder(root()) + u'/' + m_contracts->currentCode();
+    return ContractFolder(root(), m_contracts->currentCode());
 }
 
 void FrmAppalti::openFolder()
@@ -234,6 +240,11 @@ void FrmAppalti::addCreditors()
     values.ArchiveRoot = root();
     values.ProjectCode = m_contracts->currentCode();
     BringToFront(*new FrmCreditori(values, this));
+}
+
+void FrmAppalti::checkContract()
+{
+    BringToFront(*new FrmControllo(currentFolder(), this));
 }
 
 void FrmAppalti::copyContract()

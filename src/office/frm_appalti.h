@@ -39,6 +39,7 @@ private:
     void createContract();
     void replaceBudget();
     void addCreditors();
+    void checkContract();
     void copyContract();
     void exportContract();
 

@@ -110,7 +110,7 @@ QLayout *FrmVoci::makeButtons()
 
 QString FrmVoci::folder() const
 {
-    return ContractsFolder(m_root) + u'/' + m_code->text();
+    return ContractFolder(m_root, m_code->text());
 }
 
 void FrmVoci::showState()

@@ -15,6 +15,11 @@ QString ContractsFolder(const QString &root)
     return MachinePath(root + ArchiveFolders::Appalti.toString());
 }
 
+QString ContractFolder(const QString &root, const QString &code)
+{
+    return MachinePath(root + ArchiveFolders::Appalti.toString() + u'\\' + code);
+}
+
 QStringList ContractCodes(const QString &root)
 {
     QStringList codes =

@@ -12,6 +12,9 @@ namespace saldoro {
 /** The folder of the contracts below an archives root, a path of the machine; it may be missing. */
 QString ContractsFolder(const QString &root);
 
+/** The folder of the contract of that code, a path of the machine; it may be missing. */
+QString ContractFolder(const QString &root, const QString &code);
+
 /** What the folder of a contract ends in until it is complete; it is none of the contracts. */
 inline constexpr QStringView UnfinishedContract = u".nuovo";
 
