@@ -15,8 +15,7 @@ class Connection;
 
 /**
  * One open database file. It is closed when the object, its copies and all record sets opened from
- * it are gone.
- * Tables are made from definitions; everything else goes through record sets.
+ * it are gone. Tables are made from definitions; everything else goes through record sets.
  *
  * Paths are archive paths (backslashes, any letter case), turned into paths of the machine here.
  * Every failure is a DatabaseError that names the file, unless a function says otherwise. Other
@@ -88,8 +87,7 @@ public:
     void copyTo(const QString &copyPath) const;
 
     /** The first fault that the engine finds when it looks through the whole file, in its own
-     * words; empty when the file is sound. Throws NotADatabase when it can't even look through it.
-     */
+     *  words; empty when the file is sound. Throws NotADatabase when it can't even do that. */
     QString damage() const;
 
     /** Whether the file at @p path has an ordinary rollback journal, and so no companion files

@@ -78,6 +78,8 @@ public:
     /** As currency(), a null giving no value. */
     std::optional<Currency> currencyOrNone() const;
 
+    /** A whole number; an amount and a floating-point number are rounded, halves to the even one.
+     */
     qint32 integer() const;
 
     /** The day of a date field; an invalid QDate for the empty text that some date fields hold. */

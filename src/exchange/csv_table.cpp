@@ -105,8 +105,8 @@ QStringList problemsOf(QChar separator, const CellColumns &columns, const Exchan
     if (columns.firstRow > 0 && separator == u'\t')
         return {u"le celle sono separate da tabulazioni: salvare il file con «;»."_s};
     if (columns.firstRow == 0)
-        return {u"nelle prime 20 righe nessuna nomina i campi %1, separati da «;» o «,»."_s.arg(
-            table.neededFields.join(u", "_s))};
+        return {u"nelle prime %1 righe nessuna nomina i campi %2, separati da «;» o «,»."_s.arg(
+            QString::number(MostHeaderRows), table.neededFields.join(u", "_s))};
     QStringList problems;
     for (const QString &field : columns.missing)
         problems.append(u"nell'intestazione manca il campo %1."_s.arg(field));
@@ -154,10 +154,10 @@ GivenTable tableOf(const QString &text, const ExchangedTable &table, const Table
         return TypedRowsOf(cells.rows, columns, table, stored, notation, found);
     };
     const bool isItalian = separator == u';';
+    const Notation own = isItalian ? Notation::Italian : Notation::International;
     const Notation other = isItalian ? Notation::International : Notation::Italian;
-    GivenTable given = readAs(isItalian ? Notation::Italian : Notation::International, faults);
-    if (const int line = rowAboveHeader(cells.rows, columns, table, stored,
-                                        isItalian ? Notation::Italian : Notation::International))
+    GivenTable given = readAs(own, faults);
+    if (const int line = rowAboveHeader(cells.rows, columns, table, stored, own))
         faults.append({line, {}, u"sta sopra l'intestazione, che va in cima al file."_s});
     // A single fault may be a typing error, though the other notation has none.
     QList<CellFault> otherFaults;

@@ -250,7 +250,8 @@ private:
     ImportOutcome m_outcome;
 };
 
-/** A folder that a program died over, before it had its name, is of no use. */
+/** Imports into a folder beside the final one, and renames it when it is complete. What a program
+ *  that died left there is deleted. */
 ImportOutcome newProject(const QString &folder, const QList<GivenTable> &tables,
                          const ImportOptions &options)
 {
@@ -267,7 +268,7 @@ ImportOutcome newProject(const QString &folder, const QList<GivenTable> &tables,
     return outcome;
 }
 
-/** The project is there, whatever becomes of the setting. */
+/** A setting that can't be written is only a warning: the project has been imported by now. */
 void adoptRoot(const ProjectPlace &place, ImportOutcome &outcome)
 {
     try {

@@ -74,11 +74,10 @@ bool isInPlace(const CheckedRow &payment)
 /** Rows of tables whose rows have no names are told by their number. */
 QString nameOfRow(const CheckedProject &project, const ProjectTable &table, qsizetype place)
 {
-    for (const auto &rows : {project.payments, project.allocations, project.budget}) {
-        for (const CheckedRow &row : rows) {
-            if (row.table == &table && row.place == place)
-                return row.name();
-        }
+    for (const auto *rows : {&project.payments, &project.allocations, &project.budget}) {
+        if (rows->isEmpty() || rows->first().table != &table)
+            continue;
+        return std::ranges::find(*rows, place, &CheckedRow::place)->name();
     }
     return u"Riga %1"_s.arg(place + 1);
 }
