@@ -153,6 +153,7 @@ void FrmAppalti::load()
         m_place->setText(
             QDir::toNativeSeparators(root()) +
             (StoredArchivesRoot() ? QString() : u" (proposta: nasce con il primo appalto)"_s));
+        m_place->setToolTip(m_place->text()); // whole, where the field shows a part
         m_contracts->read(root());
         showState(0, m_grid->table().rows() - 1);
     } catch (const FileError &error) {
