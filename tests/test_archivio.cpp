@@ -87,7 +87,7 @@ void TestArchivio::commandLine()
     add("verifica --codici P/Altrove.mdb P", "1 Archivi\n  - Altrove.mdb: L'archivio non è stato");
     add("verifica --codici=CSV/Qui.mdb -- P", "1 Archivi\n  - Qui.mdb: L'archivio non è stato");
     refuse("verifica", "Dopo verifica ci vuole: CARTELLA\n");
-    refuse("verifica P/manca", "La cartella non esiste.\n");
+    refuse("verifica P/manca", "La cartella non esiste, o non può essere aperta.\n");
     refuse("verifica P --nuovo", "L'opzione nuovo non esiste.\n");
     refuse("verifica P --codici", "Il valore di un'opzione manca, o non ci vuole.\n");
     refuse("esporta P CSV --sovrascrivi=1", "Il valore di un'opzione manca, o non ci vuole.\n");

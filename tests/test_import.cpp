@@ -216,9 +216,16 @@ void TestImport::takesOverOrRefuses()
     const OpenProject opened(MachinePath(office.project()));
     check("Spese", "", "RelNpag;Cod;Importo\n1;A1;12\n2;B2;5\n", "Saldoro ha aperto il progetto",
           nullptr, false);
+    // Files that the engine can't write together.
+    const QString companies = ArchiveFilePath(ArchiveFile::Companies, office.project());
+    WriteFile(companies, {});
+    BareFile(companies).rows(u"PRAGMA encoding = 'UTF-16'; CREATE TABLE Anag (ID)"_s);
+    const QString mixed = office.import(true, {u"Spese"_s});
+    QVERIFY2(mixed.contains(u"codifica (UTF-8 o UTF-16)"_s) && mixed.contains(u"AZIDB.mdb"_s),
+             qPrintable(mixed));
     // A database that is in use stops all before one is changed.
     office.restore(sound);
-    BareFile otherProgram(ArchiveFilePath(ArchiveFile::Companies, office.project()));
+    BareFile otherProgram(companies);
     otherProgram.rows(u"BEGIN IMMEDIATE"_s);
     QVERIFY(office.import(true, {u"Spese"_s}).contains(u"occupato da un altro programma"_s));
     QCOMPARE(office.archive(), sound);
@@ -229,6 +236,10 @@ void TestImport::keepsCodesAndWhatTheProgramWrote()
     const Office office;
     office.put(u"SchedaProgetto"_s, "Voce;Descri;Importo\nM0097_3;Pag. N.3 - Rossi;\n"
                                     "S0103;Totale;5\nQ0100;Prospetto;\nA1;Oggetto;\nM0097_x;;\n");
+    {
+        const OpenProject other(MachinePath(office.project())); // which is being made
+        QVERIFY(office.import().contains(u"sta facendo lo stesso progetto"_s));
+    }
     office.import();
     office.put(u"SchedaProgetto"_s, "Voce;Descri\nq0100;Prospetto\n");
     const auto before = office.archive();

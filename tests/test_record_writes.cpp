@@ -82,7 +82,7 @@ private slots:
         stored(u"CREATE TRIGGER t BEFORE UPDATE ON Voci WHEN NEW.Npag = 77 "
                "BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
         set.moveFirst();
-        QCOMPARE(Change(set, u"Npag"_s, 77), InVoci(Other));
+        QCOMPARE(Change(set, u"Npag"_s, 77), InVoci(NotStored));
         QCOMPARE(Walk(set, u"Npag"_s), u"1 2 3 4 5"_s);
         QCOMPARE(numbers(), u"1 2 3 4 5"_s);
     }
@@ -145,9 +145,9 @@ private slots:
                "INSERT INTO Una VALUES(1, 1, 1), (1, 1, 2);"
                "CREATE TABLE Senza(_rowid_ LONG, rowid LONG, oid LONG)"_s);
         RecordSet odd = open(u"SELECT * FROM Una"_s);
-        QCOMPARE(Change(odd, u"n"_s, 2), Fault(Other, u"Una"_s));
+        QCOMPARE(Change(odd, u"n"_s, 2), Fault(NotStored, u"Una"_s));
         QCOMPARE(Change(odd, u"n"_s, 3), QString());
-        QCOMPARE(Add(odd, u"n"_s, 2), Fault(Other, u"Una"_s));
+        QCOMPARE(Add(odd, u"n"_s, 2), Fault(NotStored, u"Una"_s));
         odd.deleteRecord();
         QCOMPARE(stored(u"SELECT * FROM Una"_s), u"1|1|2"_s);
         RecordSet without = open(u"SELECT * FROM Senza"_s);

@@ -19,7 +19,7 @@ struct FaultText
     QStringView remedy;
 };
 
-constexpr std::array<FaultText, 19> faultTexts{{
+constexpr std::array<FaultText, 20> faultTexts{{
     {DatabaseFault::FileMissing, u"L'archivio non è stato trovato.",
      u"Controllare la cartella degli archivi impostata, il codice del "
      "progetto e che la cartella del progetto esista."},
@@ -34,7 +34,7 @@ constexpr std::array<FaultText, 19> faultTexts{{
     {DatabaseFault::DiskFull, u"La scrittura nell'archivio non è riuscita.",
      u"Liberare spazio sul disco o controllare che funzioni."},
     {DatabaseFault::ReadFailed, u"La lettura dell'archivio non è riuscita.",
-     u"Controllare che il disco e la rete funzionino e riprovare."},
+     u"Controllare i permessi, il disco e la rete, e riprovare."},
     {DatabaseFault::TableMissing, u"Nell'archivio manca una tabella.",
      u"Controllare che il file sia quello giusto per questo programma."},
     {DatabaseFault::FieldMissing, u"Nella tabella manca un campo.",
@@ -55,8 +55,12 @@ constexpr std::array<FaultText, 19> faultTexts{{
     {DatabaseFault::RecordGone, u"Il record è stato eliminato da un altro programma.",
      u"Riaprire il programma per vedere lo stato attuale."},
     {DatabaseFault::NotStored,
-     u"Una regola propria della tabella (trigger) non ha lasciato scrivere il record.",
-     u"Chiedere a chi ha preparato l'archivio di togliere i trigger dalla tabella."},
+     u"Una regola propria della tabella (trigger, controllo o indice) non ha lasciato scrivere il "
+     "record.",
+     u"Chiedere a chi ha preparato l'archivio di togliere la regola dalla tabella."},
+    {DatabaseFault::OtherEncoding,
+     u"L'archivio tiene i testi in una codifica (UTF-8 o UTF-16) diversa da quella degli altri.",
+     u"Chiedere a chi ha preparato gli archivi di farli tutti in UTF-8."},
     {DatabaseFault::Endless, u"La lettura dell'archivio non arriva alla fine.",
      u"Chiedere a chi ha preparato l'archivio di correggere le interrogazioni memorizzate."},
     {DatabaseFault::Other, u"L'archivio dati ha segnalato un errore.",

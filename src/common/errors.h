@@ -99,7 +99,7 @@ enum class DatabaseFault
     Locked,            ///< another program kept the file for the whole time-out
     ReadOnly,          ///< the file, the medium or the record set accepts no change
     DiskFull,          ///< no room left, or a write that the disk did not carry out
-    ReadFailed,        ///< the disk or the network did not give what the file holds
+    ReadFailed,        ///< permissions, the disk or the network keep the file from being read
     TableMissing,      ///< the query names a table that the file does not hold
     FieldMissing,      ///< no field of that name in the record set
     SyntaxError,       ///< a query or criterion that cannot be read
@@ -109,7 +109,8 @@ enum class DatabaseFault
     FieldTooSmall,     ///< a text longer than its field, or a number beyond its range
     ZeroLengthRefused, ///< an empty text for a field that does not accept one
     RecordGone,        ///< the record was deleted meanwhile by another program
-    NotStored,         ///< a trigger of the file kept a record from being written or deleted
+    NotStored,         ///< a rule of the file kept a record from being written or deleted
+    OtherEncoding,     ///< one transaction over files that keep their texts in different encodings
     Endless,           ///< a query that takes too long or gives too much
     Other              ///< anything else that the engine reports
 };

@@ -26,14 +26,10 @@ int collate(void * /*context*/, int leftSize, const void *left, int rightSize, c
                        {static_cast<const char *>(right), rightSize});
 }
 
-/** The engine takes an empty file for an empty database and a folder for a file it can't open. */
 void refuseWhatIsNoDatabase(const QString &path)
 {
-    const QFileInfo file(path);
-    if (!file.exists())
-        throw DatabaseError(DatabaseFault::FileMissing, path);
-    if (!file.isFile() || file.size() == 0)
-        throw DatabaseError(DatabaseFault::NotADatabase, path);
+    if (const auto fault = FileFault(path))
+        throw DatabaseError(*fault, path);
 }
 
 } // namespace

@@ -7,8 +7,10 @@
 #include <QRegularExpression>
 
 #include <array>
+#include <filesystem>
 #include <new>
 #include <sqlite3.h>
+#include <system_error>
 #include <utility>
 
 namespace saldoro {
@@ -24,7 +26,8 @@ int kindOf(int code)
 }
 
 /** What the engine tells in words only, which hold the name of a table or field. */
-DatabaseError errorInWords(const QString &message, const QString &path, const QString &table)
+DatabaseError errorInWords(int kind, const QString &message, const QString &path,
+                           const QString &table)
 {
     using enum DatabaseFault;
     const QList<std::pair<QString, DatabaseFault>> faults{
@@ -32,6 +35,7 @@ DatabaseError errorInWords(const QString &message, const QString &path, const QS
         {u"^no such column: (?:.*\\.)?(.+)$"_s, FieldMissing},
         {u"^NOT NULL constraint failed: (?:.*\\.)?(.+)$"_s, NullValue},
         {u"^CHECK constraint failed: "_s + ZeroLengthConstraint + u"(.+)$"_s, ZeroLengthRefused},
+        {u"^attached databases must use the same text encoding"_s, OtherEncoding},
         {u"^(near |incomplete input|unrecognized token|ambiguous column name)|syntax error"_s,
          SyntaxError}};
     for (const auto &[words, fault] : faults) {
@@ -44,16 +48,7 @@ DatabaseError errorInWords(const QString &message, const QString &path, const QS
         return fault == TableMissing ? DatabaseError(fault, path, name)
                                      : DatabaseError(fault, path, table, name);
     }
-    return {Other, path, table, {}, message};
-}
-
-/** A file that can't be opened: missing, no file at all, or its folder takes no journal. */
-DatabaseFault cannotOpenFault(const QString &path)
-{
-    const QFileInfo file(path);
-    if (!file.exists())
-        return DatabaseFault::FileMissing;
-    return file.isFile() ? DatabaseFault::ReadOnly : DatabaseFault::NotADatabase;
+    return {kind == SQLITE_CONSTRAINT ? NotStored : Other, path, table, {}, message};
 }
 
 /** What the engine's codes stand for. The more exact ones stand before those that they belong to,
@@ -81,7 +76,7 @@ constexpr std::array<std::pair<int, DatabaseFault>, 16> codeFaults{{
 DatabaseFault faultOf(int code, const QString &path)
 {
     if (kindOf(code) == SQLITE_CANTOPEN)
-        return cannotOpenFault(path);
+        return FileFault(path).value_or(DatabaseFault::ReadOnly); // its folder takes no journal
     for (const auto &[known, fault] : codeFaults) {
         if (known == code || known == kindOf(code))
             return fault;
@@ -91,13 +86,24 @@ DatabaseFault faultOf(int code, const QString &path)
 
 } // namespace
 
+std::optional<DatabaseFault> FileFault(const QString &path)
+{
+    const QFileInfo file(path);
+    std::error_code fault;
+    if (!std::filesystem::exists(path.toStdU16String(), fault)) // a file behind a closed folder
+        return fault ? DatabaseFault::ReadFailed : DatabaseFault::FileMissing;
+    if (!file.isFile() || file.size() == 0)
+        return DatabaseFault::NotADatabase;
+    return file.isReadable() ? std::nullopt : std::optional(DatabaseFault::ReadFailed);
+}
+
 void ThrowEngineError(int code, const QString &message, const QString &path, const QString &table)
 {
     const int kind = kindOf(code);
     if (kind == SQLITE_NOMEM)
         throw std::bad_alloc();
     if (kind == SQLITE_ERROR || kind == SQLITE_CONSTRAINT)
-        throw errorInWords(message, path, table);
+        throw errorInWords(kind, message, path, table);
     const DatabaseFault fault = faultOf(code, path);
     const bool needsDetail = fault == DatabaseFault::Other || fault == DatabaseFault::DiskFull ||
                              fault == DatabaseFault::ReadFailed;

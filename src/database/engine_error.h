@@ -1,8 +1,17 @@
 #pragma once
 
+#include "common/errors.h"
+
 #include <QString>
 
+#include <optional>
+
 namespace saldoro {
+
+/** What keeps the file at @p path (of the machine) from being opened as a database, as far as that
+ *  shows from outside. The engine takes an empty file for an empty database, and tells a folder, a
+ *  closed file and a missing one alike. */
+std::optional<DatabaseFault> FileFault(const QString &path);
 
 /**
  * Throws the DatabaseError that stands for the result code @p code of the engine; std::bad_alloc

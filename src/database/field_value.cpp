@@ -77,7 +77,7 @@ struct Converter
     {
         if (!day.isValid() || field.type != FieldType::Date)
             return DatabaseFault::TypeMismatch;
-        return StoredValue(KeptText(day.toString(u"yyyy-MM-dd"_s).toUtf8(), texts));
+        return StoredValue(KeptText(day.toString(Qt::ISODate).toUtf8(), texts));
     }
 
     Form operator()(qint32 number) const

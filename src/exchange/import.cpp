@@ -255,6 +255,10 @@ private:
 ImportOutcome newProject(const QString &folder, const QList<GivenTable> &tables,
                          const ImportOptions &options)
 {
+    const OpenProject mark(folder);
+    if (mark.isOpenElsewhere())
+        throw SaldoroError(u"Un altro programma sta facendo lo stesso progetto."_s,
+                           u"Attendere che abbia finito, e riprovare."_s);
     const QString aside = folder + UnfinishedContract.toString();
     QDir(aside).removeRecursively();
     ImportOutcome outcome = ProjectImport(aside, tables, options).run();

@@ -64,8 +64,8 @@ QString ExistingFolder(const QString &given)
 {
     QString folder = QFileInfo(given).isDir() ? given : MachinePath(given);
     if (!QFileInfo(folder).isDir())
-        throw FileError(folder, u"La cartella non esiste."_s,
-                        u"Controllare il nome della cartella."_s);
+        throw FileError(folder, u"La cartella non esiste, o non può essere aperta."_s,
+                        u"Controllare il nome della cartella e i permessi."_s);
     return folder;
 }
 

@@ -21,12 +21,11 @@ std::unique_ptr<QLockFile> markNumber(int number, const QString &projectFolder)
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
                            u"/saldoro/aperti"_s;
     QDir().mkpath(folder);
+    const QFileInfo info(projectFolder);
+    const QString path = info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
     // A project is the same in any letter case.
     const QByteArray name =
-        QCryptographicHash::hash(
-            QFileInfo(projectFolder).canonicalFilePath().toCaseFolded().toUtf8(),
-            QCryptographicHash::Sha1)
-            .toHex();
+        QCryptographicHash::hash(path.toCaseFolded().toUtf8(), QCryptographicHash::Sha1).toHex();
     auto mark = std::make_unique<QLockFile>(folder + u'/' + QString::fromLatin1(name) + u'-' +
                                             QString::number(number));
     mark->setStaleLockTime(0); // only the death of its program ends a mark, however old it is

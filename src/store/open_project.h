@@ -16,7 +16,7 @@ namespace saldoro {
 class OpenProject
 {
 public:
-    /** @param projectFolder a path of the machine. */
+    /** @param projectFolder a path of the machine, of a folder that need not be there yet. */
     explicit OpenProject(const QString &projectFolder);
 
     /** Whether another program has the project open right now. */

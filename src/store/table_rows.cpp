@@ -46,10 +46,10 @@ TableRows StoredRows(const Database &database, const TableDef &table, Reading re
     for (; !records.eof(); records.moveNext()) {
         TableRow row;
         row.reserve(columns.size());
-        for (const auto &[column, field] : columns)
-            row.append(records.field(column).isNull()
-                           ? NewValue()
-                           : valueOf(*field, records.field(column), reading));
+        for (const auto &[column, field] : columns) {
+            const FieldValue stored = records.field(column);
+            row.append(stored.isNull() ? NewValue() : valueOf(*field, stored, reading));
+        }
         rows.append(std::move(row));
     }
     return rows;

@@ -15,8 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Throws on what is no finding: the file is in use, has a change that was broken off, or can't be
- *  read by this user. */
+/** Throws on what is no finding: the file is in use or has a change that was broken off. */
 void throwWhatHinders(const QString &path, const DatabaseError &error)
 {
     // Only a program that writes can undo a change that was broken off, and a check does not write.
