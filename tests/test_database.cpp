@@ -8,6 +8,9 @@
 #include <QOperatingSystemVersion>
 
 #include <sqlite3.h>
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
@@ -140,6 +143,11 @@ private slots:
         const Database again = Database::open(path);
         QVERIFY(!again.damage().isEmpty());
         QVERIFY(!Database::hasPlainJournal(path));
+#ifdef Q_OS_UNIX
+        const QString pipe = m_folder.filePath(u"pipe"_s);
+        QCOMPARE(mkfifo(pipe.toUtf8().constData(), 0600), 0);
+        QVERIFY(Database::hasPlainJournal(pipe)); // and does not wait for its other end
+#endif
     }
 
     void pathsAreFoundInAnyLetterCase()

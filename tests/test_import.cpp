@@ -75,6 +75,7 @@ void TestImport::refuses()
         {"UltimaPerVariante", budget + "A1;a \"b\";1\n", "riga 2: ci sono virgolette dentro"},
         {"UltimaPerVariante", budget + "A1;\"a\" b;1\n", "riga 2: dopo le virgolette chiuse"},
         {"UltimaPerVariante", budget + "A1;\"a;1\nA2;b;2\n", "riga 2: le virgolette aperte"},
+        {"UltimaPerVariante", "\"Voce\" ;Descri;Importo\n", "riga 1: dopo le virgolette chiuse"},
         {"SchedaProgetto", "Voce;Funzione;Link\nA;32768;1\nB;1;2147483648\nC;1.0;1\n",
          "riga 2, campo Funzione: il valore non sta nel campo|riga 3, campo Link: "
          "«2147483648»|riga 4, campo Funzione: «1.0» non è un numero intero"},
@@ -85,8 +86,9 @@ void TestImport::refuses()
          "Creditore: il testo è vuoto|riga 3, campo NFat: il testo ha 11|campo Del: «31/01/2024» "
          "non è una data aaaa-mm-gg|campo Importo: «1.234»"}};
     const std::tuple<const char *, QByteArray, QByteArray> doubts[] = {
-        {"UltimaPerVariante", budget + ";x;1\na;x;1\nA;x;1\n",
-         "csv, riga 2: Voce senza codice (riga 1): manca|csv, riga 4: Voce A (riga 3): il codice"},
+        {"UltimaPerVariante", budget + ";x;1\na;x;1\nA;x;1\nB\u200B;x;1\n",
+         "csv, riga 2: Voce senza codice (riga 1): manca|csv, riga 4: Voce A (riga 3): il "
+         "codice|csv, riga 5: Voce B\u200B (riga 4): il codice contiene caratteri che non"},
         {"Spese", "RelNpag;Cod;Importo\n1;A1;1\n", "riga 2: Conto di spesa alla riga 1 (pag"},
         {"Fatture", payments + "A;1;Rossi;;1;1;\nB;3;Rossi;1/1/2024;1;1;\n",
          "riga 2: Pagamento 1 (riga 1, Rossi): manca il valore di Del|riga 3: Pagamento 3 (riga 2, "

@@ -36,4 +36,10 @@ QString FixedWidth(const QString &text, qsizetype width)
     return cut + QString(width - CharacterCount(cut), u' ');
 }
 
+bool IsUnseen(QChar character)
+{
+    const QChar::Category category = character.category();
+    return category == QChar::Other_Format || category == QChar::Other_Control;
+}
+
 } // namespace saldoro

@@ -13,4 +13,8 @@ QString LeftCharacters(const QString &text, qsizetype count);
 /** The text cut or padded on the right with blanks to exactly @p width characters. */
 QString FixedWidth(const QString &text, qsizetype width);
 
+/** Whether a character is one that no screen shows: a control character, or a mark such as the
+ *  blank without width. */
+bool IsUnseen(QChar character);
+
 } // namespace saldoro

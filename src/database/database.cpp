@@ -208,8 +208,10 @@ bool Database::hasPlainJournal(const QString &path)
     constexpr char writeAheadLog = 2;
     QFile file(MachinePath(path));
     char version = 0;
-    return !file.open(QIODevice::ReadOnly) || !file.seek(writerVersion) ||
-           !file.getChar(&version) || version != writeAheadLog;
+    const bool isRead = QFileInfo(file).isFile() && // to open a pipe would wait for ever
+                        file.open(QIODevice::ReadOnly) && file.seek(writerVersion) &&
+                        file.getChar(&version);
+    return !isRead || version != writeAheadLog;
 }
 
 QString Database::noPlainJournalProblem()

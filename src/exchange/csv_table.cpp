@@ -146,6 +146,9 @@ GivenTable tableOf(const QString &text, const ExchangedTable &table, const Table
     const auto [separator, columns] = headerOf(text, table);
     for (const QString &problem : problemsOf(separator, columns, table))
         faults.append({0, {}, problem});
+    const auto early = RowsOfText(text, u';', MostHeaderRows).fault;
+    if (columns.firstRow == 0 && early) // which may be what hides the header
+        faults.append(*early);
     if (!faults.isEmpty())
         return {&table, {}};
     unknownFields = columns.unknown;

@@ -1,6 +1,7 @@
 #include "exchange/pasted_table.h"
 
 #include "common/errors.h"
+#include "common/text_cut.h"
 
 #include <QMap>
 #include <QRegularExpression>
@@ -18,9 +19,7 @@ namespace {
 QString plainCell(const QString &cell)
 {
     QString plain = cell.simplified().replace(u'\u2212', u'-'); // a minus sign
-    plain.removeIf([](QChar each) {
-        return each.category() == QChar::Other_Format || each.category() == QChar::Other_Control;
-    });
+    plain.removeIf(IsUnseen);
     return plain.isEmpty() ? QString() : plain;
 }
 

@@ -4,6 +4,7 @@
 #include "store/pick_limits.h"
 #include "verify/checks.h"
 
+#include <algorithm>
 #include <set>
 
 namespace saldoro {
@@ -85,6 +86,9 @@ QStringList spellingFaults(const QString &code)
     if (code != code.trimmed() || code.isEmpty())
         faults.append(u"il codice è vuoto o ha spazi all'inizio o alla fine: la voce inserita in "
                       "un pagamento riceve un codice diverso."_s);
+    if (std::ranges::any_of(code, IsUnseen))
+        faults.append(u"il codice contiene caratteri che non si vedono: un altro, che si legge "
+                      "uguale, è un'altra voce."_s);
     if (CharacterCount(code.trimmed()) > PickedCodeWidth)
         faults.append(
             u"il codice ha più di cinque caratteri: inserita in un pagamento, la voce riceve il "
