@@ -2,6 +2,7 @@
 #include "exchange/archive_tables.h"
 #include "exchange/cell_values.h"
 #include "exchange/export.h"
+#include "exchange/progress.h"
 #include "office.h"
 #include "platform/machine_path.h"
 #include "rtf_text.h"
@@ -10,6 +11,7 @@
 #include <QTest>
 
 #include <limits>
+#include <stdexcept>
 
 using namespace saldoro;
 
@@ -93,6 +95,7 @@ private slots:
     void roundTrip();
     void takesTheExample();
     void exportRefuses();
+    void exportsOneMoment();
 };
 
 void TestExchange::values()
@@ -195,6 +198,28 @@ void TestExchange::exportRefuses()
     QVERIFY(ContentOf(out + u"/fatture.CSV"_s)
                 .startsWith("\xEF\xBB\xBF"
                             "AziProf;Npag"));
+}
+
+void TestExchange::exportsOneMoment()
+{
+    const Office office;
+    office.putBudget("A1;Scavi;1\n");
+    office.import();
+    office.rows(
+        ArchiveFile::Ledger,
+        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n LIMIT 1000) "
+        "INSERT INTO Fatture(Npag) SELECT i FROM n; INSERT INTO Spese(RelNpag) VALUES (1)"_s);
+    // Between two tables of a database another program can't change the second.
+    int tries = 0;
+    Progress::setWatcher([&](const QString &step, qsizetype) {
+        tries += step.endsWith(u"Fatture"_s) ? 1 : 0;
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error,
+                                 office.rows(ArchiveFile::Ledger, u"DELETE FROM Spese"_s));
+    });
+    const QString said = ExportProject(office.project(), office.path(u"out"_s));
+    Progress::setWatcher({});
+    QCOMPARE(tries, 1);
+    QVERIFY2(said.contains(u"Spese: 1 riga"_s), qPrintable(said));
 }
 
 QTEST_GUILESS_MAIN(TestExchange)
