@@ -18,8 +18,8 @@ struct BudgetChange
     QString description;    ///< the new one where there is one
     bool isNew = false;     ///< not in the budget before
     bool isDropped = false; ///< not in the budget after
-    std::optional<Currency> before =
-        {}; ///< amounts; no value for a null or an item that is not there
+    // Amounts; no value for a null or an item that is not there.
+    std::optional<Currency> before = {};
     std::optional<Currency> after = {};
     bool isPaid = false; ///< payments are allocated to it
 
