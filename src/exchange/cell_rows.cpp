@@ -21,6 +21,7 @@ public:
     CellRow row()
     {
         CellRow row{m_line, {}};
+        row.cells.reserve(m_width);
         do
             row.cells.append(isAt(u'"') ? quotedCell() : plainCell());
         while (take(m_separator));
@@ -28,6 +29,7 @@ public:
         if (!take(u'\n') && !hasReturn && !isAtEnd())
             fail(u"dopo le virgolette chiuse la cella continua"_s);
         ++m_line;
+        m_width = row.cells.size();
         return row;
     }
 
@@ -91,6 +93,7 @@ private:
     QChar m_separator;
     qsizetype m_at = 0;
     int m_line = 1;
+    qsizetype m_width = 0; ///< cells of the row before
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "exchange/cell_values.h"
 
 #include <QRegularExpression>
+#include <QtNumeric>
 
 #include <algorithm>
 
@@ -48,14 +49,20 @@ std::optional<Currency> AmountOf(QStringView text, Notation notation)
     if (whole.isEmpty() || decimals.isEmpty() || decimals.size() > mostDecimals ||
         (whole.contains(group) && !isGrouped(whole)) || (!isItalian && decimals.size() == 3))
         return std::nullopt;
-    QString digits = whole.toString().remove(group);
-    digits += decimals;
-    if (!std::all_of(digits.begin(), digits.end(),
-                     [](QChar character) { return character >= u'0' && character <= u'9'; }))
-        return std::nullopt;
-    digits.resize(digits.size() + mostDecimals - decimals.size(), u'0');
-    bool fits = false;
-    const qint64 scaled = (isNegative ? u'-' + digits : digits).toLongLong(&fits);
+    qint64 scaled = 0;
+    bool fits = true;
+    const auto append = [&](QChar character) {
+        const qint64 digit = character.unicode() - u'0';
+        const qint64 signedDigit = isNegative ? -digit : digit;
+        fits = fits && digit >= 0 && digit <= 9 && !qMulOverflow(scaled, qint64{10}, &scaled) &&
+               !qAddOverflow(scaled, signedDigit, &scaled);
+    };
+    for (const QChar character : whole) {
+        if (character != group)
+            append(character);
+    }
+    std::ranges::for_each(decimals, append);
+    std::ranges::for_each(u"0000"_s.first(mostDecimals - decimals.size()), append);
     return fits ? std::optional(Currency::fromScaled(scaled)) : std::nullopt;
 }
 
