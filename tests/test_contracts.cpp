@@ -1,5 +1,6 @@
 #include "common/errors.h"
 #include "database_probe.h"
+#include "platform/progress.h"
 #include "sound_project.h"
 #include "store/contract_codes.h"
 #include "store/project_copy.h"
@@ -65,14 +66,14 @@ private slots:
         const SoundProject project;
         const QTemporaryDir target;
         QString refusals;
-        const auto tryToWrite = [&](const QString &file) {
-            if (file == "Saldoro.mdb"_L1)
+        Progress::setWatcher([&](const QString &state) {
+            if (state == "Copia di Saldoro.mdb"_L1)
                 throw SaldoroError(u"annullata"_s);
             for (const QChar each : u"LCAK"_s)
                 refusals += DirectConnection(project.path(each)).run(u"CREATE TABLE Altra (x)"_s);
-        };
-        QVERIFY_THROWS_EXCEPTION(SaldoroError,
-                                 CopyProject(project.folder(), target.path(), tryToWrite));
+        });
+        QVERIFY_THROWS_EXCEPTION(SaldoroError, CopyProject(project.folder(), target.path()));
+        Progress::setWatcher({});
         QCOMPARE(refusals.count(u"database is locked"_s), 12);
         QVERIFY(QDir(target.path()).isEmpty());
     }

@@ -28,7 +28,7 @@ QString told(const PastedTable &pasted)
     lines.append(u"= "_s + TotalText(pasted.table(), pasted.taken().rows) +
                  (pasted.isReady() ? u" pronto"_s : u""_s));
     if (!pasted.remark().isEmpty())
-        lines.append(pasted.remark().left(18));
+        lines.append(pasted.remark());
     return lines.join(u'\n');
 }
 
@@ -71,7 +71,8 @@ private slots:
             "s intestazione\nA1|Scavi|12,50\n= 12,50 pronto");
         add("the other notation throughout", "A1\tScavi\t1,234.50\nA2\tMuri\t1,234\nA3\tTetti\t7",
             "A1|Scavi|1.234,50\nA2|Muri|1.234,00\nA3|Tetti|7,00\n= 2.475,50 pronto\n"
-            "Gli importi erano ");
+            "Gli importi erano scritti come 1,234.56: sono stati letti tutti così e riscritti "
+            "all'italiana.");
         add("both notations", "A1\tScavi\t1.234,50\nA2\tMuri\t1,234.50\nA3\tTetti\t1,234",
             "A1|Scavi|1.234,50\n! Importo: «1,234.50» non è un importo come 1.234,56, o è fuori "
             "misura.\n! Importo: «1,234» può essere mille volte tanto: scriverlo con due "
@@ -81,6 +82,12 @@ private slots:
         add("something lacks", "A1\t\t5,00\nA2\tMuri\t\nA3\tTetti\t#RIF!",
             "! manca Descrizione.\n! manca Importo.\n! Importo: «#RIF!» non è un importo come "
             "1.234,56, o è fuori misura.\n= 0,00");
+        add("two columns for one field; codes in the place of descriptions",
+            "Codice\tDescrizione\tImporto lordo\tImporto netto\nScavi\tA1\t5\t4",
+            "s intestazione\nScavi|A1|5,00\n= 5,00 pronto\nImporto può essere «3. Importo "
+            "lordo» o «4. Importo netto»: è stata presa la prima di queste colonne. Se è "
+            "un'altra, indicarla qui sopra.\nI codici sono più lunghi delle descrizioni: se le "
+            "colonne sono scambiate, indicarle qui sopra.");
         add("semicolons for tabs", "A1;\"Scavi; e muri\";5,00\n",
             "A1|Scavi; e muri|5,00\n= 5,00 pronto");
         add("one column", "A1\nA2",

@@ -6,7 +6,7 @@
 #include "exchange/archive_tables.h"
 #include "exchange/cell_values.h"
 #include "exchange/made_files.h"
-#include "exchange/progress.h"
+#include "platform/progress.h"
 #include "platform/whole_file.h"
 #include "store/archive_paths.h"
 

@@ -85,6 +85,11 @@ void PastedTable::setRows(const QList<CellRow> &rows)
         if (isExpected && columnOf(fields[place]) < 0 && m_columns.places[place] < 0)
             m_columns.places[place] = place;
     }
+    m_doubts.clear();
+    for (const QString &field : m_table.neededFields)
+        m_doubts[field] = m_columns.firstRow == 0
+                              ? QString()
+                              : doubtOf(field, rows[m_columns.firstRow - 1].cells);
     m_rows.clear();
     for (const CellRow &row : rows) {
         m_rows.append(PastedRow());
@@ -93,6 +98,21 @@ void PastedTable::setRows(const QList<CellRow> &rows)
         m_rows.last().cells.resize(width);
     }
     judge();
+}
+
+QString PastedTable::doubtOf(const QString &field, const QStringList &header) const
+{
+    QStringList names;
+    for (qsizetype column = 0; column < header.size(); ++column) {
+        const QString name = header[column].simplified();
+        const bool isTaken = column == columnOf(field);
+        if (isTaken || (m_columns.places[column] < 0 && MayMean(name, field)))
+            names.insert(isTaken ? 0 : names.size(), u"«%1. %2»"_s.arg(column + 1).arg(name));
+    }
+    return names.size() < 2
+               ? QString()
+               : u"%1 può essere %2: è stata presa la prima di queste colonne. Se è "
+                 "un'altra, indicarla qui sopra."_s.arg(caption(field), names.join(u" o "_s));
 }
 
 void PastedTable::setText(const QString &text)
@@ -148,6 +168,7 @@ void PastedTable::setColumn(const QString &field, qsizetype column)
         m_columns.places[before] = CellColumns::Unknown;
     if (column >= 0)
         m_columns.places[column] = m_table.place(field);
+    m_doubts.remove(field);
     judge();
 }
 
@@ -254,13 +275,25 @@ qsizetype PastedTable::count(PastedState state) const
 
 QString PastedTable::remark() const
 {
-    for (const QString &field : m_table.neededFields) {
-        if (columnOf(field) < 0)
-            return u"Manca la colonna %1: indicarla qui sopra."_s.arg(caption(field));
-    }
-    return m_isConverted ? u"Gli importi erano scritti come 1,234.56: sono stati letti tutti così "
-                           "e riscritti all'italiana."_s
-                         : QString();
+    QStringList remarks;
+    for (const QString &field : m_table.neededFields)
+        remarks.append(columnOf(field) < 0
+                           ? u"Manca la colonna %1: indicarla qui sopra."_s.arg(caption(field))
+                           : m_doubts.value(field));
+    const auto letters = [this](const QString &field) {
+        qsizetype sum = 0;
+        for (const TableRow &row : m_taken.rows)
+            sum += TextOf(row.value(m_table.place(field))).size();
+        return sum;
+    };
+    if (letters(u"Voce"_s) > letters(u"Descri"_s) && columnOf(u"Descri"_s) >= 0)
+        remarks.append(u"I codici sono più lunghi delle descrizioni: se le colonne sono scambiate, "
+                       "indicarle qui sopra."_s);
+    if (m_isConverted)
+        remarks.append(u"Gli importi erano scritti come 1,234.56: sono stati letti tutti così e "
+                       "riscritti all'italiana."_s);
+    remarks.removeAll(QString());
+    return remarks.join(u'\n');
 }
 
 } // namespace saldoro

@@ -3,6 +3,7 @@
 #include "exchange/typed_rows.h"
 
 #include <QList>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
@@ -72,7 +73,7 @@ public:
     /** The rows that are taken; their lines are their numbers among rows(), from 1. */
     const GivenTable &taken() const { return m_taken; }
     qsizetype count(PastedState state) const;
-    /** What calls for attention in the whole; may be empty. */
+    /** What calls for attention in the whole, a line each; may be empty. */
     QString remark() const;
     /** Whether there are rows to take and every row can be taken or stays out. */
     bool isReady() const { return !m_taken.rows.isEmpty() && count(PastedState::Faulty) == 0; }
@@ -81,6 +82,8 @@ private:
     void judge();
     /** Rewrites the amounts in the Italian notation. */
     void readInItalian();
+    /** The columns that a field may be by the names in the header, if there are several. */
+    QString doubtOf(const QString &field, const QStringList &header) const;
     QString setAsideReason(qsizetype row) const;
     void addFault(int line, const QString &reason);
 
@@ -88,7 +91,8 @@ private:
     Check m_check;
     QList<PastedRow> m_rows;
     CellColumns m_columns;
-    bool m_isConverted = false; ///< from the international notation
+    QMap<QString, QString> m_doubts; ///< what the header leaves open about a field
+    bool m_isConverted = false;      ///< from the international notation
     GivenTable m_taken;
 };
 

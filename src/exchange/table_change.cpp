@@ -3,7 +3,7 @@
 #include "common/errors.h"
 #include "database/table_refill.h"
 #include "database/text_order.h"
-#include "exchange/progress.h"
+#include "platform/progress.h"
 
 #include <QFileInfo>
 #include <QHash>

@@ -2,7 +2,7 @@
 
 #include "common/errors.h"
 #include "common/text_cut.h"
-#include "exchange/progress.h"
+#include "platform/progress.h"
 
 #include <algorithm>
 #include <functional>
@@ -12,14 +12,6 @@ namespace saldoro {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/** Whether a column of that name may well be meant for the field. */
-bool isLike(const QString &name, const QString &field)
-{
-    constexpr qsizetype sameLetters = 3;
-    return name.startsWith(field.first(std::min(sameLetters, field.size())), Qt::CaseInsensitive) ||
-           (field == "Voce"_L1 && name.startsWith("cod"_L1, Qt::CaseInsensitive));
-}
 
 /** The columns that a row names; those of needed fields also by names much like theirs. */
 CellColumns columnsOf(const CellRow &row, qsizetype firstRow, const ExchangedTable &table)
@@ -39,7 +31,7 @@ CellColumns columnsOf(const CellRow &row, qsizetype firstRow, const ExchangedTab
     for (const QString &needed : table.neededFields) {
         qsizetype cell = columns.places.indexOf(table.place(needed));
         for (qsizetype other = 0; cell < 0 && other < names.size(); ++other) {
-            if (columns.places[other] == CellColumns::Unknown && isLike(names[other], needed)) {
+            if (columns.places[other] == CellColumns::Unknown && MayMean(names[other], needed)) {
                 columns.guesses.append({needed, names[other]});
                 columns.places[cell = other] = table.place(needed);
             }
@@ -213,6 +205,13 @@ private:
 };
 
 } // namespace
+
+bool MayMean(const QString &name, const QString &field)
+{
+    constexpr qsizetype sameLetters = 3;
+    return name.startsWith(field.first(std::min(sameLetters, field.size())), Qt::CaseInsensitive) ||
+           (field == "Voce"_L1 && name.startsWith("cod"_L1, Qt::CaseInsensitive));
+}
 
 CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table)
 {

@@ -32,6 +32,9 @@ struct CellColumns
     auto lack() const { return std::pair(missing.size(), guesses.size()); }
 };
 
+/** Whether a column of that name may well be meant for a needed field. */
+bool MayMean(const QString &name, const QString &field);
+
 /** Looks among the first rows for the one that names the needed fields of @p table, by their names
  *  in any letter case or, where no row does, by names much like them ("Descrizione" for Descri). */
 CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table);

@@ -245,16 +245,17 @@ void FrmAppalti::addCreditors()
 
 void FrmAppalti::checkContract()
 {
-    BringToFront(*new FrmControllo(currentFolder(), this));
+    auto *form = new FrmControllo(currentFolder(), this);
+    BringToFront(*form);
+    form->check();
 }
 
 void FrmAppalti::copyContract()
 {
     const QString folder = askFolder(this, u"Dove mettere la copia"_s);
     QString copy;
-    if (!folder.isEmpty() && AttemptLong(*this, u"Copia dell'appalto"_s, [&](const TaskStep &step) {
-            copy = CopyProject(currentFolder(), folder, step);
-        }))
+    if (!folder.isEmpty() && AttemptLong(*this, u"Copia dell'appalto"_s,
+                                         [&] { copy = CopyProject(currentFolder(), folder); }))
         ShowMessage(MessageKind::Information,
                     u"La copia degli archivi sta in:\n"_s + NativePaths({copy}));
 }
@@ -271,9 +272,8 @@ void FrmAppalti::exportContract()
     if (overwrite && !ChiediConferma(u"Nella cartella ci sono già file CSV. Sostituirli?"_s))
         return;
     QString summary;
-    if (AttemptLong(*this, u"Esportazione in CSV"_s, [&](const TaskStep &) {
-            summary = ExportProject(currentFolder(), folder, overwrite);
-        }))
+    if (AttemptLong(*this, u"Esportazione in CSV"_s,
+                    [&] { summary = ExportProject(currentFolder(), folder, overwrite); }))
         ShowMessage(MessageKind::Information,
                     u"Tabelle scritte in %1:\n\n%2"_s.arg(NativePaths({folder}), summary));
 }

@@ -4,6 +4,7 @@
 #include "controls/message_box.h"
 #include "exchange/payment_values.h"
 #include "office/form_parts.h"
+#include "office/task.h"
 #include "store/archive_paths.h"
 #include "verify/verification.h"
 
@@ -44,7 +45,6 @@ FrmControllo::FrmControllo(QString folder, QWidget *parent)
     whole->addWidget(
         MakeButton(u"Chiudi"_s, u"&Chiudi"_s, u"Chiude il controllo"_s, [this] { close(); }), 0,
         Qt::AlignRight);
-    check();
     SetUpModal(*this, u"FrmControllo"_s,
                u"Controllo dell'appalto "_s + QFileInfo(m_folder).fileName(), {12000, 7500});
 }
@@ -52,12 +52,19 @@ FrmControllo::FrmControllo(QString folder, QWidget *parent)
 void FrmControllo::check()
 {
     m_findings->clear();
-    for (const Finding &finding : VerifyProject(m_folder))
+    m_payments->clear();
+    m_dayRow->hide();
+    Findings findings;
+    if (!AttemptLong(*this, windowTitle(), [&] { findings = VerifyProject(m_folder); })) {
+        m_findings->addItem(
+            u"Il controllo non è arrivato in fondo: non si sa che cosa darà problemi."_s);
+        return;
+    }
+    for (const Finding &finding : findings)
         m_findings->addItem(u"%1: %2\n%3"_s.arg(finding.place, finding.problem, finding.remedy));
-    if (m_findings->count() == 0)
+    if (findings.isEmpty())
         m_findings->addItem(u"Nessun difetto."_s);
     m_findings->setCurrentRow(0);
-    m_payments->clear();
     try {
         m_payments->addItems(PaymentsWithoutDay(ArchiveFilePath(ArchiveFile::Ledger, m_folder)));
     } catch (const DatabaseError &) {

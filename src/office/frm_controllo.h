@@ -15,12 +15,14 @@ class FrmControllo : public QWidget
     Q_OBJECT
 
 public:
-    /** Checks the project in @p folder (of the machine). Throws SaldoroError for databases that
-     *  can't be looked into just now. */
+    /** @param folder of the project, a path of the machine. */
     FrmControllo(QString folder, QWidget *parent);
 
-private:
+    /** Checks the project as it is now; the user may cancel that. To be called once the window is
+     *  shown. */
     void check();
+
+private:
     void setDay();
 
     QString m_folder;

@@ -2,7 +2,7 @@
 
 #include "common/errors.h"
 #include "controls/message_box.h"
-#include "exchange/progress.h"
+#include "platform/progress.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -36,8 +36,7 @@ bool Attempt(const std::function<void()> &action)
     return false;
 }
 
-bool AttemptLong(QWidget &parent, const QString &title,
-                 const std::function<void(const TaskStep &)> &task)
+bool AttemptLong(QWidget &parent, const QString &title, const std::function<void()> &action)
 {
     constexpr int moment = 500; // milliseconds
     QElapsedTimer time;
@@ -47,7 +46,7 @@ bool AttemptLong(QWidget &parent, const QString &title,
     dialog.setWindowTitle(title);
     dialog.setWindowModality(Qt::WindowModal);
     dialog.setMinimumDuration(std::numeric_limits<int>::max()); // it shows itself at its end, too
-    const TaskStep step = [&](const QString &state) {
+    Progress::setWatcher([&](const QString &state) {
         if (time.elapsed() < moment)
             return;
         dialog.setLabelText(state);
@@ -55,12 +54,9 @@ bool AttemptLong(QWidget &parent, const QString &title,
         QCoreApplication::processEvents();
         if (dialog.wasCanceled())
             throw Cancelled();
-    };
-    Progress::setWatcher([&step](const QString &name, qsizetype rows) {
-        step(u"%1: %2 righe"_s.arg(name).arg(rows));
     });
     const auto end = qScopeGuard([] { Progress::setWatcher({}); });
-    return Attempt([&] { task(step); });
+    return Attempt(action);
 }
 
 QString NativePaths(const QStringList &paths)

@@ -13,15 +13,9 @@ namespace saldoro {
  *  false then. */
 bool Attempt(const std::function<void()> &action);
 
-/** Goes on with a long task, of which @p state says how far it is. Throws when it is to be given
- *  up. */
-using TaskStep = std::function<void(const QString &state)>;
-
-/** As Attempt(), with a window that shows how far the task is and lets the user cancel it, once it
- *  takes more than a moment. @p task calls its argument now and then; reading and writing rows of
- *  tables does so by itself. */
-bool AttemptLong(QWidget &parent, const QString &title,
-                 const std::function<void(const TaskStep &)> &task);
+/** As Attempt(), with a window over @p parent that shows the Progress of the action and lets the
+ *  user cancel it, once it takes more than a moment; false, too, when it is cancelled. */
+bool AttemptLong(QWidget &parent, const QString &title, const std::function<void()> &action);
 
 /** Paths as the system writes them, a line each. */
 QString NativePaths(const QStringList &paths);

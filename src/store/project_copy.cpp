@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "database/database.h"
+#include "platform/progress.h"
 #include "platform/whole_file.h"
 #include "store/archive_paths.h"
 
@@ -15,8 +16,7 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-QString CopyProject(const QString &folder, const QString &target,
-                    const std::function<void(const QString &)> &step)
+QString CopyProject(const QString &folder, const QString &target)
 {
     QDir copy(
         u"%1/%2 copia %3"_s.arg(target, QFileInfo(folder).fileName(),
@@ -39,7 +39,7 @@ QString CopyProject(const QString &folder, const QString &target,
     try {
         for (const Database &database : databases) {
             const QString name = QFileInfo(database.path()).fileName();
-            step(name);
+            const Progress progress(u"Copia di "_s + name);
             database.copyTo(copy.filePath(name));
         }
     } catch (...) {

@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "common/legacy_text.h"
+#include "platform/progress.h"
 
 #include <utility>
 
@@ -42,6 +43,7 @@ TableRows StoredRows(const Database &database, const TableDef &table, Reading re
     QList<std::pair<int, const FieldDef *>> columns;
     for (const FieldDef &field : table.fields())
         columns.append({records.column(field.name), &field});
+    Progress progress(u"Lettura di "_s + table.name());
     TableRows rows;
     for (; !records.eof(); records.moveNext()) {
         TableRow row;
@@ -51,6 +53,7 @@ TableRows StoredRows(const Database &database, const TableDef &table, Reading re
             row.append(stored.isNull() ? NewValue() : valueOf(*field, stored, reading));
         }
         rows.append(std::move(row));
+        progress.show(rows.size());
     }
     return rows;
 }

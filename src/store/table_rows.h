@@ -18,8 +18,8 @@ enum class Reading
     AsProgram ///< as their text; texts and days are taken as the program takes them
 };
 
-/** The rows of a table, or of a stored query, in stored order. Throws DatabaseError, also for a
- *  field that the database lacks. */
+/** The rows of a table, or of a stored query, in stored order, with Progress. Throws DatabaseError,
+ *  also for a field that the database lacks. */
 TableRows StoredRows(const Database &database, const TableDef &table,
                      Reading reading = Reading::Exact);
 

@@ -1,6 +1,7 @@
 #include "verify/verification.h"
 
 #include "common/errors.h"
+#include "platform/progress.h"
 #include "store/archive_paths.h"
 #include "store/table_definitions.h"
 #include "verify/checks.h"
@@ -94,8 +95,10 @@ Findings Verification::findings() const
     Findings findings = m_ofFiles;
     const CheckedProject project(m_tables);
     for (const auto &check : {CheckValues, CheckCodes, CheckContractor, CheckRepeated, CheckBudget,
-                              CheckItems, CheckPayments, CheckNumbering, CheckInvoices})
+                              CheckItems, CheckPayments, CheckNumbering, CheckInvoices}) {
+        const Progress step(u"Controllo"_s);
         check(project, findings);
+    }
     return findings;
 }
 

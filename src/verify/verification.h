@@ -35,7 +35,7 @@ private:
 /**
  * Reads the databases of the project in @p folder (of the machine) without changing anything and
  * applies every check. Missing or damaged files, tables and fields are findings too. The code map
- * is that of the same archive unless @p codes names another file. Throws as
+ * is that of the same archive unless @p codes names another file. Shows its Progress. Throws as
  * Verification::read().
  */
 Findings VerifyProject(const QString &folder, const QString &codes = {});

@@ -1,8 +1,9 @@
-#include "exchange/progress.h"
+#include "platform/progress.h"
 
 #include "platform/console.h"
 
 #include <chrono>
+#include <utility>
 
 namespace saldoro {
 
@@ -26,6 +27,12 @@ void Progress::setWatcher(Watcher watcher)
     currentWatcher() = std::move(watcher);
 }
 
+Progress::Progress(QString step)
+    : m_step(std::move(step))
+{
+    show(0);
+}
+
 Progress::~Progress()
 {
     if (m_isShown)
@@ -34,16 +41,16 @@ Progress::~Progress()
 
 void Progress::show(qsizetype rows)
 {
-    if (rows % rowsPerLine == 0 && currentWatcher()) {
-        currentWatcher()(m_step, rows);
+    if (rows % rowsPerLine != 0)
         return;
-    }
-    if (rows % rowsPerLine != 0 || !IsErrorTerminal() ||
+    const QString state = rows == 0 ? m_step : u"%1: %2 righe"_s.arg(m_step).arg(rows);
+    if (currentWatcher())
+        return currentWatcher()(state);
+    if (!IsErrorTerminal() ||
         std::chrono::steady_clock::now() - ProgramStart < std::chrono::seconds(1))
         return;
     m_isShown = true;
-    const QString line = u"%1: %2 righe"_s.arg(m_step).arg(rows);
-    PrintError(u'\r' + line.leftJustified(lineWidth, u' ', true));
+    PrintError(u'\r' + state.leftJustified(lineWidth, u' ', true));
 }
 
 } // namespace saldoro

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace saldoro {
+
+/** Shows which step of a long work is being done and how many rows of it are: on a terminal, once
+ *  the program has run for a second, or to the watcher. */
+class Progress
+{
+public:
+    /** Shows the beginning of @p step, such as "Lettura di Spese". Throws as show(). */
+    explicit Progress(QString step);
+    /** Takes the line away. */
+    ~Progress();
+    Q_DISABLE_COPY_MOVE(Progress)
+
+    /** Shows @p rows now and then. Throws what the watcher throws. */
+    void show(qsizetype rows);
+
+    /** Is told the state, such as "Lettura di Spese: 2000 righe". What it throws breaks the work
+     *  off. */
+    using Watcher = std::function<void(const QString &state)>;
+    /** Puts @p watcher in the place of the terminal; an empty one brings that back. */
+    static void setWatcher(Watcher watcher);
+
+private:
+    QString m_step;
+    bool m_isShown = false;
+};
+
+} // namespace saldoro
