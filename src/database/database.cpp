@@ -239,7 +239,8 @@ Transaction::Transaction(const Database &database, TransactionKind kind)
         throw DatabaseError(DatabaseFault::ReadOnly, database.path());
     Statement(m_files, writes ? u"BEGIN IMMEDIATE"_s : u"BEGIN"_s).run();
     m_isOpen = true;
-    m_tiesOfOthers = m_files->ties();
+    if (writes)
+        m_tiesOfOthers = m_files->ties();
 }
 
 Transaction::~Transaction()
@@ -251,7 +252,8 @@ Transaction::~Transaction()
     } catch (const std::exception &) {
         // The engine takes everything back at the latest when the file is closed or opened next.
     }
-    m_files->removeTiesBut(m_tiesOfOthers);
+    if (m_tiesOfOthers)
+        m_files->removeTiesBut(*m_tiesOfOthers);
 }
 
 void Transaction::commit()

@@ -143,7 +143,7 @@ public:
 
 private:
     std::shared_ptr<Connection> m_files;
-    QStringList m_tiesOfOthers;
+    std::optional<QStringList> m_tiesOfOthers; ///< of a transaction that writes
     bool m_isOpen = false;
 };
 

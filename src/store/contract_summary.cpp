@@ -8,24 +8,24 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <optional>
 
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-ContractSummary SummariseContract(const QString &folder, int lockWait)
+namespace {
+
+void addBudget(ContractSummary &summary, RecordSet items)
 {
-    ContractSummary summary;
-    RecordSet budget = Database::open(ArchiveFilePath(ArchiveFile::Contract, folder), lockWait)
-                           .openRecordSet(u"SELECT * FROM UltimaPerVariante"_s);
-    for (; !budget.eof(); budget.moveNext()) {
+    for (; !items.eof(); items.moveNext()) {
         ++summary.items;
-        summary.budget += budget.field(u"Importo"_s).currencyOrNone().value_or(Currency());
+        summary.budget += items.field(u"Importo"_s).currencyOrNone().value_or(Currency());
     }
-    const QString ledger = ArchiveFilePath(ArchiveFile::Ledger, folder);
-    if (!QFileInfo::exists(ledger))
-        return summary;
-    RecordSet payments = Database::open(ledger, lockWait).openRecordSet(u"SELECT * FROM Fatture"_s);
+}
+
+void addPayments(ContractSummary &summary, RecordSet payments)
+{
     for (; !payments.eof(); payments.moveNext()) {
         ++summary.payments;
         WithDetail(
@@ -33,6 +33,23 @@ ContractSummary SummariseContract(const QString &folder, int lockWait)
             [&] { summary.paid += GrossAmount(payments); });
         summary.lastPayment = std::max(summary.lastPayment, payments.field(u"Del"_s).dateOrNone());
     }
+}
+
+} // namespace
+
+ContractSummary SummariseContract(const QString &folder, int lockWait)
+{
+    // Opening and locking take most of the time: one connection and one transaction do for both.
+    const Database contract =
+        Database::open(ArchiveFilePath(ArchiveFile::Contract, folder), lockWait);
+    std::optional<Database> ledger;
+    if (const QString path = ArchiveFilePath(ArchiveFile::Ledger, folder); QFileInfo::exists(path))
+        ledger = contract.attach(path);
+    const Transaction together(contract, TransactionKind::Reading);
+    ContractSummary summary;
+    addBudget(summary, contract.openRecordSet(u"SELECT * FROM UltimaPerVariante"_s));
+    if (ledger)
+        addPayments(summary, ledger->openRecordSet(u"SELECT * FROM Fatture"_s));
     return summary;
 }
 
