@@ -3,6 +3,7 @@
 #include "platform/progress.h"
 #include "sound_project.h"
 #include "store/contract_codes.h"
+#include "store/contract_summary.h"
 #include "store/project_copy.h"
 
 #include <QDir>
@@ -58,6 +59,21 @@ private slots:
     {
         QCOMPARE(FirstFreeCode({}), u"00001"_s);
         QCOMPARE(FirstFreeCode({u"00003"_s, u"00001"_s, u"2"_s}), u"00002"_s);
+    }
+
+    /** What a link that leads nowhere stands for is neither free nor new. */
+    void deadLinks()
+    {
+        if (QSysInfo::kernelType() == "winnt"_L1)
+            QSKIP("no links without rights of one's own");
+        const SoundProject project;
+        QFile::link(u"nowhere"_s, QFileInfo(project.folder()).path() + u"/00001"_s);
+        QCOMPARE(ContractCodes(project.archive.values().ArchiveRoot),
+                 QStringList({u"00001"_s, u"00112"_s}));
+        QFile::remove(MachinePath(project.path(u'L')));
+        QCOMPARE(SummariseContract(project.folder(), 0).payments, 0);
+        QFile::link(u"nowhere"_s, project.folder() + u"/Saldoro.mdb"_s);
+        QVERIFY_THROWS_EXCEPTION(DatabaseError, SummariseContract(project.folder(), 0));
     }
 
     /** The databases are copied as they stand at one moment; a copy that is broken off goes. */

@@ -44,7 +44,9 @@ private slots:
         auto *items = form.findChild<FrmVoci *>();
         QTRY_VERIFY(items != nullptr && QApplication::activeWindow() == items);
         QCOMPARE(Find<QLineEdit>(*items, u"Codice"_s)->text(), u"00001"_s);
-        Play(items, u"Ctrl+V, Right, Right, F2"_s);
+        Play(items, u"to Codice, Tab"_s);
+        QCOMPARE(QApplication::focusWidget()->objectName(), u"Colonna_Voce"_s);
+        Play(items, u"to Celle, Ctrl+V, Right, Right, F2"_s);
         Play(items, u"type 2, Return"_s);
         Play(items, u"Down, Del"_s);
         QCOMPARE(
@@ -151,6 +153,7 @@ private slots:
         QTRY_VERIFY(list && QApplication::activeWindow() == list);
         QGuiApplication::clipboard()->setText(u"Nome\tMandanti\nATI Po\tEdil Valle; Nova srl\n"
                                               "edil valle\t"_s);
+        QCOMPARE(QApplication::focusWidget()->objectName(), u"Celle"_s);
         Play(list, u"Ctrl+V"_s);
         QVERIFY(!Find<QPushButton>(*list, u"Scrivi"_s)->isEnabled());
         Play(Find(*list, u"Imprese"_s), u"Del"_s);

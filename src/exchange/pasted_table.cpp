@@ -159,7 +159,8 @@ QString PastedTable::columnSample(qsizetype column) const
 
 qsizetype PastedTable::columnOf(const QString &field) const
 {
-    return m_columns.places.indexOf(m_table.place(field));
+    const qsizetype place = m_table.place(field);
+    return place < 0 ? -1 : m_columns.places.indexOf(place);
 }
 
 void PastedTable::setColumn(const QString &field, qsizetype column)

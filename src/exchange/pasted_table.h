@@ -62,7 +62,7 @@ public:
     QString columnName(qsizetype column) const;
     /** What the header says of a column, or else its first cell. */
     QString columnSample(qsizetype column) const;
-    /** The column that fills a field; -1 for none. */
+    /** The column that fills a field; -1 for none, and for a field of other tables. */
     qsizetype columnOf(const QString &field) const;
     void setColumn(const QString &field, qsizetype column);
 

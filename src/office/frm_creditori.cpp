@@ -59,8 +59,11 @@ FrmCreditori::FrmCreditori(ProgramValues values, QWidget *parent)
     whole->addWidget(tabs, 1);
     whole->addLayout(buttons);
     connect(m_contractor, &QComboBox::currentTextChanged, this, &FrmCreditori::showState);
-    connect(tabs, &QTabWidget::currentChanged, tabs, [tabs] { tabs->currentWidget()->setFocus(); });
-    companies->setFocus();
+    const auto enterCells = [tabs] {
+        tabs->currentWidget()->findChild<QWidget *>(u"Celle"_s)->setFocus();
+    };
+    connect(tabs, &QTabWidget::currentChanged, tabs, enterCells);
+    enterCells();
     showState();
     SetUpModal(*this, u"FrmCreditori"_s,
                u"Imprese e professionisti dell'appalto "_s + m_values.ProjectCode, {12000, 8100});
@@ -77,7 +80,6 @@ QWidget *FrmCreditori::makePage(PastedTable &pasted, const QString &name, const 
                       1);
     auto *cells = new PasteTable(pasted);
     cells->setObjectName(name);
-    page->setFocusProxy(cells);
     column->addWidget(cells, 2);
     connect(cells, &PasteTable::changed, this, &FrmCreditori::showState);
     return page;

@@ -63,7 +63,6 @@ PasteTable::PasteTable(PastedTable &pasted, QWidget *parent)
     whole->addWidget(m_view, 1);
     whole->addWidget(m_sum);
     whole->addLayout(buttons);
-    setFocusProxy(m_view);
     setAcceptDrops(true);
     showAll();
 }
@@ -123,8 +122,9 @@ void PasteTable::replaceRows(const std::function<void()> &action)
     for (int each = m_view->rowCount() - 1; each >= 0; --each)
         row = m_pasted.rows()[each].state == PastedState::Faulty ? each : row;
     for (int column = 0; column < m_view->columnCount(); ++column)
-        m_view->setColumnWidth(column,
-                               std::min(m_view->columnWidth(column), m_view->width() * 2 / 5));
+        m_view->setColumnWidth(column, std::min(m_view->columnWidth(column),
+                                                m_view->width() * (column == 0 ? 1 : 2) / 5));
+    m_view->doItemsLayout(); // before which there is nothing to scroll
     m_view->setCurrentCell(row, 1);
 }
 
@@ -133,6 +133,12 @@ void PasteTable::paste()
     const QString text = QApplication::clipboard()->text();
     if (!text.trimmed().isEmpty())
         replaceRows([&] { m_pasted.setText(text); });
+}
+
+/** No focus proxy: Tab would pass over what stands before the cells. */
+void PasteTable::focusInEvent(QFocusEvent * /*event*/)
+{
+    m_view->setFocus();
 }
 
 void PasteTable::dragEnterEvent(QDragEnterEvent *event)

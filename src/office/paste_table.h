@@ -13,7 +13,8 @@ namespace saldoro {
 /**
  * A table that cells are pasted into from a spreadsheet (Ctrl+V), or a CSV file dropped on. Above
  * it stands which column is which field, below it what will be taken. The first column says what
- * becomes of each row. Cells are corrected in their place, rows left out by Canc.
+ * becomes of each row. Cells are corrected in their place, rows left out by Canc. The focus that it
+ * is given goes to the cells.
  */
 class PasteTable : public QWidget
 {
@@ -28,6 +29,7 @@ signals:
     void changed();
 
 protected:
+    void focusInEvent(QFocusEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 

@@ -22,10 +22,16 @@ QString ContractFolder(const QString &root, const QString &code)
 
 QStringList ContractCodes(const QString &root)
 {
-    QStringList codes =
-        QDir(ContractsFolder(root))
-            .entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
-    codes.removeIf([](const QString &code) { return code.endsWith(UnfinishedContract); });
+    QStringList codes;
+    // Links that lead nowhere, too: their names are taken, and users look for them.
+    for (const QFileInfo &entry :
+         QDir(ContractsFolder(root))
+             .entryInfoList(QDir::Dirs | QDir::System | QDir::NoDotAndDotDot,
+                            QDir::Name | QDir::IgnoreCase)) {
+        if ((entry.isDir() || entry.isSymbolicLink()) &&
+            !entry.fileName().endsWith(UnfinishedContract))
+            codes.append(entry.fileName());
+    }
     return codes;
 }
 

@@ -43,8 +43,9 @@ ContractSummary SummariseContract(const QString &folder, int lockWait)
     const Database contract =
         Database::open(ArchiveFilePath(ArchiveFile::Contract, folder), lockWait);
     std::optional<Database> ledger;
-    if (const QString path = ArchiveFilePath(ArchiveFile::Ledger, folder); QFileInfo::exists(path))
-        ledger = contract.attach(path);
+    if (const QFileInfo file(ArchiveFilePath(ArchiveFile::Ledger, folder));
+        file.exists() || file.isSymLink()) // a link that leads nowhere is no new project
+        ledger = contract.attach(file.filePath());
     const Transaction together(contract, TransactionKind::Reading);
     ContractSummary summary;
     addBudget(summary, contract.openRecordSet(u"SELECT * FROM UltimaPerVariante"_s));
