@@ -1,8 +1,8 @@
 #include "app/error_report.h"
 
 #include "common/errors.h"
-#include "platform/registry.h"
 #include "store/archive_paths.h"
+#include "store/archives_root.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -28,12 +28,6 @@ QString missingFolder(const QString &path)
     return missing;
 }
 
-QString placeOfSetting()
-{
-    const QString file = RegistryFilePath();
-    return file.isEmpty() ? u"HKEY_CURRENT_USER\\"_s + SettingsKey.toString() : file;
-}
-
 /** What to look at when a database is not where it should be. */
 QString pathHint(const QString &path)
 {
@@ -41,7 +35,7 @@ QString pathHint(const QString &path)
     return (folder.isEmpty()
                 ? QString()
                 : u"\n\nNon esiste la cartella: "_s + QDir::toNativeSeparators(folder)) +
-           u"\n\nLa cartella degli archivi è il valore \"drivers\" di "_s + placeOfSetting();
+           u"\n\nLa cartella degli archivi è "_s + ArchivesRootSetting();
 }
 
 /** Faults that what is stored gives rise to: values, codes with apostrophes, codes not mapped. */

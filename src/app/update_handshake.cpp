@@ -8,6 +8,7 @@
 #include "platform/process.h"
 #include "platform/whole_file.h"
 #include "store/archive_paths.h"
+#include "store/archives_root.h"
 
 #include <QDateTime>
 #include <QStringList>

@@ -57,9 +57,14 @@ QString PuntoDecimale(QString &text)
     return text;
 }
 
+Currency PlainAmount(const QString &text)
+{
+    return Currency::fromDouble(LeadingNumber(text));
+}
+
 Currency ImportoDaTesto(QString &text)
 {
-    return Currency::fromDouble(LeadingNumber(PuntoDecimale(text)));
+    return PlainAmount(PuntoDecimale(text));
 }
 
 Currency ImportoDaTesto(QString &&text)

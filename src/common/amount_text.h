@@ -23,9 +23,12 @@ QString FormatImportoEuro(Currency amount);
  *  "."; later commas stay. Rewrites the argument and returns it. */
 QString PuntoDecimale(QString &text);
 
+/** Reads an amount in plain form: LeadingNumber, converted to currency. A text without a number
+ * gives 0. Throws OverflowError beyond the currency range. */
+Currency PlainAmount(const QString &text);
+
 /** Reads an amount in Italian notation: PuntoDecimale on the argument, which stays rewritten, then
- *  LeadingNumber, converted to currency. A text without a number gives 0. Throws OverflowError
- *  beyond the currency range. */
+ *  PlainAmount. Throws OverflowError. */
 Currency ImportoDaTesto(QString &text);
 
 /** The same for a text that is not to be rewritten. */

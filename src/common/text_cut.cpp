@@ -42,4 +42,12 @@ bool IsUnseen(QChar character)
     return category == QChar::Other_Format || category == QChar::Other_Control;
 }
 
+QStringList FirstLines(const QStringList &lines, const QString &more)
+{
+    QStringList first = lines.mid(0, MostLinesTold);
+    if (lines.size() > MostLinesTold)
+        first.append(more.arg(lines.size() - MostLinesTold));
+    return first;
+}
+
 } // namespace saldoro

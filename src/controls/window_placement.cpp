@@ -1,10 +1,11 @@
 #include "controls/window_placement.h"
 
+#include "platform/machine_path.h"
+
 #include <QEvent>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QStyle>
 #include <QWidget>
 
@@ -109,8 +110,7 @@ void BringToFront(QWidget &form)
 
 QString WindowSizesFile()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           u"/saldoro/finestre.ini"_s;
+    return SettingsFolder() + u"/finestre.ini"_s;
 }
 
 void KeepWindowSizes(const QString &fileName)

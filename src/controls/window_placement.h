@@ -23,7 +23,7 @@ void CentraForm(QWidget &form);
 /** Shows a window above the others and makes it the active one, also when it was minimised. */
 void BringToFront(QWidget &form);
 
-/** The file of window sizes in the user's own configuration folder. */
+/** The file of window sizes in the SettingsFolder(). */
 QString WindowSizesFile();
 
 /** Has SizeWindow() keep the sizes of windows in @p fileName, an INI file of the program's own.

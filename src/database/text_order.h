@@ -21,6 +21,12 @@ int CompareText(QByteArrayView left, QByteArrayView right);
 /** A form that two texts share exactly when CompareText() finds them equal. */
 QByteArray ComparableText(QByteArrayView text);
 
+/** Whether two texts are equal as the databases compare. */
+inline bool AreEqualTexts(const QString &left, const QString &right)
+{
+    return CompareText(left.toUtf8(), right.toUtf8()) == 0;
+}
+
 /** The same order for keys of sets and maps. */
 struct TextOrder
 {

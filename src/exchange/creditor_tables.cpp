@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "database/criterion.h"
+#include "database/text_order.h"
 #include "exchange/made_files.h"
 #include "platform/machine_path.h"
 #include "store/archive_paths.h"
@@ -12,6 +13,7 @@
 #include "verify/verification.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace saldoro {
@@ -114,13 +116,13 @@ void addProfessionals(RecordSet &sheet, const TableRows &rows)
 void setContractor(RecordSet &sheet, RecordSet companies, const QString &contractor,
                    const ProgramValues &values)
 {
-    const QString item = CodiceEsterno(values, InternalCode::Contractor);
+    const QString item = ContractorItem(values);
     const qint32 number = companyNumber(companies, contractor);
-    if (!find(sheet, u"Voce"_s, item)) {
+    if (!FindContractor(sheet, item)) {
         add(sheet, {{u"Voce"_s, item},
                     {u"Funzione"_s, 1},
                     {u"Descri"_s, DescrizioneFunzione(values, InternalCode::Contractor)}});
-        find(sheet, u"Voce"_s, item);
+        FindContractor(sheet, item);
     }
     sheet.edit();
     write(sheet, {{u"Stringa"_s, contractor}, {u"Link"_s, number}});
@@ -142,13 +144,12 @@ const ExchangedTable &ProfessionalList()
 
 QList<CellFault> RepeatedNames(const TableRows &rows, const QStringList &known)
 {
-    QStringList names = known;
+    std::set<QString, TextOrder> names(known.begin(), known.end());
     QList<CellFault> faults;
     for (int row = 0; row < rows.size(); ++row) {
         const QString name = TextOf(rows[row].first());
-        if (names.contains(name, Qt::CaseInsensitive))
+        if (!names.insert(name).second)
             faults.append({row, u"Nome"_s, u"«%1» c'è già."_s.arg(name)});
-        names.append(name);
     }
     return faults;
 }
@@ -163,9 +164,10 @@ KnownCreditors ReadCreditors(const ProgramValues &values)
         known.members.append(Principals(values, companies.field(u"ID"_s).integer()).join(u"; "_s));
     }
     known.professionals = ProfessionalCreditors(values);
-    const QString item = CodiceEsterno(values, InternalCode::Contractor);
-    if (EsisteVoceLike(values, item))
-        known.contractor = StringaVoceLike(values, item);
+    const QString item = ContractorItem(values);
+    RecordSet sheet = recordsOf(Database::open(ContractPath(values)), u"SchedaProgetto"_s);
+    if (FindContractor(sheet, item))
+        known.contractor = sheet.field(u"Stringa"_s).textOrEmpty();
     return known;
 }
 

@@ -1,9 +1,9 @@
 #include "exchange/csv_table.h"
 
-#include "common/errors.h"
 #include "common/legacy_text.h"
+#include "common/text_cut.h"
+#include "platform/whole_file.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QMap>
 
@@ -19,12 +19,7 @@ namespace {
 
 QByteArray bytesOf(const QString &path)
 {
-    QFile file(path);
-    QByteArray bytes;
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) ||
-        (bytes = file.readAll(), file.error() != QFile::NoError))
-        throw FileError(path, u"Il file non può essere letto."_s,
-                        u"Controllare i permessi, e che nessun programma lo tenga aperto."_s);
+    QByteArray bytes = ReadWholeFile(path);
     if (bytes.endsWith('\x1a')) // with which old systems end a text
         bytes.chop(1);
     return bytes;
@@ -179,7 +174,6 @@ GivenTable tableOf(const QString &text, const ExchangedTable &table, const Table
 /** A line for each fault; of each field the first ones, then how many more there are. */
 QStringList linesOf(const QList<CellFault> &faults, const QString &file)
 {
-    constexpr int most = 20;
     const auto lineOf = [&file](const CellFault &fault) {
         return file + (fault.line > 0 ? u", riga %1"_s.arg(fault.line) : QString()) +
                (fault.field.isEmpty() ? QString() : u", campo "_s + fault.field) + u": "_s +
@@ -188,12 +182,13 @@ QStringList linesOf(const QList<CellFault> &faults, const QString &file)
     QStringList lines;
     QMap<QString, int> counts;
     for (const CellFault &fault : faults) {
-        if (++counts[fault.field] <= most)
+        if (++counts[fault.field] <= MostLinesTold)
             lines.append(lineOf(fault));
     }
     for (auto count = counts.cbegin(); count != counts.cend(); ++count) {
-        if (*count > most)
-            lines.append(lineOf({0, count.key(), u"e altri %1 errori così."_s.arg(*count - most)}));
+        if (*count > MostLinesTold)
+            lines.append(
+                lineOf({0, count.key(), u"e altri %1 errori così."_s.arg(*count - MostLinesTold)}));
     }
     return lines;
 }

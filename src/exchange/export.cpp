@@ -14,7 +14,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <vector>
 
 namespace saldoro {
@@ -116,13 +115,9 @@ QList<TableFile> filesOf(const QString &project)
 
 void refuseUntold(const QList<TableFile> &files)
 {
-    constexpr qsizetype most = 20;
     QStringList lines;
-    for (const TableFile &file : files) {
-        lines += file.untolds.first(std::min(most, file.untolds.size()));
-        if (file.untolds.size() > most)
-            lines.append(u"e altre %1 righe così"_s.arg(file.untolds.size() - most));
-    }
+    for (const TableFile &file : files)
+        lines += FirstLines(file.untolds, u"e altre %1 righe così"_s);
     if (!lines.isEmpty())
         throw SaldoroError(
             u"Questi valori non si possono dire in un file CSV: una data con l'ora, "

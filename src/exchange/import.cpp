@@ -259,7 +259,7 @@ ImportOutcome newProject(const QString &folder, const QList<GivenTable> &tables,
     if (mark.isOpenElsewhere())
         throw SaldoroError(u"Un altro programma sta facendo lo stesso progetto."_s,
                            u"Attendere che abbia finito, e riprovare."_s);
-    const QString aside = folder + UnfinishedContract.toString();
+    const QString aside = folder + UnfinishedEnd.toString();
     QDir(aside).removeRecursively();
     ImportOutcome outcome = ProjectImport(aside, tables, options).run();
     try {
@@ -289,7 +289,7 @@ ImportOutcome ImportTables(const QString &projectFolder, const QList<GivenTable>
 {
     std::optional<ProjectPlace> place;
     if (options.createProject)
-        place = PlaceOf(projectFolder);
+        place = ProjectPlaceOf(projectFolder);
     const QString folder = place ? place->folder : ExistingFolder(projectFolder);
     ImportOutcome outcome = SayingNothingIsWritten([&] {
         return QFileInfo::exists(folder) ? ProjectImport(folder, tables, options).run()

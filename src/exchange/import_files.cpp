@@ -46,8 +46,8 @@ std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, Findin
 ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder,
                           const ImportOptions &options)
 {
-    const QString folder =
-        options.createProject ? PlaceOf(projectFolder).folder : ExistingFolder(projectFolder);
+    const QString folder = options.createProject ? ProjectPlaceOf(projectFolder).folder
+                                                 : ExistingFolder(projectFolder);
     const QString files = ExistingFolder(csvFolder);
     RefuseMixedFiles(files);
     ImportOutcome outcome;

@@ -1,20 +1,17 @@
 #include "exchange/import_outcome.h"
 
+#include "common/text_cut.h"
+
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString headed(const QString &heading, QStringList lines)
+QString headed(const QString &heading, const QStringList &lines)
 {
-    constexpr qsizetype most = 20;
-    if (lines.size() > most) {
-        const qsizetype more = lines.size() - most;
-        lines.resize(most);
-        lines.append(u"... e altri %1"_s.arg(more));
-    }
-    return lines.isEmpty() ? QString() : heading + u"\n  "_s + lines.join(u"\n  "_s) + u'\n';
+    const QStringList told = FirstLines(lines, u"... e altri %1"_s);
+    return told.isEmpty() ? QString() : heading + u"\n  "_s + told.join(u"\n  "_s) + u'\n';
 }
 
 } // namespace

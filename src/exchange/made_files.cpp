@@ -40,7 +40,7 @@ void MadeFiles::makeDatabase(const QString &path, ArchiveFile file)
     if (QFileInfo::exists(journal)) // the engine would play it into the new database
         throw FileError(journal, u"Il file è di un archivio che manca."_s,
                         u"Rimettere l'archivio al suo posto, o spostare questo file."_s);
-    const QString aside = path + u".nuovo"_s;
+    const QString aside = path + UnfinishedEnd.toString();
     MadeFiles ofThisStep;
     QFile::remove(aside); // of a try that was broken off
     ofThisStep.add(aside);

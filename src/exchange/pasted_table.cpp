@@ -26,14 +26,14 @@ QString plainCell(const QString &cell)
 /** Where one column is named for the code and another "Voce", that is the description. */
 void tellCodeFromItem(CellColumns &columns, const QStringList &header, const ExchangedTable &table)
 {
-    const auto columnLike = [&header](QStringView start) {
+    const auto columnLike = [&header](QLatin1StringView start) {
         const auto cell = std::ranges::find_if(header, [start](const QString &name) {
             return name.trimmed().startsWith(start, Qt::CaseInsensitive);
         });
         return cell == header.end() ? qsizetype{-1} : cell - header.begin();
     };
-    const qsizetype code = columnLike(u"cod");
-    const qsizetype item = columnLike(u"voce");
+    const qsizetype code = columnLike(CodeHeading);
+    const qsizetype item = columnLike("voce"_L1);
     if (code < 0 || item < 0 || !columns.missing.contains(u"Descri"_s))
         return;
     columns.places.replace(columns.places.indexOf(table.place(u"Voce"_s)), CellColumns::Unknown);

@@ -3,6 +3,7 @@
 #include "common/errors.h"
 #include "database/database.h"
 #include "exchange/cell_values.h"
+#include "store/ledger_records.h"
 #include "store/table_definitions.h"
 
 #include <QFile>
@@ -36,14 +37,12 @@ void findPayment(RecordSet &payments, const QString &word)
     const auto number = WholeOf(word);
     if (!number)
         throw refusal(u"Il numero del pagamento non è un numero intero."_s);
-    const QString criterion = u"Npag = "_s + QString::number(*number);
-    payments.findFirst(criterion);
-    if (payments.noMatch())
+    if (!FindPayment(payments, *number))
         throw refusal(u"Nessun pagamento ha questo numero."_s);
-    payments.findNext(criterion);
+    payments.findNext(PaymentCriterion(*number));
     if (!payments.noMatch())
         throw refusal(u"Più di un pagamento ha questo numero: non è chiaro quale cambiare."_s);
-    payments.findFirst(criterion);
+    FindPayment(payments, *number);
 }
 
 void setValue(RecordSet &payments, const QString &field, const QString &text)

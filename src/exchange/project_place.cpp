@@ -32,7 +32,7 @@ bool isSameFolder(const QString &one, const QString &other)
 
 } // namespace
 
-ProjectPlace PlaceOf(const QString &folder)
+ProjectPlace ProjectPlaceOf(const QString &folder)
 {
     const QString path =
         QDir::cleanPath(QDir::current().absoluteFilePath(QString(folder).replace(u'\\', u'/')));

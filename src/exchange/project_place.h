@@ -14,7 +14,7 @@ struct ProjectPlace
 
 /** The place that a folder ending in ARCHIVI.QX/ZELT/LAVORI/APPALTI/code names. Throws FileError
  *  for any other folder. */
-ProjectPlace PlaceOf(const QString &folder);
+ProjectPlace ProjectPlaceOf(const QString &folder);
 
 /** Makes the place's root the archives root when none is set yet. Gives what to tell about that,
  * and the command that opens the project unless another root is set. Throws FileError. */

@@ -210,7 +210,7 @@ bool MayMean(const QString &name, const QString &field)
 {
     constexpr qsizetype sameLetters = 3;
     return name.startsWith(field.first(std::min(sameLetters, field.size())), Qt::CaseInsensitive) ||
-           (field == "Voce"_L1 && name.startsWith("cod"_L1, Qt::CaseInsensitive));
+           (field == "Voce"_L1 && name.startsWith(CodeHeading, Qt::CaseInsensitive));
 }
 
 CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table)

@@ -35,6 +35,10 @@ struct CellColumns
 /** Whether a column of that name may well be meant for a needed field. */
 bool MayMean(const QString &name, const QString &field);
 
+/** What the heading of a column of codes begins with, in any letter case; it is meant for `Voce`.
+ */
+inline constexpr QLatin1StringView CodeHeading("cod");
+
 /** Looks among the first rows for the one that names the needed fields of @p table, by their names
  *  in any letter case or, where no row does, by names much like them ("Descrizione" for Descri). */
 CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table);

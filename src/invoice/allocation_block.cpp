@@ -2,11 +2,10 @@
 
 #include "common/amount_text.h"
 #include "common/errors.h"
-#include "common/number_text.h"
 #include "common/overview_column.h"
 #include "common/text_cut.h"
-#include "store/allocation_records.h"
 #include "store/archive_paths.h"
+#include "store/ledger_records.h"
 #include "store/pick_limits.h"
 
 namespace saldoro {
@@ -81,8 +80,7 @@ void EndInsertion(TextTable &grid)
 
 void WriteAmount(TextTable &grid, int row, const QString &typed)
 {
-    grid.setText(row, AllocationColumn::Importo,
-                 FormatImporto(Currency::fromDouble(LeadingNumber(typed))));
+    grid.setText(row, AllocationColumn::Importo, FormatImporto(PlainAmount(typed)));
 }
 
 QString AllocationTotal(const TextTable &grid)

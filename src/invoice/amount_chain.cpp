@@ -30,7 +30,7 @@ void AmountTexts::show(Amount field, Currency value)
 
 void AmountTexts::showTyped(Amount field)
 {
-    show(field, Currency::fromDouble(LeadingNumber(text(field))));
+    show(field, PlainAmount(text(field)));
 }
 
 double AmountTexts::rate(Amount field) const
@@ -70,8 +70,7 @@ Currency AmountTexts::dueNet() const
 
 Currency AmountTexts::storedValue(const AmountField &field) const
 {
-    return field.role == AmountRole::Rate ? Currency::fromDouble(LeadingNumber(text(field.amount)))
-                                          : amount(field.amount);
+    return field.role == AmountRole::Rate ? PlainAmount(text(field.amount)) : amount(field.amount);
 }
 
 void AmountTexts::showStored(const QList<AmountField> &fields, const QMap<Amount, Currency> &stored)

@@ -3,6 +3,7 @@
 #include "common/amount_text.h"
 #include "common/errors.h"
 #include "common/overview_column.h"
+#include "database/text_order.h"
 #include "invoice/typed_worth.h"
 #include "store/mandate_note.h"
 
@@ -86,8 +87,8 @@ Currency available(const InvoiceState &state, const QString &code, int overviewR
 
 void tellAllocations(const InvoiceState &state, Notices &all)
 {
-    const auto keyOf = [](const QString &code) { return code.trimmed().toLower(); };
-    QHash<QString, int> items;
+    const auto keyOf = [](const QString &code) { return ComparableText(code.trimmed().toUtf8()); };
+    QHash<QByteArray, int> items;
     for (int row = state.overview->rows() - 1; row > 0; --row)
         items[keyOf(state.overview->text(row, OverviewColumn::Cod))] = row;
     const TypedAllocation &last = state.typedAllocation;

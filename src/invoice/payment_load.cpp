@@ -5,6 +5,7 @@
 #include "invoice/payment_record.h"
 #include "store/archive_paths.h"
 #include "store/code_lookups.h"
+#include "store/ledger_records.h"
 #include "store/mandate_note.h"
 
 namespace saldoro {
@@ -40,8 +41,7 @@ void readAmounts(const RecordSet &payments, PaymentRecord &record)
 void readPayment(const Database &ledger, PaymentRecord &record)
 {
     RecordSet payments = ledger.openRecordSet(u"SELECT * FROM Fatture "_s);
-    payments.findFirst(u"Npag ="_s + QString::number(record.number));
-    if (!payments.noMatch()) {
+    if (FindPayment(payments, record.number)) {
         record.storedKind = payments.field(u"AziProf"_s).textOrEmpty();
         readTexts(payments, record);
         readAmounts(payments, record);
@@ -66,7 +66,7 @@ void readAllocations(const Database &ledger, qint32 paymentNumber, TextTable &gr
 {
     RecordSet allocations = ledger.openRecordSet(u"SELECT * FROM Spese "_s);
     const TextTable::BulkChange change(grid);
-    const QString criterion = u"RelNpag ="_s + QString::number(paymentNumber);
+    const QString criterion = AllocationsCriterion(paymentNumber);
     for (allocations.findFirst(criterion); !allocations.noMatch();
          allocations.findNext(criterion)) {
         const int row = grid.rows();

@@ -4,9 +4,9 @@
 #include "database/database.h"
 #include "invoice/allocation_block.h"
 #include "invoice/payment_record.h"
-#include "store/allocation_records.h"
 #include "store/archive_paths.h"
 #include "store/code_lookups.h"
+#include "store/ledger_records.h"
 #include "store/mandate_note.h"
 #include "store/table_definitions.h"
 
@@ -46,11 +46,10 @@ void writePayment(const Database &ledger, const PaymentRecord &record)
 {
     RecordSet payments = ledger.openRecordSet(u"SELECT * FROM Fatture WHERE AziProf = '"_s +
                                               KindCode(record.kind) + u"' "_s);
-    payments.findFirst(u"Npag ="_s + QString::number(record.number));
-    if (payments.noMatch())
-        payments.addNew();
-    else
+    if (FindPayment(payments, record.number))
         payments.edit();
+    else
+        payments.addNew();
     fillPayment(payments, record);
     payments.update();
 }

@@ -13,6 +13,7 @@
 #include "overview/payments_list.h"
 #include "platform/machine_path.h"
 #include "store/archive_paths.h"
+#include "store/ledger_records.h"
 
 #include <QBoxLayout>
 #include <QCloseEvent>
@@ -181,7 +182,7 @@ void FrmPrincipale::addPayment()
 {
     m_focusBefore = focusWidget();
     setEnabled(false);
-    m_values.CurrentPaymentNumber = NextPaymentNumber(m_payments->table());
+    m_values.CurrentPaymentNumber = NextPaymentNumber(m_payments->table().rowCount());
     emit nuovoRequested();
 }
 

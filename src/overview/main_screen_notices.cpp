@@ -2,6 +2,7 @@
 
 #include "common/overview_column.h"
 #include "overview/payments_list.h"
+#include "store/ledger_records.h"
 
 namespace saldoro {
 
@@ -13,7 +14,7 @@ namespace {
 void tellNumbers(const TextTable &payments, Notices &all)
 {
     const int current = payments.row();
-    const int next = NextPaymentNumber(payments);
+    const int next = NextPaymentNumber(payments.rowCount());
     bool areRows = true;
     int ofRow = 0;   // number of payments whose number is the current row
     int nextRow = 0; // row of a payment that has the next number already

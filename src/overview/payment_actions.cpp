@@ -4,6 +4,7 @@
 #include "database/database.h"
 #include "store/archive_paths.h"
 #include "store/code_lookups.h"
+#include "store/ledger_records.h"
 #include "store/mandate_note.h"
 
 namespace saldoro {
@@ -26,11 +27,9 @@ std::optional<CreditorKind> OpenPayment(ProgramValues &values, qint32 row)
     const Database ledger = Database::open(LedgerPath(values));
     RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture "_s);
     values.CurrentPaymentNumber = row;
-    const QString number = QString::number(row);
-    return WithDetail(Detail::Payment, number, [&] {
-        fatture.findFirst(u"Npag ="_s + number);
+    return WithDetail(Detail::Payment, QString::number(row), [&] {
         // After a failed find there is no current record, and the first one decides.
-        if (fatture.noMatch())
+        if (!FindPayment(fatture, row))
             fatture.moveFirst();
         return KindOfCode(fatture.field(u"AziProf"_s).text());
     });
@@ -38,14 +37,13 @@ std::optional<CreditorKind> OpenPayment(ProgramValues &values, qint32 row)
 
 void DeletePayment(const ProgramValues &values, qint32 row)
 {
-    const QString number = QString::number(row);
-    WithDetail(Detail::Payment, number, [&] {
+    WithDetail(Detail::Payment, QString::number(row), [&] {
         EliminaVociLike(values, VoceMandato(values, row));
         const Database ledger = Database::open(LedgerPath(values));
         RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture ORDER BY Npag "_s);
         RecordSet spese = ledger.openRecordSet(u"SELECT * FROM Spese ORDER BY RelNpag"_s);
-        deleteMatching(fatture, u"Npag = "_s + number);
-        deleteMatching(spese, u"RelNpag = "_s + number);
+        deleteMatching(fatture, PaymentCriterion(row));
+        deleteMatching(spese, AllocationsCriterion(row));
     });
 }
 

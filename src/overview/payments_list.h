@@ -15,13 +15,6 @@ inline constexpr int Importo = 3;
 inline constexpr int Euro = 4;
 } // namespace PaymentColumn
 
-/** The number that the next new payment gets: the rows are counted, numbers that are free or taken
- *  do not matter. */
-inline qint32 NextPaymentNumber(const TextTable &payments)
-{
-    return payments.rows();
-}
-
 /** Cuts the table down to its header: five columns with their headings. */
 void PreparePaymentsList(TextTable &payments);
 

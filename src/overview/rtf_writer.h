@@ -6,10 +6,13 @@ class QIODevice;
 
 namespace saldoro {
 
+/** Characters of a fixed-pitch font that fit a line of a document. */
+inline constexpr qsizetype DocumentLineWidth = 93;
+
 /**
  * Writes @p text as an RTF document of Italian text in one font, at 8.5 points, to @p device, in
  * pieces, so that memory does not grow with the text. Returns false when the device refuses a
- * write. The sheets are A4; of a fixed-pitch font 93 characters fit a line.
+ * write. The sheets are A4; DocumentLineWidth characters of a fixed-pitch font fit a line.
  *
  * The file is plain ASCII. Each CR LF, CR, LF, vertical tab and form feed is one \par; a text that
  * ends in a line break gets one more, because word processors take the last \par for the end of

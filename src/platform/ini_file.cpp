@@ -6,8 +6,6 @@
 #include "platform/machine_path.h"
 #include "platform/whole_file.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QStringDecoder>
@@ -21,15 +19,9 @@ namespace {
 /** The whole text; empty when there is no such file. */
 QString contentOf(const QString &path)
 {
-    QFile file(path);
-    if (!file.exists())
+    if (!QFileInfo::exists(path))
         return {};
-    QByteArray data;
-    if (file.open(QIODevice::ReadOnly))
-        data = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        throw FileError(path, u"Il file non può essere letto."_s,
-                        u"Controllare i permessi, e che nessun programma lo tenga aperto."_s);
+    const QByteArray data = ReadWholeFile(path);
     const auto marked = QStringConverter::encodingForData(data);
     if (!marked)
         return TextOfStoredBytes(data);

@@ -1,6 +1,7 @@
 #include "platform/registry.h"
 
 #include "platform/ini_file.h"
+#include "platform/machine_path.h"
 
 #ifdef Q_OS_WIN
 #include "common/errors.h"
@@ -10,7 +11,6 @@
 #include <string>
 #include <windows.h>
 #else
-#include <QDir>
 #include <QRegularExpression>
 #endif
 
@@ -30,8 +30,7 @@ std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &
                                             RRF_RT_REG_SZ | RRF_NOEXPAND, nullptr, text, &size);
         if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND &&
             status != ERROR_UNSUPPORTED_TYPE)
-            throw FileError(u"HKEY_CURRENT_USER\\"_s + keyPath,
-                            u"L'impostazione non può essere letta."_s,
+            throw FileError(RegistryKeyPlace(keyPath), u"L'impostazione non può essere letta."_s,
                             u"Controllare i permessi dell'utente sul registro."_s);
         return status == ERROR_SUCCESS;
     };
@@ -46,7 +45,7 @@ std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &
 
 void SetRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)
 {
-    QSettings settings(u"HKEY_CURRENT_USER\\"_s + keyPath, QSettings::NativeFormat);
+    QSettings settings(RegistryKeyPlace(keyPath), QSettings::NativeFormat);
     settings.setValue(valueName, text);
     settings.sync();
     if (settings.status() != QSettings::NoError)
@@ -57,6 +56,11 @@ void SetRegistryValue(const QString &keyPath, const QString &valueName, const QS
 QString RegistryFilePath()
 {
     return {};
+}
+
+QString RegistryKeyPlace(const QString &keyPath)
+{
+    return u"HKEY_CURRENT_USER\\"_s + keyPath;
 }
 
 #else
@@ -81,10 +85,12 @@ void SetRegistryValue(const QString &keyPath, const QString &valueName, const QS
 
 QString RegistryFilePath()
 {
-    QString folder = qEnvironmentVariable("XDG_CONFIG_HOME");
-    if (!QDir::isAbsolutePath(folder))
-        folder = QDir::homePath() + u"/.config"_s;
-    return folder + u"/saldoro/registro.ini"_s;
+    return SettingsFolder() + u"/registro.ini"_s;
+}
+
+QString RegistryKeyPlace(const QString & /*keyPath*/)
+{
+    return RegistryFilePath();
 }
 
 #endif

@@ -28,9 +28,12 @@ std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &
  *  read back as it is. */
 void SetRegistryValue(const QString &keyPath, const QString &valueName, const QString &text);
 
-/** The file of the per-user settings: "saldoro/registro.ini" in the folder that XDG_CONFIG_HOME
- *  names, or in ~/.config when that is unset, empty or not absolute. Empty on Windows, which has a
- *  registry. */
+/** The file of the per-user settings, "registro.ini" in the SettingsFolder(). Empty on Windows,
+ * which has a registry. */
 QString RegistryFilePath();
+
+/** Where a person finds the values of a key: the key below the root of the current user, or the
+ *  file. */
+QString RegistryKeyPlace(const QString &keyPath);
 
 } // namespace saldoro

@@ -4,6 +4,7 @@
 #include "platform/machine_path.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QStorageInfo>
 
@@ -143,6 +144,18 @@ void WholeFile::replace()
     if (!m_file->commit())
         throw failureOf(*m_file);
     flushFolderOf(m_file->fileName());
+}
+
+QByteArray ReadWholeFile(const QString &path)
+{
+    QFile file(path);
+    QByteArray content;
+    if (QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly))
+        content = file.readAll();
+    if (!file.isOpen() || file.error() != QFileDevice::NoError)
+        throw FileError(path, u"Il file non può essere letto."_s,
+                        u"Controllare i permessi, e che nessun programma lo tenga aperto."_s);
+    return content;
 }
 
 void PutInPlace(const QString &aside, const QString &path)

@@ -30,11 +30,6 @@ inline constexpr QStringView Publicazione = u"\\ARCHIVI.QX\\ZELT\\INTERNET\\PUBL
 inline constexpr QStringView LavoriInCorso = u"\\ARCHIVI.QX\\ZELT\\INTERNET\\LAVORIINCORSO";
 } // namespace ArchiveFolders
 
-/** The per-user setting that holds ArchiveRoot: its key below the current user's root and the
- *  value's name. */
-inline constexpr QStringView SettingsKey = u"Software\\Dornvale\\ZELT";
-inline constexpr QStringView ArchiveRootValue = u"drivers";
-
 /** The databases of a project. */
 enum class ArchiveFile
 {

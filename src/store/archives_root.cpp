@@ -3,7 +3,6 @@
 #include "common/errors.h"
 #include "platform/machine_path.h"
 #include "platform/registry.h"
-#include "store/archive_paths.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -11,6 +10,12 @@
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
+
+QString ArchivesRootSetting()
+{
+    return u"il valore \"%1\" di %2"_s.arg(ArchiveRootValue,
+                                           RegistryKeyPlace(SettingsKey.toString()));
+}
 
 std::optional<QString> StoredArchivesRoot()
 {

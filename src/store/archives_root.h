@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 #include <optional>
 
@@ -9,6 +10,14 @@ namespace saldoro {
 /*
  * The per-user setting that says where the archives lie, which holds for all programs of the suite.
  */
+
+/** The key of the setting below the current user's root, and the name of its value. */
+inline constexpr QStringView SettingsKey = u"Software\\Dornvale\\ZELT";
+inline constexpr QStringView ArchiveRootValue = u"drivers";
+
+/** What the setting is and where a person finds it, in Italian: the value "drivers" of a key or of
+ * a file. */
+QString ArchivesRootSetting();
 
 /** The archives root as it is set; no value when it is not. Throws FileError when the settings
  *  can't be read. */

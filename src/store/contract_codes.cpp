@@ -1,6 +1,7 @@
 #include "store/contract_codes.h"
 
 #include "platform/machine_path.h"
+#include "platform/whole_file.h"
 #include "store/archive_paths.h"
 
 #include <QDir>
@@ -29,7 +30,7 @@ QStringList ContractCodes(const QString &root)
              .entryInfoList(QDir::Dirs | QDir::System | QDir::NoDotAndDotDot,
                             QDir::Name | QDir::IgnoreCase)) {
         if ((entry.isDir() || entry.isSymbolicLink()) &&
-            !entry.fileName().endsWith(UnfinishedContract))
+            !entry.fileName().endsWith(UnfinishedEnd))
             codes.append(entry.fileName());
     }
     return codes;
@@ -63,8 +64,8 @@ QString CodeProblem(const QString &code, const QStringList &codes)
         return match.captured().front() < u' ' || match.captured() == u"\x7f"
                    ? u"Il codice non può contenere caratteri di controllo."_s
                    : u"Il codice non può contenere "_s + match.captured() + u'.';
-    if (code.endsWith(UnfinishedContract))
-        return u"Il codice non può finire con "_s + UnfinishedContract.toString() + u'.';
+    if (code.endsWith(UnfinishedEnd))
+        return u"Il codice non può finire con "_s + UnfinishedEnd.toString() + u'.';
     if (code != code.trimmed() || code.endsWith(u'.'))
         return u"Il codice non può avere spazi all'inizio o alla fine, né finire con un punto."_s;
     if (device.match(code).hasMatch())

@@ -15,10 +15,8 @@ QString ContractsFolder(const QString &root);
 /** The folder of the contract of that code, a path of the machine; it may be missing. */
 QString ContractFolder(const QString &root, const QString &code);
 
-/** What the folder of a contract ends in until it is complete; it is none of the contracts. */
-inline constexpr QStringView UnfinishedContract = u".nuovo";
-
-/** The codes of all contracts below @p root in the order of the system's file names. */
+/** The codes of all contracts below @p root in the order of the system's file names. A folder that
+ * is being made, which ends in UnfinishedEnd, is none. */
 QStringList ContractCodes(const QString &root);
 
 /** The lowest number of five digits, from 00001, that none of @p codes is; empty when all are. */

@@ -23,15 +23,25 @@ bool isAssociation(const ProgramValues &values, qint32 companyId)
 
 } // namespace
 
+QString ContractorItem(const ProgramValues &values)
+{
+    return CodiceEsterno(values, InternalCode::Contractor);
+}
+
+bool FindContractor(RecordSet &sheet, const QString &item)
+{
+    sheet.findFirst(u"Voce = '"_s + item + u"'"_s);
+    return !sheet.noMatch();
+}
+
 Contractor LoadContractor(const ProgramValues &values)
 {
     Contractor contractor;
-    const QString code = CodiceEsterno(values, InternalCode::Contractor);
+    const QString code = ContractorItem(values);
     {
         const Database database = Database::open(ContractPath(values));
         RecordSet items = database.openRecordSet(u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s);
-        items.findFirst(u"Voce = '"_s + code + u"'"_s);
-        if (!items.noMatch()) {
+        if (FindContractor(items, code)) {
             contractor.IdImpresa =
                 WithDetail(Detail::Item, code, [&] { return items.field(u"Link"_s).integer(); });
             contractor.name = items.field(u"Stringa"_s).textOrEmpty();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/program_values.h"
+#include "database/record_set.h"
 
 #include <QStringList>
 
@@ -20,6 +21,12 @@ struct Contractor
     /** Whether it is an association of companies, whose principals may be listed. */
     bool isAssociation = false;
 };
+
+/** Item code of the contractor; empty when the code map has none. Throws as CodiceEsterno(). */
+QString ContractorItem(const ProgramValues &values);
+
+/** Makes that item the current record of the contract sheet; false when there is none. */
+bool FindContractor(RecordSet &sheet, const QString &item);
 
 /** Looks the contractor up in the contract sheet and, when linked, in the register of companies.
  *  A contractor without a link value (null) throws NullValue; database errors pass. */

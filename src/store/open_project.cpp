@@ -1,11 +1,11 @@
 #include "store/open_project.h"
 
 #include "common/errors.h"
+#include "platform/machine_path.h"
 
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 namespace saldoro {
 
@@ -18,8 +18,7 @@ constexpr int mostMarks = 16;
 
 std::unique_ptr<QLockFile> markNumber(int number, const QString &projectFolder)
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-                           u"/saldoro/aperti"_s;
+    const QString folder = SettingsFolder() + u"/aperti"_s;
     QDir().mkpath(folder);
     const QFileInfo info(projectFolder);
     const QString path = info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();

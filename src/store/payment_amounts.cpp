@@ -24,9 +24,8 @@ bool IsProfessional(const RecordSet &payments)
 
 Currency OtherAmounts(const RecordSet &payments)
 {
-    if (!IsProfessional(payments))
-        return {};
-    return payments.field(u"AltriImporti01"_s).currencyOrNone().value_or(Currency());
+    return OtherAmounts(IsProfessional(payments),
+                        [&] { return payments.field(u"AltriImporti01"_s).currencyOrNone(); });
 }
 
 Currency GrossAmount(const RecordSet &payments)

@@ -5,6 +5,14 @@
 
 namespace saldoro {
 
+/** What a payment holds beside fee and VAT: of a professional's what @p read gives, a null being 0;
+ *  of a company's nothing, and that is not even read. */
+template <typename Read>
+Currency OtherAmounts(bool isProfessional, const Read &read)
+{
+    return isProfessional ? read().value_or(Currency()) : Currency();
+}
+
 /** What an invoice comes to: base, VAT and other amounts. Throws OverflowError. */
 Currency GrossAmount(Currency base, Currency vat, Currency others);
 
@@ -18,7 +26,7 @@ Currency NetAmount(Currency gross, Currency withheld);
 /** Whether the kind is exactly "P"; every other payment counts as a company's. */
 bool IsProfessional(const RecordSet &payments);
 
-/** What a professional's payment holds beside fee and VAT, a null being 0; 0 for companies. */
+/** The other amounts that count, of `AltriImporti01`. */
 Currency OtherAmounts(const RecordSet &payments);
 
 /** Importo, ImportoIVA and the other amounts. A null in the first two throws NullValue, a sum

@@ -12,7 +12,7 @@ WrittenItems::WrittenItems(const TableRows &codes)
     for (const TableRow &row : codes) {
         const QString code = TextOf(row[0]);
         const auto used = std::ranges::find_if(UsedCodes, [&code](const UsedCode &one) {
-            return code.compare(one.code, Qt::CaseInsensitive) == 0;
+            return AreEqualTexts(code, one.code.toString());
         });
         if (used == UsedCodes.end() || used->use == CodeUse::Search)
             continue;
@@ -28,7 +28,7 @@ bool WrittenItems::contains(const QString &item) const
     bool isNumber = false;
     item.mid(m_noteStart.size()).toInt(&isNumber);
     return m_items.contains(item) || (isNumber && !m_noteStart.isEmpty() &&
-                                      item.startsWith(m_noteStart, Qt::CaseInsensitive));
+                                      AreEqualTexts(item.left(m_noteStart.size()), m_noteStart));
 }
 
 } // namespace saldoro

@@ -16,10 +16,9 @@ namespace {
 /** The first row whose text in that field is equal as the databases compare; -1 for none. */
 qsizetype find(const ProjectTable &table, const QString &field, const QString &text)
 {
-    const TextOrder isLess;
     for (qsizetype row = 0; row < table.rows.size(); ++row) {
         const auto own = table.value<QString>(row, field);
-        if (own && !isLess(*own, text) && !isLess(text, *own))
+        if (own && AreEqualTexts(*own, text))
             return row;
     }
     return -1;

@@ -1,5 +1,6 @@
 #include "common/creditor_kind.h"
 #include "common/text_cut.h"
+#include "store/ledger_records.h"
 #include "store/table_definitions.h"
 #include "verify/checks.h"
 
@@ -167,8 +168,7 @@ void CheckNumbering(const CheckedProject &project, Findings &findings)
             "riga: lavorano su un altro pagamento o su nessuno."_s.arg(
                 span(u"il pagamento"_s, u"i pagamenti"_s, *first->number, *last.number)));
     }
-    // A new payment gets the number of rows and 1, whether or not that is free.
-    const auto taken = byNumber.find(static_cast<qint32>(payments.size()) + 1);
+    const auto taken = byNumber.find(NextPaymentNumber(payments.size()));
     if (taken != byNumber.end())
         add(*taken->second.first(), taken->second.first()->name(),
             u"«Nuovo» userà il numero %1, che è di questo pagamento: se il tipo di creditore è lo "

@@ -44,12 +44,11 @@ std::optional<Currency> grossAmount(const CheckedRow &payment)
     const auto amount = [&](const QString &field) {
         return payment.table->value<Currency>(payment.place, field);
     };
-    const bool hasOthers = payment.code == KindCode(CreditorKind::Professional);
-    const auto others = hasOthers ? amount(u"AltriImporti01"_s) : std::nullopt;
+    const Currency others = OtherAmounts(payment.code == KindCode(CreditorKind::Professional),
+                                         [&] { return amount(u"AltriImporti01"_s); });
     const auto fee = amount(u"Importo"_s);
     const auto vat = amount(u"ImportoIVA"_s);
-    return fee && vat ? std::optional(GrossAmount(*fee, *vat, others.value_or(Currency())))
-                      : std::nullopt;
+    return fee && vat ? std::optional(GrossAmount(*fee, *vat, others)) : std::nullopt;
 }
 
 QList<CheckedRow> paymentsOf(const ProjectTable &fatture)

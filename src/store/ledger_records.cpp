@@ -1,4 +1,4 @@
-#include "store/allocation_records.h"
+#include "store/ledger_records.h"
 
 #include "database/criterion.h"
 
@@ -6,10 +6,26 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
+QString PaymentCriterion(qint32 number)
+{
+    return u"Npag = "_s + QString::number(number);
+}
+
+bool FindPayment(RecordSet &payments, qint32 number)
+{
+    payments.findFirst(PaymentCriterion(number));
+    return !payments.noMatch();
+}
+
+QString AllocationsCriterion(qint32 paymentNumber)
+{
+    return u"RelNpag = "_s + QString::number(paymentNumber);
+}
+
 RecordSet OpenAllocations(const Database &ledger, qint32 paymentNumber)
 {
-    return ledger.openRecordSet(u"SELECT * FROM Spese WHERE RelNpag = "_s +
-                                QString::number(paymentNumber));
+    return ledger.openRecordSet(u"SELECT * FROM Spese WHERE "_s +
+                                AllocationsCriterion(paymentNumber));
 }
 
 bool FindAllocation(RecordSet &allocations, const QString &code)
