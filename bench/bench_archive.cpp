@@ -3,7 +3,7 @@
 #include "bare_file.h"
 #include "empty_archive.h"
 #include "store/archive_paths.h"
-#include "store/code_lookups.h"
+#include "store/code_map.h"
 #include "store/internal_codes.h"
 #include "store/mandate_note.h"
 

@@ -6,7 +6,7 @@
 #include "overview/closing_work.h"
 #include "platform/machine_path.h"
 #include "store/archive_paths.h"
-#include "store/code_lookups.h"
+#include "store/code_map.h"
 
 #include <QFile>
 

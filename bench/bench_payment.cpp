@@ -2,8 +2,9 @@
 
 #include "common/amount_text.h"
 #include "common/date_text.h"
-#include "invoice/allocation_block.h"
-#include "overview/payment_actions.h"
+#include "invoice/allocation_table.h"
+#include "invoice/payment_save.h"
+#include "overview/payment_opening_and_deletion.h"
 #include "store/archive_paths.h"
 #include "store/mandate_note.h"
 

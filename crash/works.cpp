@@ -9,7 +9,7 @@
 #include "held_form.h"
 #include "overview/availability_overview.h"
 #include "overview/closing_work.h"
-#include "overview/payment_actions.h"
+#include "overview/payment_opening_and_deletion.h"
 #include "overview/payments_list.h"
 #include "platform/registry.h"
 #include "sound_project.h"

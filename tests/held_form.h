@@ -1,7 +1,8 @@
 #pragma once
 
-#include "invoice/allocation_block.h"
-#include "invoice/payment_record.h"
+#include "invoice/allocation_table.h"
+#include "invoice/payment_load.h"
+#include "invoice/payment_save.h"
 
 namespace saldoro {
 

@@ -2,7 +2,7 @@
 #include "office.h"
 #include "platform/machine_path.h"
 #include "platform/registry.h"
-#include "store/open_project.h"
+#include "store/project_open_mark.h"
 
 #include <QTest>
 
@@ -218,7 +218,7 @@ void TestImport::takesOverOrRefuses()
     // Values that can't be read right are one, whenever they came.
     check("Spese", "UPDATE Fatture SET Importo = 'dodici' WHERE Npag = 2",
           "RelNpag;Cod;Importo\n1;A1;12\n", "«dodici» non è un importo esatto", nullptr, false);
-    const OpenProject opened(MachinePath(office.project()));
+    const ProjectOpenMark opened(MachinePath(office.project()));
     check("Spese", "", "RelNpag;Cod;Importo\n1;A1;12\n2;B2;5\n", "Saldoro ha aperto il progetto",
           nullptr, false);
     // Files that the engine can't write together.
@@ -242,7 +242,7 @@ void TestImport::keepsCodesAndWhatTheProgramWrote()
     office.put(u"SchedaProgetto"_s, "Voce;Descri;Importo\nM0097_3;Pag. N.3 - Rossi;\n"
                                     "S0103;Totale;5\nQ0100;Prospetto;\nA1;Oggetto;\nM0097_x;;\n");
     {
-        const OpenProject other(MachinePath(office.project())); // which is being made
+        const ProjectOpenMark other(MachinePath(office.project())); // which is being made
         QVERIFY(office.import().contains(u"sta facendo lo stesso progetto"_s));
     }
     office.import();

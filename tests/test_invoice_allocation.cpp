@@ -2,7 +2,8 @@
 #include "common/errors.h"
 #include "controls/flex_grid.h"
 #include "form_driver.h"
-#include "invoice/allocation_block.h"
+#include "invoice/allocation_table.h"
+#include "invoice/cost_item_choice.h"
 
 #include <QListWidget>
 #include <QScrollBar>

@@ -1,5 +1,6 @@
 #include "database_probe.h"
-#include "store/code_lookups.h"
+#include "store/code_map.h"
+#include "store/contract_sheet.h"
 #include "store/mandate_note.h"
 #include "test_archive.h"
 

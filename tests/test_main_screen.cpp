@@ -1,6 +1,6 @@
 #include "archive_probe.h"
 #include "overview/availability_overview.h"
-#include "overview/payment_actions.h"
+#include "overview/payment_opening_and_deletion.h"
 #include "overview/payments_list.h"
 
 #include <QTest>

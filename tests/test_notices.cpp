@@ -2,7 +2,7 @@
 #include "invoice/invoice_notices.h"
 #include "open_program.h"
 #include "overview/main_screen_notices.h"
-#include "store/open_project.h"
+#include "store/project_open_mark.h"
 
 #include <QLabel>
 
@@ -200,7 +200,7 @@ A unstored unlisted -> non c'è. «Conferma» ne aggiunge)"_s;
         const auto strip = [&] { return Find<QLabel>(*form, u"Avvisi"_s); };
         const auto told = [&] { return strip()->accessibleName(); };
         QTRY_COMPARE(told(), u"Avviso: Pagato più del previsto: B2 (-1,50)"_s);
-        const OpenProject other(p.project.folder());
+        const ProjectOpenMark other(p.project.folder());
         p.main.load();
         QTRY_VERIFY(told().contains(u"in un'altra finestra"_s));
         p.modify(2);

@@ -5,7 +5,7 @@
 #include "office/frm_appalti.h"
 #include "office/frm_creditori.h"
 #include "office/frm_voci.h"
-#include "store/open_project.h"
+#include "store/project_open_mark.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -108,7 +108,7 @@ private slots:
         form.show();
         QVERIFY(QTest::qWaitForWindowActive(&form));
         {
-            const OpenProject saldoro(office.folder(u"00112"_s));
+            const ProjectOpenMark saldoro(office.folder(u"00112"_s));
             Play(&form, u"to Elenco, Alt+V"_s);
             QVERIFY(office.messages.takeLast().contains(u"L'appalto è aperto in Saldoro."_s));
         }

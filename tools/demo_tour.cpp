@@ -19,7 +19,8 @@
 #include "platform/machine_path.h"
 #include "rtf_reader.h"
 #include "store/archive_paths.h"
-#include "store/code_lookups.h"
+#include "store/code_map.h"
+#include "store/contract_sheet.h"
 #include "store/mandate_note.h"
 
 #include <QAbstractButton>

@@ -26,15 +26,16 @@ struct ProgramValues
 
     // Written again and again.
 
-    /** The payment that an invoice form is for when it is loaded next, new or not. The main screen
-     *  writes it before it asks for a form (overview/frm_principale, overview/payment_actions). */
+    /** The payment that an invoice form is for when it is loaded next, new or not. Written before
+     *  the main screen asks for a form (overview/frm_principale,
+     *  overview/payment_opening_and_deletion). */
     qint32 CurrentPaymentNumber = 0;
     /** Mandate note composed by the last save of an invoice form (invoice/payment_save). */
     QString MandateText;
     /** Statement of the payment that was composed last (overview/payment_statement). */
     QString TestoPagamento;
     /** Running sum of the payments of one kind (overview/payment_statement), set back before each
-     *  kind (overview/statement_documents). */
+     *  kind (overview/closing_work). */
     Currency TotaleLiquidato;
 };
 

@@ -7,7 +7,8 @@ namespace saldoro {
 /** Whether @p event is a press of Return or of Enter, which do the same everywhere. */
 bool IsEnter(const QEvent &event);
 
-/** Watches the keys of the application, from its start on where the program calls this at all. */
+/** Watches the keys of the application. In a program that calls IsKeyHeld() or this anywhere they
+ * are watched from the start. */
 void WatchKeyPresses();
 
 /**

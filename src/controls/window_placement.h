@@ -12,7 +12,8 @@ int TwipsToPixels(int twips, const QWidget &widget);
 
 /** Keeps a window above all windows that are not topmost, for its lifetime. The window keeps its
  *  size and moves to the top-left corner of the screen, so callers centre it right afterwards; a
- *  maximised one stays where it is. To be called before the window is first shown. */
+ *  maximised one stays where it is. To be called before the window is first shown; later calls only
+ *  move it. */
 void SetTopMost(QWidget &window);
 
 /** Centres a window on its screen: half the screen's size minus half the window's, which is

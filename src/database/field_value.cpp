@@ -148,7 +148,7 @@ QString PlainText(const StoredValue &value, FieldType type)
 
 DatabaseError FieldValue::error(DatabaseFault fault) const
 {
-    return {fault, m_place->file, m_place->table, m_field->name};
+    return {fault, m_origin->file, m_origin->table, m_field->name};
 }
 
 /** The value, which must not be null. */

@@ -39,7 +39,7 @@ std::optional<DatabaseFault> RefusalOf(const FieldDef &field, const NewValue &va
 QString PlainText(const StoredValue &value, FieldType type);
 
 /** The file and the table of a record, for error texts. */
-struct RecordPlace
+struct RecordOrigin
 {
     QString file;
     QString table;
@@ -89,10 +89,10 @@ public:
 
 private:
     friend class RecordSet;
-    FieldValue(const StoredValue &value, const FieldDef &field, const RecordPlace &place)
+    FieldValue(const StoredValue &value, const FieldDef &field, const RecordOrigin &origin)
         : m_value(&value)
         , m_field(&field)
-        , m_place(&place)
+        , m_origin(&origin)
     {
     }
     const StoredValue &known() const;
@@ -100,7 +100,7 @@ private:
 
     const StoredValue *m_value;
     const FieldDef *m_field;
-    const RecordPlace *m_place;
+    const RecordOrigin *m_origin;
 };
 
 } // namespace saldoro

@@ -27,7 +27,7 @@ RecordRows::RecordRows(std::shared_ptr<Connection> file, Statement query, const 
                        const QString &rowIdName)
     : m_file(std::move(file))
     , m_query(std::move(query))
-    , m_place{m_file->path(), table}
+    , m_origin{m_file->path(), table}
     , m_target{m_file->schema() + u'.' + QuotedName(table), rowIdName}
     , m_fields(m_query->fields(areUpdatable() ? 1 : 0))
 {
@@ -42,7 +42,7 @@ bool RecordRows::read()
     constexpr qsizetype mostValues = 20'000'000; // far more than any table here, half a gigabyte
     while (m_query->step()) {
         if (static_cast<qsizetype>(m_records.size()) * m_fields.size() > mostValues)
-            throw DatabaseError(DatabaseFault::Endless, m_place.file, m_place.table);
+            throw DatabaseError(DatabaseFault::Endless, m_origin.file, m_origin.table);
         StoredValue *values = append(areUpdatable() ? m_query->whole(0) : 0);
         for (int column = 0; column < m_fields.size(); ++column)
             values[column] = m_query->value(first + column, m_memory);
@@ -115,7 +115,7 @@ bool RecordRows::isInFile(qint64 id) const
 {
     Statement look(
         m_file, u"SELECT 1 FROM "_s + m_target.name + u" WHERE "_s + m_target.rowIdName + u" = ?"_s,
-        m_place.table);
+        m_origin.table);
     look.bind(1, id);
     return look.step();
 }
@@ -123,7 +123,7 @@ bool RecordRows::isInFile(qint64 id) const
 void RecordRows::requireStored(bool isStored) const
 {
     if (!isStored)
-        throw DatabaseError(DatabaseFault::NotStored, m_place.file, m_place.table);
+        throw DatabaseError(DatabaseFault::NotStored, m_origin.file, m_origin.table);
 }
 
 QStringList RecordRows::namesOf(const RecordChanges &values) const
@@ -138,7 +138,7 @@ QStringList RecordRows::namesOf(const RecordChanges &values) const
  *  that it changed. */
 int RecordRows::write(const QString &sql, const RecordChanges &values, std::optional<qint64> rowId)
 {
-    Statement change(m_file, sql, m_place.table);
+    Statement change(m_file, sql, m_origin.table);
     int parameter = 0;
     for (const auto &[column, value] : values)
         change.bind(++parameter, value);

@@ -40,7 +40,7 @@ public:
     /** Reads the records; false when that was done before. */
     bool read();
 
-    const RecordPlace &place() const { return m_place; }
+    const RecordOrigin &origin() const { return m_origin; }
     bool areUpdatable() const { return !m_target.rowIdName.isEmpty(); }
     const QList<FieldDef> &fields() const { return m_fields; }
 
@@ -94,8 +94,8 @@ private:
 
     std::shared_ptr<Connection> m_file;
     std::optional<Statement> m_query; ///< as long as the records have not been read
-    RecordPlace m_place;
-    TablePlace m_target;
+    RecordOrigin m_origin;
+    TableTarget m_target;
     QList<FieldDef> m_fields;
     std::pmr::monotonic_buffer_resource m_memory;
     std::vector<Record> m_records;

@@ -38,7 +38,7 @@ struct RecordSet::Data
     DatabaseError error(DatabaseFault fault, const QString &field = {},
                         const QString &extra = {}) const
     {
-        return {fault, rows->place().file, rows->place().table, field, extra};
+        return {fault, rows->origin().file, rows->origin().table, field, extra};
     }
 
     int columnOf(const QString &name) const
@@ -196,7 +196,7 @@ FieldValue RecordSet::field(int column) const
         throw data.error(DatabaseFault::FieldMissing, QString::number(column));
     const FieldDef &field = data.rows->fields()[column];
     data.requireRecord(field.name);
-    return {data.rows->value(data.row, column), field, data.rows->place()};
+    return {data.rows->value(data.row, column), field, data.rows->origin()};
 }
 
 void RecordSet::addNew()

@@ -93,7 +93,7 @@ QString CreateTableSql(const TableDef &table, const QString &schema)
            fields.join(u", "_s) + u')';
 }
 
-QString InsertSql(const TablePlace &table, const QStringList &fields)
+QString InsertSql(const TableTarget &table, const QStringList &fields)
 {
     const QString into = u"INSERT OR ABORT INTO "_s + table.name;
     if (fields.isEmpty())
@@ -103,13 +103,13 @@ QString InsertSql(const TablePlace &table, const QStringList &fields)
            u')';
 }
 
-QString UpdateSql(const TablePlace &table, const QStringList &fields)
+QString UpdateSql(const TableTarget &table, const QStringList &fields)
 {
     return u"UPDATE OR ABORT "_s + table.name + u" SET "_s + quoted(fields).join(u" = ?, "_s) +
            u" = ? WHERE "_s + table.rowIdName + u" = ?"_s;
 }
 
-QString DeleteSql(const TablePlace &table)
+QString DeleteSql(const TableTarget &table)
 {
     return u"DELETE FROM "_s + table.name + u" WHERE "_s + table.rowIdName + u" = ?"_s;
 }

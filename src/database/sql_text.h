@@ -33,7 +33,7 @@ EngineQuery EngineQueryFor(const QString &sql, const QString &schema);
 QString RowIdName(const QList<FieldDef> &fields);
 
 /** A table as the statements below name it. */
-struct TablePlace
+struct TableTarget
 {
     QString name; ///< quoted, with the file's
     QString rowIdName;
@@ -50,8 +50,8 @@ QString CreateTableSql(const TableDef &table, const QString &schema);
 
 /** The statements on single records; the parameters are the values of the fields, then the id of
  *  the row. The table's own rules for conflicts do not count: a row that is in the way stays. */
-QString InsertSql(const TablePlace &table, const QStringList &fields);
-QString UpdateSql(const TablePlace &table, const QStringList &fields);
-QString DeleteSql(const TablePlace &table);
+QString InsertSql(const TableTarget &table, const QStringList &fields);
+QString UpdateSql(const TableTarget &table, const QStringList &fields);
+QString DeleteSql(const TableTarget &table);
 
 } // namespace saldoro

@@ -6,7 +6,8 @@
 #include "exchange/made_files.h"
 #include "platform/machine_path.h"
 #include "store/archive_paths.h"
-#include "store/code_lookups.h"
+#include "store/code_map.h"
+#include "store/contract_sheet.h"
 #include "store/contractor_and_principals.h"
 #include "store/creditor_search.h"
 #include "store/internal_codes.h"
@@ -104,7 +105,7 @@ void addProfessionals(RecordSet &sheet, const TableRows &rows)
     int free = 1;
     for (const TableRow &row : rows) {
         const auto item = [&free] { return u'I' + QString::number(free).rightJustified(2, u'0'); };
-        while (find(sheet, u"Voce"_s, item()))
+        while (FindItem(sheet, item()))
             ++free;
         add(sheet, {{u"Voce"_s, item()},
                     {u"Funzione"_s, ProfessionalTag},
@@ -118,11 +119,11 @@ void setContractor(RecordSet &sheet, RecordSet companies, const QString &contrac
 {
     const QString item = ContractorItem(values);
     const qint32 number = companyNumber(companies, contractor);
-    if (!FindContractor(sheet, item)) {
+    if (!FindItem(sheet, item)) {
         add(sheet, {{u"Voce"_s, item},
                     {u"Funzione"_s, 1},
                     {u"Descri"_s, DescrizioneFunzione(values, InternalCode::Contractor)}});
-        FindContractor(sheet, item);
+        FindItem(sheet, item);
     }
     sheet.edit();
     write(sheet, {{u"Stringa"_s, contractor}, {u"Link"_s, number}});
@@ -166,7 +167,7 @@ KnownCreditors ReadCreditors(const ProgramValues &values)
     known.professionals = ProfessionalCreditors(values);
     const QString item = ContractorItem(values);
     RecordSet sheet = recordsOf(Database::open(ContractPath(values)), u"SchedaProgetto"_s);
-    if (FindContractor(sheet, item))
+    if (FindItem(sheet, item))
         known.contractor = sheet.field(u"Stringa"_s).textOrEmpty();
     return known;
 }

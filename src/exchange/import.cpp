@@ -8,7 +8,7 @@
 #include "platform/whole_file.h"
 #include "store/archive_paths.h"
 #include "store/contract_codes.h"
-#include "store/open_project.h"
+#include "store/project_open_mark.h"
 #include "verify/verification.h"
 
 #include <QDir>
@@ -255,7 +255,7 @@ private:
 ImportOutcome newProject(const QString &folder, const QList<GivenTable> &tables,
                          const ImportOptions &options)
 {
-    const OpenProject mark(folder);
+    const ProjectOpenMark mark(folder);
     if (mark.isOpenElsewhere())
         throw SaldoroError(u"Un altro programma sta facendo lo stesso progetto."_s,
                            u"Attendere che abbia finito, e riprovare."_s);

@@ -17,7 +17,7 @@ struct ProjectPlace
 ProjectPlace ProjectPlaceOf(const QString &folder);
 
 /** Makes the place's root the archives root when none is set yet. Gives what to tell about that,
- * and the command that opens the project unless another root is set. Throws FileError. */
+ *  and the command that opens the project unless another root is set. Throws FileError. */
 QString AdoptArchivesRoot(const ProjectPlace &place);
 
 } // namespace saldoro

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "invoice/cost_item_choice.h"
 #include "invoice/invoice_notices.h"
 
 #include <QGroupBox>

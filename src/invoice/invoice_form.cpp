@@ -11,6 +11,8 @@
 #include "invoice/creditor_fields.h"
 #include "invoice/entry_field.h"
 #include "invoice/note_fields.h"
+#include "invoice/payment_load.h"
+#include "invoice/payment_save.h"
 #include "store/creditor_search.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/notice.h"
-#include "invoice/allocation_block.h"
+#include "invoice/allocation_table.h"
 #include "invoice/payment_record.h"
 
 #include <QHash>

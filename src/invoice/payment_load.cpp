@@ -1,10 +1,11 @@
+#include "invoice/payment_load.h"
+
 #include "common/amount_text.h"
 #include "common/errors.h"
 #include "database/database.h"
-#include "invoice/allocation_block.h"
-#include "invoice/payment_record.h"
+#include "invoice/allocation_table.h"
 #include "store/archive_paths.h"
-#include "store/code_lookups.h"
+#include "store/contract_sheet.h"
 #include "store/ledger_records.h"
 #include "store/mandate_note.h"
 

@@ -4,7 +4,7 @@
 #include "common/date_text.h"
 #include "common/errors.h"
 #include "store/contract_codes.h"
-#include "store/contract_summary.h"
+#include "store/listed_contract.h"
 
 #include <QFileInfo>
 
@@ -21,7 +21,7 @@ constexpr int sliceLength = 50; ///< of reading before the window is looked afte
 constexpr int pause = 20;       ///< while all that are left are locked
 constexpr int patience = 1500;  ///< with a lock, from the beginning of a reading
 
-QStringList cellsOf(const QString &code, const ContractSummary &summary)
+QStringList cellsOf(const QString &code, const ListedContract &summary)
 {
     return {code,
             QString::number(summary.items),
@@ -117,7 +117,7 @@ bool ContractList::readContract(int row)
     const QString code = m_table.text(row, 0);
     QStringList cells{code};
     try {
-        cells = cellsOf(code, SummariseContract(ContractFolder(m_root, code), 0));
+        cells = cellsOf(code, ReadListedContract(ContractFolder(m_root, code), 0));
     } catch (const SaldoroError &error) {
         const auto *database = dynamic_cast<const DatabaseError *>(&error);
         if (database && database->fault() == DatabaseFault::Locked && m_since.elapsed() < patience)

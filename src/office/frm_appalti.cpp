@@ -17,8 +17,8 @@
 #include "platform/process.h"
 #include "store/archives_root.h"
 #include "store/contract_codes.h"
-#include "store/open_project.h"
 #include "store/project_copy.h"
+#include "store/project_open_mark.h"
 
 #include <QBoxLayout>
 #include <QCoreApplication>

@@ -6,7 +6,7 @@
 #include "office/task.h"
 #include "platform/machine_path.h"
 #include "store/archive_paths.h"
-#include "store/open_project.h"
+#include "store/project_open_mark.h"
 
 #include <QBoxLayout>
 #include <QCloseEvent>

@@ -7,8 +7,8 @@
 #include "office/paste_table.h"
 #include "office/task.h"
 #include "store/contract_codes.h"
-#include "store/open_project.h"
-#include "verify/checks.h"
+#include "store/project_open_mark.h"
+#include "verify/contract_checks.h"
 
 #include <QBoxLayout>
 #include <QCloseEvent>

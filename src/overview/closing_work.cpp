@@ -1,13 +1,16 @@
 #include "overview/closing_work.h"
 
-#include "common/overview_column.h"
-#include "common/text_cut.h"
+#include "common/creditor_kind.h"
+#include "common/errors.h"
+#include "database/database.h"
+#include "overview/availability_overview.h"
 #include "overview/document_register.h"
-#include "overview/frm_elab.h"
-#include "overview/statement_documents.h"
+#include "overview/payment_statement.h"
+#include "store/archive_paths.h"
+#include "store/contract_sheet.h"
 #include "store/internal_codes.h"
 
-#include <array>
+#include <limits>
 
 namespace saldoro {
 
@@ -15,16 +18,63 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString overviewLine(const TextTable &overview, int row)
+/** What the two runs over the payments differ in; the codes are internal ones. */
+struct Run
 {
-    constexpr std::array<qsizetype, OverviewColumn::Count> widths = {5, 35, 17, 17, 17};
-    QString line;
-    for (int column = 0; column < OverviewColumn::Count; ++column) {
-        line += FixedWidth(overview.text(row, column), widths.at(static_cast<size_t>(column)));
-        if (column == OverviewColumn::Descrizione)
-            line += u"  "_s;
+    CreditorKind kind;
+    QString creditors;
+    QStringView earlierCode;
+    QStringView lastCode;
+    QStringView totalCode;
+};
+
+/** Number of payments in the set, which the documents count in 16 bits. */
+qint16 paymentCount(RecordSet &fatture, const QString &creditors)
+{
+    fatture.moveLast();
+    const int count = fatture.recordCount();
+    if (count > std::numeric_limits<qint16>::max()) {
+        OverflowError error(u"I pagamenti di un tipo sono più di 32.767: i documenti non possono "
+                            "essere scritti."_s,
+                            u"Rivolgersi all'assistenza per dividere il registro dei pagamenti."_s);
+        error.addDetail(Detail::Payments, creditors);
+        throw error;
     }
-    return line + u"\r\n"_s;
+    fatture.moveFirst();
+    return static_cast<qint16>(count);
+}
+
+void composeStatements(RecordSet &fatture, const QString &creditors, ProgramValues &values,
+                       FrmElab &form)
+{
+    if (fatture.isEmpty())
+        return;
+    const qint16 count = paymentCount(fatture, creditors);
+    for (int number = 1; number < count; ++number) {
+        ComponiTestoPagamento(fatture, values);
+        form.listBox.text += u"\r\n"_s;
+        form.listBox.text += values.TestoPagamento;
+        fatture.moveNext();
+    }
+    ComponiTestoPagamento(fatture, values);
+    form.lastPaymentBox.text = values.TestoPagamento;
+}
+
+/** Returns the total of the kind. */
+Currency writeRun(ProgramValues &values, FrmElab &form, const Run &run)
+{
+    const Database ledger = Database::open(LedgerPath(values));
+    RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture  WHERE AziProf = '"_s +
+                                             KindCode(run.kind) + u"' ORDER BY Npag "_s);
+    form.listBox.text.clear();
+    values.TotaleLiquidato = Currency();
+    composeStatements(fatture, run.creditors, values, form);
+    SaveDocument(values, form.lastPaymentBox, run.lastCode);
+    SaveDocument(values, form.listBox, run.earlierCode);
+    RegisterDocument(values, run.earlierCode);
+    RegisterDocument(values, run.lastCode);
+    AggiornaVoceImporto(values, run.totalCode, NoTag, values.TotaleLiquidato);
+    return values.TotaleLiquidato;
 }
 
 } // namespace
@@ -32,14 +82,26 @@ QString overviewLine(const TextTable &overview, int row)
 void WriteProjectDocuments(ProgramValues &values, const TextTable &overview)
 {
     FrmElab form;
-    form.listBox.text.clear();
-    for (int row = 1; row < overview.rows(); ++row) {
+    form.listBox.text = OverviewText(overview);
+    if (!form.listBox.text.isEmpty()) // the font is set with each line
         form.listBox.fontName = form.lastPaymentBox.fontName = u"Courier New"_s;
-        form.listBox.text += overviewLine(overview, row);
-    }
     SaveDocument(values, form.listBox, InternalCode::OverviewDocument);
     RegisterDocument(values, InternalCode::OverviewDocument);
     ScriviProspettoRtf(values, form);
+}
+
+void ScriviProspettoRtf(ProgramValues &values, FrmElab &form)
+{
+    const Currency companies =
+        writeRun(values, form,
+                 {CreditorKind::Company, u"alle aziende"_s, InternalCode::EarlierCompanyPayments,
+                  InternalCode::LastCompanyPayment, InternalCode::CompanyTotal});
+    const Currency professionals =
+        writeRun(values, form,
+                 {CreditorKind::Professional, u"ai professionisti"_s,
+                  InternalCode::EarlierProfessionalPayments, InternalCode::LastProfessionalPayment,
+                  InternalCode::ProfessionalTotal});
+    AggiornaVoceImporto(values, InternalCode::Total, NoTag, companies + professionals);
 }
 
 } // namespace saldoro

@@ -4,7 +4,8 @@
 #include "overview/rtf_writer.h"
 #include "platform/whole_file.h"
 #include "store/archive_paths.h"
-#include "store/code_lookups.h"
+#include "store/code_map.h"
+#include "store/contract_sheet.h"
 
 namespace saldoro {
 

@@ -9,7 +9,7 @@
 #include "overview/availability_overview.h"
 #include "overview/closing_work.h"
 #include "overview/main_screen_notices.h"
-#include "overview/payment_actions.h"
+#include "overview/payment_opening_and_deletion.h"
 #include "overview/payments_list.h"
 #include "platform/machine_path.h"
 #include "store/archive_paths.h"

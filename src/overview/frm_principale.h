@@ -2,7 +2,7 @@
 
 #include "common/creditor_kind.h"
 #include "common/program_values.h"
-#include "store/open_project.h"
+#include "store/project_open_mark.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -88,7 +88,7 @@ private:
     FlexGrid *m_overview;
     NoticeStrip *m_strip;
     QPushButton *m_modify = nullptr;
-    std::optional<OpenProject> m_mark; ///< made once the form is on screen
+    std::optional<ProjectOpenMark> m_mark; ///< made once the form is on screen
     bool m_isOpenElsewhere = false;
     QPointer<QWidget> m_focusBefore; ///< had the focus when the form was taken out of use
 };

@@ -68,9 +68,8 @@ QString UpdateFolder(const ProgramValues &values);
 /** The folder as it was given, or whatever its letter case. Throws FileError when there is none. */
 QString ExistingFolder(const QString &given);
 
-/** A database of the project, found in any letter case; the code map lies beside the
- *  folder of the projects. One
- *  that is not there keeps its usual name. */
+/** A database of the project, found in any letter case; the code map lies beside the folder of the
+ *  projects. One that is not there keeps its usual name. */
 QString ArchiveFilePath(ArchiveFile file, const QString &folder);
 
 } // namespace saldoro

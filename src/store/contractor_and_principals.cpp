@@ -3,7 +3,8 @@
 #include "common/errors.h"
 #include "database/database.h"
 #include "store/archive_paths.h"
-#include "store/code_lookups.h"
+#include "store/code_map.h"
+#include "store/contract_sheet.h"
 #include "store/internal_codes.h"
 
 namespace saldoro {
@@ -28,12 +29,6 @@ QString ContractorItem(const ProgramValues &values)
     return CodiceEsterno(values, InternalCode::Contractor);
 }
 
-bool FindContractor(RecordSet &sheet, const QString &item)
-{
-    sheet.findFirst(u"Voce = '"_s + item + u"'"_s);
-    return !sheet.noMatch();
-}
-
 Contractor LoadContractor(const ProgramValues &values)
 {
     Contractor contractor;
@@ -41,7 +36,7 @@ Contractor LoadContractor(const ProgramValues &values)
     {
         const Database database = Database::open(ContractPath(values));
         RecordSet items = database.openRecordSet(u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s);
-        if (FindContractor(items, code)) {
+        if (FindItem(items, code)) {
             contractor.IdImpresa =
                 WithDetail(Detail::Item, code, [&] { return items.field(u"Link"_s).integer(); });
             contractor.name = items.field(u"Stringa"_s).textOrEmpty();

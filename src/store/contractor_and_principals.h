@@ -1,7 +1,6 @@
 #pragma once
 
 #include "common/program_values.h"
-#include "database/record_set.h"
 
 #include <QStringList>
 
@@ -24,9 +23,6 @@ struct Contractor
 
 /** Item code of the contractor; empty when the code map has none. Throws as CodiceEsterno(). */
 QString ContractorItem(const ProgramValues &values);
-
-/** Makes that item the current record of the contract sheet; false when there is none. */
-bool FindContractor(RecordSet &sheet, const QString &item);
 
 /** Looks the contractor up in the contract sheet and, when linked, in the register of companies.
  *  A contractor without a link value (null) throws NullValue; database errors pass. */

@@ -1,7 +1,7 @@
 #include "store/mandate_note.h"
 
 #include "common/text_cut.h"
-#include "store/code_lookups.h"
+#include "store/code_map.h"
 #include "store/internal_codes.h"
 
 namespace saldoro {

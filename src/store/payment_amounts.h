@@ -20,7 +20,8 @@ Currency GrossAmount(Currency base, Currency vat, Currency others);
 Currency NetAmount(Currency gross, Currency withheld);
 
 /*
- * These read the current payment of an open set. They throw NoCurrentRecord, FieldMissing.
+ * These read the current payment of an open set. They throw DatabaseError: NoCurrentRecord,
+ * FieldMissing, and TypeMismatch for an amount that is none.
  */
 
 /** Whether the kind is exactly "P"; every other payment counts as a company's. */

@@ -1,7 +1,8 @@
+#include "verify/allocation_checks.h"
+
 #include "common/amount_text.h"
 #include "common/errors.h"
 #include "database/text_order.h"
-#include "verify/checks.h"
 
 #include <QHash>
 #include <QSet>

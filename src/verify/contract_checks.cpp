@@ -1,8 +1,9 @@
+#include "verify/contract_checks.h"
+
 #include "common/text_cut.h"
 #include "database/text_order.h"
 #include "store/internal_codes.h"
 #include "store/pick_limits.h"
-#include "verify/checks.h"
 
 #include <algorithm>
 #include <set>

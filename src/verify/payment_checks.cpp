@@ -1,8 +1,9 @@
+#include "verify/payment_checks.h"
+
 #include "common/creditor_kind.h"
 #include "common/text_cut.h"
 #include "store/ledger_records.h"
 #include "store/table_definitions.h"
-#include "verify/checks.h"
 
 #include <algorithm>
 #include <iterator>

@@ -4,7 +4,9 @@
 #include "platform/progress.h"
 #include "store/archive_paths.h"
 #include "store/table_definitions.h"
-#include "verify/checks.h"
+#include "verify/allocation_checks.h"
+#include "verify/contract_checks.h"
+#include "verify/payment_checks.h"
 
 #include <QFileInfo>
 

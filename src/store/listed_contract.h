@@ -7,8 +7,8 @@
 
 namespace saldoro {
 
-/** A contract in one line. */
-struct ContractSummary
+/** What the list of contracts tells of one. */
+struct ListedContract
 {
     int items = 0;   ///< of the budget
     Currency budget; ///< sum of the items, a missing amount being 0
@@ -20,10 +20,10 @@ struct ContractSummary
 };
 
 /**
- * Sums up the contract whose project lies in @p folder, a path of the machine. A ledger that is not
- * there yet, the program having never opened the project, counts as empty. Throws DatabaseError,
- * Locked after @p lockWait milliseconds; OverflowError.
+ * Reads what the list tells of the contract whose project lies in @p folder, a path of the machine.
+ * A ledger that is not there yet, the program having never opened the project, counts as empty.
+ * Throws DatabaseError, Locked after @p lockWait milliseconds; OverflowError.
  */
-ContractSummary SummariseContract(const QString &folder, int lockWait);
+ListedContract ReadListedContract(const QString &folder, int lockWait);
 
 } // namespace saldoro

@@ -13,11 +13,11 @@ namespace saldoro {
  * it. A program that died leaves no mark that counts. A mark that can't be written (no such folder,
  * full disk) is left out in silence: it is only there to warn.
  */
-class OpenProject
+class ProjectOpenMark
 {
 public:
     /** @param projectFolder a path of the machine, of a folder that need not be there yet. */
-    explicit OpenProject(const QString &projectFolder);
+    explicit ProjectOpenMark(const QString &projectFolder);
 
     /** Whether another program has the project open right now. */
     bool isOpenElsewhere() const;

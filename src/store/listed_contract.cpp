@@ -1,4 +1,4 @@
-#include "store/contract_summary.h"
+#include "store/listed_contract.h"
 
 #include "common/errors.h"
 #include "database/database.h"
@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void addBudget(ContractSummary &summary, RecordSet items)
+void addBudget(ListedContract &summary, RecordSet items)
 {
     for (; !items.eof(); items.moveNext()) {
         ++summary.items;
@@ -24,7 +24,7 @@ void addBudget(ContractSummary &summary, RecordSet items)
     }
 }
 
-void addPayments(ContractSummary &summary, RecordSet payments)
+void addPayments(ListedContract &summary, RecordSet payments)
 {
     for (; !payments.eof(); payments.moveNext()) {
         ++summary.payments;
@@ -37,7 +37,7 @@ void addPayments(ContractSummary &summary, RecordSet payments)
 
 } // namespace
 
-ContractSummary SummariseContract(const QString &folder, int lockWait)
+ListedContract ReadListedContract(const QString &folder, int lockWait)
 {
     // Opening and locking take most of the time: one connection and one transaction do for both.
     const Database contract =
@@ -47,7 +47,7 @@ ContractSummary SummariseContract(const QString &folder, int lockWait)
         file.exists() || file.isSymLink()) // a link that leads nowhere is no new project
         ledger = contract.attach(file.filePath());
     const Transaction together(contract, TransactionKind::Reading);
-    ContractSummary summary;
+    ListedContract summary;
     addBudget(summary, contract.openRecordSet(u"SELECT * FROM UltimaPerVariante"_s));
     if (ledger)
         addPayments(summary, ledger->openRecordSet(u"SELECT * FROM Fatture"_s));

@@ -3,7 +3,6 @@
 #include "common/program_values.h"
 #include "controls/text_table.h"
 
-#include <QList>
 #include <QString>
 
 namespace saldoro {
@@ -21,31 +20,11 @@ inline constexpr int Importo = 2;
 inline constexpr int Count = 3;
 } // namespace AllocationColumn
 
-/** A cost item that may be inserted. */
-struct OfferedItem
-{
-    QString line; ///< of the pick list
-    QString description;
-};
-
 /** Three columns and the header row alone. */
 void PrepareAllocations(TextTable &grid);
 
 /** True when no row holds the code yet: trimmed texts, compared exactly. */
 bool CekCodCaricato(const TextTable &grid, const QString &code);
-
-/** Items of the overview that are not in the grid. The overview has at least five columns. Throws
- *  BoundsError for more than PickListSize items. */
-QList<OfferedItem> ItemsOnOffer(const TextTable &overview, const TextTable &grid);
-
-/** Starts an insertion: an empty row, whose first cell becomes current. */
-void BeginInsertion(TextTable &grid);
-/** Puts the item into the current row and makes its amount current, for the editor to open on.
- *  False, with nothing done, for an item without a code: that is no choice. */
-bool PickItem(TextTable &grid, const OfferedItem &item);
-/** Ends an insertion, with an item picked or without: an empty last row goes, the last row's amount
- *  becomes current. */
-void EndInsertion(TextTable &grid);
 
 /** Writes an amount, in display form, from what was typed in plain form. */
 void WriteAmount(TextTable &grid, int row, const QString &typed);

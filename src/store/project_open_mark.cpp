@@ -1,4 +1,4 @@
-#include "store/open_project.h"
+#include "store/project_open_mark.h"
 
 #include "common/errors.h"
 #include "platform/machine_path.h"
@@ -46,7 +46,7 @@ bool isMarkedBeside(const QLockFile *own, const QString &projectFolder)
 
 } // namespace
 
-OpenProject::OpenProject(const QString &projectFolder)
+ProjectOpenMark::ProjectOpenMark(const QString &projectFolder)
     : m_projectFolder(projectFolder)
 {
     for (int number = 0; number < mostMarks && !m_mark; ++number) {
@@ -56,7 +56,7 @@ OpenProject::OpenProject(const QString &projectFolder)
     }
 }
 
-bool OpenProject::isOpenElsewhere() const
+bool ProjectOpenMark::isOpenElsewhere() const
 {
     return isMarkedBeside(m_mark.get(), m_projectFolder);
 }

@@ -2,32 +2,29 @@
 
 #include "common/currency.h"
 #include "common/program_values.h"
+#include "database/record_set.h"
 
 #include <QString>
 
 namespace saldoro {
 
 /*
- * Look-ups in the suite's databases. Each routine opens its database, does one job and closes it
- * again; every write is one statement. Throws DatabaseError, NullValue where the code map lacks
- * the text that is asked for. Where a routine takes an internal code, the error names it as detail
- * "Codice". Writers name the item as "Voce", and so does StringaVoceLike its pattern. Internal
- * codes are those of store/internal_codes.h.
+ * The items of the contract sheet. Each routine opens the database, does one job and closes it
+ * again; every write is one statement. Throws DatabaseError, with the item as detail "Voce" where
+ * one is written, and the pattern where a text is read.
  */
 
 /** The tag of the items that this program writes. The suite's readers go by the item's code and
  *  give the tag of these no meaning. */
 inline constexpr qint16 NoTag = 0;
 
-/** External code of an internal one, as text; the empty text when the code is not mapped. */
-QString CodiceEsterno(const ProgramValues &values, QStringView internalCode);
-
-/** Description of an internal code. A code that is not mapped throws NoCurrentRecord. */
-QString DescrizioneFunzione(const ProgramValues &values, QStringView internalCode);
+/** Makes the item of that code the current record of a set of the sheet; false when there is none.
+ *  Throws SyntaxError for a code with an apostrophe. */
+bool FindItem(RecordSet &sheet, const QString &item);
 
 /** Writes the amount item that an internal code is mapped to: tag, the code's description, the
  *  amount and its text "€ " + amount. Adds the item when missing. A code that is not mapped throws
- *  NoCurrentRecord. */
+ *  NoCurrentRecord. Errors have the internal code as detail "Codice", too. */
 void AggiornaVoceImporto(const ProgramValues &values, QStringView internalCode, qint16 tag,
                          Currency amount);
 

@@ -1,10 +1,11 @@
-#include "store/code_lookups.h"
+#include "store/contract_sheet.h"
 
 #include "common/amount_text.h"
 #include "common/errors.h"
 #include "common/text_cut.h"
 #include "database/database.h"
 #include "store/archive_paths.h"
+#include "store/code_map.h"
 
 #include <initializer_list>
 #include <utility>
@@ -18,18 +19,9 @@ namespace {
 /** Most characters of an item's description that ScriviVoceStringa stores. */
 constexpr qsizetype descriptionSize = 60;
 
-/** Opens a record set whose database is closed with it. */
-RecordSet openRecords(const QString &path, const QString &sql)
+QString itemCriterion(const QString &item)
 {
-    return Database::open(path).openRecordSet(sql);
-}
-
-/** The code map, searched for an internal code; there may be no match. */
-RecordSet findCode(const ProgramValues &values, QStringView internalCode)
-{
-    RecordSet codes = openRecords(CodesPath(values), u"SELECT * FROM Funzioni ORDER BY CodInt"_s);
-    codes.findFirst(u"CodInt = '%1'"_s.arg(internalCode));
-    return codes;
+    return u"Voce = '"_s + item + u"'"_s;
 }
 
 QString likeCriterion(const QString &pattern)
@@ -42,8 +34,8 @@ QString likeCriterion(const QString &pattern)
  *  and that takes the right to write. */
 RecordSet findItemLike(const ProgramValues &values, const QString &pattern)
 {
-    RecordSet sheet =
-        openRecords(ContractPath(values), u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s);
+    RecordSet sheet = Database::open(ContractPath(values))
+                          .openRecordSet(u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s);
     sheet.findFirst(likeCriterion(pattern));
     return sheet;
 }
@@ -62,12 +54,10 @@ void writeItem(const ProgramValues &values, const QString &item, ExistingKey exi
     WithDetail(Detail::Item, item, [&] {
         // The sheet has a note for every payment: only the items of that code are read and put in
         // order.
-        const QString criterion = u"Voce = '"_s + item + u"'"_s;
-        RecordSet sheet =
-            openRecords(ContractPath(values),
-                        u"SELECT * FROM SchedaProgetto WHERE "_s + criterion + u" ORDER BY VOCE"_s);
-        sheet.findFirst(criterion);
-        const bool isNew = sheet.noMatch();
+        RecordSet sheet = Database::open(ContractPath(values))
+                              .openRecordSet(u"SELECT * FROM SchedaProgetto WHERE "_s +
+                                             itemCriterion(item) + u" ORDER BY VOCE"_s);
+        const bool isNew = !FindItem(sheet, item);
         if (isNew)
             sheet.addNew();
         else
@@ -82,25 +72,17 @@ void writeItem(const ProgramValues &values, const QString &item, ExistingKey exi
 
 } // namespace
 
-QString CodiceEsterno(const ProgramValues &values, QStringView internalCode)
+bool FindItem(RecordSet &sheet, const QString &item)
 {
-    return WithDetail(Detail::Code, internalCode.toString(), [&] {
-        const RecordSet codes = findCode(values, internalCode);
-        return codes.noMatch() ? QString() : codes.field(u"CodExt"_s).text();
-    });
-}
-
-QString DescrizioneFunzione(const ProgramValues &values, QStringView internalCode)
-{
-    return WithDetail(Detail::Code, internalCode.toString(),
-                      [&] { return findCode(values, internalCode).field(u"Desc"_s).text(); });
+    sheet.findFirst(itemCriterion(item));
+    return !sheet.noMatch();
 }
 
 void AggiornaVoceImporto(const ProgramValues &values, QStringView internalCode, qint16 tag,
                          Currency amount)
 {
     WithDetail(Detail::Code, internalCode.toString(), [&] {
-        const RecordSet codes = findCode(values, internalCode);
+        const RecordSet codes = FindCode(values, internalCode);
         const QString item = codes.field(u"CodExt"_s).text();
         // The key of an item that is there already stays in the letter case it was written in.
         writeItem(values, item, ExistingKey::Keep,

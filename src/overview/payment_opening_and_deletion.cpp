@@ -1,9 +1,9 @@
-#include "overview/payment_actions.h"
+#include "overview/payment_opening_and_deletion.h"
 
 #include "common/errors.h"
 #include "database/database.h"
 #include "store/archive_paths.h"
-#include "store/code_lookups.h"
+#include "store/contract_sheet.h"
 #include "store/ledger_records.h"
 #include "store/mandate_note.h"
 

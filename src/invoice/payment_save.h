@@ -1,0 +1,19 @@
+#pragma once
+
+#include "invoice/payment_record.h"
+
+namespace saldoro {
+
+/**
+ * Writes what an invoice form shows: the payment's row, then one row per allocation in grid order,
+ * each a write of its own, then the mandate note, which is also kept in `MandateText`. A payment
+ * of that number and kind is changed, else added; an allocation of the same code is changed, else
+ * added; none is deleted here.
+ *
+ * The stored description of a cost item is cut to its column. Any other text longer than its
+ * column throws FieldTooSmall before its own row is written. Errors pass, with the detail
+ * "Pagamento"; rows written before stay.
+ */
+void SavePagamento(ProgramValues &values, const PaymentRecord &record, const TextTable &grid);
+
+} // namespace saldoro

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "verify/findings.h"
+#include "verify/project_rows.h"
+
+namespace saldoro {
+
+/*
+ * Rules of the check. Each adds what it finds to the findings; what needs a table that can't be
+ * read is passed over.
+ */
+
+/** A cost item twice in a payment. */
+void CheckRepeated(const CheckedProject &project, Findings &findings);
+
+/** Allocations of no payment, and payments whose allocations do not add up to their invoice. */
+void CheckInvoices(const CheckedProject &project, Findings &findings);
+
+/** Allocations of no cost item, of one whose code is written differently, and of one whose sum
+ *  can't be formed. */
+void CheckItems(const CheckedProject &project, Findings &findings);
+
+} // namespace saldoro

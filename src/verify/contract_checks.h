@@ -1,0 +1,22 @@
+#pragma once
+
+#include "verify/findings.h"
+#include "verify/project_rows.h"
+
+namespace saldoro {
+
+/*
+ * Rules of the check. Each adds what it finds to the findings; what needs a table that can't be
+ * read is passed over.
+ */
+
+/** The internal codes that the program needs. */
+void CheckCodes(const CheckedProject &project, Findings &findings);
+
+/** The link of the contractor's item in the contract sheet, if there is one. */
+void CheckContractor(const CheckedProject &project, Findings &findings);
+
+/** Codes and descriptions of the cost items, and their number. */
+void CheckBudget(const CheckedProject &project, Findings &findings);
+
+} // namespace saldoro

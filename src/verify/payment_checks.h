@@ -1,0 +1,23 @@
+#pragma once
+
+#include "verify/findings.h"
+#include "verify/project_rows.h"
+
+namespace saldoro {
+
+/*
+ * Rules of the check. Each adds what it finds to the findings; what needs a table that can't be
+ * read is passed over.
+ */
+
+/** Values that are not exactly of their field's kind. */
+void CheckValues(const CheckedProject &project, Findings &findings);
+
+/** Values that a payment lacks, its kind and its sum. */
+void CheckPayments(const CheckedProject &project, Findings &findings);
+
+/** Numbers that several payments have, rows of the list that stand for another number, and the
+ *  number that the next new payment gets. */
+void CheckNumbering(const CheckedProject &project, Findings &findings);
+
+} // namespace saldoro
