@@ -66,7 +66,7 @@ void load(ProgramValues &values, TextTable &overview)
     FillAvailabilityOverview(overview, values);
     TextTable payments;
     PreparePaymentsList(payments);
-    PaymentsReader(values).fill(payments);
+    FillPaymentsList(payments, OpenPaymentsList(values));
 }
 
 void close(ProgramValues &values)

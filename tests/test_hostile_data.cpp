@@ -30,7 +30,7 @@ QString outcome(const TestArchive &archive)
     };
     PreparePaymentsList(list);
     PrepareAvailabilityOverview(overview);
-    run(u"list"_s, [&] { PaymentsReader(values).fill(list); });
+    run(u"list"_s, [&] { FillPaymentsList(list, OpenPaymentsList(values)); });
     run(u"overview"_s, [&] { FillAvailabilityOverview(overview, values); });
     for (const CreditorKind kind : {CreditorKind::Company, CreditorKind::Professional}) {
         HeldForm form(kind);

@@ -66,7 +66,9 @@ private slots:
                             u"UPDATE Fatture SET %1 WHERE Npag = 8"_s.arg(QLatin1String(change)));
             TextTable list;
             PreparePaymentsList(list);
-            QCOMPARE(FailurePlace([&] { PaymentsReader(archive.values()).fill(list); }), place);
+            QCOMPARE(
+                FailurePlace([&] { FillPaymentsList(list, OpenPaymentsList(archive.values())); }),
+                place);
             QCOMPARE(BodyText(list),
                      shown.isEmpty() ? u"||||"_s : u"3|Prima|05/11/2019|1,00|€\n"_s + shown);
         }

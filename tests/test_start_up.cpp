@@ -11,6 +11,7 @@
 #include "platform/process.h"
 #include "platform/registry.h"
 #include "store/archive_paths.h"
+#include "store/archives_root.h"
 #include "test_archive.h"
 
 #include <QDialog>

@@ -46,9 +46,9 @@ bool isAboutStoredValues(DatabaseFault fault)
            fault == NoCurrentRecord;
 }
 
-/** The check of the project that the file @p path belongs to, as a command to type: the check's
- *  name where the system finds it by that, else its place beside this program; then the project's
- *  folder, a stand-in where the file is the code map, which lies elsewhere. */
+/** The command that checks the project of the file @p path. The program is given by its name where
+ *  the system finds it so, else with its folder. The code map lies outside the project: there a
+ *  stand-in takes the place of the project's folder. */
 QString checkCommand(const QString &path)
 {
     QString program = u"saldoro-archivio"_s;

@@ -41,4 +41,9 @@ QDate DataDaTesto(const QString &text)
     return year < 100 ? QDate() : day;
 }
 
+QDate DayInBox(const QString &text)
+{
+    return DataDaTesto(text.section(u'_', 0, 0));
+}
+
 } // namespace saldoro

@@ -18,4 +18,7 @@ QString FormatData(QDate day);
  */
 QDate DataDaTesto(const QString &text);
 
+/** The day in the text of a date box: what stands before the first "_". */
+QDate DayInBox(const QString &text);
+
 } // namespace saldoro

@@ -19,7 +19,7 @@ struct ProgramValues
 
     /** In front of every archive path; no trailing backslash; may be empty. */
     QString ArchiveRoot;
-    /** Code of the contract project, as it came, and so the name of its folder. */
+    /** Code of the contract project, exactly as it was given; its folder has this name. */
     QString ProjectCode;
     /** The program's own build text, e.g. 10167. */
     QString ProgramBuild;

@@ -153,7 +153,7 @@ void DateBox::setDateText(const QString &text)
 bool DateBox::settle()
 {
     const QString left = text();
-    const QDate day = DataDaTesto(left.section(missing, 0, 0));
+    const QDate day = DayInBox(left);
     if (day.isValid() && text() != FormatData(day))
         setDateText(FormatData(day));
     m_leftWith = left;

@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /** Widths of texts in one font, in pixels. Each letter is measured once: a table may hold a hundred
- *  thousand texts, and the toolkit takes its time for each. */
+ *  thousand texts, and the toolkit is slow to measure one. */
 class LetterWidths
 {
 public:
@@ -258,8 +258,7 @@ void FlexGrid::measureCell(int row, int column)
 }
 
 // The header's own fitting to contents looks at the rows in sight alone, so columns would change
-// while one scrolls; over all rows it is a hundred times slower. It has no least and no most
-// widths.
+// while one scrolls; over all rows it is a hundred times slower. It knows no bounds of widths.
 void FlexGrid::fitColumns()
 {
     constexpr int marginTwips = 400;

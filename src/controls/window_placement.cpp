@@ -1,6 +1,6 @@
 #include "controls/window_placement.h"
 
-#include "platform/machine_path.h"
+#include "platform/registry.h"
 
 #include <QEvent>
 #include <QGuiApplication>

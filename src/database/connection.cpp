@@ -119,7 +119,7 @@ QStringList Connection::ties() const
 void Connection::removeTiesBut(const QStringList &others) const
 {
     for (const QString &path : std::as_const(m_engine->paths)) {
-        if (QFileInfo::exists(path + u"-journal"_s))
+        if (QFileInfo::exists(Database::journalPath(path)))
             return;
     }
     for (const QString &path : ties()) {

@@ -60,7 +60,7 @@ public:
     /** How many records were changed since the connection was opened, by triggers too. */
     int changesSoFar() const;
 
-    /** Gives the engine the time that one read may take, from now on; then it gives up. */
+    /** Starts the time that one read may take. The engine gives up when it is over. */
     void startClock() const;
 
     /** Replaces the content of @p copy by that of this file and flushes it to the disk. */

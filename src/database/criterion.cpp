@@ -97,12 +97,12 @@ bool LikePattern::matches(const QString &text) const
     return m_expression.match(folded(text)).hasMatch();
 }
 
-bool Criterion::fits(FieldType type) const
+bool Criterion::fits(const FieldDef &of) const
 {
-    const bool isText = type == FieldType::Text || type == FieldType::Memo;
     if (std::holds_alternative<qint64>(wanted))
-        return !isText && type != FieldType::Date;
-    return isText || type == FieldType::Undeclared || std::holds_alternative<LikePattern>(wanted);
+        return !IsText(of) && of.type != FieldType::Date;
+    return IsText(of) || of.type == FieldType::Undeclared ||
+           std::holds_alternative<LikePattern>(wanted);
 }
 
 std::optional<Criterion> ParseCriterion(const QString &text)

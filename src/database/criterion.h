@@ -40,8 +40,8 @@ struct Criterion
     QString field;
     std::variant<qint64, QByteArray, LikePattern> wanted;
 
-    /** Whether values of that type can be compared with what is wanted. */
-    bool fits(FieldType type) const;
+    /** Whether values of that field can be compared with what is wanted. */
+    bool fits(const FieldDef &of) const;
 };
 
 /** Reads "Field = 12", "Field = 'text'" or "Field Like 'pattern'". Blanks between the parts do not

@@ -158,12 +158,16 @@ RecordSet Database::openRecordSet(const QString &sql) const
         std::make_unique<RecordRows>(m_file, std::move(statement), query.singleTable, rowIdName));
 }
 
+QString Database::copyName(const QString &original)
+{
+    return original + u" copia "_s +
+           QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss"_s);
+}
+
 QString Database::backUpBeside() const
 {
     const QFileInfo original(path());
-    const QString name =
-        original.dir().filePath(original.completeBaseName() + u" copia "_s +
-                                QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss"_s));
+    const QString name = original.dir().filePath(copyName(original.completeBaseName()));
     QString copy = name + u".mdb"_s;
     for (int number = 2; QFile::exists(copy); ++number)
         copy = name + u" (%1).mdb"_s.arg(number);

@@ -86,6 +86,9 @@ public:
     /** The same with a name of the caller's, a path of the machine where no file is yet. */
     void copyTo(const QString &copyPath) const;
 
+    /** What a copy that is made now is called: "Saldoro copia 2026-03-31 10.15.00" of "Saldoro". */
+    static QString copyName(const QString &original);
+
     /** The first fault that the engine finds when it looks through the whole file, in its own
      *  words; empty when the file is sound. Throws NotADatabase when it can't even do that. */
     QString damage() const;

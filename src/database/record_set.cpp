@@ -100,7 +100,7 @@ void RecordSet::Data::setCriterion(const QString &text)
         throw error(DatabaseFault::SyntaxError, {}, text);
     criterionColumn = columnOf(wanted->field);
     const FieldDef &field = rows->fields()[criterionColumn];
-    if (!wanted->fits(field.type))
+    if (!wanted->fits(field))
         throw error(DatabaseFault::TypeMismatch, field.name, text);
     criterion = std::move(wanted);
     criterionText = text;

@@ -13,9 +13,9 @@
 namespace saldoro {
 
 /**
- * Replaces all records of a table by others, within a transaction. What a new record does not name
- * it takes over, byte for byte, from one that was there, also in fields that no definition here
- * names.
+ * Replaces all records of a table by others, within a transaction. Fields that the new records do
+ * not name, also those that no definition here knows, keep the values of former records byte for
+ * byte.
  */
 class TableRefill
 {

@@ -3,7 +3,7 @@
 #include "common/errors.h"
 #include "database/database.h"
 #include "exchange/cell_values.h"
-#include "store/ledger_records.h"
+#include "store/payment_numbers.h"
 #include "store/table_definitions.h"
 
 #include <QFile>

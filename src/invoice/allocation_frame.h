@@ -18,8 +18,8 @@ class PopupList;
  * The frame in which a payment is spread over cost items: the grid with its in-place editor, the
  * pop-up list of items, two buttons, and the total above the invoice's for comparison.
  *
- * The editor is none of the view's own: those close when another window becomes the active one, and
- * Tab takes them on to the next cell. This one is left only for another control of the form, and
+ * The view's own editors are not used: they close when another window becomes the active one, and
+ * Tab moves them to the next cell. This editor is left only for another control of the form, and
  * then gives the focus back to the grid.
  */
 class AllocationFrame : public QGroupBox

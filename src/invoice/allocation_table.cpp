@@ -2,8 +2,8 @@
 
 #include "common/amount_text.h"
 #include "common/errors.h"
+#include "store/allocation_records.h"
 #include "store/archive_paths.h"
-#include "store/ledger_records.h"
 
 namespace saldoro {
 

@@ -35,7 +35,8 @@ enum class AmountRole
     Derived ///< an amount that leaving some field may write
 };
 
-/** Whether leaving a field shows it in plain form as it was typed, to be misread from then on. */
+/** Whether a field keeps the plain form it was typed in when it is left. From then on it is
+ * misread: its point counts for nothing. */
 inline bool StaysPlain(Amount field)
 {
     return field == Amount::AltriImporti || field == Amount::SoggettaRA;

@@ -34,7 +34,7 @@ QString numberText(const InvoiceState &state)
 /** A date as it stands and as it was left, see DateBox::leftWith(). */
 void tellDate(const QString &shown, const QString &left, const QString &field, Notices &all)
 {
-    const QDate day = DataDaTesto(shown.section(u'_', 0, 0));
+    const QDate day = DayInBox(shown);
     const QString typed = (left.isEmpty() ? shown : left).section(u'_', 0, 0);
     if (shown != EmptyDateText && !day.isValid() && (!left.isEmpty() || !shown.contains(u'_')))
         all.tell(
@@ -76,7 +76,9 @@ void tellTexts(const InvoiceState &state, Notices &all)
                  u"«Ricerca» elenca chi inizia come il creditore proposto; svuotandolo, tutti"_s);
 }
 
-/** What an item still has for this payment: what the payment has stored on it is its own. */
+/** What is left of an item for this payment. What the payment itself has stored on it counts as
+ * left.
+ */
 Currency available(const InvoiceState &state, const QString &code, int overviewRow)
 {
     QString left = state.overview->text(overviewRow, OverviewColumn::Disponibilita);

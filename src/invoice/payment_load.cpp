@@ -6,8 +6,8 @@
 #include "invoice/allocation_table.h"
 #include "store/archive_paths.h"
 #include "store/contract_sheet.h"
-#include "store/ledger_records.h"
 #include "store/mandate_note.h"
+#include "store/payment_numbers.h"
 
 namespace saldoro {
 

@@ -5,10 +5,11 @@
 #include "common/text_cut.h"
 #include "database/database.h"
 #include "invoice/allocation_table.h"
+#include "store/allocation_records.h"
 #include "store/archive_paths.h"
 #include "store/contract_sheet.h"
-#include "store/ledger_records.h"
 #include "store/mandate_note.h"
+#include "store/payment_numbers.h"
 #include "store/table_definitions.h"
 
 namespace saldoro {

@@ -13,12 +13,14 @@
 #include "overview/payments_list.h"
 #include "platform/machine_path.h"
 #include "store/archive_paths.h"
-#include "store/ledger_records.h"
+#include "store/payment_numbers.h"
 
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QTimer>
+
+#include <utility>
 
 namespace saldoro {
 
@@ -142,15 +144,13 @@ void FrmPrincipale::load()
     CentraForm(*this);
     TextTable &payments = m_payments->table();
     TextTable &overview = m_overview->table();
-    {
-        PaymentsReader reader(m_values);
-        setWindowTitle(u"SALDORO APPALTO ("_s + m_values.ProjectCode + u')');
-        PrepareAvailabilityOverview(overview);
-        PreparePaymentsList(payments);
-        m_modify->setEnabled(false);
-        reader.fill(payments);
-        m_modify->setEnabled(payments.rows() > 1);
-    }
+    RecordSet stored = OpenPaymentsList(m_values);
+    setWindowTitle(u"SALDORO APPALTO ("_s + m_values.ProjectCode + u')');
+    PrepareAvailabilityOverview(overview);
+    PreparePaymentsList(payments);
+    m_modify->setEnabled(false);
+    FillPaymentsList(payments, std::move(stored));
+    m_modify->setEnabled(payments.rows() > 1);
     LoadArrayProspettoSaldoro();
     if (overview.rows() > 1)
         overview.setRow(1); // the list is continued at its end, the overview read from its start

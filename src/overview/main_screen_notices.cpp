@@ -2,7 +2,7 @@
 
 #include "common/overview_column.h"
 #include "overview/payments_list.h"
-#include "store/ledger_records.h"
+#include "store/payment_numbers.h"
 
 namespace saldoro {
 

@@ -41,24 +41,25 @@ void PreparePaymentsList(TextTable &payments)
     payments.setHeader({u"Nr"_s, u"Creditore"_s, u"Data"_s, u"importo"_s, u"€"_s});
 }
 
-PaymentsReader::PaymentsReader(const ProgramValues &values)
-    : m_ledger(Database::open(LedgerPath(values)))
-    , m_fatture(m_ledger.openRecordSet(u"SELECT * FROM Fatture ORDER BY Npag "_s))
-    , m_spese(m_ledger.openRecordSet(u"SELECT * FROM Spese"_s))
+RecordSet OpenPaymentsList(const ProgramValues &values)
 {
+    const Database ledger = Database::open(LedgerPath(values));
+    RecordSet payments = ledger.openRecordSet(u"SELECT * FROM Fatture ORDER BY Npag "_s);
+    ledger.openRecordSet(u"SELECT * FROM Spese"_s); // the overview reads it later
+    return payments;
 }
 
-void PaymentsReader::fill(TextTable &payments)
+void FillPaymentsList(TextTable &list, RecordSet payments)
 {
-    const TextTable::BulkChange change(payments);
-    for (; !m_fatture.eof(); m_fatture.moveNext()) {
-        const int row = payments.rows();
-        payments.setRows(row + 1);
-        payments.setRow(row);
+    const TextTable::BulkChange change(list);
+    for (; !payments.eof(); payments.moveNext()) {
+        const int row = list.rows();
+        list.setRows(row + 1);
+        list.setRow(row);
         try {
-            writeCells(payments, row, m_fatture);
+            writeCells(list, row, payments);
         } catch (SaldoroError &error) {
-            addDetails(error, row, m_fatture);
+            addDetails(error, row, payments);
             throw;
         }
     }

@@ -2,7 +2,7 @@
 
 #include "common/program_values.h"
 #include "controls/text_table.h"
-#include "database/database.h"
+#include "database/record_set.h"
 
 namespace saldoro {
 
@@ -18,32 +18,18 @@ inline constexpr int Euro = 4;
 /** Cuts the table down to its header: five columns with their headings. */
 void PreparePaymentsList(TextTable &payments);
 
+/** The payments of the ledger in the order of their numbers. A ledger that can't be opened, or
+ * lacks a table, throws DatabaseError before anything on the screen has changed. */
+RecordSet OpenPaymentsList(const ProgramValues &values);
+
 /**
- * The payments of the ledger as they go into the list. A reader keeps the ledger open. It is made
- * before anything on the screen changes: a ledger that can't be opened, or lacks a table, leaves
- * the screen as it was.
+ * Appends one row for each payment to a prepared table; the current row is the last one afterwards.
+ * The amount is gross: with the VAT and, of a professional only, the other amounts.
+ *
+ * Throws DatabaseError for a null in anything but the kind and the other amounts, and
+ * OverflowError; details "Pagamento", and "Riga" and "Creditore" of a payment without number. The
+ * rows before stay.
  */
-class PaymentsReader
-{
-public:
-    /** Throws DatabaseError. */
-    explicit PaymentsReader(const ProgramValues &values);
-
-    /**
-     * Appends one row for each payment to a prepared table, in the order of the numbers; the
-     * current row is the last one afterwards. The amount is gross: with the VAT and, of a
-     * professional only, the other amounts.
-     *
-     * Throws DatabaseError for a null in anything but the kind and the other amounts, and
-     * OverflowError; details "Pagamento", and "Riga" and "Creditore" of a payment without number.
-     * The rows before stay.
-     */
-    void fill(TextTable &payments);
-
-private:
-    Database m_ledger;
-    RecordSet m_fatture;
-    RecordSet m_spese;
-};
+void FillPaymentsList(TextTable &list, RecordSet payments);
 
 } // namespace saldoro

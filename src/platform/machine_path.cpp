@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
 #include <QStringList>
 
 namespace saldoro {
@@ -46,14 +45,6 @@ QString MachinePath(const QString &archivePath)
     }
     return path;
 #endif
-}
-
-QString SettingsFolder()
-{
-    QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    if (!QDir::isAbsolutePath(folder)) // the toolkit takes XDG_CONFIG_HOME as it is
-        folder = QDir::homePath() + u"/.config"_s;
-    return folder + u"/saldoro"_s;
 }
 
 } // namespace saldoro

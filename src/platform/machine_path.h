@@ -13,9 +13,4 @@ namespace saldoro {
  */
 QString MachinePath(const QString &archivePath);
 
-/** The folder of this program's own files among the user's settings: "saldoro" in the folder that
- *  XDG_CONFIG_HOME names, or in ~/.config when that is unset, empty or not absolute; on Windows in
- *  the user's local application data. It may be missing. */
-QString SettingsFolder();
-
 } // namespace saldoro

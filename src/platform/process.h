@@ -22,8 +22,8 @@ QString CommandLineTail(int argc, char *const argv[]);
  *  blanks behind that belong to neither. */
 QString TailOfCommandLine(const QString &commandLine);
 
-/** Has a write beyond the limit of file sizes that the process was given fail as one to a full disk
- *  does; the system would end the process. */
+/** Lets a write beyond the process's limit of file sizes fail as one to a full disk does. The
+ * system would end the process. */
 void LetLargeWritesFail();
 
 /** File name of the running program without its extension. Needs the application object. */

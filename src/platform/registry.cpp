@@ -1,7 +1,6 @@
 #include "platform/registry.h"
 
 #include "platform/ini_file.h"
-#include "platform/machine_path.h"
 
 #ifdef Q_OS_WIN
 #include "common/errors.h"
@@ -14,9 +13,20 @@
 #include <QRegularExpression>
 #endif
 
+#include <QDir>
+#include <QStandardPaths>
+
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
+
+QString SettingsFolder()
+{
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    if (!QDir::isAbsolutePath(folder)) // the toolkit takes XDG_CONFIG_HOME as it is
+        folder = QDir::homePath() + u"/.config"_s;
+    return folder + u"/saldoro"_s;
+}
 
 #ifdef Q_OS_WIN
 

@@ -28,6 +28,11 @@ std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &
  *  read back as it is. */
 void SetRegistryValue(const QString &keyPath, const QString &valueName, const QString &text);
 
+/** The folder of this program's own files among the user's settings: "saldoro" in the folder that
+ *  XDG_CONFIG_HOME names, or in ~/.config when that is unset, empty or not absolute; on Windows in
+ *  the user's local application data. It may be missing. */
+QString SettingsFolder();
+
 /** The file of the per-user settings, "registro.ini" in the SettingsFolder(). Empty on Windows,
  * which has a registry. */
 QString RegistryFilePath();

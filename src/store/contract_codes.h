@@ -22,9 +22,9 @@ QStringList ContractCodes(const QString &root);
 /** The lowest number of five digits, from 00001, that none of @p codes is; empty when all are. */
 QString FirstFreeCode(const QStringList &codes);
 
-/** Why a new contract can't have that code: it names no folder on Windows or on Linux, has more
- *  than 60 characters or the end of an unfinished one, or one of @p codes differs in letter case at
- *  most. A sentence in Italian; empty when it can. */
+/** Why a new contract can't have that code, as a sentence in Italian; empty when it can. A code
+ * must be able to name a folder on Windows and on Linux, has at most 60 characters, does not end in
+ *  UnfinishedEnd, and is none of @p codes in any letter case. */
 QString CodeProblem(const QString &code, const QStringList &codes);
 
 } // namespace saldoro

@@ -6,7 +6,6 @@
 #include "platform/whole_file.h"
 #include "store/archive_paths.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 
@@ -18,9 +17,7 @@ using namespace Qt::StringLiterals;
 
 QString CopyProject(const QString &folder, const QString &target)
 {
-    QDir copy(
-        u"%1/%2 copia %3"_s.arg(target, QFileInfo(folder).fileName(),
-                                QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss"_s)));
+    QDir copy(target + u'/' + Database::copyName(QFileInfo(folder).fileName()));
     std::vector<Database> databases;
     databases.push_back(Database::open(ArchiveFilePath(ArchiveFile::Contract, folder)));
     for (const ArchiveFile file : ArchiveFileList) {

@@ -1,7 +1,7 @@
 #include "store/project_open_mark.h"
 
 #include "common/errors.h"
-#include "platform/machine_path.h"
+#include "platform/registry.h"
 
 #include <QCryptographicHash>
 #include <QDir>

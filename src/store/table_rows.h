@@ -14,7 +14,7 @@ using TableRows = QList<TableRow>;
 /** How stored values are taken that are not of their field's kind. */
 enum class Reading
 {
-    Exact,    ///< what a text can't give back exactly is an invalid day
+    Exact,    ///< an invalid day stands for what no text could give back exactly
     AsProgram ///< as their text; texts and days are taken as the program takes them
 };
 

@@ -2,7 +2,7 @@
 
 #include "common/creditor_kind.h"
 #include "common/text_cut.h"
-#include "store/ledger_records.h"
+#include "store/payment_numbers.h"
 #include "store/table_definitions.h"
 
 #include <algorithm>

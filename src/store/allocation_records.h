@@ -1,0 +1,18 @@
+#pragma once
+
+#include "database/database.h"
+
+#include <QString>
+
+namespace saldoro {
+
+/** The ledger's allocations of one payment, updatable. */
+RecordSet OpenAllocations(const Database &ledger, qint32 paymentNumber);
+
+/**
+ * Makes the first allocation of that cost item the current record; true when there is one. An
+ * empty code stands for a null one, as it is stored, so that such a row is found again too.
+ */
+bool FindAllocation(RecordSet &allocations, const QString &code);
+
+} // namespace saldoro
