@@ -3,7 +3,7 @@
 #include "platform/progress.h"
 #include "sound_project.h"
 #include "store/contract_codes.h"
-#include "store/contract_summary.h"
+#include "store/listed_contract.h"
 #include "store/project_copy.h"
 
 #include <QDir>
@@ -71,9 +71,9 @@ private slots:
         QCOMPARE(ContractCodes(project.archive.values().ArchiveRoot),
                  QStringList({u"00001"_s, u"00112"_s}));
         QFile::remove(MachinePath(project.path(u'L')));
-        QCOMPARE(SummariseContract(project.folder(), 0).payments, 0);
+        QCOMPARE(ReadListedContract(project.folder(), 0).payments, 0);
         QFile::link(u"nowhere"_s, project.folder() + u"/Saldoro.mdb"_s);
-        QVERIFY_THROWS_EXCEPTION(DatabaseError, SummariseContract(project.folder(), 0));
+        QVERIFY_THROWS_EXCEPTION(DatabaseError, ReadListedContract(project.folder(), 0));
     }
 
     /** The databases are copied as they stand at one moment; a copy that is broken off goes. */

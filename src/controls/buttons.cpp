@@ -7,11 +7,10 @@
 
 namespace saldoro {
 
-void Describe(QWidget &control, const QString &objectName, const QString &accessibleName,
-              const QString &hint)
+void Describe(QWidget &control, const QString &objectName, const QString &name, const QString &hint)
 {
     control.setObjectName(objectName);
-    control.setAccessibleName(accessibleName);
+    control.setAccessibleName(QString(name).remove(u'&'));
     control.setAccessibleDescription(hint);
     control.setToolTip(hint);
 }
@@ -20,7 +19,7 @@ PromptButton::PromptButton(const QString &objectName, const QString &caption, co
                            QWidget *parent)
     : QPushButton(caption, parent)
 {
-    Describe(*this, objectName, QString(caption).remove(u'&'), hint);
+    Describe(*this, objectName, caption, hint);
     setAutoDefault(true); // in a plain window too
     setShortcut({});      // the button's own one would show itself pressed, and repeat
     auto *mnemonic = new QShortcut(QKeySequence::mnemonic(caption), this);

@@ -5,8 +5,9 @@
 
 namespace saldoro {
 
-/** Names a control for code (object name), for screen readers and for the mouse (tool tip). */
-void Describe(QWidget &control, const QString &objectName, const QString &accessibleName,
+/** Names a control for code (object name), for screen readers (@p name, without the "&" of a
+ *  mnemonic) and for the mouse (tool tip). */
+void Describe(QWidget &control, const QString &objectName, const QString &name,
               const QString &hint);
 
 /**
@@ -19,8 +20,7 @@ class PromptButton : public QPushButton
     Q_OBJECT
 
 public:
-    /** @param caption with the mnemonic's "&", which the accessible name leaves out. Enter presses
-     *  the button while it has the focus. */
+    /** @param caption with the mnemonic's "&". Enter presses the button while it has the focus. */
     PromptButton(const QString &objectName, const QString &caption, const QString &hint,
                  QWidget *parent = nullptr);
 

@@ -60,7 +60,7 @@ private:
         m_release.reset();
     }
 
-    /** A box would be answered unread by a key that is held down since before it came. */
+    /** A key that has been held down since before a box came would answer it unread. */
     static bool isOfMessageBox(QObject *watched)
     {
         const auto *control = qobject_cast<QWidget *>(watched);

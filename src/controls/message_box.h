@@ -35,8 +35,8 @@ bool ChiediConferma(const QString &question);
 /** Answers a box in the user's place. */
 using MessageAnswerer = std::function<MessageAnswer(MessageKind kind, const QString &text)>;
 
-/** Has @p answerer answer from now on instead of real boxes (an empty one brings them back), and
- *  returns the one before. For tests and for runs without a person. */
+/** From now on @p answerer answers instead of real boxes; an empty one brings them back. Returns
+ * the one before. For tests and for runs without a person. */
 MessageAnswerer ReplaceMessageBoxes(MessageAnswerer answerer);
 
 } // namespace saldoro

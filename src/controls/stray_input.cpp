@@ -25,7 +25,7 @@ struct PressSeries
     const QWindow *window = nullptr; ///< on which it began
     quint64 time = 0;                ///< of its last press, the window system's own
 
-    /** Notes a press; whether it goes on with a series that began on another window. */
+    /** Notes a press. True when it continues a series that began on another window. */
     bool isRest(const QInputEvent &press, const QWindow &pressed)
     {
         const bool isQuick =
@@ -100,7 +100,8 @@ private:
         return true;
     }
 
-    /** A window that the program is closing says so without being asked again. */
+    /** Whether the program itself is closing the window, which then grants a second request at
+     * once. */
     bool isByProgram(QWindow &window)
     {
         m_isAsking = true;

@@ -100,7 +100,7 @@ void BringToFront(QWidget &form)
 {
     // To the toolkit a minimised window counts as shown, and raising does not bring it back.
     form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
-    // There no window may come to the front by itself, but one that is shown does.
+    // On Wayland no window may come to the front by itself, but one that is newly shown does.
     if (form.isVisible() && QGuiApplication::platformName().startsWith("wayland"_L1))
         form.hide();
     form.show();

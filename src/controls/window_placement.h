@@ -27,8 +27,8 @@ void BringToFront(QWidget &form);
 /** The file of window sizes in the SettingsFolder(). */
 QString WindowSizesFile();
 
-/** Has SizeWindow() keep the sizes of windows in @p fileName, an INI file of the program's own.
- *  Programs call it once when they start; without it, as in tests, nothing is kept. */
+/** From now on SizeWindow() keeps the sizes of windows in @p fileName, an INI file of the program's
+ *  own. Programs call it once when they start; without it, as in tests, nothing is kept. */
 void KeepWindowSizes(const QString &fileName);
 
 /** Gives a window, known by its object name, the size that its user last left it with, at first the

@@ -166,7 +166,7 @@ KnownCreditors ReadCreditors(const ProgramValues &values)
     }
     known.professionals = ProfessionalCreditors(values);
     const QString item = ContractorItem(values);
-    RecordSet sheet = recordsOf(Database::open(ContractPath(values)), u"SchedaProgetto"_s);
+    RecordSet sheet = OpenContractSheet(values);
     if (FindItem(sheet, item))
         known.contractor = sheet.field(u"Stringa"_s).textOrEmpty();
     return known;

@@ -24,7 +24,7 @@ QString cleaned(QString text)
 
 } // namespace
 
-/** Has the line take back an edit that it can't hold. The toolkit's own limit counts units of the
+/** Makes the line take back an edit that it can't hold. The toolkit's own limit counts units of the
  *  encoding, and some characters take two. Changing the text after the edit would empty the line's
  *  undo history. */
 class EntryField::Limit : public QValidator

@@ -60,7 +60,7 @@ void FieldNavigation::addLine(QLineEdit &line, Handler entered, Handler left)
 QLabel *FieldNavigation::addLine(QLineEdit &line, const QString &objectName, const QString &caption,
                                  const QString &hint)
 {
-    Describe(line, objectName, QString(caption).remove(u'&'), hint);
+    Describe(line, objectName, caption, hint);
     addLine(line);
     return LabelFor(line, caption);
 }

@@ -20,7 +20,7 @@ namespace {
 QRadioButton *makeOption(const QString &name, const QString &text, const QString &hint)
 {
     auto *option = new QRadioButton(text);
-    Describe(*option, name, QString(text).remove(u'&'), hint);
+    Describe(*option, name, text, hint);
     // Its mnemonic chooses it only after a moment, but an Enter may follow at once.
     QObject::connect(option, &QRadioButton::pressed, option,
                      [option] { option->setChecked(true); });

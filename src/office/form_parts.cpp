@@ -23,7 +23,7 @@ QWidget *MakeField(const QString &caption, Qt::Orientation direction, QWidget *f
     label->setBuddy(field);
     layout->addWidget(label);
     layout->addWidget(field, 1);
-    Describe(*field, name, QString(caption).remove(u'&'), hint);
+    Describe(*field, name, caption, hint);
     return group;
 }
 

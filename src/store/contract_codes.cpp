@@ -29,8 +29,7 @@ QStringList ContractCodes(const QString &root)
          QDir(ContractsFolder(root))
              .entryInfoList(QDir::Dirs | QDir::System | QDir::NoDotAndDotDot,
                             QDir::Name | QDir::IgnoreCase)) {
-        if ((entry.isDir() || entry.isSymbolicLink()) &&
-            !entry.fileName().endsWith(UnfinishedEnd))
+        if ((entry.isDir() || entry.isSymbolicLink()) && !entry.fileName().endsWith(UnfinishedEnd))
             codes.append(entry.fileName());
     }
     return codes;

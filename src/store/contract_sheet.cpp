@@ -29,13 +29,10 @@ QString likeCriterion(const QString &pattern)
     return u"Voce Like '"_s + pattern + u"'"_s;
 }
 
-/** The contract sheet, searched for the first item that matches. Opened for writing also where it
- *  is only read: a change that was cut short by a crash is undone by whoever opens the file next,
- *  and that takes the right to write. */
+/** The contract sheet, searched for the first item that matches; there may be none. */
 RecordSet findItemLike(const ProgramValues &values, const QString &pattern)
 {
-    RecordSet sheet = Database::open(ContractPath(values))
-                          .openRecordSet(u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s);
+    RecordSet sheet = OpenContractSheet(values);
     sheet.findFirst(likeCriterion(pattern));
     return sheet;
 }
@@ -71,6 +68,14 @@ void writeItem(const ProgramValues &values, const QString &item, ExistingKey exi
 }
 
 } // namespace
+
+// Opened for writing also where it is only read: a change that was cut short by a crash is undone
+// by whoever opens the file next, and that takes the right to write.
+RecordSet OpenContractSheet(const ProgramValues &values)
+{
+    return Database::open(ContractPath(values))
+        .openRecordSet(u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s);
+}
 
 bool FindItem(RecordSet &sheet, const QString &item)
 {

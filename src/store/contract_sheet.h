@@ -10,13 +10,16 @@ namespace saldoro {
 
 /*
  * The items of the contract sheet. Each routine opens the database, does one job and closes it
- * again; every write is one statement. Throws DatabaseError, with the item as detail "Voce" where
- * one is written, and the pattern where a text is read.
+ * again, OpenContractSheet with its set; every write is one statement. Throws DatabaseError, with
+ * the item as detail "Voce" where one is written, and the pattern where a text is read.
  */
 
 /** The tag of the items that this program writes. The suite's readers go by the item's code and
  *  give the tag of these no meaning. */
 inline constexpr qint16 NoTag = 0;
+
+/** The contract sheet in the order of its items, updatable. */
+RecordSet OpenContractSheet(const ProgramValues &values);
 
 /** Makes the item of that code the current record of a set of the sheet; false when there is none.
  *  Throws SyntaxError for a code with an apostrophe. */

@@ -34,8 +34,7 @@ Contractor LoadContractor(const ProgramValues &values)
     Contractor contractor;
     const QString code = ContractorItem(values);
     {
-        const Database database = Database::open(ContractPath(values));
-        RecordSet items = database.openRecordSet(u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s);
+        RecordSet items = OpenContractSheet(values);
         if (FindItem(items, code)) {
             contractor.IdImpresa =
                 WithDetail(Detail::Item, code, [&] { return items.field(u"Link"_s).integer(); });
