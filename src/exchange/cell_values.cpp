@@ -75,7 +75,7 @@ std::optional<QDate> DayOf(QStringView text, Notation notation)
     const auto match = (isItalian ? italian : international).match(text.trimmed());
     const auto part = [&match](int place) { return match.capturedView(place).toInt(); };
     const QDate day(part(isItalian ? 3 : 1), part(2), part(isItalian ? 1 : 3));
-    return day.isValid() && day.year() > 0 ? std::optional(day) : std::nullopt;
+    return day.isValid() ? std::optional(day) : std::nullopt;
 }
 
 std::optional<qint32> WholeOf(QStringView text)
