@@ -1,5 +1,5 @@
 #include "controls/buttons.h"
-#include "controls/key_press.h"
+#include "controls/enter_and_held_keys.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "controls/key_press.h"
+#include "controls/enter_and_held_keys.h"
 #include "controls/message_box.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "controls/buttons.h"
 
-#include "controls/key_press.h"
+#include "controls/enter_and_held_keys.h"
 
 #include <QKeyEvent>
 #include <QShortcut>

@@ -1,7 +1,7 @@
 #include "controls/flex_grid.h"
 
+#include "controls/enter_and_held_keys.h"
 #include "controls/flex_grid_delegate.h"
-#include "controls/key_press.h"
 #include "controls/screen_reader.h"
 #include "controls/window_placement.h"
 

@@ -1,6 +1,6 @@
 #include "controls/message_box.h"
 
-#include "controls/key_press.h"
+#include "controls/enter_and_held_keys.h"
 
 #include <QApplication>
 #include <QMessageBox>

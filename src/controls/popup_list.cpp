@@ -1,6 +1,6 @@
 #include "controls/popup_list.h"
 
-#include "controls/key_press.h"
+#include "controls/enter_and_held_keys.h"
 #include "controls/screen_reader.h"
 
 #include <QKeyEvent>

@@ -1,8 +1,8 @@
 #include "invoice/allocation_frame.h"
 
 #include "common/amount_text.h"
+#include "controls/enter_and_held_keys.h"
 #include "controls/flex_grid.h"
-#include "controls/key_press.h"
 #include "controls/message_box.h"
 #include "controls/popup_list.h"
 #include "invoice/field_navigation.h"

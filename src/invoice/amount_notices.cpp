@@ -101,7 +101,7 @@ struct AmountNotices
         if (held != due)
             add(Caution, share,
                 u"%1 non torna, il %2% di %3 è %4: %5"_s.arg(
-                    held, RateText(LeadingNumber(then.text(rate))),
+                    held, TypedWorth(then.text(rate), TypedNotation::Rate),
                     FormatImporto(then.amount(base)), due, wayOut));
     }
 

@@ -1,7 +1,7 @@
 #include "invoice/field_navigation.h"
 
 #include "controls/date_box.h"
-#include "controls/key_press.h"
+#include "controls/enter_and_held_keys.h"
 #include "controls/screen_reader.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 
 #include "common/ending.h"
 #include "controls/buttons.h"
-#include "controls/key_press.h"
+#include "controls/enter_and_held_keys.h"
 #include "controls/window_placement.h"
 
 #include <QCloseEvent>

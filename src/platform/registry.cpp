@@ -2,6 +2,9 @@
 
 #include "platform/ini_file.h"
 
+#include <QDir>
+#include <QStandardPaths>
+
 #ifdef Q_OS_WIN
 #include "common/errors.h"
 
@@ -12,9 +15,6 @@
 #else
 #include <QRegularExpression>
 #endif
-
-#include <QDir>
-#include <QStandardPaths>
 
 namespace saldoro {
 

@@ -1,4 +1,4 @@
-#include "controls/key_press.h"
+#include "controls/enter_and_held_keys.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
