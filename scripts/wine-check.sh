@@ -139,6 +139,31 @@ check_installer() {
     proved 'the installer installs, registers and takes away'
 }
 
+# Cells that another Windows program has copied become a contract, on which Saldoro opens.
+check_clipboard() {
+    local code=00001 cells=$work/celle.txt
+    printf '\xef\xbb\xbfCodice\tDescrizione\tImporto\r\nA1\tCittà alta\t1.234,56\r\n' >"$cells"
+    wine notepad "$(windows_path "$cells")" &
+    wait_window celle || fail 'the editor does not open'
+    press ctrl+a ctrl+c alt+F4
+    mkdir "$work/programs"
+    cp "$windows"/src/{app/Saldoro,office/saldoro-appalti}.exe "$work/programs"
+    wine "$work/programs/saldoro-appalti.exe" &
+    program=$!
+    wait_window 'Saldoro - Appalti' || fail 'the contracts are not listed'
+    press alt+n
+    wait_window 'Nuovo appalto' || fail 'no contract can be made'
+    press ctrl+v alt+e
+    wait_window "SALDORO APPALTO ($code)" || fail 'the program does not open on the new contract'
+    press alt+c
+    wait_window 'Saldoro - Appalti' || fail 'the contracts have gone'
+    press alt+h
+    ended 0
+    sqlite3 -readonly "$(dirname "$(project_folder "$work/archive-windows")")/$code/Appalto.mdb" 'SELECT * FROM UltimaPerVariante' \
+        | grep -qxF 'A1|Città alta|12345600' || fail 'the cells are not those that were copied'
+    proved 'cells from the clipboard of Windows become a contract'
+}
+
 check_updater() {
     local update=$work/archive-windows/ARCHIVI.QX/ZELT/UPDATE waited
     local record=$update/Updrun2.EXE
@@ -201,6 +226,7 @@ check_installer
 windows_root "$work/archive-windows"
 check_manifest
 check_raw_tail
+check_clipboard
 check_updater
 
 set_archives_root "$XDG_CONFIG_HOME" "$work/archive-linux"
