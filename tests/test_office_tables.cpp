@@ -57,6 +57,13 @@ private slots:
             Find<QLineEdit>(*items, u"Codice"_s)->setText(code);
             QCOMPARE(write->isEnabled(), isPossible);
         }
+        Find<QLineEdit>(*items, u"Codice"_s)->setText(u"00114"_s);
+        office.copy(u"00114"_s); // by another program
+        Play(items, u"Alt+E"_s);
+        QVERIFY(Find<QLabel>(*items, u"Problema"_s)->text().contains(u"c'è già"_s));
+        QVERIFY(office.rows(u"00114"_s, u"Appalto.mdb"_s, u"SELECT * FROM UltimaPerVariante"_s)
+                    .contains(u"Ponti"_s));
+        Find<QLineEdit>(*items, u"Codice"_s)->setText(u"00113"_s);
         qputenv("PATH", office.settings.path().toUtf8()); // no Saldoro to be started
         Play(items, u"Alt+E"_s);
         QTRY_VERIFY(form.findChild<FrmVoci *>() == nullptr);

@@ -13,6 +13,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 #include <map>
@@ -199,10 +200,11 @@ private:
                     u"Togliere i trigger dall'archivio, con l'aiuto dell'assistenza."_s);
             checkLosses(m_tables[at], m_changes[at], tables);
         }
+        QSet<std::pair<QString, QString>> before;
+        for (const Finding &finding : known)
+            before.insert({finding.place, finding.problem});
         for (Finding finding : verification.findings()) {
-            const bool isKnown = std::ranges::any_of(known, [&finding](const Finding &one) {
-                return one.place == finding.place && one.problem == finding.problem;
-            });
+            const bool isKnown = before.contains({finding.place, finding.problem});
             for (const GivenTable &given : std::as_const(m_tables)) {
                 if (finding.row >= 0 && finding.row < given.rows.size() &&
                     finding.table == given.table->name())

@@ -6,7 +6,10 @@
 
 #include <QBoxLayout>
 #include <QLabel>
+#include <QListWidget>
 #include <QShortcut>
+
+#include <algorithm>
 
 namespace saldoro {
 
@@ -33,6 +36,16 @@ QPushButton *MakeButton(const QString &name, const QString &caption, const QStri
     auto *button = new PromptButton(name, caption, hint);
     QObject::connect(button, &QPushButton::clicked, button, [action] { Attempt(action); });
     return button;
+}
+
+void ShowLines(QListWidget &list, const QStringList &lines)
+{
+    constexpr qsizetype most = 1000;
+    list.clear();
+    list.addItems(lines.first(std::min(most, lines.size())));
+    if (lines.size() > most)
+        list.addItem(u"Ce ne sono altri %1, che qui non si leggono."_s.arg(lines.size() - most));
+    list.setCurrentRow(0);
 }
 
 void SetUpModal(QWidget &form, const QString &name, const QString &title, QSize size)

@@ -2,9 +2,11 @@
 
 #include <QSize>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
+class QListWidget;
 class QPushButton;
 class QWidget;
 
@@ -22,6 +24,10 @@ QWidget *MakeField(const QString &caption, Qt::Orientation direction, QWidget *f
 /** A button that acts as by Attempt(). */
 QPushButton *MakeButton(const QString &name, const QString &caption, const QString &hint,
                         const std::function<void()> &action);
+
+/** Fills a list with lines, of which it shows a thousand and says how many more there are: to lay
+ *  out many more takes seconds in which nothing moves. The first becomes current. */
+void ShowLines(QListWidget &list, const QStringList &lines);
 
 /** Makes a form with all its fields one that is modal to its parent, is closed by Esc and deletes
  *  itself when it is closed; to be called before it is shown. @p size in twips. */

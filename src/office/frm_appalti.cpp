@@ -154,6 +154,11 @@ void FrmAppalti::load()
             QDir::toNativeSeparators(root()) +
             (StoredArchivesRoot() ? QString() : u" (proposta: nasce con il primo appalto)"_s));
         m_place->setToolTip(m_place->text()); // whole, where the field shows a part
+        m_none = QFileInfo(ContractsFolder(root())).isReadable()
+                     ? u"Nessun appalto."_s
+                     : u"Nessun appalto: la cartella degli archivi non c'è o non si può leggere. "
+                       "Nasce con il primo appalto; se c'era già, vedere se il suo disco è "
+                       "collegato."_s;
         m_contracts->read(root());
         showState(0, m_grid->table().rows() - 1);
     } catch (const FileError &error) {
@@ -167,7 +172,7 @@ void FrmAppalti::showState(int done, int all)
     const QString note = m_contracts->currentNote();
     m_contractButtons->setEnabled(!code.isEmpty());
     m_state->setText(done < all       ? u"Letti %1 appalti su %2"_s.arg(done).arg(all)
-                     : code.isEmpty() ? u"Nessun appalto."_s
+                     : code.isEmpty() ? m_none
                      : note.isEmpty() ? u"Appalto "_s + code
                                       : u"Appalto %1: %2"_s.arg(code, note));
 }

@@ -51,6 +51,7 @@ private:
     ContractList *m_contracts;
     QLineEdit *m_place;
     QLabel *m_state;
+    QString m_none;             ///< what is said where there are no contracts
     QWidget *m_contractButtons; ///< in use while there is a current contract
 };
 

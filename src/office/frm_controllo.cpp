@@ -54,17 +54,15 @@ void FrmControllo::check()
     m_findings->clear();
     m_payments->clear();
     m_dayRow->hide();
-    Findings findings;
-    if (!AttemptLong(*this, windowTitle(), [&] { findings = VerifyProject(m_folder); })) {
-        m_findings->addItem(
+    QStringList lines;
+    const auto verify = [&] {
+        for (const Finding &finding : VerifyProject(m_folder))
+            lines.append(u"%1: %2\n%3"_s.arg(finding.place, finding.problem, finding.remedy));
+    };
+    if (!AttemptLong(*this, windowTitle(), verify))
+        return m_findings->addItem(
             u"Il controllo non è arrivato in fondo: non si sa che cosa darà problemi."_s);
-        return;
-    }
-    for (const Finding &finding : findings)
-        m_findings->addItem(u"%1: %2\n%3"_s.arg(finding.place, finding.problem, finding.remedy));
-    if (findings.isEmpty())
-        m_findings->addItem(u"Nessun difetto."_s);
-    m_findings->setCurrentRow(0);
+    ShowLines(*m_findings, lines.isEmpty() ? QStringList(u"Nessun difetto."_s) : lines);
     try {
         m_payments->addItems(PaymentsWithoutDay(ArchiveFilePath(ArchiveFile::Ledger, m_folder)));
     } catch (const DatabaseError &) {

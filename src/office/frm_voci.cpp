@@ -125,20 +125,28 @@ void FrmVoci::showState()
 
 void FrmVoci::showChanges()
 {
-    m_changes->clear();
-    if (m_pasted.taken().rows.isEmpty())
-        return;
-    for (const BudgetChange &change : CompareBudget(folder(), m_pasted.taken().rows))
-        m_changes->addItem(change.text());
+    QStringList lines;
+    if (const TableRows &rows = m_pasted.taken().rows; !rows.isEmpty()) {
+        for (const BudgetChange &change : CompareBudget(folder(), rows))
+            lines.append(change.text());
+    }
+    ShowLines(*m_changes, lines);
 }
 
 void FrmVoci::write(bool evenSo)
 {
-    if (m_isVariant)
+    if (m_isVariant) {
         RequireClosed(folder());
+    } else {
+        m_codes = ContractCodes(m_root); // others make contracts, too
+        showState();
+        if (!m_write->isEnabled())
+            return m_code->setFocus();
+    }
     const GivenTable &budget = m_pasted.taken();
+    const QStringList replaced(m_isVariant ? 1 : 0, budget.table->name());
     const ImportOutcome outcome =
-        ImportTables(folder(), {budget}, {!m_isVariant, evenSo, {budget.table->name()}});
+        ImportTables(folder(), {budget}, {!m_isVariant, evenSo, replaced});
     if (outcome.isDone) {
         if (m_isVariant)
             ShowMessage(MessageKind::Information,
@@ -149,8 +157,7 @@ void FrmVoci::write(bool evenSo)
         close();
         return;
     }
-    m_refusals->clear();
-    m_refusals->addItems(LinesOf(outcome.errors + outcome.refusals));
+    ShowLines(*m_refusals, LinesOf(outcome.errors + outcome.refusals));
     m_evenSo->setVisible(outcome.errors.isEmpty());
     m_refusals->parentWidget()->show();
     m_refusals->setFocus();
