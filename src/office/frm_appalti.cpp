@@ -112,38 +112,29 @@ QLayout *FrmAppalti::makePlace()
 
 QWidget *FrmAppalti::makeContractButtons()
 {
-    struct Button
-    {
-        QString name;
-        QString caption;
-        QString hint;
-        void (FrmAppalti::*action)();
-    };
-    const QList<Button> buttons{
-        {u"Apri"_s, u"&Apri in Saldoro"_s, u"Apre in Saldoro l'appalto scelto"_s,
-         &FrmAppalti::openContract},
-        {u"Variante"_s, u"Nuova &variante..."_s,
-         u"Dà all'appalto scelto le voci di una nuova variante"_s, &FrmAppalti::replaceBudget},
-        {u"Creditori"_s, u"&Imprese e professionisti..."_s,
-         u"Aggiunge all'appalto scelto i creditori da cercare in Saldoro"_s,
-         &FrmAppalti::addCreditors},
-        {u"Controlla"_s, u"Con&trolla"_s, u"Elenca che cosa darà problemi nell'appalto scelto"_s,
-         &FrmAppalti::checkContract},
-        {u"Copia"_s, u"&Copia..."_s,
-         u"Copia gli archivi dell'appalto scelto in un'altra cartella"_s,
-         &FrmAppalti::copyContract},
-        {u"Esporta"_s, u"&Esporta in CSV..."_s,
-         u"Scrive le tabelle dell'appalto scelto in file CSV"_s, &FrmAppalti::exportContract}};
-    constexpr int buttonsInRow = 3;
     auto *group = new QWidget;
     auto *grid = new QGridLayout(group);
     grid->setContentsMargins({});
-    for (int at = 0; at < buttons.size(); ++at) {
-        const Button &button = buttons[at];
-        const auto act = [this, action = button.action] { (this->*action)(); };
-        grid->addWidget(MakeButton(button.name, button.caption, button.hint, act),
+    const auto add = [&](const QString &name, const QString &caption, const QString &hint,
+                         void (FrmAppalti::*action)()) {
+        constexpr int buttonsInRow = 3;
+        const int at = grid->count();
+        grid->addWidget(MakeButton(name, caption, hint, [this, action] { (this->*action)(); }),
                         at / buttonsInRow, at % buttonsInRow);
-    }
+    };
+    add(u"Apri"_s, u"&Apri in Saldoro"_s, u"Apre in Saldoro l'appalto scelto"_s,
+        &FrmAppalti::openContract);
+    add(u"Variante"_s, u"Nuova &variante..."_s,
+        u"Dà all'appalto scelto le voci di una nuova variante"_s, &FrmAppalti::replaceBudget);
+    add(u"Creditori"_s, u"&Imprese e professionisti..."_s,
+        u"Aggiunge all'appalto scelto i creditori da cercare in Saldoro"_s,
+        &FrmAppalti::addCreditors);
+    add(u"Controlla"_s, u"Con&trolla"_s, u"Elenca che cosa darà problemi nell'appalto scelto"_s,
+        &FrmAppalti::checkContract);
+    add(u"Copia"_s, u"&Copia..."_s, u"Copia gli archivi dell'appalto scelto in un'altra cartella"_s,
+        &FrmAppalti::copyContract);
+    add(u"Esporta"_s, u"&Esporta in CSV..."_s,
+        u"Scrive le tabelle dell'appalto scelto in file CSV"_s, &FrmAppalti::exportContract);
     return group;
 }
 

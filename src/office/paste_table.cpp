@@ -124,8 +124,9 @@ void PasteTable::replaceRows(const std::function<void()> &action)
     for (int column = 0; column < m_view->columnCount(); ++column)
         m_view->setColumnWidth(column, std::min(m_view->columnWidth(column),
                                                 m_view->width() * (column == 0 ? 1 : 2) / 5));
-    m_view->doItemsLayout(); // before which there is nothing to scroll
     m_view->setCurrentCell(row, 1);
+    // Once the rows, and what is said of the current one, have their places.
+    QTimer::singleShot(0, m_view, [this] { m_view->scrollToItem(m_view->currentItem()); });
 }
 
 void PasteTable::paste()
