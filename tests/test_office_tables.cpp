@@ -9,6 +9,7 @@
 
 #include <QClipboard>
 #include <QComboBox>
+#include <QDir>
 #include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -158,7 +159,7 @@ private slots:
         Play(&form, u"to Elenco, Alt+I"_s);
         QPointer<FrmCreditori> list = form.findChild<FrmCreditori *>();
         QTRY_VERIFY(list && QApplication::activeWindow() == list);
-        QGuiApplication::clipboard()->setText(u"Nome\tMandanti\nATI Po\tEdil Valle; Nova srl\n"
+        QGuiApplication::clipboard()->setText(u"Nome\tMandanti\nATI Po\tEdil Valle; ; Nova srl;\n"
                                               "edil valle\t"_s);
         QCOMPARE(QApplication::focusWidget()->objectName(), u"Celle"_s);
         Play(list, u"Ctrl+V"_s);
@@ -175,6 +176,7 @@ private slots:
         QCOMPARE(office.rows(u"00112"_s, u"Appalto.mdb"_s,
                              u"SELECT Voce, Funzione, Stringa, Link FROM SchedaProgetto"_s),
                  u"D0101|-|ATI Po|5\nI01|17|Ing. Po|-\nI02|17|Arch. Adda|-"_s);
+        QCOMPARE(QDir(office.folder(u"00112"_s)).entryList({u"* copia *"_s}).size(), 2);
     }
 };
 
