@@ -117,7 +117,7 @@ void addProfessionals(RecordSet &sheet, const TableRows &rows)
 void setContractor(RecordSet &sheet, RecordSet companies, const QString &contractor,
                    const ProgramValues &values)
 {
-    const QString item = ContractorItem(values);
+    const QString item = CodiceEsterno(values, InternalCode::Contractor);
     const qint32 number = companyNumber(companies, contractor);
     if (!FindItem(sheet, item)) {
         add(sheet, {{u"Voce"_s, item},
@@ -165,7 +165,7 @@ KnownCreditors ReadCreditors(const ProgramValues &values)
         known.members.append(Principals(values, companies.field(u"ID"_s).integer()).join(u"; "_s));
     }
     known.professionals = ProfessionalCreditors(values);
-    const QString item = ContractorItem(values);
+    const QString item = CodiceEsterno(values, InternalCode::Contractor);
     RecordSet sheet = OpenContractSheet(values);
     if (FindItem(sheet, item))
         known.contractor = sheet.field(u"Stringa"_s).textOrEmpty();

@@ -64,10 +64,9 @@ void PrepareAvailabilityOverview(TextTable &overview)
 
 void FillAvailabilityOverview(TextTable &overview, const ProgramValues &values)
 {
-    const Database contract = Database::open(ContractPath(values));
-    RecordSet budget = contract.openRecordSet(u"SELECT * FROM UltimaPerVariante ORDER BY Voce"_s);
-    const Database ledger = Database::open(LedgerPath(values));
-    RecordSet spese = ledger.openRecordSet(u"SELECT * FROM Spese"_s);
+    RecordSet budget = Database::open(ContractPath(values))
+                           .openRecordSet(u"SELECT * FROM UltimaPerVariante ORDER BY Voce"_s);
+    RecordSet spese = Database::open(LedgerPath(values)).openRecordSet(u"SELECT * FROM Spese"_s);
 
     const TextTable::BulkChange change(overview);
     overview.setRows(1);

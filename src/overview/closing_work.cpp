@@ -63,9 +63,9 @@ void composeStatements(RecordSet &fatture, const QString &creditors, ProgramValu
 /** Returns the total of the kind. */
 Currency writeRun(ProgramValues &values, FrmElab &form, const Run &run)
 {
-    const Database ledger = Database::open(LedgerPath(values));
-    RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture  WHERE AziProf = '"_s +
-                                             KindCode(run.kind) + u"' ORDER BY Npag "_s);
+    RecordSet fatture = Database::open(LedgerPath(values))
+                            .openRecordSet(u"SELECT * FROM Fatture  WHERE AziProf = '"_s +
+                                           KindCode(run.kind) + u"' ORDER BY Npag "_s);
     form.listBox.text.clear();
     values.TotaleLiquidato = Currency();
     composeStatements(fatture, run.creditors, values, form);

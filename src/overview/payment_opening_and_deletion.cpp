@@ -24,8 +24,8 @@ void deleteMatching(RecordSet &records, const QString &criterion)
 
 std::optional<CreditorKind> OpenPayment(ProgramValues &values, qint32 row)
 {
-    const Database ledger = Database::open(LedgerPath(values));
-    RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture "_s);
+    RecordSet fatture =
+        Database::open(LedgerPath(values)).openRecordSet(u"SELECT * FROM Fatture "_s);
     values.CurrentPaymentNumber = row;
     return WithDetail(Detail::Payment, QString::number(row), [&] {
         // After a failed find there is no current record, and the first one decides.

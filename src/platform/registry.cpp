@@ -28,6 +28,12 @@ QString SettingsFolder()
     return folder + u"/saldoro"_s;
 }
 
+QString RegistryKeyPlace(const QString &keyPath)
+{
+    const QString file = RegistryFilePath();
+    return file.isEmpty() ? u"HKEY_CURRENT_USER\\"_s + keyPath : file;
+}
+
 #ifdef Q_OS_WIN
 
 std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &valueName)
@@ -68,11 +74,6 @@ QString RegistryFilePath()
     return {};
 }
 
-QString RegistryKeyPlace(const QString &keyPath)
-{
-    return u"HKEY_CURRENT_USER\\"_s + keyPath;
-}
-
 #else
 
 std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &valueName)
@@ -96,11 +97,6 @@ void SetRegistryValue(const QString &keyPath, const QString &valueName, const QS
 QString RegistryFilePath()
 {
     return SettingsFolder() + u"/registro.ini"_s;
-}
-
-QString RegistryKeyPlace(const QString & /*keyPath*/)
-{
-    return RegistryFilePath();
 }
 
 #endif

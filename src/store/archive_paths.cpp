@@ -7,7 +7,7 @@
 #include <QFileInfo>
 #include <QStringBuilder>
 
-#include <map>
+#include <array>
 
 namespace saldoro {
 
@@ -45,11 +45,9 @@ QString UpdateFolder(const ProgramValues &values)
 
 QString ArchiveFilePath(ArchiveFile file, const QString &folder)
 {
-    static const std::map<ArchiveFile, QStringView> names{
-        {ArchiveFile::Codes, ArchiveFiles::Codes},
-        {ArchiveFile::Contract, ArchiveFiles::Contract},
-        {ArchiveFile::Companies, ArchiveFiles::Companies},
-        {ArchiveFile::Ledger, ArchiveFiles::Ledger}};
+    // In the order of the enumeration.
+    constexpr std::array names{ArchiveFiles::Codes, ArchiveFiles::Contract, ArchiveFiles::Companies,
+                               ArchiveFiles::Ledger};
     QString place = QDir(folder).absolutePath();
     if (file == ArchiveFile::Codes) {
         const auto plain = [](QStringView path) { return path.toString().replace(u'\\', u'/'); };
@@ -57,7 +55,7 @@ QString ArchiveFilePath(ArchiveFile file, const QString &folder)
             u"/../"_s +
             QDir(plain(ArchiveFolders::Appalti)).relativeFilePath(plain(ArchiveFolders::Tabelle));
     }
-    return MachinePath(QDir::cleanPath(place) % u'/' % names.at(file));
+    return MachinePath(QDir::cleanPath(place) % u'/' % names.at(static_cast<size_t>(file)));
 }
 
 QString ExistingFolder(const QString &given)

@@ -10,12 +10,10 @@ using namespace Qt::StringLiterals;
 
 RecordSet FindCode(const ProgramValues &values, QStringView internalCode)
 {
-    return WithDetail(Detail::Code, internalCode.toString(), [&] {
-        RecordSet codes = Database::open(CodesPath(values))
-                              .openRecordSet(u"SELECT * FROM Funzioni ORDER BY CodInt"_s);
-        codes.findFirst(u"CodInt = '%1'"_s.arg(internalCode));
-        return codes;
-    });
+    RecordSet codes = Database::open(CodesPath(values))
+                          .openRecordSet(u"SELECT * FROM Funzioni ORDER BY CodInt"_s);
+    codes.findFirst(u"CodInt = '%1'"_s.arg(internalCode));
+    return codes;
 }
 
 QString CodiceEsterno(const ProgramValues &values, QStringView internalCode)

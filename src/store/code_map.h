@@ -8,13 +8,16 @@
 namespace saldoro {
 
 /*
- * Look-ups in the suite's code map, by the internal codes of store/internal_codes.h. The map is
- * open only meanwhile. Throws DatabaseError with the detail "Codice": NullValue for a text that the
- * map lacks.
+ * Look-ups in the suite's code map, by the internal codes of store/internal_codes.h. Throws
+ * DatabaseError.
  */
 
 /** The code map with the row of an internal code as its current record, if it has one. */
 RecordSet FindCode(const ProgramValues &values, QStringView internalCode);
+
+/*
+ * These have errors with the detail "Codice"; a text that the map lacks is NullValue.
+ */
 
 /** External code of an internal one, as text; the empty text when the code is not mapped. */
 QString CodiceEsterno(const ProgramValues &values, QStringView internalCode);

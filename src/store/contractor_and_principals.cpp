@@ -15,24 +15,19 @@ namespace {
 
 bool isAssociation(const ProgramValues &values, qint32 companyId)
 {
-    const Database database = Database::open(CompaniesPath(values));
     const RecordSet company =
-        database.openRecordSet(u"SELECT * FROM Anag WHERE ID = "_s + QString::number(companyId));
+        Database::open(CompaniesPath(values))
+            .openRecordSet(u"SELECT * FROM Anag WHERE ID = "_s + QString::number(companyId));
     // A link to a company that the register does not hold (any more) is no association.
     return !company.eof() && company.field(u"TipImprese"_s).textOrEmpty() == AssociationKind;
 }
 
 } // namespace
 
-QString ContractorItem(const ProgramValues &values)
-{
-    return CodiceEsterno(values, InternalCode::Contractor);
-}
-
 Contractor LoadContractor(const ProgramValues &values)
 {
     Contractor contractor;
-    const QString code = ContractorItem(values);
+    const QString code = CodiceEsterno(values, InternalCode::Contractor);
     {
         RecordSet items = OpenContractSheet(values);
         if (FindItem(items, code)) {
@@ -48,11 +43,12 @@ Contractor LoadContractor(const ProgramValues &values)
 
 QStringList Principals(const ProgramValues &values, qint32 IdImpresa)
 {
-    const Database database = Database::open(CompaniesPath(values));
-    RecordSet principals = database.openRecordSet(
-        u"SELECT Anag.ID, Anag.nominativo, Manda.AnagRel , Manda.AnagPar  FROM Anag "
-        "INNER JOIN Manda ON Anag.ID = Manda.AnagRel WHERE AnagPar = "_s +
-        QString::number(IdImpresa) + u" ORDER BY Anag.nominativo"_s);
+    RecordSet principals =
+        Database::open(CompaniesPath(values))
+            .openRecordSet(
+                u"SELECT Anag.ID, Anag.nominativo, Manda.AnagRel , Manda.AnagPar  FROM Anag "
+                "INNER JOIN Manda ON Anag.ID = Manda.AnagRel WHERE AnagPar = "_s +
+                QString::number(IdImpresa) + u" ORDER BY Anag.nominativo"_s);
     QStringList names;
     for (; !principals.eof(); principals.moveNext())
         names.append(principals.field(u"nominativo"_s).textOrEmpty());

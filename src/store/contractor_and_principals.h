@@ -21,9 +21,6 @@ struct Contractor
     bool isAssociation = false;
 };
 
-/** Item code of the contractor; empty when the code map has none. Throws as CodiceEsterno(). */
-QString ContractorItem(const ProgramValues &values);
-
 /** Looks the contractor up in the contract sheet and, when linked, in the register of companies.
  *  A contractor without a link value (null) throws NullValue; database errors pass. */
 Contractor LoadContractor(const ProgramValues &values);

@@ -10,9 +10,9 @@ using namespace Qt::StringLiterals;
 
 QStringList ProfessionalCreditors(const ProgramValues &values)
 {
-    const Database database = Database::open(ContractPath(values));
-    RecordSet items = database.openRecordSet(u"SELECT * FROM SchedaProgetto WHERE FUNZIONE = "_s +
-                                             QString::number(ProfessionalTag));
+    RecordSet items = Database::open(ContractPath(values))
+                          .openRecordSet(u"SELECT * FROM SchedaProgetto WHERE FUNZIONE = "_s +
+                                         QString::number(ProfessionalTag));
     QStringList names;
     for (; !items.eof(); items.moveNext()) {
         const QString name = items.field(u"Stringa"_s).textOrEmpty().trimmed();
@@ -24,10 +24,10 @@ QStringList ProfessionalCreditors(const ProgramValues &values)
 
 QStringList ParticipatingCompanies(const ProgramValues &values, const QString &prefix)
 {
-    const Database database = Database::open(CompaniesPath(values));
-    RecordSet companies = database.openRecordSet(
-        u"SELECT Partecip.Nord, Anag.ID, Anag.nominativo FROM Anag INNER JOIN "
-        "Partecip ON Anag.ID = Partecip.AnagRel ORDER BY Anag.nominativo"_s);
+    RecordSet companies =
+        Database::open(CompaniesPath(values))
+            .openRecordSet(u"SELECT Partecip.Nord, Anag.ID, Anag.nominativo FROM Anag INNER JOIN "
+                           "Partecip ON Anag.ID = Partecip.AnagRel ORDER BY Anag.nominativo"_s);
     const QString criterion = u"nominativo Like '"_s + RaddoppiaApici(prefix) + u"*'"_s;
     QStringList names;
     companies.findFirst(criterion);
