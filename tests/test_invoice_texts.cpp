@@ -33,7 +33,7 @@ private slots:
                 QDragEnterEvent enter(place, Qt::CopyAction, &dropped, Qt::LeftButton, {});
                 QApplication::sendEvent(box, &enter);
                 QDropEvent release(place, Qt::MoveAction | Qt::CopyAction, &dropped, Qt::LeftButton,
-                                   {});
+                                   Qt::ShiftModifier); // asks to move
                 QApplication::sendEvent(box, &release);
                 QCOMPARE(release.dropAction(), Qt::CopyAction); // none of it goes elsewhere
             };
@@ -67,6 +67,9 @@ private slots:
         QCOMPARE(d->text(u"Text1_0"_s), full);
         d->play(u"Ctrl+Z"_s);
         QCOMPARE(d->text(u"Text1_0"_s), name.left(58));
+        const QString before = d->text(u"Text1_3"_s);
+        d->find<QLineEdit>(u"Text1_3"_s)->insert(astral.first(1)); // half a character
+        QCOMPARE(d->text(u"Text1_3"_s), before);
         d->answer = MessageAnswer::Yes;
         d->play(u"Ctrl+Shift+Z, click Command1"_s);
         QCOMPARE(d->archive.ledgerRows(u"SELECT Creditore FROM Fatture"_s), full);

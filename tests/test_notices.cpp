@@ -127,6 +127,7 @@ P Text2_0:9,00 Text2_1:22 Text2_2:1,00 -> 1,00 non torna, il 22% di 9,00 è 1,98
 A @Text2_0:9.00 Text2_1:22 Text2_2:1,00 total:10,00 -> è 1,98: ripassare l'aliquota -> 9,00
 A Text2_0:9,00 @Text2_1:10 before:10 Text2_2:1,00 total:9,90 -> dall'aliquota 1,00 diventa 0,90 -> 10
 A Text2_0:9,00 @Text2_1:20 before:10 Text2_2:0,90 total:10,80 -> -> 20
+A Text2_0:9,00 @Text2_1:10 before:10 total:9,90 -> -> 10
 P Text2_4:100,00 Text5_0:20 Text5_1:10,00 -> 10,00 non torna, il 20% di 100,00 è 20,00: azzerarla
 P Text2_0:9,00 Text2_3:8,00 Text5_2:9,00 total:8,00 -> indietro, ora è 9,00|indietro, ora è 8,00
 A Text2_0:9,00 Text2_3:8 total:8,00 -> 8 si confronta ma non si salva|scritto 8 e non 8,00
@@ -139,6 +140,7 @@ A cost:B2=640,01 cost:Z9=1,00 -> B2: 640,01 supera di 0,01|Z9: il quadro
 A cost:A1=500,00 open:A1=501 -> supera di 1,00 -> 501,00
 A cost:A1=1.234,00 open:A1=1.234,00 -> vale 1,23, non 1.234,00. Scrivere 1234.00 (o Esc) -> 1,23
 A cost:A1=1,23 closed:A1=1.234,00 -> Scrivere 1234.00
+A cost:A1=5,00 closed:A1=1.234,00
 A del:__/__/____ -> Senza data
 A del:31/02/2026 -> «31/02/2026» non è una data
 A del:1_/__/____
@@ -150,6 +152,7 @@ A mandato:12/delibera -> si riaprirà come «12/»
 A cut:Text1_0 -> tagliato
 A new unstored unlisted memo:x note:x -> Le note sono dell'ultimo pagamento
 A new unstored unlisted memo:y note:x
+A memo:x note:x
 A new unstored unlisted @Text1_0 creditore:E contractor:E -> «Ricerca» elenca chi
 A new unstored unlisted @Text1_1 creditore:E contractor:E
 A new -> Il pagamento 7 c'è già e «Conferma» lo riscrive

@@ -198,7 +198,11 @@ private:
                     path(m_tables[at].table->archive),
                     u"L'archivio ha cambiato da sé ciò che vi è stato scritto (trigger)."_s,
                     u"Togliere i trigger dall'archivio, con l'aiuto dell'assistenza."_s);
-            checkLosses(m_tables[at], m_changes[at], tables);
+            const ImportLosses losses = LossesOf(m_tables[at], m_changes[at], tables);
+            if (!losses.budget.isEmpty())
+                m_budget = losses.budget;
+            m_outcome.errors += losses.errors;
+            m_outcome.refusals += losses.refusals;
         }
         QSet<std::pair<QString, QString>> before;
         for (const Finding &finding : known)
@@ -215,16 +219,6 @@ private:
                                   finding.group != FindingGroup::Values;
             (isPassed ? m_outcome.known : m_outcome.refusals).append(finding);
         }
-    }
-
-    void checkLosses(const GivenTable &given, const TableChange &change,
-                     const ProjectTables &tables)
-    {
-        const ImportLosses losses = LossesOf(given, change, tables);
-        if (!losses.budget.isEmpty())
-            m_budget = losses.budget;
-        m_outcome.errors += losses.errors;
-        m_outcome.refusals += losses.refusals;
     }
 
     void summarize()
