@@ -3,6 +3,7 @@
 #include "database_probe.h"
 #include "file_content.h"
 #include "form_driver.h"
+#include "office/form_parts.h"
 #include "office/frm_appalti.h"
 #include "office/frm_controllo.h"
 
@@ -60,6 +61,19 @@ private slots:
         QTRY_VERIFY(BodyText(list).startsWith(
             u"00009|2|9.000,00|2|183,50|8.816,50|01/02/2020|\n00010|2|9.000,00|"_s));
         QCOMPARE(list.text(list.row(), 0), u"00112"_s);
+
+        QDir().rename(QFileInfo(office.folder({})).path(), office.settings.filePath(u"away"_s));
+        QCoreApplication::sendEvent(&form, &activation);
+        QTRY_VERIFY(state->text().startsWith(u"Nessun appalto: la cartella degli archivi"_s));
+    }
+
+    /** Thousands of lines are cut down, and that is said. */
+    void manyLines()
+    {
+        QListWidget list;
+        ShowLines(list, QStringList(1002, u"difetto"_s));
+        QCOMPARE(list.count(), 1001);
+        QVERIFY(list.item(1000)->text().startsWith(u"Ce ne sono altri 2"_s));
     }
 
     /** A long check shows how far it is, and is given up by the user without an error; so are copy

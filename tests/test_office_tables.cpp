@@ -66,14 +66,21 @@ private slots:
                     .contains(u"Ponti"_s));
         Find<QLineEdit>(*items, u"Codice"_s)->setText(u"00113"_s);
         qputenv("PATH", office.settings.path().toUtf8()); // no Saldoro to be started
-        Play(items, u"Alt+E"_s);
+        Play(items, u"to Celle, Up, F2"_s);
+        Play(items, u"type y, Alt+E"_s); // what is still being typed counts
+        QVERIFY(!write->isEnabled());
+        Play(items, u"F2"_s);
+        Play(items, u"type 4, Return"_s);
+        QTRY_VERIFY(write->isEnabled());
+        Play(items, u"F2"_s);
+        Play(items, u"type 3, Alt+E"_s);
         QTRY_VERIFY(form.findChild<FrmVoci *>() == nullptr);
         QCOMPARE(office.rows(u"00113"_s, u"Appalto.mdb"_s, u"SELECT * FROM UltimaPerVariante"_s),
-                 u"A1|Scavi|10005000\nA2|Muri|20000"_s);
+                 u"A1|Scavi|10005000\nA2|Muri|30000"_s);
         QVERIFY(!QDir(office.folder(u"00113.nuovo"_s)).exists());
         QVERIFY(office.messages.last().contains(u"Saldoro non può essere avviato"_s));
         QTRY_VERIFY(BodyText(Find<FlexGrid>(form, u"Elenco"_s)->table())
-                        .contains(u"00113|2|1.002,50|0|0,00|1.002,50||"_s));
+                        .contains(u"00113|2|1.003,50|0|0,00|1.003,50||"_s));
     }
 
     /** CSV files are dropped on the table; where commas part the cells, none of an amount does. */

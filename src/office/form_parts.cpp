@@ -4,6 +4,7 @@
 #include "controls/window_placement.h"
 #include "office/task.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -14,6 +15,19 @@
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/** A button's mnemonic leaves the editor of a cell open, and what was typed into it out. */
+void takeOpenCell()
+{
+    const QWidget *editor = QApplication::focusWidget();
+    QWidget *cells = editor == nullptr ? nullptr : editor->parentWidget();
+    if (cells != nullptr && cells->objectName() == "qt_scrollarea_viewport"_L1)
+        cells->setFocus();
+}
+
+} // namespace
 
 QWidget *MakeField(const QString &caption, Qt::Orientation direction, QWidget *field,
                    const QString &name, const QString &hint)
@@ -34,7 +48,11 @@ QPushButton *MakeButton(const QString &name, const QString &caption, const QStri
                         const std::function<void()> &action)
 {
     auto *button = new PromptButton(name, caption, hint);
-    QObject::connect(button, &QPushButton::clicked, button, [action] { Attempt(action); });
+    QObject::connect(button, &QPushButton::clicked, button, [button, action] {
+        takeOpenCell();
+        if (button->isEnabled() && button->isVisible()) // still, with what the cell holds now
+            Attempt(action);
+    });
     return button;
 }
 

@@ -21,7 +21,8 @@ namespace saldoro {
 QWidget *MakeField(const QString &caption, Qt::Orientation direction, QWidget *field,
                    const QString &name, const QString &hint);
 
-/** A button that acts as by Attempt(). */
+/** A button that acts as by Attempt(). A cell that is being edited is taken over first; if the
+ *  button can't be pressed any more then, it does nothing. */
 QPushButton *MakeButton(const QString &name, const QString &caption, const QString &hint,
                         const std::function<void()> &action);
 
