@@ -8,17 +8,65 @@
 using namespace saldoro;
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/** Asks a window to close as its frame does. */
+void askToClose(const QWidget &window, int = 0)
+{
+    QCloseEvent event;
+    QCoreApplication::sendEvent(window.windowHandle(), &event);
+}
+
+/** Grants the second request to close, or takes a while over each. */
+class SlowWindow : public QWidget
+{
+public:
+    int asked = 0;
+    int slowness = 0;
+
+protected:
+    void closeEvent(QCloseEvent *event) override
+    {
+        event->setAccepted(++asked > 1);
+        QTest::qSleep(slowness);
+    }
+};
+
+} // namespace
+
 /** What passes from one window to another, and what a window keeps. */
 class TestFormWindows : public QObject
 {
     Q_OBJECT
 
 private slots:
+    /** A window that stays open may be asked again at once; how long it takes to close is no time
+     *  that the clerk has had. */
+    void closingIsAskedOfOneWindow()
+    {
+        constexpr int interval = 1000;
+        QApplication::setDoubleClickInterval(interval);
+        const OpenProgram program; // which watches
+        SlowWindow first;
+        SlowWindow second;
+        first.show();
+        second.show();
+        askToClose(first);
+        QVERIFY(first.isVisible());
+        first.slowness = interval + 100;
+        askToClose(first);
+        QVERIFY(!first.isVisible());
+        QCoreApplication::processEvents();
+        askToClose(second);
+        QCOMPARE(second.asked, 0);
+        QTest::qWait(interval + 100);
+    }
+
     /** The rest of a double click, a second Alt+C and a second closing by the window's frame do
      *  nothing to the form beneath; a press of its own does. */
     void whatBeginsOnOneWindowEndsThere()
     {
-        constexpr int interval = 2000; // real time for the frame: enough for a slow machine
+        constexpr int interval = 1500; // real time for the frame: enough for a slow machine
         QApplication::setDoubleClickInterval(interval);
         const auto press = [](const QWidget &form, const QString &name, int time) {
             const QWidget *button = Find(form, name);
@@ -29,29 +77,37 @@ private slots:
                                                                      : Qt::NoButton,
                                     Qt::LeftButton, type, {}, time);
         };
-        const auto type = [](const QWidget &form, int) {
+        const auto alt = [](const QWidget &form, Qt::Key key) {
             for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease})
-                qt_handleKeyEvent(form.windowHandle(), kind, Qt::Key_C, Qt::AltModifier);
+                qt_handleKeyEvent(form.windowHandle(), kind, key, Qt::AltModifier);
         };
-        const auto askToClose = [](const QWidget &form, int) {
-            QCloseEvent event;
-            QCoreApplication::sendEvent(form.windowHandle(), &event);
-        };
+        const auto type = [&](const QWidget &form, int) { alt(form, Qt::Key_C); };
         const auto click = [&](const QWidget &form, int time) { press(form, u"Command2"_s, time); };
         int time = 100'000;
-        for (const std::function<void(const QWidget &, int)> &act :
-             QList<std::function<void(const QWidget &, int)>>{click, type, askToClose}) {
+        using Act = std::function<void(const QWidget &, int)>;
+        for (const auto &[act, next] : QList<std::pair<Act, Act>>{
+                 {click, click}, {askToClose, click}, {type, type}, {askToClose, askToClose}}) {
             OpenProgram program;
             program.modify(1);
             QVERIFY(QTest::qWaitForWindowActive(program.company()));
             act(*program.company(), time);
             QTRY_COMPARE(program.company(), nullptr);
-            act(program.main, time + 150);
+            next(program.main, time + 150);
             QVERIFY(program.main.isVisible());
-            QTest::qWait(interval + 700);
-            act(program.main, time += 2 * interval);
+            QTest::qWait(interval + 500);
+            next(program.main, time += 2 * interval);
+            time += 2 * interval;
             QVERIFY(!program.main.isVisible());
         }
+        QTest::qWait(interval + 100);
+        OpenProgram program;
+        program.modify(1);
+        QVERIFY(QTest::qWaitForWindowActive(program.company()));
+        alt(*program.company(), Qt::Key_C);
+        QTRY_COMPARE(program.company(), nullptr);
+        QVERIFY(QTest::qWaitForWindowActive(&program.main));
+        alt(program.main, Qt::Key_N); // another key is no rest of it
+        QTRY_COMPARE(program.told().right(5), u"new 4"_s);
     }
 
     /** F1 shows the manual at the chapter of the form, above it, until Esc. */

@@ -181,6 +181,7 @@ A unstored unlisted -> non c'è. «Conferma» ne aggiunge)"_s;
               u"pagamento 3: «Modifica» ed «Elimina» prendono il 2, che non|3, che è già di «C3»"_s},
              {u"1 3 4"_s, 3, u""_s,
               u"pagamento 4: «Modifica» ed «Elimina» prendono il 3|4, che è già di «C4»"_s},
+             {u"3 2"_s, 2, u""_s, u"numero 3, che è già di «C3»"_s},
              {u"1 3 5"_s, 1, u""_s, u"«Nuovo» prenderà il numero 4, che è libero"_s},
              {u"1 2 2"_s, 2, u""_s, u"2 pagamenti hanno il numero 2|numero 4, che è libero"_s}}) {
             TextTable payments(5);
