@@ -2,8 +2,10 @@
 
 #include "bare_file.h"
 #include "empty_archive.h"
+#include "platform/machine_path.h"
 #include "store/archive_paths.h"
 #include "store/code_map.h"
+#include "store/contract_codes.h"
 #include "store/internal_codes.h"
 #include "store/mandate_note.h"
 
@@ -154,6 +156,20 @@ const ProgramValues &BenchArchive(int payments)
     return known != archives.end()
                ? known->second
                : archives.emplace(payments, makeArchive(payments)).first->second;
+}
+
+QString BenchContracts(int contracts)
+{
+    const QDir project(MachinePath(ProjectFolder(BenchArchive(40))));
+    const QString root = u"%1/contracts-%2"_s.arg(benchFolder()).arg(contracts);
+    for (int number = 1; number <= contracts; ++number) {
+        const QString folder = ContractFolder(root, u"%1"_s.arg(number, 5, 10, QLatin1Char('0')));
+        if (!QDir().mkpath(folder))
+            throw std::runtime_error("the folder of a contract cannot be made");
+        for (const QString &file : project.entryList({u"*.mdb"_s}))
+            QFile::copy(project.filePath(file), folder + u'/' + file);
+    }
+    return root;
 }
 
 void SetBenchFolder(const QString &folder)

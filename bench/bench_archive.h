@@ -13,6 +13,9 @@ namespace saldoro {
  */
 const ProgramValues &BenchArchive(int payments);
 
+/** Root of an archive with @p contracts copies of the project of 40 payments. */
+QString BenchContracts(int contracts);
+
 /** Names the folder, which must be on a disk, and points the per-user setting at it. */
 void SetBenchFolder(const QString &folder);
 

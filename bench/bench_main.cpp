@@ -2,9 +2,13 @@
 #include "bench_archive.h"
 #include "bench_close.h"
 #include "bench_payment.h"
+#include "controls/flex_grid.h"
+#include "office/contract_list.h"
 #include "overview/frm_principale.h"
+#include "store/contract_codes.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -79,6 +83,44 @@ void remove(State &state)
     }
 }
 
+int contractsOf(const State &state)
+{
+    return paymentsOf(state) / 50;
+}
+
+/** The list of contracts on the screen, until its last line stands. */
+void contracts(State &state)
+{
+    const QString root = BenchContracts(contractsOf(state));
+    FlexGrid grid(FlexGrid::Selection::Rows);
+    ContractList list(grid.table());
+    grid.resize(900, 500);
+    grid.show();
+    QEventLoop loop;
+    QObject::connect(&list, &ContractList::progressed, &loop, [&loop](int done, int all) {
+        if (done == all)
+            loop.quit();
+    });
+    for (auto round : state) {
+        list.read(root);
+        loop.exec();
+    }
+}
+
+void contractsBare(State &state)
+{
+    const QString root = BenchContracts(contractsOf(state));
+    for (auto round : state) {
+        for (const QString &code : ContractCodes(root)) {
+            const QString folder = ContractFolder(root, code);
+            benchmark::DoNotOptimize(
+                BareFile(folder + u"/Appalto.mdb"_s).readAll("SELECT * FROM UltimaPerVariante"));
+            benchmark::DoNotOptimize(
+                BareFile(folder + u"/Saldoro.mdb"_s).readAll("SELECT * FROM Fatture"));
+        }
+    }
+}
+
 void addTask(const std::string &name, void (*program)(State &), void (*bare)(State &))
 {
     const auto add = [&name](const char *side, void (*task)(State &), int payments) {
@@ -113,5 +155,6 @@ int main(int argc, char **argv)
     addTask("save", save<&BenchPayment::save>, save<&BenchPayment::saveBare>);
     addTask("delete", remove<&BenchPayment::remove>, remove<&BenchPayment::removeBare>);
     addTask("close", CloseMainScreen, CloseBare);
+    addTask("contracts", contracts, contractsBare);
     return benchmark::RunSpecifiedBenchmarks() == 0 ? 1 : 0;
 }

@@ -1,14 +1,15 @@
 #!/usr/bin/env bash
 # Measures the program beside its floor, the same rows and bytes with bare calls, in one run:
-# start-up, load, save, deletion and closing with 10,000 and 30,000 payments. Installs what is
-# missing, builds, and prints a table of medians, which is also left in build/bench/table.md.
+# start-up, load, save, deletion and closing with 10,000 and 30,000 payments, and the list of
+# contracts. Installs what is missing, builds, and prints a table of medians, which is also left in
+# build/bench/table.md.
 #
 #   scripts/bench.sh [--check] [TASK...]
 #
-# TASK is start-up, load, save, delete or close; all of them when none is named. With --check the
-# exit status is not zero when a target is missed. SALDORO_BENCH_ROUNDS (default 9) is the number of
-# rounds that each median is taken from. The archives go to build/bench/archives, so the project has
-# to lie on a real disk. On a machine that is busy otherwise the figures say little.
+# TASK is start-up, load, save, delete, close or contracts; all of them when none is named. With
+# --check the exit status is not zero when a target is missed. SALDORO_BENCH_ROUNDS (default 9) is
+# the number of rounds that each median is taken from. The archives go to build/bench/archives, so
+# the project has to lie on a real disk. On a machine that is busy otherwise the figures say little.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh

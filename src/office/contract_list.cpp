@@ -17,9 +17,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // All in milliseconds.
-constexpr int sliceLength = 50; ///< of reading before the window is looked after again
-constexpr int pause = 20;       ///< while all that are left are locked
-constexpr int patience = 1500;  ///< with a lock, from the beginning of a reading
+constexpr int sliceLength = 100; ///< of reading before the window is looked after again
+constexpr int pause = 20;        ///< while all that are left are locked
+constexpr int patience = 1500;   ///< with a lock, from the beginning of a reading
 
 QStringList cellsOf(const QString &code, const ListedContract &summary)
 {
