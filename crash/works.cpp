@@ -4,7 +4,7 @@
 #include "exchange/archive_tables.h"
 #include "exchange/export.h"
 #include "exchange/import_files.h"
-#include "exchange/payment_values.h"
+#include "exchange/missing_payment_values.h"
 #include "file_content.h"
 #include "held_form.h"
 #include "overview/availability_overview.h"

@@ -31,6 +31,7 @@ QString readSlowly(const QString &text)
 {
     static const QRegularExpression cellAndEnd(
         u"\\G(?:\"((?:[^\"]|\"\")*)\"|([^\";\\r\\n]*))(;|\\r?\\n|\\r|\\z)"_s);
+    static const QRegularExpression lineEnd(u"\\r?\\n|\\r"_s);
     QString rows;
     QString row = u"\n1"_s;
     qsizetype line = 1;
@@ -43,7 +44,7 @@ QString readSlowly(const QString &text)
                    ? u"-"_s
                    : u'<' + match.captured(isQuoted ? 1 : 2).replace(u"\"\""_s, u"\""_s);
         at = match.capturedEnd();
-        line += match.captured(1).count(u'\n');
+        line += match.captured(1).split(lineEnd).size() - 1;
         if (match.captured(3) == ";"_L1)
             continue;
         rows += row;

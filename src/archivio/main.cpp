@@ -2,7 +2,7 @@
 #include "common/errors.h"
 #include "exchange/export.h"
 #include "exchange/import_files.h"
-#include "exchange/payment_values.h"
+#include "exchange/missing_payment_values.h"
 #include "platform/console.h"
 #include "platform/process.h"
 #include "store/archive_paths.h"

@@ -16,9 +16,9 @@ struct ExchangedTable
 {
     ArchiveFile archive;
     TableDef definition;
-    QStringList neededFields; ///< of a file
-    QStringList filledFields; ///< that no row may leave off at its end
-    QStringList keyFields;    ///< that rows are known by
+    QStringList neededFields; ///< that a header must name
+    QStringList filledFields; ///< for which each row must have a cell
+    QStringList keyFields;    ///< that identify a row
 
     const QString &name() const { return definition.name(); }
     QString fileName() const { return name() + QStringLiteral(".csv"); }

@@ -20,15 +20,6 @@ std::optional<Currency> amountOf(const NewValue &value)
     return amount == nullptr ? std::nullopt : std::optional(*amount);
 }
 
-/** Places of the columns, as the tables are defined. */
-enum Column
-{
-    Code = 0,
-    Description = 1,
-    Amount = 2,
-    AllocatedCode = 1
-};
-
 } // namespace
 
 QString BudgetChange::text() const
@@ -47,30 +38,34 @@ QString BudgetChange::text() const
 QList<BudgetChange> BudgetChanges(const TableRows &before, const TableRows &after,
                                   const TableRows &allocations)
 {
+    const ExchangedTable &budget = *TableNamed(u"UltimaPerVariante"_s);
+    const qsizetype codeColumn = budget.place(u"Voce"_s);
+    const qsizetype descriptionColumn = budget.place(u"Descri"_s);
+    const qsizetype amountColumn = budget.place(u"Importo"_s);
     std::set<QString, TextOrder> paid;
     for (const TableRow &row : allocations)
-        paid.insert(TextOf(row[AllocatedCode]));
+        paid.insert(TextOf(row[TableNamed(u"Spese"_s)->place(u"Cod"_s)]));
     std::map<QString, const TableRow *, TextOrder> old;
     for (const TableRow &row : before)
-        old.emplace(TextOf(row[Code]), &row);
+        old.emplace(TextOf(row[codeColumn]), &row);
     QList<BudgetChange> changes;
     for (const TableRow &row : after) {
-        BudgetChange change{TextOf(row[Code]), TextOf(row[Description])};
+        BudgetChange change{TextOf(row[codeColumn]), TextOf(row[descriptionColumn])};
         const auto former = old.find(change.code);
         change.isNew = former == old.end();
-        change.after = amountOf(row[Amount]);
+        change.after = amountOf(row[amountColumn]);
         if (!change.isNew)
-            change.before = amountOf((*former->second)[Amount]);
+            change.before = amountOf((*former->second)[amountColumn]);
         change.isPaid = paid.contains(change.code);
         if (change.isNew || change.before != change.after)
             changes.append(change);
     }
     for (const TableRow &row : after)
-        old.erase(TextOf(row[Code]));
+        old.erase(TextOf(row[codeColumn]));
     QList<BudgetChange> dropped;
     for (const auto &[code, row] : old)
-        dropped.append({code, TextOf((*row)[Description]), false, true, amountOf((*row)[Amount]),
-                        std::nullopt, paid.contains(code)});
+        dropped.append({code, TextOf((*row)[descriptionColumn]), false, true,
+                        amountOf((*row)[amountColumn]), std::nullopt, paid.contains(code)});
     std::stable_partition(dropped.begin(), dropped.end(),
                           [](const BudgetChange &change) { return change.isPaid; });
     return dropped + changes;

@@ -78,7 +78,7 @@ private:
                 break;
             const QStringView part = m_text.sliced(m_at, end - m_at);
             cell += part;
-            m_line += static_cast<int>(part.count(u'\n'));
+            m_line += static_cast<int>(part.count(u'\n') + part.count(u'\r') - part.count(u"\r\n"));
             m_at = end + 1;
             if (isAt(u'"')) // it seemed to end the cell, and is the first of two
                 cell += u'"';

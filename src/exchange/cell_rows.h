@@ -19,7 +19,7 @@ struct CellRow
 /** What is wrong with a row of cells. */
 struct CellFault
 {
-    int line = 0;    ///< of the row; 0 stands for all rows
+    int line = 0;    ///< of the row, from 1; 0 stands for all rows
     QString field;   ///< of the table; empty when it is not about one
     QString problem; ///< Italian, in lower case and with a full stop
 };

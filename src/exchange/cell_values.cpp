@@ -24,7 +24,7 @@ bool take(QStringView &text, QChar character)
 
 /** Digits in groups of three with a mark between them; "0.250" is a fraction in another notation.
  */
-bool isGrouped(QStringView whole)
+bool isWellGrouped(QStringView whole)
 {
     static const QRegularExpression groups(u"\\A[1-9][0-9]{0,2}(?:[.,][0-9]{3})*\\z"_s);
     return groups.match(whole).hasMatch();
@@ -47,7 +47,7 @@ std::optional<Currency> AmountOf(QStringView text, Notation notation)
     const QStringView whole = text.first(mark < 0 ? text.size() : mark);
     const QStringView decimals = mark < 0 ? QStringView(u"0") : text.sliced(mark + 1);
     if (whole.isEmpty() || decimals.isEmpty() || decimals.size() > mostDecimals ||
-        (whole.contains(group) && !isGrouped(whole)) || (!isItalian && decimals.size() == 3))
+        (whole.contains(group) && !isWellGrouped(whole)) || (!isItalian && decimals.size() == 3))
         return std::nullopt;
     qint64 scaled = 0;
     bool fits = true;

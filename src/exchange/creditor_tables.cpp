@@ -147,8 +147,8 @@ QList<CellFault> RepeatedNames(const TableRows &rows, const QStringList &known)
 {
     std::set<QString, TextOrder> names(known.begin(), known.end());
     QList<CellFault> faults;
-    for (int row = 0; row < rows.size(); ++row) {
-        const QString name = TextOf(rows[row].first());
+    for (int row = 1; row <= rows.size(); ++row) {
+        const QString name = TextOf(rows[row - 1].first());
         if (!names.insert(name).second)
             faults.append({row, u"Nome"_s, u"«%1» c'è già."_s.arg(name)});
     }

@@ -21,7 +21,7 @@ const ExchangedTable &CompanyList();
 const ExchangedTable &ProfessionalList();
 
 /** Names that are among @p known or stand twice among @p rows, whatever their letter case; a
- *  fault's line is the place among the rows. */
+ *  fault's line is the row's number, from 1. */
 QList<CellFault> RepeatedNames(const TableRows &rows, const QStringList &known);
 
 /** The names of all creditors that a project holds. */
@@ -39,7 +39,8 @@ KnownCreditors ReadCreditors(const ProgramValues &values);
 /**
  * Adds companies and professionals (rows of their lists) to the project, and makes @p contractor, a
  * company's name, the contractor, which is added when it is no company yet; empty leaves it as it
- * is. Members that are no companies yet become such, but take no part by themselves. Companies and
+ * is. Members that are no companies yet become such, but take no part by themselves. Names must be
+ * new, see RepeatedNames(): a company that is there does not become an association. Companies and
  * their order go on from the highest number, professionals get the first free items I01, I02...
  *
  * All or nothing, in one transaction over both databases; copies are made beside both first.

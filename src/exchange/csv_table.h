@@ -24,8 +24,8 @@ struct CsvRemarks
 GivenTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,
                         CsvRemarks &remarks);
 
-/** The rows of cells of a file that may name the fields of @p table in a header, or not. Throws
- *  FileError. */
+/** The rows of cells of a file, a header among them, which may name the fields of @p table or not
+ *  be there. Throws FileError. */
 QList<CellRow> ReadCsvRows(const QString &path, const ExchangedTable &table, CsvRemarks &remarks);
 
 } // namespace saldoro

@@ -126,10 +126,16 @@ void refuseUntold(const QList<TableFile> &files)
             u"Nessun file è stato scritto. Correggere i valori nell'archivio."_s);
 }
 
-/** Where a table is written to: over a file of that name in any letter case, where it may be. */
+/** The files of that name in any letter case. */
+QStringList filesNamed(const QDir &folder, const QString &name)
+{
+    return folder.entryList({name}, QDir::AllEntries | QDir::Hidden);
+}
+
+/** Where a table is written to: over a file that is there, where it may be. */
 QString targetPath(const QDir &folder, const QString &name, bool overwrite)
 {
-    const QStringList there = folder.entryList({name}, QDir::AllEntries | QDir::Hidden); // any case
+    const QStringList there = filesNamed(folder, name);
     if (there.isEmpty())
         return folder.filePath(name);
     if (!overwrite)
@@ -145,6 +151,14 @@ QString markPath(const QString &csvFolder)
 }
 
 } // namespace
+
+bool HasExportedFiles(const QString &csvFolder)
+{
+    return QFileInfo::exists(markPath(csvFolder)) ||
+           std::ranges::any_of(ExchangedTables(), [&csvFolder](const ExchangedTable &table) {
+               return !filesNamed(csvFolder, table.fileName()).isEmpty();
+           });
+}
 
 void RefuseMixedFiles(const QString &csvFolder)
 {

@@ -12,11 +12,15 @@ namespace saldoro {
  *
  * Throws SaldoroError, no file being changed, when a file is there already (unless @p overwrite),
  * a stored value can't be told in CSV, or a file can't be written in whole or is known not to be
- * replaceable. Where the renaming itself fails, or the process dies meanwhile, each file is whole,
- * the old or the new one, and a mark stays in the folder; the error names the new ones.
+ * replaceable. If a renaming fails or the process dies, every file is the old or the new one, never
+ * half of one. A mark then stays in the folder; the error names the new ones.
  */
 QString ExportProject(const QString &projectFolder, const QString &csvFolder,
                       bool overwrite = false);
+
+/** Whether the folder has files that an export replaces, or the mark of an export that did not come
+ *  to its end. */
+bool HasExportedFiles(const QString &csvFolder);
 
 /** Throws FileError when the folder has the mark of an export that did not come to its end. */
 void RefuseMixedFiles(const QString &csvFolder);

@@ -18,10 +18,10 @@ struct ImportOptions
 };
 
 /**
- * Fills tables of the project in @p projectFolder (of the machine) with rows from anywhere; the
- * name of their source appears in messages only. Databases that are missing are made. Rows keep
- * their order, and take the fields that they do not name from the stored row of the same key.
- * Tables that hold the rows already are passed over.
+ * Fills tables, one at least, of the project in @p projectFolder (of the machine) with rows from
+ * anywhere; the name of their source appears in messages only. Databases that are missing are made.
+ * Rows keep their order, and take the fields that they do not name from the stored row of the same
+ * key. Tables that hold the rows already are passed over.
  *
  * Everything happens in one transaction over all databases, which ends only when the project has
  * been checked as it will be and a copy stands beside each database that changes. A new project's

@@ -27,7 +27,8 @@ ImportLosses LossesOf(const GivenTable &given, const TableChange &change,
         if (table.name() == "Fatture"_L1)
             losses.refusals.append(LineFinding(u"%1: toglie il pagamento %2 (%3)."_s.arg(
                 given.source, KeyOf(table, row), TextOf(row[table.place(u"Creditore"_s)]))));
-        const QString item = table.name() == "SchedaProgetto"_L1 ? TextOf(row[0]) : QString();
+        const QString item =
+            table.name() == "SchedaProgetto"_L1 ? TextOf(row[table.place(u"Voce"_s)]) : QString();
         if (written.contains(item))
             losses.errors.append(LineFinding(
                 u"%1: andrebbe persa la voce %2 (%3), che ha scritto Saldoro; aggiungerla al file."_s

@@ -7,8 +7,8 @@
 
 namespace saldoro {
 
-/** Folders and files, by paths of the machine, that a try makes; they go with it unless they are
- *  kept. */
+/** Removes the folders and files that it made, unless keep() was called. Paths are of the machine.
+ */
 class MadeFiles
 {
 public:
@@ -23,6 +23,7 @@ public:
     void makeDatabase(const QString &path, ArchiveFile file);
     /** Takes over a file that has just been made. */
     void add(const QString &path) { m_paths.append(path); }
+    /** Makes all stay. */
     void keep() { m_paths.clear(); }
 
 private:

@@ -266,7 +266,13 @@ void PastedTable::judge()
         }
     }
     for (const CellFault &fault : m_check ? m_check(m_taken.rows) : QList<CellFault>())
-        addFault(m_taken.lines[fault.line], fault.problem);
+        addFault(m_taken.lines[fault.line - 1], fault.problem);
+    for (qsizetype row = m_taken.rows.size() - 1; row >= 0; --row) {
+        if (m_rows[m_taken.lines[row] - 1].state == PastedState::Faulty) {
+            m_taken.rows.removeAt(row);
+            m_taken.lines.removeAt(row);
+        }
+    }
 }
 
 qsizetype PastedTable::count(PastedState state) const

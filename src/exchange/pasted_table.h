@@ -33,12 +33,14 @@ struct PastedRow
  * column is which field is told by a header or, without one, by the order of the needed fields, and
  * can be said otherwise. After each change every row is judged again.
  *
- * Amounts in the international notation throughout are written in the Italian one as they come in.
+ * Once all amounts are in the international notation they are rewritten in the Italian one, those
+ * of rows that stay out too.
  */
 class PastedTable
 {
 public:
-    /** What else is wrong with rows that can be read; a fault's line is the place among them. */
+    /** What else is wrong with rows that can be read; a fault's line is the row's number among
+     *  them, from 1. */
     using Check = std::function<QList<CellFault>(const TableRows &)>;
 
     /** @param table lives as long as the object. */
@@ -67,7 +69,8 @@ public:
     void setColumn(const QString &field, qsizetype column);
 
     void setCell(qsizetype row, qsizetype column, const QString &text);
-    /** Leaves a row out, or takes it in again; the header taken in is no header any more. */
+    /** Leaves a row out, or takes it in again. Taken in, the header or a row above it ends the
+     *  header. */
     void toggle(qsizetype row);
 
     /** The rows that are taken; their lines are their numbers among rows(), from 1. */

@@ -64,10 +64,10 @@ struct GivenTable
 
 /**
  * Reads the rows behind the header; those without any value are passed over. @p stored is the
- * table as the archive defines it: what it can't hold is a fault, and a value with a fault is not
- * what its cell says. A row may end early if the missing fields may be empty and the last row is
- * complete. Without a notation values are read in Italian, and an amount that would be another
- * one in the other notation is a fault.
+ * table as the archive defines it. A value that it can't hold is a fault; the row then holds an
+ * invalid day in its place. A short row is accepted if the missing fields may be null and the last
+ * row has all its cells. Without a notation values are read in Italian, and an amount that would be
+ * another one in the other notation is a fault.
  *
  * Throws FieldMissing when @p stored lacks one of the table's fields.
  */

@@ -12,9 +12,9 @@ namespace saldoro {
 
 /**
  * Fills a table with the contracts of an archive, a row each. The codes are there at once, the
- * figures follow while the event loop runs; those of an earlier reading stand until then where the
- * contracts are the same. A contract that is locked lets the others go first and is tried again
- * until it has been locked for more than a moment.
+ * figures follow while the event loop runs; if the codes are those of an earlier reading, its
+ * figures stand until then. A contract that is locked lets the others go first and is tried again
+ * until a moment has passed since the reading began.
  */
 class ContractList : public QObject
 {

@@ -6,7 +6,6 @@
 #include "controls/flex_grid.h"
 #include "controls/message_box.h"
 #include "controls/window_placement.h"
-#include "exchange/archive_tables.h"
 #include "exchange/export.h"
 #include "office/contract_list.h"
 #include "office/form_parts.h"
@@ -29,8 +28,6 @@
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QUrl>
-
-#include <algorithm>
 
 namespace saldoro {
 
@@ -261,10 +258,7 @@ void FrmAppalti::exportContract()
     const QString folder = askFolder(this, u"Dove scrivere i file CSV"_s);
     if (folder.isEmpty())
         return;
-    const bool overwrite =
-        std::ranges::any_of(ExchangedTables(), [&folder](const ExchangedTable &table) {
-            return QDir(folder).exists(table.fileName());
-        });
+    const bool overwrite = HasExportedFiles(folder);
     if (overwrite && !ChiediConferma(u"Nella cartella ci sono già file CSV. Sostituirli?"_s))
         return;
     QString summary;

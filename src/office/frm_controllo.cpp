@@ -2,7 +2,7 @@
 
 #include "common/errors.h"
 #include "controls/message_box.h"
-#include "exchange/payment_values.h"
+#include "exchange/missing_payment_values.h"
 #include "office/form_parts.h"
 #include "office/task.h"
 #include "store/archive_paths.h"

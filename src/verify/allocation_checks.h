@@ -16,8 +16,8 @@ void CheckRepeated(const CheckedProject &project, Findings &findings);
 /** Allocations of no payment, and payments whose allocations do not add up to their invoice. */
 void CheckInvoices(const CheckedProject &project, Findings &findings);
 
-/** Allocations of no cost item, of one whose code is written differently, and of one whose sum
- *  can't be formed. */
+/** Allocations to an unknown cost item, to one in other letter case, and without a readable
+ *  amount. */
 void CheckItems(const CheckedProject &project, Findings &findings);
 
 } // namespace saldoro

@@ -46,9 +46,9 @@ std::optional<Currency> grossAmount(const CheckedRow &payment)
     };
     const Currency others = OtherAmounts(payment.code == KindCode(CreditorKind::Professional),
                                          [&] { return amount(u"AltriImporti01"_s); });
-    const auto fee = amount(u"Importo"_s);
+    const auto base = amount(u"Importo"_s);
     const auto vat = amount(u"ImportoIVA"_s);
-    return fee && vat ? std::optional(GrossAmount(*fee, *vat, others)) : std::nullopt;
+    return base && vat ? std::optional(GrossAmount(*base, *vat, others)) : std::nullopt;
 }
 
 QList<CheckedRow> paymentsOf(const ProjectTable &fatture)

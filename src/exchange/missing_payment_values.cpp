@@ -1,4 +1,4 @@
-#include "exchange/payment_values.h"
+#include "exchange/missing_payment_values.h"
 
 #include "common/errors.h"
 #include "database/database.h"

@@ -12,7 +12,8 @@ namespace saldoro {
  * it. Puts a copy of the ledger beside it first and gives the copy's path.
  *
  * Throws SaldoroError, with nothing changed, for words that can't be read, when no payment or more
- * than one has the number and when the field holds a value; and DatabaseError.
+ * than one has the number, when the field holds a value and when the table has triggers; and
+ * DatabaseError. The number of words is a multiple of three.
  */
 QString SetPaymentValues(const QString &ledger, const QStringList &words);
 
