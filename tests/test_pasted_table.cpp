@@ -111,7 +111,7 @@ private slots:
             QList<CellFault> faults;
             for (int row = 0; row < rows.size(); ++row) {
                 if (TextOf(rows[row][0]) == "A'"_L1)
-                    faults.append({row, {}, u"apostrofo"_s});
+                    faults.append({row + 1, {}, u"apostrofo"_s});
             }
             return faults;
         });
@@ -124,7 +124,7 @@ private slots:
         pasted.setCell(1, 3, u" 1.000,00 "_s);
         pasted.toggle(0);
         QCOMPARE(told(pasted), u"x tralasciata\n! apostrofo\n"
-                               "s senza Codice: titolo o totale\n= 1.000,00"_s);
+                               "s senza Codice: titolo o totale\n= 0,00"_s);
         pasted.toggle(0);
         pasted.toggle(1);
         pasted.addRow();
