@@ -1,5 +1,6 @@
 #include "archivio/command_line.h"
 #include "common/errors.h"
+#include "common/text_cut.h"
 #include "exchange/export.h"
 #include "exchange/import_files.h"
 #include "exchange/missing_payment_values.h"
@@ -76,9 +77,7 @@ Outcome run(const CommandLine &line)
 QString harmless(QString text)
 {
     for (QChar &character : text) {
-        const QChar::Category category = character.category();
-        if (character != u'\n' &&
-            (category == QChar::Other_Control || category == QChar::Other_Format))
+        if (character != u'\n' && IsUnseen(character))
             character = QChar::ReplacementCharacter;
     }
     return text;

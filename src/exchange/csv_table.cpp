@@ -37,7 +37,7 @@ QString otherKind(const QByteArray &bytes)
     if (const qsizetype at = bytes.indexOf('\0'); at >= 0)
         return u"alla riga %1 c'è un carattere nullo (NUL), che nessun testo contiene: il file è "
                "rovinato o non è un CSV."_s.arg(bytes.first(at).count('\n') + 1);
-    if (bytes.startsWith("#TYPE") || bytes.startsWith("\xEF\xBB\xBF#TYPE"))
+    if (bytes.sliced(bytes.startsWith(Utf8Mark) ? Utf8Mark.size() : 0).startsWith("#TYPE"))
         return u"comincia con una riga «#TYPE» di un altro programma: toglierla, o esportare senza "
                "il tipo."_s;
     return {};
@@ -52,8 +52,8 @@ QString textOf(const QString &path, QStringList &warnings, QList<CellFault> &fau
         faults.append({0, {}, kind});
         return {};
     }
-    const bool isMarked = file.startsWith("\xEF\xBB\xBF");
-    const QByteArray bytes = file.sliced(isMarked ? 3 : 0);
+    const bool isMarked = file.startsWith(Utf8Mark);
+    const QByteArray bytes = file.sliced(isMarked ? Utf8Mark.size() : 0);
     if (bytes.isValidUtf8())
         return TextOfUtf8(bytes);
     QStringList lines;

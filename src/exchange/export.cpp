@@ -5,6 +5,7 @@
 #include "common/text_cut.h"
 #include "exchange/archive_tables.h"
 #include "exchange/cell_values.h"
+#include "exchange/csv_table.h"
 #include "exchange/made_files.h"
 #include "platform/progress.h"
 #include "platform/whole_file.h"
@@ -59,7 +60,7 @@ struct TableFile
 
 TableFile fileOf(const ExchangedTable &table, const TableRows &rows)
 {
-    TableFile file{"\xEF\xBB\xBF" + table.fieldNames().join(u';').toUtf8() + "\r\n",
+    TableFile file{Utf8Mark.toByteArray() + table.fieldNames().join(u';').toUtf8() + "\r\n",
                    {},
                    SummaryOf(table, rows)};
     Progress progress(u"Scrittura di "_s + table.name());

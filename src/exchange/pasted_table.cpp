@@ -23,42 +23,11 @@ QString plainCell(const QString &cell)
     return plain.isEmpty() ? QString() : plain;
 }
 
-/** Where one column is named for the code and another "Voce", that is the description. */
-void tellCodeFromItem(CellColumns &columns, const QStringList &header, const ExchangedTable &table)
-{
-    const auto columnLike = [&header](QLatin1StringView start) {
-        const auto cell = std::ranges::find_if(header, [start](const QString &name) {
-            return name.trimmed().startsWith(start, Qt::CaseInsensitive);
-        });
-        return cell == header.end() ? qsizetype{-1} : cell - header.begin();
-    };
-    const qsizetype code = columnLike(CodeHeading);
-    const qsizetype item = columnLike("voce"_L1);
-    if (code < 0 || item < 0 || !columns.missing.contains(u"Descri"_s))
-        return;
-    columns.places.replace(columns.places.indexOf(table.place(u"Voce"_s)), CellColumns::Unknown);
-    columns.places[code] = table.place(u"Voce"_s);
-    columns.places[item] = table.place(u"Descri"_s);
-}
-
 /** What a spreadsheet shows in place of a value that it has none for. */
 bool isSheetError(const QString &cell)
 {
     static const QRegularExpression error(u"\\A#[A-Z0-9/]+[!?]?\\z"_s);
     return error.match(cell).hasMatch();
-}
-
-/** The columns that a header names. One field alone has to bear its own name, or the row may be
- *  one of the others. */
-CellColumns namedColumns(const QList<CellRow> &rows, const ExchangedTable &table)
-{
-    CellColumns columns = FindColumns(rows, table);
-    const qsizetype found = table.neededFields.size() - columns.missing.size();
-    const bool isSure = columns.missing.isEmpty() && columns.guesses.isEmpty();
-    if (columns.firstRow == 0 || (found == 1 && !isSure))
-        return {};
-    tellCodeFromItem(columns, rows[columns.firstRow - 1].cells, table);
-    return columns;
 }
 
 } // namespace
@@ -73,7 +42,7 @@ PastedTable::PastedTable(const ExchangedTable &table, Check check)
 void PastedTable::setRows(const QList<CellRow> &rows)
 {
     m_isConverted = false;
-    m_columns = namedColumns(rows, m_table);
+    m_columns = GuessColumns(rows, m_table);
     qsizetype width = m_table.definition.fields().size();
     for (const CellRow &row : rows)
         width = std::max(width, row.cells.size());

@@ -13,39 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** The columns that a row names; those of needed fields also by names much like theirs. */
-CellColumns columnsOf(const CellRow &row, qsizetype firstRow, const ExchangedTable &table)
-{
-    CellColumns columns;
-    columns.firstRow = firstRow;
-    QStringList names;
-    for (const QString &cell : row.cells) {
-        names.append(cell.simplified());
-        columns.places.append(names.last().isEmpty() ? CellColumns::Nameless
-                                                     : table.place(names.last()));
-        if (columns.places.last() >= 0 && columns.places.count(columns.places.last()) > 1) {
-            columns.doubled.append(names.last());
-            columns.places.last() = CellColumns::Unknown;
-        }
-    }
-    for (const QString &needed : table.neededFields) {
-        qsizetype cell = columns.places.indexOf(table.place(needed));
-        for (qsizetype other = 0; cell < 0 && other < names.size(); ++other) {
-            if (columns.places[other] == CellColumns::Unknown && MayMean(names[other], needed)) {
-                columns.guesses.append({needed, names[other]});
-                columns.places[cell = other] = table.place(needed);
-            }
-        }
-        if (cell < 0)
-            columns.missing.append(needed);
-    }
-    for (qsizetype cell = 0; cell < names.size(); ++cell) {
-        if (columns.places[cell] == CellColumns::Unknown)
-            columns.unknown.append(names[cell]);
-    }
-    return columns;
-}
-
 /** The value of a cell; no value when it is not written as one of the type. */
 std::optional<NewValue> valueOf(const QString &cell, FieldType type, Notation notation)
 {
@@ -205,28 +172,6 @@ private:
 };
 
 } // namespace
-
-bool MayMean(const QString &name, const QString &field)
-{
-    constexpr qsizetype sameLetters = 3;
-    return name.startsWith(field.first(std::min(sameLetters, field.size())), Qt::CaseInsensitive) ||
-           (field == "Voce"_L1 && name.startsWith(CodeHeading, Qt::CaseInsensitive));
-}
-
-CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table)
-{
-    CellColumns best;
-    best.missing = table.neededFields;
-    for (qsizetype row = 0; row < std::min(rows.size(), MostHeaderRows); ++row) {
-        CellColumns columns = columnsOf(rows[row], row + 1, table);
-        const auto [missing, guesses] = columns.lack();
-        // One guess alone is no header.
-        if (columns.lack() < best.lack() &&
-            (missing == 0 || guesses > 1 || missing + guesses < table.neededFields.size()))
-            best = std::move(columns);
-    }
-    return best;
-}
 
 std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColumns &columns,
                                      const ExchangedTable &table)

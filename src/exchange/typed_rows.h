@@ -1,48 +1,15 @@
 #pragma once
 
-#include "exchange/archive_tables.h"
-#include "exchange/cell_rows.h"
 #include "exchange/cell_values.h"
+#include "exchange/header_row.h"
 
 #include <QList>
 #include <QString>
 #include <QStringList>
 
 #include <optional>
-#include <utility>
 
 namespace saldoro {
-
-/** Which field of a table each cell of a row fills. */
-struct CellColumns
-{
-    // Places of cells that fill no field.
-    static constexpr qsizetype Unknown = -1;
-    static constexpr qsizetype Nameless = -2;
-
-    QList<qsizetype> places = {}; ///< for each cell the place of its field in the table
-    qsizetype firstRow = 0;       ///< the one behind the header; 0 without a header
-    QStringList missing = {};     ///< needed fields without a cell
-    QStringList unknown = {};     ///< names that are no field's
-    QStringList doubled = {};     ///< names that stand twice; the second fills no field
-    /** Needed fields that a cell of nearly their name fills, with that name. */
-    QList<std::pair<QString, QString>> guesses = {};
-
-    /** How far it is from naming all needed fields: less is better. */
-    auto lack() const { return std::pair(missing.size(), guesses.size()); }
-};
-
-/** Whether a column of that name may well be meant for a needed field. */
-bool MayMean(const QString &name, const QString &field);
-
-/** What the heading of a column of codes begins with, in any letter case; it is meant for `Voce`.
- */
-inline constexpr QLatin1StringView CodeHeading("cod");
-
-/** Looks among the first rows for the one that names the needed fields of @p table, by their names
- *  in any letter case or, where no row does, by names much like them ("Descrizione" for Descri). */
-CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table);
-inline constexpr qsizetype MostHeaderRows = 20; ///< that are looked at
 
 /** The notation that amounts and days are written in throughout: no value where some cells are of
  *  one and some of the other, or none tells. Cells that are no values do not count. */

@@ -1,0 +1,101 @@
+#include "exchange/header_row.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** What the heading of a column of codes begins with, in any letter case. */
+const QLatin1StringView codeHeading("cod");
+
+/** The columns that a row names; those of needed fields also by names much like theirs. */
+CellColumns columnsOf(const CellRow &row, qsizetype firstRow, const ExchangedTable &table)
+{
+    CellColumns columns;
+    columns.firstRow = firstRow;
+    QStringList names;
+    for (const QString &cell : row.cells) {
+        names.append(cell.simplified());
+        columns.places.append(names.last().isEmpty() ? CellColumns::Nameless
+                                                     : table.place(names.last()));
+        if (columns.places.last() >= 0 && columns.places.count(columns.places.last()) > 1) {
+            columns.doubled.append(names.last());
+            columns.places.last() = CellColumns::Unknown;
+        }
+    }
+    for (const QString &needed : table.neededFields) {
+        qsizetype cell = columns.places.indexOf(table.place(needed));
+        for (qsizetype other = 0; cell < 0 && other < names.size(); ++other) {
+            if (columns.places[other] == CellColumns::Unknown && MayMean(names[other], needed)) {
+                columns.guesses.append({needed, names[other]});
+                columns.places[cell = other] = table.place(needed);
+            }
+        }
+        if (cell < 0)
+            columns.missing.append(needed);
+    }
+    for (qsizetype cell = 0; cell < names.size(); ++cell) {
+        if (columns.places[cell] == CellColumns::Unknown)
+            columns.unknown.append(names[cell]);
+    }
+    return columns;
+}
+
+/** Where one column is named for the code and another "Voce", that is the description. */
+void tellCodeFromItem(CellColumns &columns, const QStringList &header, const ExchangedTable &table)
+{
+    const auto columnLike = [&header](QLatin1StringView start) {
+        const auto cell = std::ranges::find_if(header, [start](const QString &name) {
+            return name.trimmed().startsWith(start, Qt::CaseInsensitive);
+        });
+        return cell == header.end() ? qsizetype{-1} : cell - header.begin();
+    };
+    const qsizetype code = columnLike(codeHeading);
+    const qsizetype item = columnLike("voce"_L1);
+    if (code < 0 || item < 0 || !columns.missing.contains(u"Descri"_s))
+        return;
+    columns.places.replace(columns.places.indexOf(table.place(u"Voce"_s)), CellColumns::Unknown);
+    columns.places[code] = table.place(u"Voce"_s);
+    columns.places[item] = table.place(u"Descri"_s);
+}
+
+} // namespace
+
+bool MayMean(const QString &name, const QString &field)
+{
+    constexpr qsizetype sameLetters = 3;
+    return name.startsWith(field.first(std::min(sameLetters, field.size())), Qt::CaseInsensitive) ||
+           (field == "Voce"_L1 && name.startsWith(codeHeading, Qt::CaseInsensitive));
+}
+
+CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table)
+{
+    CellColumns best;
+    best.missing = table.neededFields;
+    for (qsizetype row = 0; row < std::min(rows.size(), MostHeaderRows); ++row) {
+        CellColumns columns = columnsOf(rows[row], row + 1, table);
+        const auto [missing, guesses] = columns.lack();
+        // One guess alone is no header.
+        if (columns.lack() < best.lack() &&
+            (missing == 0 || guesses > 1 || missing + guesses < table.neededFields.size()))
+            best = std::move(columns);
+    }
+    return best;
+}
+
+CellColumns GuessColumns(const QList<CellRow> &rows, const ExchangedTable &table)
+{
+    CellColumns columns = FindColumns(rows, table);
+    const qsizetype found = table.neededFields.size() - columns.missing.size();
+    const bool isSure = columns.missing.isEmpty() && columns.guesses.isEmpty();
+    if (columns.firstRow == 0 || (found == 1 && !isSure))
+        return {};
+    tellCodeFromItem(columns, rows[columns.firstRow - 1].cells, table);
+    return columns;
+}
+
+} // namespace saldoro
