@@ -166,8 +166,9 @@ private slots:
         Play(&form, u"to Elenco, Alt+I"_s);
         QPointer<FrmCreditori> list = form.findChild<FrmCreditori *>();
         QTRY_VERIFY(list && QApplication::activeWindow() == list);
-        QGuiApplication::clipboard()->setText(u"Nome\tMandanti\nATI Po\tEdil Valle; ; Nova srl;\n"
-                                              "edil valle\t"_s);
+        QGuiApplication::clipboard()->setText(
+            u"Nome\tMandanti\nATI Po\tEdil Valle; ; Nova srl;\nNova srl\tUno\n"
+            "edil valle\t"_s);
         QCOMPARE(QApplication::focusWidget()->objectName(), u"Celle"_s);
         Play(list, u"Ctrl+V"_s);
         QVERIFY(!Find<QPushButton>(*list, u"Scrivi"_s)->isEnabled());
@@ -177,9 +178,10 @@ private slots:
         QGuiApplication::clipboard()->setText(u"Arch. Adda"_s);
         Play(list, u"Ctrl+V, Alt+S"_s);
         QTRY_VERIFY(!list);
-        QCOMPARE(office.rows(u"00112"_s, u"AZIDB.mdb"_s,
-                             u"SELECT * FROM Anag; SELECT * FROM Partecip; SELECT * FROM Manda"_s),
-                 u"4|Edil Valle|x\n5|ATI Po|ATI\n6|Nova srl|-\n1|5\n5|4\n5|6"_s);
+        QCOMPARE(
+            office.rows(u"00112"_s, u"AZIDB.mdb"_s,
+                        u"SELECT * FROM Anag; SELECT * FROM Partecip; SELECT * FROM Manda"_s),
+            u"4|Edil Valle|x\n5|ATI Po|ATI\n6|Nova srl|ATI\n7|Uno|-\n1|5\n2|6\n5|4\n5|6\n6|7"_s);
         QCOMPARE(office.rows(u"00112"_s, u"Appalto.mdb"_s,
                              u"SELECT Voce, Funzione, Stringa, Link FROM SchedaProgetto"_s),
                  u"D0101|-|ATI Po|5\nI01|17|Ing. Po|-\nI02|17|Arch. Adda|-"_s);

@@ -80,21 +80,29 @@ qint32 companyNumber(RecordSet &companies, const QString &name, const NewValue &
     return number;
 }
 
+QStringList membersOf(const TableRow &row)
+{
+    QStringList members = TextOf(row[CompanyList().place(u"Mandanti"_s)]).split(u';');
+    for (QString &member : members)
+        member = member.trimmed();
+    members.removeAll(QString());
+    return members;
+}
+
 void addCompanies(const Database &database, const TableRows &rows)
 {
     RecordSet companies = recordsOf(database, u"Anag"_s);
     RecordSet participants = recordsOf(database, u"Partecip"_s);
     RecordSet principals = recordsOf(database, u"Manda"_s);
+    // All by their own kind first: a member may be an association, too.
+    for (const TableRow &row : rows)
+        companyNumber(companies, TextOf(row.first()),
+                      membersOf(row).isEmpty() ? NewValue() : AssociationKind.toString());
     for (const TableRow &row : rows) {
-        QStringList members = TextOf(row[CompanyList().place(u"Mandanti"_s)]).split(u';');
-        for (QString &member : members)
-            member = member.trimmed();
-        members.removeAll(QString());
-        const NewValue kind = members.isEmpty() ? NewValue() : AssociationKind.toString();
-        const qint32 number = companyNumber(companies, TextOf(row.first()), kind);
+        const qint32 number = companyNumber(companies, TextOf(row.first()));
         add(participants,
             {{u"Nord"_s, nextNumber(participants, u"Nord"_s)}, {u"AnagRel"_s, number}});
-        for (const QString &member : members)
+        for (const QString &member : membersOf(row))
             add(principals,
                 {{u"AnagPar"_s, number}, {u"AnagRel"_s, companyNumber(companies, member)}});
     }
