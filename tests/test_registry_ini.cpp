@@ -95,9 +95,12 @@ private slots:
         SetIniValue(path, u"b"_s, u"d"_s, u"2"_s);
         SetIniValue(path, u"B"_s, u"C"_s, u"/è \"x\""_s);
         QCOMPARE(ContentOf(path), "; mia\n[B]\nd=\"2\"\nC=\"/è \"x\"\"\n[a]\nx=\" 1 \"\n");
-        for (const QString &value : {u"a\nb"_s, u"a\r[B]"_s})
+        for (const QString &value : {u"a\nb"_s, u"a\r[B]"_s, u"a"_s + QChar::Null})
             QCOMPARE(problemOf([&] { SetIniValue(path, u"B"_s, u"C"_s, value); }),
                      u"«%1» non verrebbe riletto com'è."_s.arg(value));
+        if (!RegistryFilePath().isEmpty())
+            QCOMPARE(problemOf([] { SetRegistryValue(u"B"_s, u"C"_s, u"reg_dword:5"_s); }),
+                     u"«reg_dword:5» non verrebbe riletto com'è."_s);
         {
             WholeFile other(path, "b");
             WholeFile replaced(path, "a");

@@ -82,7 +82,7 @@ void SetIniValue(const QString &fileName, const QString &section, const QString 
         content.replace(earlier.capturedStart(), earlier.capturedLength(), line);
     else
         content.insert(place, u'\n' + line);
-    if (keyLine(content, section, key).captured(u"value") != value)
+    if (TrimAtNul(keyLine(content, section, key).captured(u"value")) != value)
         throw FileError(info.filePath(), u"«%1» non verrebbe riletto com'è."_s.arg(value),
                         u"Scegliere un nome senza caratteri di controllo."_s);
     MakeFolder(info.path());
