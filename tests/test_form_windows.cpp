@@ -125,6 +125,8 @@ private slots:
             QVERIFY(!manual->isVisible());
         };
         check(program.main, u"La schermata principale"_s);
+        program.modify(1);
+        check(*program.company(), u"Pagamento a un'azienda"_s);
         program.modify(2);
         check(*program.forms.invoiceForm(CreditorKind::Professional),
               u"Pagamento a un professionista"_s);

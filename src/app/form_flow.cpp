@@ -24,7 +24,7 @@ FormFlow::FormFlow(ProgramValues &values)
     // Queued: the window system is still busy with the form that it has made the active one.
     connect(m_main.get(), &FrmPrincipale::activatedOutOfUse, this, &FormFlow::raiseChooser,
             Qt::QueuedConnection);
-    offerManual(*m_main, u"La schermata principale"_s);
+    offerManual(*m_main, ManualChapter::MainScreen);
 }
 
 FormFlow::~FormFlow() = default;
@@ -39,7 +39,7 @@ void FormFlow::showMainForm()
     m_main->reopen();
 }
 
-void FormFlow::offerManual(QWidget &form, const QString &heading)
+void FormFlow::offerManual(QWidget &form, QStringView heading)
 {
     auto *help = new QShortcut(QKeySequence::HelpContents, &form);
     connect(help, &QShortcut::activated, this, [this, heading] {
@@ -54,7 +54,7 @@ void FormFlow::showChooser()
     m_chooser = std::make_unique<FrmNuovaFattura>(m_main.get());
     connect(m_chooser.get(), &FrmNuovaFattura::continued, this,
             [this](CreditorKind kind) { showInvoiceForm(kind, true); });
-    offerManual(*m_chooser, u"La schermata principale"_s);
+    offerManual(*m_chooser, ManualChapter::MainScreen);
     connect(m_chooser.get(), &FrmNuovaFattura::finished, this, &FormFlow::chooserFinished);
     raiseChooser();
 }
@@ -80,8 +80,8 @@ void FormFlow::showInvoiceForm(CreditorKind kind, bool isNew)
         form->load();
         if (isNew)
             form->setMeantNew();
-        offerManual(*form, kind == CreditorKind::Company ? u"Pagamento a un'azienda"_s
-                                                         : u"Pagamento a un professionista"_s);
+        offerManual(*form, kind == CreditorKind::Company ? ManualChapter::CompanyPayment
+                                                         : ManualChapter::ProfessionalPayment);
         connect(form.get(), &InvoiceForm::unloaded, this,
                 [this, kind] { invoiceFormUnloaded(kind); });
         shown = std::move(form);

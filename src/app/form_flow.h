@@ -38,7 +38,7 @@ public:
     InvoiceForm *invoiceForm(CreditorKind kind);
 
 private:
-    void offerManual(QWidget &form, const QString &heading);
+    void offerManual(QWidget &form, QStringView heading);
     void showChooser();
     void raiseChooser();
     void chooserFinished();

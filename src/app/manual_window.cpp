@@ -41,10 +41,10 @@ ManualWindow::ManualWindow()
     CentraForm(*this);
 }
 
-void ManualWindow::showChapter(const QString &heading)
+void ManualWindow::showChapter(QStringView heading)
 {
     BringToFront(*this);
-    goTo(anchorOf(heading));
+    goTo(anchorOf(heading.toString()));
 }
 
 void ManualWindow::keyPressEvent(QKeyEvent *event)

@@ -4,6 +4,13 @@
 
 namespace saldoro {
 
+/** The headings of the chapters on the forms. */
+namespace ManualChapter {
+inline constexpr QStringView MainScreen = u"La schermata principale";
+inline constexpr QStringView CompanyPayment = u"Pagamento a un'azienda";
+inline constexpr QStringView ProfessionalPayment = u"Pagamento a un professionista";
+} // namespace ManualChapter
+
 /**
  * The manual, in a window that stays above the forms while they can be used. Esc closes it; it does
  * not keep the program running.
@@ -16,7 +23,7 @@ public:
     ManualWindow();
 
     /** Shows the manual at the chapter of that heading. */
-    void showChapter(const QString &heading);
+    void showChapter(QStringView heading);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
