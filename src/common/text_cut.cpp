@@ -42,11 +42,11 @@ bool IsUnseen(QChar character)
     return category == QChar::Other_Format || category == QChar::Other_Control;
 }
 
-QStringList FirstLines(const QStringList &lines, const QString &more)
+QStringList FirstLines(const QStringList &lines, const QString &more, qsizetype most)
 {
-    QStringList first = lines.mid(0, MostLinesTold);
-    if (lines.size() > MostLinesTold)
-        first.append(more.arg(lines.size() - MostLinesTold));
+    QStringList first = lines.mid(0, most);
+    if (lines.size() > most)
+        first.append(more.arg(lines.size() - most));
     return first;
 }
 

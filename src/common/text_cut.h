@@ -21,8 +21,9 @@ bool IsUnseen(QChar character);
 /** How many lines of one kind a message has at most. */
 inline constexpr qsizetype MostLinesTold = 20;
 
-/** As many of the lines as a message may have; where some are left out, one more that is @p more
- *  with their number for "%1". */
-QStringList FirstLines(const QStringList &lines, const QString &more);
+/** The first @p most of the lines; where some are left out, one more that is @p more with their
+ *  number for "%1". */
+QStringList FirstLines(const QStringList &lines, const QString &more,
+                       qsizetype most = MostLinesTold);
 
 } // namespace saldoro

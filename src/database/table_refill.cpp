@@ -21,11 +21,12 @@ TableRefill::TableRefill(const Database &database, const QString &table, const Q
 {
     const QString target = m_file->schema() + u'.' + QuotedName(table);
     const QList<FieldDef> all = Statement(m_file, u"SELECT * FROM "_s + target, table).fields(0);
-    TableDef definition(table);
-    for (const FieldDef &field : all)
-        definition.appendField(field.name, field.type, field.size);
-    for (const QString &field : fields)
-        m_fields.append(definition.field(field));
+    for (const QString &field : fields) {
+        const qsizetype at = PlaceOf(all, field);
+        if (at < 0)
+            throw DatabaseError(DatabaseFault::FieldMissing, m_file->path(), table, field);
+        m_fields.append(all[at]);
+    }
     // Fields that the file computes are not in this list, and can't be written.
     QStringList others;
     Statement written(

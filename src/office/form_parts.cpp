@@ -1,5 +1,6 @@
 #include "office/form_parts.h"
 
+#include "common/text_cut.h"
 #include "controls/buttons.h"
 #include "controls/window_placement.h"
 #include "office/task.h"
@@ -9,8 +10,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QShortcut>
-
-#include <algorithm>
 
 namespace saldoro {
 
@@ -60,9 +59,7 @@ void ShowLines(QListWidget &list, const QStringList &lines)
 {
     constexpr qsizetype most = 1000;
     list.clear();
-    list.addItems(lines.first(std::min(most, lines.size())));
-    if (lines.size() > most)
-        list.addItem(u"Ce ne sono altri %1, che qui non si leggono."_s.arg(lines.size() - most));
+    list.addItems(FirstLines(lines, u"Ce ne sono altri %1, che qui non si leggono."_s, most));
     list.setCurrentRow(0);
 }
 

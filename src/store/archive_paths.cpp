@@ -13,9 +13,14 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
+QString ProjectFolder(const QString &root, const QString &code)
+{
+    return root % ArchiveFolders::Appalti % u'\\' % code;
+}
+
 QString ProjectFolder(const ProgramValues &values)
 {
-    return values.ArchiveRoot % ArchiveFolders::Appalti % u'\\' % values.ProjectCode;
+    return ProjectFolder(values.ArchiveRoot, values.ProjectCode);
 }
 
 QString LedgerPath(const ProgramValues &values)

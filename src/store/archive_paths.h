@@ -49,7 +49,9 @@ inline constexpr QStringView Companies = u"AZIDB.mdb";
 inline constexpr QStringView Codes = u"chiavi.mdb";
 } // namespace ArchiveFiles
 
-/** Folder of the current contract project, without a trailing backslash. */
+/** Folder of a contract project below an archives root, without a trailing backslash. */
+QString ProjectFolder(const QString &root, const QString &code);
+/** That of the current project. */
 QString ProjectFolder(const ProgramValues &values);
 
 /** The databases of the project: payments, contract, companies. */
@@ -65,7 +67,8 @@ QString UpdateFolder(const ProgramValues &values);
  * The databases of a project that is named by its folder, a path of the machine.
  */
 
-/** The folder as it was given, or whatever its letter case. Throws FileError when there is none. */
+/** The folder as given, or the one of that name in other letter case. Throws FileError when there
+ *  is none. */
 QString ExistingFolder(const QString &given);
 
 /** A database of the project, found in any letter case; the code map lies beside the folder of the

@@ -18,7 +18,7 @@ QString ContractsFolder(const QString &root)
 
 QString ContractFolder(const QString &root, const QString &code)
 {
-    return MachinePath(root + ArchiveFolders::Appalti.toString() + u'\\' + code);
+    return MachinePath(ProjectFolder(root, code));
 }
 
 QStringList ContractCodes(const QString &root)

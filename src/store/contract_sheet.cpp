@@ -29,6 +29,13 @@ QString likeCriterion(const QString &pattern)
     return u"Voce Like '"_s + pattern + u"'"_s;
 }
 
+/** The items of the contract sheet that meet a condition, in their order. */
+RecordSet openSheet(const ProgramValues &values, const QString &condition)
+{
+    return Database::open(ContractPath(values))
+        .openRecordSet(u"SELECT * FROM SchedaProgetto"_s + condition + u" ORDER BY VOCE"_s);
+}
+
 /** The contract sheet, searched for the first item that matches; there may be none. */
 RecordSet findItemLike(const ProgramValues &values, const QString &pattern)
 {
@@ -51,9 +58,7 @@ void writeItem(const ProgramValues &values, const QString &item, ExistingKey exi
     WithDetail(Detail::Item, item, [&] {
         // The sheet has a note for every payment: only the items of that code are read and put in
         // order.
-        RecordSet sheet = Database::open(ContractPath(values))
-                              .openRecordSet(u"SELECT * FROM SchedaProgetto WHERE "_s +
-                                             itemCriterion(item) + u" ORDER BY VOCE"_s);
+        RecordSet sheet = openSheet(values, u" WHERE "_s + itemCriterion(item));
         const bool isNew = !FindItem(sheet, item);
         if (isNew)
             sheet.addNew();
@@ -73,8 +78,7 @@ void writeItem(const ProgramValues &values, const QString &item, ExistingKey exi
 // by whoever opens the file next, and that takes the right to write.
 RecordSet OpenContractSheet(const ProgramValues &values)
 {
-    return Database::open(ContractPath(values))
-        .openRecordSet(u"SELECT * FROM SchedaProgetto ORDER BY VOCE"_s);
+    return openSheet(values, {});
 }
 
 bool FindItem(RecordSet &sheet, const QString &item)
