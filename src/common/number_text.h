@@ -12,8 +12,8 @@ namespace saldoro {
  */
 double LeadingNumber(const QString &text);
 
-/** Plain decimal text of a rate: "." as decimal point, up to 15 significant digits, no blanks, no
- *  trailing zeros, e.g. 22, 22.5, 0.5. */
+/** Decimal text of a rate: "." as decimal point, up to 15 significant digits, no blanks, no
+ *  trailing zeros, e.g. 22, 22.5, 0.5. Below 0.0001 and from 1E+15 on with an exponent: 1E-05. */
 QString RateText(double value);
 
 /** A whole number with its sign, which is a blank for a number that is not negative. */

@@ -7,11 +7,11 @@ namespace saldoro {
 /**
  * A box for a day with the mask "__/__/____". Typed digits fill the places one after the other and
  * replace what stands there; "/" after a single digit pads it (1/2/03 becomes 01/02/03),
- * Backspace and Canc empty the nearest filled place, and a whole date that is pasted (1/2/2003,
- * 1/2/03, 01022003) fills them all. text() is what is shown, with "_" for places still empty. Other
- * characters go on to the parent; the rest is a line edit's. The toolkit's own input mask can't
- * show a text that is no date, leaves gaps where one clicks into the middle, has no padding by "/",
- * and takes a pasted 1/2/2003 apart.
+ * Backspace and Canc empty the nearest filled place. A date may be pasted as 1/2/2003, 01022003 or
+ * 1/2/03, which leaves the last two places empty. text() is what is shown, with "_" for places
+ * still empty. Other characters go on to the parent; the rest is a line edit's. The toolkit's own
+ * input mask can't show a text that is no date, leaves gaps where one clicks into the middle, has
+ * no padding by "/", and takes a pasted 1/2/2003 apart.
  *
  * A text set by the program is shown as it is, even when it is no date; the first change by the
  * user then starts from the empty mask.
@@ -30,7 +30,7 @@ public:
      *  False when there is neither a date nor the empty mask: such a box must not be left. */
     bool settle();
 
-    /** The text at the last settle(); empty once the text has changed since. */
+    /** The text that the last settle() found; empty once the text has changed since. */
     QString leftWith() const { return m_leftWith; }
 
     /** Wide enough for a whole date and for the text shown. */

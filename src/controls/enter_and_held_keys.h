@@ -7,8 +7,7 @@ namespace saldoro {
 /** Whether @p event is a press of Return or of Enter, which do the same everywhere. */
 bool IsEnter(const QEvent &event);
 
-/** Watches the keys of the application. In a program that calls IsKeyHeld() or this anywhere they
- * are watched from the start. */
+/** Starts to watch the keys. A program that links this file watches them from its start. */
 void WatchKeyPresses();
 
 /**

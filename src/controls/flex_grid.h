@@ -14,9 +14,9 @@ namespace saldoro {
  * the first row becomes current. Users can't edit header or body.
  *
  * Column widths are least widths in twips; one column may take the rest. A column grows when a text
- * would be cut: columns of amounts without bound; others to half the grid, so that one long text
- * does not push the amounts out of sight; the rest column for its heading only. A tool tip shows a
- * text whole that is cut all the same.
+ * would be cut. Columns of amounts grow without limit. Others grow up to half the grid, so that one
+ * long text does not push the amounts out of sight. The rest column grows only for its heading. A
+ * tool tip shows a text whole that is cut all the same.
  *
  * Keys: Up, Down, PgUp, PgDn, Home and End choose a row, Enter and Canc act on it; where single
  * cells are selected, Left, Right, Home and End move within the row and Ctrl+Home and Ctrl+End

@@ -16,8 +16,9 @@ public:
     explicit PopupList(QWidget *form);
 
     /** Shows @p lines over @p control, from @p down pixels below its top, as wide as the control
-     *  and as high as the lines need, as far as the form has room, and takes the focus. Without
-     *  lines it shows one that says so and can't be picked. */
+     *  and as high as the lines need, as far as the form has room, and takes the focus. Near the
+     *  bottom of the form it stands higher, so as to get half the form's height. Without lines it
+     *  shows one that says so and can't be picked. */
     void open(const QStringList &lines, const QWidget &control, int down);
 
 signals:

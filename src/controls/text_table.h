@@ -38,7 +38,8 @@ public:
     QString currentText() const { return text(m_row, m_column); }
 
     /** The rows @p first to @p last as spreadsheets take them: a line for each row, a tab between
-     *  cells, quotes around a cell that holds a tab, a line end or a quote. */
+     *  cells, quotes around a cell that holds a tab, a line end or a quote. Both must be rows: that
+     *  is not checked. */
     QString tabText(int first, int last) const;
 
     int row() const { return m_row; }
@@ -74,7 +75,8 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 signals:
-    /** The current cell is another one. */
+    /** The current cell is another one. Not sent by setRows(), setHeader() and within a BulkChange:
+     *  there modelReset() tells that it may be another one. */
     void currentMoved();
 
 private:

@@ -96,8 +96,8 @@ public:
     /** Runs to the next row; false at the end. A change outside a transaction is on the disk then.
      */
     bool step();
-    /** Runs to the end and returns how many records that changed. The statement can be run again,
-     *  also after a failure. */
+    /** Runs to the end and returns how many records an INSERT, UPDATE or DELETE changed; the number
+     *  means nothing for other statements. The statement can be run again, also after a failure. */
     int run();
 
     int columnCount() const;

@@ -16,9 +16,9 @@ QString RaddoppiaApici(const QString &text);
 /**
  * A pattern of the Like operator as the desktop engine reads it: `*` any run of characters, `?`
  * one character, `#` one digit, `[list]` one of the listed characters or ranges, `[!list]` one that
- * is not listed. Every other character, `_` and `%` included, stands for itself, and so does a `[`
- * that is never closed or that opens a range which runs backwards. Letter case is ignored; ranges
- * go by the numbers of the characters.
+ * is not listed. `[]` stands for nothing at all, `[!]` for `!`. Every other character, `_` and `%`
+ * included, stands for itself, and so does a `[` that is never closed or that opens a range which
+ * runs backwards. Letter case is ignored; ranges go by the numbers of the characters.
  */
 class LikePattern
 {

@@ -20,7 +20,8 @@ class Connection;
  * Paths are archive paths (backslashes, any letter case), turned into paths of the machine here.
  * Every failure is a DatabaseError that names the file, unless a function says otherwise. Other
  * programs of the suite use the same files: every action waits for a file that is locked, up to
- * LockWaitMilliseconds, before it throws Locked.
+ * LockWaitMilliseconds, before it throws Locked. One whose statement takes more than some 20
+ * seconds throws Endless.
  */
 class Database
 {
@@ -43,7 +44,7 @@ public:
     /** Opens one more existing file on the connection of this one, where no transaction may be
      *  open: a transaction on either covers both. Queries through the result are about its own
      *  file. The connection lives until all its Databases and record sets are gone. Throws as
-     *  open(). */
+     *  open(), and OtherEncoding when the files keep their texts in different encodings. */
     Database attach(const QString &path) const;
 
     /** Adds an empty table with the fields of @p table in their order. Throws Other when the file
@@ -69,8 +70,8 @@ public:
      * Opens a record set on @p sql, which is taken as it stands, trailing and doubled blanks
      * included. "SELECT * FROM one-table ..." gives an updatable set; joins, stored queries and
      * tables whose records have no position are read-only. The records are read at the first use,
-     * which throws Endless when that takes more than some 20 seconds or gives more than memory
-     * should hold. Throws SyntaxError, TableMissing, FieldMissing.
+     * which throws Endless also when that gives more than memory should hold. Throws SyntaxError,
+     * TableMissing, FieldMissing.
      */
     RecordSet openRecordSet(const QString &sql) const;
 

@@ -51,9 +51,10 @@ public:
      * "Field = literal" or "Field Like 'pattern'", blanks around the operator optional; a literal
      * is a whole number with optional sign or a quoted text with apostrophes doubled. A null meets
      * no criterion. Without a match noMatch() becomes true and there is no current record: only
-     * moveFirst(), moveLast() and findFirst() lead on from there, the others throw NoCurrentRecord.
-     * Throws SyntaxError for anything else, TypeMismatch for a quoted text against a number field
-     * or the other way round, FieldMissing.
+     * moveFirst(), moveLast() and findFirst() lead on from there, the others throw NoCurrentRecord
+     * (in an empty set findNext() finds nothing instead). Throws SyntaxError for anything else,
+     * TypeMismatch for a number against a field of texts or days, or "=" with a quoted text against
+     * one of numbers or days, FieldMissing.
      *
      * A text is looked up in an index, which is made when first asked for and again after a write;
      * every other find goes over the records.
@@ -76,12 +77,13 @@ public:
     void addNew();
     void edit();
     /** field() goes on reading the record, not the buffer; any move or find empties the buffer.
-     *  Throws FieldTooSmall, TypeMismatch, FieldMissing. */
+     *  Throws FieldTooSmall, TypeMismatch, FieldMissing, Other without addNew() or edit() before.
+     */
     void set(const QString &name, const NewValue &value);
     /** Writes the buffer in one statement. The current record stays the same, also after addNew().
      *  Throws RecordGone when another program has deleted it, NotStored when a trigger of the file
      *  kept it from being written, NullValue and ZeroLengthRefused for a field that the file wants
-     *  filled, Locked, ReadOnly, DiskFull. */
+     *  filled, Locked, ReadOnly, DiskFull, Other without addNew() or edit() before. */
     void update();
     /** Deletes the current record; moveNext() and findNext() go on from its place. It is no error
      *  when another program has deleted it already. Throws NoCurrentRecord, NotStored, Locked,

@@ -10,8 +10,8 @@ namespace saldoro {
 /** A query as it goes to the engine. */
 struct EngineQuery
 {
-    /** The query with the order of texts named behind every text literal and every term of
-     *  ORDER BY, and the file named before every table. */
+    /** The query, with the text order added to every literal and every term of ORDER BY, and the
+     *  schema to every table. */
     QString text;
     /** For "SELECT * FROM name" with nothing but a condition and an order behind it: the name,
      *  which may be that of a stored query. Otherwise empty. */

@@ -47,7 +47,7 @@ public:
     /** Appends a field; @p size counts only for text fields. */
     void appendField(const QString &name, FieldType type, int size = 0);
 
-    /** The field of that name, letter case ignored. Throws FieldMissing. */
+    /** The field of that name, letter case ignored. Throws FieldMissing, which names no file. */
     FieldDef &field(const QString &name);
 
     /** As PlaceOf(), in the order of creation. */

@@ -15,7 +15,7 @@ namespace saldoro {
 /**
  * Replaces all records of a table by others, within a transaction. Fields that the new records do
  * not name, also those that no definition here knows, keep the values of former records byte for
- * byte.
+ * byte. Only one may live on a connection at a time.
  */
 class TableRefill
 {

@@ -72,7 +72,7 @@ private:
     QLineEdit *m_total;
     QList<OfferedItem> m_offered; ///< line by line in the pick list
     int m_editedRow = 0;
-    TypedAllocation m_typed; ///< its text only once the editor is left
+    TypedAllocation m_typed; ///< the text is set when the editor is left
 };
 
 } // namespace saldoro

@@ -26,7 +26,7 @@ void PrepareAllocations(TextTable &grid);
 /** True when no row holds the code yet: trimmed texts, compared exactly. */
 bool CekCodCaricato(const TextTable &grid, const QString &code);
 
-/** Writes an amount, in display form, from what was typed in plain form. */
+/** Writes an amount, in display form, from what was typed in plain form. Throws OverflowError. */
 void WriteAmount(TextTable &grid, int row, const QString &typed);
 
 /** The sum of the amounts in display form. Throws OverflowError, with the details "Voce" and

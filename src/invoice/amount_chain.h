@@ -9,8 +9,7 @@
 
 namespace saldoro {
 
-/** The amounts of an invoice. A company's has those from Importo to TotaleFattura without the other
- *  amounts. */
+/** The amounts of an invoice. A company has Importo to TotaleFattura, but no AltriImporti. */
 enum class Amount
 {
     Prestazione,
@@ -35,8 +34,9 @@ enum class AmountRole
     Derived ///< an amount that leaving some field may write
 };
 
-/** Whether a field keeps the plain form it was typed in when it is left. From then on it is
- * misread: its point counts for nothing. */
+/** Whether a field of a professional's note keeps the plain form it was typed in when it is left.
+ *  From then on it is misread: its point counts for nothing. A company's invoice has one such
+ *  field, TotaleFattura, which is not told of here. */
 inline bool StaysPlain(Amount field)
 {
     return field == Amount::AltriImporti || field == Amount::SoggettaRA;
@@ -46,8 +46,8 @@ inline bool StaysPlain(Amount field)
 enum class Reach
 {
     InTurn,   ///< by Enter and Tab
-    OnRequest ///< only by its mnemonic or a click: a computed amount that stays in plain form when
-              ///< it is left would be misread if the clerk just passed through it
+    OnRequest ///< only by mnemonic or click: the field stays plain when it is left, so passing
+              ///< through it would change its value
 };
 
 /** All that there is to know of one amount field of an invoice form. */

@@ -6,9 +6,10 @@ namespace saldoro {
 
 /**
  * A line edit for one line of text that goes to a column of limited size. It never holds more than
- * that many characters, a line end or a tab, whoever writes into it. Of what is pasted or dropped,
- * line ends and tabs at the ends go, a run of them inside becomes one blank, and as much is taken
- * as fits. A text that was dragged here and changed in this way also stays where it came from.
+ * that many characters, a line end or a tab, as long as the program fills it by showText(). Of what
+ * is pasted or dropped, line ends and tabs at the ends go, a run of them inside becomes one blank,
+ * and as much is taken as fits. A text that was dragged here and changed in this way also stays
+ * where it came from.
  */
 class EntryField : public QLineEdit
 {

@@ -6,8 +6,8 @@ namespace saldoro {
 
 /**
  * Reads the first payment of the number in @p record into it, whatever that payment's kind. The
- * record comes with what the form shows before (for a company the contractor's name as creditor),
- * @p grid with its header alone.
+ * record holds what the form shows now (for a company the contractor's name as creditor), @p grid
+ * its header alone.
  *
  * A number that the ledger does not hold is a new payment: it takes the notes of the last payment
  * stored and keeps everything else. Allocations and mandate note are read in both cases. An amount

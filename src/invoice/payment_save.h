@@ -10,9 +10,9 @@ namespace saldoro {
  * of that number and kind is changed, else added; an allocation of the same code is changed, else
  * added; none is deleted here.
  *
- * The stored description of a cost item is cut to its column. Any other text longer than its
- * column throws FieldTooSmall before its own row is written. Errors pass, with the detail
- * "Pagamento"; rows written before stay.
+ * The stored description of a cost item is cut to its column, that of the mandate note to 60
+ * characters. Any other text longer than its column throws FieldTooSmall before its own row is
+ * written. Errors pass, with the detail "Pagamento"; rows written before stay.
  */
 void SavePagamento(ProgramValues &values, const PaymentRecord &record, const TextTable &grid);
 

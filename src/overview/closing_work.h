@@ -21,9 +21,9 @@ void WriteProjectDocuments(ProgramValues &values, const TextTable &overview);
  * except the last into one document, each after a line break, the last one into another; registers
  * both and writes the total of the kind, at the end that of both kinds.
  *
- * The boxes of @p form are used as they come, and the last-payment box is not emptied in between:
- * where a kind has no payments, its document repeats what was there. The form is of no further use.
- * More than 32,767 payments of one kind throw OverflowError.
+ * The boxes of @p form keep their fonts. The list box is emptied for each kind; the last-payment
+ * box is not: where a kind has no payments, its document repeats what was there. Do not use the
+ * form afterwards. More than 32,767 payments of one kind throw OverflowError.
  */
 void ScriviProspettoRtf(ProgramValues &values, FrmElab &form);
 

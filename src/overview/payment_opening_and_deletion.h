@@ -21,9 +21,9 @@ std::optional<CreditorKind> OpenPayment(ProgramValues &values, qint32 row);
 
 /**
  * Deletes a payment, each record on its own: first its mandate note in the contract database, then
- * all payments of that number, then all their allocations. A stale row loses its mandate note only.
- * The remaining payments keep their numbers. Throws DatabaseError; what was deleted before stays
- * deleted.
+ * all payments of that number, then all allocations with that number. A stale row loses its mandate
+ * note, and allocations that no payment has. The remaining payments keep their numbers. Throws
+ * DatabaseError; what was deleted before stays deleted.
  */
 void DeletePayment(const ProgramValues &values, qint32 row);
 

@@ -26,9 +26,8 @@ RecordSet OpenPaymentsList(const ProgramValues &values);
  * Appends one row for each payment to a prepared table; the current row is the last one afterwards.
  * The amount is gross: with the VAT and, of a professional only, the other amounts.
  *
- * Throws DatabaseError for a null in anything but the kind and the other amounts, and
- * OverflowError; details "Pagamento", and "Riga" and "Creditore" of a payment without number. The
- * rows before stay.
+ * Throws DatabaseError for a null number, creditor, day, amount or VAT, and OverflowError; details
+ * "Pagamento", and "Riga" and "Creditore" of a payment without number. The rows before stay.
  */
 void FillPaymentsList(TextTable &list, RecordSet payments);
 

@@ -17,7 +17,7 @@ public:
     ~Progress();
     Q_DISABLE_COPY_MOVE(Progress)
 
-    /** Shows @p rows now and then. Throws what the watcher throws. */
+    /** To be called for each row: shows only multiples of 1000. Throws what the watcher throws. */
     void show(qsizetype rows);
 
     /** Is told the state, such as "Lettura di Spese: 2000 righe". What it throws breaks the work

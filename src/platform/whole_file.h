@@ -22,9 +22,10 @@ class WholeFile
 public:
     /** @param path archive path or path of the machine
      *  @param write fills the file; returns false when the file did not take something
-     *  Throws when the file can't be flushed whole to the disk or, as far as that is known by now,
-     *  when the earlier file can't be replaced: a folder of that name, a folder or file that one
-     *  may not write, on Windows a file that another program keeps to itself. */
+     *  Throws when the file can't be written whole, flush to the disk included (on Windows
+     *  replace() tells that), or, as far as that is known by now, when the earlier file can't be
+     *  replaced: a folder of that name, a folder or file that one may not write, on Windows a file
+     *  that another program keeps to itself. */
     WholeFile(const QString &path, const std::function<bool(QIODevice &)> &write);
     WholeFile(const QString &path, const QByteArray &content);
 

@@ -11,7 +11,7 @@ RecordSet OpenAllocations(const Database &ledger, qint32 paymentNumber);
 
 /**
  * Makes the first allocation of that cost item the current record; true when there is one. An
- * empty code stands for a null one, as it is stored, so that such a row is found again too.
+ * empty code finds the row whose code is null: that is how an empty code is stored.
  */
 bool FindAllocation(RecordSet &allocations, const QString &code);
 

@@ -16,7 +16,7 @@ namespace saldoro {
 RecordSet FindCode(const ProgramValues &values, QStringView internalCode);
 
 /*
- * These have errors with the detail "Codice"; a text that the map lacks is NullValue.
+ * Errors of these carry the detail "Codice". A null in the map throws NullValue.
  */
 
 /** External code of an internal one, as text; the empty text when the code is not mapped. */

@@ -9,9 +9,10 @@
 namespace saldoro {
 
 /*
- * The items of the contract sheet. Each routine opens the database, does one job and closes it
- * again, OpenContractSheet with its set; every write is one statement. Throws DatabaseError, with
- * the item as detail "Voce" where one is written, and the pattern where a text is read.
+ * The items of the contract sheet. Each routine opens the database, does one job and closes it;
+ * OpenContractSheet() leaves it open with its set. Every write is one statement. Throws
+ * DatabaseError, with the item as detail "Voce" where one is written, and the pattern where a text
+ * is read. An apostrophe in an item or pattern throws SyntaxError.
  */
 
 /** The tag of the items that this program writes. The suite's readers go by the item's code and
@@ -21,8 +22,7 @@ inline constexpr qint16 NoTag = 0;
 /** The contract sheet in the order of its items, updatable. */
 RecordSet OpenContractSheet(const ProgramValues &values);
 
-/** Makes the item of that code the current record of a set of the sheet; false when there is none.
- *  Throws SyntaxError for a code with an apostrophe. */
+/** Makes the item of that code the current record of the sheet; false when there is none. */
 bool FindItem(RecordSet &sheet, const QString &item);
 
 /** Writes the amount item that an internal code is mapped to: tag, the code's description, the

@@ -14,7 +14,7 @@ inline constexpr qint32 ProfessionalTag = 17;
 QStringList ProfessionalCreditors(const ProgramValues &values);
 
 /** Companies of the procedure whose name starts with @p prefix (which may hold wildcards), by
- *  name. An empty prefix gives them all. */
+ *  name; one that takes part twice, twice. An empty prefix gives them all. */
 QStringList ParticipatingCompanies(const ProgramValues &values, const QString &prefix);
 
 } // namespace saldoro

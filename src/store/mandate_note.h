@@ -22,7 +22,8 @@ struct MandateNote
 /** What the item codes of all notes begin with. @p notes is the external code of the notes. */
 QString MandateKeyStart(const QString &notes);
 
-/** Item code of a payment's note: MandateKeyStart() and the number. */
+/** Item code of a payment's note: MandateKeyStart() and the number. Reads the code map and throws
+ *  as CodiceEsterno(). */
 QString VoceMandato(const ProgramValues &values, qint32 paymentNumber);
 
 /** Description of a payment's note: "Pag. N." number " - " creditor. */

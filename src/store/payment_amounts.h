@@ -5,8 +5,8 @@
 
 namespace saldoro {
 
-/** What a payment holds beside fee and VAT: of a professional's what @p read gives, a null being 0;
- *  of a company's nothing, and that is not even read. */
+/** The amounts beside base and VAT: for a professional what @p read gives, null being 0; for a
+ *  company 0, and @p read is not called. */
 template <typename Read>
 Currency OtherAmounts(bool isProfessional, const Read &read)
 {

@@ -14,8 +14,8 @@ using TableRows = QList<TableRow>;
 /** How stored values are taken that are not of their field's kind. */
 enum class Reading
 {
-    Exact,    ///< an invalid day stands for what no text could give back exactly
-    AsProgram ///< as their text; texts and days are taken as the program takes them
+    Exact,    ///< what can't be given back exactly becomes an invalid day
+    AsProgram ///< it becomes its text; texts and days are taken as the program takes them
 };
 
 /** The rows of a table, or of a stored query, in stored order, with Progress. Throws DatabaseError,
