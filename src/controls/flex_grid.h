@@ -20,9 +20,9 @@ namespace saldoro {
  *
  * Keys: Up, Down, PgUp, PgDn, Home and End choose a row, Enter and Canc act on it; where single
  * cells are selected, Left, Right, Home and End move within the row and Ctrl+Home and Ctrl+End
- * through the grid. Tab and Shift+Tab leave it. Where rows are selected, Ctrl+C copies the current
- * one and Ctrl+Shift+C the whole table with its headings, as text that spreadsheets take; the
- * context menu has both.
+ * through the grid. Tab and Shift+Tab leave it. Where rows are selected, Left and Right scroll,
+ * Ctrl+C copies the current one and Ctrl+Shift+C the whole table with its headings, as text that
+ * spreadsheets take; the context menu has both.
  */
 class FlexGrid : public QTableView
 {

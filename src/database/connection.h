@@ -63,7 +63,8 @@ public:
     /** Starts the time that one read may take. The engine gives up when it is over. */
     void startClock() const;
 
-    /** Replaces the content of @p copy by that of this file and flushes it to the disk. */
+    /** Replaces the content of @p copy by that of this file and flushes it to the disk. Both are
+     *  the first file of their connection. */
     void copyTo(Connection &copy) const;
 
     /** Throws the error that @p code stands for. */

@@ -82,7 +82,8 @@ public:
     void show(Amount field, Currency value);
     /** Takes a field's text as plain form and shows it in display form. */
     void showTyped(Amount field);
-    /** Rewrites a rate as the plain number that was understood. */
+    /** Rewrites a rate as the plain number that was understood. Throws OverflowError for an
+     *  infinite one. */
     void showRate(Amount field);
     /** Base amount times rate over 100, multiplied and divided as floating point. Throws
      *  OverflowError also for an infinite rate. */
