@@ -57,11 +57,13 @@ ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder
     for (const auto &[table, path] : paths) {
         const QString database = ArchiveFilePath(table->archive, folder);
         std::optional<TableDef> stored;
-        SayingNothingIsWritten([&, &csv = path, &table = table] {
+        const auto readTable = [&, &csv = path, &table = table] {
             if (QFileInfo::exists(database) && Database::hasPlainJournal(database))
                 stored = Database::open(database).tableDef(table->name());
             tables.append(ReadCsvTable(csv, *table, stored.value_or(table->definition), remarks));
-        });
+        };
+        SayingNothingIsWritten(
+            [&] { WithDetail(Detail::File, QDir::toNativeSeparators(database), readTable); });
     }
     for (const QString &error : std::as_const(remarks.errors))
         outcome.errors.append(LineFinding(error));
