@@ -36,7 +36,7 @@ QString MachinePath(const QString &archivePath)
     const QString plain = QString(archivePath).replace(u'\\', u'/');
     QString path = plain.startsWith(u'/') ? u"/"_s : QString();
     const QStringList names = plain.split(u'/', Qt::SkipEmptyParts);
-    if (const QString exact = path + names.join(u'/'); QFileInfo::exists(exact))
+    if (QString exact = path + names.join(u'/'); QFileInfo::exists(exact))
         return exact; // as the look-ups below, each of which takes the disk's time, would give
     for (qsizetype place = 0; place < names.size(); ++place) {
         path += entryFor(path, names[place]);
