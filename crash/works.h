@@ -17,7 +17,7 @@ struct Work
     /** Does it as the program would. Throws SaldoroError. */
     std::function<void(ProgramValues &values)> perform;
     /** What it changes, write by write: patterns for the keys of an ArchiveState (see
-     * fault_trial.h). */
+     *  fault_trial.h). */
     QStringList writes;
     /** File names of the databases that it changes. */
     QStringList databases;
@@ -37,7 +37,7 @@ TestArchive FilledProject();
 
 /** Creating the ledger, the main screen's load and its closing work, saves of both kinds, new and
  *  changed, deletions of a payment and of an allocation, imports into a project and into a new one,
- * an export, values set. */
+ *  an export, values set. */
 QList<Work> AllWorks();
 
 } // namespace saldoro

@@ -12,6 +12,18 @@
 
 namespace saldoro {
 
+/** A test of database files, each of which it makes in a folder of its own. */
+class FilesTest : public QObject
+{
+protected:
+    QString newPath() { return m_folder.filePath(QStringLiteral("prova%1.mdb").arg(++m_files)); }
+
+    QTemporaryDir m_folder;
+
+private:
+    int m_files = 0;
+};
+
 /** A second connection to a file, past the database layer, whose errors are texts. */
 class DirectConnection : private BareFile
 {

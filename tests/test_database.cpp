@@ -16,15 +16,9 @@ using namespace saldoro;
 using namespace Qt::StringLiterals;
 using enum saldoro::DatabaseFault;
 
-class DatabaseTest : public QObject
+class DatabaseTest : public FilesTest
 {
     Q_OBJECT
-
-private:
-    QTemporaryDir m_folder;
-    int m_files = 0;
-
-    QString newPath() { return m_folder.filePath(u"prova%1.mdb"_s.arg(++m_files)); }
 
 private slots:
     void aNewFileHoldsWhatWasDefined()

@@ -177,7 +177,9 @@ void TestExchange::exportRefuses()
         QVERIFY(!QFileInfo::exists(out));
     }
     office.rows(ArchiveFile::Ledger, u"DELETE FROM Fatture"_s);
+    QVERIFY(!HasExportedFiles(out));
     WriteFile(out + u"/fatture.CSV"_s, "mio");
+    QVERIFY(HasExportedFiles(out));
     QVERIFY(refusal().contains(u"Il file c'è già."_s));
     QCOMPARE(ContentsOf(out).size(), 1);
     // One file that can't be replaced keeps all as they are.
@@ -188,6 +190,9 @@ void TestExchange::exportRefuses()
     // Files that an export has left half replaced are neither taken nor added to.
     WriteFile(out + u"/esportazione incompleta.txt"_s, "");
     QVERIFY(refusal().contains(u"non è arrivata in fondo"_s));
+    QFile::remove(out + u"/fatture.CSV"_s);
+    QVERIFY(HasExportedFiles(out)); // there the next one replaces what is mixed
+    WriteFile(out + u"/fatture.CSV"_s, "mio");
     QVERIFY_THROWS_EXCEPTION(FileError, ImportFiles(office.project(), out, {}));
     office.rows(ArchiveFile::Companies, u"ALTER TABLE Anag ADD COLUMN via TEXT"_s);
     const QString said = ExportProject(office.project(), out, true);
@@ -195,6 +200,13 @@ void TestExchange::exportRefuses()
                  said.contains(u"\nAnag: 0 righe; colonne tralasciate: via\n"_s),
              qPrintable(said));
     QCOMPARE(ContentsOf(out).size(), 8);
+    // A field that the archive lacks is told with the archive.
+    office.rows(ArchiveFile::Ledger, u"ALTER TABLE Spese DROP COLUMN Descrizione"_s);
+    QDir(office.csv()).removeRecursively();
+    office.put(u"Spese"_s, "RelNpag;Cod;Importo\n");
+    const QString lacking = office.import();
+    QVERIFY2(lacking.contains(u"Campo: Descrizione"_s) && lacking.contains(u"Saldoro.mdb"_s),
+             qPrintable(lacking));
     QVERIFY(ContentOf(out + u"/fatture.CSV"_s)
                 .startsWith("\xEF\xBB\xBF"
                             "AziProf;Npag"));

@@ -76,8 +76,7 @@ private slots:
         QVERIFY(list.item(1000)->text().startsWith(u"Ce ne sono altri 2"_s));
     }
 
-    /** A long check shows how far it is, and is given up by the user without an error; so are copy
-     *  and export, which the same window watches. */
+    /** A long check shows how far it is, and is given up by the user without an error. */
     void cancelledCheck()
     {
         ContractsArchive office;

@@ -9,15 +9,9 @@ using namespace Qt::StringLiterals;
 using enum saldoro::DatabaseFault;
 
 /** What several programs, and several changes, do to the same files. */
-class TestTransactions : public QObject
+class TestTransactions : public FilesTest
 {
     Q_OBJECT
-
-private:
-    QTemporaryDir m_folder;
-    int m_files = 0;
-
-    QString newPath() { return m_folder.filePath(u"prova%1.mdb"_s.arg(++m_files)); }
 
 private slots:
     void lockedFilesAreWaitedFor()

@@ -56,7 +56,7 @@ public:
     explicit BareFile(const QString &archivePath, Durability durability = Durability::Full);
 
     /** Runs @p sql, one statement or several; gives the rows one a line, cells joined by "|": a
-     * null reads "-", a currency value its count of ten-thousandths, a date as stored. */
+     *  null reads "-", a currency value its count of ten-thousandths, a date as stored. */
     QString rows(const QString &sql);
     BareStatement prepare(const char *sql) { return {m_file.get(), sql}; }
     void run(const char *sql) { prepare(sql).run(); }

@@ -24,7 +24,7 @@ QString FormatImportoEuro(Currency amount);
 QString PuntoDecimale(QString &text);
 
 /** Reads an amount in plain form: LeadingNumber, converted to currency. A text without a number
- * gives 0. Throws OverflowError beyond the currency range. */
+ *  gives 0. Throws OverflowError beyond the currency range. */
 Currency PlainAmount(const QString &text);
 
 /** Reads an amount in Italian notation: PuntoDecimale on the argument, which stays rewritten, then

@@ -36,7 +36,7 @@ bool ChiediConferma(const QString &question);
 using MessageAnswerer = std::function<MessageAnswer(MessageKind kind, const QString &text)>;
 
 /** From now on @p answerer answers instead of real boxes; an empty one brings them back. Returns
- * the one before. For tests and for runs without a person. */
+ *  the one before. For tests and for runs without a person. */
 MessageAnswerer ReplaceMessageBoxes(MessageAnswerer answerer);
 
 } // namespace saldoro

@@ -101,7 +101,7 @@ private:
     }
 
     /** Whether the program itself is closing the window, which then grants a second request at
-     * once. */
+     *  once. */
     bool isByProgram(QWindow &window)
     {
         m_isAsking = true;

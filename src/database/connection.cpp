@@ -75,11 +75,13 @@ Connection::Connection(const QString &path, FileAccess access, int lockWait)
     if (code != SQLITE_OK)
         fail(code, {});
     execute(u"PRAGMA trusted_schema = OFF"_s); // views and triggers may come from anywhere
-    // Opening reads nothing: only the list of tables shows whether this is a database. A new file
-    // gets its header by the first change, whatever it is; what comes next puts it on the disk.
-    execute(access == FileAccess::Create ? u"PRAGMA synchronous = OFF; PRAGMA user_version = 1"_s
-                                         : u"SELECT count(*) FROM sqlite_master"_s);
+    // A new file gets its header by the first change, whatever it is. What is written into it next
+    // puts the header on the disk, too.
+    if (access == FileAccess::Create)
+        execute(u"PRAGMA synchronous = OFF; PRAGMA user_version = 1"_s);
     execute(u"PRAGMA synchronous = EXTRA"_s); // also flushes the folder's entry
+    // Opening reads nothing: only the list of tables shows whether this is a database.
+    execute(u"SELECT count(*) FROM sqlite_master"_s);
 }
 
 Connection::Connection(const Connection &first, const QString &path)

@@ -59,8 +59,8 @@ public:
 
     /** Each writes one record in one statement, which changes nothing when it throws. A new record
      *  comes last. update() is false when the file does not hold the record any more. Throws
-     *  NotStored when a trigger of the table kept the record from being written; what the trigger
-     *  did itself stays. */
+     *  NotStored when a rule of the table kept the record from being written; what a trigger did
+     *  itself stays. */
     void insert(const RecordChanges &values);
     bool update(int row, const RecordChanges &values);
     void remove(int row);

@@ -81,9 +81,10 @@ public:
      */
     void set(const QString &name, const NewValue &value);
     /** Writes the buffer in one statement. The current record stays the same, also after addNew().
-     *  Throws RecordGone when another program has deleted it, NotStored when a trigger of the file
-     *  kept it from being written, NullValue and ZeroLengthRefused for a field that the file wants
-     *  filled, Locked, ReadOnly, DiskFull, Other without addNew() or edit() before. */
+     *  Throws RecordGone when another program has deleted it, NotStored when a rule of the file
+     *  (trigger, check, index) kept it from being written, NullValue and ZeroLengthRefused for a
+     *  field that the file wants filled, Locked, ReadOnly, DiskFull, Other without addNew() or
+     *  edit() before. */
     void update();
     /** Deletes the current record; moveNext() and findNext() go on from its place. It is no error
      *  when another program has deleted it already. Throws NoCurrentRecord, NotStored, Locked,

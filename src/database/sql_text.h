@@ -23,9 +23,9 @@ struct EngineQuery
 };
 
 /** Prepares @p sql for the engine, with tables of the file that is called @p schema. Knows the
- * forms that queries have here: no comments, no lists of tables but joins, nothing behind the terms
- * of ORDER BY. Never fails: what it can't read stays as it is, and the engine says what is wrong.
- */
+ *  forms that queries have here: no comments, no lists of tables but joins, nothing behind the
+ *  terms of ORDER BY. Never fails: what it can't read stays as it is, and the engine says what is
+ *  wrong. */
 EngineQuery EngineQueryFor(const QString &sql, const QString &schema);
 
 /** A name by which the engine knows the position of a record in a table of these fields; empty when

@@ -77,8 +77,7 @@ void tellTexts(const InvoiceState &state, Notices &all)
 }
 
 /** What is left of an item for this payment. What the payment itself has stored on it counts as
- * left.
- */
+ *  left. */
 Currency available(const InvoiceState &state, const QString &code, int overviewRow)
 {
     QString left = state.overview->text(overviewRow, OverviewColumn::Disponibilita);

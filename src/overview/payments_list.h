@@ -19,7 +19,7 @@ inline constexpr int Euro = 4;
 void PreparePaymentsList(TextTable &payments);
 
 /** The payments of the ledger in the order of their numbers. A ledger that can't be opened, or
- * lacks a table, throws DatabaseError before anything on the screen has changed. */
+ *  lacks a table, throws DatabaseError before anything on the screen has changed. */
 RecordSet OpenPaymentsList(const ProgramValues &values);
 
 /**

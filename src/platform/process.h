@@ -23,7 +23,7 @@ QString CommandLineTail(int argc, char *const argv[]);
 QString TailOfCommandLine(const QString &commandLine);
 
 /** Lets a write beyond the process's limit of file sizes fail as one to a full disk does. The
- * system would end the process. */
+ *  system would end the process. */
 void LetLargeWritesFail();
 
 /** File name of the running program without its extension. Needs the application object. */

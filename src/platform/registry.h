@@ -34,7 +34,7 @@ void SetRegistryValue(const QString &keyPath, const QString &valueName, const QS
 QString SettingsFolder();
 
 /** The file of the per-user settings, "registro.ini" in the SettingsFolder(). Empty on Windows,
- * which has a registry. */
+ *  which has a registry. */
 QString RegistryFilePath();
 
 /** Where a person finds the values of a key: the key below the root of the current user, or the

@@ -16,7 +16,7 @@ inline constexpr QStringView SettingsKey = u"Software\\Dornvale\\ZELT";
 inline constexpr QStringView ArchiveRootValue = u"drivers";
 
 /** What the setting is and where a person finds it, in Italian: the value "drivers" of a key or of
- * a file. */
+ *  a file. */
 QString ArchivesRootSetting();
 
 /** The archives root as it is set; no value when it is not. Throws FileError when the settings
