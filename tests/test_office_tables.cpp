@@ -172,6 +172,8 @@ private slots:
         QCOMPARE(QApplication::focusWidget()->objectName(), u"Celle"_s);
         Play(list, u"Ctrl+V"_s);
         QVERIFY(!Find<QPushButton>(*list, u"Scrivi"_s)->isEnabled());
+        const auto *cells = Find<QTableWidget>(*Find(*list, u"Imprese"_s), u"Celle"_s);
+        QVERIFY(cells->item(0, 0)->textAlignment() & Qt::AlignLeft); // no amounts here
         Play(Find(*list, u"Imprese"_s), u"Del"_s);
         Find<QComboBox>(*list, u"Appaltatore"_s)->setCurrentText(u"ATI Po"_s);
         Play(list, u"Alt+O"_s);

@@ -121,9 +121,16 @@ void PasteTable::replaceRows(const std::function<void()> &action)
     int row = 0; // or the first one to be corrected
     for (int each = m_view->rowCount() - 1; each >= 0; --each)
         row = m_pasted.rows()[each].state == PastedState::Faulty ? each : row;
-    for (int column = 0; column < m_view->columnCount(); ++column)
-        m_view->setColumnWidth(column, std::min(m_view->columnWidth(column),
-                                                m_view->width() * (column == 0 ? 1 : 2) / 5));
+    m_view->doItemsLayout(); // before which there is nothing to scroll, and the row numbers no room
+    int cells = 0;
+    for (int column = 1; column < m_view->columnCount(); ++column) {
+        const int width = std::min(m_view->columnWidth(column), m_view->width() * 2 / 5);
+        m_view->setColumnWidth(column, width);
+        cells += width;
+    }
+    // What is said of the rows takes the room that the cells leave.
+    const int room = std::max(m_view->width() / 5, m_view->viewport()->width() - cells);
+    m_view->setColumnWidth(0, std::min(m_view->columnWidth(0), room));
     m_view->setCurrentCell(row, 1);
     // Once the rows, and what is said of the current one, have their places.
     QTimer::singleShot(0, m_view, [this] { m_view->scrollToItem(m_view->currentItem()); });
@@ -227,9 +234,8 @@ void PasteTable::showRow(int row)
         item->setFont(font);
         item->setIcon(isState && isFaulty ? style()->standardIcon(QStyle::SP_MessageBoxWarning)
                                           : QIcon());
-        item->setTextAlignment(
-            Qt::AlignVCenter |
-            (column - 1 == m_pasted.columnOf(u"Importo"_s) ? Qt::AlignRight : Qt::AlignLeft));
+        const bool isAmount = !isState && column - 1 == m_pasted.columnOf(u"Importo"_s);
+        item->setTextAlignment(Qt::AlignVCenter | (isAmount ? Qt::AlignRight : Qt::AlignLeft));
         item->setFlags(item->flags().setFlag(Qt::ItemIsEditable, !isState));
     }
 }
