@@ -1,6 +1,7 @@
 #include "archivio/command_line.h"
 
 #include "common/errors.h"
+#include "exchange/command_options.h"
 
 #include <QCommandLineParser>
 #include <QFile>
@@ -22,11 +23,12 @@ struct CommandForm
 const QMap<QString, CommandForm> &commandForms()
 {
     static const QMap<QString, CommandForm> forms{
-        {u"verifica"_s, {u"CARTELLA"_s, {u"codici="_s}}},
+        {u"verifica"_s, {u"CARTELLA"_s, {u"--codici="_s}}},
         {u"imposta"_s, {u"CARTELLA PAGAMENTO CAMPO VALORE"_s, {}, 3}},
         {u"importa"_s,
-         {u"CARTELLA_CSV CARTELLA"_s, {u"nuovo"_s, u"comunque"_s, u"sostituisci="_s}}},
-        {u"esporta"_s, {u"CARTELLA CARTELLA_CSV"_s, {u"sovrascrivi"_s}}}};
+         {u"CARTELLA_CSV CARTELLA"_s,
+          {CommandOption::NewProject, CommandOption::EvenSo, CommandOption::Replace + u'='}}},
+        {u"esporta"_s, {u"CARTELLA CARTELLA_CSV"_s, {CommandOption::Overwrite}}}};
     return forms;
 }
 
@@ -53,10 +55,10 @@ QString request(const QStringList &words)
 void readWords(QStringList words, const CommandForm &form, CommandLine &line)
 {
     QCommandLineParser parser;
-    for (const QString &option : form.options)
-        parser.addOption({option.chopped(option.endsWith(u'=') ? 1 : 0),
-                          {},
-                          option.endsWith(u'=') ? u"VALORE"_s : QString()});
+    for (const QString &option : form.options) {
+        const qsizetype mark = option.endsWith(u'=') ? 1 : 0;
+        parser.addOption({option.sliced(2).chopped(mark), {}, mark == 1 ? u"VALORE"_s : QString()});
+    }
     if (form.options.isEmpty() && !words.contains(u"--"_s))
         words.insert(1, u"--"_s); // a negative amount is no option
     const bool isUnderstood = parser.parse(words);

@@ -1,6 +1,7 @@
 #include "archivio/command_line.h"
 #include "common/errors.h"
 #include "common/text_cut.h"
+#include "exchange/command_options.h"
 #include "exchange/export.h"
 #include "exchange/import_files.h"
 #include "exchange/missing_payment_values.h"
@@ -51,10 +52,10 @@ Outcome setValues(const CommandLine &line)
 
 Outcome importFiles(const CommandLine &line)
 {
-    const ImportOutcome outcome =
-        ImportFiles(line.operands[1], line.operands[0],
-                    {line.options.contains(u"--nuovo"_s), line.options.contains(u"--comunque"_s),
-                     line.options[u"--sostituisci"_s]});
+    const ImportOutcome outcome = ImportFiles(line.operands[1], line.operands[0],
+                                              {line.options.contains(CommandOption::NewProject),
+                                               line.options.contains(CommandOption::EvenSo),
+                                               line.options[CommandOption::Replace]});
     return {outcome.isDone ? Done : Found, outcome.summary, outcome.remarks()};
 }
 
@@ -68,7 +69,7 @@ Outcome run(const CommandLine &line)
         return importFiles(line);
     if (line.command == "esporta"_L1)
         return {Done, ExportProject(line.operands[0], line.operands[1],
-                                    line.options.contains(u"--sovrascrivi"_s))};
+                                    line.options.contains(CommandOption::Overwrite))};
     return {Done, line.command == "--aiuto"_L1 ? UsageText()
                                                : u"saldoro-archivio " SALDORO_VERSION "\n"_s};
 }

@@ -24,6 +24,17 @@ QString RateText(double value)
     return QString::number(value, 'g', 15).toUpper();
 }
 
+bool IsInGroupsOfThree(QStringView text, QChar mark)
+{
+    constexpr qsizetype groupAndMark = 4;
+    const qsizetype first = text.size() % groupAndMark;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if ((text[at] == mark) != (at % groupAndMark == first))
+            return false;
+    }
+    return first > 0;
+}
+
 QString SignedNumberText(qint32 value)
 {
     return (value < 0 ? QString() : u" "_s) + QString::number(value);

@@ -16,6 +16,10 @@ double LeadingNumber(const QString &text);
  *  trailing zeros, e.g. 22, 22.5, 0.5. Below 0.0001 and from 1E+15 on with an exponent: 1E-05. */
 QString RateText(double value);
 
+/** Whether @p mark parts the characters into groups of three, of which the first may have fewer,
+ * and stands nowhere else. That they are digits is not looked at. */
+bool IsInGroupsOfThree(QStringView text, QChar mark);
+
 /** A whole number with its sign, which is a blank for a number that is not negative. */
 QString SignedNumberText(qint32 value);
 

@@ -33,7 +33,7 @@ const std::vector<ExchangedTable> &ExchangedTables()
         {u"Anag"_s, {u"ID nominativo"_s, u"ID"_s}},
         {u"Partecip"_s, {u"AnagRel"_s, u"AnagRel"_s}},
         {u"Manda"_s, {u"AnagPar AnagRel"_s, u"AnagPar AnagRel"_s}},
-        {u"Fatture"_s, {u"AziProf Npag Creditore Del Importo ImportoIVA"_s, u"AziProf Npag"_s}},
+        {u"Fatture"_s, {u"AziProf "_s + NeededPaymentFields().join(u' '), u"AziProf Npag"_s}},
         {u"Spese"_s, {u"RelNpag Cod Importo"_s, u"RelNpag Cod"_s}}};
     static const std::vector<ExchangedTable> tables = [] {
         std::vector<ExchangedTable> result;
@@ -60,6 +60,17 @@ const ExchangedTable *TableNamed(const QString &name)
     return nullptr;
 }
 
+QStringList UnknownFields(const Database &database, const ExchangedTable &table)
+{
+    QStringList names;
+    const auto stored = database.tableDef(table.name());
+    for (const FieldDef &field : stored ? stored->fields() : QList<FieldDef>()) {
+        if (table.place(field.name) < 0)
+            names.append(field.name);
+    }
+    return names;
+}
+
 TableRows StandardCodeRows()
 {
     TableRows rows;
@@ -74,10 +85,8 @@ QString TotalText(const ExchangedTable &table, const TableRows &rows)
     const qsizetype place = table.place(u"Importo"_s);
     try {
         Currency total;
-        for (const TableRow &row : rows) {
-            if (const auto *amount = std::get_if<Currency>(&row[place]))
-                total += *amount;
-        }
+        for (const TableRow &row : rows)
+            total += ValueAs<Currency>(row[place]).value_or(Currency());
         return FormatImporto(total);
     } catch (const OverflowError &) {
         return u"fuori misura"_s;

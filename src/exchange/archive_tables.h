@@ -33,6 +33,9 @@ const std::vector<ExchangedTable> &ExchangedTables();
 /** The one of that name, in any letter case; null for none. */
 const ExchangedTable *TableNamed(const QString &name);
 
+/** The fields that a database has in the table and no file does; none where it lacks the table. */
+QStringList UnknownFields(const Database &database, const ExchangedTable &table);
+
 /** The sum of `Importo` over rows of a table that has it, nulls being 0: "1.234,56", or "fuori
  *  misura". */
 QString TotalText(const ExchangedTable &table, const TableRows &rows);

@@ -12,16 +12,6 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-std::optional<Currency> amountOf(const NewValue &value)
-{
-    const auto *amount = std::get_if<Currency>(&value);
-    return amount == nullptr ? std::nullopt : std::optional(*amount);
-}
-
-} // namespace
-
 QString BudgetChange::text() const
 {
     const auto shown = [](const std::optional<Currency> &amount) {
@@ -53,9 +43,9 @@ QList<BudgetChange> BudgetChanges(const TableRows &before, const TableRows &afte
         BudgetChange change{TextOf(row[codeColumn]), TextOf(row[descriptionColumn])};
         const auto former = old.find(change.code);
         change.isNew = former == old.end();
-        change.after = amountOf(row[amountColumn]);
+        change.after = ValueAs<Currency>(row[amountColumn]);
         if (!change.isNew)
-            change.before = amountOf((*former->second)[amountColumn]);
+            change.before = ValueAs<Currency>((*former->second)[amountColumn]);
         change.isPaid = paid.contains(change.code);
         if (change.isNew || change.before != change.after)
             changes.append(change);
@@ -65,7 +55,8 @@ QList<BudgetChange> BudgetChanges(const TableRows &before, const TableRows &afte
     QList<BudgetChange> dropped;
     for (const auto &[code, row] : old)
         dropped.append({code, TextOf((*row)[descriptionColumn]), false, true,
-                        amountOf((*row)[amountColumn]), std::nullopt, paid.contains(code)});
+                        ValueAs<Currency>((*row)[amountColumn]), std::nullopt,
+                        paid.contains(code)});
     std::stable_partition(dropped.begin(), dropped.end(),
                           [](const BudgetChange &change) { return change.isPaid; });
     return dropped + changes;

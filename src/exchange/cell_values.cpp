@@ -1,5 +1,7 @@
 #include "exchange/cell_values.h"
 
+#include "common/number_text.h"
+
 #include <QRegularExpression>
 #include <QtNumeric>
 
@@ -22,12 +24,10 @@ bool take(QStringView &text, QChar character)
     return true;
 }
 
-/** Digits in groups of three with a mark between them; "0.250" is a fraction in another notation.
- */
-bool isWellGrouped(QStringView whole)
+/** "0.250" is a fraction in another notation. */
+bool isWellGrouped(QStringView whole, QChar mark)
 {
-    static const QRegularExpression groups(u"\\A[1-9][0-9]{0,2}(?:[.,][0-9]{3})*\\z"_s);
-    return groups.match(whole).hasMatch();
+    return !whole.startsWith(u'0') && IsInGroupsOfThree(whole, mark);
 }
 
 } // namespace
@@ -47,7 +47,8 @@ std::optional<Currency> AmountOf(QStringView text, Notation notation)
     const QStringView whole = text.first(mark < 0 ? text.size() : mark);
     const QStringView decimals = mark < 0 ? QStringView(u"0") : text.sliced(mark + 1);
     if (whole.isEmpty() || decimals.isEmpty() || decimals.size() > mostDecimals ||
-        (whole.contains(group) && !isWellGrouped(whole)) || (!isItalian && decimals.size() == 3))
+        (whole.contains(group) && !isWellGrouped(whole, group)) ||
+        (!isItalian && decimals.size() == 3))
         return std::nullopt;
     qint64 scaled = 0;
     bool fits = true;
@@ -83,6 +84,30 @@ std::optional<qint32> WholeOf(QStringView text)
     bool fits = false;
     const qint32 number = text.trimmed().toInt(&fits);
     return fits ? std::optional(number) : std::nullopt;
+}
+
+std::optional<NewValue> ValueOfCell(const QString &cell, FieldType type, Notation notation)
+{
+    if (cell.isNull())
+        return NewValue();
+    if (type == FieldType::Currency)
+        return AmountOf(cell, notation);
+    if (type == FieldType::Integer || type == FieldType::Long)
+        return WholeOf(cell);
+    if (type == FieldType::Date && !cell.isEmpty())
+        return DayOf(cell, notation);
+    return cell;
+}
+
+QString ExpectedValue(FieldType type, Notation notation)
+{
+    const bool isItalian = notation == Notation::Italian;
+    if (type == FieldType::Currency)
+        return isItalian ? u"un importo come 1.234,56"_s
+                         : u"un importo come 1234.56 (e non con tre decimali)"_s;
+    if (type == FieldType::Date)
+        return isItalian ? u"una data gg/mm/aaaa"_s : u"una data aaaa-mm-gg"_s;
+    return u"un numero intero"_s;
 }
 
 QString AmountCell(Currency amount)

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "common/currency.h"
+#include "database/field_value.h"
+#include "exchange/notation.h"
 
 #include <QDate>
 #include <QString>
@@ -8,13 +10,6 @@
 #include <optional>
 
 namespace saldoro {
-
-/** How amounts and days are written. */
-enum class Notation
-{
-    Italian,      ///< 1.234,56 and 31/12/2024
-    International ///< 1,234.56 and 2024-12-31
-};
 
 /**
  * An exact amount; no value for anything that is none. Blanks and one "€" around it do not count,
@@ -30,6 +25,13 @@ std::optional<QDate> DayOf(QStringView text, Notation notation);
 
 /** A whole number of 32 bits in plain digits, a sign may stand in front. */
 std::optional<qint32> WholeOf(QStringView text);
+
+/** The value that a cell gives a field of that type, null for a null text; no value for a text that
+ *  is not written as one of the type. */
+std::optional<NewValue> ValueOfCell(const QString &cell, FieldType type, Notation notation);
+
+/** How a value of that type is written, for messages: "un importo come 1.234,56". Not for texts. */
+QString ExpectedValue(FieldType type, Notation notation);
 
 /** An amount in the Italian notation, with two decimals or four and without groups. */
 QString AmountCell(Currency amount);

@@ -4,14 +4,12 @@
 #include "database/criterion.h"
 #include "database/text_order.h"
 #include "exchange/made_files.h"
-#include "platform/machine_path.h"
 #include "store/archive_paths.h"
 #include "store/code_map.h"
 #include "store/contract_sheet.h"
 #include "store/contractor_and_principals.h"
 #include "store/creditor_search.h"
 #include "store/internal_codes.h"
-#include "verify/verification.h"
 
 #include <algorithm>
 #include <set>
@@ -116,7 +114,7 @@ void addProfessionals(RecordSet &sheet, const TableRows &rows)
         while (FindItem(sheet, item()))
             ++free;
         add(sheet, {{u"Voce"_s, item()},
-                    {u"Funzione"_s, ProfessionalTag},
+                    {u"Funzione"_s, ItemTag::Professional},
                     {u"Descri"_s, u"Professionista"_s},
                     {u"Stringa"_s, row.first()}});
     }
@@ -129,7 +127,7 @@ void setContractor(RecordSet &sheet, RecordSet companies, const QString &contrac
     const qint32 number = companyNumber(companies, contractor);
     if (!FindItem(sheet, item)) {
         add(sheet, {{u"Voce"_s, item},
-                    {u"Funzione"_s, 1},
+                    {u"Funzione"_s, ItemTag::Contractor},
                     {u"Descri"_s, DescrizioneFunzione(values, InternalCode::Contractor)}});
         FindItem(sheet, item);
     }

@@ -5,6 +5,7 @@
 #include "common/text_cut.h"
 #include "exchange/archive_tables.h"
 #include "exchange/cell_values.h"
+#include "exchange/command_options.h"
 #include "exchange/csv_table.h"
 #include "exchange/made_files.h"
 #include "platform/progress.h"
@@ -84,19 +85,6 @@ TableFile fileOf(const ExchangedTable &table, const TableRows &rows)
     return file;
 }
 
-/** The columns of the stored table that its file does not have, as something to tell. */
-QString leftOut(const Database &database, const ExchangedTable &table)
-{
-    QStringList names;
-    if (const auto stored = database.tableDef(table.name())) {
-        for (const FieldDef &field : stored->fields()) {
-            if (table.place(field.name) < 0)
-                names.append(field.name);
-        }
-    }
-    return names.isEmpty() ? QString() : u"; colonne tralasciate: "_s + names.join(u", "_s);
-}
-
 /** The files of all tables, each database as it stands at one moment. */
 QList<TableFile> filesOf(const QString &project)
 {
@@ -108,7 +96,8 @@ QList<TableFile> filesOf(const QString &project)
             if (table.archive != archive)
                 continue;
             files.append(fileOf(table, StoredRows(database, table.definition)));
-            files.last().summary += leftOut(database, table);
+            if (const QStringList leftOut = UnknownFields(database, table); !leftOut.isEmpty())
+                files.last().summary += u"; colonne tralasciate: "_s + leftOut.join(u", "_s);
         }
     }
     return files;
@@ -141,7 +130,8 @@ QString targetPath(const QDir &folder, const QString &name, bool overwrite)
         return folder.filePath(name);
     if (!overwrite)
         throw FileError(folder.filePath(there.first()), u"Il file c'è già."_s,
-                        u"Scegliere un'altra cartella, o sostituire i file con --sovrascrivi."_s);
+                        u"Scegliere un'altra cartella, o sostituire i file con %1."_s.arg(
+                            CommandOption::Overwrite));
     return folder.filePath(there.first());
 }
 
@@ -164,10 +154,11 @@ bool HasExportedFiles(const QString &csvFolder)
 void RefuseMixedFiles(const QString &csvFolder)
 {
     if (QFileInfo::exists(markPath(csvFolder)))
-        throw FileError(markPath(csvFolder),
-                        u"Un'esportazione non è arrivata in fondo: i file CSV di questa cartella "
-                        "possono essere in parte vecchi."_s,
-                        u"Ripetere esporta con --sovrascrivi in questa cartella."_s);
+        throw FileError(
+            markPath(csvFolder),
+            u"Un'esportazione non è arrivata in fondo: i file CSV di questa cartella "
+            "possono essere in parte vecchi."_s,
+            u"Ripetere esporta con %1 in questa cartella."_s.arg(CommandOption::Overwrite));
 }
 
 QString ExportProject(const QString &projectFolder, const QString &csvFolder, bool overwrite)

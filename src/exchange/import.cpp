@@ -1,6 +1,7 @@
 #include "exchange/import.h"
 
 #include "common/errors.h"
+#include "exchange/command_options.h"
 #include "exchange/import_losses.h"
 #include "exchange/made_files.h"
 #include "exchange/project_place.h"
@@ -83,11 +84,12 @@ private:
     {
         const QString codesFolder = QFileInfo(path(ArchiveFile::Codes)).path();
         if (!m_options.createProject && !QFileInfo(codesFolder).isDir())
-            addError(codesFolder + u": la cartella non c'è; con --nuovo viene fatta."_s);
+            addError(u"%1: la cartella non c'è; con %2 viene fatta."_s.arg(
+                codesFolder, CommandOption::NewProject));
         for (const QString &name : m_options.replacedTables) {
             if (!isGiven(name))
-                addError(u"--sostituisci "_s + name +
-                         u": nella cartella non c'è un file di questa tabella."_s);
+                addError(u"%1 %2: nella cartella non c'è un file di questa tabella."_s.arg(
+                    CommandOption::Replace, name));
         }
         for (const ArchiveFile file : ArchiveFileList) {
             if (!Database::hasPlainJournal(path(file)))
@@ -140,7 +142,10 @@ private:
             m_changes.append(ChangeOf(database(given), given, errors));
             for (const QString &error : std::as_const(errors))
                 addError(error);
-            if (m_changes.last().isNeeded && !m_changes.last().stored.isEmpty())
+            if (!m_changes.last().isNeeded)
+                continue;
+            m_changing.insert(given.table->archive);
+            if (!m_changes.last().stored.isEmpty())
                 checkReplacement(given, m_changes.last());
         }
     }
@@ -150,8 +155,8 @@ private:
         const QString &name = given.table->name();
         const QString count = QString::number(change.stored.size());
         if (!m_options.replacedTables.contains(name, Qt::CaseInsensitive))
-            addError(u"%1: la tabella contiene già %2 righe; con --sostituisci %3 vengono "
-                     "sostituite."_s.arg(given.source, count, name));
+            addError(u"%1: la tabella contiene già %2 righe; con %3 %4 vengono "
+                     "sostituite."_s.arg(given.source, count, CommandOption::Replace, name));
         else if (change.rows.isEmpty())
             refuse(u"%1: la tabella, che contiene %2 righe, resterebbe vuota."_s.arg(given.source,
                                                                                      count));
@@ -160,22 +165,13 @@ private:
                 given.source + u": i codici valgono per tutti i progetti, e cambiano per tutti."_s);
     }
 
-    bool isChanging(ArchiveFile file) const
-    {
-        for (qsizetype at = 0; at < m_tables.size(); ++at) {
-            if (m_changes[at].isNeeded && m_tables[at].table->archive == file)
-                return true;
-        }
-        return false;
-    }
-
     /** Copies what was there before and is to change. */
     void backUp()
     {
         for (const ArchiveFile file : ArchiveFileList) {
             if (m_new.contains(file)) {
                 m_done += fileName(file) + u": creato\n"_s;
-            } else if (isChanging(file)) {
+            } else if (m_changing.contains(file)) {
                 m_copies.append(m_databases.at(file).backUpBeside());
                 m_made.add(m_copies.last());
                 m_done +=
@@ -239,6 +235,7 @@ private:
     const ImportOptions &m_options;
     std::map<ArchiveFile, Database> m_databases;
     std::set<ArchiveFile> m_new;
+    std::set<ArchiveFile> m_changing;
     QList<TableChange> m_changes; ///< of each table
     QStringList m_copies;
     QString m_done;               ///< with the databases

@@ -1,6 +1,7 @@
 #include "exchange/import_outcome.h"
 
 #include "common/text_cut.h"
+#include "exchange/command_options.h"
 
 namespace saldoro {
 
@@ -29,7 +30,8 @@ QString ImportOutcome::remarks() const
 {
     return headed(u"Avvertimenti:"_s, warnings) + headed(u"Errori:"_s, LinesOf(errors)) +
            headed(isDone ? u"Darà problemi più tardi:"_s
-                         : u"Darebbe problemi più tardi (con --comunque si importa lo stesso):"_s,
+                         : u"Darebbe problemi più tardi (con %1 si importa lo stesso):"_s.arg(
+                               CommandOption::EvenSo),
                   LinesOf(refusals)) +
            headed(u"C'era già prima:"_s, LinesOf(known)) +
            (isDone ? QString() : u"Niente è stato scritto.\n"_s);

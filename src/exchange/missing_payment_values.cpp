@@ -19,16 +19,12 @@ SaldoroError refusal(const QString &problem)
     return SaldoroError(problem, u"Nessun valore è stato cambiato."_s);
 }
 
-NewValue valueOf(const QString &text, bool isDay)
+NewValue valueOf(const QString &text, FieldType type)
 {
-    if (isDay) {
-        if (const auto day = DayOf(text, Notation::Italian))
-            return *day;
-        throw refusal(u"«"_s + text + u"» non è una data gg/mm/aaaa."_s);
-    }
-    if (const auto amount = AmountOf(text, Notation::Italian))
-        return *amount;
-    throw refusal(u"«"_s + text + u"» non è un importo come 1.234,56."_s);
+    const auto value = text.isEmpty() ? std::nullopt : ValueOfCell(text, type, Notation::Italian);
+    if (!value)
+        throw refusal(u"«%1» non è %2."_s.arg(text, ExpectedValue(type, Notation::Italian)));
+    return *value;
 }
 
 /** Makes the one payment of that number the current record. */
@@ -47,10 +43,12 @@ void findPayment(RecordSet &payments, const QString &word)
 
 void setValue(RecordSet &payments, const QString &field, const QString &text)
 {
-    if (!SettableFields().contains(field, Qt::CaseInsensitive))
-        throw refusal(u"Si possono impostare soltanto Del, Importo e ImportoIVA."_s);
+    if (const QStringList settable = SettablePaymentFields();
+        !settable.contains(field, Qt::CaseInsensitive))
+        throw refusal(u"Si possono impostare soltanto %1, %2 e %3."_s.arg(settable[0], settable[1],
+                                                                          settable[2]));
     const bool isDay = field.compare("Del"_L1, Qt::CaseInsensitive) == 0;
-    const NewValue value = valueOf(text, isDay);
+    const NewValue value = valueOf(text, isDay ? FieldType::Date : FieldType::Currency);
     if (!payments.field(field).isNull())
         throw refusal(u"Il campo ha già un valore, che non viene sostituito."_s);
     payments.edit();

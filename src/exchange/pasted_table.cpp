@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "common/text_cut.h"
+#include "exchange/cell_values.h"
 
 #include <QMap>
 #include <QRegularExpression>

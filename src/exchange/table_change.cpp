@@ -42,17 +42,12 @@ Places placesOf(const ExchangedTable &table, const TableRows &rows)
 /** For each stored row the fields with a value that nobody here knows. */
 QList<QStringList> unknownValues(const Database &database, const ExchangedTable &table)
 {
-    const auto definition = database.tableDef(table.name());
     RecordSet records = database.openRecordSet(u"SELECT * FROM "_s + table.name());
-    QStringList unknown;
-    for (const FieldDef &field : definition ? definition->fields() : QList<FieldDef>()) {
-        if (table.place(field.name) < 0)
-            unknown.append(field.name);
-    }
+    const QStringList unknown = UnknownFields(database, table);
     QList<QStringList> rows;
     for (; !unknown.isEmpty() && !records.eof(); records.moveNext()) {
         rows.append(QStringList());
-        for (const QString &field : std::as_const(unknown)) {
+        for (const QString &field : unknown) {
             if (!records.field(field).isNull())
                 rows.last().append(field);
         }

@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "common/text_cut.h"
+#include "exchange/cell_values.h"
 #include "platform/progress.h"
 
 #include <algorithm>
@@ -12,32 +13,6 @@ namespace saldoro {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/** The value of a cell; no value when it is not written as one of the type. */
-std::optional<NewValue> valueOf(const QString &cell, FieldType type, Notation notation)
-{
-    if (cell.isNull())
-        return NewValue();
-    if (type == FieldType::Currency)
-        return AmountOf(cell, notation);
-    if (type == FieldType::Integer || type == FieldType::Long)
-        return WholeOf(cell);
-    if (type == FieldType::Date && !cell.isEmpty())
-        return DayOf(cell, notation);
-    return cell;
-}
-
-/** What a cell that could not be read should hold. */
-QString expected(FieldType type, Notation notation)
-{
-    const bool isItalian = notation == Notation::Italian;
-    if (type == FieldType::Currency)
-        return isItalian ? u"un importo come 1.234,56"_s
-                         : u"un importo come 1234.56 (e non con tre decimali)"_s;
-    if (type == FieldType::Date)
-        return isItalian ? u"una data gg/mm/aaaa"_s : u"una data aaaa-mm-gg"_s;
-    return u"un numero intero"_s;
-}
 
 /** Why the field of the archive can't hold the value; empty when it can. */
 QString refusal(const FieldDef &field, const NewValue &value)
@@ -131,7 +106,7 @@ private:
             if (places[cell] < 0)
                 continue;
             values[places[cell]] =
-                valueOf(text, typeOf(places[cell]), m_notation).value_or(QDate());
+                ValueOfCell(text, typeOf(places[cell]), m_notation).value_or(QDate());
             if (const QString problem = problemOf(text, places[cell], values[places[cell]]);
                 !problem.isEmpty()) {
                 addFault(row.line, problem, nameOf(places[cell]));
@@ -146,10 +121,10 @@ private:
     QString problemOf(const QString &cell, qsizetype place, const NewValue &value) const
     {
         if (value == NewValue(QDate()))
-            return u"«%1» non è %2, o è fuori misura."_s.arg(LeftCharacters(cell, 40),
-                                                             expected(typeOf(place), m_notation));
+            return u"«%1» non è %2, o è fuori misura."_s.arg(
+                LeftCharacters(cell, 40), ExpectedValue(typeOf(place), m_notation));
         if (m_isUnsure &&
-            valueOf(cell, typeOf(place), Notation::International).value_or(value) != value)
+            ValueOfCell(cell, typeOf(place), Notation::International).value_or(value) != value)
             return u"«%1» può essere mille volte tanto: scriverlo con due decimali."_s.arg(cell);
         return refusal(m_stored[place], value);
     }
@@ -172,27 +147,6 @@ private:
 };
 
 } // namespace
-
-std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColumns &columns,
-                                     const ExchangedTable &table)
-{
-    bool tellsItalian = false;
-    bool tellsOther = false;
-    for (qsizetype row = columns.firstRow; row < rows.size(); ++row) {
-        const QStringList &cells = rows[row].cells;
-        for (qsizetype cell = 0; cell < std::min(cells.size(), columns.places.size()); ++cell) {
-            if (columns.places[cell] < 0)
-                continue;
-            const FieldType type = table.definition.fields()[columns.places[cell]].type;
-            const bool isItalian = valueOf(cells[cell], type, Notation::Italian).has_value();
-            if (isItalian != valueOf(cells[cell], type, Notation::International).has_value())
-                (isItalian ? tellsItalian : tellsOther) = true;
-        }
-    }
-    if (tellsItalian == tellsOther)
-        return std::nullopt;
-    return tellsItalian ? Notation::Italian : Notation::International;
-}
 
 QString GivenTable::rowName(qsizetype row) const
 {

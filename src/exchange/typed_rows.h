@@ -1,7 +1,7 @@
 #pragma once
 
-#include "exchange/cell_values.h"
 #include "exchange/header_row.h"
+#include "exchange/notation.h"
 
 #include <QList>
 #include <QString>
@@ -10,11 +10,6 @@
 #include <optional>
 
 namespace saldoro {
-
-/** The notation that amounts and days are written in throughout: no value where some cells are of
- *  one and some of the other, or none tells. Cells that are no values do not count. */
-std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColumns &columns,
-                                     const ExchangedTable &table);
 
 /** Rows for a table, wherever they come from. */
 struct GivenTable

@@ -86,7 +86,7 @@ void SavePagamento(ProgramValues &values, const PaymentRecord &record, const Tex
                 writeAllocation(allocations, record.number, grid, row);
         }
         values.MandateText = ComposeMandateNote(record.mandato, record.mandatoDell);
-        ScriviVoceStringa(values, VoceMandato(values, record.number), NoTag,
+        ScriviVoceStringa(values, VoceMandato(values, record.number), ItemTag::None,
                           MandateDescription(record.number, record.creditore), values.MandateText);
     });
 }

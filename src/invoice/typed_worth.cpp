@@ -2,6 +2,7 @@
 
 #include "common/amount_text.h"
 #include "common/errors.h"
+#include "common/number_text.h"
 #include "common/text_cut.h"
 
 #include <QRegularExpression>
@@ -23,8 +24,8 @@ QString quoted(const QString &typed)
 /** Whether points stand between groups of three digits, as in an amount that is shown. */
 bool isGrouped(const QString &typed)
 {
-    static const QRegularExpression groups(uR"(\A[+-]?[0-9]{1,3}(\.[0-9]{3})+(,[0-9]*)?\z)"_s);
-    return groups.match(typed.trimmed()).hasMatch();
+    static const QRegularExpression pointed(uR"(\A[+-]?([0-9.]*\.[0-9]+)(?:,[0-9]*)?\z)"_s);
+    return IsInGroupsOfThree(pointed.match(typed.trimmed()).captured(1), u'.');
 }
 
 /** The text in plain form, by the mark that seems to be meant as that of the decimals. */

@@ -73,7 +73,7 @@ Currency writeRun(ProgramValues &values, FrmElab &form, const Run &run)
     SaveDocument(values, form.listBox, run.earlierCode);
     RegisterDocument(values, run.earlierCode);
     RegisterDocument(values, run.lastCode);
-    AggiornaVoceImporto(values, run.totalCode, NoTag, values.TotaleLiquidato);
+    AggiornaVoceImporto(values, run.totalCode, ItemTag::None, values.TotaleLiquidato);
     return values.TotaleLiquidato;
 }
 
@@ -101,7 +101,7 @@ void ScriviProspettoRtf(ProgramValues &values, FrmElab &form)
                  {CreditorKind::Professional, u"ai professionisti"_s,
                   InternalCode::EarlierProfessionalPayments, InternalCode::LastProfessionalPayment,
                   InternalCode::ProfessionalTotal});
-    AggiornaVoceImporto(values, InternalCode::Total, NoTag, companies + professionals);
+    AggiornaVoceImporto(values, InternalCode::Total, ItemTag::None, companies + professionals);
 }
 
 } // namespace saldoro

@@ -30,7 +30,7 @@ void SaveDocument(const ProgramValues &values, const RichTextBox &box, QStringVi
 void RegisterDocument(const ProgramValues &values, QStringView internalCode)
 {
     WithDetail(Detail::Code, internalCode.toString(), [&] {
-        ScriviVoceFile(values, CodiceEsterno(values, internalCode), NoTag,
+        ScriviVoceFile(values, CodiceEsterno(values, internalCode), ItemTag::None,
                        DescrizioneFunzione(values, internalCode), fileName(values, internalCode));
     });
 }

@@ -15,9 +15,14 @@ namespace saldoro {
  * is read. An apostrophe in an item or pattern throws SyntaxError.
  */
 
-/** The tag of the items that this program writes. The suite's readers go by the item's code and
- *  give the tag of these no meaning. */
-inline constexpr qint16 NoTag = 0;
+/** Tags of the items, in `Funzione`. */
+namespace ItemTag {
+/** Of what this program writes. The suite's readers go by the item's code and give the tag of these
+ *  no meaning. */
+inline constexpr qint16 None = 0;
+inline constexpr qint16 Contractor = 1;
+inline constexpr qint16 Professional = 17;
+} // namespace ItemTag
 
 /** The contract sheet in the order of its items, updatable. */
 RecordSet OpenContractSheet(const ProgramValues &values);

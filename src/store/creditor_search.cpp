@@ -3,6 +3,7 @@
 #include "database/criterion.h"
 #include "database/database.h"
 #include "store/archive_paths.h"
+#include "store/contract_sheet.h"
 
 namespace saldoro {
 
@@ -12,7 +13,7 @@ QStringList ProfessionalCreditors(const ProgramValues &values)
 {
     RecordSet items = Database::open(ContractPath(values))
                           .openRecordSet(u"SELECT * FROM SchedaProgetto WHERE FUNZIONE = "_s +
-                                         QString::number(ProfessionalTag));
+                                         QString::number(ItemTag::Professional));
     QStringList names;
     for (; !items.eof(); items.moveNext()) {
         const QString name = items.field(u"Stringa"_s).textOrEmpty().trimmed();

@@ -6,11 +6,9 @@
 
 namespace saldoro {
 
-/** Marks the items of the contract sheet that are professionals. */
-inline constexpr qint32 ProfessionalTag = 17;
-
-/** Creditors offered for a professional's payment: the contract sheet's items with that tag that
- *  hold a text, without blanks around it. */
+/** Creditors offered for a professional's payment: the texts, without blanks around them, of the
+ *  contract sheet's items that have the professionals' tag, in stored order; empty ones are left
+ *  out. */
 QStringList ProfessionalCreditors(const ProgramValues &values);
 
 /** Companies of the procedure whose name starts with @p prefix (which may hold wildcards), by

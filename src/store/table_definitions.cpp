@@ -100,9 +100,14 @@ QList<TableDef> TablesOf(ArchiveFile file)
     return {fattureTable(), speseTable()};
 }
 
-QStringList SettableFields()
+QStringList SettablePaymentFields()
 {
     return {u"Del"_s, u"Importo"_s, u"ImportoIVA"_s};
+}
+
+QStringList NeededPaymentFields()
+{
+    return QStringList{u"Npag"_s, u"Creditore"_s} + SettablePaymentFields();
 }
 
 } // namespace saldoro

@@ -12,9 +12,10 @@ namespace saldoro {
  *  the database its tables may hold more fields, in another order. */
 QList<TableDef> TablesOf(ArchiveFile file);
 
-/** Fields of a payment without which the main screen does not open, and that can be set where they
- *  hold no value. */
-QStringList SettableFields();
+/** Fields of a payment without which the main screen does not open. */
+QStringList NeededPaymentFields();
+/** Those of them that can be set where they hold no value: the others tell which payment it is. */
+QStringList SettablePaymentFields();
 
 /** Most characters of the ledger's text columns, for entry fields and writers. */
 namespace LedgerSize {

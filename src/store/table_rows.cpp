@@ -60,8 +60,7 @@ TableRows StoredRows(const Database &database, const TableDef &table, Reading re
 
 QString TextOf(const NewValue &value)
 {
-    const auto *text = std::get_if<QString>(&value);
-    return text == nullptr ? QString() : *text;
+    return ValueAs<QString>(value).value_or(QString());
 }
 
 } // namespace saldoro

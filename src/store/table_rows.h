@@ -5,6 +5,9 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+#include <variant>
+
 namespace saldoro {
 
 /** A row of a table: a value for each field of its definition, null where there is none. */
@@ -22,6 +25,14 @@ enum class Reading
  *  also for a field that the database lacks. */
 TableRows StoredRows(const Database &database, const TableDef &table,
                      Reading reading = Reading::Exact);
+
+/** What a value is of that type; none for a null and for a value of another type. */
+template <typename Value>
+std::optional<Value> ValueAs(const NewValue &value)
+{
+    const auto *own = std::get_if<Value>(&value);
+    return own == nullptr ? std::nullopt : std::optional(*own);
+}
 
 /** The text of a value; empty for any other. */
 QString TextOf(const NewValue &value);

@@ -38,7 +38,7 @@ struct NeededFields
 const QList<NeededFields> &neededFields()
 {
     static const QList<NeededFields> needs{
-        {u"Npag Creditore Del Importo ImportoIVA"_s.split(u' '), false,
+        {NeededPaymentFields(), false,
          u"la schermata principale si ferma a questa riga e non si apre."_s},
         {{u"AziProf"_s},
          false,
@@ -54,7 +54,7 @@ QString remedyOfNull(const CheckedRow &payment, const QString &field)
 {
     if (!payment.number || field == "Creditore"_L1 || field == "AziProf"_L1)
         return InTheArchive.toString();
-    if (SettableFields().contains(field))
+    if (SettablePaymentFields().contains(field))
         return u"impostarlo con saldoro-archivio imposta CARTELLA %1 %2 %3"_s.arg(
             QString::number(*payment.number), field,
             field == "Del"_L1 ? u"gg/mm/aaaa"_s : u"1.234,56"_s);

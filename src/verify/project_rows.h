@@ -22,8 +22,7 @@ struct ProjectTable
     template <typename Value>
     std::optional<Value> value(qsizetype row, const QString &field) const
     {
-        const auto *value = std::get_if<Value>(&rows[row][definition.place(field)]);
-        return value == nullptr ? std::nullopt : std::optional(*value);
+        return ValueAs<Value>(rows[row][definition.place(field)]);
     }
     bool isNull(qsizetype row, const QString &field) const
     {

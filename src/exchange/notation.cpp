@@ -1,0 +1,31 @@
+#include "exchange/notation.h"
+
+#include "exchange/cell_values.h"
+#include "exchange/header_row.h"
+
+#include <algorithm>
+
+namespace saldoro {
+
+std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColumns &columns,
+                                     const ExchangedTable &table)
+{
+    bool tellsItalian = false;
+    bool tellsOther = false;
+    for (qsizetype row = columns.firstRow; row < rows.size(); ++row) {
+        const QStringList &cells = rows[row].cells;
+        for (qsizetype cell = 0; cell < std::min(cells.size(), columns.places.size()); ++cell) {
+            if (columns.places[cell] < 0)
+                continue;
+            const FieldType type = table.definition.fields()[columns.places[cell]].type;
+            const bool isItalian = ValueOfCell(cells[cell], type, Notation::Italian).has_value();
+            if (isItalian != ValueOfCell(cells[cell], type, Notation::International).has_value())
+                (isItalian ? tellsItalian : tellsOther) = true;
+        }
+    }
+    if (tellsItalian == tellsOther)
+        return std::nullopt;
+    return tellsItalian ? Notation::Italian : Notation::International;
+}
+
+} // namespace saldoro
