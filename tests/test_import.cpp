@@ -27,7 +27,8 @@ void TestImport::comesIn()
     const QByteArray names = "Voce;Descri;Importo\n";
     const std::pair<QByteArray, const char *> cases[] = {
         {"Voce;Descri;Importo\r\nA1;Scavi;1.000,50\r\n", "A1|Scavi|10005000"},
-        {"voce,DESCRI,Importo\nA1,\"Scavi; ponti\",1000.5\n", "A1|Scavi; ponti|10005000"},
+        {"\xE2\x80\x8Evoce,DESCRI,Importo\nA1,\"Scavi; ponti\",1000.5\n",
+         "A1|Scavi; ponti|10005000"},
         {"\"Voce,\";Voce;Descri;Importo\nx;A1;Scavi;1,5\n", "A1|Scavi|15000"},
         {"\xEF\xBB\xBFVoce;Descri;Importo\nA1;Città;1", "A1|Città|10000"},
         {names + "A1;Citt\xE0 \x80;1\n", "A1|Città €|10000"},
@@ -71,6 +72,8 @@ void TestImport::refuses()
          "nell'intestazione.|riga "
          "8: le celle sono 4|riga 9, campo Descri: il testo ha 256 caratteri e il campo ne tiene "
          "255."},
+        {"UltimaPerVariante", budget + "A1;x;1,234\nA2;x;0,500\n",
+         "«1,234» può essere mille volte"},
         {"Manda", "AnagPar;AnagRel;\n1;2;3\n", "riga 2: la cella 3 sta in una colonna"},
         {"UltimaPerVariante", budget + "A1;a \"b\";1\n", "riga 2: ci sono virgolette dentro"},
         {"UltimaPerVariante", budget + "A1;\"a\" b;1\n", "riga 2: dopo le virgolette chiuse"},

@@ -131,6 +131,22 @@ void TestVerify::finds()
     add("C", "DROP TABLE UltimaPerVariante; ALTER TABLE SchedaProgetto DROP COLUMN NomeFile",
         "Appalto.mdb, tabella SchedaProgetto, campo NomeFile: Nella tabella manca un\n"
         "Appalto.mdb, tabella UltimaPerVariante: Nell'archivio manca una tabella.");
+    // Rules of the file that the next record breaks, and some that none does.
+    add("L",
+        "CREATE UNIQUE INDEX i ON Fatture (Npag); CREATE UNIQUE INDEX j ON Spese (RelNpag, Cod); "
+        "ALTER TABLE Spese ADD COLUMN x NOT NULL DEFAULT 1 CHECK (Importo > 0)",
+        "");
+    add("L", "CREATE UNIQUE INDEX i ON Fatture (Creditore)",
+        "Saldoro.mdb, tabella Fatture: il prossimo salvataggio si fermerà qui: Una regola propria");
+    add("L", "CREATE UNIQUE INDEX i ON Spese (RelNpag) WHERE RelNpag > 2",
+        "Saldoro.mdb, tabella Spese: il prossimo salvataggio si fermerà qui: Una regola propria");
+    add("L",
+        "DROP TABLE Spese; CREATE TABLE Spese (RelNpag LONG, Cod TEXT(10), Descrizione TEXT(50), "
+        "Importo CURRENCY, Anno LONG NOT NULL); INSERT INTO Spese VALUES (1, 'A1', '', 1220000, 1),"
+        " (2, 'A1', '', 615000, 1)",
+        "Saldoro.mdb, tabella Spese, campo Anno: il prossimo salvataggio si fermerà qui: Manca un");
+    add("C", "ALTER TABLE SchedaProgetto ADD COLUMN x CHECK (NomeFile IS NULL)",
+        "Appalto.mdb, tabella SchedaProgetto: il prossimo salvataggio si fermerà qui: Una regola");
     add("C", "UPDATE SchedaProgetto SET Link = NULL", "Appaltatore (voce D0101): manca il coll");
     add("C", "UPDATE SchedaProgetto SET Link = 0", "Appaltatore (voce D0101): non è collegato");
     add("C", "DELETE FROM SchedaProgetto", "");

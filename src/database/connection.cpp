@@ -57,12 +57,13 @@ Connection::Connection(const QString &path, FileAccess access, int lockWait)
     , m_schema(u"main"_s)
     , m_engine(std::make_shared<Engine>())
 {
+    const bool isInMemory = access == FileAccess::InMemory;
     if (access != FileAccess::Create)
         refuseWhatIsNoDatabase(m_path);
     m_engine->paths.append(m_path);
     const int mode = access == FileAccess::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
-    int code = sqlite3_open_v2(m_path.toUtf8().constData(), &m_engine->handle,
-                               mode | SQLITE_OPEN_NOMUTEX, nullptr);
+    int code = sqlite3_open_v2(isInMemory ? ":memory:" : m_path.toUtf8().constData(),
+                               &m_engine->handle, mode | SQLITE_OPEN_NOMUTEX, nullptr);
     if (code != SQLITE_OK)
         fail(code, {});
     sqlite3_busy_timeout(handle(), lockWait);

@@ -19,7 +19,8 @@ enum class FileAccess
 {
     Create, ///< as ReadWrite; the file is empty and becomes a database without tables
     ReadWrite,
-    ReadOnly
+    ReadOnly,
+    InMemory ///< an empty database that takes the file's name in errors only
 };
 
 /**

@@ -199,6 +199,13 @@ void Database::copyTo(const QString &copyPath) const
     }
 }
 
+Database Database::copyInMemory() const
+{
+    const auto copy = std::make_shared<Connection>(path(), FileAccess::InMemory);
+    m_file->copyTo(*copy);
+    return Database(copy);
+}
+
 QString Database::damage() const
 {
     Statement check(m_file, u"PRAGMA %1.quick_check(1)"_s.arg(m_file->schema()));

@@ -87,6 +87,9 @@ public:
     /** The same with a name of the caller's, a path of the machine where no file is yet. */
     void copyTo(const QString &copyPath) const;
 
+    /** A copy in memory, to try changes on. Its errors name the file. */
+    Database copyInMemory() const;
+
     /** What a copy that is made now is called: "Saldoro copia 2026-03-31 10.15.00" of "Saldoro". */
     static QString copyName(const QString &original);
 

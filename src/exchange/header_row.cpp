@@ -1,5 +1,7 @@
 #include "exchange/header_row.h"
 
+#include "common/text_cut.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -19,7 +21,7 @@ CellColumns columnsOf(const CellRow &row, qsizetype firstRow, const ExchangedTab
     columns.firstRow = firstRow;
     QStringList names;
     for (const QString &cell : row.cells) {
-        names.append(cell.simplified());
+        names.append(cell.simplified().removeIf(IsUnseen));
         columns.places.append(names.last().isEmpty() ? CellColumns::Nameless
                                                      : table.place(names.last()));
         if (columns.places.last() >= 0 && columns.places.count(columns.places.last()) > 1) {

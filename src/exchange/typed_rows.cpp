@@ -29,6 +29,14 @@ QString refusal(const FieldDef &field, const NewValue &value)
     return u"il valore non sta nel campo che l'archivio ha."_s;
 }
 
+/** Whether the digits behind the first comma may be a group of three. */
+bool hasThreeDecimals(QStringView cell)
+{
+    const qsizetype mark = cell.indexOf(u',');
+    const auto isDigit = [cell](qsizetype at) { return at < cell.size() && cell[at].isDigit(); };
+    return mark >= 0 && isDigit(mark + 3) && !isDigit(mark + 4);
+}
+
 bool isBlank(const CellRow &row)
 {
     return std::all_of(row.cells.begin(), row.cells.end(), std::mem_fn(&QString::isNull));
@@ -43,7 +51,6 @@ public:
         : m_columns(columns)
         , m_table(table)
         , m_notation(notation.value_or(Notation::Italian))
-        , m_isUnsure(!notation)
         , m_faults(faults)
         , m_result{&table, {}}
     {
@@ -123,7 +130,7 @@ private:
         if (value == NewValue(QDate()))
             return u"«%1» non è %2, o è fuori misura."_s.arg(
                 LeftCharacters(cell, 40), ExpectedValue(typeOf(place), m_notation));
-        if (m_isUnsure &&
+        if (m_notation == Notation::Italian && hasThreeDecimals(cell) &&
             ValueOfCell(cell, typeOf(place), Notation::International).value_or(value) != value)
             return u"«%1» può essere mille volte tanto: scriverlo con due decimali."_s.arg(cell);
         return refusal(m_stored[place], value);
@@ -139,7 +146,6 @@ private:
     const CellColumns &m_columns;
     const ExchangedTable &m_table;
     Notation m_notation;
-    bool m_isUnsure;
     QList<FieldDef> m_stored; ///< the fields as the archive has them
     bool m_isLastWhole = false;
     QList<CellFault> &m_faults;

@@ -7,6 +7,7 @@
 #include "verify/allocation_checks.h"
 #include "verify/contract_checks.h"
 #include "verify/payment_checks.h"
+#include "verify/write_trial.h"
 
 #include <QFileInfo>
 
@@ -92,6 +93,19 @@ void Verification::read(const Database &database, ArchiveFile file)
     }
 }
 
+void Verification::tryWriting(const Database &database, ArchiveFile file)
+{
+    try {
+        TryWriting(database.copyInMemory(), file);
+    } catch (const DatabaseError &error) {
+        Finding finding = fileFault(database.path(), error);
+        finding.problem.prepend(u"il prossimo salvataggio si fermerà qui: "_s);
+        finding.remedy = u"chiedere a chi ha preparato l'archivio di togliere la regola che lo "
+                         "vieta, o di rifare il file."_s;
+        m_ofFiles.append(finding);
+    }
+}
+
 Findings Verification::findings() const
 {
     Findings findings = m_ofFiles;
@@ -115,7 +129,10 @@ Findings VerifyProject(const QString &folder, const QString &codes)
                 return verification.addOfFile(path, Database::noPlainJournalProblem());
             const Database database = Database::openReadOnly(path);
             const Transaction together(database, TransactionKind::Reading);
+            const qsizetype known = verification.m_ofFiles.size();
             verification.read(database, file);
+            if (verification.m_ofFiles.size() == known)
+                verification.tryWriting(database, file);
         });
     }
     return verification.findings();

@@ -26,6 +26,7 @@ private:
     friend Findings VerifyProject(const QString &folder, const QString &codes);
     template <typename Action>
     void guarded(const QString &path, const Action &action);
+    void tryWriting(const Database &database, ArchiveFile file);
     void addOfFile(const QString &path, const QString &problem);
 
     ProjectTables m_tables;
