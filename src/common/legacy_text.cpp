@@ -1,7 +1,5 @@
 #include "common/legacy_text.h"
 
-#include <QStringDecoder>
-
 #include <algorithm>
 #include <array>
 
@@ -20,10 +18,9 @@ constexpr size_t firstUpper = 0x80;
 
 QString TextOfUtf8(QByteArrayView bytes)
 {
-    using Converter = QStringConverter;
-    return QStringDecoder(Converter::Utf8,
-                          Converter::Flag::Stateless | Converter::Flag::ConvertInitialBom)
-        .decode(bytes);
+    if (bytes.startsWith(Utf8Mark)) // which the toolkit would drop
+        return QChar(QChar::ByteOrderMark) + TextOfUtf8(bytes.sliced(Utf8Mark.size()));
+    return QString::fromUtf8(bytes);
 }
 
 QString TextOfStoredBytes(QByteArrayView bytes)

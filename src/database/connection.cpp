@@ -76,10 +76,14 @@ Connection::Connection(const QString &path, FileAccess access, int lockWait)
     if (code != SQLITE_OK)
         fail(code, {});
     execute(u"PRAGMA trusted_schema = OFF"_s); // views and triggers may come from anywhere
-    // A new file gets its header by the first change, whatever it is. What is written into it next
-    // puts the header on the disk, too.
+    // Large changes stay in memory until they are complete: the file is read undisturbed meanwhile,
+    // and its journal flushed once.
+    execute(u"PRAGMA cache_spill = OFF"_s);
+    // There is nothing in a new file that a journal could bring back. The file gets its header by
+    // the first change, whatever it is; what is written next puts that on the disk, too.
     if (access == FileAccess::Create)
-        execute(u"PRAGMA synchronous = OFF; PRAGMA user_version = 1"_s);
+        execute(
+            u"PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF; PRAGMA user_version = 1"_s);
     execute(u"PRAGMA synchronous = EXTRA"_s); // also flushes the folder's entry
     // Opening reads nothing: only the list of tables shows whether this is a database.
     execute(u"SELECT count(*) FROM sqlite_master"_s);
@@ -225,7 +229,7 @@ void Statement::bind(int position, const StoredValue &value)
         code = sqlite3_bind_double(m_statement.get(), position, *real);
     else if (const auto *text = std::get_if<QByteArrayView>(&value))
         code = sqlite3_bind_text64(m_statement.get(), position, text->data(),
-                                   static_cast<sqlite3_uint64>(text->size()), SQLITE_TRANSIENT,
+                                   static_cast<sqlite3_uint64>(text->size()), SQLITE_STATIC,
                                    SQLITE_UTF8);
     else
         code = sqlite3_bind_null(m_statement.get(), position);

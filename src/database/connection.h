@@ -92,7 +92,8 @@ public:
     /** The columns of the result from position @p first on, as their declarations tell. */
     QList<FieldDef> fields(int first) const;
 
-    /** Sets the parameter at @p position, counted from 1. */
+    /** Sets the parameter at @p position, counted from 1. A text is not copied: it has to live
+     * until the statement has run. */
     void bind(int position, const StoredValue &value);
 
     /** Runs to the next row; false at the end. A change outside a transaction is on the disk then.

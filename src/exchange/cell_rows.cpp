@@ -6,6 +6,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/** How many lines end in @p text: LF, CR LF and CR. */
+int lineEnds(QStringView text)
+{
+    int ends = 0;
+    char16_t before = 0;
+    for (const QChar character : text) {
+        const char16_t unit = character.unicode();
+        ends += unit == u'\r' || (unit == u'\n' && before != u'\r') ? 1 : 0;
+        before = unit;
+    }
+    return ends;
+}
+
 /** Reads one text; throws CellFault. */
 class Reader
 {
@@ -67,7 +80,7 @@ private:
     QString quotedCell()
     {
         const Reader before = *this;
-        QString cell = u""_s;
+        QString cell;
         bool isClosed = true;
         while (take(u'"')) {
             const qsizetype end = m_text.indexOf(u'"', m_at);
@@ -77,8 +90,11 @@ private:
             if (!isClosed)
                 break;
             const QStringView part = m_text.sliced(m_at, end - m_at);
-            cell += part;
-            m_line += static_cast<int>(part.count(u'\n') + part.count(u'\r') - part.count(u"\r\n"));
+            if (cell.isNull())
+                cell = part.toString(); // most cells are one part
+            else
+                cell += part;
+            m_line += lineEnds(part);
             m_at = end + 1;
             if (isAt(u'"')) // it seemed to end the cell, and is the first of two
                 cell += u'"';

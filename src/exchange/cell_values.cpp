@@ -63,7 +63,7 @@ std::optional<Currency> AmountOf(QStringView text, Notation notation)
             append(character);
     }
     std::ranges::for_each(decimals, append);
-    std::ranges::for_each(u"0000"_s.first(mostDecimals - decimals.size()), append);
+    std::ranges::for_each(QStringView(u"0000").first(mostDecimals - decimals.size()), append);
     return fits ? std::optional(Currency::fromScaled(scaled)) : std::nullopt;
 }
 

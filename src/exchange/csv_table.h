@@ -2,15 +2,11 @@
 
 #include "exchange/typed_rows.h"
 
-#include <QByteArrayView>
 #include <QList>
 #include <QString>
 #include <QStringList>
 
 namespace saldoro {
-
-/** What a file in UTF-8 may begin with, and those written here do. */
-inline constexpr QByteArrayView Utf8Mark("\xEF\xBB\xBF");
 
 /** What there is to say about a file, a line each. */
 struct CsvRemarks

@@ -2,11 +2,11 @@
 
 #include "common/date_text.h"
 #include "common/errors.h"
+#include "common/legacy_text.h"
 #include "common/text_cut.h"
 #include "exchange/archive_tables.h"
 #include "exchange/cell_values.h"
 #include "exchange/command_options.h"
-#include "exchange/csv_table.h"
 #include "exchange/made_files.h"
 #include "platform/progress.h"
 #include "platform/whole_file.h"
