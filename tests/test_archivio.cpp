@@ -140,7 +140,18 @@ void TestArchivio::tellsWhatHindersTheCheck()
     QVERIFY(QDir(folder).mkdir(u"Saldoro.mdb-wal"_s));
     const QString blocked = run({u"verifica"_s, folder});
     QVERIFY(blocked.startsWith(u"2 "_s) && blocked.contains(u"Controllare i permessi del file"_s));
+    QVERIFY(QDir(folder).rmdir(u"Saldoro.mdb-wal"_s));
 #endif
+    // A log that was left when a copy was put in the place of its database.
+    WriteFile(folder + u"/Saldoro.mdb-wal"_s, "x");
+    const auto mixed = ContentsOf(folder);
+    for (const QString &command : {u"verifica"_s, u"esporta"_s}) {
+        const QStringList operands{command, folder, folder + u"/csv"_s};
+        const QString said = run(operands.first(command == u"verifica"_s ? 2 : 3));
+        QVERIFY2(said.startsWith(u"2 "_s) && said.contains(u"non è dell'archivio"_s),
+                 qPrintable(said));
+    }
+    QCOMPARE(ContentsOf(folder), mixed);
 }
 
 QTEST_GUILESS_MAIN(TestArchivio)

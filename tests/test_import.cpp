@@ -122,6 +122,13 @@ void TestImport::replaces()
 {
     const Office office;
     office.putBudget("A1;Scavi;1\n");
+#ifndef Q_OS_WIN
+    // A name that is found taken only at the end: the new code map does not stay either.
+    QVERIFY(QDir().mkpath(QFileInfo(office.project()).path()) &&
+            QFile::link(u"nowhere"_s, office.project()));
+    QVERIFY(office.import().contains(u"Il file c'è già."_s) && office.archive().isEmpty());
+    QVERIFY(QFile::remove(office.project()));
+#endif
     // The journal of a missing database is neither played into the new one nor deleted.
     const QString journal = office.project() + u"/Appalto.mdb-journal"_s;
     WriteFile(journal, "x");

@@ -137,7 +137,9 @@ void TestVerify::finds()
         "ALTER TABLE Spese ADD COLUMN x NOT NULL DEFAULT 1 CHECK (Importo > 0)",
         "");
     add("L", "CREATE UNIQUE INDEX i ON Fatture (Creditore)",
-        "Saldoro.mdb, tabella Fatture: il prossimo salvataggio si fermerà qui: Una regola propria");
+        "Saldoro.mdb, tabella Fatture: il prossimo salvataggio si fermerà qui: Una regola propria "
+        "della tabella (trigger, controllo o indice) non ha lasciato scrivere il record. (UNIQUE "
+        "constraint failed: Fatture.Creditore)");
     add("L", "CREATE UNIQUE INDEX i ON Spese (RelNpag) WHERE RelNpag > 2",
         "Saldoro.mdb, tabella Spese: il prossimo salvataggio si fermerà qui: Una regola propria");
     add("L",

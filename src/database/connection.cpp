@@ -32,6 +32,17 @@ void refuseWhatIsNoDatabase(const QString &path)
         throw DatabaseError(*fault, path);
 }
 
+/** The engine would play a log into a database that it does not belong to, such as a copy that was
+ *  put back in the place of its own. */
+void refuseLogOfOther(const QString &path)
+{
+    const QFileInfo log(path + u"-wal"_s);
+    if (log.isFile() && log.size() > 0 && Database::hasPlainJournal(path))
+        throw FileError(log.filePath(),
+                        u"Il file non è dell'archivio a cui sta accanto, e lo cambierebbe."_s,
+                        u"Spostarlo altrove e riprovare."_s);
+}
+
 } // namespace
 
 /** The engine's connection, and what all its files share. */
@@ -60,6 +71,7 @@ Connection::Connection(const QString &path, FileAccess access, int lockWait)
     const bool isInMemory = access == FileAccess::InMemory;
     if (access != FileAccess::Create)
         refuseWhatIsNoDatabase(m_path);
+    refuseLogOfOther(m_path);
     m_engine->paths.append(m_path);
     const int mode = access == FileAccess::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     int code = sqlite3_open_v2(isInMemory ? ":memory:" : m_path.toUtf8().constData(),
@@ -95,6 +107,7 @@ Connection::Connection(const Connection &first, const QString &path)
     , m_engine(first.m_engine)
 {
     refuseWhatIsNoDatabase(m_path);
+    refuseLogOfOther(m_path);
     startClock();
     execute(u"ATTACH '%1' AS "_s.arg(RaddoppiaApici(m_path)) + m_schema);
     m_engine->paths.append(m_path);

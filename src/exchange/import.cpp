@@ -254,12 +254,16 @@ ImportOutcome newProject(const QString &folder, const QList<GivenTable> &tables,
                            u"Attendere che abbia finito, e riprovare."_s);
     const QString aside = folder + UnfinishedEnd.toString();
     QDir(aside).removeRecursively();
+    const QString codes = ArchiveFilePath(ArchiveFile::Codes, folder);
+    const bool hadCodes = QFileInfo::exists(codes);
     ImportOutcome outcome = ProjectImport(aside, tables, options).run();
     try {
         if (outcome.isDone)
             PutInPlace(aside, folder);
     } catch (...) {
         QDir(aside).removeRecursively();
+        if (!hadCodes)
+            QFile::remove(codes);
         throw;
     }
     return outcome;

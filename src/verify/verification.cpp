@@ -39,7 +39,10 @@ Finding fileFault(const QString &path, const DatabaseError &error)
         if (!name.isEmpty())
             place += u", "_s + LabelOf(detail).toLower() + u' ' + name;
     }
-    return {FindingGroup::Files, place, error.problem(), error.remedy()};
+    const QString particulars = error.detail(Detail::Particulars);
+    return {FindingGroup::Files, place,
+            error.problem() + (particulars.isEmpty() ? QString() : u" ("_s + particulars + u')'),
+            error.remedy()};
 }
 
 /** Whether the program writes into a table, for which it must not be a stored query. */
