@@ -2,6 +2,7 @@
 #include "app/form_flow.h"
 #include "app/start_up.h"
 #include "bare_reads.h"
+#include "overview/frm_principale.h"
 
 #include <QEvent>
 #include <QTimer>
@@ -42,7 +43,7 @@ int startProgram(int argc, char **argv, const QString &project)
     return application.run([&] {
         const bool goesOn = startUp.run(LaunchToken.toString() + project);
         if (goesOn)
-            forms.showMainForm();
+            forms.mainForm()->reopen();
         return goesOn;
     });
 }

@@ -134,8 +134,8 @@ TestArchive FilledProject()
 
 QList<Work> AllWorks()
 {
-    const QString ledger = ArchiveFiles::Ledger.toString();
-    const QString contract = ArchiveFiles::Contract.toString();
+    const QString ledger = ArchiveFileName::Ledger.toString();
+    const QString contract = ArchiveFileName::Contract.toString();
     return {
         {u"creation"_s,
          [](ProgramValues &values) { CreateLedgerDatabase(ProjectFolder(values)); },

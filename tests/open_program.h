@@ -21,7 +21,7 @@ public:
         PlantPayments(archive, "('A',3,'Cave Unite','2021-05-20',250000,55000,NULL)");
         archive.execute(ContractPath(values),
                         u"INSERT INTO SchedaProgetto (Voce) VALUES ('M0097_2'),('M0097_22')"_s);
-        forms.showMainForm();
+        forms.mainForm()->reopen();
         if (!QTest::qWaitForWindowActive(&main))
             qFatal("the main form did not become active");
     }

@@ -1,4 +1,4 @@
-#include "common/text_cut.h"
+#include "common/characters.h"
 #include "exchange/archive_tables.h"
 #include "exchange/cell_values.h"
 #include "exchange/export.h"

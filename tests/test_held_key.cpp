@@ -1,5 +1,5 @@
-#include "controls/buttons.h"
 #include "controls/enter_and_held_keys.h"
+#include "controls/prompt_button.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -9,6 +9,7 @@
 
 #include <QFileDialog>
 #include <QProgressDialog>
+#include <QPushButton>
 #include <QTableWidget>
 #include <QTimer>
 

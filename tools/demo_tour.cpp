@@ -6,9 +6,9 @@
 #include "app/application.h"
 #include "app/form_flow.h"
 #include "app/start_up.h"
+#include "common/characters.h"
 #include "common/ending.h"
 #include "common/errors.h"
-#include "common/text_cut.h"
 #include "controls/flex_grid.h"
 #include "controls/message_box.h"
 #include "invoice/frm_nuova_fattura.h"
@@ -273,7 +273,7 @@ int main(int argc, char *argv[])
     // The tour is over when it returns: there is no loop to be entered.
     return application.run([&] {
         if (startUp.run(LaunchToken.toString() + QString::fromLocal8Bit(argv[1]))) {
-            forms.showMainForm();
+            forms.mainForm()->reopen();
             DemoTour(values, forms, pictures).run();
         }
         return false;

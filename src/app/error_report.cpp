@@ -58,7 +58,7 @@ QString checkCommand(const QString &path)
             QDir::toNativeSeparators(QCoreApplication::applicationDirPath() + u'/' + program) +
             u'"';
     const bool isElsewhere =
-        path.isEmpty() || path.endsWith(ArchiveFiles::Codes, Qt::CaseInsensitive);
+        path.isEmpty() || path.endsWith(ArchiveFileName::Codes, Qt::CaseInsensitive);
     return program + u" verifica "_s +
            (isElsewhere ? u"CARTELLA"_s : u'"' + QFileInfo(path).path() + u'"');
 }

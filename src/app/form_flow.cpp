@@ -34,11 +34,6 @@ InvoiceForm *FormFlow::invoiceForm(CreditorKind kind)
     return m_invoices[kind].get();
 }
 
-void FormFlow::showMainForm()
-{
-    m_main->reopen();
-}
-
 void FormFlow::offerManual(QWidget &form, QStringView heading)
 {
     auto *help = new QShortcut(QKeySequence::HelpContents, &form);

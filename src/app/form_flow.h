@@ -25,12 +25,9 @@ class FormFlow : public QObject
     Q_OBJECT
 
 public:
-    /** Makes the main form and shows nothing yet. @p values must outlive the object. */
+    /** Makes the main form, which its reopen() shows. @p values must outlive the object. */
     explicit FormFlow(ProgramValues &values);
     ~FormFlow() override;
-
-    /** Loads and shows the main form. Errors of its load pass through. */
-    void showMainForm();
 
     /** The forms; null for one that is not open. The main form is always there. */
     FrmPrincipale *mainForm() const { return m_main.get(); }

@@ -5,6 +5,7 @@
 #include "app/update_handshake.h"
 #include "common/program_values.h"
 #include "controls/window_placement.h"
+#include "overview/frm_principale.h"
 #include "platform/console.h"
 #include "platform/process.h"
 
@@ -41,8 +42,6 @@ int main(int argc, char *argv[])
         return writeManifest();
     }
     saldoro::Application application(programOnlyCount, programOnly.data());
-    QGuiApplication::setDesktopFileName(u"saldoro"_s);
-
     saldoro::KeepWindowSizes(saldoro::WindowSizesFile());
     saldoro::ProgramValues values;
     saldoro::StartUp startUp(values);
@@ -50,7 +49,7 @@ int main(int argc, char *argv[])
     return application.run([&] {
         const bool goesOn = startUp.run(tail);
         if (goesOn)
-            forms.emplace(values).showMainForm();
+            forms.emplace(values).mainForm()->reopen();
         return goesOn;
     });
 }

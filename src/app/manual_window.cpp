@@ -34,10 +34,9 @@ ManualWindow::ManualWindow()
             [this](const QUrl &link) { goTo(link.fragment()); });
     document()->setDocumentMargin(fontMetrics().height());
     setSource(QUrl(u"qrc:/manuale/manuale.md"_s), QTextDocument::MarkdownResource);
-    constexpr int width = 15900; // twips: as wide as its pictures
-    constexpr int height = 9300;
+    constexpr QSize firstSize(15900, 9300); // twips: as wide as its pictures
     SetTopMost(*this);
-    SizeWindow(*this, {TwipsToPixels(width, *this), TwipsToPixels(height, *this)});
+    SizeWindow(*this, TwipsToPixels(firstSize, *this));
     CentraForm(*this);
 }
 

@@ -1,6 +1,6 @@
 #include "archivio/command_line.h"
+#include "common/characters.h"
 #include "common/errors.h"
-#include "common/text_cut.h"
 #include "exchange/command_options.h"
 #include "exchange/export.h"
 #include "exchange/import_files.h"

@@ -41,11 +41,22 @@ Currency ShownAmount(Currency amount)
     return Currency::fromScaled(RoundHalfAway(amount.scaled(), cent) * cent);
 }
 
+QString EuroText(Currency amount)
+{
+    return u"€ "_s + FormatImporto(amount);
+}
+
 QString FormatImportoEuro(Currency amount)
 {
-    if (amount == Currency())
-        return {};
-    return u"€ "_s + FormatImporto(amount);
+    return amount == Currency() ? QString() : EuroText(amount);
+}
+
+QString FourDecimals(Currency amount)
+{
+    const QString sign = amount < Currency() ? u"-"_s : QString();
+    QString digits = QString::number(amount.scaled()).sliced(sign.size());
+    digits = digits.rightJustified(Currency::Decimals + 1, u'0');
+    return sign + digits.insert(digits.size() - Currency::Decimals, u'.');
 }
 
 QString PuntoDecimale(QString &text)

@@ -13,11 +13,17 @@ namespace saldoro {
  */
 QString FormatImporto(Currency amount);
 
-/** The amount that FormatImporto shows. */
+/** The amount that FormatImporto() shows. */
 Currency ShownAmount(Currency amount);
 
-/** "€ " followed by FormatImporto, or the empty text for an amount of exactly zero. */
+/** "€ " followed by FormatImporto. */
+QString EuroText(Currency amount);
+
+/** EuroText(), or the empty text for an amount of exactly zero. */
 QString FormatImportoEuro(Currency amount);
+
+/** The amount in plain form with all its decimals: "-1234.5000". */
+QString FourDecimals(Currency amount);
 
 /** Rewrites an amount from Italian notation to plain form: all "." go, then the first "," becomes
  *  "."; later commas stay. Rewrites the argument and returns it. */

@@ -13,6 +13,7 @@ namespace saldoro {
 class Currency
 {
 public:
+    static constexpr int Decimals = 4;
     /** How many parts a euro has. */
     static constexpr qint64 Scale = 10'000;
 

@@ -31,8 +31,7 @@ QString FormatData(QDate day)
 
 QDate DataDaTesto(const QString &text)
 {
-    static const QRegularExpression dayMonthYear(
-        u"\\A([0-9]{1,2})/([0-9]{1,2})/([0-9]{4}|[0-9]{2})\\z"_s);
+    static const QRegularExpression dayMonthYear(QRegularExpression::anchoredPattern(TypedDayForm));
     const auto match = dayMonthYear.match(text);
     int year = match.capturedView(3).toInt();
     if (match.capturedLength(3) == 2)

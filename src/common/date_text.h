@@ -11,10 +11,13 @@ inline constexpr QStringView EmptyDateText = u"__/__/____";
 /** The day as dd/MM/yyyy; the empty text for an invalid date. */
 QString FormatData(QDate day);
 
+/** The form of a day that is typed: one or two digits, one or two digits, four digits or two. */
+inline constexpr QStringView TypedDayForm = u"([0-9]{1,2})/([0-9]{1,2})/([0-9]{4}|[0-9]{2})";
+
 /**
- * Reads day/month/year: one or two digits, one or two digits, two or four digits. Years of two
- * digits: 00-29 are in the 2000s, 30-99 in the 1900s; four-digit years start at 100. Anything else,
- * and a day that the calendar does not have, gives an invalid date.
+ * Reads day/month/year in the TypedDayForm. Years of two digits: 00-29 are in the 2000s, 30-99 in
+ * the 1900s; four-digit years start at 100. Anything else, and a day that the calendar does not
+ * have, gives an invalid date. The cells of a spreadsheet have readers of their own (DayOf).
  */
 QDate DataDaTesto(const QString &text);
 

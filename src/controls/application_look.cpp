@@ -17,6 +17,7 @@ void SetUpLook(QCoreApplication &application)
 {
     // Not the display name: window systems append that to every caption.
     QCoreApplication::setApplicationName(u"Saldoro"_s);
+    QGuiApplication::setDesktopFileName(u"saldoro"_s);
     const QLocale italian(QLocale::Italian, QLocale::Italy);
     QLocale::setDefault(italian);
     auto *translator = new QTranslator(&application);

@@ -27,7 +27,7 @@ bool isSlash(qsizetype position)
 
 constexpr QStringView typeable = u"[0-9/]*";
 constexpr QStringView maskText = u"[0-9_]{2}/[0-9_]{2}/[0-9_]{4}";
-constexpr QStringView wholeDate = u"[0-9]{1,2}/[0-9]{1,2}/([0-9]{4}|[0-9]{2})|[0-9]{8}";
+constexpr QStringView eightDigits = u"[0-9]{8}";
 
 bool isAll(QStringView form, const QString &text)
 {
@@ -106,7 +106,7 @@ public:
             (typed == u"/" && first < last))
             return Invalid;
         MaskText mask{m_before, first};
-        if (isAll(wholeDate, typed) || !isAll(maskText, m_before))
+        if (isAll(TypedDayForm, typed) || isAll(eightDigits, typed) || !isAll(maskText, m_before))
             mask = {EmptyDateText.toString(), 0};
         else
             mask.erase(first, last);

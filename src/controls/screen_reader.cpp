@@ -21,6 +21,14 @@ QAccessibleInterface *plainWindow(const QString &className, QObject *object)
 
 } // namespace
 
+void Describe(QWidget &control, const QString &objectName, const QString &name, const QString &hint)
+{
+    control.setObjectName(objectName);
+    control.setAccessibleName(QString(name).remove(u'&'));
+    control.setAccessibleDescription(hint);
+    control.setToolTip(hint);
+}
+
 void GiveWindowsTheirRole()
 {
     QAccessible::installFactory(plainWindow);

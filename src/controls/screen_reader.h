@@ -1,8 +1,15 @@
 #pragma once
 
+#include <QString>
+
 class QWidget;
 
 namespace saldoro {
+
+/** Names a control for code (object name), for screen readers (@p name, without the "&" of a
+ *  mnemonic) and for the mouse (tool tip). */
+void Describe(QWidget &control, const QString &objectName, const QString &name,
+              const QString &hint);
 
 /** Gives windows that are no dialogs the role of a window for screen readers, which the toolkit
  *  does not. Holds for windows made afterwards; needs the application object. */

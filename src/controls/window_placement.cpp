@@ -77,6 +77,11 @@ int TwipsToPixels(int twips, const QWidget &widget)
     return twips * widget.logicalDpiX() / twipsPerInch;
 }
 
+QSize TwipsToPixels(QSize twips, const QWidget &widget)
+{
+    return {TwipsToPixels(twips.width(), widget), TwipsToPixels(twips.height(), widget)};
+}
+
 void SetTopMost(QWidget &window)
 {
     window.setWindowFlag(Qt::WindowStaysOnTopHint);

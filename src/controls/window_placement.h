@@ -9,6 +9,7 @@ namespace saldoro {
 
 /** A length in twips, of which an inch has 1,440, as pixels of the screen that @p widget is on. */
 int TwipsToPixels(int twips, const QWidget &widget);
+QSize TwipsToPixels(QSize twips, const QWidget &widget);
 
 /** Keeps a window above all windows that are not topmost, for its lifetime. The window keeps its
  *  size and moves to the top-left corner of the screen, so callers centre it right afterwards; a
@@ -32,8 +33,8 @@ QString WindowSizesFile();
 void KeepWindowSizes(const QString &fileName);
 
 /** Gives a window, known by its object name, the size that its user last left it with, at first the
- *  size @p first; in either case no more than its screen has room for beside the frame. A window
- *  that is maximised when it closes does not change the size that is kept. */
+ *  size @p first in pixels; in either case no more than its screen has room for beside the frame. A
+ * window that is maximised when it closes does not change the size that is kept. */
 void SizeWindow(QWidget &window, QSize first);
 
 } // namespace saldoro

@@ -1,9 +1,10 @@
 #include "database/field_value.h"
 
+#include "common/amount_text.h"
+#include "common/characters.h"
 #include "common/date_text.h"
 #include "common/legacy_text.h"
 #include "common/rounding.h"
-#include "common/text_cut.h"
 
 #include <QCalendar>
 #include <QLocale>
@@ -23,12 +24,7 @@ namespace {
 QString tenThousandthsText(qint64 scaled)
 {
     static const QRegularExpression trailing(u"\\.?0+$"_s);
-    constexpr int decimals = 4;
-    QString digits = QString::number(scaled);
-    const QString sign = scaled < 0 ? u"-"_s : QString();
-    digits = digits.sliced(sign.size()).rightJustified(decimals + 1, u'0');
-    digits.insert(digits.size() - decimals, u'.');
-    return sign + digits.remove(trailing);
+    return FourDecimals(Currency::fromScaled(scaled)).remove(trailing);
 }
 
 /** The shortest plain decimal form that gives back @p value: "0.1". */
@@ -41,13 +37,14 @@ QString realText(double value)
  *  anything else. */
 std::optional<QDate> dayOf(const StoredValue &value)
 {
-    constexpr qsizetype dayLength = 10;
     const auto *text = std::get_if<QByteArrayView>(&value);
-    if (text == nullptr || text->size() < dayLength)
+    if (text == nullptr || text->size() < StoredDayLength)
         return std::nullopt;
-    if (text->size() > dayLength && (*text)[dayLength] != ' ' && (*text)[dayLength] != 'T')
+    if (text->size() > StoredDayLength && (*text)[StoredDayLength] != ' ' &&
+        (*text)[StoredDayLength] != 'T')
         return std::nullopt;
-    const QDate day = QDate::fromString(QString::fromLatin1(text->first(dayLength)), Qt::ISODate);
+    const QDate day =
+        QDate::fromString(QString::fromLatin1(text->first(StoredDayLength)), Qt::ISODate);
     return day.isValid() ? std::optional(day) : std::nullopt;
 }
 

@@ -15,12 +15,15 @@
 namespace saldoro {
 
 /** What can be written into a field: null, text, a whole number, a currency value, a day. A text
- *  for a date field is read as dd/MM/yyyy. */
+ *  for a date field is read as exactly dd/MM/yyyy, as FormatData() writes it. */
 using NewValue = std::variant<std::monostate, QString, qint32, Currency, QDate>;
 
 /** A value as the file holds it: null, a whole number, a floating-point number, or a text in UTF-8
  *  whose bytes lie elsewhere. */
 using StoredValue = std::variant<std::monostate, qint64, double, QByteArrayView>;
+
+/** Characters of a stored day, yyyy-MM-dd. A time of day may stand behind them. */
+inline constexpr qsizetype StoredDayLength = 10;
 
 /** A copy of @p text in @p texts. */
 QByteArrayView KeptText(QByteArrayView text, std::pmr::memory_resource &texts);

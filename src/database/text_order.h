@@ -4,6 +4,8 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <optional>
+
 namespace saldoro {
 
 /** The engine's name for the order of texts. */
@@ -27,12 +29,16 @@ inline bool AreEqualTexts(const QString &left, const QString &right)
     return CompareText(left.toUtf8(), right.toUtf8()) == 0;
 }
 
-/** The same order for keys of sets and maps. */
+/** The same order for keys of sets and maps; a null text, which has no value, comes first. */
 struct TextOrder
 {
     bool operator()(const QString &left, const QString &right) const
     {
         return CompareText(left.toUtf8(), right.toUtf8()) < 0;
+    }
+    bool operator()(const std::optional<QString> &left, const std::optional<QString> &right) const
+    {
+        return right && (!left || (*this)(*left, *right));
     }
 };
 

@@ -1,5 +1,6 @@
 #include "exchange/cell_values.h"
 
+#include "common/amount_text.h"
 #include "common/number_text.h"
 
 #include <QRegularExpression>
@@ -12,8 +13,6 @@ namespace saldoro {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int mostDecimals = 4;
 
 /** Takes a character off the front, with the blanks behind it. */
 bool take(QStringView &text, QChar character)
@@ -46,7 +45,7 @@ std::optional<Currency> AmountOf(QStringView text, Notation notation)
     const qsizetype mark = text.indexOf(isItalian ? u',' : u'.');
     const QStringView whole = text.first(mark < 0 ? text.size() : mark);
     const QStringView decimals = mark < 0 ? QStringView(u"0") : text.sliced(mark + 1);
-    if (whole.isEmpty() || decimals.isEmpty() || decimals.size() > mostDecimals ||
+    if (whole.isEmpty() || decimals.isEmpty() || decimals.size() > Currency::Decimals ||
         (whole.contains(group) && !isWellGrouped(whole, group)) ||
         (!isItalian && decimals.size() == 3))
         return std::nullopt;
@@ -63,7 +62,7 @@ std::optional<Currency> AmountOf(QStringView text, Notation notation)
             append(character);
     }
     std::ranges::for_each(decimals, append);
-    std::ranges::for_each(QStringView(u"0000").first(mostDecimals - decimals.size()), append);
+    std::ranges::for_each(QStringView(u"0000").first(Currency::Decimals - decimals.size()), append);
     return fits ? std::optional(Currency::fromScaled(scaled)) : std::nullopt;
 }
 
@@ -112,13 +111,8 @@ QString ExpectedValue(FieldType type, Notation notation)
 
 QString AmountCell(Currency amount)
 {
-    QString text = QString::number(amount.scaled());
-    const qsizetype sign = amount < Currency() ? 1 : 0;
-    while (text.size() < sign + 1 + mostDecimals)
-        text.insert(sign, u'0');
-    const bool hasCents = text.endsWith("00"_L1);
-    text.chop(hasCents ? 2 : 0);
-    text.insert(text.size() - (hasCents ? 2 : mostDecimals), u',');
+    QString text = FourDecimals(amount).replace(u'.', u',');
+    text.chop(text.endsWith("00"_L1) ? 2 : 0);
     return text;
 }
 

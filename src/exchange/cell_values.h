@@ -20,10 +20,12 @@ namespace saldoro {
 std::optional<Currency> AmountOf(QStringView text, Notation notation);
 
 /** A day: 31/12/2024 (one digit will do for day and month) or 2024-12-31, where a midnight behind
- *  it does not count. No value for anything else and for a day that the calendar does not have. */
+ *  it does not count; nor do blanks around it. No value for anything else and for a day that the
+ *  calendar does not have. Unlike in DataDaTesto() the year has four digits and may be any. */
 std::optional<QDate> DayOf(QStringView text, Notation notation);
 
-/** A whole number of 32 bits in plain digits, a sign may stand in front. */
+/** A whole number of 32 bits in plain digits; a sign may stand in front, blanks around it do not
+ *  count. */
 std::optional<qint32> WholeOf(QStringView text);
 
 /** The value that a cell gives a field of that type, null for a null text; no value for a text that

@@ -1,7 +1,7 @@
 #include "exchange/csv_table.h"
 
 #include "common/legacy_text.h"
-#include "common/text_cut.h"
+#include "common/message_lines.h"
 #include "platform/whole_file.h"
 
 #include <QFileInfo>

@@ -1,9 +1,10 @@
 #include "exchange/export.h"
 
+#include "common/characters.h"
 #include "common/date_text.h"
 #include "common/errors.h"
 #include "common/legacy_text.h"
-#include "common/text_cut.h"
+#include "common/message_lines.h"
 #include "exchange/archive_tables.h"
 #include "exchange/cell_values.h"
 #include "exchange/command_options.h"

@@ -1,6 +1,6 @@
 #include "exchange/header_row.h"
 
-#include "common/text_cut.h"
+#include "common/characters.h"
 
 #include <algorithm>
 #include <utility>

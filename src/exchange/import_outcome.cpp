@@ -1,6 +1,6 @@
 #include "exchange/import_outcome.h"
 
-#include "common/text_cut.h"
+#include "common/message_lines.h"
 #include "exchange/command_options.h"
 
 namespace saldoro {

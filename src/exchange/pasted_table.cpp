@@ -1,7 +1,7 @@
 #include "exchange/pasted_table.h"
 
+#include "common/characters.h"
 #include "common/errors.h"
-#include "common/text_cut.h"
 #include "exchange/cell_values.h"
 
 #include <QMap>

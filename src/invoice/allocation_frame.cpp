@@ -5,6 +5,7 @@
 #include "controls/flex_grid.h"
 #include "controls/message_box.h"
 #include "controls/popup_list.h"
+#include "controls/screen_reader.h"
 #include "invoice/field_navigation.h"
 
 #include <QGridLayout>

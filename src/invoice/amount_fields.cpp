@@ -1,6 +1,7 @@
 #include "invoice/amount_fields.h"
 
 #include "controls/application_look.h"
+#include "controls/screen_reader.h"
 #include "invoice/entry_field.h"
 #include "invoice/field_navigation.h"
 

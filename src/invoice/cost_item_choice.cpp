@@ -1,8 +1,8 @@
 #include "invoice/cost_item_choice.h"
 
+#include "common/characters.h"
 #include "common/errors.h"
 #include "common/overview_column.h"
-#include "common/text_cut.h"
 #include "invoice/allocation_table.h"
 #include "store/pick_limits.h"
 

@@ -2,6 +2,7 @@
 
 #include "controls/date_box.h"
 #include "controls/popup_list.h"
+#include "controls/screen_reader.h"
 #include "invoice/entry_field.h"
 #include "invoice/field_navigation.h"
 #include "store/table_definitions.h"
@@ -83,9 +84,10 @@ void CreditorFields::addInvoice(QGridLayout &grid, CreditorKind kind)
     m_number->setMinimumWidth(BoxWidth(*m_number, QString(LedgerSize::NFat, u'0')));
     m_description->setMinimumWidth(
         BoxWidth(*m_description, QString(LedgerSize::Descrizione, u'n')));
+    const QString dateBoxName = kind == CreditorKind::Company ? u"MaskEdBox1_0"_s : u"MaskEdBox1"_s;
     auto *line = new QHBoxLayout;
     line->addWidget(m_number, 1);
-    line->addWidget(m_navigation.addLine(*m_date, DateBoxName(kind), u"De&l"_s,
+    line->addWidget(m_navigation.addLine(*m_date, dateBoxName, u"De&l"_s,
                                          u"Data della fattura, giorno/mese/anno"_s));
     line->addWidget(m_date);
     line->addWidget(m_navigation.addLine(*m_description, u"Text1_3"_s, u"De&scrizione"_s,

@@ -36,6 +36,8 @@ public:
                          Names names);
 
     EntryField &creditorBox() const { return *m_creditor; }
+    /** Of the invoice's date. */
+    DateBox &dateBox() const { return *m_date; }
 
     void showRecord(const PaymentRecord &record);
     void readInto(PaymentRecord &record) const;

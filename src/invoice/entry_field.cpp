@@ -1,6 +1,6 @@
 #include "invoice/entry_field.h"
 
-#include "common/text_cut.h"
+#include "common/characters.h"
 
 #include <QDropEvent>
 #include <QRegularExpression>

@@ -2,6 +2,7 @@
 
 #include "controls/date_box.h"
 #include "controls/enter_and_held_keys.h"
+#include "controls/prompt_button.h"
 #include "controls/screen_reader.h"
 
 #include <QApplication>

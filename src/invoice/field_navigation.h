@@ -1,14 +1,15 @@
 #pragma once
 
-#include "controls/buttons.h"
-
 #include <QHash>
+#include <QObject>
 #include <QPointer>
+#include <QString>
 
 #include <functional>
 
 class QLabel;
 class QLineEdit;
+class QPushButton;
 
 namespace saldoro {
 

@@ -1,8 +1,9 @@
 #include "invoice/frm_nuova_fattura.h"
 
 #include "common/ending.h"
-#include "controls/buttons.h"
 #include "controls/enter_and_held_keys.h"
+#include "controls/prompt_button.h"
+#include "controls/screen_reader.h"
 #include "controls/window_placement.h"
 
 #include <QCloseEvent>

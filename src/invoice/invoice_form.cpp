@@ -5,6 +5,7 @@
 #include "controls/date_box.h"
 #include "controls/message_box.h"
 #include "controls/notice_strip.h"
+#include "controls/prompt_button.h"
 #include "controls/window_placement.h"
 #include "invoice/allocation_frame.h"
 #include "invoice/amount_fields.h"
@@ -61,11 +62,9 @@ InvoiceForm::InvoiceForm(CreditorKind kind, ProgramValues &values, const TextTab
 void InvoiceForm::load()
 {
     SetTopMost(*this);
-    constexpr int openingWidth = 15000; // twips
-    constexpr int openingHeight = 8400;
-    const QSize least(TwipsToPixels(openingWidth, *this), TwipsToPixels(openingHeight, *this));
+    constexpr QSize least(15000, 8400); // twips
     const QSize below(0, layout()->itemAt(1)->sizeHint().height());
-    SizeWindow(*this, (m_page->sizeHint() + below).expandedTo(least));
+    SizeWindow(*this, (m_page->sizeHint() + below).expandedTo(TwipsToPixels(least, *this)));
     CentraForm(*this);
     loadPayment();
     m_number->setText(u"Pagamento N. "_s + SignedNumberText(paymentNumber()));
@@ -234,8 +233,9 @@ Notices InvoiceForm::notices() const
     InvoiceState state = m_loaded;
     state.shown = shown();
     m_allocation->readInto(state);
-    state.dateLeft = findChild<DateBox *>(DateBoxName(state.shown.kind))->leftWith();
-    state.mandateDateLeft = findChild<DateBox *>(u"MandatoDell"_s)->leftWith();
+    state.dateBox = m_creditor->dateBox().objectName();
+    state.dateLeft = m_creditor->dateBox().leftWith();
+    state.mandateDateLeft = m_notes->mandateDate().leftWith();
     for (const EntryField *field : findChildren<EntryField *>()) {
         if (field->isCut())
             state.cutFields += field->objectName();

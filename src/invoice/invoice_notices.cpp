@@ -48,14 +48,13 @@ void tellDate(const QString &shown, const QString &left, const QString &field, N
 void tellTexts(const InvoiceState &state, Notices &all)
 {
     const PaymentRecord &shown = state.shown;
-    const QString date = DateBoxName(shown.kind);
     if (const QString text = numberText(state); !text.isEmpty())
         all.tell(Danger, {}, u"Il pagamento %1 %2"_s.arg(QString::number(shown.number), text));
     if (shown.del == EmptyDateText)
         all.tell(
-            Danger, date,
+            Danger, state.dateBox,
             u"Senza data, dopo «Conferma», la schermata principale non si apre più: scriverla"_s);
-    tellDate(shown.del, state.dateLeft, date, all);
+    tellDate(shown.del, state.dateLeft, state.dateBox, all);
     tellDate(shown.mandatoDell, state.mandateDateLeft, u"MandatoDell"_s, all);
     for (const QString &field : state.cutFields)
         all.tell(Caution, field, u"Il testo è tagliato alla lunghezza del campo: abbreviarlo"_s);

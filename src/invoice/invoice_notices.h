@@ -28,6 +28,7 @@ struct InvoiceState
     QString note = {};       ///< as it was loaded
     QString contractor = {}; ///< the creditor that a new payment to a company starts with
 
+    QString dateBox = {};  ///< object name of the box of the invoice's date
     QString dateLeft = {}; ///< see DateBox::leftWith()
     QString mandateDateLeft = {};
     QStringList cutFields = {}; ///< object names of the fields whose text was cut

@@ -1,6 +1,7 @@
 #include "invoice/note_fields.h"
 
 #include "controls/date_box.h"
+#include "controls/screen_reader.h"
 #include "invoice/entry_field.h"
 #include "invoice/field_navigation.h"
 

@@ -18,6 +18,8 @@ public:
     /** @p navigation must outlive the block. */
     NoteFields(FieldNavigation &navigation, QWidget *parent);
 
+    DateBox &mandateDate() const { return *m_mandateDate; }
+
     void showRecord(const PaymentRecord &record);
     void readInto(PaymentRecord &record) const;
 

@@ -17,23 +17,16 @@ struct PaymentRecord
 {
     CreditorKind kind = CreditorKind::Company;
     qint32 number = 0;
-    QString creditore = {};                         ///< Text1_0
-    QString nFat = {};                              ///< Text1_1
-    QString del = EmptyDateText.toString();         ///< MaskEdBox1, "dd/MM/yyyy" or the empty mask
-    QString descrizione = {};                       ///< Text1_3
-    QString memo = {};                              ///< Memo
-    QString mandato = {};                           ///< Mandato
+    QString creditore = {};                 ///< Text1_0
+    QString nFat = {};                      ///< Text1_1
+    QString del = EmptyDateText.toString(); ///< the date box, "dd/MM/yyyy" or the empty mask
+    QString descrizione = {};               ///< Text1_3
+    QString memo = {};                      ///< Memo
+    QString mandato = {};                   ///< Mandato
     QString mandatoDell = EmptyDateText.toString(); ///< MandatoDell, any text that was stored
     AmountTexts amounts = {};
     /** Kind code of the payment that the number was loaded from; none for a new payment. */
     std::optional<QString> storedKind = {};
 };
-
-/** Name of the box in which a form shows PaymentRecord::del. */
-inline QString DateBoxName(CreditorKind kind)
-{
-    return kind == CreditorKind::Company ? QStringLiteral("MaskEdBox1_0")
-                                         : QStringLiteral("MaskEdBox1");
-}
 
 } // namespace saldoro

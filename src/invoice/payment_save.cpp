@@ -1,8 +1,8 @@
 #include "invoice/payment_save.h"
 
 #include "common/amount_text.h"
+#include "common/characters.h"
 #include "common/errors.h"
-#include "common/text_cut.h"
 #include "database/database.h"
 #include "invoice/allocation_table.h"
 #include "store/allocation_records.h"

@@ -1,9 +1,9 @@
 #include "invoice/typed_worth.h"
 
 #include "common/amount_text.h"
+#include "common/characters.h"
 #include "common/errors.h"
 #include "common/number_text.h"
-#include "common/text_cut.h"
 
 #include <QRegularExpression>
 

@@ -1,7 +1,8 @@
 #include "office/form_parts.h"
 
-#include "common/text_cut.h"
-#include "controls/buttons.h"
+#include "common/message_lines.h"
+#include "controls/prompt_button.h"
+#include "controls/screen_reader.h"
 #include "controls/window_placement.h"
 #include "office/task.h"
 
@@ -71,13 +72,8 @@ void SetUpModal(QWidget &form, const QString &name, const QString &title, QSize 
     form.setWindowTitle(title);
     QObject::connect(new QShortcut(Qt::Key_Escape, &form), &QShortcut::activated, &form,
                      &QWidget::close);
-    SizeInTwips(form, size);
+    SizeWindow(form, TwipsToPixels(size, form));
     CentraForm(form);
-}
-
-void SizeInTwips(QWidget &window, QSize size)
-{
-    SizeWindow(window, {TwipsToPixels(size.width(), window), TwipsToPixels(size.height(), window)});
 }
 
 } // namespace saldoro

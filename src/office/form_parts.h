@@ -34,7 +34,4 @@ void ShowLines(QListWidget &list, const QStringList &lines);
  *  itself when it is closed; to be called before it is shown. @p size in twips. */
 void SetUpModal(QWidget &form, const QString &name, const QString &title, QSize size);
 
-/** As SizeWindow(), in twips. */
-void SizeInTwips(QWidget &window, QSize size);
-
 } // namespace saldoro

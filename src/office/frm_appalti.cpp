@@ -2,9 +2,9 @@
 
 #include "common/errors.h"
 #include "common/program_values.h"
-#include "controls/buttons.h"
 #include "controls/flex_grid.h"
 #include "controls/message_box.h"
+#include "controls/screen_reader.h"
 #include "controls/window_placement.h"
 #include "exchange/export.h"
 #include "office/contract_list.h"
@@ -89,7 +89,7 @@ FrmAppalti::FrmAppalti()
     connect(&m_grid->table(), &TextTable::currentMoved, this, [this] { showState(0, 0); });
     connect(m_contracts, &ContractList::progressed, this, &FrmAppalti::showState);
     m_grid->setFocus();
-    SizeInTwips(*this, {14400, 9000});
+    SizeWindow(*this, TwipsToPixels({14400, 9000}, *this));
 }
 
 QLayout *FrmAppalti::makePlace()

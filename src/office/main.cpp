@@ -12,7 +12,6 @@ int main(int argc, char *argv[])
     saldoro::LetLargeWritesFail();
     QApplication application(argc, argv);
     saldoro::SetUpLook(application);
-    QGuiApplication::setDesktopFileName(u"saldoro"_s);
     saldoro::KeepWindowSizes(saldoro::WindowSizesFile());
     saldoro::FrmAppalti contracts;
     contracts.show(); // and read when it becomes active

@@ -2,8 +2,8 @@
 
 #include "common/errors.h"
 #include "controls/application_look.h"
-#include "controls/buttons.h"
 #include "controls/message_box.h"
+#include "controls/screen_reader.h"
 #include "exchange/csv_table.h"
 #include "office/form_parts.h"
 #include "office/task.h"

@@ -4,6 +4,7 @@
 #include "common/errors.h"
 #include "database/database.h"
 #include "store/archive_paths.h"
+#include "store/shown_order.h"
 
 namespace saldoro {
 
@@ -60,7 +61,7 @@ void PrepareAvailabilityOverview(TextTable &overview)
 void FillAvailabilityOverview(TextTable &overview, const ProgramValues &values)
 {
     RecordSet budget = Database::open(ContractPath(values))
-                           .openRecordSet(u"SELECT * FROM UltimaPerVariante ORDER BY Voce"_s);
+                           .openRecordSet(u"SELECT * FROM UltimaPerVariante"_s + BudgetOrder);
     RecordSet spese = Database::open(LedgerPath(values)).openRecordSet(u"SELECT * FROM Spese"_s);
 
     const TextTable::BulkChange change(overview);

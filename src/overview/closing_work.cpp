@@ -9,6 +9,7 @@
 #include "store/archive_paths.h"
 #include "store/contract_sheet.h"
 #include "store/internal_codes.h"
+#include "store/shown_order.h"
 
 #include <limits>
 
@@ -65,7 +66,7 @@ Currency writeRun(ProgramValues &values, FrmElab &form, const Run &run)
 {
     RecordSet fatture = Database::open(LedgerPath(values))
                             .openRecordSet(u"SELECT * FROM Fatture  WHERE AziProf = '"_s +
-                                           KindCode(run.kind) + u"' ORDER BY Npag "_s);
+                                           KindCode(run.kind) + u'\'' + PaymentsOrder);
     form.listBox.text.clear();
     values.TotaleLiquidato = Currency();
     composeStatements(fatture, run.creditors, values, form);

@@ -1,10 +1,11 @@
 #include "overview/frm_principale.h"
 
 #include "common/ending.h"
-#include "controls/buttons.h"
 #include "controls/flex_grid.h"
 #include "controls/message_box.h"
 #include "controls/notice_strip.h"
+#include "controls/prompt_button.h"
+#include "controls/screen_reader.h"
 #include "controls/window_placement.h"
 #include "overview/availability_overview.h"
 #include "overview/closing_work.h"
@@ -28,9 +29,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** First size of the window, 900 by 620 pixels on a screen of 96 dots to the inch. */
-constexpr int widthInTwips = 13500;
-constexpr int heightInTwips = 9300;
+/** First size of the window in twips, 900 by 620 pixels on a screen of 96 dots to the inch. */
+constexpr QSize firstSize(13500, 9300);
 
 QLabel *makeHeading(const QString &name, const QString &text, QWidget *buddy)
 {
@@ -56,7 +56,7 @@ FrmPrincipale::FrmPrincipale(ProgramValues &values)
     setObjectName(u"FrmPrincipale"_s);
     prepareGrids();
     arrange();
-    SizeWindow(*this, {TwipsToPixels(widthInTwips, *this), TwipsToPixels(heightInTwips, *this)});
+    SizeWindow(*this, TwipsToPixels(firstSize, *this));
     for (TextTable *table : {&m_payments->table(), &m_overview->table()}) {
         connect(table, &TextTable::modelReset, m_strip, &NoticeStrip::refreshSoon);
         connect(table, &TextTable::currentMoved, m_strip, &NoticeStrip::refreshSoon);
@@ -195,17 +195,17 @@ void FrmPrincipale::putBackInUse()
 
 void FrmPrincipale::CaricaFattura()
 {
-    if (const auto kind = OpenPayment(m_values, m_payments->table().row()))
+    if (const auto kind = OpenPayment(m_values, NumberOfListRow(m_payments->table().row())))
         emit openPaymentRequested(*kind);
 }
 
 void FrmPrincipale::deletePayment()
 {
-    const int row = m_payments->table().row();
+    const qint32 number = NumberOfListRow(m_payments->table().row());
     if (m_payments->table().rows() == 1 ||
-        !ChiediConferma(u"Sei sicuro di vole eliminare il pagamento N°%1"_s.arg(row)))
+        !ChiediConferma(u"Sei sicuro di vole eliminare il pagamento N°%1"_s.arg(number)))
         return;
-    DeletePayment(m_values, row);
+    DeletePayment(m_values, number);
     load();
 }
 

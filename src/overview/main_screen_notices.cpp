@@ -13,21 +13,21 @@ namespace {
 
 void tellNumbers(const TextTable &payments, Notices &all)
 {
-    const int current = payments.row();
+    const int current = NumberOfListRow(payments.row());
     const int next = NextPaymentNumber(payments.rowCount());
     bool areRows = true;
-    int ofRow = 0;   // number of payments whose number is the current row
+    int ofRow = 0;   // payments with the number that the current row stands for
     int nextRow = 0; // row of a payment that has the next number already
     for (int row = 1; row < payments.rows(); ++row) {
         const int number = payments.text(row, PaymentColumn::Nr).toInt();
-        areRows = areRows && number == row;
+        areRows = areRows && number == NumberOfListRow(row);
         ofRow += number == current ? 1 : 0;
         nextRow = number == next ? row : nextRow;
     }
     if (areRows)
         return;
     const QString field = u"MSFlexGrid1"_s;
-    const QString number = payments.text(current, PaymentColumn::Nr);
+    const QString number = payments.text(payments.row(), PaymentColumn::Nr);
     const QString taken = QString::number(current);
     if (current > 0 && number != taken)
         all.tell(Danger, field,

@@ -1,7 +1,7 @@
 #include "overview/overview_document.h"
 
+#include "common/characters.h"
 #include "common/overview_column.h"
-#include "common/text_cut.h"
 #include "overview/rtf_writer.h"
 
 #include <array>

@@ -6,6 +6,7 @@
 #include "store/contract_sheet.h"
 #include "store/mandate_note.h"
 #include "store/payment_numbers.h"
+#include "store/shown_order.h"
 
 namespace saldoro {
 
@@ -22,28 +23,28 @@ void deleteMatching(RecordSet &records, const QString &criterion)
 
 } // namespace
 
-std::optional<CreditorKind> OpenPayment(ProgramValues &values, qint32 row)
+std::optional<CreditorKind> OpenPayment(ProgramValues &values, qint32 number)
 {
     RecordSet fatture =
         Database::open(LedgerPath(values)).openRecordSet(u"SELECT * FROM Fatture "_s);
-    values.CurrentPaymentNumber = row;
-    return WithDetail(Detail::Payment, QString::number(row), [&] {
+    values.CurrentPaymentNumber = number;
+    return WithDetail(Detail::Payment, QString::number(number), [&] {
         // After a failed find there is no current record, and the first one decides.
-        if (!FindPayment(fatture, row))
+        if (!FindPayment(fatture, number))
             fatture.moveFirst();
         return KindOfCode(fatture.field(u"AziProf"_s).text());
     });
 }
 
-void DeletePayment(const ProgramValues &values, qint32 row)
+void DeletePayment(const ProgramValues &values, qint32 number)
 {
-    WithDetail(Detail::Payment, QString::number(row), [&] {
-        EliminaVociLike(values, VoceMandato(values, row));
+    WithDetail(Detail::Payment, QString::number(number), [&] {
+        EliminaVociLike(values, VoceMandato(values, number));
         const Database ledger = Database::open(LedgerPath(values));
-        RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture ORDER BY Npag "_s);
+        RecordSet fatture = ledger.openRecordSet(u"SELECT * FROM Fatture"_s + PaymentsOrder);
         RecordSet spese = ledger.openRecordSet(u"SELECT * FROM Spese ORDER BY RelNpag"_s);
-        deleteMatching(fatture, PaymentCriterion(row));
-        deleteMatching(spese, AllocationsCriterion(row));
+        deleteMatching(fatture, PaymentCriterion(number));
+        deleteMatching(spese, AllocationsCriterion(number));
     });
 }
 

@@ -6,6 +6,7 @@
 #include "database/database.h"
 #include "store/archive_paths.h"
 #include "store/payment_amounts.h"
+#include "store/shown_order.h"
 
 namespace saldoro {
 
@@ -44,7 +45,7 @@ void PreparePaymentsList(TextTable &payments)
 RecordSet OpenPaymentsList(const ProgramValues &values)
 {
     const Database ledger = Database::open(LedgerPath(values));
-    RecordSet payments = ledger.openRecordSet(u"SELECT * FROM Fatture ORDER BY Npag "_s);
+    RecordSet payments = ledger.openRecordSet(u"SELECT * FROM Fatture"_s + PaymentsOrder);
     ledger.openRecordSet(u"SELECT * FROM Spese"_s); // the overview reads it later
     return payments;
 }

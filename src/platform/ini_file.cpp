@@ -1,8 +1,8 @@
 #include "platform/ini_file.h"
 
+#include "common/characters.h"
 #include "common/errors.h"
 #include "common/legacy_text.h"
-#include "common/text_cut.h"
 #include "platform/machine_path.h"
 #include "platform/whole_file.h"
 

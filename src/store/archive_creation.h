@@ -8,7 +8,7 @@
 namespace saldoro {
 
 /**
- * Creates an empty payment ledger, ArchiveFiles::Ledger in @p projectFolder (an archive path
+ * Creates an empty payment ledger, ArchiveFileName::Ledger in @p projectFolder (an archive path
  * without a trailing backslash). The folder must exist. Tables `Fatture` and `Spese`, no keys, no
  * indexes. Returns the open ledger, which the program keeps until it ends; everyone else opens the
  * file again. Throws FileExists, FileMissing (no such folder), ReadOnly, DiskFull; a failure in

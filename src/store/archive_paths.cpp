@@ -25,22 +25,22 @@ QString ProjectFolder(const ProgramValues &values)
 
 QString LedgerPath(const ProgramValues &values)
 {
-    return ProjectFolder(values) % u'\\' % ArchiveFiles::Ledger;
+    return ProjectFolder(values) % u'\\' % ArchiveFileName::Ledger;
 }
 
 QString ContractPath(const ProgramValues &values)
 {
-    return ProjectFolder(values) % u'\\' % ArchiveFiles::Contract;
+    return ProjectFolder(values) % u'\\' % ArchiveFileName::Contract;
 }
 
 QString CompaniesPath(const ProgramValues &values)
 {
-    return ProjectFolder(values) % u'\\' % ArchiveFiles::Companies;
+    return ProjectFolder(values) % u'\\' % ArchiveFileName::Companies;
 }
 
 QString CodesPath(const ProgramValues &values)
 {
-    return values.ArchiveRoot % ArchiveFolders::Tabelle % u'\\' % ArchiveFiles::Codes;
+    return values.ArchiveRoot % ArchiveFolders::Tabelle % u'\\' % ArchiveFileName::Codes;
 }
 
 QString UpdateFolder(const ProgramValues &values)
@@ -51,8 +51,8 @@ QString UpdateFolder(const ProgramValues &values)
 QString ArchiveFilePath(ArchiveFile file, const QString &folder)
 {
     // In the order of the enumeration.
-    constexpr std::array names{ArchiveFiles::Codes, ArchiveFiles::Contract, ArchiveFiles::Companies,
-                               ArchiveFiles::Ledger};
+    constexpr std::array names{ArchiveFileName::Codes, ArchiveFileName::Contract,
+                               ArchiveFileName::Companies, ArchiveFileName::Ledger};
     QString place = QDir(folder).absolutePath();
     if (file == ArchiveFile::Codes) {
         const auto plain = [](QStringView path) { return path.toString().replace(u'\\', u'/'); };

@@ -42,12 +42,12 @@ inline constexpr std::array ArchiveFileList{ArchiveFile::Codes, ArchiveFile::Con
                                             ArchiveFile::Companies, ArchiveFile::Ledger};
 
 /** Names of the databases. */
-namespace ArchiveFiles {
+namespace ArchiveFileName {
 inline constexpr QStringView Ledger = u"Saldoro.mdb";
 inline constexpr QStringView Contract = u"Appalto.mdb";
 inline constexpr QStringView Companies = u"AZIDB.mdb";
 inline constexpr QStringView Codes = u"chiavi.mdb";
-} // namespace ArchiveFiles
+} // namespace ArchiveFileName
 
 /** Folder of a contract project below an archives root, without a trailing backslash. */
 QString ProjectFolder(const QString &root, const QString &code);

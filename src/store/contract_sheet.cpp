@@ -1,8 +1,8 @@
 #include "store/contract_sheet.h"
 
 #include "common/amount_text.h"
+#include "common/characters.h"
 #include "common/errors.h"
-#include "common/text_cut.h"
 #include "database/database.h"
 #include "store/archive_paths.h"
 #include "store/code_map.h"
@@ -97,7 +97,7 @@ void AggiornaVoceImporto(const ProgramValues &values, QStringView internalCode, 
         writeItem(values, item, ExistingKey::Keep,
                   {{u"Funzione"_s, qint32{tag}},
                    {u"Descri"_s, codes.field(u"Desc"_s).textOrEmpty()},
-                   {u"Stringa"_s, u"€ "_s + FormatImporto(amount)},
+                   {u"Stringa"_s, EuroText(amount)},
                    {u"Importo"_s, amount}});
     });
 }

@@ -31,7 +31,7 @@ RecordSet OpenContractSheet(const ProgramValues &values);
 bool FindItem(RecordSet &sheet, const QString &item);
 
 /** Writes the amount item that an internal code is mapped to: tag, the code's description, the
- *  amount and its text "€ " + amount. Adds the item when missing. A code that is not mapped throws
+ *  amount and its EuroText(). Adds the item when missing. A code that is not mapped throws
  *  NoCurrentRecord. Errors have the internal code as detail "Codice", too. */
 void AggiornaVoceImporto(const ProgramValues &values, QStringView internalCode, qint16 tag,
                          Currency amount);

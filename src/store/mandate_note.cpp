@@ -1,6 +1,7 @@
 #include "store/mandate_note.h"
 
-#include "common/text_cut.h"
+#include "common/characters.h"
+#include "common/date_text.h"
 #include "store/code_map.h"
 #include "store/internal_codes.h"
 
@@ -31,7 +32,6 @@ QString ComposeMandateNote(const QString &mandato, const QString &mandatoDell)
 
 MandateNote ParseMandateNote(const QString &note, CreditorKind kind)
 {
-    constexpr qsizetype dateLength = 10;
     const qsizetype word = note.indexOf(u"del");
     const qsizetype end = word < 0 ? note.size() : word;
     const qsizetype point = note.indexOf(u'.');
@@ -43,7 +43,7 @@ MandateNote ParseMandateNote(const QString &note, CreditorKind kind)
         return result;
     // The professional's date skips one character more, the blank behind "del".
     if (kind == CreditorKind::Professional)
-        result.mandatoDell = LeftCharacters(note.mid(word + 4), dateLength).trimmed();
+        result.mandatoDell = LeftCharacters(note.mid(word + 4), EmptyDateText.size()).trimmed();
     else
         result.mandatoDell = note.mid(word + 3).trimmed();
     return result;

@@ -18,6 +18,13 @@ inline qint32 NextPaymentNumber(qsizetype payments)
     return static_cast<qint32>(payments) + 1;
 }
 
+/** The number of the payment that is opened or deleted on a row of the payments list, counted from
+ *  1. It is the number that the row shows as long as no payment was deleted. */
+inline qint32 NumberOfListRow(int row)
+{
+    return row;
+}
+
 /** The criterion for the payments of a number, in a set of payments. */
 QString PaymentCriterion(qint32 number);
 

@@ -15,7 +15,6 @@ namespace {
 /** The value of a field that is not null. */
 NewValue valueOf(const FieldDef &field, const FieldValue &stored, Reading reading)
 {
-    constexpr qsizetype dayLength = 10;
     const bool isExact = reading == Reading::Exact;
     const auto bytes = stored.storedBytes();
     try {
@@ -26,7 +25,7 @@ NewValue valueOf(const FieldDef &field, const FieldValue &stored, Reading readin
         if (field.type == FieldType::Integer || field.type == FieldType::Long)
             return stored.integer();
         if (field.type == FieldType::Date && !(bytes && bytes->isEmpty()))
-            return isExact && bytes && bytes->size() != dayLength ? QDate() : stored.date();
+            return isExact && bytes && bytes->size() != StoredDayLength ? QDate() : stored.date();
     } catch (const DatabaseError &) { // the field is of another type
         return isExact ? NewValue(QDate()) : stored.text();
     }

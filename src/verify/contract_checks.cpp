@@ -1,6 +1,6 @@
 #include "verify/contract_checks.h"
 
-#include "common/text_cut.h"
+#include "common/characters.h"
 #include "database/text_order.h"
 #include "store/internal_codes.h"
 #include "store/pick_limits.h"
@@ -34,8 +34,7 @@ struct Consequences
 
 Consequences consequencesOf(CodeUse use)
 {
-    const QString stopsClosing =
-        u"la chiusura della schermata principale si ferma senza completare i documenti."_s;
+    const QString stopsClosing = StopsClosing.toString();
     switch (use) {
     case CodeUse::Search:
         return {u"le fatture delle aziende non si aprono e il programma termina con un errore."_s,

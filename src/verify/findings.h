@@ -37,6 +37,10 @@ using Findings = QList<Finding>;
 inline constexpr QStringView InTheArchive =
     u"correggere il valore nell'archivio, con l'aiuto dell'assistenza.";
 
+/** What comes of a value without which the closing work can't be done. */
+inline constexpr QStringView StopsClosing =
+    u"la chiusura della schermata principale si ferma senza completare i documenti.";
+
 /** The report, grouped, one finding after the other in the order they were made; a last line with
  *  their number. Ends with a line end. */
 QString FindingsReport(const Findings &findings);

@@ -1,7 +1,7 @@
 #include "verify/payment_checks.h"
 
+#include "common/characters.h"
 #include "common/creditor_kind.h"
-#include "common/text_cut.h"
 #include "store/payment_numbers.h"
 #include "store/table_definitions.h"
 
@@ -45,7 +45,7 @@ const QList<NeededFields> &neededFields()
          u"«Modifica» su questo pagamento fa terminare il programma e i documenti di chiusura lo "
          "tralasciano."_s},
         {u"ImportoPrest Contributo CassaPrev ImportoRA"_s.split(u' '), true,
-         u"la chiusura della schermata principale si ferma senza completare i documenti."_s}};
+         StopsClosing.toString()}};
     return needs;
 }
 
@@ -70,7 +70,7 @@ QString span(const QString &one, const QString &several, int first, int last)
 
 bool isInPlace(const CheckedRow &payment)
 {
-    return !payment.number || *payment.number == payment.row;
+    return !payment.number || *payment.number == NumberOfListRow(payment.row);
 }
 
 /** Rows of tables whose rows have no names are told by their number. */

@@ -61,16 +61,14 @@ QList<CheckedRow> paymentsOf(const ProjectTable &fatture)
             payment.isBeyondRange = true;
         }
     }
-    std::ranges::stable_sort(rows, {}, &CheckedRow::number);
+    std::ranges::stable_sort(rows, {}, &CheckedRow::number); // as PaymentsOrder
     return counted(std::move(rows));
 }
 
 QList<CheckedRow> budgetOf(const ProjectTable &budget)
 {
     QList<CheckedRow> rows = rowsOf(budget, {}, u"Voce"_s, {});
-    std::ranges::stable_sort(rows, [](const CheckedRow &left, const CheckedRow &right) {
-        return right.code && (!left.code || TextOrder()(*left.code, *right.code));
-    });
+    std::ranges::stable_sort(rows, TextOrder(), &CheckedRow::code); // as BudgetOrder
     return counted(std::move(rows));
 }
 

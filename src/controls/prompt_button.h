@@ -5,11 +5,6 @@
 
 namespace saldoro {
 
-/** Names a control for code (object name), for screen readers (@p name, without the "&" of a
- *  mnemonic) and for the mouse (tool tip). */
-void Describe(QWidget &control, const QString &objectName, const QString &name,
-              const QString &hint);
-
 /**
  * A button that acts at once when its mnemonic is typed. The toolkit's first shows itself pressed
  * for a tenth of a second, and what a quick typist writes meanwhile still goes to the old field.

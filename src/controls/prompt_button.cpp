@@ -1,19 +1,12 @@
-#include "controls/buttons.h"
+#include "controls/prompt_button.h"
 
 #include "controls/enter_and_held_keys.h"
+#include "controls/screen_reader.h"
 
 #include <QKeyEvent>
 #include <QShortcut>
 
 namespace saldoro {
-
-void Describe(QWidget &control, const QString &objectName, const QString &name, const QString &hint)
-{
-    control.setObjectName(objectName);
-    control.setAccessibleName(QString(name).remove(u'&'));
-    control.setAccessibleDescription(hint);
-    control.setToolTip(hint);
-}
 
 PromptButton::PromptButton(const QString &objectName, const QString &caption, const QString &hint,
                            QWidget *parent)

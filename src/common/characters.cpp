@@ -1,4 +1,4 @@
-#include "common/text_cut.h"
+#include "common/characters.h"
 
 namespace saldoro {
 
@@ -40,14 +40,6 @@ bool IsUnseen(QChar character)
 {
     const QChar::Category category = character.category();
     return category == QChar::Other_Format || category == QChar::Other_Control;
-}
-
-QStringList FirstLines(const QStringList &lines, const QString &more, qsizetype most)
-{
-    QStringList first = lines.mid(0, most);
-    if (lines.size() > most)
-        first.append(more.arg(lines.size() - most));
-    return first;
 }
 
 } // namespace saldoro

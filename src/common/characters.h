@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 namespace saldoro {
 
@@ -17,13 +16,5 @@ QString FixedWidth(const QString &text, qsizetype width);
 /** Whether a character is one that no screen shows: a control character, or a mark such as the
  *  blank without width. */
 bool IsUnseen(QChar character);
-
-/** How many lines of one kind a message has at most. */
-inline constexpr qsizetype MostLinesTold = 20;
-
-/** The first @p most of the lines; where some are left out, one more that is @p more with their
- *  number for "%1". */
-QStringList FirstLines(const QStringList &lines, const QString &more,
-                       qsizetype most = MostLinesTold);
 
 } // namespace saldoro

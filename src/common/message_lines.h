@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace saldoro {
+
+/** How many lines of one kind a message has at most. */
+inline constexpr qsizetype MostLinesTold = 20;
+
+/** The first @p most of the lines; where some are left out, one more that is @p more with their
+ *  number for "%1". */
+QStringList FirstLines(const QStringList &lines, const QString &more,
+                       qsizetype most = MostLinesTold);
+
+} // namespace saldoro
