@@ -11,6 +11,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <sys/uio.h>
 #include <unistd.h>
 #include <utility>
@@ -149,6 +150,11 @@ ssize_t writeOrFail(const char *name, Own *own, int file, const void *data, size
 
 } // namespace
 
+bool FailingCalls::isRoomLeft()
+{
+    return calls().fault != CallFault::FullDisk || calls().record.struck.isEmpty();
+}
+
 void FailingCalls::arm(int call, CallFault fault)
 {
     calls() = {fault, call, {}, {}, {}};
@@ -238,6 +244,15 @@ int renameat2(int fromFolder, const char *from, int toFolder, const char *to,
 int linkat(int fromFolder, const char *from, int toFolder, const char *to, int flags) noexcept
 {
     return named(callOrFail(to, "linkat", linkat, fromFolder, from, toFolder, to, flags), to);
+}
+
+int statvfs64(const char *path, struct statvfs64 *found) noexcept
+{
+    using Own = int(const char *, struct statvfs64 *);
+    const int result = reinterpret_cast<Own *>(::dlsym(RTLD_NEXT, "statvfs64"))(path, found);
+    if (!saldoro::FailingCalls::isRoomLeft())
+        found->f_bavail = 0;
+    return result;
 }
 
 int usleep(useconds_t /*microseconds*/)

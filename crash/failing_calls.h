@@ -38,6 +38,8 @@ namespace FailingCalls {
 /** From now on the @p call -th call that the fault applies to goes wrong, the first being 1; with 0
  *  none does. */
 void arm(int call, CallFault fault);
+/** False behind a write that found half of its room. */
+bool isRoomLeft();
 /** Nothing goes wrong any more. What has happened since arm(). */
 CallRecord disarm();
 

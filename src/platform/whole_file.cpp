@@ -54,11 +54,12 @@ FileError failureOf(const QString &name, QFileDevice::FileError fault, const QSt
 
 FileError failureOf(const QSaveFile &file)
 {
-    // The toolkit does not ask why the disk took a part only.
+    // The toolkit does not ask why the disk took a part only, which may be no error to it.
     constexpr qint64 leastRoom = 4096;
+    const bool isCut =
+        file.error() == QFileDevice::WriteError || file.error() == QFileDevice::NoError;
     const bool isFull =
-        file.error() == QFileDevice::WriteError &&
-        QStorageInfo(QFileInfo(file.fileName()).path()).bytesAvailable() < leastRoom;
+        isCut && QStorageInfo(QFileInfo(file.fileName()).path()).bytesAvailable() < leastRoom;
     return failureOf(file.fileName(), isFull ? QFileDevice::ResourceError : file.error(),
                      file.errorString());
 }
