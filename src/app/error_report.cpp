@@ -46,9 +46,9 @@ bool isAboutStoredValues(DatabaseFault fault)
            fault == NoCurrentRecord;
 }
 
-/** The command that checks the project of the file @p path. The program is given by its name where
- *  the system finds it so, else with its folder. The code map lies outside the project: there a
- *  stand-in takes the place of the project's folder. */
+/** The command that checks the project of the file @p path. The program stands without its folder
+ *  if the system finds it so. "CARTELLA" stands for a project that the path does not tell, as that
+ *  of the code map, which belongs to all. */
 QString checkCommand(const QString &path)
 {
     QString program = u"saldoro-archivio"_s;

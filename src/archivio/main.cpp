@@ -1,5 +1,4 @@
 #include "archivio/command_line.h"
-#include "common/characters.h"
 #include "common/errors.h"
 #include "exchange/command_options.h"
 #include "exchange/export.h"
@@ -74,19 +73,9 @@ Outcome run(const CommandLine &line)
                                                : u"saldoro-archivio " SALDORO_VERSION "\n"_s};
 }
 
-/** A stored text must not steer the terminal that it is shown on. */
-QString harmless(QString text)
-{
-    for (QChar &character : text) {
-        if (character != u'\n' && IsUnseen(character))
-            character = QChar::ReplacementCharacter;
-    }
-    return text;
-}
-
 void tellError(const QString &text)
 {
-    PrintError(u"saldoro-archivio: "_s + harmless(text));
+    PrintError(u"saldoro-archivio: "_s + Harmless(text));
 }
 
 } // namespace
@@ -100,7 +89,7 @@ int main(int argc, char *argv[])
         const Outcome outcome = run(ParseCommandLine(QCoreApplication::arguments().sliced(1)));
         if (!outcome.remarks.isEmpty())
             tellError(outcome.remarks);
-        if (PrintOut(harmless(outcome.text)))
+        if (PrintOut(Harmless(outcome.text)))
             return outcome.status;
         tellError(u"Il comando è stato eseguito, ma l'uscita non accetta ciò che ha da dire.\n"_s);
     } catch (const SaldoroError &error) {

@@ -86,7 +86,7 @@ public:
 class FileError : public SaldoroError
 {
 public:
-    /** @param path the machine's path of the file, shown as Detail::File. */
+    /** @param path the machine's path of the file, shown with its separators as Detail::File. */
     FileError(const QString &path, const QString &problem, const QString &remedy = {});
 };
 

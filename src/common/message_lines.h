@@ -5,6 +5,9 @@
 
 namespace saldoro {
 
+/** How many characters of a value a message quotes at most. */
+inline constexpr qsizetype MostCharactersQuoted = 40;
+
 /** How many lines of one kind a message has at most. */
 inline constexpr qsizetype MostLinesTold = 20;
 

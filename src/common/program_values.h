@@ -12,10 +12,11 @@ inline constexpr QStringView LaunchToken = u"TUSMQDE7W";
 /** The project that the program opens when it is started without one. */
 inline constexpr QStringView DefaultProject = u"00039";
 
-/** The values that live for a whole run and are shared by its parts; passed in, never global. */
+/** The values that live for a whole run and are shared by its parts; passed in, never global. The
+ *  office's window makes them for one contract at a time, to ask for its databases. */
 struct ProgramValues
 {
-    // Written once, by the start-up (app/start_up).
+    // Written once, by Saldoro's start-up (app/start_up).
 
     /** In front of every archive path; no trailing backslash; may be empty. */
     QString ArchiveRoot;

@@ -3,7 +3,6 @@
 #include <QAccessible>
 
 #include <algorithm>
-#include <functional>
 #include <utility>
 
 namespace saldoro {

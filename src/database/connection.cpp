@@ -2,7 +2,6 @@
 
 #include "common/errors.h"
 #include "database/criterion.h"
-#include "database/database.h"
 #include "database/engine_error.h"
 #include "database/text_order.h"
 

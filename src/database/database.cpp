@@ -13,7 +13,6 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
-#include <optional>
 #include <utility>
 
 namespace saldoro {

@@ -36,7 +36,7 @@ public:
 
     /** Opens an existing file for reading and writing; one that can't be written opens too, and
      *  only refuses changes. @p lockWait replaces LockWaitMilliseconds for this and all later
-     *  actions. Throws FileMissing, NotADatabase, Locked. */
+     *  actions. Throws FileMissing, NotADatabase, ReadFailed, Locked. */
     static Database open(const QString &path, int lockWait = LockWaitMilliseconds);
 
     /** As open(), but no change can reach the file through it. */

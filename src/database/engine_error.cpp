@@ -1,6 +1,5 @@
 #include "database/engine_error.h"
 
-#include "common/errors.h"
 #include "database/sql_text.h"
 
 #include <QFileInfo>

@@ -9,8 +9,8 @@
 namespace saldoro {
 
 /** What keeps the file at @p path (of the machine) from being opened as a database, as far as that
- *  shows from outside. The engine takes an empty file for an empty database, and tells a folder, a
- *  closed file and a missing one alike. */
+ *  shows from outside. The engine itself takes an empty file for an empty database, and does not
+ *  tell a folder, a file without the right to read it and a missing file apart. */
 std::optional<DatabaseFault> FileFault(const QString &path);
 
 /**

@@ -27,12 +27,6 @@ QString tenThousandthsText(qint64 scaled)
     return FourDecimals(Currency::fromScaled(scaled)).remove(trailing);
 }
 
-/** The shortest plain decimal form that gives back @p value: "0.1". */
-QString realText(double value)
-{
-    return QString::number(value, 'f', QLocale::FloatingPointShortest);
-}
-
 /** The day in a stored text yyyy-MM-dd, a time of day after it being ignored. No value for
  *  anything else. */
 std::optional<QDate> dayOf(const StoredValue &value)
@@ -150,8 +144,9 @@ QString PlainText(const StoredValue &value, FieldType type)
     const bool isCurrency = type == FieldType::Currency;
     if (const auto *whole = std::get_if<qint64>(&value))
         return isCurrency ? tenThousandthsText(*whole) : QString::number(*whole);
-    if (const auto *real = std::get_if<double>(&value))
-        return realText(isCurrency ? *real / Currency::Scale : *real);
+    if (const auto *real = std::get_if<double>(&value)) // in the shortest form that gives it back
+        return QString::number(isCurrency ? *real / Currency::Scale : *real, 'f',
+                               QLocale::FloatingPointShortest);
     if (type == FieldType::Date) {
         if (const auto day = dayOf(value))
             return FormatData(*day);

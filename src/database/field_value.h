@@ -38,7 +38,7 @@ std::variant<StoredValue, DatabaseFault> StoredForm(const FieldDef &field, const
 /** Why @p value can't be stored in @p field, a refused empty text included; no value if it can. */
 std::optional<DatabaseFault> RefusalOf(const FieldDef &field, const NewValue &value);
 
-/** The text of a stored value: numbers in plain decimal form, days as dd/MM/yyyy, null as empty. */
+/** The text of a stored value, as FieldValue::text(), null as the empty text. */
 QString PlainText(const StoredValue &value, FieldType type);
 
 /** The file and the table of a record, for error texts. */
@@ -60,7 +60,8 @@ class FieldValue
 public:
     bool isNull() const { return std::holds_alternative<std::monostate>(*m_value); }
 
-    /** The value as text: numbers in plain decimal form, dates as dd/MM/yyyy. */
+    /** The value as text: numbers in plain decimal form, dates as dd/MM/yyyy, what is no date in a
+     *  date field as it stands. */
     QString text() const;
     /** As text(), a null giving the empty text. */
     QString textOrEmpty() const { return PlainText(*m_value, m_field->type); }

@@ -5,7 +5,6 @@
 #include <QtNumeric>
 
 #include <algorithm>
-#include <memory>
 
 namespace saldoro {
 

@@ -23,12 +23,6 @@ bool take(QStringView &text, QChar character)
     return true;
 }
 
-/** "0.250" is a fraction in another notation. */
-bool isWellGrouped(QStringView whole, QChar mark)
-{
-    return !whole.startsWith(u'0') && IsInGroupsOfThree(whole, mark);
-}
-
 } // namespace
 
 std::optional<Currency> AmountOf(QStringView text, Notation notation)
@@ -45,9 +39,11 @@ std::optional<Currency> AmountOf(QStringView text, Notation notation)
     const qsizetype mark = text.indexOf(isItalian ? u',' : u'.');
     const QStringView whole = text.first(mark < 0 ? text.size() : mark);
     const QStringView decimals = mark < 0 ? QStringView(u"0") : text.sliced(mark + 1);
-    if (whole.isEmpty() || decimals.isEmpty() || decimals.size() > Currency::Decimals ||
-        (whole.contains(group) && !isWellGrouped(whole, group)) ||
-        (!isItalian && decimals.size() == 3))
+    // Digits in groups that begin with 0, as in "0.250", are a fraction in the other notation.
+    const bool isMisgrouped =
+        whole.contains(group) && (whole.startsWith(u'0') || !IsInGroupsOfThree(whole, group));
+    if (whole.isEmpty() || isMisgrouped || decimals.isEmpty() ||
+        decimals.size() > Currency::Decimals || (!isItalian && decimals.size() == 3))
         return std::nullopt;
     qint64 scaled = 0;
     bool fits = true;

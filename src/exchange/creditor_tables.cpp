@@ -1,6 +1,5 @@
 #include "exchange/creditor_tables.h"
 
-#include "common/errors.h"
 #include "database/criterion.h"
 #include "database/text_order.h"
 #include "exchange/made_files.h"
@@ -36,13 +35,6 @@ RecordSet recordsOf(const Database &database, const QString &table)
     return database.openRecordSet(u"SELECT * FROM "_s + table);
 }
 
-/** Makes the first record with that text current, in any letter case; false without one. */
-bool find(RecordSet &records, const QString &field, const QString &text)
-{
-    records.findFirst(field + u" = '"_s + RaddoppiaApici(text) + u"'"_s);
-    return !records.noMatch();
-}
-
 /** One more than the highest number. */
 qint32 nextNumber(RecordSet &records, const QString &field)
 {
@@ -71,7 +63,8 @@ void add(RecordSet &records, const Values &values)
 /** The number of a company, which is added when it is not there. */
 qint32 companyNumber(RecordSet &companies, const QString &name, const NewValue &kind = {})
 {
-    if (find(companies, u"nominativo"_s, name))
+    companies.findFirst(u"nominativo = '"_s + RaddoppiaApici(name) + u"'"_s);
+    if (!companies.noMatch())
         return companies.field(u"ID"_s).integer();
     const qint32 number = nextNumber(companies, u"ID"_s);
     add(companies, {{u"ID"_s, number}, {u"nominativo"_s, name}, {u"TipImprese"_s, kind}});

@@ -15,8 +15,8 @@ namespace saldoro {
  * part, associations with their members, and the professionals.
  */
 
-/** What such a list is brought in as: `Nome`, and for companies `Mandanti`, the members of an
- *  association with ";" between their names. */
+/** The table that such a list is pasted into. Its fields are `Nome` and, for companies, `Mandanti`:
+ *  the members of an association with ";" between their names. */
 const ExchangedTable &CompanyList();
 const ExchangedTable &ProfessionalList();
 

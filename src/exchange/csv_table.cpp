@@ -8,7 +8,6 @@
 #include <QMap>
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 namespace saldoro {
@@ -76,8 +75,9 @@ QString textOf(const QString &path, QStringList &warnings, QList<CellFault> &fau
     return lines.join(u'\n');
 }
 
-/** The separator whose first rows name the most of the needed fields or else part the first row
- *  into the most cells, and what they name. */
+/** The separator of a text, and the columns that its header names. It is the one with which the
+ *  first rows name the most needed fields; among equals, the one that gives the first row the most
+ *  cells. */
 std::pair<QChar, CellColumns> headerOf(const QString &text, const ExchangedTable &table)
 {
     std::pair<QChar, CellColumns> best(u';', FindColumns({}, table));

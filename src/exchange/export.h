@@ -7,8 +7,8 @@ namespace saldoro {
 /**
  * Writes the eight tables of a project as CSV files in the Italian notation, in UTF-8 with a mark,
  * each database as it stands at one moment. Gives a line for each table, with rows, total and the
- * columns that no file has. Both folders are paths of the machine; that of the files is made when
- * it is not there.
+ * columns that no file has, below one that tells of an earlier export that had not come to its end.
+ * Both folders are paths of the machine; that of the files is made when it is not there.
  *
  * Throws SaldoroError, no file being changed, when a file is there already (unless @p overwrite),
  * a stored value can't be told in CSV, or a file can't be written in whole or is known not to be

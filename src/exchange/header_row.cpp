@@ -3,7 +3,6 @@
 #include "common/characters.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace saldoro {
 

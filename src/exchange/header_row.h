@@ -38,9 +38,9 @@ bool MayMean(const QString &name, const QString &field);
 CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table);
 inline constexpr qsizetype MostHeaderRows = 20; ///< that are looked at
 
-/** As FindColumns(), for a header that nobody wrote for this program. Beside a column of codes,
- *  "Voce" names the description. A single field must bear its own name, or the row may be one of
- *  the others; then there is no header. */
+/** As FindColumns(), for a header that was not written for this program. Where another column is
+ *  headed for the code, "Voce" means the description. A row that names a single field may be one of
+ *  values: it is a header only if that is all that is needed and the name is exact. */
 CellColumns GuessColumns(const QList<CellRow> &rows, const ExchangedTable &table);
 
 } // namespace saldoro

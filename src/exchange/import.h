@@ -23,10 +23,10 @@ struct ImportOptions
  * Rows keep their order, and take the fields that they do not name from the stored row of the same
  * key. Tables that hold the rows already are passed over.
  *
- * Everything happens in one transaction over all databases, which ends only when the project has
- * been checked as it will be and a copy stands beside each database that changes. A new project's
- * folder gets its name when it is complete. A try that changes nothing leaves nothing; what one
- * that died left aside is deleted by the next. Throws SaldoroError, nothing being written then.
+ * Everything happens in one transaction over all databases. Before it ends the project is checked
+ * as it will be, and a copy is put beside each database that changes. A new project's folder gets
+ * its name when it is complete. An import that changes nothing leaves nothing; what one that died
+ * has left aside is deleted by the next. Throws SaldoroError, nothing being written then.
  */
 ImportOutcome ImportTables(const QString &projectFolder, const QList<GivenTable> &tables,
                            const ImportOptions &options);

@@ -3,7 +3,6 @@
 #include "common/errors.h"
 #include "verify/findings.h"
 
-#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -18,9 +17,10 @@ struct ImportOutcome
     Findings known = {};       ///< which were there before; no reason to refuse
     QStringList warnings = {}; ///< what was passed over, a line each
     QStringList copies = {};   ///< paths of the databases as they were, where one has changed
-    QString summary = {};      ///< what was written, with rows and total of each table
+    QString summary = {};      ///< what was written: rows and total of each table, changed items
 
-    /** Warnings, errors and findings with headings, and whether nothing was written. */
+    /** Warnings, errors and findings with headings, of each the first MostLinesTold, and whether
+     *  nothing was written. */
     QString remarks() const;
 };
 

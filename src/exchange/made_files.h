@@ -7,8 +7,8 @@
 
 namespace saldoro {
 
-/** Removes the folders and files that it made, unless keep() was called. Paths are of the machine.
- */
+/** Removes the folders and files that it made, unless keep() was called. A folder into which others
+ *  have put something stays. Paths are of the machine. */
 class MadeFiles
 {
 public:

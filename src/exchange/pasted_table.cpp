@@ -4,7 +4,6 @@
 #include "common/errors.h"
 #include "exchange/cell_values.h"
 
-#include <QMap>
 #include <QRegularExpression>
 
 #include <algorithm>

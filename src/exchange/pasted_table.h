@@ -29,12 +29,12 @@ struct PastedRow
 };
 
 /**
- * Cells that a user brings in from a spreadsheet for a table, on their way into its rows. Which
- * column is which field is told by a header or, without one, by the order of the needed fields, and
- * can be said otherwise. After each change every row is judged again.
+ * Cells from a spreadsheet that become rows of a table. A header tells which column is which field;
+ * without one it is the order of the needed fields. The user can say otherwise. After each change
+ * every row is judged again.
  *
- * Once all amounts are in the international notation they are rewritten in the Italian one, those
- * of rows that stay out too.
+ * When all amounts turn out to be in the international notation they are rewritten in the Italian
+ * one, also in rows that stay out.
  */
 class PastedTable
 {

@@ -39,11 +39,11 @@ ProjectPlace ProjectPlaceOf(const QString &folder)
     const QString above = QFileInfo(path).path();
     const QString tree = ArchiveFolders::Appalti.toString().replace(u'\\', u'/');
     if (!above.endsWith(tree, Qt::CaseInsensitive))
-        throw FileError(path,
-                        u"Un progetto nuovo sta in una cartella che finisce con "
-                        "ARCHIVI.QX/ZELT/LAVORI/APPALTI/codice."_s,
-                        u"Indicare una cartella così, per esempio "
-                        "archivi/ARCHIVI.QX/ZELT/LAVORI/APPALTI/00039."_s);
+        throw FileError(
+            path,
+            u"Un progetto nuovo sta in una cartella che finisce con %1/codice."_s.arg(
+                tree.sliced(1)),
+            u"Indicare una cartella così, per esempio archivi%1/%2."_s.arg(tree, DefaultProject));
     ProjectPlace place{
         QDir::toNativeSeparators(above.chopped(tree.size())), QFileInfo(path).fileName(), {}};
     place.folder = ContractFolder(place.root, place.code);

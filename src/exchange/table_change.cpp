@@ -9,7 +9,6 @@
 #include <QHash>
 
 #include <algorithm>
-#include <utility>
 
 namespace saldoro {
 

@@ -2,6 +2,7 @@
 
 #include "common/characters.h"
 #include "common/errors.h"
+#include "common/message_lines.h"
 #include "exchange/cell_values.h"
 #include "platform/progress.h"
 
@@ -129,7 +130,8 @@ private:
     {
         if (value == NewValue(QDate()))
             return u"«%1» non è %2, o è fuori misura."_s.arg(
-                LeftCharacters(cell, 40), ExpectedValue(typeOf(place), m_notation));
+                LeftCharacters(cell, MostCharactersQuoted),
+                ExpectedValue(typeOf(place), m_notation));
         if (m_notation == Notation::Italian && hasThreeDecimals(cell) &&
             ValueOfCell(cell, typeOf(place), Notation::International).value_or(value) != value)
             return u"«%1» può essere mille volte tanto: scriverlo con due decimali."_s.arg(cell);

@@ -34,9 +34,9 @@ enum class AmountRole
     Derived ///< an amount that leaving some field may write
 };
 
-/** Whether a field of a professional's note keeps the plain form it was typed in when it is left.
- *  From then on it is misread: its point counts for nothing. A company's invoice has one such
- *  field, TotaleFattura, which is not told of here. */
+/** Whether a field of a professional's note stays in the plain form it was typed in when it is
+ * left. It is then misread, since in display form points do not count. A company's TotaleFattura
+ * stays so, too, and is not asked about here. */
 inline bool StaysPlain(Amount field)
 {
     return field == Amount::AltriImporti || field == Amount::SoggettaRA;

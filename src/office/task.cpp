@@ -1,6 +1,5 @@
 #include "office/task.h"
 
-#include "common/errors.h"
 #include "controls/message_box.h"
 #include "platform/progress.h"
 

@@ -1,5 +1,7 @@
 #include "platform/console.h"
 
+#include "common/characters.h"
+
 #include <cstdio>
 
 #ifdef Q_OS_WIN
@@ -52,6 +54,15 @@ bool PrintError(const QString &text)
         return MessageBoxW(nullptr, text.toStdWString().c_str(), L"Saldoro", MB_ICONERROR) != 0;
 #endif
     return print(stderr, text);
+}
+
+QString Harmless(QString text)
+{
+    for (QChar &character : text) {
+        if (character != u'\n' && IsUnseen(character))
+            character = QChar::ReplacementCharacter;
+    }
+    return text;
 }
 
 bool IsErrorTerminal()

@@ -7,8 +7,6 @@
 #include <QFileInfo>
 #include <QStringBuilder>
 
-#include <array>
-
 namespace saldoro {
 
 using namespace Qt::StringLiterals;

@@ -10,9 +10,9 @@ namespace saldoro {
 
 /*
  * The items of the contract sheet. Each routine opens the database, does one job and closes it;
- * OpenContractSheet() leaves it open with its set. Every write is one statement. Throws
- * DatabaseError, with the item as detail "Voce" where one is written, and the pattern where a text
- * is read. An apostrophe in an item or pattern throws SyntaxError.
+ * OpenContractSheet() leaves it open with its set. Every write is one statement. Errors are
+ * DatabaseErrors. The detail "Voce" is the item that is written, or the pattern by which a text is
+ * read. An apostrophe in either throws SyntaxError.
  */
 
 /** Tags of the items, in `Funzione`. */

@@ -16,9 +16,9 @@ struct ListedContract
     Currency paid;     ///< sum of the payments as the main screen lists them
     QDate lastPayment; ///< the latest day of a payment; invalid without one
 
-    /** Goes by the payments. The overview shows the rest of each item, which goes by the
-     *  allocations: the sums agree only when all payments are allocated in full to items of the
-     *  budget. */
+    /** What the payments leave of the budget. The overview goes by the allocations instead: the
+     *  sums agree only when all payments are allocated in full to items of the budget. Throws
+     *  OverflowError. */
     Currency available() const { return budget - paid; }
 };
 

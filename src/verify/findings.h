@@ -41,8 +41,8 @@ inline constexpr QStringView InTheArchive =
 inline constexpr QStringView StopsClosing =
     u"la chiusura della schermata principale si ferma senza completare i documenti.";
 
-/** The report, grouped, one finding after the other in the order they were made; a last line with
- *  their number. Ends with a line end. */
+/** The report: the findings by their groups, within one in the order they were made, and a last
+ * line with their number; without any, a line that says so. Ends with a line end. */
 QString FindingsReport(const Findings &findings);
 
 } // namespace saldoro

@@ -2,6 +2,7 @@
 
 #include "common/characters.h"
 #include "common/creditor_kind.h"
+#include "common/message_lines.h"
 #include "store/payment_numbers.h"
 #include "store/table_definitions.h"
 
@@ -99,8 +100,8 @@ void CheckValues(const CheckedProject &project, Findings &findings)
                         {FindingGroup::Values,
                          u"%1, %2.%3"_s.arg(nameOfRow(project, table, place), name, field.name),
                          u"il valore «%1» non è %2: il programma si ferma quando lo "
-                         "legge, o ne legge un altro."_s.arg(LeftCharacters(TextOf(value), 40),
-                                                             expected),
+                         "legge, o ne legge un altro."_s.arg(
+                             LeftCharacters(TextOf(value), MostCharactersQuoted), expected),
                          InTheArchive.toString(), name, place});
             }
         }

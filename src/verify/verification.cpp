@@ -2,7 +2,6 @@
 
 #include "common/errors.h"
 #include "platform/progress.h"
-#include "store/archive_paths.h"
 #include "store/table_definitions.h"
 #include "verify/allocation_checks.h"
 #include "verify/contract_checks.h"
@@ -10,8 +9,6 @@
 #include "verify/write_trial.h"
 
 #include <QFileInfo>
-
-#include <utility>
 
 namespace saldoro {
 

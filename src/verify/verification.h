@@ -13,8 +13,8 @@ class Verification
 {
 public:
     /** Reads the tables of a database. What can't be read is a finding. Throws DatabaseError for a
-     *  file that is locked or does not let itself be opened, FileError for one with a change that
-     *  was broken off. */
+     *  file that is locked or that can't be read without being changed (Locked, ReadOnly),
+     * FileError for one with a change that was broken off. */
     void read(const Database &database, ArchiveFile file);
 
     /** The tables that could be read. */
