@@ -44,11 +44,11 @@ void TestArchivio::commandLine()
         const QString rows = project.archive.ledgerRows(ledger);
         const auto before = ContentsOf(project.folder());
         const QTemporaryDir csv;
-        WriteFile(csv.filePath(u"SPESE/Spese.csv"_s), "RelNpag;Cod;Importo\nx;A1;1\n");
+        WriteFile(csv.filePath(u"SPESE/Spese.csv"_s), "RelNpag;Cod;Importo\nx\x1B;A1;1\n");
         WriteFile(csv.filePath(u"VOCI/UltimaPerVariante.csv"_s),
                   "Voce;Descri;Importo\nA12345;x;1\n");
         QStringList words = QString::fromUtf8(line).split(u' ', Qt::SkipEmptyParts);
-        words.replaceInStrings(u"CSV"_s, csv.path());
+        words.replaceInStrings(u"CSV"_s, csv.path()).replaceInStrings(u"''"_s, QString());
         for (QString &word : words) {
             // In other letter case the folder is the same.
             if (word == "P"_L1 || word.startsWith("P/"_L1))
@@ -87,6 +87,7 @@ void TestArchivio::commandLine()
     add("verifica --codici P/Altrove.mdb P", "1 Archivi\n  - Altrove.mdb: L'archivio non è stato");
     add("verifica --codici=CSV/Qui.mdb -- P", "1 Archivi\n  - Qui.mdb: L'archivio non è stato");
     refuse("verifica", "Dopo verifica ci vuole: CARTELLA\n");
+    refuse("esporta P ''", "Dopo esporta ci vuole: CARTELLA CARTELLA_CSV\n");
     refuse("verifica P/manca", "La cartella non esiste, o non può essere aperta.\n");
     refuse("verifica P --nuovo", "L'opzione nuovo non esiste.\n");
     refuse("verifica P --codici", "Il valore di un'opzione manca, o non ci vuole.\n");
@@ -107,7 +108,7 @@ void TestArchivio::commandLine()
     refuse("imposta P 3 Importo 1 3 importo 1", "Il campo ha già un");
 
     add("importa CSV/SPESE P --comunque",
-        "1 saldoro-archivio: Errori:\n  Spese.csv, riga 2, campo RelNpag: «x» non");
+        "1 saldoro-archivio: Errori:\n  Spese.csv, riga 2, campo RelNpag: «x\uFFFD» non");
     add("importa CSV/VOCI P --sostituisci UltimaPerVariante",
         "1 saldoro-archivio: Darebbe problemi più tardi (con --comunque si importa lo stesso):\n");
     add("importa --sostituisci UltimaPerVariante CSV/VOCI --comunque P",

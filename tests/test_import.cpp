@@ -72,6 +72,8 @@ void TestImport::refuses()
          "nell'intestazione.|riga "
          "8: le celle sono 4|riga 9, campo Descri: il testo ha 256 caratteri e il campo ne tiene "
          "255."},
+        {"UltimaPerVariante", "\xEF\xBB\xBF" + budget + "A1;Citt\xE0;1\n",
+         "riga 2: c'è un byte che non è UTF-8"},
         {"UltimaPerVariante", budget + "A1;x;1,234\nA2;x;0,500\n",
          "«1,234» può essere mille volte"},
         {"Manda", "AnagPar;AnagRel;\n1;2;3\n", "riga 2: la cella 3 sta in una colonna"},
@@ -196,6 +198,8 @@ void TestImport::takesOverOrRefuses()
     check("Anag", "", "nominativo;ID\nBeta;2\nBis;2\nAlfa;1\n",
           "la riga «2» dell'archivio perderebbe i valori di TipImprese, che il file non dà: più "
           "righe hanno la stessa chiave.");
+    check("Anag", "INSERT INTO Anag VALUES (2, 'Bis', 'Altro')", "nominativo;ID\nBeta;2\nAlfa;1\n",
+          "la riga «2» dell'archivio perderebbe i valori di TipImprese");
     check("Anag", "", "nominativo;ID\nAlfa;1\n", "Anag: 1 riga", "1|Alfa|-");
     check("Anag",
           "DROP TABLE Anag; CREATE TABLE Anag (ID INTEGER PRIMARY KEY, nominativo TEXT, TipImprese "
@@ -210,8 +214,9 @@ void TestImport::takesOverOrRefuses()
     check("UltimaPerVariante", "", withoutPaid,
           "A1 (Scavi): tolta, era 100,00, ed è già pagata\n  Conto di spesa alla riga 1", nullptr,
           false);
-    check("UltimaPerVariante", "", "Voce;Descri;Importo\nA1;Scavi;100\n",
-          "cambiate:\n  B2 (Ponti): tolta, era 50,00\n", "A1|Scavi|1000000", false);
+    check("UltimaPerVariante", "", "Voce;Descri;Importo\nA1;Scavi;99\n",
+          "cambiate:\n  B2 (Ponti): tolta, era 50,00\n  A1 (Scavi): da 100,00 a 99,00\n",
+          "A1|Scavi|990000", false);
     check("UltimaPerVariante", "INSERT INTO UltimaPerVariante VALUES ('A0', 'Muri', NULL)",
           withoutPaid, "già pagata\n  A0 (Muri): tolta, era senza importo\n", "B2|Ponti|500000");
     check("UltimaPerVariante", "", "Voce;Descri;Importo\n", "2 righe, resterebbe vuota.", nullptr,
@@ -258,7 +263,7 @@ void TestImport::takesOverOrRefuses()
 void TestImport::keepsCodesAndWhatTheProgramWrote()
 {
     const Office office;
-    office.put(u"SchedaProgetto"_s, "Voce;Descri;Importo\nM0097_3;Pag. N.3 - Rossi;\n"
+    office.put(u"SchedaProgetto"_s, "Voce;Descri;Importo\nm0097_3;Pag. N.3 - Rossi;\n"
                                     "S0103;Totale;5\nQ0100;Prospetto;\nA1;Oggetto;\nM0097_x;;\n");
     {
         const ProjectOpenMark other(MachinePath(office.project())); // which is being made
@@ -270,7 +275,7 @@ void TestImport::keepsCodesAndWhatTheProgramWrote()
     office.put(u"SchedaProgetto"_s, "Voce;Descri\nq0100;Prospetto\n");
     const auto before = office.archive();
     const QString said = office.import(true, {u"SchedaProgetto"_s});
-    QVERIFY2(said.contains(u"andrebbe persa la voce M0097_3 (Pag. N.3 - Rossi)"_s) &&
+    QVERIFY2(said.contains(u"andrebbe persa la voce m0097_3 (Pag. N.3 - Rossi)"_s) &&
                  said.contains(u"andrebbe persa la voce S0103"_s),
              qPrintable(said));
     QCOMPARE(said.count(u"andrebbe persa"_s), 2);

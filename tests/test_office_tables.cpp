@@ -159,7 +159,7 @@ private slots:
         BareFile(contract).rows(u"INSERT INTO SchedaProgetto (Voce, Funzione, Stringa) VALUES "
                                 "('I01', 17, 'Ing. Po')"_s);
         BareFile(office.folder(u"00112"_s) + u"/AZIDB.mdb"_s)
-            .rows(u"INSERT INTO Anag VALUES (4, 'Edil Valle', 'x')"_s);
+            .rows(u"INSERT INTO Anag VALUES (4, 'Edil Valle', 'x'), (2, 'Ada', 'x')"_s);
         FrmAppalti form;
         form.show();
         QVERIFY(QTest::qWaitForWindowActive(&form));
@@ -183,7 +183,7 @@ private slots:
         QCOMPARE(
             office.rows(u"00112"_s, u"AZIDB.mdb"_s,
                         u"SELECT * FROM Anag; SELECT * FROM Partecip; SELECT * FROM Manda"_s),
-            u"4|Edil Valle|x\n5|ATI Po|ATI\n6|Nova srl|ATI\n7|Uno|-\n1|5\n2|6\n5|4\n5|6\n6|7"_s);
+            u"4|Edil Valle|x\n2|Ada|x\n5|ATI Po|ATI\n6|Nova srl|ATI\n7|Uno|-\n1|5\n2|6\n5|4\n5|6\n6|7"_s);
         QCOMPARE(office.rows(u"00112"_s, u"Appalto.mdb"_s,
                              u"SELECT Voce, Funzione, Stringa, Link FROM SchedaProgetto"_s),
                  u"D0101|-|ATI Po|5\nI01|17|Ing. Po|-\nI02|17|Arch. Adda|-"_s);

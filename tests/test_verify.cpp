@@ -1,3 +1,5 @@
+#include "database_probe.h"
+#include "platform/progress.h"
 #include "sound_project.h"
 #include "verify/verification.h"
 
@@ -31,6 +33,7 @@ class TestVerify : public QObject
 private slots:
     void finds();
     void unreadableFilesAreFindings();
+    void readsOneMoment();
 };
 
 void TestVerify::finds()
@@ -194,6 +197,20 @@ void TestVerify::unreadableFilesAreFindings()
         "L'archivio non è stato trovato.\nSaldoro.mdb: il file è danneggiato (\nSaldoro.mdb: nella "
         "tabella Spese il"_s;
     QCOMPARE(summary(VerifyProject(project.folder()).first(5), found), found);
+}
+
+/** What another program saves between two tables does not show as a difference of theirs. */
+void TestVerify::readsOneMoment()
+{
+    const SoundProject project;
+    QString refusal;
+    Progress::setWatcher([&](const QString &state) {
+        if (state == "Lettura di Spese"_L1)
+            refusal = DirectConnection(project.path(u'L')).run(u"DELETE FROM Spese"_s);
+    });
+    QCOMPARE(VerifyProject(project.folder()).size(), 0);
+    Progress::setWatcher({});
+    QVERIFY(refusal.contains(u"locked"_s));
 }
 
 QTEST_GUILESS_MAIN(TestVerify)

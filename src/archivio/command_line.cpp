@@ -85,7 +85,8 @@ CommandLine ParseCommandLine(const QStringList &words)
         throw misuse(u"Il comando %1 non esiste."_s.arg(line.command));
     readWords(words, *form, line);
     const qsizetype more = line.operands.size() - form->operands.count(u' ') - 1;
-    if (more < 0 || (form->repeated == 0 ? more > 0 : more % form->repeated != 0))
+    if (more < 0 || line.operands.contains(QString()) ||
+        (form->repeated == 0 ? more > 0 : more % form->repeated != 0))
         throw misuse(u"Dopo %1 ci vuole: %2"_s.arg(line.command, form->operands));
     return line;
 }
