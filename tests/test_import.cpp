@@ -74,6 +74,10 @@ void TestImport::refuses()
          "255."},
         {"UltimaPerVariante", "\xEF\xBB\xBF" + budget + "A1;Citt\xE0;1\n",
          "riga 2: c'è un byte che non è UTF-8"},
+        {"UltimaPerVariante",
+         budget + QByteArray("A1;x;uno\n").repeated(23) + "A2;" + QByteArray(256, 'x') + ";1\n",
+         "riga 21, campo Importo|riga 25, campo Descri|... e altri 3 in UltimaPerVariante, campo "
+         "Importo\n"},
         {"UltimaPerVariante", budget + "A1;x;1,234\nA2;x;0,500\n",
          "«1,234» può essere mille volte"},
         {"Manda", "AnagPar;AnagRel;\n1;2;3\n", "riga 2: la cella 3 sta in una colonna"},

@@ -1,11 +1,9 @@
 #include "exchange/csv_table.h"
 
 #include "common/legacy_text.h"
-#include "common/message_lines.h"
 #include "platform/whole_file.h"
 
 #include <QFileInfo>
-#include <QMap>
 
 #include <algorithm>
 #include <utility>
@@ -171,51 +169,45 @@ GivenTable tableOf(const QString &text, const ExchangedTable &table, const Table
     return given;
 }
 
-/** A line for each fault; of each field the first ones, then how many more there are. */
-QStringList linesOf(const QList<CellFault> &faults, const QString &file)
+Findings findingsOf(const QList<CellFault> &faults, const QString &file,
+                    const ExchangedTable &table)
 {
-    const auto lineOf = [&file](const CellFault &fault) {
-        return file + (fault.line > 0 ? u", riga %1"_s.arg(fault.line) : QString()) +
-               (fault.field.isEmpty() ? QString() : u", campo "_s + fault.field) + u": "_s +
-               fault.problem;
-    };
-    QStringList lines;
-    QMap<QString, int> counts;
-    for (const CellFault &fault : faults) {
-        if (++counts[fault.field] <= MostLinesTold)
-            lines.append(lineOf(fault));
-    }
-    for (auto count = counts.cbegin(); count != counts.cend(); ++count) {
-        if (*count > MostLinesTold)
-            lines.append(
-                lineOf({0, count.key(), u"e altri %1 errori così."_s.arg(*count - MostLinesTold)}));
-    }
-    return lines;
+    Findings findings;
+    for (const CellFault &fault : faults)
+        findings.append({FindingGroup::Files,
+                         file + (fault.line > 0 ? u", riga %1"_s.arg(fault.line) : QString()) +
+                             (fault.field.isEmpty() ? QString() : u", campo "_s + fault.field),
+                         fault.problem,
+                         {},
+                         table.name(),
+                         -1,
+                         fault.field});
+    return findings;
 }
 
 } // namespace
 
 GivenTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,
-                        CsvRemarks &remarks)
+                        ImportOutcome &outcome)
 {
     GivenTable given{&table, {}};
     QStringList unknown;
     QList<CellFault> faults;
-    const QString text = textOf(path, remarks.warnings, faults);
+    const QString text = textOf(path, outcome.warnings, faults);
     if (faults.isEmpty())
         given = tableOf(text, table, stored, unknown, faults);
     given.source = QFileInfo(path).fileName();
     if (!unknown.isEmpty())
-        remarks.warnings.append(
+        outcome.warnings.append(
             u"%1: campi tralasciati: %2."_s.arg(given.source, unknown.join(u", "_s)));
-    remarks.errors.append(linesOf(faults, given.source));
+    outcome.errors += findingsOf(faults, given.source, table);
     return given;
 }
 
-QList<CellRow> ReadCsvRows(const QString &path, const ExchangedTable &table, CsvRemarks &remarks)
+QList<CellRow> ReadCsvRows(const QString &path, const ExchangedTable &table, ImportOutcome &outcome)
 {
     QList<CellFault> faults;
-    const QString text = textOf(path, remarks.warnings, faults);
+    const QString text = textOf(path, outcome.warnings, faults);
     const auto [separator, columns] = headerOf(text, table);
     const TextRows cells = RowsOfText(text, separator);
     const qsizetype width = std::max(columns.places.size(), table.neededFields.size());
@@ -230,7 +222,7 @@ QList<CellRow> ReadCsvRows(const QString &path, const ExchangedTable &table, Csv
     }
     if (cells.fault)
         faults.append(*cells.fault);
-    remarks.errors.append(linesOf(faults, QFileInfo(path).fileName()));
+    outcome.errors += findingsOf(faults, QFileInfo(path).fileName(), table);
     return cells.rows;
 }
 

@@ -52,7 +52,6 @@ ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder
     RefuseMixedFiles(files);
     ImportOutcome outcome;
     QList<GivenTable> tables;
-    CsvRemarks remarks;
     const auto paths = csvPaths(files, outcome.errors);
     for (const auto &[table, path] : paths) {
         const QString database = ArchiveFilePath(table->archive, folder);
@@ -60,16 +59,16 @@ ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder
         const auto readTable = [&, &csv = path, &table = table] {
             if (QFileInfo::exists(database) && Database::hasPlainJournal(database))
                 stored = Database::open(database).tableDef(table->name());
-            tables.append(ReadCsvTable(csv, *table, stored.value_or(table->definition), remarks));
+            tables.append(ReadCsvTable(csv, *table, stored.value_or(table->definition), outcome));
         };
         SayingNothingIsWritten(
             [&] { WithDetail(Detail::File, QDir::toNativeSeparators(database), readTable); });
     }
-    for (const QString &error : std::as_const(remarks.errors))
-        outcome.errors.append(LineFinding(error));
-    if (outcome.errors.isEmpty())
-        outcome = ImportTables(projectFolder, tables, options);
-    outcome.warnings = remarks.warnings + outcome.warnings;
+    if (!outcome.errors.isEmpty())
+        return outcome;
+    const QStringList warnings = outcome.warnings;
+    outcome = ImportTables(projectFolder, tables, options);
+    outcome.warnings = warnings + outcome.warnings;
     return outcome;
 }
 

@@ -162,10 +162,10 @@ void PasteTable::dropEvent(QDropEvent *event)
     // Questions come later: the program that the file comes from waits until this returns.
     QTimer::singleShot(0, this, [this, path] {
         replaceRows([&] {
-            CsvRemarks remarks;
-            const QList<CellRow> rows = ReadCsvRows(path, m_pasted.table(), remarks);
-            if (!remarks.errors.isEmpty())
-                throw SaldoroError(remarks.errors.join(u'\n'));
+            ImportOutcome read;
+            const QList<CellRow> rows = ReadCsvRows(path, m_pasted.table(), read);
+            if (!read.errors.isEmpty())
+                throw SaldoroError(FirstLinesOf(read.errors).join(u'\n'));
             m_pasted.setRows(rows);
         });
     });

@@ -29,6 +29,7 @@ struct Finding
     // The row that it is about, if it is about one.
     QString table = {};
     qsizetype row = -1; ///< in stored order, from 0
+    QString field = {}; ///< that it is about, if it is about one
 };
 
 using Findings = QList<Finding>;
