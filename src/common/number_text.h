@@ -17,7 +17,7 @@ double LeadingNumber(const QString &text);
 QString RateText(double value);
 
 /** Whether @p mark parts the characters into groups of three, of which the first may have fewer,
- * and stands nowhere else. That they are digits is not looked at. */
+ *  and stands nowhere else. That they are digits is not looked at. */
 bool IsInGroupsOfThree(QStringView text, QChar mark);
 
 /** A whole number with its sign, which is a blank for a number that is not negative. */

@@ -14,11 +14,11 @@ void WatchKeyPresses();
  * Whether the key press that is being handled comes by itself, because the key is held down. What a
  * press has opened, or brought to the front, ignores such repetitions; message boxes never get one.
  *
- * The toolkit's own mark on a press, isAutoRepeat(), is not enough. On X11 the first repetition
- * that reaches a window that has just opened comes without it, which is the very one that matters
- * here, and the first press after a release that no window of the program was told of has it. But
- * X11 tells a repetition as a release and a press that follow each other, and either the release
- * has the mark or both have the same time.
+ * The toolkit's own mark on a press, isAutoRepeat(), is not enough on X11. The first repetition
+ * that a newly opened window gets comes without the mark, and that is the one that matters here.
+ * The first press after a release that no window of the program saw has the mark, and is no
+ * repetition. But X11 tells a repetition as a release and a press that follow each other: either
+ * the release has the mark, or both have the same time.
  */
 bool IsKeyHeld();
 

@@ -15,8 +15,8 @@ class PopupList : public QListWidget
 public:
     explicit PopupList(QWidget *form);
 
-    /** Shows @p lines over @p control, from @p down pixels below its top, as wide as the control
-     *  and as high as the lines need, as far as the form has room, and takes the focus. Near the
+    /** Shows @p lines over @p control, from @p down pixels below its top, and takes the focus. The
+     *  list is as wide as the control and as high as its lines, if the form has room. Near the
      *  bottom of the form it stands higher, so as to get half the form's height. Without lines it
      *  shows one that says so and can't be picked. */
     void open(const QStringList &lines, const QWidget &control, int down);

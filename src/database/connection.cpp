@@ -1,6 +1,5 @@
 #include "database/connection.h"
 
-#include "common/errors.h"
 #include "database/criterion.h"
 #include "database/engine_error.h"
 #include "database/text_order.h"

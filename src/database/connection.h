@@ -93,7 +93,7 @@ public:
     QList<FieldDef> fields(int first) const;
 
     /** Sets the parameter at @p position, counted from 1. A text is not copied: it has to live
-     * until the statement has run. */
+     *  until the statement has run. */
     void bind(int position, const StoredValue &value);
 
     /** Runs to the next row; false at the end. A change outside a transaction is on the disk then.

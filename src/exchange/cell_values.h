@@ -13,9 +13,9 @@ namespace saldoro {
 
 /**
  * An exact amount; no value for anything that is none. Blanks and one "€" around it do not count,
- * a sign may stand in front. Plain digits, or groups of three with the notation's mark, the first
- * of which does not begin with 0; then perhaps the other mark and one to four decimals. Three
- * decimals are none in the international notation, where they might be Italian thousands.
+ * a sign may stand in front. The digits are plain, or in groups of three with the notation's mark,
+ * the first of which does not begin with 0. Behind the other mark stand one to four decimals, in
+ * the international notation not three: these might be Italian thousands.
  */
 std::optional<Currency> AmountOf(QStringView text, Notation notation);
 

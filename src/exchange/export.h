@@ -10,10 +10,10 @@ namespace saldoro {
  * columns that no file has, below one that tells of an earlier export that had not come to its end.
  * Both folders are paths of the machine; that of the files is made when it is not there.
  *
- * Throws SaldoroError, no file being changed, when a file is there already (unless @p overwrite),
- * a stored value can't be told in CSV, or a file can't be written in whole or is known not to be
- * replaceable. If a renaming fails or the process dies, every file is the old or the new one, never
- * half of one. A mark then stays in the folder; the error names the new ones.
+ * Throws SaldoroError, with no file changed, for a file that is there already (unless @p
+ * overwrite), for a stored value that CSV can't tell, and for a file that can't be written whole or
+ * is known not to be replaceable. If a renaming fails or the process dies, every file is the old or
+ * the new one, never half of one. A mark then stays in the folder; the error names the new ones.
  */
 QString ExportProject(const QString &projectFolder, const QString &csvFolder,
                       bool overwrite = false);

@@ -33,8 +33,8 @@ struct CellColumns
 /** Whether a column of that name may well be meant for a needed field. */
 bool MayMean(const QString &name, const QString &field);
 
-/** Looks among the first rows for the one that names the needed fields of @p table, by their names
- *  in any letter case or, where no row does, by names much like them ("Descrizione" for Descri). */
+/** Looks among the first MostHeaderRows for the one that names the needed fields of @p table, in
+ *  any letter case. Names much like them ("Descrizione" for Descri) count less, as guesses. */
 CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table);
 inline constexpr qsizetype MostHeaderRows = 20; ///< that are looked at
 

@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "database/database.h"
+#include "platform/machine_path.h"
 #include "platform/whole_file.h"
 #include "store/archive_creation.h"
 
@@ -26,10 +27,7 @@ MadeFiles::~MadeFiles()
 void MadeFiles::makeFolder(const QString &folder)
 {
     const qsizetype end = m_paths.size();
-    const auto isMissing = [](const QString &path) {
-        return !QFileInfo::exists(path) && !QFileInfo(path).isSymLink(); // to what is not mounted
-    };
-    for (QString missing = folder; isMissing(missing); missing = QFileInfo(missing).path())
+    for (QString missing = folder; !IsTaken(missing); missing = QFileInfo(missing).path())
         m_paths.insert(end, missing);
     MakeFolder(folder);
 }

@@ -35,8 +35,8 @@ enum class AmountRole
 };
 
 /** Whether a field of a professional's note stays in the plain form it was typed in when it is
- * left. It is then misread, since in display form points do not count. A company's TotaleFattura
- * stays so, too, and is not asked about here. */
+ *  left. It is then misread, since in display form points do not count. A company's TotaleFattura
+ *  stays so, too, and is not asked about here. */
 inline bool StaysPlain(Amount field)
 {
     return field == Amount::AltriImporti || field == Amount::SoggettaRA;
@@ -112,8 +112,8 @@ struct AmountPast
     QString left;   ///< what it read when it was left last, before it was shown in display form
     bool isRewritten = false; ///< by the user, since it read @ref before
 
-    /** To be called on entry. A text that was only passed through was not written by the user: what
-     *  it was before that is kept. */
+    /** To be called on entry with what the field reads. If the user has written nothing since the
+     *  last entry, the text only went through the plain form: then @ref before stays. */
     void enter(const QString &text)
     {
         if (before.isEmpty() || isRewritten)

@@ -56,6 +56,16 @@ QPushButton *MakeButton(const QString &name, const QString &caption, const QStri
     return button;
 }
 
+QLayout *MakeLastRow(QPushButton *write, QWidget &form)
+{
+    auto *row = new QHBoxLayout;
+    row->addStretch(1);
+    row->addWidget(write);
+    row->addWidget(MakeButton(u"Annulla"_s, u"Annu&lla"_s, u"Chiude senza scrivere niente"_s,
+                              [&form] { form.close(); }));
+    return row;
+}
+
 void ShowLines(QListWidget &list, const QStringList &lines)
 {
     constexpr qsizetype most = 1000;

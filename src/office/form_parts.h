@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class QLayout;
 class QListWidget;
 class QPushButton;
 class QWidget;
@@ -25,6 +26,9 @@ QWidget *MakeField(const QString &caption, Qt::Orientation direction, QWidget *f
  *  button can't be pressed any more then, it does nothing. */
 QPushButton *MakeButton(const QString &name, const QString &caption, const QString &hint,
                         const std::function<void()> &action);
+
+/** The last row of a form that writes: @p write, and a button that closes the form without it. */
+QLayout *MakeLastRow(QPushButton *write, QWidget &form);
 
 /** Fills a list with lines, of which it shows a thousand and says how many more there are: to lay
  *  out many more takes seconds in which nothing moves. The first becomes current. */

@@ -9,7 +9,6 @@
 #include "verify/verification.h"
 
 #include <QBoxLayout>
-#include <QDir>
 #include <QFileInfo>
 #include <QPushButton>
 
@@ -77,8 +76,7 @@ void FrmControllo::setDay()
     const QString copy = SetPaymentValues(ArchiveFilePath(ArchiveFile::Ledger, m_folder),
                                           {m_payments->currentText(), u"Del"_s, m_day->text()});
     ShowMessage(MessageKind::Information,
-                u"La data è stata scritta. Il registro com'era sta in:\n"_s +
-                    QDir::toNativeSeparators(copy));
+                u"La data è stata scritta. Il registro com'era sta in:\n"_s + NativePaths({copy}));
     check();
 }
 

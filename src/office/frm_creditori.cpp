@@ -50,14 +50,9 @@ FrmCreditori::FrmCreditori(ProgramValues values, QWidget *parent)
     tabs->addTab(companies, u"Im&prese"_s);
     tabs->addTab(makePage(m_professionals, u"Professionisti"_s, m_known.professionals),
                  u"Pr&ofessionisti"_s);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(m_write);
-    buttons->addWidget(MakeButton(u"Annulla"_s, u"Annu&lla"_s, u"Chiude senza scrivere niente"_s,
-                                  [this] { close(); }));
     auto *whole = new QVBoxLayout(this);
     whole->addWidget(tabs, 1);
-    whole->addLayout(buttons);
+    whole->addLayout(MakeLastRow(m_write, *this));
     connect(m_contractor, &QComboBox::currentTextChanged, this, &FrmCreditori::showState);
     const auto enterCells = [tabs] {
         tabs->currentWidget()->findChild<QWidget *>(u"Celle"_s)->setFocus();

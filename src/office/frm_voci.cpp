@@ -100,12 +100,7 @@ QLayout *FrmVoci::makeButtons()
                          m_isVariant ? u"Mette queste voci al posto di quelle che ci sono"_s
                                      : u"Crea l'appalto con queste voci"_s,
                          [this] { write(false); });
-    auto *row = new QHBoxLayout;
-    row->addStretch(1);
-    row->addWidget(m_write);
-    row->addWidget(MakeButton(u"Annulla"_s, u"Annu&lla"_s, u"Chiude senza scrivere niente"_s,
-                              [this] { close(); }));
-    return row;
+    return MakeLastRow(m_write, *this);
 }
 
 QString FrmVoci::folder() const

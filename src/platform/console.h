@@ -12,7 +12,7 @@ namespace saldoro {
 bool PrintError(const QString &text);
 
 /** The text with a mark in place of each character that no screen shows, line ends apart: a text
- * from elsewhere must not steer the terminal that it is shown on. */
+ *  from elsewhere must not steer the terminal that it is shown on. */
 QString Harmless(QString text);
 
 /** Whether the standard error stream goes to a terminal. */

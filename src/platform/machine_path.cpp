@@ -47,4 +47,9 @@ QString MachinePath(const QString &archivePath)
 #endif
 }
 
+bool IsTaken(const QString &path)
+{
+    return QFileInfo::exists(path) || QFileInfo(path).isSymLink();
+}
+
 } // namespace saldoro

@@ -13,4 +13,8 @@ namespace saldoro {
  */
 QString MachinePath(const QString &archivePath);
 
+/** Whether something has that path of the machine. A link that leads nowhere counts: what it stands
+ *  for may be on a disk that is not there now. */
+bool IsTaken(const QString &path);
+
 } // namespace saldoro

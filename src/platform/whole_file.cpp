@@ -161,7 +161,7 @@ QByteArray ReadWholeFile(const QString &path)
 
 void PutInPlace(const QString &aside, const QString &path)
 {
-    if (QFileInfo::exists(path) || QFileInfo(path).isSymLink())
+    if (IsTaken(path))
         throw FileError(path, u"Il file c'è già."_s,
                         u"Spostare altrove il file esistente e riprovare."_s);
     std::error_code fault;

@@ -22,8 +22,9 @@ class WholeFile
 public:
     /** @param path archive path or path of the machine
      *  @param write fills the file; returns false when the file did not take something
-     *  Throws when the file can't be written whole, flush to the disk included (on Windows
-     *  replace() tells that), or, as far as that is known by now, when the earlier file can't be
+     *
+     *  Throws when the file can't be written whole, the flush to the disk included, which on
+     *  Windows replace() tells. Throws also when it shows by now that the earlier file can't be
      *  replaced: a folder of that name, a folder or file that one may not write, on Windows a file
      *  that another program keeps to itself. */
     WholeFile(const QString &path, const std::function<bool(QIODevice &)> &write);

@@ -2,10 +2,9 @@
 
 #include "common/errors.h"
 #include "database/database.h"
+#include "platform/machine_path.h"
 #include "store/archive_paths.h"
 #include "store/payment_amounts.h"
-
-#include <QFileInfo>
 
 #include <algorithm>
 #include <optional>
@@ -43,9 +42,8 @@ ListedContract ReadListedContract(const QString &folder, int lockWait)
     const Database contract =
         Database::open(ArchiveFilePath(ArchiveFile::Contract, folder), lockWait);
     std::optional<Database> ledger;
-    if (const QFileInfo file(ArchiveFilePath(ArchiveFile::Ledger, folder));
-        file.exists() || file.isSymLink()) // a link that leads nowhere is no new project
-        ledger = contract.attach(file.filePath());
+    if (const QString path = ArchiveFilePath(ArchiveFile::Ledger, folder); IsTaken(path))
+        ledger = contract.attach(path);
     const Transaction together(contract, TransactionKind::Reading);
     ListedContract summary;
     addBudget(summary, contract.openRecordSet(u"SELECT * FROM UltimaPerVariante"_s));

@@ -26,7 +26,7 @@ struct Finding
     QString place;   ///< payment, row, code... that it is about, or the whole finding
     QString problem; ///< what is wrong and what comes of it
     QString remedy;  ///< what to do
-    // The row that it is about, if it is about one.
+    // The row, of a finding that is about one.
     QString table = {};
     qsizetype row = -1; ///< in stored order, from 0
     QString field = {}; ///< that it is about, if it is about one
@@ -43,7 +43,7 @@ inline constexpr QStringView StopsClosing =
     u"la chiusura della schermata principale si ferma senza completare i documenti.";
 
 /** The report: the findings by their groups, within one in the order they were made, and a last
- * line with their number; without any, a line that says so. Ends with a line end. */
+ *  line with their number; without any, a line that says so. Ends with a line end. */
 QString FindingsReport(const Findings &findings);
 
 } // namespace saldoro

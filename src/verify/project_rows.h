@@ -33,7 +33,8 @@ struct ProjectTable
 /** The tables of a project that can be read, by their names. */
 using ProjectTables = std::map<QString, ProjectTable>;
 
-/** A payment, an allocation or a cost item. A value that is missing or wrong is none. */
+/** A payment, an allocation or a cost item. There is no value where the field holds null or what is
+ *  not of its kind. */
 struct CheckedRow
 {
     const ProjectTable *table = nullptr;

@@ -42,12 +42,6 @@ Finding fileFault(const QString &path, const DatabaseError &error)
             error.remedy()};
 }
 
-/** Whether the program writes into a table, for which it must not be a stored query. */
-bool isWritten(const QString &table)
-{
-    return QStringList{u"Fatture"_s, u"Spese"_s, u"SchedaProgetto"_s}.contains(table);
-}
-
 } // namespace
 
 /** What can't be read becomes a finding; the rest is read all the same. */
@@ -79,7 +73,7 @@ void Verification::read(const Database &database, ArchiveFile file)
         guarded(database.path(), [&] {
             m_tables.insert_or_assign(
                 table.name(), ProjectTable{table, StoredRows(database, table, Reading::AsProgram)});
-            if (isWritten(table.name()) &&
+            if (IsAddedTo(table.name()) && // for which it must not be a stored query
                 !database.openRecordSet(u"SELECT * FROM "_s + table.name()).isUpdatable())
                 addOfFile(database.path(),
                           u"nella tabella %1 il programma non può scrivere: è un'interrogazione o "

@@ -46,6 +46,11 @@ NewValue trialValue(const FieldDef &field, qint32 number, qint32 trial)
 
 } // namespace
 
+bool IsAddedTo(const QString &table)
+{
+    return !recordsOf(table).isEmpty();
+}
+
 void TryWriting(const Database &copy, ArchiveFile file)
 {
     for (const TableDef &table : TablesOf(file)) {
