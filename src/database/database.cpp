@@ -1,16 +1,12 @@
 #include "database/database.h"
 
 #include "common/errors.h"
-#include "database/connection.h"
 #include "database/record_rows.h"
 #include "database/sql_text.h"
+#include "database/statement.h"
 #include "platform/machine_path.h"
-#include "platform/whole_file.h"
 
-#include <QDateTime>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <utility>
@@ -20,20 +16,6 @@ namespace saldoro {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/** Makes a new, empty file; tells why it can't. */
-void createFile(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
-        const QFileInfo info(path);
-        if (info.exists())
-            throw DatabaseError(DatabaseFault::FileExists, path);
-        throw DatabaseError(info.absoluteDir().exists() ? DatabaseFault::ReadOnly
-                                                        : DatabaseFault::FileMissing,
-                            path);
-    }
-}
 
 /** The statement that made the table ("table") or stored query ("view") of that name; no text when
  *  there is none. */
@@ -65,7 +47,7 @@ Database::Database(std::shared_ptr<Connection> file)
 Database Database::create(const QString &path, const QString & /*locale*/)
 {
     const QString machinePath = MachinePath(path);
-    createFile(machinePath);
+    CreateEmptyFile(machinePath);
     try {
         return Database(std::make_shared<Connection>(machinePath, FileAccess::Create));
     } catch (...) {
@@ -157,83 +139,11 @@ RecordSet Database::openRecordSet(const QString &sql) const
         std::make_unique<RecordRows>(m_file, std::move(statement), query.singleTable, rowIdName));
 }
 
-QString Database::copyName(const QString &original)
-{
-    return original + u" copia "_s +
-           QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss"_s);
-}
-
-QString Database::backUpBeside() const
-{
-    const QFileInfo original(path());
-    const QString name = original.dir().filePath(copyName(original.completeBaseName()));
-    QString copy = name + u".mdb"_s;
-    for (int number = 2; QFile::exists(copy); ++number)
-        copy = name + u" (%1).mdb"_s.arg(number);
-    copyTo(copy);
-    return copy;
-}
-
-void Database::copyTo(const QString &copyPath) const
-{
-    const QString aside =
-        QFileInfo(copyPath).dir().filePath(QFileInfo(path()).fileName() + u".copia"_s);
-    const auto removeAside = [&aside] {
-        QFile::remove(aside);
-        QFile::remove(journalPath(aside));
-    };
-    removeAside(); // of a copy that was broken off
-    createFile(aside);
-    try {
-        {
-            Connection copy(aside, FileAccess::Create);
-            // On a connection of its own, which also reads while this one has the write lock.
-            Connection(path(), FileAccess::ReadWrite).copyTo(copy);
-        }
-        QFile::setPermissions(aside, QFile::permissions(path()));
-        PutInPlace(aside, copyPath);
-    } catch (...) {
-        removeAside();
-        throw;
-    }
-}
-
-Database Database::copyInMemory() const
-{
-    const auto copy = std::make_shared<Connection>(path(), FileAccess::InMemory);
-    m_file->copyTo(*copy);
-    return Database(copy);
-}
-
 QString Database::damage() const
 {
     Statement check(m_file, u"PRAGMA %1.quick_check(1)"_s.arg(m_file->schema()));
     const QString found = check.step() ? check.text(0) : QString();
     return found == "ok"_L1 ? QString() : found;
-}
-
-bool Database::hasPlainJournal(const QString &path)
-{
-    constexpr qint64 writerVersion = 18; // in the header: which programs may write the file, and so
-    constexpr char writeAheadLog = 2;
-    QFile file(MachinePath(path));
-    char version = 0;
-    const bool isRead = QFileInfo(file).isFile() && // to open a pipe would wait for ever
-                        file.open(QIODevice::ReadOnly) && file.seek(writerVersion) &&
-                        file.getChar(&version);
-    return !isRead || version != writeAheadLog;
-}
-
-QString Database::noPlainJournalProblem()
-{
-    return u"ha un giornale (WAL) che lascia altri file accanto, senza i quali una copia non vale: "
-           "riportarlo al giornale normale nel programma che lo tiene."_s;
-}
-
-void Database::requirePlainJournal(const QString &path)
-{
-    if (!hasPlainJournal(path))
-        throw FileError(MachinePath(path), u"Il file "_s + noPlainJournalProblem());
 }
 
 QString Database::path() const

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "database/connection.h"
 #include "database/criterion.h"
 #include "database/field_value.h"
 #include "database/sql_text.h"
+#include "database/statement.h"
 
 #include <QHash>
 #include <QList>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/connection.h"
 #include "database/database.h"
+#include "database/statement.h"
 
 #include <QList>
 #include <QString>

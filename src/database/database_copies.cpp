@@ -1,0 +1,88 @@
+#include "common/errors.h"
+#include "database/connection.h"
+#include "database/database.h"
+#include "platform/machine_path.h"
+#include "platform/whole_file.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace saldoro {
+
+using namespace Qt::StringLiterals;
+
+QString Database::copyName(const QString &original)
+{
+    return original + u" copia "_s +
+           QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss"_s);
+}
+
+QString Database::backUpBeside() const
+{
+    const QFileInfo original(path());
+    const QString name = original.dir().filePath(copyName(original.completeBaseName()));
+    QString copy = name + u".mdb"_s;
+    for (int number = 2; QFile::exists(copy); ++number)
+        copy = name + u" (%1).mdb"_s.arg(number);
+    copyTo(copy);
+    return copy;
+}
+
+void Database::copyTo(const QString &copyPath) const
+{
+    const QString aside =
+        QFileInfo(copyPath).dir().filePath(QFileInfo(path()).fileName() + u".copia"_s);
+    const auto removeAside = [&aside] {
+        QFile::remove(aside);
+        QFile::remove(journalPath(aside));
+    };
+    removeAside(); // of a copy that was broken off
+    CreateEmptyFile(aside);
+    try {
+        {
+            Connection copy(aside, FileAccess::Create);
+            // On a connection of its own, which also reads while this one has the write lock.
+            Connection(path(), FileAccess::ReadWrite).copyTo(copy);
+        }
+        QFile::setPermissions(aside, QFile::permissions(path()));
+        PutInPlace(aside, copyPath);
+    } catch (...) {
+        removeAside();
+        throw;
+    }
+}
+
+Database Database::copyInMemory() const
+{
+    const auto copy = std::make_shared<Connection>(path(), FileAccess::InMemory);
+    m_file->copyTo(*copy);
+    return Database(copy);
+}
+
+bool Database::hasPlainJournal(const QString &path)
+{
+    constexpr qint64 writerVersion = 18; // in the header: which programs may write the file, and so
+    constexpr char writeAheadLog = 2;
+    QFile file(MachinePath(path));
+    char version = 0;
+    const bool isRead = QFileInfo(file).isFile() && // to open a pipe would wait for ever
+                        file.open(QIODevice::ReadOnly) && file.seek(writerVersion) &&
+                        file.getChar(&version);
+    return !isRead || version != writeAheadLog;
+}
+
+QString Database::noPlainJournalProblem()
+{
+    return u"ha un giornale (WAL) che lascia altri file accanto, senza i quali una copia non vale: "
+           "riportarlo al giornale normale nel programma che lo tiene."_s;
+}
+
+void Database::requirePlainJournal(const QString &path)
+{
+    if (!hasPlainJournal(path))
+        throw FileError(MachinePath(path), u"Il file "_s + noPlainJournalProblem());
+}
+
+} // namespace saldoro
