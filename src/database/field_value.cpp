@@ -76,7 +76,7 @@ struct Converter
             IsText(field) || field.type == FieldType::Date || field.type == FieldType::Undeclared;
         if (!isKeptAsText)
             return DatabaseFault::TypeMismatch;
-        if (field.size > 0 && CharacterCount(text) > field.size)
+        if (field.size > 0 && text.size() > field.size && CharacterCount(text) > field.size)
             return DatabaseFault::FieldTooSmall;
         return StoredValue(KeptText(text.toUtf8(), texts));
     }

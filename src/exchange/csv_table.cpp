@@ -145,20 +145,21 @@ GivenTable tableOf(const QString &text, const ExchangedTable &table, const Table
     if (!faults.isEmpty())
         return {&table, {}};
     unknownFields = columns.unknown;
-    const TextRows cells = RowsOfText(text, separator);
-    const auto readAs = [&, &columns = columns](Notation notation, QList<CellFault> &found) {
-        return TypedRowsOf(cells.rows, columns, table, stored, notation, found);
-    };
+    TextRows cells = RowsOfText(text, separator);
     const bool isItalian = separator == u';';
     const Notation own = isItalian ? Notation::Italian : Notation::International;
     const Notation other = isItalian ? Notation::International : Notation::Italian;
-    GivenTable given = readAs(own, faults);
-    if (const int line = rowAboveHeader(cells.rows, columns, table, stored, own))
-        faults.append({line, {}, u"sta sopra l'intestazione, che va in cima al file."_s});
+    const int lineAbove = rowAboveHeader(cells.rows, columns, table, stored, own);
+    GivenTable given = TypedRowsOf(std::move(cells.rows), columns, table, stored, own, faults);
+    if (lineAbove > 0)
+        faults.append({lineAbove, {}, u"sta sopra l'intestazione, che va in cima al file."_s});
     // A single fault may be a typing error, though the other notation has none.
     QList<CellFault> otherFaults;
+    if (faults.size() > 1)
+        cells = RowsOfText(text, separator);
     if (faults.size() > 1 && ToldNotation(cells.rows, columns, table) == other &&
-        (readAs(other, otherFaults), otherFaults.size() + 1 < faults.size()))
+        (TypedRowsOf(cells.rows, columns, table, stored, other, otherFaults),
+         otherFaults.size() + 1 < faults.size()))
         faults = {{0,
                    {},
                    u"gli importi e le date sono scritti %1: salvare il file con «%2»."_s.arg(

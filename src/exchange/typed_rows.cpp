@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace saldoro {
 
@@ -63,14 +64,14 @@ public:
         }
     }
 
-    GivenTable read(const QList<CellRow> &rows)
+    GivenTable read(QList<CellRow> rows)
     {
         Progress progress(u"Lettura di "_s + m_table.name());
         const auto last = std::find_if_not(rows.rbegin(), rows.rend(), isBlank);
         m_isLastWhole = last != rows.rend() && last->cells.size() >= m_columns.places.size();
         for (qsizetype row = m_columns.firstRow; row < rows.size(); ++row) {
             if (!isBlank(rows[row]))
-                readRow(rows[row]);
+                readRow(std::exchange(rows[row], {})); // the room serves the next ones
             progress.show(row);
         }
         return std::move(m_result);
@@ -161,11 +162,10 @@ QString GivenTable::rowName(qsizetype row) const
     return u"%1, riga %2"_s.arg(source).arg(lines.value(row, static_cast<int>(row) + 1));
 }
 
-GivenTable TypedRowsOf(const QList<CellRow> &rows, const CellColumns &columns,
-                       const ExchangedTable &table, TableDef stored,
-                       std::optional<Notation> notation, QList<CellFault> &faults)
+GivenTable TypedRowsOf(QList<CellRow> rows, const CellColumns &columns, const ExchangedTable &table,
+                       TableDef stored, std::optional<Notation> notation, QList<CellFault> &faults)
 {
-    return RowsReader(columns, table, std::move(stored), notation, faults).read(rows);
+    return RowsReader(columns, table, std::move(stored), notation, faults).read(std::move(rows));
 }
 
 } // namespace saldoro

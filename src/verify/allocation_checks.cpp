@@ -2,7 +2,6 @@
 
 #include "common/amount_text.h"
 #include "common/errors.h"
-#include "database/text_order.h"
 
 #include <QHash>
 #include <QSet>
@@ -46,7 +45,7 @@ void CheckRepeated(const CheckedProject &project, Findings &findings)
         if (!allocation.number || !allocation.code)
             continue;
         const qsizetype before = items.size();
-        items.insert({*allocation.number, ComparableText(allocation.code->toUtf8())});
+        items.insert({*allocation.number, allocation.comparableCode});
         if (items.size() == before)
             findings.append(FindingAt(
                 allocation, FindingGroup::Allocations,
@@ -99,13 +98,13 @@ void CheckItems(const CheckedProject &project, Findings &findings)
     std::unordered_map<QByteArray, QString> codes;
     for (const CheckedRow &item : project.budget) {
         if (item.code)
-            codes.try_emplace(ComparableText(item.code->toUtf8()), *item.code);
+            codes.try_emplace(item.comparableCode, *item.code);
     }
     for (const CheckedRow &allocation : project.allocations) {
         const auto add = [&](const QString &problem, QStringView remedy = openPayment) {
             findings.append(FindingAt(allocation, FindingGroup::Allocations, problem, remedy));
         };
-        const auto code = codes.find(ComparableText(allocation.code.value_or(QString()).toUtf8()));
+        const auto code = codes.find(allocation.comparableCode);
         if (!allocation.code)
             add(u"manca il codice della voce: l'importo non compare nel quadro di "
                 "disponibilità."_s);

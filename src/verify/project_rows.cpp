@@ -5,6 +5,8 @@
 #include "database/text_order.h"
 #include "store/payment_amounts.h"
 
+#include <QHash>
+
 #include <algorithm>
 
 namespace saldoro {
@@ -17,11 +19,18 @@ QList<CheckedRow> rowsOf(const ProjectTable &table, const QString &number, const
                          const QString &amount)
 {
     QList<CheckedRow> rows(table.rows.size());
+    QHash<QString, QByteArray> comparable; // of few codes in many rows
     for (qsizetype place = 0; place < rows.size(); ++place) {
         CheckedRow &row = rows[place];
         row.table = &table;
         row.place = place;
         row.code = table.value<QString>(place, code);
+        if (row.code) {
+            QByteArray &form = comparable[*row.code];
+            if (form.isEmpty())
+                form = ComparableText(row.code->toUtf8());
+            row.comparableCode = form;
+        }
         if (!number.isEmpty())
             row.number = table.value<qint32>(place, number);
         if (!amount.isEmpty())

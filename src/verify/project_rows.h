@@ -4,6 +4,7 @@
 #include "store/table_rows.h"
 #include "verify/findings.h"
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 
@@ -42,6 +43,7 @@ struct CheckedRow
     int row = 0;                         ///< in the order in which the program shows them, from 1
     std::optional<qint32> number = {};   ///< of the payment
     std::optional<QString> code = {};    ///< of the cost item; of a payment its kind of creditor
+    QByteArray comparableCode = {};      ///< the code in its ComparableText() form
     std::optional<Currency> amount = {}; ///< of an allocation; what a payment adds up to
     bool isBeyondRange = false;          ///< what a payment adds up to
 
