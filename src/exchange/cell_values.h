@@ -28,8 +28,8 @@ std::optional<QDate> DayOf(QStringView text, Notation notation);
  *  count. */
 std::optional<qint32> WholeOf(QStringView text);
 
-/** The value that a cell gives a field of that type, null for a null text; no value for a text that
- *  is not written as one of the type. */
+/** The value that a cell gives a field of that type; no value for a text that is not written as one
+ *  of the type. A null text gives null, an empty one stays an empty text in a date field, too. */
 std::optional<NewValue> ValueOfCell(const QString &cell, FieldType type, Notation notation);
 
 /** How a value of that type is written, for messages: "un importo come 1.234,56". Not for texts. */

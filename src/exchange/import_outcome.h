@@ -19,13 +19,13 @@ struct ImportOutcome
     QStringList copies = {};   ///< paths of the databases as they were, where one has changed
     QString summary = {};      ///< what was written: rows and total of each table, changed items
 
-    /** Warnings, errors and findings with headings, as FirstLinesOf(), and whether
-     *  nothing was written. */
+    /** Warnings, errors and findings with headings, as FirstLinesOf(), and whether nothing was
+     *  written. */
     QString remarks() const;
 };
 
 /** LinesOf() those findings; of one group, table and field the first MostLinesTold and, last of
- * all, how many more there are. */
+ *  all, how many more there are. */
 QStringList FirstLinesOf(const Findings &findings);
 
 /** "Place: problem" of each finding. */

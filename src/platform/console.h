@@ -11,7 +11,7 @@ namespace saldoro {
 [[nodiscard]] bool PrintOut(const QString &text);
 bool PrintError(const QString &text);
 
-/** The text with a mark in place of each character that no screen shows, line ends apart: a text
+/** The text with a mark in place of each character that no screen shows, line feeds apart: a text
  *  from elsewhere must not steer the terminal that it is shown on. */
 QString Harmless(QString text);
 
