@@ -129,6 +129,10 @@ void TestImport::replaces()
     const Office office;
     office.putBudget("A1;Scavi;1\n");
 #ifndef Q_OS_WIN
+    // A file that is not there, while its link is.
+    QFile::link(u"nowhere"_s, office.csv() + u"/Spese.csv"_s);
+    QVERIFY(office.import().contains(u"Il file non può essere letto."_s));
+    QVERIFY(QFile::remove(office.csv() + u"/Spese.csv"_s));
     // A name that is found taken only at the end: the new code map does not stay either.
     QVERIFY(QDir().mkpath(QFileInfo(office.project()).path()) &&
             QFile::link(u"nowhere"_s, office.project()));

@@ -4,6 +4,7 @@
 #include "verify/verification.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QTest>
 
 using namespace saldoro;
@@ -180,6 +181,13 @@ void TestVerify::finds()
 void TestVerify::unreadableFilesAreFindings()
 {
     const SoundProject project;
+    const QString contract = MachinePath(project.path(u'C'));
+    QVERIFY(QFile::setPermissions(contract, QFile::ReadOwner));
+    const bool isClosed = !QFileInfo(contract).isWritable(); // not to a superuser
+    const QString closed =
+        isClosed ? u"Appalto.mdb: L'archivio non accetta modifiche."_s : QString();
+    QCOMPARE(summary(VerifyProject(project.folder()), closed), closed);
+    QVERIFY(QFile::setPermissions(contract, QFile::ReadOwner | QFile::WriteOwner));
     QVERIFY(QFile::remove(MachinePath(project.path(u'A'))));
     QFile codes(MachinePath(project.path(u'K')));
     QVERIFY(codes.resize(0));

@@ -23,7 +23,9 @@ namespace {
 std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, Findings &errors)
 {
     std::map<const ExchangedTable *, QString> paths;
-    for (const QFileInfo &file : QDir(folder).entryInfoList({u"*.csv"_s}, QDir::Files)) {
+    // What has the name and is no file, such as a link to what is missing, is told when it is read.
+    constexpr auto any = QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot;
+    for (const QFileInfo &file : QDir(folder).entryInfoList({u"*.csv"_s}, any)) {
         const ExchangedTable *table = TableNamed(file.completeBaseName());
         if (table == nullptr)
             errors.append(LineFinding(file.fileName() + u": nessuna tabella ha questo nome."_s));

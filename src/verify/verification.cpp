@@ -89,6 +89,10 @@ void Verification::read(const Database &database, ArchiveFile file)
 
 void Verification::tryWriting(const Database &database, ArchiveFile file)
 {
+    const bool isWritten = file == ArchiveFile::Ledger || file == ArchiveFile::Contract;
+    if (isWritten && !QFileInfo(database.path()).isWritable())
+        return m_ofFiles.append(
+            fileFault(database.path(), DatabaseError(DatabaseFault::ReadOnly, database.path())));
     try {
         TryWriting(database.copyInMemory(), file);
     } catch (const DatabaseError &error) {

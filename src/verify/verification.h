@@ -35,9 +35,9 @@ private:
 
 /**
  * Reads the databases of the project in @p folder (of the machine) without changing anything and
- * applies every check. Missing or damaged files, tables and fields are findings too. The code map
- * is that of the same archive unless @p codes names another file. Shows its Progress. Throws as
- * Verification::read().
+ * applies every check; what the next save writes is tried on copies in memory. Missing or damaged
+ * files, tables and fields are findings too. The code map is that of the same archive unless @p
+ * codes names another file. Shows its Progress. Throws as Verification::read().
  */
 Findings VerifyProject(const QString &folder, const QString &codes = {});
 
