@@ -25,11 +25,6 @@ QString command(const ProjectPlace &place)
                                          : u' ' + LaunchToken.toString() + place.code);
 }
 
-bool isSameFolder(const QString &one, const QString &other)
-{
-    return QDir(MachinePath(one)).canonicalPath() == QDir(MachinePath(other)).canonicalPath();
-}
-
 } // namespace
 
 ProjectPlace ProjectPlaceOf(const QString &folder)
@@ -54,7 +49,8 @@ QString AdoptArchivesRoot(const ProjectPlace &place)
 {
     const auto present = StoredArchivesRoot();
     QString opened = u"Per aprire il progetto: "_s + command(place) + u'\n';
-    if (present && isSameFolder(*present, place.root))
+    const auto folder = [](const QString &root) { return QDir(MachinePath(root)).canonicalPath(); };
+    if (present && folder(*present) == folder(place.root))
         return opened;
     if (present)
         return u"Saldoro cerca gli archivi in un'altra cartella, «%1»: finché l'impostazione non "

@@ -24,18 +24,13 @@ NewValue textOrNull(const QString &text)
     return text.isEmpty() ? NewValue() : NewValue(text);
 }
 
-NewValue dateOrNull(const QString &boxText)
-{
-    return boxText == EmptyDateText ? NewValue() : textOrNull(boxText);
-}
-
 void fillPayment(RecordSet &payments, const PaymentRecord &record)
 {
     payments.set(u"AziProf"_s, KindCode(record.kind));
     payments.set(u"Npag"_s, record.number);
     payments.set(u"Creditore"_s, textOrNull(record.creditore));
     payments.set(u"NFat"_s, record.nFat);
-    payments.set(u"Del"_s, dateOrNull(record.del));
+    payments.set(u"Del"_s, record.del == EmptyDateText ? NewValue() : textOrNull(record.del));
     payments.set(u"Memo"_s, record.memo);
     payments.set(u"Descrizione"_s, record.descrizione);
     for (const AmountField &field : AmountChainOf(record.kind).fields) {

@@ -26,17 +26,6 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/** The caption of a field's box, with its mnemonic. */
-QString boxCaption(const QString &field)
-{
-    static const QMap<QString, QString> marked{{u"Importo"_s, u"I&mporto"_s}};
-    return marked.value(field, u'&' + PastedTable::caption(field));
-}
-
-} // namespace
-
 PasteTable::PasteTable(PastedTable &pasted, QWidget *parent)
     : QWidget(parent)
     , m_pasted(pasted)
@@ -99,7 +88,9 @@ QLayout *PasteTable::makeColumnBoxes()
     for (const QString &field : m_pasted.table().fieldNames()) {
         auto *box = new QComboBox;
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        row->addWidget(MakeField(boxCaption(field), Qt::Horizontal, box, u"Colonna_"_s + field,
+        const QString caption =
+            field == "Importo"_L1 ? u"I&mporto"_s : u'&' + PastedTable::caption(field);
+        row->addWidget(MakeField(caption, Qt::Horizontal, box, u"Colonna_"_s + field,
                                  u"Quale colonna delle celle è "_s + PastedTable::caption(field)),
                        1);
         m_columnBoxes[field] = box;
