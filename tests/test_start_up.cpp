@@ -182,6 +182,10 @@ private slots:
     {
         const QString ledger = MachinePath(LedgerPath(m_archive->values()));
         QVERIFY(QFile::remove(ledger));
+        // Nor where one is missing that needs its journal.
+        WriteFile(ledger + u"-journal"_s, "x");
+        QVERIFY_THROWS_EXCEPTION(FileError, start({}));
+        QVERIFY(!QFile::exists(ledger) && QFile::remove(ledger + u"-journal"_s));
         QVERIFY(start({}));
         QCOMPARE(m_values.ArchiveRoot, m_archive->values().ArchiveRoot);
         QCOMPARE(m_archive->ledgerRows(u"SELECT count(*) FROM Fatture"_s).trimmed(), u"0"_s);

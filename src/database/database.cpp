@@ -146,6 +146,13 @@ QString Database::damage() const
     return found == "ok"_L1 ? QString() : found;
 }
 
+void Database::requireNoJournal(const QString &path)
+{
+    if (const QString journal = journalPath(MachinePath(path)); QFileInfo::exists(journal))
+        throw FileError(journal, u"Il file è di un archivio che manca."_s,
+                        u"Rimettere l'archivio al suo posto, o spostare questo file."_s);
+}
+
 QString Database::path() const
 {
     return m_file->path();

@@ -110,6 +110,10 @@ public:
     /** Path of the file beside a database that undoes a change which was broken off. */
     static QString journalPath(const QString &path) { return path + QStringLiteral("-journal"); }
 
+    /** Throws FileError when such a file lies where a database is to be made: the engine would drop
+     *  or play it, and the database that it belongs to, now missing, needs it. */
+    static void requireNoJournal(const QString &path);
+
     /** The path of the machine, for messages. */
     QString path() const;
 

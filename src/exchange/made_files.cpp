@@ -1,6 +1,5 @@
 #include "exchange/made_files.h"
 
-#include "common/errors.h"
 #include "database/database.h"
 #include "platform/machine_path.h"
 #include "platform/whole_file.h"
@@ -34,10 +33,7 @@ void MadeFiles::makeFolder(const QString &folder)
 
 void MadeFiles::makeDatabase(const QString &path, ArchiveFile file)
 {
-    const QString journal = Database::journalPath(path);
-    if (QFileInfo::exists(journal)) // the engine would play it into the new database
-        throw FileError(journal, u"Il file è di un archivio che manca."_s,
-                        u"Rimettere l'archivio al suo posto, o spostare questo file."_s);
+    Database::requireNoJournal(path);
     const QString aside = path + UnfinishedEnd.toString();
     MadeFiles ofThisStep;
     QFile::remove(aside); // of a try that was broken off
@@ -45,7 +41,7 @@ void MadeFiles::makeDatabase(const QString &path, ArchiveFile file)
     ofThisStep.add(Database::journalPath(aside));
     CreateArchiveFile(aside, file);
     PutInPlace(aside, path);
-    add(journal);
+    add(Database::journalPath(path));
     add(path);
 }
 

@@ -16,6 +16,7 @@ constexpr QStringView archiveLocale = u";LANGID=0x0409;CP=1252;COUNTRY=0";
 Database CreateLedgerDatabase(const QString &projectFolder)
 {
     const QString path = projectFolder % u'\\' % ArchiveFileName::Ledger;
+    Database::requireNoJournal(path);
     // The file is made and let go of, then opened as everyone else opens it: whatever stands in
     // the way of that shows here and not at the first payment.
     Database::create(path, archiveLocale.toString());
