@@ -78,7 +78,8 @@ private slots:
             "misura.\n! Importo: «1,234» può essere mille volte tanto: scriverlo con due "
             "decimali.\n= 1.234,50");
         add("what may be a thousand times as much", "A1\tScavi\t1,234",
-            "! Importo: «1,234» può essere mille volte tanto: scriverlo con due decimali.\n= 0,00");
+            "! Importo: «1,234» può essere mille volte tanto: scriverlo con due o quattro "
+            "decimali.\n= 0,00");
         add("something lacks", "A1\t\t5,00\nA2\tMuri\t\nA3\tTetti\t#RIF!",
             "! manca Descrizione.\n! manca Importo.\n! Importo: «#RIF!» non è un importo come "
             "1.234,56, o è fuori misura.\n= 0,00");

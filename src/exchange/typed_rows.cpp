@@ -135,7 +135,8 @@ private:
                 ExpectedValue(typeOf(place), m_notation));
         if (m_notation == Notation::Italian && hasThreeDecimals(cell) &&
             ValueOfCell(cell, typeOf(place), Notation::International).value_or(value) != value)
-            return u"«%1» può essere mille volte tanto: scriverlo con due decimali."_s.arg(cell);
+            return u"«%1» può essere mille volte tanto: scriverlo con due o quattro decimali."_s
+                .arg(cell);
         return refusal(m_stored[place], value);
     }
 
