@@ -75,8 +75,8 @@ private slots:
             "all'italiana.");
         add("both notations", "A1\tScavi\t1.234,50\nA2\tMuri\t1,234.50\nA3\tTetti\t1,234",
             "A1|Scavi|1.234,50\n! Importo: «1,234.50» non è un importo come 1.234,56, o è fuori "
-            "misura.\n! Importo: «1,234» può essere mille volte tanto: scriverlo con due "
-            "decimali.\n= 1.234,50");
+            "misura.\n! Importo: «1,234» può essere mille volte tanto: scriverlo con due o "
+            "quattro decimali.\n= 1.234,50");
         add("what may be a thousand times as much", "A1\tScavi\t1,234",
             "! Importo: «1,234» può essere mille volte tanto: scriverlo con due o quattro "
             "decimali.\n= 0,00");
