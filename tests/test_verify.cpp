@@ -188,7 +188,11 @@ void TestVerify::unreadableFilesAreFindings()
         isClosed ? u"Appalto.mdb: L'archivio non accetta modifiche."_s : QString();
     QCOMPARE(summary(VerifyProject(project.folder()), closed), closed);
     QVERIFY(QFile::setPermissions(contract, QFile::ReadOwner | QFile::WriteOwner));
-    QVERIFY(QFile::remove(MachinePath(project.path(u'A'))));
+    QFile companies(MachinePath(project.path(u'A')));
+    QVERIFY(companies.resize(companies.size() - 1));
+    const QString cut = u"AZIDB.mdb: il file è danneggiato (manca la fine)"_s;
+    QCOMPARE(summary(VerifyProject(project.folder()), cut), cut);
+    QVERIFY(companies.remove());
     QFile codes(MachinePath(project.path(u'K')));
     QVERIFY(codes.resize(0));
     project.archive.execute(project.path(u'C'), u"PRAGMA journal_mode = WAL"_s);

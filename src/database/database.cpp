@@ -141,6 +141,10 @@ RecordSet Database::openRecordSet(const QString &sql) const
 
 QString Database::damage() const
 {
+    // The engine reads what the last page lacks as nulls, and finds that in order.
+    Statement page(m_file, u"PRAGMA %1.page_size"_s.arg(m_file->schema()));
+    if (page.step() && QFileInfo(path()).size() % page.whole(0) != 0)
+        return u"manca la fine"_s;
     Statement check(m_file, u"PRAGMA %1.quick_check(1)"_s.arg(m_file->schema()));
     const QString found = check.step() ? check.text(0) : QString();
     return found == "ok"_L1 ? QString() : found;

@@ -94,8 +94,9 @@ public:
     /** What a copy that is made now is called: "Saldoro copia 2026-03-31 10.15.00" of "Saldoro". */
     static QString copyName(const QString &original);
 
-    /** The first fault that the engine finds when it looks through the whole file, in its own
-     *  words; empty when the file is sound. Throws NotADatabase when it can't even do that. */
+    /** That the file has lost its end, or the first fault that the engine finds when it looks
+     *  through the whole file, in its own words; empty when the file is sound. Throws NotADatabase
+     *  when it can't even do that. */
     QString damage() const;
 
     /** Whether the file at @p path has an ordinary rollback journal, and so no companion files
