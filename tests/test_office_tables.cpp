@@ -83,6 +83,28 @@ private slots:
                         .contains(u"00113|2|1.003,50|0|0,00|1.003,50||"_s));
     }
 
+    /** What the check finds stands in the row that it is about. */
+    void faultyCodes()
+    {
+        ContractsArchive office;
+        FrmVoci form(office.project.archive.values().ArchiveRoot, {}, nullptr);
+        form.setAttribute(Qt::WA_DeleteOnClose, false);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        QGuiApplication::clipboard()->setText(
+            u"Cod\tVoce di spesa\tImporto\nA'1\tScavi\t1\nB1\tMuri\t2\nb1\tTetti\t4"_s);
+        Play(&form, u"to Celle, Ctrl+V"_s);
+        const auto *cells = Find<QTableWidget>(form, u"Celle"_s);
+        QStringList faulty;
+        for (int row = 0; row < cells->rowCount(); ++row) {
+            if (cells->item(row, 0)->text().contains(u"codice"_s))
+                faulty += QString::number(row);
+        }
+        QCOMPARE(faulty.join(u' '), u"1 3"_s);
+        QCOMPARE(Find<QLabel>(form, u"Somma"_s)->text().section(u'\n', 0, 0),
+                 u"Righe da prendere: 1    Totale: 2,00    Tralasciate: 1    Da correggere: 2"_s);
+    }
+
     /** CSV files are dropped on the table; where commas part the cells, none of an amount does. */
     void droppedFile()
     {

@@ -29,7 +29,7 @@ QList<CellFault> budgetFaults(const TableRows &rows)
     CheckBudget(CheckedProject(budget), findings);
     QList<CellFault> faults;
     for (const Finding &finding : findings)
-        faults.append({static_cast<int>(finding.row), {}, finding.problem});
+        faults.append({static_cast<int>(finding.row) + 1, {}, finding.problem});
     return faults;
 }
 
