@@ -68,7 +68,7 @@ void TestImportReplacement::takesOverOrRefuses()
                              "A;1;Alfa;1/2/2024;10;2;nota\nA;2;Beta;1/2/2024;5;0;\n");
     office.put(u"Spese"_s, "RelNpag;Cod;Importo\n1;A1;12\n2;A1;5\n");
     QVERIFY(office.import().startsWith(u"chiavi.mdb: creato\n"_s));
-    const auto sound = office.archive();
+    auto sound = office.archive();
     // What another program did to the table, the new file, what is said and the rows that stand
     // there after; without rows nothing has changed, wanted or not.
     const auto check = [&](const char *table, const char *sql, const char *file, const char *told,
@@ -144,6 +144,11 @@ void TestImportReplacement::takesOverOrRefuses()
     // Values that can't be read right are one, whenever they came.
     check("Spese", "UPDATE Fatture SET Importo = 'dodici' WHERE Npag = 2",
           "RelNpag;Cod;Importo\n1;A1;12\n", "«dodici» non è un importo esatto", nullptr, false);
+    // Documents without a code are no items that rows of other tables could be.
+    office.restore(sound);
+    office.rows(ArchiveFile::Codes, u"UPDATE Funzioni SET CodExt = ''"_s);
+    sound = office.archive();
+    check("Spese", "", "RelNpag;Cod;Importo\n1;A1;12\n", "Spese: 1 riga", "1|A1|-|120000");
     const ProjectOpenMark opened(MachinePath(office.project()));
     check("Spese", "", "RelNpag;Cod;Importo\n1;A1;12\n2;B2;5\n", "Saldoro ha aperto il progetto",
           nullptr, false);

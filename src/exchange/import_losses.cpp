@@ -1,7 +1,7 @@
 #include "exchange/import_losses.h"
 
 #include "exchange/import_outcome.h"
-#include "store/written_items.h"
+#include "store/own_items.h"
 
 namespace saldoro {
 
@@ -22,17 +22,16 @@ ImportLosses LossesOf(const GivenTable &given, const TableChange &change,
         if (item.isDropped && item.isPaid)
             losses.refusals.append(LineFinding(given.source + u": "_s + item.text()));
     }
-    const WrittenItems written(rowsOf(u"Funzioni"_s));
+    const OwnItems own(rowsOf(u"Funzioni"_s));
     for (const TableRow &row : DroppedRows(table, change)) {
+        const QString key = KeyOf(table, row);
         if (table.name() == "Fatture"_L1)
             losses.refusals.append(LineFinding(u"%1: toglie il pagamento %2 (%3)."_s.arg(
-                given.source, KeyOf(table, row), TextOf(row[table.place(u"Creditore"_s)]))));
-        const QString item =
-            table.name() == "SchedaProgetto"_L1 ? TextOf(row[table.place(u"Voce"_s)]) : QString();
-        if (written.contains(item))
+                given.source, key, TextOf(row[table.place(u"Creditore"_s)]))));
+        if (table.name() == "SchedaProgetto"_L1 && own.contains(key))
             losses.errors.append(LineFinding(
                 u"%1: andrebbe persa la voce %2 (%3), che ha scritto Saldoro; aggiungerla al file."_s
-                    .arg(given.source, item, TextOf(row[table.place(u"Descri"_s)]))));
+                    .arg(given.source, key, TextOf(row[table.place(u"Descri"_s)]))));
     }
     return losses;
 }

@@ -1,4 +1,4 @@
-#include "store/written_items.h"
+#include "store/own_items.h"
 
 #include "store/internal_codes.h"
 #include "store/mandate_note.h"
@@ -7,14 +7,14 @@
 
 namespace saldoro {
 
-WrittenItems::WrittenItems(const TableRows &codes)
+OwnItems::OwnItems(const TableRows &codes)
 {
     for (const TableRow &row : codes) {
         const QString code = TextOf(row[0]);
         const auto used = std::ranges::find_if(UsedCodes, [&code](const UsedCode &one) {
             return AreEqualTexts(code, one.code.toString());
         });
-        if (used == UsedCodes.end() || used->use == CodeUse::Search)
+        if (used == UsedCodes.end() || used->use == CodeUse::Search || TextOf(row[1]).isEmpty())
             continue;
         if (used->use == CodeUse::Note)
             m_noteStart = MandateKeyStart(TextOf(row[1]));
@@ -23,7 +23,7 @@ WrittenItems::WrittenItems(const TableRows &codes)
     }
 }
 
-bool WrittenItems::contains(const QString &item) const
+bool OwnItems::contains(const QString &item) const
 {
     bool isNumber = false;
     item.mid(m_noteStart.size()).toInt(&isNumber);

@@ -11,13 +11,13 @@ namespace saldoro {
 
 /** The items of the contract sheet that the program itself writes: documents, totals and the notes
  *  of the mandates. */
-class WrittenItems
+class OwnItems
 {
 public:
     /** @param codes the rows of `Funzioni`. */
-    explicit WrittenItems(const TableRows &codes);
+    explicit OwnItems(const TableRows &codes);
 
-    /** Whether that is the code of such an item, in any letter case. */
+    /** Whether that is the code of such an item, in any letter case. An empty code is of none. */
     bool contains(const QString &item) const;
 
 private:
