@@ -60,10 +60,10 @@ void setValue(RecordSet &payments, const QString &field, const QString &text)
 
 QString SetPaymentValues(const QString &ledger, const QStringList &words)
 {
-    Database database = Database::open(ledger);
+    const Database database = Database::open(ledger);
+    Transaction transaction(database); // from here on nobody else changes what the copy holds
     QString copy = database.backUpBeside();
     try {
-        Transaction transaction(database);
         RecordSet payments = database.openRecordSet(u"SELECT * FROM Fatture"_s);
         if (!database.triggersOf(u"Fatture"_s).isEmpty())
             throw refusal(
