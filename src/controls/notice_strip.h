@@ -26,7 +26,7 @@ public:
     enum class Worth
     {
         Shown,
-        Left
+        Hidden
     };
 
     /** @param source gives the notices; the controls they name are those of @p form. An exception

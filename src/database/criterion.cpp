@@ -122,9 +122,9 @@ std::optional<Criterion> ParseCriterion(const QString &text)
             return Criterion{field, LikePattern(literal)};
         return Criterion{field, ComparableText(literal.toUtf8())};
     }
-    bool fits = false;
-    const qint64 number = match.captured(5).toLongLong(&fits);
-    return fits && !isLike ? std::optional(Criterion{field, number}) : std::nullopt;
+    bool isWhole = false; // of 64 bits
+    const qint64 number = match.captured(5).toLongLong(&isWhole);
+    return isWhole && !isLike ? std::optional(Criterion{field, number}) : std::nullopt;
 }
 
 } // namespace saldoro

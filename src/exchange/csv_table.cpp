@@ -157,14 +157,15 @@ GivenTable tableOf(const QString &text, const ExchangedTable &table, const Table
     QList<CellFault> otherFaults;
     if (faults.size() > 1)
         cells = RowsOfText(text, separator);
-    if (faults.size() > 1 && ToldNotation(cells.rows, columns, table) == other &&
-        (TypedRowsOf(cells.rows, columns, table, stored, other, otherFaults),
-         otherFaults.size() + 1 < faults.size()))
-        faults = {{0,
-                   {},
-                   u"gli importi e le date sono scritti %1: salvare il file con «%2»."_s.arg(
-                       isItalian ? u"come 1234.56 e 2024-12-31"_s : u"all'italiana"_s,
-                       isItalian ? u","_s : u";"_s)}};
+    if (faults.size() > 1 && ToldNotation(cells.rows, columns, table) == other) {
+        TypedRowsOf(cells.rows, columns, table, stored, other, otherFaults);
+        if (otherFaults.size() + 1 < faults.size())
+            faults = {{0,
+                       {},
+                       u"gli importi e le date sono scritti %1: salvare il file con «%2»."_s.arg(
+                           isItalian ? u"come 1234.56 e 2024-12-31"_s : u"all'italiana"_s,
+                           isItalian ? u","_s : u";"_s)}};
+    }
     if (cells.fault)
         faults.append(*cells.fault);
     return given;

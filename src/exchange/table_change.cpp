@@ -77,6 +77,41 @@ bool haveSameRows(TableRows one, TableRows other)
     return one == other;
 }
 
+/** Gives the new rows what they do not name from the stored row of the same key. What would be lost
+ *  goes to @p errors. @p unknown are the filled fields of each stored row that the table lacks. */
+void keepUnnamed(TableChange &change, const GivenTable &given, const QList<QStringList> &unknown,
+                 QStringList &errors)
+{
+    const ExchangedTable &table = *given.table;
+    QStringList unnamed = table.fieldNames();
+    for (const QString &field : given.fields)
+        unnamed.removeOne(field);
+    const Places old = placesOf(table, change.stored);
+    const Places coming = placesOf(table, given.rows);
+    for (qsizetype place = 0; place < change.stored.size(); ++place) {
+        const TableRow &row = change.stored[place];
+        const QByteArray key = comparableKey(table, row);
+        const QList<qsizetype> takers = coming.value(key);
+        const bool isPair = takers.size() == 1 && old.value(key).size() == 1;
+        QStringList kept = unknown.value(place);
+        for (const QString &field : takers.isEmpty() ? QStringList() : unnamed) {
+            const NewValue &value = row[table.place(field)];
+            if (isPair)
+                change.rows[takers.first()][table.place(field)] = value;
+            if (value != NewValue())
+                kept.append(field);
+        }
+        if (isPair)
+            change.formers[takers.first()] = place;
+        else if (!kept.isEmpty())
+            errors.append(
+                u"%1: la riga «%2» dell'archivio perderebbe i valori di %3, che il file non dà: %4."_s
+                    .arg(given.source, KeyOf(table, row), kept.join(u", "_s),
+                         takers.isEmpty() ? u"nel file non c'è"_s
+                                          : u"più righe hanno la stessa chiave"_s));
+    }
+}
+
 } // namespace
 
 QString KeyOf(const ExchangedTable &table, const TableRow &row)
@@ -103,34 +138,7 @@ TableChange ChangeOf(const Database &database, const GivenTable &given, QStringL
     change.formers.resize(given.rows.size());
     if (!change.isNeeded || change.stored.isEmpty())
         return change;
-    QStringList unnamed = table.fieldNames();
-    for (const QString &field : named)
-        unnamed.removeOne(field);
-    const QList<QStringList> unknown = unknownValues(database, table);
-    const Places old = placesOf(table, change.stored);
-    const Places coming = placesOf(table, given.rows);
-    for (qsizetype place = 0; place < change.stored.size(); ++place) {
-        const TableRow &row = change.stored[place];
-        const QByteArray key = comparableKey(table, row);
-        const QList<qsizetype> takers = coming.value(key);
-        const bool isPair = takers.size() == 1 && old.value(key).size() == 1;
-        QStringList kept = unknown.value(place);
-        for (const QString &field : takers.isEmpty() ? QStringList() : unnamed) {
-            const NewValue &value = row[table.place(field)];
-            if (isPair)
-                change.rows[takers.first()][table.place(field)] = value;
-            if (value != NewValue())
-                kept.append(field);
-        }
-        if (isPair)
-            change.formers[takers.first()] = place;
-        else if (!kept.isEmpty())
-            errors.append(
-                u"%1: la riga «%2» dell'archivio perderebbe i valori di %3, che il file non dà: %4."_s
-                    .arg(given.source, KeyOf(table, row), kept.join(u", "_s),
-                         takers.isEmpty() ? u"nel file non c'è"_s
-                                          : u"più righe hanno la stessa chiave"_s));
-    }
+    keepUnnamed(change, given, unknownValues(database, table), errors);
     return change;
 }
 

@@ -49,7 +49,7 @@ FrmPrincipale::FrmPrincipale(ProgramValues &values)
     : m_values(values)
     , m_payments(new FlexGrid(FlexGrid::Selection::Rows, this))
     , m_overview(new FlexGrid(FlexGrid::Selection::Rows, this))
-    , m_strip(new NoticeStrip(this, NoticeStrip::Worth::Left, [this] {
+    , m_strip(new NoticeStrip(this, NoticeStrip::Worth::Hidden, [this] {
         return MainScreenNotices(m_payments->table(), m_overview->table(), m_isOpenElsewhere);
     }))
 {
