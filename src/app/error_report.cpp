@@ -46,8 +46,8 @@ bool isAboutStoredValues(DatabaseFault fault)
            fault == NoCurrentRecord;
 }
 
-/** The command that checks the project of the file @p path. The program stands without its folder
- *  if the system finds it so. "CARTELLA" stands for a project that the path does not tell, as that
+/** The command that checks the project of the file @p path. The program is written without its
+ *  folder if it is in PATH. "CARTELLA" stands for a project that the path does not tell, as that
  *  of the code map, which belongs to all. */
 QString checkCommand(const QString &path)
 {

@@ -24,8 +24,8 @@ QString BuildText(const QVersionNumber &version);
 bool AsksForManifest(const QString &tail);
 
 /** Writes the manifest of the running program, <name>.ini, into the current working directory, over
- *  an earlier one. Needs no display, settings or project. Throws FileError when it can't be
- *  written. */
+ *  an earlier one, in the system's encoding. Needs the application object, but no display, settings
+ *  or project. Throws FileError when it can't be written. */
 void WriteUpdateManifest();
 
 /** Whether the update folder has a manifest with a newer build than this program's. Builds are

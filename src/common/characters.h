@@ -14,7 +14,7 @@ QString LeftCharacters(const QString &text, qsizetype count);
 QString FixedWidth(const QString &text, qsizetype width);
 
 /** Whether a character is one that no screen shows: a control character, or a mark such as the
- *  blank without width. */
+ *  blank without width. Half of a character beyond the basic plane is none. */
 bool IsUnseen(QChar character);
 
 } // namespace saldoro

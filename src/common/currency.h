@@ -42,8 +42,8 @@ public:
     /** The count of ten-thousandths, as stored in the databases. */
     constexpr qint64 scaled() const { return m_scaled; }
 
-    /** Nearest double; exact up to 2^53 ten-thousandths only. For rates and percentages, never for
-     *  sums. */
+    /** The nearest double, or one beside it beyond 2^53 ten-thousandths. For rates and percentages,
+     *  never for sums. */
     double toDouble() const;
 
     Currency operator+(Currency other) const;

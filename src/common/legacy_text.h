@@ -7,8 +7,7 @@
 
 namespace saldoro {
 
-/** The bytes of a byte order mark, with which files in UTF-8 may begin, and those written here do.
- */
+/** The bytes of a byte order mark, with which files in UTF-8 may begin. Exported CSV files do. */
 inline constexpr QByteArrayView Utf8Mark("\xEF\xBB\xBF");
 
 /** The characters of a text in UTF-8, a byte order mark at its beginning included. */

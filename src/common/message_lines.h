@@ -5,7 +5,7 @@
 
 namespace saldoro {
 
-/** How many characters of a value a message quotes at most. */
+/** How many characters of one value a finding quotes at most. */
 inline constexpr qsizetype MostCharactersQuoted = 40;
 
 /** How many lines of one kind a message has at most. */

@@ -13,7 +13,8 @@ namespace saldoro {
 double LeadingNumber(const QString &text);
 
 /** Decimal text of a rate: "." as decimal point, up to 15 significant digits, no blanks, no
- *  trailing zeros, e.g. 22, 22.5, 0.5. Below 0.0001 and from 1E+15 on with an exponent: 1E-05. */
+ *  trailing zeros, e.g. 22, 22.5, 0.5. Below 0.0001 and from 1E+15 on with an exponent: 1E-05. For
+ *  finite values. */
 QString RateText(double value);
 
 /** Whether @p mark parts the characters into groups of three, of which the first may have fewer,

@@ -34,7 +34,7 @@ void KeepWindowSizes(const QString &fileName);
 
 /** Gives a window, known by its object name, the size that its user last left it with, at first the
  *  size @p first in pixels; in either case no more than its screen has room for beside the frame. A
- * window that is maximised when it closes does not change the size that is kept. */
+ *  window that is maximised when it closes does not change the size that is kept. */
 void SizeWindow(QWidget &window, QSize first);
 
 } // namespace saldoro

@@ -17,7 +17,7 @@ enum class FileAccess
     Create, ///< as ReadWrite; the file is empty and becomes a database without tables
     ReadWrite,
     ReadOnly,
-    InMemory ///< an empty database that takes the file's name in errors only
+    InMemory ///< an empty database; errors name the file, which must be a database, too
 };
 
 /** Makes a new, empty file, to become a database by FileAccess::Create. Throws FileExists,

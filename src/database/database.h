@@ -42,8 +42,8 @@ public:
     /** As open(), but no change can reach the file through it. */
     static Database openReadOnly(const QString &path);
 
-    /** Opens one more existing file on the connection of this one, where no transaction may be
-     *  open: a transaction on either covers both. Queries through the result are about its own
+    /** Opens one more existing file on the connection of this one: a transaction on either covers
+     *  both. To be called outside a transaction. Queries through the result are about its own
      *  file. The connection lives until all its Databases and record sets are gone. Throws as
      *  open(), and OtherEncoding when the files keep their texts in different encodings. */
     Database attach(const QString &path) const;
@@ -108,7 +108,8 @@ public:
     /** Throws FileError for such a file. */
     static void requirePlainJournal(const QString &path);
 
-    /** Path of the file beside a database that undoes a change which was broken off. */
+    /** Path of the file beside a database that undoes a change which was broken off; of the machine
+     *  if @p path is. */
     static QString journalPath(const QString &path) { return path + QStringLiteral("-journal"); }
 
     /** Throws FileError when such a file lies where a database is to be made: the engine would drop

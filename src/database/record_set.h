@@ -86,9 +86,9 @@ public:
      *  field that the file wants filled, Locked, ReadOnly, DiskFull, Other without addNew() or
      *  edit() before. */
     void update();
-    /** Deletes the current record; moveNext() and findNext() go on from its place. It is no error
-     *  when another program has deleted it already. Throws NoCurrentRecord, NotStored, Locked,
-     *  ReadOnly, DiskFull. */
+    /** Deletes the current record; moveNext() and findNext() go on from its place. A change that
+     *  was begun by addNew() or edit() ends. It is no error when another program has deleted it
+     *  already. Throws NoCurrentRecord, NotStored, Locked, ReadOnly, DiskFull. */
     void deleteRecord();
 
 private:

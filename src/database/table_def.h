@@ -63,7 +63,7 @@ private:
 
 /** The type that a field declares in a file. The words also decide how the engine keeps a value: a
  *  declaration for texts must have TEXT in it, or a text of digits would turn into a number. Dates
- *  are safe without. */
+ *  are safe without. Empty for a field that declares none. */
 QString DeclaredType(const FieldDef &field);
 
 /** The field of a column that is declared as "TEXT(60)", "INTEGER16", "CURRENCY"... or by such

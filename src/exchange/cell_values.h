@@ -14,8 +14,8 @@ namespace saldoro {
 /**
  * An exact amount; no value for anything that is none. Blanks and one "€" around it do not count,
  * a sign may stand in front. The digits are plain, or in groups of three with the notation's mark,
- * the first of which does not begin with 0. Behind the other mark stand one to four decimals, in
- * the international notation not three: these might be Italian thousands.
+ * the first of which does not begin with 0. One to four decimals may follow the decimal mark. Three
+ * are refused in the international notation, since they may be Italian thousands.
  */
 std::optional<Currency> AmountOf(QStringView text, Notation notation);
 

@@ -40,12 +40,13 @@ KnownCreditors ReadCreditors(const ProgramValues &values);
  * Adds companies and professionals (rows of their lists) to the project, and makes @p contractor, a
  * company's name, the contractor, which is added when it is no company yet; empty leaves it as it
  * is. Members that are no companies yet become such, but take no part by themselves. Names must be
- * new, see RepeatedNames(): a company that is there does not become an association. Companies and
- * their order go on from the highest number, professionals get the first free items I01, I02...
+ * new, see RepeatedNames(): a company that is there does not become an association. New companies
+ * get the numbers after the highest one, and so do their places in the procedure. Professionals get
+ * the first free items I01, I02...
  *
  * All or nothing, in one transaction over both databases; copies are made beside both first.
- * Returns the copies' paths. Throws DatabaseError, and FileError for a database that no transaction
- * can take in together with others; then nothing is changed, and there are no copies.
+ * Returns the copies' paths. Throws DatabaseError, and FileError, also for a database without a
+ * plain journal; then nothing is changed, and there are no copies.
  */
 QStringList AddCreditors(const ProgramValues &values, const TableRows &companies,
                          const TableRows &professionals, const QString &contractor);

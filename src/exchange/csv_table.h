@@ -18,8 +18,8 @@ namespace saldoro {
 GivenTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,
                         ImportOutcome &outcome);
 
-/** The rows of cells of a file, a header among them, which may name the fields of @p table or not
- *  be there. Errors and warnings as above. Throws FileError. */
+/** All rows of a file for @p table. A header, if there is one, is among them. Errors and warnings
+ *  as above. Throws FileError. */
 QList<CellRow> ReadCsvRows(const QString &path, const ExchangedTable &table,
                            ImportOutcome &outcome);
 

@@ -6,14 +6,15 @@ namespace saldoro {
 
 /**
  * Writes the eight tables of a project as CSV files in the Italian notation, in UTF-8 with a mark,
- * each database as it stands at one moment. Gives a line for each table, with rows, total and the
- * columns that no file has, below one that tells of an earlier export that had not come to its end.
- * Both folders are paths of the machine; that of the files is made when it is not there.
+ * each database as it stands at one moment. Returns one line for each table: rows, total, columns
+ * left out. A first line tells of an earlier export that was cut short. Both folders are paths of
+ * the machine; that of the files is made when it is not there.
  *
  * Throws SaldoroError, with no file changed, for a file that is there already (unless @p
  * overwrite), for a stored value that CSV can't tell, and for a file that can't be written whole or
- * is known not to be replaceable. If a renaming fails or the process dies, every file is the old or
- * the new one, never half of one. A mark then stays in the folder; the error names the new ones.
+ * is known not to be replaceable; also what the watcher of Progress throws. If a renaming fails or
+ * the process dies, every file is the old or the new one, never half of one. A mark then stays in
+ * the folder; the error names the new ones.
  */
 QString ExportProject(const QString &projectFolder, const QString &csvFolder,
                       bool overwrite = false);

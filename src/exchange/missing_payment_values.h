@@ -12,12 +12,13 @@ namespace saldoro {
  * writes it. Puts a copy of the ledger beside it first and gives the copy's path.
  *
  * Throws SaldoroError, with nothing changed, for words that can't be read, when no payment or more
- * than one has the number, when the field holds a value and when the table has triggers; and
- * DatabaseError. The number of words is a multiple of three.
+ * than one has the number, when the field holds a value and when the table has triggers; also
+ * DatabaseError, FileError. The number of words is a multiple of three.
  */
 QString SetPaymentValues(const QString &ledger, const QStringList &words);
 
-/** Numbers of the payments of a ledger that lack their day, in stored order. */
+/** Numbers of the payments of a ledger that lack their day, in stored order. Throws DatabaseError,
+ *  FileError. */
 QStringList PaymentsWithoutDay(const QString &ledger);
 
 } // namespace saldoro

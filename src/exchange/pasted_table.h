@@ -69,8 +69,8 @@ public:
     void setColumn(const QString &field, qsizetype column);
 
     void setCell(qsizetype row, qsizetype column, const QString &text);
-    /** Leaves a row out, or takes it in again. Taken in, the header or a row above it ends the
-     *  header. */
+    /** Leaves a row out, or takes it in again. Taking in the header, or a row above it, means that
+     *  there is no header. */
     void toggle(qsizetype row);
 
     /** The rows that are taken; their lines are their numbers among rows(), from 1. */

@@ -19,8 +19,8 @@ class PopupList;
  * pop-up list of items, two buttons, and the total above the invoice's for comparison.
  *
  * The view's own editors are not used: they close when another window becomes the active one, and
- * Tab moves them to the next cell. This editor is left only for another control of the form, and
- * then gives the focus back to the grid.
+ * Tab moves them to the next cell. The editor closes only when another control of the form gets the
+ * focus, which then goes to the grid.
  */
 class AllocationFrame : public QGroupBox
 {
@@ -33,11 +33,13 @@ public:
 
     /** The grid's content, to begin with the header alone. */
     TextTable &table();
-    /** Sums the grid and shows the total; to be called once the grid is filled. */
+    /** Sums the grid and shows the total; to be called once the grid is filled. Throws
+     *  OverflowError. */
     void RecalcAllocationTotal();
     /** The sum in display form, as last shown. */
     QString totalText() const;
-    /** What the notices have to know of the allocation. */
+    /** What the notices have to know of the allocation. @p state gets pointers to grid and
+     * overview, and must not outlive them. */
     void readInto(InvoiceState &state) const;
     /** Where the invoice's total is repeated beside that of the allocations. */
     QLabel &invoiceTotal() const { return *m_invoiceTotal; }

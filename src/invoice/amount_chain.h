@@ -35,8 +35,8 @@ enum class AmountRole
 };
 
 /** Whether a field of a professional's note stays in the plain form it was typed in when it is
- *  left. It is then misread, since in display form points do not count. A company's TotaleFattura
- *  stays so, too, and is not asked about here. */
+ *  left. Its text is later read as display form, where points are dropped. Not for a company's
+ *  TotaleFattura, which stays so, too. */
 inline bool StaysPlain(Amount field)
 {
     return field == Amount::AltriImporti || field == Amount::SoggettaRA;
@@ -96,7 +96,8 @@ public:
     /** What the column of @p field gets. */
     Currency storedValue(const AmountField &field) const;
     /** Shows a payment of the ledger: an amount in display form, a rate as plain text. Nulls, which
-     *  @p stored leaves out, stay empty. The computed fields follow from the stored values. */
+     *  @p stored leaves out, stay empty. TotaleFattura and Netto follow from the stored values,
+     *  SoggettaRA from the texts that are shown. */
     void showStored(const QList<AmountField> &fields, const QMap<Amount, Currency> &stored);
 
 private:
@@ -142,7 +143,8 @@ const AmountChain &CompanyAmounts();
 /**
  * Amounts of a professional's fee note. Nothing is multiplied by 4 % or 2 %: both contributions
  * are typed. VAT and withholding follow from their rates only when their own field is empty: the
- * VAT amount when its text is empty or "0", the withholding whenever it reads as zero.
+ * VAT amount when its text is empty or "0", the withholding when its text read as plain form is
+ * zero, so a "0,50" in display form is replaced.
  */
 const AmountChain &ProfessionalAmounts();
 

@@ -11,7 +11,7 @@ using enum NoticeWeight;
 
 namespace {
 
-/** Whether a text, in display form or in plain form, means the amount of display form @p shown. */
+/** Whether a text in either form is worth the amount shown as @p shown. */
 bool isWorth(const QString &text, const QString &shown)
 {
     return TypedWorth(text, text.contains(u',') ? TypedNotation::Comma : TypedNotation::Point) ==

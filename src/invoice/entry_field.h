@@ -5,8 +5,8 @@
 namespace saldoro {
 
 /**
- * A line edit for one line of text that goes to a column of limited size. It never holds more than
- * that many characters, a line end or a tab, as long as the program fills it by showText(). Of what
+ * A line edit for one line of text that goes to a column of limited size. Its text has at most that
+ * many characters and no line end or tab; only setText() can break this. Of what
  * is pasted or dropped, line ends and tabs at the ends go, a run of them inside becomes one blank,
  * and as much is taken as fits. A text that was dragged here and changed in this way also stays
  * where it came from.
@@ -16,7 +16,7 @@ class EntryField : public QLineEdit
     Q_OBJECT
 
 public:
-    /** Characters of a text that is not limited. */
+    /** More characters than anyone writes, for a column without a limit. */
     static constexpr int NoLimit = 1'000'000;
 
     explicit EntryField(QWidget *parent, int mostCharacters = NoLimit);

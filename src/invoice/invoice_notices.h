@@ -40,8 +40,7 @@ struct InvoiceState
     QString allocationTotal = {};
 };
 
-/** What the form tells about itself; plain texts in, plain texts out. An amount beyond the currency
- *  range is a notice, too. */
+/** What the form tells about itself. An amount beyond the currency range is a notice, too. */
 Notices InvoiceNotices(const InvoiceState &state);
 
 /** Adds what there is to tell of the invoice's amounts and totals, and what the text that is being

@@ -17,12 +17,13 @@ struct PaymentRecord
 {
     CreditorKind kind = CreditorKind::Company;
     qint32 number = 0;
-    QString creditore = {};                 ///< Text1_0
-    QString nFat = {};                      ///< Text1_1
-    QString del = EmptyDateText.toString(); ///< the date box, "dd/MM/yyyy" or the empty mask
-    QString descrizione = {};               ///< Text1_3
-    QString memo = {};                      ///< Memo
-    QString mandato = {};                   ///< Mandato
+    QString creditore = {}; ///< Text1_0
+    QString nFat = {};      ///< Text1_1
+    /** The date box: "dd/MM/yyyy" or the empty mask; while it has the focus, anything. */
+    QString del = EmptyDateText.toString();
+    QString descrizione = {};                       ///< Text1_3
+    QString memo = {};                              ///< Memo
+    QString mandato = {};                           ///< Mandato
     QString mandatoDell = EmptyDateText.toString(); ///< MandatoDell, any text that was stored
     AmountTexts amounts = {};
     /** Kind code of the payment that the number was loaded from; none for a new payment. */

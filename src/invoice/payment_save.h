@@ -7,8 +7,8 @@ namespace saldoro {
 /**
  * Writes what an invoice form shows: the payment's row, then one row per allocation in grid order,
  * each a write of its own, then the mandate note, which is also kept in `MandateText`. A payment
- * of that number and kind is changed, else added; an allocation of the same code is changed, else
- * added; none is deleted here.
+ * of that number and kind is changed, else added; an allocation of the same code gets the new
+ * amount and keeps its description, else one is added; none is deleted here.
  *
  * The stored description of a cost item is cut to its column, that of the mandate note to 60
  * characters. Any other text longer than its column throws FieldTooSmall before its own row is

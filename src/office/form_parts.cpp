@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** A button's mnemonic leaves the editor of a cell open, and what was typed into it out. */
+/** A mnemonic presses a button without closing a cell's editor; its text would be missing. */
 void takeOpenCell()
 {
     const QWidget *editor = QApplication::focusWidget();

@@ -9,8 +9,8 @@ class QWidget;
 
 namespace saldoro {
 
-/** Does something that the user has asked for. An error is told in a message box and given up;
- *  false then. */
+/** Does something that the user has asked for. An error is shown in a message box, and the result
+ *  is false. */
 bool Attempt(const std::function<void()> &action);
 
 /** As Attempt(), with a window over @p parent that shows the Progress of the action and lets the

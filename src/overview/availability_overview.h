@@ -18,9 +18,9 @@ void PrepareAvailabilityOverview(TextTable &overview);
  * Allocations to codes outside the budget count nowhere. A ledger without any allocation leaves
  * "Pagato" and "Disponibilità" blank and "Spesa" as first written, "0" for a null budget.
  *
- * Throws DatabaseError, also for a null code, description or allocated amount and for a code that
- * holds an apostrophe, and OverflowError; details "Voce", "Riga" for a null code or description,
- * and "Pagamento" for an allocation. The rows written so far stay.
+ * Throws DatabaseError, also for a null code, description or allocated amount and, when the ledger
+ * has allocations, for a code that holds an apostrophe, and OverflowError; details "Voce", "Riga"
+ * for a null code or description, and "Pagamento" for an allocation. The rows written so far stay.
  */
 void FillAvailabilityOverview(TextTable &overview, const ProgramValues &values);
 

@@ -22,8 +22,8 @@ void WriteProjectDocuments(ProgramValues &values, const TextTable &overview);
  * both and writes the total of the kind, at the end that of both kinds.
  *
  * The boxes of @p form keep their fonts. The list box is emptied for each kind; the last-payment
- * box is not: where a kind has no payments, its document repeats what was there. Do not use the
- * form afterwards. More than 32,767 payments of one kind throw OverflowError.
+ * box is not: where a kind has no payments, its document repeats what was there. So each call needs
+ * a new form. More than 32,767 payments of one kind throw OverflowError.
  */
 void ScriviProspettoRtf(ProgramValues &values, FrmElab &form);
 

@@ -12,10 +12,12 @@ namespace saldoro {
  */
 
 /** Saves a box as the document of an internal code, replacing an earlier one only once the new one
- *  is whole and on the disk. Throws DatabaseError, FileError. */
+ *  is whole and on the disk. A code that is not mapped gives the file ".rtf". Throws DatabaseError,
+ *  FileError. */
 void SaveDocument(const ProgramValues &values, const RichTextBox &box, QStringView internalCode);
 
-/** Writes the register entry of the document of an internal code. Throws DatabaseError. */
+/** Writes the register entry of the document of an internal code. Throws DatabaseError,
+ *  NoCurrentRecord for a code that is not mapped. */
 void RegisterDocument(const ProgramValues &values, QStringView internalCode);
 
 } // namespace saldoro

@@ -20,8 +20,9 @@ class TextTable;
 
 /**
  * The main screen: the payments made and, for each cost item of the contract, what is available.
- * What it shows is what the databases held when they were last read. Whenever it closes, it first
- * writes the project's documents from the overview as it stands on screen.
+ * What it shows is what the databases held when they were last read. Before it closes, it writes
+ * the project's documents from the overview as it stands on screen, unless it was never shown or
+ * the program is ending after an error.
  *
  * Errors of the databases and of the arithmetic pass through its functions and the event loop.
  */
@@ -37,8 +38,8 @@ public:
      *  from the databases; the last payment is the current one then. Shows nothing by itself. */
     void load();
 
-    /** Loads the form and shows it. One that is on screen does the work of closing first, but does
-     *  not go from the screen. A form that is out of use stays so. */
+    /** Loads the form and shows it. A visible form first writes the documents, and stays visible. A
+     *  form that is out of use stays so. */
     void reopen();
 
     /** Puts the form back into use after nuovoRequested(), the focus where it was. While it is out
@@ -88,7 +89,7 @@ private:
     FlexGrid *m_overview;
     NoticeStrip *m_strip;
     QPushButton *m_modify = nullptr;
-    std::optional<ProjectOpenMark> m_mark; ///< made once the form is on screen
+    std::optional<ProjectOpenMark> m_mark; ///< made a moment after load(), to let it paint first
     bool m_isOpenElsewhere = false;
     QPointer<QWidget> m_focusBefore; ///< had the focus when the form was taken out of use
 };

@@ -16,7 +16,7 @@ namespace saldoro {
  * Makes @p number the current payment number and returns the kind of form to open the payment with;
  * no value for a payment of any other kind. For a stale row the kind is that of the first payment
  * in the ledger. Throws DatabaseError: NullValue for a payment without kind, NoCurrentRecord for a
- * ledger without payments.
+ * ledger without payments; the number is current then, too.
  */
 std::optional<CreditorKind> OpenPayment(ProgramValues &values, qint32 number);
 

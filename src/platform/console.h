@@ -4,9 +4,9 @@
 
 namespace saldoro {
 
-/** Writes a text to the standard output or error stream, in UTF-8; a console on Windows shows its
- *  accented letters. There an error without an error stream, as in a program that was started by
- *  its icon, is shown in a box. False when the stream, such as a file on a full disk, did not take
+/** Writes a text to the standard output or error stream, in UTF-8. On Windows a console shows its
+ *  accented letters, and an error without an error stream, as in a program that was started by its
+ *  icon, is shown in a box. False when the stream, such as a file on a full disk, did not take
  *  the text. */
 [[nodiscard]] bool PrintOut(const QString &text);
 bool PrintError(const QString &text);

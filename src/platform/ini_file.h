@@ -29,9 +29,9 @@ std::optional<QString> FindIniValue(const QString &fileName, const QString &sect
                                     const QString &key);
 
 /** Sets a key: replaces its line, or adds one, with the section if that is missing. All other lines
- *  stay, in UTF-8. Makes the file and its folder when they are missing. Throws FileError, with the
- *  file as it was, when it can't be read, can't be written whole, or when @p value would not be
- *  read back as it is, a NUL included. */
+ *  stay, in UTF-8. Makes the file and its folder when they are missing. Throws FileError when the
+ *  file can't be read, can't be written whole, or when @p value would not be read back as it is, a
+ *  NUL included. The file is then as it was, unless only the last flush failed (see WholeFile). */
 void SetIniValue(const QString &fileName, const QString &section, const QString &key,
                  const QString &value);
 

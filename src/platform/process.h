@@ -8,14 +8,13 @@ namespace saldoro {
 
 /**
  * Starts a program, given by its archive path, and does not wait for it; its window opens in the
- * usual size and gets the focus. Returns false when it can't be started; throws nothing. Where
- * programs get one command line, the arguments stand behind the program's name as they are, each
- * after one blank.
+ * usual size and gets the focus. Returns false when it can't be started; throws nothing. On Windows
+ * the arguments stand behind the program's name as they are, each after one blank.
  */
 bool StartDetached(const QString &program, const QStringList &arguments);
 
-/** All that stands behind the program's name on its command line, verbatim, trailing blanks
- *  included. Where programs get separate arguments, these are joined by one blank. */
+/** On Windows all that stands behind the program's name on its command line, verbatim, trailing
+ *  blanks included. Elsewhere the arguments, joined by one blank. */
 QString CommandLineTail(int argc, char *const argv[]);
 
 /** The same of a whole command line. Its first word or quoted text is the program's name; the

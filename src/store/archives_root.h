@@ -31,8 +31,7 @@ QString ProposedArchivesRoot();
  *  when paths below it would not lead into that folder. */
 QString ArchivesRootOf(const QString &folder);
 
-/** Sets the archives root, in the place of one that is set. Throws FileError when it can't be
- *  written or would not be read back as it is; then the setting is as it was. */
+/** Sets the archives root, in the place of one that is set. Throws as SetRegistryValue(). */
 void StoreArchivesRoot(const QString &root);
 
 } // namespace saldoro

@@ -15,16 +15,17 @@ QString ContractsFolder(const QString &root);
 /** The folder of the contract of that code, a path of the machine; it may be missing. */
 QString ContractFolder(const QString &root, const QString &code);
 
-/** The codes of all contracts below @p root in the order of the system's file names. A folder that
- *  is being made, which ends in UnfinishedEnd, is none. */
+/** The codes of all contracts below @p root, by name in any letter case. A folder that is being
+ *  made, which ends in UnfinishedEnd, is none; a link that leads nowhere is one. */
 QStringList ContractCodes(const QString &root);
 
 /** The lowest number of five digits, from 00001, that none of @p codes is; empty when all are. */
 QString FirstFreeCode(const QStringList &codes);
 
 /** Why a new contract can't have that code, as a sentence in Italian; empty when it can. A code
- *  must be able to name a folder on Windows and on Linux, has at most 60 characters, does not end
- *  in UnfinishedEnd, and is none of @p codes in any letter case. */
+ *  must be able to name a folder on Windows and on Linux, has at most 60 characters (one beyond the
+ *  basic plane counts twice), does not end in UnfinishedEnd, and is none of @p codes in any letter
+ *  case. */
 QString CodeProblem(const QString &code, const QStringList &codes);
 
 } // namespace saldoro

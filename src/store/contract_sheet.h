@@ -9,10 +9,11 @@
 namespace saldoro {
 
 /*
- * The items of the contract sheet. Each routine opens the database, does one job and closes it;
- * OpenContractSheet() leaves it open with its set. Every write is one statement. Errors are
- * DatabaseErrors. The detail "Voce" is the item that is written, or the pattern by which a text is
- * read. An apostrophe in either throws SyntaxError.
+ * The items of the contract sheet. OpenContractSheet() leaves the database open with its set, in
+ * which FindItem() looks; each other routine opens it, does one job and closes it. Every write is
+ * one statement. Errors are DatabaseErrors, FieldTooSmall for a text longer than its column. The
+ * detail "Voce" is the item that is written, or the pattern of StringaVoceLike(). Items and
+ * patterns go into criteria as they are: one apostrophe throws SyntaxError, two count as one.
  */
 
 /** Tags of the items, in `Funzione`. */
@@ -32,7 +33,8 @@ bool FindItem(RecordSet &sheet, const QString &item);
 
 /** Writes the amount item that an internal code is mapped to: tag, the code's description, the
  *  amount and its EuroText(). Adds the item when missing. A code that is not mapped throws
- *  NoCurrentRecord. Errors have the internal code as detail "Codice", too. */
+ *  NoCurrentRecord, one without an item code NullValue. Errors have the internal code as detail
+ *  "Codice", too. */
 void AggiornaVoceImporto(const ProgramValues &values, QStringView internalCode, qint16 tag,
                          Currency amount);
 

@@ -21,7 +21,7 @@ Currency NetAmount(Currency gross, Currency withheld);
 
 /*
  * These read the current payment of an open set. They throw DatabaseError: NoCurrentRecord,
- * FieldMissing, and TypeMismatch for an amount that is none.
+ * FieldMissing, TypeMismatch for an amount that is none, and FieldTooSmall for one out of range.
  */
 
 /** Whether the kind is exactly "P"; every other payment counts as a company's. */

@@ -10,19 +10,20 @@
 
 namespace saldoro {
 
-/** A row of a table: a value for each field of its definition, null where there is none. */
+/** A row of a table: a value for each field of its definition, null where there is none. An invalid
+ *  day stands for what could not be read, or could not be given back as it is. */
 using TableRow = QList<NewValue>;
 using TableRows = QList<TableRow>;
 
 /** How stored values are taken that are not of their field's kind. */
 enum class Reading
 {
-    Exact,    ///< what can't be given back exactly becomes an invalid day
-    AsProgram ///< it becomes its text; texts and days are taken as the program takes them
+    Exact,    ///< as an invalid day, see TableRow
+    AsProgram ///< as its text; readable days and texts as the forms read them
 };
 
 /** The rows of a table, or of a stored query, in stored order, with Progress. Throws DatabaseError,
- *  also for a field that the database lacks. */
+ *  also for a field that the database lacks, and what the watcher of Progress throws. */
 TableRows StoredRows(const Database &database, const TableDef &table,
                      Reading reading = Reading::Exact);
 

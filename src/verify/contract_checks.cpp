@@ -75,7 +75,7 @@ QStringList faultsOf(const ProjectTable &codes, qsizetype row, CodeUse use)
     return faults;
 }
 
-/** A pick takes the first characters of a line, without the blanks at their edges. */
+/** What is wrong with how a cost item's code is spelt. */
 QStringList spellingFaults(const QString &code)
 {
     QStringList faults;

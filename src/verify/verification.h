@@ -14,7 +14,8 @@ class Verification
 public:
     /** Reads the tables of a database. What can't be read is a finding. Throws DatabaseError for a
      *  file that is locked or that can't be read without being changed (Locked, ReadOnly),
-     * FileError for one with a change that was broken off. */
+     *  FileError for one with a change that was broken off, and what the watcher of Progress
+     *  throws. */
     void read(const Database &database, ArchiveFile file);
 
     /** The tables that could be read. */
@@ -35,9 +36,11 @@ private:
 
 /**
  * Reads the databases of the project in @p folder (of the machine) without changing anything and
- * applies every check; what the next save writes is tried on copies in memory. Missing or damaged
- * files, tables and fields are findings too. The code map is that of the same archive unless @p
- * codes names another file. Shows its Progress. Throws as Verification::read().
+ * applies every check. What the next save writes is tried on a copy in memory of each database that
+ * was read without a finding. Missing or damaged files, tables and fields are findings too. The
+ * code map is that of the same archive unless @p codes names another file. Shows its Progress.
+ * Throws as Verification::read(), and FileError when the write-ahead log of another database lies
+ * beside one.
  */
 Findings VerifyProject(const QString &folder, const QString &codes = {});
 
