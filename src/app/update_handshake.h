@@ -9,7 +9,8 @@ namespace saldoro {
 
 /*
  * Programs and updater of the suite meet in the update folder: each program can describe itself in
- * a manifest, and hands over to the updater when the manifest there states a newer build.
+ * a manifest, and hands over to the updater when the manifest there states a newer build. What
+ * reads or writes a manifest, or starts the updater, needs the application object.
  */
 
 /** The version that this program was built as. */
@@ -24,8 +25,8 @@ QString BuildText(const QVersionNumber &version);
 bool AsksForManifest(const QString &tail);
 
 /** Writes the manifest of the running program, <name>.ini, into the current working directory, over
- *  an earlier one, in the system's encoding. Needs the application object, but no display, settings
- *  or project. Throws FileError when it can't be written. */
+ *  an earlier one, in the system's encoding. Needs no display, settings or project. Throws
+ *  FileError when it can't be written. */
 void WriteUpdateManifest();
 
 /** Whether the update folder has a manifest with a newer build than this program's. Builds are

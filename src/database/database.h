@@ -19,7 +19,8 @@ class Connection;
  *
  * Paths are archive paths (backslashes, any letter case), turned into paths of the machine here.
  * Every failure is a DatabaseError that names the file, unless a function says otherwise; opening a
- * file also throws FileError when a write-ahead log of another one lies beside it. Other
+ * file also throws FileError when a write-ahead log of another one lies beside it. Where a function
+ * of the floors above opens a file and promises DatabaseError, that FileError passes, too. Other
  * programs of the suite use the same files: every action waits for a file that is locked, up to
  * LockWaitMilliseconds, before it throws Locked. One whose statement takes more than some 20
  * seconds throws Endless.

@@ -39,7 +39,7 @@ public:
     /** The sum in display form, as last shown. */
     QString totalText() const;
     /** What the notices have to know of the allocation. @p state gets pointers to grid and
-     * overview, and must not outlive them. */
+     *  overview, and must not outlive them. */
     void readInto(InvoiceState &state) const;
     /** Where the invoice's total is repeated beside that of the allocations. */
     QLabel &invoiceTotal() const { return *m_invoiceTotal; }

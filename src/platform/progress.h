@@ -21,7 +21,7 @@ public:
     void show(qsizetype rows);
 
     /** Is told the state, such as "Lettura di Spese: 2000 righe". What it throws breaks the work
-     *  off. */
+     *  off, and passes as errors do. */
     using Watcher = std::function<void(const QString &state)>;
     /** Puts @p watcher in the place of the terminal; an empty one brings that back. */
     static void setWatcher(Watcher watcher);
