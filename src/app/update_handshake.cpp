@@ -1,8 +1,8 @@
 #include "app/update_handshake.h"
 
-#include "app/version.h"
 #include "common/date_text.h"
 #include "common/number_text.h"
+#include "common/version.h"
 #include "controls/message_box.h"
 #include "platform/ini_file.h"
 #include "platform/process.h"

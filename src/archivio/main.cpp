@@ -1,5 +1,6 @@
 #include "archivio/command_line.h"
 #include "common/errors.h"
+#include "common/version.h"
 #include "exchange/command_options.h"
 #include "exchange/export.h"
 #include "exchange/import_files.h"
@@ -70,7 +71,7 @@ Outcome run(const CommandLine &line)
         return {Done, ExportProject(line.operands[0], line.operands[1],
                                     line.options.contains(CommandOption::Overwrite))};
     return {Done, line.command == "--aiuto"_L1 ? UsageText()
-                                               : u"saldoro-archivio " SALDORO_VERSION "\n"_s};
+                                               : u"saldoro-archivio %1\n"_s.arg(VersionText)};
 }
 
 void tellError(const QString &text)
