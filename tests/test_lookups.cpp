@@ -62,9 +62,10 @@ private slots:
     void codesAreMapped()
     {
         QCOMPARE(VoceMandato(m_values, 12), u"_12"_s);
-        m_archive->execute(CodesPath(m_values),
-                           u"INSERT INTO Funzioni VALUES ('DA1','k9 z','Impresa dell''appalto'),"
-                           "('DA','other','Altro'),('P97','X','')"_s);
+        m_archive->execute(
+            CodesPath(m_values),
+            u"INSERT INTO Funzioni VALUES ('DA1','k9 z','Impresa dell''appalto'),"
+            "('DA','other','Altro'),('P97','X',''),('da1','second',''),('p97','Y','')"_s);
         for (const QStringView code : {u"DA1", u"da1"})
             QCOMPARE(CodiceEsterno(m_values, code), u"k9 z"_s);
         for (const QStringView code : {u"D*", u"DA2"})

@@ -3,23 +3,19 @@
 #include "store/internal_codes.h"
 #include "store/mandate_note.h"
 
-#include <algorithm>
-
 namespace saldoro {
 
 OwnItems::OwnItems(const TableRows &codes)
 {
-    for (const TableRow &row : codes) {
-        const QString code = TextOf(row[0]);
-        const auto used = std::ranges::find_if(UsedCodes, [&code](const UsedCode &one) {
-            return AreEqualTexts(code, one.code.toString());
-        });
-        if (used == UsedCodes.end() || used->use == CodeUse::Search || TextOf(row[1]).isEmpty())
+    for (const UsedCode &used : UsedCodes) {
+        const qsizetype row = FirstRow(codes, used.code.toString());
+        const QString item = row < 0 ? QString() : TextOf(codes[row][1]);
+        if (item.isEmpty() || used.use == CodeUse::Search)
             continue;
-        if (used->use == CodeUse::Note)
-            m_noteStart = MandateKeyStart(TextOf(row[1]));
+        if (used.use == CodeUse::Note)
+            m_noteStart = MandateKeyStart(item);
         else
-            m_items.insert(TextOf(row[1]));
+            m_items.insert(item);
     }
 }
 

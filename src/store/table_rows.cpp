@@ -2,8 +2,10 @@
 
 #include "common/errors.h"
 #include "common/legacy_text.h"
+#include "database/text_order.h"
 #include "platform/progress.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace saldoro {
@@ -60,6 +62,13 @@ TableRows StoredRows(const Database &database, const TableDef &table, Reading re
 QString TextOf(const NewValue &value)
 {
     return ValueAs<QString>(value).value_or(QString());
+}
+
+qsizetype FirstRow(const TableRows &rows, const QString &text)
+{
+    const auto found = std::ranges::find_if(
+        rows, [&](const TableRow &row) { return AreEqualTexts(TextOf(row.first()), text); });
+    return found == rows.end() ? -1 : found - rows.begin();
 }
 
 } // namespace saldoro
