@@ -2,9 +2,9 @@
 
 #include "common/errors.h"
 #include "exchange/command_options.h"
+#include "platform/whole_file.h"
 
 #include <QCommandLineParser>
-#include <QFile>
 
 namespace saldoro {
 
@@ -93,9 +93,7 @@ CommandLine ParseCommandLine(const QStringList &words)
 
 QString UsageText()
 {
-    QFile text(u":/uso.txt"_s);
-    text.open(QIODevice::ReadOnly);
-    return QString::fromUtf8(text.readAll());
+    return QString::fromUtf8(ReadWholeFile(u":/uso.txt"_s));
 }
 
 } // namespace saldoro

@@ -157,8 +157,7 @@ QList<CellFault> RepeatedNames(const TableRows &rows, const QStringList &known)
 KnownCreditors ReadCreditors(const ProgramValues &values)
 {
     KnownCreditors known;
-    RecordSet companies =
-        Database::open(CompaniesPath(values)).openRecordSet(u"SELECT * FROM Anag"_s);
+    RecordSet companies = recordsOf(Database::open(CompaniesPath(values)), u"Anag"_s);
     for (; !companies.eof(); companies.moveNext()) {
         known.companies.append(companies.field(u"nominativo"_s).textOrEmpty());
         known.members.append(Principals(values, companies.field(u"ID"_s).integer()).join(u"; "_s));

@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "database/database.h"
+#include "exchange/archive_tables.h"
 #include "exchange/cell_values.h"
 #include "store/payment_numbers.h"
 #include "store/table_definitions.h"
@@ -47,8 +48,8 @@ void setValue(RecordSet &payments, const QString &field, const QString &text)
         !settable.contains(field, Qt::CaseInsensitive))
         throw refusal(u"Si possono impostare soltanto %1, %2 e %3."_s.arg(settable[0], settable[1],
                                                                           settable[2]));
-    const bool isDay = field.compare("Del"_L1, Qt::CaseInsensitive) == 0;
-    const NewValue value = valueOf(text, isDay ? FieldType::Date : FieldType::Currency);
+    const QList<FieldDef> fields = TableNamed(u"Fatture"_s)->definition.fields();
+    const NewValue value = valueOf(text, fields[PlaceOf(fields, field)].type);
     if (!payments.field(field).isNull())
         throw refusal(u"Il campo ha già un valore, che non viene sostituito."_s);
     payments.edit();

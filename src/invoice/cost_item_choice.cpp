@@ -45,7 +45,7 @@ void BeginInsertion(TextTable &grid)
 
 bool PickItem(TextTable &grid, const OfferedItem &item)
 {
-    const QString code = LeftCharacters(item.line, PickedCodeWidth).trimmed();
+    const QString code = PickedCode(item.line);
     if (code.isEmpty())
         return false;
     grid.setText(grid.row(), AllocationColumn::Cod, code);

@@ -44,11 +44,11 @@ void leaveProfessionalAmount(AmountTexts &texts, Amount field)
         break;
     case Importo:
     case ImportoIva:
-    case TotaleFattura:
-        texts.showTyped(field);
-        break;
     case AltriImporti:
-    case SoggettaRA: // see StaysPlain
+    case TotaleFattura:
+    case SoggettaRA:
+        if (!StaysPlain(field))
+            texts.showTyped(field);
         break;
     case AliquotaRA:
         leaveWithholdingRate(texts);

@@ -1,9 +1,18 @@
 #pragma once
 
+#include "common/characters.h"
+
 namespace saldoro {
 
 /** Characters of a code that a pick of a cost item hands on. */
 inline constexpr int PickedCodeWidth = 5;
+
+/** The code that a pick takes from a line that begins with a cost item's. */
+inline QString PickedCode(const QString &line)
+{
+    return LeftCharacters(line, PickedCodeWidth).trimmed();
+}
+
 /** Most cost items that can be offered for a pick. */
 inline constexpr int PickListSize = 201;
 

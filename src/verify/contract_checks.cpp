@@ -14,17 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** The first row whose text in that field is equal as the databases compare; -1 for none. */
-qsizetype find(const ProjectTable &table, const QString &field, const QString &text)
-{
-    for (qsizetype row = 0; row < table.rows.size(); ++row) {
-        const auto own = table.value<QString>(row, field);
-        if (own && AreEqualTexts(*own, text))
-            return row;
-    }
-    return -1;
-}
-
 /** What comes of an internal code that a look-up stops at, or finds nothing for and goes on. */
 struct Consequences
 {
@@ -88,12 +77,12 @@ QStringList spellingFaults(const QString &code)
     if (std::ranges::any_of(code, IsUnseen))
         faults.append(u"il codice contiene caratteri che non si vedono: un altro, che si legge "
                       "uguale, è un'altra voce."_s);
+    static_assert(PickedCodeWidth == 5); // "cinque"
     if (CharacterCount(code.trimmed()) > PickedCodeWidth)
         faults.append(
             u"il codice ha più di cinque caratteri: inserita in un pagamento, la voce riceve il "
             "codice «"_s +
-            LeftCharacters(code.trimmed(), PickedCodeWidth).trimmed() +
-            u"» e l'importo non la raggiunge."_s);
+            PickedCode(code.trimmed()) + u"» e l'importo non la raggiunge."_s);
     return faults;
 }
 
@@ -105,7 +94,7 @@ void CheckCodes(const CheckedProject &project, Findings &findings)
     if (codes == nullptr)
         return;
     for (const UsedCode &used : UsedCodes) {
-        const qsizetype row = find(*codes, u"CodInt"_s, used.code.toString());
+        const qsizetype row = FirstRow(codes->rows, used.code.toString());
         for (const QString &fault : faultsOf(*codes, row, used.use))
             findings.append({FindingGroup::Codes, u"Codice %1"_s.arg(used.code), fault,
                              u"correggere la tabella Funzioni di chiavi.mdb nel programma che "
@@ -120,11 +109,11 @@ void CheckContractor(const CheckedProject &project, Findings &findings)
     const ProjectTable *sheet = project.table(u"SchedaProgetto"_s);
     if (codes == nullptr || sheet == nullptr)
         return;
-    const qsizetype code = find(*codes, u"CodInt"_s, InternalCode::Contractor.toString());
+    const qsizetype code = FirstRow(codes->rows, InternalCode::Contractor.toString());
     const QString item =
         code < 0 ? QString() : codes->value<QString>(code, u"CodExt"_s).value_or(QString());
     const bool isSearchable = !item.isEmpty() && !item.contains(u'\'');
-    const qsizetype row = isSearchable ? find(*sheet, u"Voce"_s, item) : -1;
+    const qsizetype row = isSearchable ? FirstRow(sheet->rows, item) : -1;
     if (row < 0)
         return; // a contract that has no contractor yet
     const bool isNull = sheet->isNull(row, u"Link"_s);
