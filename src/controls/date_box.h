@@ -27,7 +27,7 @@ public:
     void setDateText(const QString &text);
 
     /** To be called when the box is left. A date, up to the first "_", is then shown as dd/MM/yyyy.
-     *  False when there is neither a date nor the empty mask: such a box must not be left. */
+     *  False when there is neither a date nor the empty mask: then FieldNavigation stays here. */
     bool settle();
 
     /** The text that the last settle() found; empty once the text has changed since. */

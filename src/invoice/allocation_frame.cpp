@@ -6,6 +6,7 @@
 #include "controls/message_box.h"
 #include "controls/popup_list.h"
 #include "controls/screen_reader.h"
+#include "invoice/entry_field.h"
 #include "invoice/field_navigation.h"
 
 #include <QGridLayout>

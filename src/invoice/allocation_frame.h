@@ -55,7 +55,7 @@ private:
     QLayout *makeButtons();
     QLayout *makeTotals();
 
-    void insertItem();
+    void insertItem(); ///< by the rules of cost_item_choice
     void itemPicked(int line);
     void deleteItem();
 

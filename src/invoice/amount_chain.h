@@ -106,22 +106,6 @@ private:
     QMap<Amount, QString> m_texts;
 };
 
-/** What notices have to know of an amount field's past. */
-struct AmountPast
-{
-    QString before; ///< what it read when it was entered, before it was turned into plain form
-    QString left;   ///< what it read when it was left last, before it was shown in display form
-    bool isRewritten = false; ///< by the user, since it read @ref before
-
-    /** To be called on entry with what the field reads. If the user has written nothing since the
-     *  last entry, the text only went through the plain form: then @ref before stays. */
-    void enter(const QString &text)
-    {
-        if (before.isEmpty() || isRewritten)
-            *this = {text, {}, false};
-    }
-};
-
 /** The amount fields of one kind of invoice, and what leaving one of them does to the texts. */
 struct AmountChain
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "invoice/amount_chain.h"
+#include "invoice/invoice_notices.h"
 
 #include <QGroupBox>
 

@@ -45,6 +45,12 @@ private:
     EntryField &m_field;
 };
 
+int BoxWidth(const QWidget &box, QStringView widest)
+{
+    const int frame = 2 * box.fontMetrics().averageCharWidth();
+    return box.fontMetrics().horizontalAdvance(widest.toString()) + frame;
+}
+
 EntryField::EntryField(QWidget *parent, int mostCharacters)
     : QLineEdit(parent)
     , m_mostCharacters(mostCharacters)

@@ -4,6 +4,12 @@
 
 namespace saldoro {
 
+/** Widest amount that is expected in a box. */
+inline constexpr QStringView WidestAmount = u"999.999.999,99";
+
+/** Least width in pixels of a box that shows @p widest. */
+int BoxWidth(const QWidget &box, QStringView widest);
+
 /**
  * A line edit for one line of text that goes to a column of limited size. Its text has at most that
  * many characters and no line end or tab; only setText() can break this. Of what

@@ -34,12 +34,6 @@ QLabel *LabelFor(QWidget &field, const QString &caption)
     return label;
 }
 
-int BoxWidth(const QWidget &box, QStringView widest)
-{
-    const int frame = 2 * box.fontMetrics().averageCharWidth();
-    return box.fontMetrics().horizontalAdvance(widest.toString()) + frame;
-}
-
 FieldNavigation::FieldNavigation(QWidget &window)
     : m_window(window)
 {

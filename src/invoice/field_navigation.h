@@ -23,12 +23,6 @@ int InvioTab(int keyCode);
 /** A label beside @p field, whose mnemonic leads to it. */
 QLabel *LabelFor(QWidget &field, const QString &caption);
 
-/** Widest amount that is expected in a box. */
-inline constexpr QStringView WidestAmount = u"999.999.999,99";
-
-/** Least width in pixels of a box that shows @p widest. */
-int BoxWidth(const QWidget &box, QStringView widest);
-
 /**
  * How the controls of an invoice form behave, whatever they hold: Enter moves on as Tab does, the
  * whole text is selected on entry, a date box is not left with an impossible date, and a button

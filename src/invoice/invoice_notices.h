@@ -16,6 +16,22 @@ struct TypedAllocation
     bool isOpen = false;
 };
 
+/** What notices have to know of an amount field's past. */
+struct AmountPast
+{
+    QString before; ///< what it read when it was entered, before it was turned into plain form
+    QString left;   ///< what it read when it was left last, before it was shown in display form
+    bool isRewritten = false; ///< by the user, since it read @ref before
+
+    /** To be called on entry with what the field reads. If the user has written nothing since the
+     *  last entry, the text only went through the plain form: then @ref before stays. */
+    void enter(const QString &text)
+    {
+        if (before.isEmpty() || isRewritten)
+            *this = {text, {}, false};
+    }
+};
+
 /** All that the notices of an invoice form are about: what it holds at a moment. */
 struct InvoiceState
 {

@@ -41,10 +41,6 @@ private:
 /** The content of a file of the machine. Throws FileError for what is no file or can't be read. */
 QByteArray ReadWholeFile(const QString &path);
 
-/** What the name of a new database or project folder ends in until PutInPlace() gives it its own.
- */
-inline constexpr QStringView UnfinishedEnd = u".nuovo";
-
 /** Renames a file that its writer has put on the disk, such as a new database, or a folder of such
  *  files to another name in the same folder; the entry is then on the disk, too. Throws FileError,
  *  nothing being renamed, also when something has the name. Paths of the machine. */

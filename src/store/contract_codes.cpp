@@ -1,7 +1,6 @@
 #include "store/contract_codes.h"
 
 #include "platform/machine_path.h"
-#include "platform/whole_file.h"
 #include "store/archive_paths.h"
 
 #include <QDir>
