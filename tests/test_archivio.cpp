@@ -1,8 +1,12 @@
 #include "file_content.h"
 #include "sound_project.h"
+#include "store/table_definitions.h"
 
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTest>
+
+#include <set>
 
 using namespace saldoro;
 
@@ -30,6 +34,7 @@ class TestArchivio : public QObject
 private slots:
     void commandLine();
     void tellsWhatHindersTheCheck();
+    void isHelpedByTheWordsThatItTakes();
 };
 
 void TestArchivio::commandLine()
@@ -153,6 +158,49 @@ void TestArchivio::tellsWhatHindersTheCheck()
                  qPrintable(said));
     }
     QCOMPARE(ContentsOf(folder), mixed);
+}
+
+/** Instructions, manual page and completion name each word, and none that the program refuses. */
+void TestArchivio::isHelpedByTheWordsThatItTakes()
+{
+    const auto optionsIn = [](const QString &text) {
+        static const QRegularExpression option(u"--[a-z]+"_s);
+        std::set<QString> options;
+        for (const QRegularExpressionMatch &match : option.globalMatch(text))
+            options.insert(match.captured());
+        return options;
+    };
+    const QString page =
+        QString::fromUtf8(ContentOf(QStringLiteral(HELPS) + u"/saldoro-archivio.1.in"_s));
+    const QString completion =
+        QString::fromUtf8(ContentOf(QStringLiteral(HELPS) + u"/saldoro-archivio.bash"_s));
+    const QString usage = run({u"--aiuto"_s});
+    std::set<QString> options = optionsIn(usage);
+    QVERIFY(options == optionsIn(QString(page).remove(u'\\')));
+    QVERIFY(options.erase(u"--help"_s) == 1 && options.erase(u"--version"_s) == 1);
+    QVERIFY(options == optionsIn(completion));
+    QVERIFY(options.erase(u"--aiuto"_s) == 1 && options.erase(u"--versione"_s) == 1);
+    const auto wordsBehind = [&completion](const QString &start) {
+        return completion.section(start, 1, 1).section(u'\'', 0, 0).split(u' ');
+    };
+    const QStringList commands = wordsBehind(u"-W '"_s).first(4);
+    QVERIFY(run({}).contains(
+        u": %1, %2, %3 o %4.\n"_s.arg(commands[0], commands[1], commands[2], commands[3])));
+    for (const QString &command : commands) {
+        const QStringList own = wordsBehind(command + u") options='"_s);
+        if (command == u"imposta") // where every word is a value
+            continue;
+        for (const QString &option : options)
+            QVERIFY2(run({command, option}).contains(u"non esiste"_s) != own.contains(option),
+                     qPrintable(command + option));
+    }
+    QStringList tables;
+    for (const ArchiveFile file : ArchiveFileList) {
+        for (const TableDef &table : TablesOf(file))
+            tables.append(table.name());
+    }
+    QCOMPARE(wordsBehind(u"--sostituisci ]; then\n        options='"_s), tables);
+    QCOMPARE(wordsBehind(u"imposta 4' ]; then\n        options='"_s), SettablePaymentFields());
 }
 
 QTEST_GUILESS_MAIN(TestArchivio)

@@ -1,7 +1,11 @@
 #include "archive_probe.h"
 #include "overview/availability_overview.h"
 #include "overview/payment_opening_and_deletion.h"
+#include "overview/payment_statement.h"
 #include "overview/payments_list.h"
+#include "sound_project.h"
+#include "store/table_definitions.h"
+#include "verify/verification.h"
 
 #include <QTest>
 
@@ -71,6 +75,41 @@ private slots:
                 place);
             QCOMPARE(BodyText(list),
                      shown.isEmpty() ? u"||||"_s : u"3|Prima|05/11/2019|1,00|€\n"_s + shown);
+        }
+    }
+
+    /** Of each field that a payment may lack. */
+    void theCheckKnowsWhatStopsTheListAndTheDocuments()
+    {
+        const auto fails = [](const auto &action) { return FailurePlace(action) != u"none"; };
+        const TableDef fatture = TablesOf(ArchiveFile::Ledger).first();
+        for (const FieldDef &field : fatture.fields()) {
+            for (int number = 1; number <= 2; ++number) {
+                const SoundProject project;
+                project.archive.execute(
+                    project.path(u'L'),
+                    u"UPDATE Fatture SET %1 = NULL WHERE Npag = %2"_s.arg(field.name).arg(number));
+                ProgramValues values = project.archive.values();
+                QStringList told;
+                for (const Finding &finding : VerifyProject(project.folder()))
+                    told += finding.problem;
+                const auto isTold = [&](const QString &consequence) {
+                    return !told.filter(u"manca il valore di "_s + field.name + consequence)
+                                .isEmpty();
+                };
+                TextTable list;
+                PreparePaymentsList(list);
+                const bool isListed =
+                    !fails([&] { FillPaymentsList(list, OpenPaymentsList(values)); });
+                QCOMPARE(isTold(u": la schermata principale si ferma"_s), !isListed);
+                const bool isStated = !fails([&] {
+                    RecordSet payments = OpenPaymentsList(values);
+                    for (; !payments.eof(); payments.moveNext())
+                        ComponiTestoPagamento(payments, values);
+                });
+                if (isListed)
+                    QCOMPARE(isTold(u": la chiusura della schermata"_s), !isStated);
+            }
         }
     }
 
