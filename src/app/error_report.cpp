@@ -53,10 +53,8 @@ QString checkCommand(const QString &path)
 {
     QString program = u"saldoro-archivio"_s;
     if (QStandardPaths::findExecutable(program).isEmpty())
-        program =
-            u'"' +
-            QDir::toNativeSeparators(QCoreApplication::applicationDirPath() + u'/' + program) +
-            u'"';
+        program = u'"' + QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) +
+                  QDir::separator() + program + u'"';
     const bool isElsewhere =
         path.isEmpty() || path.endsWith(ArchiveFileName::Codes, Qt::CaseInsensitive);
     return program + u" verifica "_s +

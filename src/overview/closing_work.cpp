@@ -53,8 +53,7 @@ void composeStatements(RecordSet &fatture, const QString &creditors, ProgramValu
     const qint16 count = paymentCount(fatture, creditors);
     for (int number = 1; number < count; ++number) {
         ComponiTestoPagamento(fatture, values);
-        form.listBox.text += u"\r\n"_s;
-        form.listBox.text += values.TestoPagamento;
+        form.listBox.text += u"\r\n"_s + values.TestoPagamento;
         fatture.moveNext();
     }
     ComponiTestoPagamento(fatture, values);

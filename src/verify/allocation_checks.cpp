@@ -117,8 +117,7 @@ void CheckItems(const CheckedProject &project, Findings &findings)
                     code->second));
         if (code != codes.end() && allocation.code && !allocation.amount)
             add(u"manca l'importo, o non si legge: il quadro di disponibilità si ferma a questa "
-                u"voce e la "
-                "schermata principale non si apre."_s,
+                "voce e la schermata principale non si apre."_s,
                 InTheArchive);
     }
 }
