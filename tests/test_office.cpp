@@ -83,7 +83,7 @@ private slots:
         ContractsArchive office;
         BareFile(office.folder(u"00112"_s) + u"/Saldoro.mdb"_s)
             .rows(u"WITH RECURSIVE n(i) AS (SELECT 3 UNION ALL SELECT i + 1 FROM n WHERE i < "
-                  "400000) INSERT INTO Spese (RelNpag, Cod, Importo) SELECT i, 'A1', 1 FROM n"_s);
+                  "1000000) INSERT INTO Spese (RelNpag, Cod, Importo) SELECT i, 'A1', 1 FROM n"_s);
         FrmAppalti form;
         form.show();
         QVERIFY(QTest::qWaitForWindowActive(&form));
