@@ -5,8 +5,8 @@
 #   scripts/test.sh          that
 #   scripts/test.sh --all    also lets the program die and its disk fail at every call, reads the
 #                            documents with other programs, repeats all tests under address and
-#                            undefined-behaviour sanitizers and runs the static analysis; about
-#                            fifteen minutes
+#                            undefined-behaviour sanitizers, compiles each file by itself and runs
+#                            the static analysis; about fifteen minutes
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
@@ -41,6 +41,10 @@ if [ "$all" = --all ]; then
     build_and_test dev
     step 'build and tests under sanitizers'
     build_and_test sanitize
+    # A file that lacks an include is hidden where whole folders are compiled at once.
+    step 'each file by itself'
+    configure release -B build/check-files -DBUILD_TESTING=OFF -DCMAKE_CXX_FLAGS_RELEASE=-O0
+    cmake --build build/check-files
     step 'static analysis'
     scripts/analyse.sh build/check-dev
 else

@@ -7,6 +7,7 @@
 #include "platform/machine_path.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <utility>
