@@ -140,9 +140,9 @@ void TestArchivio::tellsWhatHindersTheCheck()
     const QString output = run({u"verifica"_s, folder});
     QVERIFY2(output.startsWith(u"2 "_s) && output.contains(u"a metà"_s), qPrintable(output));
     QCOMPARE(ContentsOf(folder), crashed);
+    QVERIFY(QFile::remove(folder + u"/Appalto.mdb-journal"_s));
 #ifndef Q_OS_WIN // where the engine does not mind it
     // A folder in the way of a file of the engine is no change that was broken off.
-    QVERIFY(QFile::remove(folder + u"/Appalto.mdb-journal"_s));
     QVERIFY(QDir(folder).mkdir(u"Saldoro.mdb-wal"_s));
     const QString blocked = run({u"verifica"_s, folder});
     QVERIFY(blocked.startsWith(u"2 "_s) && blocked.contains(u"Controllare i permessi del file"_s));
