@@ -1,7 +1,5 @@
-#include "common/errors.h"
 #include "database/connection.h"
 #include "database/database.h"
-#include "platform/machine_path.h"
 #include "platform/whole_file.h"
 
 #include <QDateTime>
@@ -59,30 +57,6 @@ Database Database::copyInMemory() const
     const auto copy = std::make_shared<Connection>(path(), FileAccess::InMemory);
     m_file->copyTo(*copy);
     return Database(copy);
-}
-
-bool Database::hasPlainJournal(const QString &path)
-{
-    constexpr qint64 writerVersion = 18; // in the header: which programs may write the file, and so
-    constexpr char writeAheadLog = 2;
-    QFile file(MachinePath(path));
-    char version = 0;
-    const bool isRead = QFileInfo(file).isFile() && // to open a pipe would wait for ever
-                        file.open(QIODevice::ReadOnly) && file.seek(writerVersion) &&
-                        file.getChar(&version);
-    return !isRead || version != writeAheadLog;
-}
-
-QString Database::noPlainJournalProblem()
-{
-    return u"ha un giornale (WAL) che lascia altri file accanto, senza i quali una copia non vale: "
-           "riportarlo al giornale normale nel programma che lo tiene."_s;
-}
-
-void Database::requirePlainJournal(const QString &path)
-{
-    if (!hasPlainJournal(path))
-        throw FileError(MachinePath(path), u"Il file "_s + noPlainJournalProblem());
 }
 
 } // namespace saldoro
