@@ -8,7 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Writes @p value as @p count digits into @p text, the first at @p position. */
+/** Writes @p value as @p count digits into @p text, the first at @p position. Long tables are full
+ *  of dates, and take several times as long where a format is interpreted for each. */
 void setDigits(QString &text, qsizetype position, int count, int value)
 {
     for (qsizetype place = position + count - 1; place >= position; --place, value /= 10)
@@ -21,11 +22,19 @@ QString FormatData(QDate day)
 {
     if (!day.isValid())
         return {};
-    // Long lists are full of dates: the digits are set one by one, without a format to interpret.
     QString text = EmptyDateText.toString();
     setDigits(text, 0, 2, day.day());
     setDigits(text, 3, 2, day.month());
     setDigits(text, 6, 4, day.year());
+    return text;
+}
+
+QString IsoText(QDate day)
+{
+    QString text = u"0000-00-00"_s;
+    setDigits(text, 0, 4, day.year());
+    setDigits(text, 5, 2, day.month());
+    setDigits(text, 8, 2, day.day());
     return text;
 }
 

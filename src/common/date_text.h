@@ -11,6 +11,9 @@ inline constexpr QStringView EmptyDateText = u"__/__/____";
 /** The day as dd/MM/yyyy; the empty text for an invalid date. */
 QString FormatData(QDate day);
 
+/** A valid day of the years 0 to 9999 as yyyy-MM-dd. */
+QString IsoText(QDate day);
+
 /** The form of a day that is typed: d/m/yyyy or d/m/yy; day and month may have one digit or two. */
 inline constexpr QStringView TypedDayForm = u"([0-9]{1,2})/([0-9]{1,2})/([0-9]{4}|[0-9]{2})";
 

@@ -6,7 +6,6 @@
 #include "common/legacy_text.h"
 #include "common/rounding.h"
 
-#include <QCalendar>
 #include <QLocale>
 #include <QRegularExpression>
 
@@ -42,22 +41,6 @@ std::optional<QDate> dayOf(const StoredValue &value)
     return day.isValid() ? std::optional(day) : std::nullopt;
 }
 
-/** A day as yyyy-MM-dd. Long tables are full of days: the digits are set one by one, without a
- *  format to interpret. */
-QByteArray isoText(QDate day)
-{
-    const auto parts = QCalendar().partsFromDate(day);
-    QByteArray text("0000-00-00");
-    const auto set = [&text](qsizetype last, int value) {
-        for (; value > 0; value /= 10, --last)
-            text[last] = static_cast<char>('0' + value % 10);
-    };
-    set(3, parts.year);
-    set(6, parts.month);
-    set(9, parts.day);
-    return text;
-}
-
 /** Turns one kind of new value into the stored form of its field. */
 struct Converter
 {
@@ -85,7 +68,7 @@ struct Converter
     {
         if (!day.isValid() || field.type != FieldType::Date)
             return DatabaseFault::TypeMismatch;
-        return StoredValue(KeptText(isoText(day), texts));
+        return StoredValue(KeptText(IsoText(day).toUtf8(), texts));
     }
 
     Form operator()(qint32 number) const
