@@ -22,6 +22,23 @@
 using namespace saldoro;
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/** The window of a new contract, open and active. */
+struct NewContract : ContractsArchive
+{
+    NewContract()
+    {
+        form.setAttribute(Qt::WA_DeleteOnClose, false);
+        form.show();
+        if (!QTest::qWaitForWindowActive(&form))
+            qFatal("the form did not become active");
+    }
+    FrmVoci form{project.archive.values().ArchiveRoot, {}, nullptr};
+};
+
+} // namespace
+
 /** Tables that are pasted or dropped: new contracts, variants and creditors. */
 class TestOfficeTables : public QObject
 {
@@ -86,11 +103,8 @@ private slots:
     /** What the check finds stands in the row that it is about. */
     void faultyCodes()
     {
-        ContractsArchive office;
-        FrmVoci form(office.project.archive.values().ArchiveRoot, {}, nullptr);
-        form.setAttribute(Qt::WA_DeleteOnClose, false);
-        form.show();
-        QVERIFY(QTest::qWaitForWindowActive(&form));
+        NewContract office;
+        FrmVoci &form = office.form;
         QGuiApplication::clipboard()->setText(
             u"Cod\tVoce di spesa\tImporto\nA'1\tScavi\t1\nB1\tMuri\t2\nb1\tTetti\t4"_s);
         Play(&form, u"to Celle, Ctrl+V"_s);
@@ -108,11 +122,8 @@ private slots:
     /** CSV files are dropped on the table; where commas part the cells, none of an amount does. */
     void droppedFile()
     {
-        ContractsArchive office;
-        FrmVoci form(office.project.archive.values().ArchiveRoot, {}, nullptr);
-        form.setAttribute(Qt::WA_DeleteOnClose, false);
-        form.show();
-        QVERIFY(QTest::qWaitForWindowActive(&form));
+        NewContract office;
+        FrmVoci &form = office.form;
         const auto drop = [&](const QByteArray &content) {
             const QString path = office.settings.filePath(u"voci.csv"_s);
             WriteFile(path, content);

@@ -154,11 +154,11 @@ GivenTable tableOf(const QString &text, const ExchangedTable &table, const Table
     if (lineAbove > 0)
         faults.append({lineAbove, {}, u"sta sopra l'intestazione, che va in cima al file."_s});
     // A single fault may be a typing error, though the other notation has none.
-    QList<CellFault> otherFaults;
     if (faults.size() > 1)
-        cells = RowsOfText(text, separator);
+        cells = RowsOfText(text, separator); // the rows are used up
     if (faults.size() > 1 && ToldNotation(cells.rows, columns, table) == other) {
-        TypedRowsOf(cells.rows, columns, table, stored, other, otherFaults);
+        QList<CellFault> otherFaults;
+        TypedRowsOf(std::move(cells.rows), columns, table, stored, other, otherFaults);
         if (otherFaults.size() + 1 < faults.size())
             faults = {{0,
                        {},
@@ -171,6 +171,7 @@ GivenTable tableOf(const QString &text, const ExchangedTable &table, const Table
     return given;
 }
 
+/** The faults of a file as findings, which name its table but no row of it. */
 Findings findingsOf(const QList<CellFault> &faults, const QString &file,
                     const ExchangedTable &table)
 {

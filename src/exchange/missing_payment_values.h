@@ -7,8 +7,8 @@ namespace saldoro {
 
 /**
  * Gives payments of a ledger values that they lack, without which the main screen does not open:
- * all of them or none. Each is told by three words: the number of the payment, the field (one
- * of SettablePaymentFields() in any letter case) and a day or an amount as an Italian spreadsheet
+ * all of them or none. Each is told by three words: the number of the payment, the field (one of
+ * SettablePaymentFields() in any letter case) and a day or an amount as an Italian spreadsheet
  * writes it. Puts a copy of the ledger beside it first and gives the copy's path.
  *
  * Throws SaldoroError, with nothing changed, for words that can't be read, when no payment or more

@@ -31,7 +31,7 @@ QString refusal(const FieldDef &field, const NewValue &value)
     return u"il valore non sta nel campo che l'archivio ha."_s;
 }
 
-/** Whether the digits behind the first comma may be a group of three. */
+/** Whether three digits stand behind the first comma, as decimals or as thousands. */
 bool hasThreeDecimals(QStringView cell)
 {
     const qsizetype mark = cell.indexOf(u',');

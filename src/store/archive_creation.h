@@ -11,9 +11,9 @@ namespace saldoro {
  * Creates an empty payment ledger, ArchiveFileName::Ledger in @p projectFolder (an archive path
  * without a trailing backslash). The folder must exist. Tables `Fatture` and `Spese`, no keys, no
  * indexes. Returns the open ledger, which the program keeps until it ends; everyone else opens the
- * file again. Throws FileExists, FileMissing (no such folder), ReadOnly, DiskFull, and
- * FileError when the journal of a ledger that is missing lies there; a failure in between leaves
- * the file with the tables made so far.
+ * file again. Throws FileExists, FileMissing (no such folder), ReadOnly, DiskFull, and FileError
+ * when the journal of a ledger that is missing lies there; a failure in between leaves the file
+ * with the tables made so far.
  */
 Database CreateLedgerDatabase(const QString &projectFolder);
 

@@ -26,10 +26,10 @@ struct Finding
     QString place;   ///< payment, row, code... that it is about, or the whole finding
     QString problem; ///< what is wrong and what comes of it
     QString remedy;  ///< what to do
-    // The row, of a finding that is about one.
+    // What it is about, as far as that is one table, row or field.
     QString table = {};
-    qsizetype row = -1; ///< in stored order, from 0
-    QString field = {}; ///< that it is about, if it is about one
+    qsizetype row = -1; ///< in stored order, from 0; -1 for none
+    QString field = {};
 };
 
 using Findings = QList<Finding>;
