@@ -20,8 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Values = QList<std::pair<QString, NewValue>>;
-
 ExchangedTable listTable(const QString &name, const QStringList &fields)
 {
     TableDef definition(name);
@@ -46,18 +44,12 @@ qint32 nextNumber(RecordSet &records, const QString &field)
     return highest + 1;
 }
 
-/** Fills the record that has been added or is edited. */
-void write(RecordSet &records, const Values &values)
+void add(RecordSet &records, const QList<std::pair<QString, NewValue>> &values)
 {
+    records.addNew();
     for (const auto &[field, value] : values)
         records.set(field, value);
     records.update();
-}
-
-void add(RecordSet &records, const Values &values)
-{
-    records.addNew();
-    write(records, values);
 }
 
 /** The number of a company, which is added when it is not there. */
@@ -106,10 +98,10 @@ void addProfessionals(RecordSet &sheet, const TableRows &rows)
         const auto item = [&free] { return u'I' + QString::number(free).rightJustified(2, u'0'); };
         while (FindItem(sheet, item()))
             ++free;
-        add(sheet, {{u"Voce"_s, item()},
-                    {u"Funzione"_s, ItemTag::Professional},
-                    {u"Descri"_s, u"Professionista"_s},
-                    {u"Stringa"_s, row.first()}});
+        WriteItem(sheet, item(),
+                  {{u"Funzione"_s, ItemTag::Professional},
+                   {u"Descri"_s, u"Professionista"_s},
+                   {u"Stringa"_s, row.first()}});
     }
 }
 
@@ -117,15 +109,12 @@ void setContractor(RecordSet &sheet, RecordSet companies, const QString &contrac
                    const ProgramValues &values)
 {
     const QString item = CodiceEsterno(values, InternalCode::Contractor);
-    const qint32 number = companyNumber(companies, contractor);
-    if (!FindItem(sheet, item)) {
-        add(sheet, {{u"Voce"_s, item},
-                    {u"Funzione"_s, ItemTag::Contractor},
-                    {u"Descri"_s, DescrizioneFunzione(values, InternalCode::Contractor)}});
-        FindItem(sheet, item);
-    }
-    sheet.edit();
-    write(sheet, {{u"Stringa"_s, contractor}, {u"Link"_s, number}});
+    ItemValues fields{{u"Stringa"_s, contractor},
+                      {u"Link"_s, companyNumber(companies, contractor)}};
+    if (!FindItem(sheet, item))
+        fields += {{u"Funzione"_s, ItemTag::Contractor},
+                   {u"Descri"_s, DescrizioneFunzione(values, InternalCode::Contractor)}};
+    WriteItem(sheet, item, fields);
 }
 
 } // namespace

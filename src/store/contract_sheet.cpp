@@ -7,9 +7,6 @@
 #include "store/archive_paths.h"
 #include "store/code_map.h"
 
-#include <initializer_list>
-#include <utility>
-
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
@@ -44,31 +41,14 @@ RecordSet findItemLike(const ProgramValues &values, const QString &pattern)
     return sheet;
 }
 
-/** What a writer does to the key of an item that it found, perhaps in other letter case. */
-enum class ExistingKey
-{
-    Keep,
-    Rewrite
-};
-
-/** Writes the first item of that code, or a new one when there is none. */
-void writeItem(const ProgramValues &values, const QString &item, ExistingKey existing,
-               std::initializer_list<std::pair<QString, NewValue>> fields)
+/** Writes an item of the closed sheet. */
+void writeItem(const ProgramValues &values, const QString &item, const ItemValues &fields)
 {
     WithDetail(Detail::Item, item, [&] {
         // The sheet has a note for every payment: only the items of that code are read and put in
         // order.
         RecordSet sheet = openSheet(values, u" WHERE "_s + itemCriterion(item));
-        const bool isNew = !FindItem(sheet, item);
-        if (isNew)
-            sheet.addNew();
-        else
-            sheet.edit();
-        if (isNew || existing == ExistingKey::Rewrite)
-            sheet.set(u"Voce"_s, item);
-        for (const auto &[field, value] : fields)
-            sheet.set(field, value);
-        sheet.update();
+        WriteItem(sheet, item, fields);
     });
 }
 
@@ -87,14 +67,26 @@ bool FindItem(RecordSet &sheet, const QString &item)
     return !sheet.noMatch();
 }
 
+void WriteItem(RecordSet &sheet, const QString &item, const ItemValues &fields)
+{
+    if (FindItem(sheet, item)) {
+        sheet.edit();
+    } else {
+        sheet.addNew();
+        sheet.set(u"Voce"_s, item);
+    }
+    for (const auto &[field, value] : fields)
+        sheet.set(field, value);
+    sheet.update();
+}
+
 void AggiornaVoceImporto(const ProgramValues &values, QStringView internalCode, qint16 tag,
                          Currency amount)
 {
     WithDetail(Detail::Code, internalCode.toString(), [&] {
         const RecordSet codes = FindCode(values, internalCode);
         const QString item = codes.field(u"CodExt"_s).text();
-        // The key of an item that is there already stays in the letter case it was written in.
-        writeItem(values, item, ExistingKey::Keep,
+        writeItem(values, item,
                   {{u"Funzione"_s, qint32{tag}},
                    {u"Descri"_s, codes.field(u"Desc"_s).textOrEmpty()},
                    {u"Stringa"_s, EuroText(amount)},
@@ -105,16 +97,19 @@ void AggiornaVoceImporto(const ProgramValues &values, QStringView internalCode, 
 void ScriviVoceFile(const ProgramValues &values, const QString &item, qint16 tag,
                     const QString &description, const QString &fileName)
 {
-    writeItem(
-        values, item, ExistingKey::Rewrite,
-        {{u"Funzione"_s, qint32{tag}}, {u"Descri"_s, description}, {u"NomeFile"_s, fileName}});
+    writeItem(values, item,
+              {{u"Voce"_s, item},
+               {u"Funzione"_s, qint32{tag}},
+               {u"Descri"_s, description},
+               {u"NomeFile"_s, fileName}});
 }
 
 void ScriviVoceStringa(const ProgramValues &values, const QString &item, qint16 tag,
                        const QString &description, const QString &text)
 {
-    writeItem(values, item, ExistingKey::Rewrite,
-              {{u"Funzione"_s, qint32{tag}},
+    writeItem(values, item,
+              {{u"Voce"_s, item},
+               {u"Funzione"_s, qint32{tag}},
                {u"Descri"_s, LeftCharacters(description, descriptionSize)},
                {u"Stringa"_s, text}});
 }

@@ -4,16 +4,19 @@
 #include "common/program_values.h"
 #include "database/record_set.h"
 
+#include <QList>
 #include <QString>
+
+#include <utility>
 
 namespace saldoro {
 
 /*
  * The items of the contract sheet. OpenContractSheet() leaves the database open with its set, in
- * which FindItem() looks; each other routine opens it, does one job and closes it. Every write is
- * one statement. Errors are DatabaseErrors, FieldTooSmall for a text longer than its column. The
- * detail "Voce" is the item that is written, or the pattern of StringaVoceLike(). Items and
- * patterns go into criteria as they are: one apostrophe throws SyntaxError, two count as one.
+ * which FindItem() and WriteItem() work; each other routine opens it, does one job and closes it.
+ * Every write is one statement. Errors are DatabaseErrors, FieldTooSmall for a text longer than its
+ * column. The detail "Voce" is the item that is written, or the pattern of StringaVoceLike(). Items
+ * and patterns go into criteria as they are: one apostrophe throws SyntaxError, two count as one.
  */
 
 /** Tags of the items, in `Funzione`. */
@@ -30,6 +33,13 @@ RecordSet OpenContractSheet(const ProgramValues &values);
 
 /** Makes the item of that code the current record of the sheet; false when there is none. */
 bool FindItem(RecordSet &sheet, const QString &item);
+
+/** Values of an item's fields. */
+using ItemValues = QList<std::pair<QString, NewValue>>;
+
+/** Writes those fields of an item of the open sheet; adds the item when missing. The code of one
+ *  that is there stays in its letter case unless `Voce` is among the fields. */
+void WriteItem(RecordSet &sheet, const QString &item, const ItemValues &fields);
 
 /** Writes the amount item that an internal code is mapped to: tag, the code's description, the
  *  amount and its EuroText(). Adds the item when missing. A code that is not mapped throws
