@@ -10,9 +10,6 @@ namespace saldoro {
  * read is passed over.
  */
 
-/** Values that are not exactly of their field's kind. */
-void CheckValues(const CheckedProject &project, Findings &findings);
-
 /** Values that a payment lacks, its kind and its sum. */
 void CheckPayments(const CheckedProject &project, Findings &findings);
 

@@ -6,6 +6,7 @@
 #include "verify/allocation_checks.h"
 #include "verify/contract_checks.h"
 #include "verify/payment_checks.h"
+#include "verify/value_checks.h"
 #include "verify/write_trial.h"
 
 #include <QFileInfo>
