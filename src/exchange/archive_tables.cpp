@@ -98,8 +98,7 @@ QString SummaryOf(const ExchangedTable &table, const TableRows &rows)
     const QString text = u"%1: %2 %3"_s.arg(table.name())
                              .arg(rows.size())
                              .arg(rows.size() == 1 ? u"riga"_s : u"righe"_s);
-    return table.place(u"Importo"_s) < 0 ? text
-                                         : text + u", totale Importo "_s + TotalText(table, rows);
+    return table.hasAmounts() ? text + u", totale Importo "_s + TotalText(table, rows) : text;
 }
 
 } // namespace saldoro

@@ -25,6 +25,8 @@ struct ExchangedTable
     QStringList fieldNames() const;
     /** Place of a field, by its name in any letter case, among those of a row; -1 for none. */
     qsizetype place(const QString &field) const { return definition.place(field); }
+    /** Whether its rows have amounts that add up. */
+    bool hasAmounts() const { return place(QStringLiteral("Importo")) >= 0; }
 };
 
 /** The eight tables, those of one database next to each other. */

@@ -195,6 +195,30 @@ void PastedTable::readInItalian()
 
 void PastedTable::judge()
 {
+    const QList<CellRow> rows = rowsToRead();
+    CellColumns columns = m_columns;
+    columns.firstRow = 0;
+    const std::optional<Notation> notation = ToldNotation(rows, columns, m_table);
+    if (notation == Notation::International) {
+        readInItalian();
+        judge();
+        return;
+    }
+    QList<CellFault> faults;
+    m_taken = TypedRowsOf(rows, columns, m_table, m_table.definition, notation, faults);
+    m_taken.source = u"Celle incollate"_s;
+    for (const CellFault &fault : std::as_const(faults))
+        addFault(fault.line, caption(fault.field) + u": "_s + fault.problem);
+    for (qsizetype row = 0; row < m_taken.rows.size(); ++row)
+        requireFields(m_taken.lines[row], m_taken.rows[row]);
+    dropFaulty();
+    for (const CellFault &fault : m_check ? m_check(m_taken.rows) : QList<CellFault>())
+        addFault(m_taken.lines[fault.line - 1], fault.problem);
+    dropFaulty();
+}
+
+QList<CellRow> PastedTable::rowsToRead()
+{
     QList<CellRow> rows;
     for (int line = 1; line <= m_rows.size(); ++line) {
         PastedRow &row = m_rows[line - 1];
@@ -205,37 +229,23 @@ void PastedTable::judge()
         if (row.state == PastedState::Taken)
             rows.append({line, row.cells});
     }
-    CellColumns columns = m_columns;
-    columns.firstRow = 0;
-    const std::optional<Notation> notation = ToldNotation(rows, columns, m_table);
-    if (notation == Notation::International) {
-        readInItalian();
-        judge();
-        return;
+    return rows;
+}
+
+void PastedTable::requireFields(int line, const TableRow &row)
+{
+    for (const QString &field : m_table.neededFields) {
+        const NewValue &value = row[m_table.place(field)];
+        if (isSheetError(TextOf(value)))
+            addFault(line, u"%1: «%2» è un errore del foglio elettronico."_s.arg(caption(field),
+                                                                                 TextOf(value)));
+        if (value == NewValue())
+            addFault(line, u"manca %1."_s.arg(caption(field)));
     }
-    QList<CellFault> faults;
-    const GivenTable typed =
-        TypedRowsOf(rows, columns, m_table, m_table.definition, notation, faults);
-    for (const CellFault &fault : std::as_const(faults))
-        addFault(fault.line, caption(fault.field) + u": "_s + fault.problem);
-    m_taken = {&m_table, typed.fields, u"Celle incollate"_s};
-    for (qsizetype row = 0; row < typed.rows.size(); ++row) {
-        const int line = typed.lines[row];
-        for (const QString &field : m_table.neededFields) {
-            const NewValue &value = typed.rows[row][m_table.place(field)];
-            if (isSheetError(TextOf(value)))
-                addFault(line, u"%1: «%2» è un errore del foglio elettronico."_s.arg(
-                                   caption(field), TextOf(value)));
-            if (value == NewValue())
-                addFault(line, u"manca %1."_s.arg(caption(field)));
-        }
-        if (m_rows[line - 1].state == PastedState::Taken) {
-            m_taken.rows.append(typed.rows[row]);
-            m_taken.lines.append(line);
-        }
-    }
-    for (const CellFault &fault : m_check ? m_check(m_taken.rows) : QList<CellFault>())
-        addFault(m_taken.lines[fault.line - 1], fault.problem);
+}
+
+void PastedTable::dropFaulty()
+{
     for (qsizetype row = m_taken.rows.size() - 1; row >= 0; --row) {
         if (m_rows[m_taken.lines[row] - 1].state == PastedState::Faulty) {
             m_taken.rows.removeAt(row);

@@ -83,6 +83,11 @@ public:
 
 private:
     void judge();
+    /** Sets aside what is no row of the table and gives the rows that may be. */
+    QList<CellRow> rowsToRead();
+    void requireFields(int line, const TableRow &row);
+    /** Takes the rows that have become faulty out of those that are taken. */
+    void dropFaulty();
     /** Rewrites the amounts in the Italian notation. */
     void readInItalian();
     /** The columns that a field may be by the names in the header, if there are several. */

@@ -1,6 +1,7 @@
+#include "invoice/amount_notices.h"
+
 #include "common/amount_text.h"
 #include "common/number_text.h"
-#include "invoice/invoice_notices.h"
 #include "invoice/typed_worth.h"
 
 namespace saldoro {

@@ -4,6 +4,7 @@
 #include "common/errors.h"
 #include "common/overview_column.h"
 #include "database/text_order.h"
+#include "invoice/amount_notices.h"
 #include "invoice/typed_worth.h"
 #include "store/mandate_note.h"
 

@@ -59,9 +59,4 @@ struct InvoiceState
 /** What the form tells about itself. An amount beyond the currency range is a notice, too. */
 Notices InvoiceNotices(const InvoiceState &state);
 
-/** Adds what there is to tell of the invoice's amounts and totals, and what the text that is being
- *  typed is worth. Amounts count as they will once the field that has the focus is left. Throws
- *  OverflowError when leaving it would. */
-void TellAmounts(const InvoiceState &state, Notices &all);
-
 } // namespace saldoro

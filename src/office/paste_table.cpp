@@ -234,7 +234,7 @@ void PasteTable::showRow(int row)
 void PasteTable::showSum()
 {
     QString text = u"Righe da prendere: %1"_s.arg(m_pasted.taken().rows.size());
-    if (m_pasted.table().place(u"Importo"_s) >= 0)
+    if (m_pasted.table().hasAmounts())
         text += u"    Totale: "_s + TotalText(m_pasted.table(), m_pasted.taken().rows);
     text += u"    Tralasciate: %1    Da correggere: %2"_s
                 .arg(m_pasted.count(PastedState::SetAside) + m_pasted.count(PastedState::LeftOut))
