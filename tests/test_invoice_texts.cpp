@@ -28,15 +28,8 @@ private slots:
                                           {u"Text1_3"_s, 50},
                                           {u"Mandato"_s, 70}}) {
             auto *box = d->find<QLineEdit>(name);
-            const auto drop = [&] {
-                const QPoint place = box->rect().center();
-                QDragEnterEvent enter(place, Qt::CopyAction, &dropped, Qt::LeftButton, {});
-                QApplication::sendEvent(box, &enter);
-                QDropEvent release(place, Qt::MoveAction | Qt::CopyAction, &dropped, Qt::LeftButton,
-                                   Qt::ShiftModifier); // asks to move
-                QApplication::sendEvent(box, &release);
-                QCOMPARE(release.dropAction(), Qt::CopyAction); // none of it goes elsewhere
-            };
+            // It asks to move what does not fit.
+            const auto drop = [&] { QCOMPARE(dropOn(*box, dropped), Qt::CopyAction); };
             for (const auto &paste : QList<std::function<void()>>{[&] { d->play(u"Ctrl+V"_s); },
                                                                   [box] { box->paste(); }, drop}) {
                 box->setFocus();
@@ -84,6 +77,23 @@ private slots:
         QCOMPARE(d->text(u"Text2_3"_s), u"1.500,00"_s);
     }
 
+    /** A field that the focus has not entered would keep the dropped text as it is: the total would
+     *  stay behind, and the point would count as thousands. */
+    void aDropTakesTheFocus()
+    {
+        d->open(CreditorKind::Company, 1);
+        QMimeData dropped;
+        dropped.setText(u"1000.50"_s);
+        dropOn(*d->find<QLineEdit>(u"Text2_0"_s), dropped);
+        QCOMPARE(d->focused(), u"Text2_0"_s);
+        d->play(u"Tab"_s);
+        QCOMPARE(d->texts(u"Text2_0 Text2_3"_s), u"1.000,50 1.000,50"_s);
+        d->play(u"to MaskEdBox1_0, type 31022024"_s);
+        dropOn(*d->find<QLineEdit>(u"Text2_0"_s), dropped);
+        QCOMPARE(d->texts(u"Text2_0 Text2_3"_s), u"1.000,50 1.000,50"_s);
+        QCOMPARE(d->focused(), u"MaskEdBox1_0"_s);
+    }
+
     void untouchedNoteStays()
     {
         const QString note = u"a\r\nb\u00a0c"_s;
@@ -100,6 +110,18 @@ private slots:
     }
 
 private:
+    /** Drops it as a drag that would rather move it; what comes of that. */
+    static Qt::DropAction dropOn(QWidget &box, const QMimeData &dropped)
+    {
+        const QPoint place = box.rect().center();
+        QDragEnterEvent enter(place, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+        QApplication::sendEvent(&box, &enter);
+        QDropEvent release(place, Qt::MoveAction | Qt::CopyAction, &dropped, Qt::LeftButton,
+                           Qt::ShiftModifier);
+        QApplication::sendEvent(&box, &release);
+        return release.dropAction();
+    }
+
     std::unique_ptr<FormDriver> d;
 };
 

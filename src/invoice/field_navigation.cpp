@@ -148,6 +148,11 @@ bool FieldNavigation::eventFilter(QObject *watched, QEvent *event)
         if (!line.hasSelectedText())
             line.selectAll();
         return true;
+    case QEvent::Drop:
+        if (moveTo(line))
+            return false;
+        event->ignore(); // what has the focus can't be left
+        return true;
     default:
         return false;
     }
