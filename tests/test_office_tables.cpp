@@ -100,6 +100,26 @@ private slots:
                         .contains(u"00113|2|1.003,50|0|0,00|1.003,50||"_s));
     }
 
+    /** The wheel, turned while the pointer is on a box, does not choose another column. */
+    void wheelOnAColumn()
+    {
+        NewContract office;
+        FrmVoci &form = office.form;
+        QGuiApplication::clipboard()->setText(u"Cod\tVoce\tNetto\tLordo\nA1\tScavi\t1\t2"_s);
+        Play(&form, u"to Celle, Ctrl+V, to Colonna_Importo"_s);
+        auto *box = Find<QComboBox>(form, u"Colonna_Importo"_s);
+        const int chosen = box->currentIndex();
+        for (const int turn : {-120, 120}) {
+            const QPointF place = box->rect().center();
+            QWheelEvent wheel(place, box->mapToGlobal(place), {}, {0, turn}, Qt::NoButton, {},
+                              Qt::NoScrollPhase, false);
+            QApplication::sendEvent(box, &wheel);
+            QCOMPARE(box->currentIndex(), chosen);
+        }
+        Play(&form, u"Down"_s);
+        QCOMPARE(box->currentIndex(), chosen + 1);
+    }
+
     /** What the check finds stands in the row that it is about. */
     void faultyCodes()
     {

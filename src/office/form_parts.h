@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QComboBox>
 #include <QSize>
 #include <QString>
 #include <QStringList>
+#include <QWheelEvent>
 
 #include <functional>
 
@@ -12,6 +14,13 @@ class QPushButton;
 class QWidget;
 
 namespace saldoro {
+
+/** A box to choose from. The wheel, turned to scroll something else, does not change it. */
+class ChoiceBox : public QComboBox
+{
+protected:
+    void wheelEvent(QWheelEvent *event) override { event->ignore(); }
+};
 
 /**
  * Puts a caption before a field, beside or above it, in a widget of their own, which is returned.

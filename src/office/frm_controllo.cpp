@@ -23,7 +23,7 @@ FrmControllo::FrmControllo(QString folder, QWidget *parent)
     , m_folder(std::move(folder))
     , m_findings(new QListWidget)
     , m_dayRow(new QWidget)
-    , m_payments(new QComboBox)
+    , m_payments(new ChoiceBox)
     , m_day(new DateBox)
 {
     m_findings->setWordWrap(true);

@@ -30,7 +30,7 @@ FrmCreditori::FrmCreditori(ProgramValues values, QWidget *parent)
     , m_professionals(
           ProfessionalList(),
           [this](const TableRows &rows) { return RepeatedNames(rows, m_known.professionals); })
-    , m_contractor(new QComboBox)
+    , m_contractor(new ChoiceBox)
     , m_write(MakeButton(u"Scrivi"_s, u"&Salva"_s,
                          u"Aggiunge imprese e professionisti all'appalto"_s, [this] { write(); }))
 {

@@ -86,7 +86,7 @@ QLayout *PasteTable::makeColumnBoxes()
 {
     auto *row = new QHBoxLayout;
     for (const QString &field : m_pasted.table().fieldNames()) {
-        auto *box = new QComboBox;
+        auto *box = new ChoiceBox;
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         const QString caption =
             field == "Importo"_L1 ? u"I&mporto"_s : u'&' + PastedTable::caption(field);
