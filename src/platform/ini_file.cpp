@@ -28,30 +28,39 @@ QString contentOf(const QString &path)
     return QStringDecoder(*marked, QStringConverter::Flag::Stateless).decode(data);
 }
 
-/** Finds whole lines of a form. */
+/** Finds whole lines that begin with a form; what follows it is captured as "rest". */
 QRegularExpression lineOf(const QString &form)
 {
-    return QRegularExpression(u"(*ANYCRLF)^[ \\t]*"_s + form + u"[ \\t]*$"_s,
+    return QRegularExpression(u"(*ANYCRLF)^[ \\t]*"_s + form + u"(?<rest>.*)$"_s,
                               QRegularExpression::MultilineOption |
                                   QRegularExpression::CaseInsensitiveOption);
 }
 
 QRegularExpression sectionLine(const QString &section)
 {
-    return lineOf(u"\\[[ \\t]*"_s + QRegularExpression::escape(section) + u"[ \\t]*\\].*?"_s);
+    return lineOf(u"\\[[ \\t]*"_s + QRegularExpression::escape(section) + u"[ \\t]*\\]"_s);
 }
 
-/** The line of a key, its value captured as "value". */
+/** The line of a key; see valueIn(). */
 QRegularExpressionMatch keyLine(const QString &content, const QString &section, const QString &key)
 {
     const qsizetype begin = sectionLine(section).match(content).capturedEnd();
     if (begin < 0)
         return {};
-    static const QRegularExpression nextSection = lineOf(u"\\[.*\\].*?"_s);
+    static const QRegularExpression nextSection = lineOf(u"\\[.*\\]"_s);
     const qsizetype end = content.indexOf(nextSection, begin);
-    return lineOf(QRegularExpression::escape(key) +
-                  u"[ \\t]*=[ \\t]*(?<quote>[\"']?)(?<value>.*?)\\k<quote>"_s)
+    return lineOf(QRegularExpression::escape(key) + u"[ \\t]*="_s)
         .match(content.left(end < 0 ? content.size() : end), begin);
+}
+
+/** The value in the line of a key, without blanks and a pair of quotes around it. */
+QString valueIn(const QRegularExpressionMatch &keyLine)
+{
+    static const QRegularExpression around(u"^[ \\t]+|[ \\t]+\\z"_s);
+    const QString value = keyLine.captured(u"rest").remove(around);
+    const bool isQuoted = value.size() > 1 && value.front() == value.back() &&
+                          (value.front() == u'"' || value.front() == u'\'');
+    return isQuoted ? value.sliced(1, value.size() - 2) : value;
 }
 
 } // namespace
@@ -61,7 +70,7 @@ std::optional<QString> FindIniValue(const QString &fileName, const QString &sect
 {
     const QString content = contentOf(MachinePath(fileName));
     const auto found = keyLine(content, section, key);
-    return found.hasMatch() ? std::optional(found.captured(u"value")) : std::nullopt;
+    return found.hasMatch() ? std::optional(valueIn(found)) : std::nullopt;
 }
 
 void SetIniValue(const QString &fileName, const QString &section, const QString &key,
@@ -82,7 +91,7 @@ void SetIniValue(const QString &fileName, const QString &section, const QString 
         content.replace(earlier.capturedStart(), earlier.capturedLength(), line);
     else
         content.insert(place, u'\n' + line);
-    if (TrimAtNul(keyLine(content, section, key).captured(u"value")) != value)
+    if (TrimAtNul(valueIn(keyLine(content, section, key))) != value)
         throw FileError(info.filePath(), u"«%1» non verrebbe riletto com'è."_s.arg(value),
                         u"Scegliere un nome senza caratteri di controllo."_s);
     MakeFolder(info.path());
