@@ -137,13 +137,14 @@ void SizeWindow(QWidget &window, QSize first)
     window.resize((wanted.isEmpty() ? first : wanted).boundedTo(room));
     if (!isKept)
         return;
-    const auto keep = [&window, opened = window.size()](const QEvent &hiding) {
-        if (!hiding.spontaneous() && window.size() != opened && !fillsTheScreen(window))
-            QSettings(sizesFile(), QSettings::IniFormat)
-                .setValue(window.objectName(), window.size());
+    auto keep = [&window, kept = window.size()](const QEvent &hiding) mutable {
+        if (hiding.spontaneous() || window.size() == kept || fillsTheScreen(window))
+            return false;
+        kept = window.size();
+        QSettings(sizesFile(), QSettings::IniFormat).setValue(window.objectName(), kept);
         return false;
     };
-    new WindowWatcher(window, QEvent::Hide, keep);
+    new WindowWatcher(window, QEvent::Hide, std::move(keep));
 }
 
 } // namespace saldoro
