@@ -3,9 +3,11 @@
 #include "common/errors.h"
 #include "platform/registry.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
+#include <QSysInfo>
 
 namespace saldoro {
 
@@ -13,32 +15,38 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** More windows of one project than anyone opens; further ones go unmarked. */
-constexpr int mostMarks = 16;
-
-std::unique_ptr<QLockFile> markNumber(int number, const QString &projectFolder)
+QString marksFolder()
 {
-    const QString folder = SettingsFolder() + u"/aperti"_s;
-    QDir().mkpath(folder);
+    return SettingsFolder() + u"/aperti"_s;
+}
+
+/** What the names of a project's marks begin with. */
+QString markStart(const QString &projectFolder)
+{
     const QFileInfo info(projectFolder);
     const QString path = info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
-    // A project is the same in any letter case.
-    const QByteArray name =
-        QCryptographicHash::hash(path.toCaseFolded().toUtf8(), QCryptographicHash::Sha1).toHex();
-    auto mark = std::make_unique<QLockFile>(folder + u'/' + QString::fromLatin1(name) + u'-' +
-                                            QString::number(number));
-    mark->setStaleLockTime(0); // only the death of its program ends a mark, however old it is
-    return mark;
+    // A project is the same in any letter case. Whether a program of another machine lives, which
+    // has the same settings folder, can't be told.
+    const QByteArray place = path.toCaseFolded().toUtf8() + '\0' + QSysInfo::machineUniqueId();
+    return QString::fromLatin1(QCryptographicHash::hash(place, QCryptographicHash::Sha1).toHex()) +
+           u'-';
+}
+
+std::unique_ptr<QLockFile> lockOf(const QString &path)
+{
+    auto lock = std::make_unique<QLockFile>(path);
+    lock->setStaleLockTime(0); // only the death of its program ends a mark, however old it is
+    return lock;
 }
 
 bool isMarkedBeside(const QLockFile *own, const QString &projectFolder)
 {
-    for (int number = 0; number < mostMarks; ++number) {
-        const auto mark = markNumber(number, projectFolder);
-        const bool isOwn = own != nullptr && own->fileName() == mark->fileName();
-        // A lock that is tried leaves a file for a moment, which costs a write to the disk.
-        if (!isOwn && QFileInfo::exists(mark->fileName()) && !mark->tryLock() &&
-            mark->error() == QLockFile::LockFailedError)
+    const QStringList marks{markStart(projectFolder) + u'*'};
+    for (const QFileInfo &file : QDir(marksFolder()).entryInfoList(marks, QDir::Files)) {
+        if (own != nullptr && own->fileName() == file.filePath())
+            continue;
+        const auto mark = lockOf(file.filePath());
+        if (!mark->tryLock() && mark->error() == QLockFile::LockFailedError)
             return true;
     }
     return false;
@@ -49,11 +57,11 @@ bool isMarkedBeside(const QLockFile *own, const QString &projectFolder)
 ProjectOpenMark::ProjectOpenMark(const QString &projectFolder)
     : m_projectFolder(projectFolder)
 {
-    for (int number = 0; number < mostMarks && !m_mark; ++number) {
-        auto mark = markNumber(number, projectFolder);
-        if (mark->tryLock())
-            m_mark = std::move(mark);
-    }
+    QDir().mkpath(marksFolder());
+    m_mark = lockOf(marksFolder() + u'/' + markStart(projectFolder) +
+                    QString::number(QCoreApplication::applicationPid()));
+    if (!m_mark->tryLock())
+        m_mark = nullptr;
 }
 
 bool ProjectOpenMark::isOpenElsewhere() const
