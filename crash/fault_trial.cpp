@@ -217,9 +217,8 @@ void FaultTrial::check(const Report &report, bool canTidy)
     Require(report || found == end, u"success without having written all"_s, report);
     requireTidy(report, canTidy);
     // Many faults leave the same state; once is enough for each, and for what stands aside.
-    const QStringList asides =
-        projectFolder(values()).entryList({u"*.copia"_s, u"*.nuovo"_s}, QDir::Files);
-    const QString left = QString::number(state) + asides.join(u' ');
+    const qsizetype asides = projectFolder(values()).entryList({u"*.nuovo"_s}, QDir::Files).size();
+    const std::pair left(state, asides);
     if (!m_work.isRepeatable || m_completed.contains(left))
         return;
     m_completed.insert(left);

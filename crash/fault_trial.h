@@ -7,6 +7,7 @@
 #include <QSet>
 
 #include <optional>
+#include <utility>
 
 namespace saldoro {
 
@@ -53,7 +54,8 @@ private:
     TestArchive m_origin;
     std::optional<TestArchive> m_copy;
     QList<ArchiveState> m_possible;
-    QSet<QString> m_completed; ///< states from which the work was brought to its end
+    /** States, with the number of files aside, from which the work was brought to its end. */
+    QSet<std::pair<qsizetype, qsizetype>> m_completed;
 };
 
 /** Throws std::runtime_error with what was tried and what came of it, unless @p holds. */

@@ -14,6 +14,7 @@ private slots:
     void comesIn();
     void refuses();
     void setsTheArchivesRootOnce();
+    void leavesWhatOthersMade();
 };
 
 void TestImport::comesIn()
@@ -93,7 +94,7 @@ void TestImport::refuses()
     const std::tuple<const char *, QByteArray, QByteArray> doubts[] = {
         {"UltimaPerVariante", budget + ";x;1\na;x;1\nA;x;1\nB\u200B;x;1\n",
          "csv, riga 2: Voce senza codice (riga 1): manca|csv, riga 4: Voce A (riga 3): il "
-         "codice|csv, riga 5: Voce B\u200B (riga 4): il codice contiene caratteri che non"},
+         "codice|csv, riga 5: Voce B\uFFFD (riga 4): il codice contiene caratteri che non"},
         {"Spese", "RelNpag;Cod;Importo\n1;A1;1\n", "riga 2: Conto di spesa alla riga 1 (pag"},
         {"Fatture", payments + "A;1;Rossi;;1;1;\nB;3;Rossi;1/1/2024;1;1;\n",
          "riga 2: Pagamento 1 (riga 1, Rossi): manca il valore di Del|riga 3: Pagamento 3 (riga 2, "
@@ -116,6 +117,31 @@ void TestImport::refuses()
     };
     check(errors, true);
     check(doubts, false);
+}
+
+void TestImport::leavesWhatOthersMade()
+{
+    const Office office;
+    const QString project = office.project();
+    const QStringList theirs{project + u".nuovo/Saldoro.mdb"_s, project + u"/Saldoro.mdb.nuovo"_s,
+                             project + u"/Appalto.mdb.copia"_s, project + u"/Appalto.mdb.nuovo"_s};
+    WriteFile(theirs[0], "theirs");
+    office.putBudget("A1;Scavi;1\n");
+    QVERIFY(office.import().contains(u"UltimaPerVariante: 1 riga"_s));
+    for (const QString &path : theirs)
+        WriteFile(path, "theirs");
+    QVERIFY(QFile::remove(project + u"/Saldoro.mdb"_s));
+    office.putBudget("A1;Scavi;2\n");
+    QVERIFY(office.import(false, {u"UltimaPerVariante"_s}).contains(u"com'era sta in"_s));
+    QVERIFY(QFileInfo::exists(project + u"/Saldoro.mdb"_s));
+    for (const QString &path : theirs)
+        QCOMPARE(ContentOf(path), "theirs");
+    const QDir contracts = QFileInfo(project).dir();
+    const QStringList before = contracts.entryList();
+    for (const QString &code : {u"x.NUOVO"_s, u"CON"_s, u"a:b"_s, u" 1"_s})
+        QVERIFY_THROWS_EXCEPTION(
+            FileError, ImportFiles(contracts.filePath(code), office.csv(), {true, true, {}}));
+    QCOMPARE(contracts.entryList(), before);
 }
 
 void TestImport::setsTheArchivesRootOnce()

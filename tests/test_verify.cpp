@@ -35,6 +35,7 @@ private slots:
     void finds();
     void unreadableFilesAreFindings();
     void readsOneMoment();
+    void aValueTakesNoLineOfTheReport();
 };
 
 void TestVerify::finds()
@@ -176,6 +177,14 @@ void TestVerify::finds()
         "Codice P97: ha un codice esterno vuoto: i mandati\n"
         "Codice P98: ha un codice esterno vuoto: il documento si scrive con il nome «.rtf»\n"
         "Codice QS1T: ha un codice esterno vuoto: il totale si scrive");
+}
+
+void TestVerify::aValueTakesNoLineOfTheReport()
+{
+    for (const QString &end : {u"\n"_s, u"\r"_s, u"\u2028"_s}) {
+        const Finding finding{FindingGroup::Values, u"Riga"_s, u"«X%1Difetti: 0»"_s.arg(end), {}};
+        QVERIFY(FindingsReport({finding}).contains(u"«X\uFFFDDifetti: 0»"_s));
+    }
 }
 
 void TestVerify::unreadableFilesAreFindings()

@@ -38,8 +38,24 @@ QString FixedWidth(const QString &text, qsizetype width)
 
 bool IsUnseen(QChar character)
 {
-    const QChar::Category category = character.category();
-    return category == QChar::Other_Format || category == QChar::Other_Control;
+    switch (character.category()) {
+    case QChar::Other_Format:
+    case QChar::Other_Control:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QString WithUnseenMarked(QString text)
+{
+    for (QChar &character : text) {
+        if (IsUnseen(character))
+            character = QChar::ReplacementCharacter;
+    }
+    return text;
 }
 
 } // namespace saldoro

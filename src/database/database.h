@@ -78,9 +78,9 @@ public:
     RecordSet openRecordSet(const QString &sql) const;
 
     /** Writes a whole copy of the file beside it, as it stands on the disk between two changes of
-     *  other programs, and flushes it. The copy is "Saldoro.mdb.copia" until it is complete, also
-     *  when the process dies; the next copy replaces that. Then it gets a name with date and time
-     *  that no file has: "Saldoro copia 2026-03-31 10.15.00.mdb". To be called before the first
+     *  other programs, and flushes it. The copy gets a name with date and time that
+     *  no file has: "Saldoro copia 2026-03-31 10.15.00.mdb". Until it is complete, also when the
+     *  process dies, that ends in ".nuovo". To be called before the first
      *  change of a transaction on this connection. After Locked, ReadOnly, DiskFull or FileError
      *  nothing is left.
      *  @return the copy's path of the machine */

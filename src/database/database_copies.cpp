@@ -30,13 +30,7 @@ QString Database::backUpBeside() const
 
 void Database::copyTo(const QString &copyPath) const
 {
-    const QString aside =
-        QFileInfo(copyPath).dir().filePath(QFileInfo(path()).fileName() + u".copia"_s);
-    const auto removeAside = [&aside] {
-        QFile::remove(aside);
-        QFile::remove(journalPath(aside));
-    };
-    removeAside(); // of a copy that was broken off
+    const QString aside = AsideName(copyPath);
     CreateEmptyFile(aside);
     try {
         {
@@ -47,7 +41,7 @@ void Database::copyTo(const QString &copyPath) const
         QFile::setPermissions(aside, QFile::permissions(path()));
         PutInPlace(aside, copyPath);
     } catch (...) {
-        removeAside();
+        QFile::remove(aside);
         throw;
     }
 }

@@ -1,6 +1,7 @@
 #include "exchange/budget_changes.h"
 
 #include "common/amount_text.h"
+#include "common/characters.h"
 #include "database/text_order.h"
 #include "store/archive_paths.h"
 
@@ -17,7 +18,7 @@ QString BudgetChange::text() const
     const auto shown = [](const std::optional<Currency> &amount) {
         return amount ? FormatImporto(*amount) : u"senza importo"_s;
     };
-    const QString item = code + u" ("_s + description + u"): "_s;
+    const QString item = WithUnseenMarked(code + u" ("_s + description + u"): "_s);
     if (isDropped)
         return item + u"tolta, era "_s + shown(before) +
                (isPaid ? u", ed è già pagata"_s : QString());
@@ -66,7 +67,7 @@ QList<BudgetChange> CompareBudget(const QString &projectFolder, const TableRows 
 {
     const auto stored = [&projectFolder](const QString &name) {
         const ExchangedTable &table = *TableNamed(name);
-        return StoredRows(Database::openReadOnly(ArchiveFilePath(table.archive, projectFolder)),
+        return StoredRows(Database::open(ArchiveFilePath(table.archive, projectFolder)),
                           table.definition);
     };
     return BudgetChanges(stored(u"UltimaPerVariante"_s), budget, stored(u"Spese"_s));

@@ -8,6 +8,7 @@
 #include "exchange/table_change.h"
 #include "platform/whole_file.h"
 #include "store/archive_paths.h"
+#include "store/contract_codes.h"
 #include "store/project_open_mark.h"
 #include "verify/verification.h"
 
@@ -242,17 +243,17 @@ private:
     ImportOutcome m_outcome;
 };
 
-/** Imports into a folder beside the final one, and renames it when it is complete. What a program
- *  that died left there is deleted. */
+/** Imports into a folder beside the final one, and renames it when it is complete. */
 ImportOutcome newProject(const QString &folder, const QList<GivenTable> &tables,
                          const ImportOptions &options)
 {
+    if (const QString problem = CodeProblem(QFileInfo(folder).fileName(), {}); !problem.isEmpty())
+        throw FileError(folder, problem, u"Dare alla cartella un altro nome."_s);
     const ProjectOpenMark mark(folder);
     if (mark.isOpenElsewhere())
         throw SaldoroError(u"Un altro programma sta facendo lo stesso progetto."_s,
                            u"Attendere che abbia finito, e riprovare."_s);
-    const QString aside = folder + UnfinishedEnd.toString();
-    QDir(aside).removeRecursively();
+    const QString aside = AsideName(folder);
     const QString codes = ArchiveFilePath(ArchiveFile::Codes, folder);
     const bool hadCodes = QFileInfo::exists(codes);
     ImportOutcome outcome = ProjectImport(aside, tables, options).run();

@@ -25,10 +25,10 @@ struct ImportOptions
  *
  * Everything happens in one transaction over all databases. Before it ends the project is checked
  * as it will be, and a copy is put beside each database that changes. A new project's folder gets
- * its name when it is complete. An import that changes nothing leaves nothing, except the folders
- * above a new project's when its last renaming fails. What one that died has left aside is deleted
- * by the next. Throws SaldoroError, and what the watcher of Progress throws; nothing is written
- * then.
+ * its name when it is complete. A refused import leaves no files; if that renaming fails, the
+ * folders above the new one stay. What an import that died has made aside stays, see AsideName().
+ * Throws SaldoroError, also for a new folder whose name can't be a contract's code, and what the
+ * watcher of Progress throws; nothing is written then.
  */
 ImportOutcome ImportTables(const QString &projectFolder, const QList<GivenTable> &tables,
                            const ImportOptions &options);

@@ -1,5 +1,6 @@
 #include "exchange/import_outcome.h"
 
+#include "common/characters.h"
 #include "common/message_lines.h"
 #include "exchange/command_options.h"
 
@@ -25,8 +26,8 @@ QStringList LinesOf(const Findings &findings)
 {
     QStringList lines;
     for (const Finding &finding : findings)
-        lines.append(finding.problem.isEmpty() ? finding.place
-                                               : finding.place + u": "_s + finding.problem);
+        lines.append(WithUnseenMarked(
+            finding.problem.isEmpty() ? finding.place : finding.place + u": "_s + finding.problem));
     return lines;
 }
 

@@ -34,11 +34,9 @@ void MadeFiles::makeFolder(const QString &folder)
 void MadeFiles::makeDatabase(const QString &path, ArchiveFile file)
 {
     Database::requireNoJournal(path);
-    const QString aside = path + UnfinishedEnd.toString();
+    const QString aside = AsideName(path);
     MadeFiles ofThisStep;
-    QFile::remove(aside); // of a try that was broken off
     ofThisStep.add(aside);
-    ofThisStep.add(Database::journalPath(aside));
     CreateArchiveFile(aside, file);
     PutInPlace(aside, path);
     add(Database::journalPath(path));

@@ -2,6 +2,8 @@
 
 #include "common/characters.h"
 
+#include <QStringList>
+
 #include <cstdio>
 
 #ifdef Q_OS_WIN
@@ -56,13 +58,12 @@ bool PrintError(const QString &text)
     return print(stderr, text);
 }
 
-QString Harmless(QString text)
+QString Harmless(const QString &text)
 {
-    for (QChar &character : text) {
-        if (character != u'\n' && IsUnseen(character))
-            character = QChar::ReplacementCharacter;
-    }
-    return text;
+    QStringList lines = text.split(u'\n');
+    for (QString &line : lines)
+        line = WithUnseenMarked(line);
+    return lines.join(u'\n');
 }
 
 bool IsErrorTerminal()

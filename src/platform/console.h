@@ -13,7 +13,7 @@ bool PrintError(const QString &text);
 
 /** The text with a mark in place of each character that no screen shows, line feeds apart: a text
  *  from elsewhere must not steer the terminal that it is shown on. */
-QString Harmless(QString text);
+QString Harmless(const QString &text);
 
 /** Whether the standard error stream goes to a terminal. */
 bool IsErrorTerminal();

@@ -159,6 +159,14 @@ QByteArray ReadWholeFile(const QString &path)
     return content;
 }
 
+QString AsideName(const QString &path)
+{
+    QString aside = path + UnfinishedEnd.toString();
+    for (int number = 2; IsTaken(aside); ++number)
+        aside = u"%1 %2"_s.arg(path).arg(number) + UnfinishedEnd.toString();
+    return aside;
+}
+
 void PutInPlace(const QString &aside, const QString &path)
 {
     if (IsTaken(path))

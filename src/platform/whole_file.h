@@ -41,6 +41,13 @@ private:
 /** The content of a file of the machine. Throws FileError for what is no file or can't be read. */
 QByteArray ReadWholeFile(const QString &path);
 
+/** What the name of a file or folder that is being made ends in until it is complete. */
+inline constexpr QStringView UnfinishedEnd = u".nuovo";
+
+/** A name beside @p path, ending so, that nothing has: "Saldoro.mdb.nuovo", or "Saldoro.mdb
+ *  2.nuovo". What has such a name already may be somebody's own, and stays. Makes nothing. */
+QString AsideName(const QString &path);
+
 /** Renames a file that its writer has put on the disk, such as a new database, or a folder of such
  *  files to another name in the same folder; the entry is then on the disk, too. Throws FileError,
  *  nothing being renamed, also when something has the name. Paths of the machine. */

@@ -49,9 +49,6 @@ inline constexpr QStringView Companies = u"AZIDB.mdb";
 inline constexpr QStringView Codes = u"chiavi.mdb";
 } // namespace ArchiveFileName
 
-/** What the name of a new database or project folder ends in until it is complete. */
-inline constexpr QStringView UnfinishedEnd = u".nuovo";
-
 /** Folder of a contract project below an archives root, without a trailing backslash. */
 QString ProjectFolder(const QString &root, const QString &code);
 /** That of the current project. */

@@ -1,14 +1,27 @@
 #include "store/contract_codes.h"
 
+#include "common/characters.h"
 #include "platform/machine_path.h"
+#include "platform/whole_file.h"
 #include "store/archive_paths.h"
 
 #include <QDir>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isUnfinished(const QString &name)
+{
+    return name.endsWith(UnfinishedEnd, Qt::CaseInsensitive);
+}
+
+} // namespace
 
 QString ContractsFolder(const QString &root)
 {
@@ -28,7 +41,7 @@ QStringList ContractCodes(const QString &root)
          QDir(ContractsFolder(root))
              .entryInfoList(QDir::Dirs | QDir::System | QDir::NoDotAndDotDot,
                             QDir::Name | QDir::IgnoreCase)) {
-        if ((entry.isDir() || entry.isSymbolicLink()) && !entry.fileName().endsWith(UnfinishedEnd))
+        if ((entry.isDir() || entry.isSymbolicLink()) && !isUnfinished(entry.fileName()))
             codes.append(entry.fileName());
     }
     return codes;
@@ -52,17 +65,17 @@ QString CodeProblem(const QString &code, const QStringList &codes)
     static const QRegularExpression device(
         u"\\A(?:CON|PRN|AUX|NUL|CONIN\\$|CONOUT\\$|(?:COM|LPT)[0-9¹²³])\\s*(?:\\.|\\z)"_s,
         QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression forbidden(uR"([\x00-\x1f\x7f<>:"/\\|?*])"_s);
+    static const QRegularExpression forbidden(uR"([<>:"/\\|?*])"_s);
     // The databases in the folder need room, too, within the 255 bytes of a name and the 260
     // characters of a path.
     constexpr int longest = 60;
     if (code.isEmpty())
         return u"Scrivere un codice."_s;
+    if (std::ranges::any_of(code, IsUnseen))
+        return u"Il codice non può contenere caratteri di controllo."_s;
     if (const auto match = forbidden.match(code); match.hasMatch())
-        return match.captured().front() < u' ' || match.captured() == u"\x7f"
-                   ? u"Il codice non può contenere caratteri di controllo."_s
-                   : u"Il codice non può contenere "_s + match.captured() + u'.';
-    if (code.endsWith(UnfinishedEnd))
+        return u"Il codice non può contenere "_s + match.captured() + u'.';
+    if (isUnfinished(code))
         return u"Il codice non può finire con "_s + UnfinishedEnd.toString() + u'.';
     if (code != code.trimmed() || code.endsWith(u'.'))
         return u"Il codice non può avere spazi all'inizio o alla fine, né finire con un punto."_s;

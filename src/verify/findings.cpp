@@ -1,5 +1,7 @@
 #include "verify/findings.h"
 
+#include "common/characters.h"
+
 #include <array>
 #include <utility>
 
@@ -22,8 +24,8 @@ constexpr std::array<std::pair<FindingGroup, QStringView>, 8> Groups{{
 
 QString lines(const Finding &finding)
 {
-    return u"  - "_s + finding.place + u": "_s + finding.problem + u"\n    Che fare: "_s +
-           finding.remedy + u'\n';
+    return u"  - "_s + WithUnseenMarked(finding.place + u": "_s + finding.problem) +
+           u"\n    Che fare: "_s + finding.remedy + u'\n';
 }
 
 } // namespace
