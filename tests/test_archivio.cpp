@@ -103,8 +103,9 @@ void TestArchivio::commandLine()
     add("imposta P 3 Del 31/12/1999 3 Importo 1 3 ImportoIVA 0", "0 Valori impostati: 3.",
         "1999-12-31|10000|0");
     refuse("imposta P 3 Del", "Dopo imposta ci vuole: CARTELLA PAGAMENTO CAMPO VALORE\n");
-    refuse("imposta P 3 Importo 12.34", "«12.34» non è un importo come 1.234,56.\n");
-    refuse("imposta P 3 Del 5/3/04", "«5/3/04» non è una data gg/mm/aaaa.\n");
+    refuse("imposta P 3 Importo 12.34", "«12.34» non è un importo come 1.234,56, o");
+    refuse("imposta P 3 Importo 1,234", "«1,234» può essere mille volte tanto: scriverlo con");
+    refuse("imposta P 3 Del 5/3/04", "«5/3/04» non è una data gg/mm/aaaa, o è");
     refuse("imposta P 3 Npag 3", "Si possono impostare soltanto Del, Importo e");
     refuse("imposta P 3x Del 5/3/2004", "Il numero del pagamento non è un numero");
     refuse("imposta P 7 Del 5/3/2004", "Nessun pagamento ha questo numero.\n");

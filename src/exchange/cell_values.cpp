@@ -1,6 +1,8 @@
 #include "exchange/cell_values.h"
 
 #include "common/amount_text.h"
+#include "common/characters.h"
+#include "common/message_lines.h"
 #include "common/number_text.h"
 
 #include <QRegularExpression>
@@ -21,6 +23,26 @@ bool take(QStringView &text, QChar character)
         return false;
     text = text.sliced(1).trimmed();
     return true;
+}
+
+/** Whether three digits stand behind the first comma, as decimals or as thousands. */
+bool hasThreeDecimals(QStringView cell)
+{
+    const qsizetype mark = cell.indexOf(u',');
+    const auto isDigit = [cell](qsizetype at) { return at < cell.size() && cell[at].isDigit(); };
+    return mark >= 0 && isDigit(mark + 3) && !isDigit(mark + 4);
+}
+
+/** How a value of that type is written. Not for texts. */
+QString expectedValue(FieldType type, Notation notation)
+{
+    const bool isItalian = notation == Notation::Italian;
+    if (type == FieldType::Currency)
+        return isItalian ? u"un importo come 1.234,56"_s
+                         : u"un importo come 1234.56 (e non con tre decimali)"_s;
+    if (type == FieldType::Date)
+        return isItalian ? u"una data gg/mm/aaaa"_s : u"una data aaaa-mm-gg"_s;
+    return u"un numero intero"_s;
 }
 
 } // namespace
@@ -94,15 +116,22 @@ std::optional<NewValue> ValueOfCell(const QString &cell, FieldType type, Notatio
     return cell;
 }
 
-QString ExpectedValue(FieldType type, Notation notation)
+std::optional<NewValue> SureValueOfCell(const QString &cell, FieldType type, Notation notation,
+                                        QString &problem)
 {
-    const bool isItalian = notation == Notation::Italian;
-    if (type == FieldType::Currency)
-        return isItalian ? u"un importo come 1.234,56"_s
-                         : u"un importo come 1234.56 (e non con tre decimali)"_s;
-    if (type == FieldType::Date)
-        return isItalian ? u"una data gg/mm/aaaa"_s : u"una data aaaa-mm-gg"_s;
-    return u"un numero intero"_s;
+    const auto value = ValueOfCell(cell, type, notation);
+    if (!value) {
+        problem = u"«%1» non è %2, o è fuori misura."_s.arg(
+            LeftCharacters(cell, MostCharactersQuoted), expectedValue(type, notation));
+        return std::nullopt;
+    }
+    if (notation == Notation::Italian && hasThreeDecimals(cell) &&
+        ValueOfCell(cell, type, Notation::International).value_or(*value) != *value) {
+        problem =
+            u"«%1» può essere mille volte tanto: scriverlo con due o quattro decimali."_s.arg(cell);
+        return std::nullopt;
+    }
+    return value;
 }
 
 QString AmountCell(Currency amount)

@@ -32,8 +32,10 @@ std::optional<qint32> WholeOf(QStringView text);
  *  of the type. A null text gives null, an empty one stays an empty text in a date field, too. */
 std::optional<NewValue> ValueOfCell(const QString &cell, FieldType type, Notation notation);
 
-/** How a value of that type is written, for messages: "un importo come 1.234,56". Not for texts. */
-QString ExpectedValue(FieldType type, Notation notation);
+/** As ValueOfCell(). No value, too, for an amount in the Italian notation that the other one would
+ *  read as another amount. Where there is no value, @p problem says why, in Italian. */
+std::optional<NewValue> SureValueOfCell(const QString &cell, FieldType type, Notation notation,
+                                        QString &problem);
 
 /** An amount in the Italian notation, with two decimals or four and without groups. */
 QString AmountCell(Currency amount);

@@ -22,9 +22,10 @@ SaldoroError refusal(const QString &problem)
 
 NewValue valueOf(const QString &text, FieldType type)
 {
-    const auto value = text.isEmpty() ? std::nullopt : ValueOfCell(text, type, Notation::Italian);
+    QString problem;
+    const auto value = SureValueOfCell(text, type, Notation::Italian, problem);
     if (!value)
-        throw refusal(u"«%1» non è %2."_s.arg(text, ExpectedValue(type, Notation::Italian)));
+        throw refusal(problem);
     return *value;
 }
 

@@ -2,7 +2,6 @@
 
 #include "common/characters.h"
 #include "common/errors.h"
-#include "common/message_lines.h"
 #include "exchange/cell_values.h"
 #include "platform/progress.h"
 
@@ -29,14 +28,6 @@ QString refusal(const FieldDef &field, const NewValue &value)
         return u"il testo ha %1 caratteri e il campo ne tiene %2."_s.arg(CharacterCount(*text))
             .arg(field.size);
     return u"il valore non sta nel campo che l'archivio ha."_s;
-}
-
-/** Whether three digits stand behind the first comma, as decimals or as thousands. */
-bool hasThreeDecimals(QStringView cell)
-{
-    const qsizetype mark = cell.indexOf(u',');
-    const auto isDigit = [cell](qsizetype at) { return at < cell.size() && cell[at].isDigit(); };
-    return mark >= 0 && isDigit(mark + 3) && !isDigit(mark + 4);
 }
 
 bool isBlank(const CellRow &row)
@@ -114,30 +105,19 @@ private:
                 addFault(row.line, u"la cella %1 sta in una colonna senza nome."_s.arg(cell + 1));
             if (places[cell] < 0)
                 continue;
-            values[places[cell]] =
-                ValueOfCell(text, typeOf(places[cell]), m_notation).value_or(QDate());
-            if (const QString problem = problemOf(text, places[cell], values[places[cell]]);
-                !problem.isEmpty()) {
+            QString problem;
+            const auto value = SureValueOfCell(text, typeOf(places[cell]), m_notation, problem);
+            if (value)
+                problem = refusal(m_stored[places[cell]], *value);
+            if (value && problem.isEmpty()) {
+                values[places[cell]] = *value;
+            } else {
                 addFault(row.line, problem, nameOf(places[cell]));
                 values[places[cell]] = QDate(); // stands for what no cell can tell
             }
         }
         m_result.rows.append(std::move(values));
         m_result.lines.append(row.line);
-    }
-
-    /** Why a cell can't be taken as the value that it is read as; empty when it can. */
-    QString problemOf(const QString &cell, qsizetype place, const NewValue &value) const
-    {
-        if (value == NewValue(QDate()))
-            return u"«%1» non è %2, o è fuori misura."_s.arg(
-                LeftCharacters(cell, MostCharactersQuoted),
-                ExpectedValue(typeOf(place), m_notation));
-        if (m_notation == Notation::Italian && hasThreeDecimals(cell) &&
-            ValueOfCell(cell, typeOf(place), Notation::International).value_or(value) != value)
-            return u"«%1» può essere mille volte tanto: scriverlo con due o quattro decimali."_s
-                .arg(cell);
-        return refusal(m_stored[place], value);
     }
 
     void addFault(int line, const QString &problem, const QString &field = {})
