@@ -123,11 +123,11 @@ private slots:
                  u"A1|Scavi|5,00\n! Importo: «x» non è un importo come 1.234,56, o è fuori "
                  "misura.\ns senza Codice: titolo o totale\n= 5,00"_s);
         pasted.setCell(1, 3, u" 1.000,00 "_s);
-        pasted.toggle(0);
+        pasted.toggle({0});
         QCOMPARE(told(pasted), u"x tralasciata\n! apostrofo\n"
                                "s senza Codice: titolo o totale\n= 0,00"_s);
-        pasted.toggle(0);
-        pasted.toggle(1);
+        pasted.toggle({0});
+        pasted.toggle({1});
         pasted.addRow();
         for (const auto &[column, text] : {std::pair(1, u"A3"_s), {2, u"Tetti"_s}, {3, u"7,5"_s}})
             pasted.setCell(3, column, text);
@@ -135,11 +135,47 @@ private slots:
                                "s senza Codice: titolo o totale\nA3|Tetti|7,50\n= 12,50 pronto"_s);
         QCOMPARE(pasted.taken().lines, QList<int>({1, 4}));
         pasted.setText(u"Voce\tDescri\tImporto\nA1\tScavi\t5"_s);
-        pasted.toggle(0); // a header that is none
+        pasted.toggle({0}); // a header that is none
         QVERIFY(told(pasted).startsWith(u"! Importo: «Importo»"_s));
         pasted.setColumn(u"Importo"_s, -1);
         QVERIFY(!pasted.isReady());
         QVERIFY(pasted.remark().startsWith(u"Manca la colonna Importo"_s));
+    }
+
+    /** Several rows go and come back together, whatever they were, and the header stays out. */
+    void manyRows()
+    {
+        int checks = 0;
+        PastedTable pasted(budget(), [&checks](const TableRows &) {
+            ++checks;
+            return QList<CellFault>();
+        });
+        pasted.setText(u"Comune\t\t\nVoce\tDescri\tImporto\nA1\tScavi\t5\nA2\tMuri\t6"_s);
+        const QString before = told(pasted);
+        pasted.toggle({3});
+        checks = 0;
+        pasted.toggle({0, 1, 2, 3});
+        QCOMPARE(checks, 1);
+        QCOMPARE(told(pasted), u"s sopra l'intestazione\ns intestazione\nx tralasciata\n"
+                               "x tralasciata\n= 0,00"_s);
+        pasted.toggle({0, 1, 2, 3});
+        QCOMPARE(told(pasted), before);
+    }
+
+    /** Numbers that were taken for amounts are as they were pasted when another column has those,
+     *  in whatever order that is said. */
+    void columnsTakenForAmounts()
+    {
+        const QList<std::pair<QString, int>> columns{{u"Importo"_s, 3}, {u"Voce"_s, 2}};
+        for (const auto &[first, second] : {std::pair(0, 1), {1, 0}}) {
+            PastedTable pasted(budget());
+            pasted.setText(u"1\tScavi\t1.1\t1.000,00\n2\tMuri\t1.2\t2.500,00"_s);
+            QVERIFY(pasted.remark().contains(u"riscritti all'italiana"_s));
+            pasted.setCell(1, 2, u"1.20"_s);
+            for (const int which : {first, second})
+                pasted.setColumn(columns[which].first, columns[which].second);
+            QCOMPARE(told(pasted), u"1.1|Scavi|1.000,00\n1.20|Muri|2.500,00\n= 3.500,00 pronto"_s);
+        }
     }
 };
 

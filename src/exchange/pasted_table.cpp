@@ -30,6 +30,13 @@ bool isSheetError(const QString &cell)
     return error.match(cell).hasMatch();
 }
 
+/** An amount in the international notation in the Italian one; what is none as it is. */
+QString inItalian(const QString &cell)
+{
+    const auto amount = AmountOf(cell, Notation::International);
+    return amount ? AmountCell(*amount) : cell;
+}
+
 } // namespace
 
 PastedTable::PastedTable(const ExchangedTable &table, Check check)
@@ -39,9 +46,10 @@ PastedTable::PastedTable(const ExchangedTable &table, Check check)
     setRows({});
 }
 
-void PastedTable::setRows(const QList<CellRow> &rows)
+void PastedTable::setRows(const QList<CellRow> &rows, const QStringList &warnings)
 {
-    m_isConverted = false;
+    m_warnings = warnings;
+    m_international.clear();
     m_columns = GuessColumns(rows, m_table);
     qsizetype width = m_table.definition.fields().size();
     for (const CellRow &row : rows)
@@ -134,10 +142,13 @@ qsizetype PastedTable::columnOf(const QString &field) const
 
 void PastedTable::setColumn(const QString &field, qsizetype column)
 {
+    const qsizetype amounts = columnOf(u"Importo"_s);
     if (const qsizetype before = columnOf(field); before >= 0)
         m_columns.places[before] = CellColumns::Unknown;
     if (column >= 0)
         m_columns.places[column] = m_table.place(field);
+    if (columnOf(u"Importo"_s) != amounts)
+        restoreAmounts(amounts);
     m_doubts.remove(field);
     judge();
 }
@@ -148,13 +159,19 @@ void PastedTable::setCell(qsizetype row, qsizetype column, const QString &text)
     judge();
 }
 
-void PastedTable::toggle(qsizetype row)
+void PastedTable::toggle(const QList<int> &rows)
 {
-    PastedState &state = m_rows[row].state;
-    if (row < m_columns.firstRow)
+    QList<PastedRow *> below; // the header
+    for (const int row : rows) {
+        if (row >= m_columns.firstRow)
+            below.append(&m_rows[row]);
+    }
+    const bool areOut = std::ranges::all_of(
+        below, [](const PastedRow *row) { return row->state == PastedState::LeftOut; });
+    for (PastedRow *row : std::as_const(below))
+        row->state = areOut ? PastedState::Taken : PastedState::LeftOut;
+    if (below.isEmpty() && !rows.isEmpty())
         m_columns.firstRow = 0;
-    else
-        state = state == PastedState::LeftOut ? PastedState::Taken : PastedState::LeftOut;
     judge();
 }
 
@@ -185,12 +202,21 @@ void PastedTable::addFault(int line, const QString &reason)
 
 void PastedTable::readInItalian()
 {
+    m_international.clear();
     for (PastedRow &row : m_rows) {
         QString &cell = row.cells[columnOf(u"Importo"_s)];
-        if (const auto amount = AmountOf(cell, Notation::International))
-            cell = AmountCell(*amount);
+        m_international.append(cell);
+        cell = inItalian(cell);
     }
-    m_isConverted = true;
+}
+
+void PastedTable::restoreAmounts(qsizetype column)
+{
+    for (qsizetype row = 0; row < m_international.size(); ++row) {
+        if (QString &cell = m_rows[row].cells[column]; cell == inItalian(m_international[row]))
+            cell = m_international[row];
+    }
+    m_international.clear();
 }
 
 void PastedTable::judge()
@@ -261,7 +287,7 @@ qsizetype PastedTable::count(PastedState state) const
 
 QString PastedTable::remark() const
 {
-    QStringList remarks;
+    QStringList remarks = m_warnings;
     for (const QString &field : m_table.neededFields)
         remarks.append(columnOf(field) < 0
                            ? u"Manca la colonna %1: indicarla qui sopra."_s.arg(caption(field))
@@ -275,7 +301,7 @@ QString PastedTable::remark() const
     if (letters(u"Voce"_s) > letters(u"Descri"_s) && columnOf(u"Descri"_s) >= 0)
         remarks.append(u"I codici sono più lunghi delle descrizioni: se le colonne sono scambiate, "
                        "indicarle qui sopra."_s);
-    if (m_isConverted)
+    if (!m_international.isEmpty())
         remarks.append(u"Gli importi erano scritti come 1,234.56: sono stati letti tutti così e "
                        "riscritti all'italiana."_s);
     remarks.removeAll(QString());

@@ -34,7 +34,8 @@ struct PastedRow
  * every row is judged again.
  *
  * When all amounts turn out to be in the international notation they are rewritten in the Italian
- * one, also in rows that stay out.
+ * one, also in rows that stay out. A column that is no longer the one of the amounts gets its cells
+ * back as they were.
  */
 class PastedTable
 {
@@ -46,8 +47,9 @@ public:
     /** @param table lives as long as the object. */
     explicit PastedTable(const ExchangedTable &table, Check check = {});
 
-    /** Takes rows in the place of all that are there. */
-    void setRows(const QList<CellRow> &rows);
+    /** Takes rows in the place of all that are there. @p warnings of their source stay in the
+     *  remark as long as the rows do. */
+    void setRows(const QList<CellRow> &rows, const QStringList &warnings = {});
     /** The same for cells as programs put them on the clipboard: tabs between them, quotes around
      *  some. A text without tabs may have ";" between its cells. Throws SaldoroError for the latter
      *  when it can't be read to its end; then nothing has changed. */
@@ -69,9 +71,10 @@ public:
     void setColumn(const QString &field, qsizetype column);
 
     void setCell(qsizetype row, qsizetype column, const QString &text);
-    /** Leaves a row out, or takes it in again. Taking in the header, or a row above it, means that
-     *  there is no header. */
-    void toggle(qsizetype row);
+    /** Leaves rows out, or takes them in again if all of them are left out. The header and the rows
+     *  above it stay what they are among other rows; alone they are taken in, which means that
+     * there is no header. */
+    void toggle(const QList<int> &rows);
 
     /** The rows that are taken; their lines are their numbers among rows(), from 1. */
     const GivenTable &taken() const { return m_taken; }
@@ -90,6 +93,8 @@ private:
     void dropFaulty();
     /** Rewrites the amounts in the Italian notation. */
     void readInItalian();
+    /** Gives the column that had the amounts its cells back, but for those corrected since. */
+    void restoreAmounts(qsizetype column);
     /** The columns that a field may be by the names in the header, if there are several. */
     QString doubtOf(const QString &field, const QStringList &header) const;
     QString setAsideReason(qsizetype row) const;
@@ -100,7 +105,9 @@ private:
     QList<PastedRow> m_rows;
     CellColumns m_columns;
     QMap<QString, QString> m_doubts; ///< what the header leaves open about a field
-    bool m_isConverted = false;      ///< from the international notation
+    /** Cells of the amounts before they were rewritten; empty when they were not. */
+    QStringList m_international;
+    QStringList m_warnings;
     GivenTable m_taken;
 };
 

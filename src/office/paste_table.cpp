@@ -157,7 +157,7 @@ void PasteTable::dropEvent(QDropEvent *event)
             const QList<CellRow> rows = ReadCsvRows(path, m_pasted.table(), read);
             if (!read.errors.isEmpty())
                 throw SaldoroError(FirstLinesOf(read.errors).join(u'\n'));
-            m_pasted.setRows(rows);
+            m_pasted.setRows(rows, read.warnings);
         });
     });
 }
@@ -176,8 +176,7 @@ void PasteTable::toggleRows()
     std::set<int> rows;
     for (const QModelIndex &index : m_view->selectionModel()->selectedIndexes())
         rows.insert(index.row());
-    for (const int row : rows)
-        m_pasted.toggle(row);
+    m_pasted.toggle(QList<int>(rows.begin(), rows.end()));
     showAll();
 }
 
