@@ -135,6 +135,34 @@ private slots:
                  u"Righe da prendere: 1    Totale: 2,00    Tralasciate: 1    Da correggere: 2"_s);
     }
 
+    /** More items than can be picked from are no fault of one of them; they are written when that
+     *  is wanted even so. */
+    void moreItemsThanThePickOffers()
+    {
+        NewContract office;
+        FrmVoci &form = office.form;
+        QString cells;
+        for (int item = 1; item <= 202; ++item)
+            cells += u"%1\tScavi\t1\n"_s.arg(item);
+        QGuiApplication::clipboard()->setText(cells);
+        Play(&form, u"to Celle, Ctrl+V"_s);
+        const QString told =
+            u"Elenco delle voci: le voci sono 202: «Inserisci» ne può offrire 201"_s;
+        QCOMPARE(
+            Find<QLabel>(form, u"Somma"_s)->text().section(u" e si"_s, 0, 0),
+            u"Righe da prendere: 202    Totale: 202,00    Tralasciate: 0    Da correggere: 0\n"_s +
+                told);
+        Play(&form, u"Alt+E"_s);
+        const auto *refusals = Find<QListWidget>(form, u"Rifiuti"_s);
+        QCOMPARE(refusals->count(), 1);
+        QVERIFY(refusals->item(0)->text().startsWith(told));
+        Play(&form, u"Alt+O"_s);
+        QTRY_VERIFY(!form.isVisible());
+        QCOMPARE(
+            office.rows(u"00001"_s, u"Appalto.mdb"_s, u"SELECT COUNT(*) FROM UltimaPerVariante"_s),
+            u"202"_s);
+    }
+
     /** CSV files are dropped on the table; where commas part the cells, none of an amount does. */
     void droppedFile()
     {

@@ -238,8 +238,13 @@ void PastedTable::judge()
     for (qsizetype row = 0; row < m_taken.rows.size(); ++row)
         requireFields(m_taken.lines[row], m_taken.rows[row]);
     dropFaulty();
-    for (const CellFault &fault : m_check ? m_check(m_taken.rows) : QList<CellFault>())
-        addFault(m_taken.lines[fault.line - 1], fault.problem);
+    m_faultsOfAll.clear();
+    for (const CellFault &fault : m_check ? m_check(m_taken.rows) : QList<CellFault>()) {
+        if (fault.line == 0)
+            m_faultsOfAll.append(fault.problem);
+        else
+            addFault(m_taken.lines[fault.line - 1], fault.problem);
+    }
     dropFaulty();
 }
 
@@ -287,7 +292,7 @@ qsizetype PastedTable::count(PastedState state) const
 
 QString PastedTable::remark() const
 {
-    QStringList remarks = m_warnings;
+    QStringList remarks = m_warnings + m_faultsOfAll;
     for (const QString &field : m_table.neededFields)
         remarks.append(columnOf(field) < 0
                            ? u"Manca la colonna %1: indicarla qui sopra."_s.arg(caption(field))

@@ -41,7 +41,7 @@ class PastedTable
 {
 public:
     /** What else is wrong with rows that can be read; a fault's line is the row's number among
-     *  them, from 1. */
+     *  them, from 1. What is wrong with all of them, in line 0, is a remark and keeps none out. */
     using Check = std::function<QList<CellFault>(const TableRows &)>;
 
     /** @param table lives as long as the object. */
@@ -108,6 +108,7 @@ private:
     /** Cells of the amounts before they were rewritten; empty when they were not. */
     QStringList m_international;
     QStringList m_warnings;
+    QStringList m_faultsOfAll; ///< what the check says of all rows
     GivenTable m_taken;
 };
 

@@ -29,7 +29,9 @@ QList<CellFault> budgetFaults(const TableRows &rows)
     CheckBudget(CheckedProject(budget), findings);
     QList<CellFault> faults;
     for (const Finding &finding : findings)
-        faults.append({static_cast<int>(finding.row) + 1, {}, finding.problem});
+        faults.append({static_cast<int>(finding.row) + 1,
+                       {},
+                       (finding.row < 0 ? finding.place + u": "_s : QString()) + finding.problem});
     return faults;
 }
 

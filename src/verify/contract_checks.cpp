@@ -131,9 +131,9 @@ void CheckContractor(const CheckedProject &project, Findings &findings)
 void CheckBudget(const CheckedProject &project, Findings &findings)
 {
     const QList<CheckedRow> &budget = project.budget;
+    constexpr QStringView remedy = u"correggere le voci nel programma che le tiene.";
     const auto add = [&](const CheckedRow &row, const QString &problem) {
-        findings.append(FindingAt(row, FindingGroup::Budget, problem,
-                                  u"correggere le voci nel programma che le tiene."));
+        findings.append(FindingAt(row, FindingGroup::Budget, problem, remedy));
     };
     std::set<QString, TextOrder> known;
     for (const CheckedRow &item : budget) {
@@ -150,12 +150,12 @@ void CheckBudget(const CheckedProject &project, Findings &findings)
             add(item, u"il codice è uguale, o diverso solo per le maiuscole, a quello di un'altra "
                       "voce («%1»): ogni pagamento conta in tutte e due le voci."_s.arg(*first));
     }
-    if (budget.size() > PickListSize) {
-        add(budget.last(),
-            u"le voci sono %1: «Inserisci» ne può offrire %2 e si ferma."_s.arg(budget.size())
-                .arg(PickListSize));
-        findings.last().place = u"Elenco delle voci"_s;
-    }
+    if (budget.size() > PickListSize)
+        findings.append(
+            {FindingGroup::Budget, u"Elenco delle voci"_s,
+             u"le voci sono %1: «Inserisci» ne può offrire %2 e si ferma."_s.arg(budget.size())
+                 .arg(PickListSize),
+             remedy.toString(), budget.first().table->definition.name()});
 }
 
 } // namespace saldoro
