@@ -5,6 +5,7 @@
 #include "office/frm_appalti.h"
 #include "office/frm_creditori.h"
 #include "office/frm_voci.h"
+#include "platform/registry.h"
 #include "store/project_open_mark.h"
 
 #include <QClipboard>
@@ -161,6 +162,23 @@ private slots:
         QCOMPARE(
             office.rows(u"00001"_s, u"Appalto.mdb"_s, u"SELECT COUNT(*) FROM UltimaPerVariante"_s),
             u"202"_s);
+    }
+
+    /** Where the setting can't be written, the new contract is said to be there all the same. */
+    void newContractWithoutTheSetting()
+    {
+        NewContract office;
+        if (RegistryFilePath().isEmpty())
+            QSKIP("the system has a registry");
+        QGuiApplication::clipboard()->setText(u"A1\tScavi\t1"_s);
+        const QString settings = QFileInfo(RegistryFilePath()).path();
+        QDir(settings).removeRecursively();
+        WriteFile(settings, "in the way");
+        Play(&office.form, u"to Celle, Ctrl+V, Alt+E"_s);
+        QTRY_VERIFY(!office.form.isVisible());
+        QCOMPARE(office.messages.size(), 1);
+        QVERIFY2(office.messages.first().contains(u"Già fatto: il progetto c'è"_s),
+                 qPrintable(office.messages.first()));
     }
 
     /** CSV files are dropped on the table; where commas part the cells, none of an amount does. */

@@ -149,6 +149,8 @@ void FrmVoci::write(bool evenSo)
             ShowMessage(MessageKind::Information,
                         u"Il quadro è stato cambiato. Com'era sta in:\n"_s +
                             NativePaths(outcome.copies));
+        if (!outcome.warnings.isEmpty())
+            ShowMessage(MessageKind::Information, outcome.warnings.join(u"\n\n"_s));
         m_isWritten = true;
         emit written(m_code->text());
         close();
