@@ -8,7 +8,7 @@ namespace saldoro {
 /** The text of an empty date box. */
 inline constexpr QStringView EmptyDateText = u"__/__/____";
 
-/** The day as dd/MM/yyyy; the empty text for an invalid date. */
+/** A day of the years 0 to 9999 as dd/MM/yyyy; the empty text for an invalid date. */
 QString FormatData(QDate day);
 
 /** A valid day of the years 0 to 9999 as yyyy-MM-dd. */

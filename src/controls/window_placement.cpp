@@ -130,6 +130,7 @@ void SizeWindow(QWidget &window, QSize first)
     if (isKept)
         wanted =
             QSettings(sizesFile(), QSettings::IniFormat).value(window.objectName(), first).toSize();
+    // The window system's own frame is not known before it is there: the style's is a guess.
     const QStyle *style = window.style();
     const int frame = style->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, &window);
     const int title = style->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);

@@ -102,8 +102,8 @@ Connection::Connection(const QString &path, FileAccess access, int lockWait)
     // Large changes stay in memory until they are complete: the file is read undisturbed meanwhile,
     // and its journal flushed once.
     execute(u"PRAGMA cache_spill = OFF"_s);
-    // There is nothing in a new file that a journal could bring back. The file gets its header by
-    // the first change, whatever it is; what is written next puts that on the disk, too.
+    // A new file needs no journal. Setting user_version only makes the engine write the header,
+    // which the next change flushes.
     if (access == FileAccess::Create)
         execute(
             u"PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF; PRAGMA user_version = 1"_s);
@@ -137,7 +137,7 @@ Connection Connection::ofAllFiles() const
     return all;
 }
 
-QStringList Connection::ties() const
+QStringList Connection::superJournals() const
 {
     const QFileInfo first(m_engine->paths.first());
     QStringList paths;
@@ -147,13 +147,13 @@ QStringList Connection::ties() const
     return paths;
 }
 
-void Connection::removeTiesBut(const QStringList &others) const
+void Connection::removeSuperJournalsBut(const QStringList &others) const
 {
     for (const QString &path : std::as_const(m_engine->paths)) {
         if (QFileInfo::exists(Database::journalPath(path)))
             return;
     }
-    for (const QString &path : ties()) {
+    for (const QString &path : superJournals()) {
         if (!others.contains(path))
             QFile::remove(path);
     }

@@ -49,10 +49,10 @@ public:
 
     /** Paths of the files by which the engine ties the journals of several files together. They lie
      *  beside the first file. The engine leaves one behind when it can't commit. */
-    QStringList ties() const;
+    QStringList superJournals() const;
     /** Deletes the ties that are not among @p others, unless a journal is left that may need one.
      */
-    void removeTiesBut(const QStringList &others) const;
+    void removeSuperJournalsBut(const QStringList &others) const;
 
     /** Whether the file takes no changes, whatever the access. */
     bool isReadOnly() const;

@@ -196,7 +196,7 @@ Transaction::Transaction(const Database &database, TransactionKind kind)
     Statement(m_files, writes ? u"BEGIN IMMEDIATE"_s : u"BEGIN"_s).run();
     m_isOpen = true;
     if (writes)
-        m_tiesOfOthers = m_files->ties();
+        m_superJournalsOfOthers = m_files->superJournals();
 }
 
 Transaction::~Transaction()
@@ -208,8 +208,8 @@ Transaction::~Transaction()
     } catch (const std::exception &) {
         // The engine takes everything back at the latest when the file is closed or opened next.
     }
-    if (m_tiesOfOthers)
-        m_files->removeTiesBut(*m_tiesOfOthers);
+    if (m_superJournalsOfOthers)
+        m_files->removeSuperJournalsBut(*m_superJournalsOfOthers);
 }
 
 void Transaction::commit()

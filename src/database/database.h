@@ -146,7 +146,8 @@ class Transaction
 {
 public:
     /** For writing, locks all files, so that no other program writes until the end. Throws Locked,
-     *  ReadOnly. */
+     *  and ReadOnly when @p database is; of other files of its connection the first change tells.
+     */
     explicit Transaction(const Database &database, TransactionKind kind = TransactionKind::Writing);
     /** Takes back all changes unless they were committed. */
     ~Transaction();
@@ -158,7 +159,7 @@ public:
 
 private:
     std::shared_ptr<Connection> m_files;
-    std::optional<QStringList> m_tiesOfOthers; ///< of a transaction that writes
+    std::optional<QStringList> m_superJournalsOfOthers; ///< of a transaction that writes
     bool m_isOpen = false;
 };
 

@@ -96,6 +96,7 @@ struct Converter
 
 QByteArrayView KeptText(QByteArrayView text, std::pmr::memory_resource &texts)
 {
+    // One more: the engine stores a text at no address as null, and an empty one needs an address.
     auto *bytes = static_cast<char *>(texts.allocate(static_cast<size_t>(text.size()) + 1, 1));
     std::copy(text.begin(), text.end(), bytes);
     return {bytes, text.size()};

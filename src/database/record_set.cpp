@@ -173,7 +173,7 @@ void RecordSet::findNext(const QString &criterion)
     const bool isEmpty = data.rows->liveCount() == 0;
     if (data.row == Data::Nowhere && !isEmpty)
         throw data.error(DatabaseFault::NoCurrentRecord);
-    // Behind the last record only what was added meanwhile could follow, and that is not looked at.
+    // Behind the last record nothing is found, not even records that were added since.
     const bool isBehindAll = isEmpty || data.row == Data::AtEnd;
     data.setCriterion(criterion);
     data.findAfter(isBehindAll ? data.rows->lastLive() : data.row);

@@ -36,7 +36,7 @@ QList<BudgetChange> BudgetChanges(const TableRows &before, const TableRows &afte
                                   const TableRows &allocations);
 
 /** As BudgetChanges(), from what the project in @p projectFolder (of the machine) holds to
- *  @p budget; writes nothing. Throws DatabaseError. */
+ *  @p budget; writes nothing. Throws DatabaseError, and what the watcher of Progress throws. */
 QList<BudgetChange> CompareBudget(const QString &projectFolder, const TableRows &budget);
 
 } // namespace saldoro

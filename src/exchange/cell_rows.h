@@ -13,7 +13,7 @@ namespace saldoro {
 struct CellRow
 {
     int line = 0;      ///< of the text that the row begins on, counted from 1
-    QStringList cells; ///< an empty one without quotes is a null text, one in quotes an empty one
+    QStringList cells; ///< an empty cell is a null text; "" is an empty text
 };
 
 /** What is wrong with a row of cells. */

@@ -13,7 +13,7 @@ namespace saldoro {
  * the international one, below a header that names the fields. What can't be read, or can't be
  * stored in a table that is defined as @p stored, goes to the errors of @p outcome; what is passed
  * over or read by guess, to its warnings. Throws FileError, and FieldMissing when the definition
- * lacks one of the table's fields.
+ * lacks one of the table's fields, and what the watcher of Progress throws.
  */
 GivenTable ReadCsvTable(const QString &path, const ExchangedTable &table, const TableDef &stored,
                         ImportOutcome &outcome);

@@ -22,10 +22,11 @@ struct TableChange
 };
 
 /**
- * Works out how given rows replace the stored ones; writes nothing. Rows of the same key pair if
- * both sides have that key once. A line goes to @p errors for a table that can't be replaced and
- * for each stored row that would lose values of fields that are unknown here or not named by @p
- * given. Throws DatabaseError.
+ * Works out how given rows replace the stored ones; writes nothing. A new row belongs
+ * to the stored row of its key if neither side has that key twice. A line goes to @p errors for a
+ * table that can't be replaced and for each stored row that would lose values of fields that are
+ * unknown here or not named by @p given. Throws DatabaseError, and what the watcher of Progress
+ * throws.
  */
 TableChange ChangeOf(const Database &database, const GivenTable &given, QStringList &errors);
 
@@ -35,7 +36,8 @@ QString KeyOf(const ExchangedTable &table, const TableRow &row);
 /** The stored rows whose key is that of no row to come. */
 TableRows DroppedRows(const ExchangedTable &table, const TableChange &change);
 
-/** Writes the change; to be called within a transaction. Throws DatabaseError. */
+/** Writes the change; to be called within a transaction. Throws DatabaseError, and what the watcher
+ *  of Progress throws. */
 void WriteChange(const Database &database, const GivenTable &given, const TableChange &change);
 
 /** Whether a table that was written holds what it was given, in whatever order; rules of the file

@@ -23,8 +23,8 @@ struct AmountPast
     QString left;   ///< what it read when it was left last, before it was shown in display form
     bool isRewritten = false; ///< by the user, since it read @ref before
 
-    /** To be called on entry with what the field reads. If the user has written nothing since the
-     *  last entry, the text only went through the plain form: then @ref before stays. */
+    /** To be called on entry with what the field reads. Keeps @ref before if the user has typed
+     *  nothing since the last entry: then only the form of the amount has changed. */
     void enter(const QString &text)
     {
         if (before.isEmpty() || isRewritten)

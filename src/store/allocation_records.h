@@ -6,7 +6,8 @@
 
 namespace saldoro {
 
-/** The ledger's allocations of one payment, updatable. */
+/** The ledger's allocations of one payment, updatable. What a payment's save writes into them, cut
+ * to what the columns hold, is decided in invoice/payment_save. */
 RecordSet OpenAllocations(const Database &ledger, qint32 paymentNumber);
 
 /**

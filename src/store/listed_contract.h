@@ -7,7 +7,7 @@
 
 namespace saldoro {
 
-/** What the list of contracts tells of one. */
+/** What the list of contracts tells of one. Which folders are contracts: ContractCodes(). */
 struct ListedContract
 {
     int items = 0;   ///< of the budget

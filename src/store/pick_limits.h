@@ -4,7 +4,7 @@
 
 namespace saldoro {
 
-/** Characters of a code that a pick of a cost item hands on. */
+/** A picked cost item's code is cut to this many characters. */
 inline constexpr int PickedCodeWidth = 5;
 
 /** The code that a pick takes from a line that begins with a cost item's. */
