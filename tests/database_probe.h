@@ -114,8 +114,7 @@ inline TableDef AllTypes(const QString &name = QStringLiteral("Tipi"))
                                       {QStringLiteral("Soldi"), FieldType::Currency},
                                       {QStringLiteral("Tasso"), FieldType::Double},
                                       {QStringLiteral("Del"), FieldType::Date}})
-        table.appendField(field, type, 5);
-    table.field(QStringLiteral("LIBERO")).allowZeroLength = true;
+        table.appendField(field, type, 5, field == QStringLiteral("Libero"));
     return table;
 }
 

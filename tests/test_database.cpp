@@ -33,7 +33,7 @@ private slots:
                  "\"Note\" MEMO TEXT CONSTRAINT \"ZeroLength Note\" CHECK (\"Note\" <> ''), "
                  "\"Breve\" INTEGER16, \"Lungo\" LONG, \"Soldi\" CURRENCY, \"Tasso\" DOUBLE, "
                  "\"Del\" DATETIME CONSTRAINT \"ZeroLength Del\" CHECK (\"Del\" <> ''))"_s);
-        TableDef table = *database.tableDef(u"TIPI"_s);
+        const TableDef table = *database.tableDef(u"TIPI"_s);
         const QList<std::tuple<QString, NewValue, std::optional<DatabaseFault>>> values{
             {u"Codice"_s, QString(), ZeroLengthRefused},
             {u"Codice"_s, u"sei+++"_s, FieldTooSmall},

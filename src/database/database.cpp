@@ -85,11 +85,9 @@ std::optional<TableDef> Database::tableDef(const QString &name) const
         return std::nullopt;
     TableDef table(name);
     const Statement columns(m_file, u"SELECT * FROM "_s + qualified(m_file, name), name);
-    for (const FieldDef &field : columns.fields(0)) {
-        table.appendField(field.name, field.type, field.size);
-        table.field(field.name).allowZeroLength =
-            !definition.contains(QuotedName(ZeroLengthConstraint + field.name));
-    }
+    for (const FieldDef &field : columns.fields(0))
+        table.appendField(field.name, field.type, field.size,
+                          !definition.contains(QuotedName(ZeroLengthConstraint + field.name)));
     return table;
 }
 

@@ -44,12 +44,12 @@ TableDef::TableDef(QString name)
 {
 }
 
-void TableDef::appendField(const QString &name, FieldType type, int size)
+void TableDef::appendField(const QString &name, FieldType type, int size, bool allowZeroLength)
 {
-    m_fields.append({name, type, type == FieldType::Text ? size : 0, false});
+    m_fields.append({name, type, type == FieldType::Text ? size : 0, allowZeroLength});
 }
 
-FieldDef &TableDef::field(const QString &name)
+const FieldDef &TableDef::field(const QString &name) const
 {
     const qsizetype at = place(name);
     if (at < 0)

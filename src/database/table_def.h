@@ -44,11 +44,12 @@ class TableDef
 public:
     explicit TableDef(QString name);
 
-    /** Appends a field; @p size counts only for text fields. */
-    void appendField(const QString &name, FieldType type, int size = 0);
+    /** Appends a field; @p size counts only for text fields, for the rest see FieldDef. */
+    void appendField(const QString &name, FieldType type, int size = 0,
+                     bool allowZeroLength = false);
 
     /** The field of that name, letter case ignored. Throws FieldMissing, which names no file. */
-    FieldDef &field(const QString &name);
+    const FieldDef &field(const QString &name) const;
 
     /** As PlaceOf(), in the order of creation. */
     qsizetype place(const QString &name) const { return PlaceOf(m_fields, name); }

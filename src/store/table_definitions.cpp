@@ -16,10 +16,9 @@ TableDef suiteTable(const QString &name,
                     std::initializer_list<std::pair<QString, FieldType>> fields)
 {
     TableDef table(name);
-    for (const auto &[field, type] : fields) {
-        table.appendField(field, type, type == FieldType::Text ? textSize : 0);
-        table.field(field).allowZeroLength = type == FieldType::Text || type == FieldType::Memo;
-    }
+    for (const auto &[field, type] : fields)
+        table.appendField(field, type, textSize,
+                          type == FieldType::Text || type == FieldType::Memo);
     return table;
 }
 
@@ -47,22 +46,17 @@ QList<TableDef> companiesTables()
         suiteTable(u"Manda"_s, {{u"AnagPar"_s, FieldType::Long}, {u"AnagRel"_s, FieldType::Long}})};
 }
 
-void appendEmptiable(TableDef &table, const QString &name, FieldType type, int size = 0)
-{
-    table.appendField(name, type, size);
-    table.field(name).allowZeroLength = true;
-}
-
 TableDef fattureTable()
 {
+    constexpr bool orEmpty = true;
     TableDef table(u"Fatture"_s);
     table.appendField(u"AziProf"_s, FieldType::Text, 1);
     table.appendField(u"Npag"_s, FieldType::Long);
     table.appendField(u"Creditore"_s, FieldType::Text, LedgerSize::Creditore);
-    appendEmptiable(table, u"NFat"_s, FieldType::Text, LedgerSize::NFat);
-    appendEmptiable(table, u"Del"_s, FieldType::Date);
-    appendEmptiable(table, u"Memo"_s, FieldType::Memo);
-    appendEmptiable(table, u"Descrizione"_s, FieldType::Text, LedgerSize::Descrizione);
+    table.appendField(u"NFat"_s, FieldType::Text, LedgerSize::NFat, orEmpty);
+    table.appendField(u"Del"_s, FieldType::Date, 0, orEmpty);
+    table.appendField(u"Memo"_s, FieldType::Memo, 0, orEmpty);
+    table.appendField(u"Descrizione"_s, FieldType::Text, LedgerSize::Descrizione, orEmpty);
     for (const QString &amount :
          {u"Aliquota"_s, u"Importo"_s, u"ImportoIVA"_s, u"AliquotaRA"_s, u"ImportoPrest"_s,
           u"Contributo"_s, u"CassaPrev"_s, u"ImportoRA"_s, u"AltriImporti01"_s}) {
