@@ -133,6 +133,13 @@ private slots:
         RecordSet keyed = open(u"SELECT * FROM Chiave ORDER BY k"_s);
         QCOMPARE(Walk(keyed, u"k"_s), u"a B"_s);
         QCOMPARE(FaultOf([&] { keyed.addNew(); }), Fault(ReadOnly, u"Chiave"_s));
+        const RecordSet halves = open(u"SELECT 2147483646.5 AS a, -2147483648.5 AS b, "
+                                      "2147483647.5 AS c, -2147483649.0 AS d, 2147483648 AS e"_s);
+        QCOMPARE(halves.field(u"a"_s).integer(), 2147483646);
+        QCOMPARE(halves.field(u"b"_s).integer(), std::numeric_limits<qint32>::min());
+        for (const QString &field : {u"c"_s, u"d"_s, u"e"_s})
+            QCOMPARE(FaultOf([&] { (void)halves.field(field).integer(); }),
+                     Fault(FieldTooSmall, {}, field));
     }
 
     void joinsAndStoredQueriesAreReadOnly()

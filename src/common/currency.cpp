@@ -29,7 +29,7 @@ Currency Currency::fromWhole(qint64 euros)
 
 Currency Currency::fromDouble(double value)
 {
-    const auto scaled = RoundHalfEven<qint64>(value * static_cast<double>(Scale));
+    const auto scaled = RoundHalfEven(value * static_cast<double>(Scale));
     if (!scaled)
         overflow();
     return fromScaled(*scaled);

@@ -5,19 +5,15 @@
 
 namespace saldoro {
 
-template <typename Whole>
-std::optional<Whole> RoundHalfEven(double value)
+std::optional<qint64> RoundHalfEven(double value)
 {
     const double rounded = std::nearbyint(value);
     // The greatest 64-bit number is not a double; the one above it is.
-    const double bound = -static_cast<double>(std::numeric_limits<Whole>::min());
+    constexpr double bound = -static_cast<double>(std::numeric_limits<qint64>::min());
     if (!(rounded >= -bound) || !(rounded < bound))
         return std::nullopt;
-    return static_cast<Whole>(rounded);
+    return static_cast<qint64>(rounded);
 }
-
-template std::optional<qint32> RoundHalfEven(double value);
-template std::optional<qint64> RoundHalfEven(double value);
 
 qint64 RoundHalfAway(qint64 value, qint64 unit)
 {

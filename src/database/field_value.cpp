@@ -198,7 +198,7 @@ Currency FieldValue::currency() const
         if (const auto *real = std::get_if<double>(&value)) {
             if (!countsTenThousandths)
                 return Currency::fromDouble(*real);
-            if (const auto scaled = RoundHalfEven<qint64>(*real))
+            if (const auto scaled = RoundHalfEven(*real))
                 return Currency::fromScaled(*scaled);
             throw error(DatabaseFault::FieldTooSmall);
         }
@@ -218,17 +218,16 @@ qint32 FieldValue::integer() const
     const StoredValue &value = known();
     if (std::holds_alternative<QByteArrayView>(value))
         throw error(DatabaseFault::TypeMismatch);
-    const auto *whole = std::get_if<qint64>(&value);
-    std::optional<qint32> number;
+    std::optional<qint64> number;
     if (m_field->type == FieldType::Currency)
-        number = RoundHalfEven<qint32>(currency().toDouble());
-    else if (whole == nullptr)
-        number = RoundHalfEven<qint32>(std::get<double>(value));
-    else if (*whole == static_cast<qint32>(*whole))
-        number = static_cast<qint32>(*whole);
-    if (!number)
+        number = RoundHalfEven(currency().toDouble());
+    else if (const auto *whole = std::get_if<qint64>(&value))
+        number = *whole;
+    else
+        number = RoundHalfEven(std::get<double>(value));
+    if (!number || *number != static_cast<qint32>(*number))
         throw error(DatabaseFault::FieldTooSmall);
-    return *number;
+    return static_cast<qint32>(*number);
 }
 
 QDate FieldValue::date() const
