@@ -39,9 +39,9 @@ int startProgram(int argc, char **argv, const QString &project)
     application.installEventFilter(&end);
     ProgramValues values;
     FormFlow forms(values);
-    StartUp startUp(values);
+    std::optional<Database> createdLedger;
     return application.run([&] {
-        const bool goesOn = startUp.run(LaunchToken.toString() + project);
+        const bool goesOn = StartUp(values, LaunchToken.toString() + project, createdLedger);
         if (goesOn)
             forms.mainForm()->reopen();
         return goesOn;

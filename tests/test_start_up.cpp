@@ -252,7 +252,11 @@ private slots:
     }
 
 private:
-    bool start(const QString &tail) { return StartUp(m_values).run(tail); }
+    bool start(const QString &tail)
+    {
+        std::optional<Database> ledger;
+        return StartUp(m_values, tail, ledger);
+    }
 
     QString updatePath(const QString &name) const
     {

@@ -268,11 +268,12 @@ int main(int argc, char *argv[])
     ReplaceMessageBoxes(printMessage);
     ProgramValues values;
     FormFlow forms(values);
-    StartUp startUp(values);
+    std::optional<Database> createdLedger;
+    const QString tail = LaunchToken.toString() + QString::fromLocal8Bit(argv[1]);
     const QString pictures = QString::fromLocal8Bit(argv[2]);
     // The tour is over when it returns: there is no loop to be entered.
     return application.run([&] {
-        if (startUp.run(LaunchToken.toString() + QString::fromLocal8Bit(argv[1]))) {
+        if (StartUp(values, tail, createdLedger)) {
             forms.mainForm()->reopen();
             DemoTour(values, forms, pictures).run();
         }

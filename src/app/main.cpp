@@ -44,10 +44,10 @@ int main(int argc, char *argv[])
     saldoro::Application application(programOnlyCount, programOnly.data());
     saldoro::KeepWindowSizes(saldoro::WindowSizesFile());
     saldoro::ProgramValues values;
-    saldoro::StartUp startUp(values);
+    std::optional<saldoro::Database> createdLedger; // stays open
     std::optional<saldoro::FormFlow> forms;
     return application.run([&] {
-        const bool goesOn = startUp.run(tail);
+        const bool goesOn = saldoro::StartUp(values, tail, createdLedger);
         if (goesOn)
             forms.emplace(values).mainForm()->reopen();
         return goesOn;

@@ -27,21 +27,16 @@ QString ProjectCodeFromTail(const QString &tail)
     return tail.startsWith(LaunchToken) ? tail.mid(LaunchToken.size()) : DefaultProject.toString();
 }
 
-StartUp::StartUp(ProgramValues &values)
-    : m_values(values)
+bool StartUp(ProgramValues &values, const QString &tail, std::optional<Database> &createdLedger)
 {
-}
-
-bool StartUp::run(const QString &tail)
-{
-    InitInstallSettings(m_values);
-    if (UpdateIsWaiting(m_values)) {
-        RunUpdater(m_values);
+    InitInstallSettings(values);
+    if (UpdateIsWaiting(values)) {
+        RunUpdater(values);
         return false;
     }
-    m_values.ProjectCode = ProjectCodeFromTail(tail);
-    if (!QFileInfo(MachinePath(LedgerPath(m_values))).isFile())
-        m_createdLedger = CreateLedgerDatabase(ProjectFolder(m_values));
+    values.ProjectCode = ProjectCodeFromTail(tail);
+    if (!QFileInfo(MachinePath(LedgerPath(values))).isFile())
+        createdLedger = CreateLedgerDatabase(ProjectFolder(values));
     return true;
 }
 

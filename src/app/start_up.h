@@ -18,24 +18,14 @@ void InitInstallSettings(ProgramValues &values);
 QString ProjectCodeFromTail(const QString &tail);
 
 /**
- * What comes before the main form: settings, update check, project, ledger, in this order. The
- * object must live as long as the program: a ledger that it has created stays open.
+ * What comes before the main form: settings, update check, project, ledger, in this order.
+ *
+ * @param tail the command line behind the program's name, verbatim
+ * @param createdLedger gets the ledger if it was missing; to be kept as long as the program runs
+ * @return whether the main form is to be shown. If not, an update is waiting, RunUpdater() has run,
+ * and the program is to end. Errors of the ledger's creation (no project folder, no right to write)
+ * pass through.
  */
-class StartUp
-{
-public:
-    /** @p values must outlive the object. */
-    explicit StartUp(ProgramValues &values);
-
-    /** @param tail the command line behind the program's name, verbatim.
-     *  @return whether the main form is to be shown. If not, an update is waiting, RunUpdater() has
-     *  run, and the program is to end. Errors of the ledger's creation (no project folder, no right
-     *  to write) pass through. */
-    bool run(const QString &tail);
-
-private:
-    ProgramValues &m_values;
-    std::optional<Database> m_createdLedger;
-};
+bool StartUp(ProgramValues &values, const QString &tail, std::optional<Database> &createdLedger);
 
 } // namespace saldoro
