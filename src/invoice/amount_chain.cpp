@@ -65,7 +65,7 @@ Currency AmountTexts::dueWithholdingBase() const
 
 Currency AmountTexts::dueNet() const
 {
-    return NetAmount(amount(Amount::TotaleFattura), amount(Amount::ImportoRA));
+    return amount(Amount::TotaleFattura) - amount(Amount::ImportoRA);
 }
 
 Currency AmountTexts::storedValue(const AmountField &field) const
@@ -87,14 +87,13 @@ void AmountTexts::showStored(const QList<AmountField> &fields, const QMap<Amount
     // All four decimals count here, not the two that are shown.
     const Currency total = GrossAmount(stored[Importo], stored[ImportoIva], stored[AltriImporti]);
     show(TotaleFattura, total);
-    show(Netto, NetAmount(total, stored[ImportoRA]));
+    show(Netto, total - stored[ImportoRA]);
     show(SoggettaRA, dueWithholdingBase());
 }
 
 const AmountField &AmountChain::at(Amount field) const
 {
-    return *std::find_if(fields.begin(), fields.end(),
-                         [field](const AmountField &one) { return one.amount == field; });
+    return *std::ranges::find(fields, field, &AmountField::amount);
 }
 
 QString AmountChain::nameOf(Amount field) const

@@ -11,11 +11,6 @@ Currency GrossAmount(Currency base, Currency vat, Currency others)
     return base + vat + others;
 }
 
-Currency NetAmount(Currency gross, Currency withheld)
-{
-    return gross - withheld;
-}
-
 bool IsProfessional(const RecordSet &payments)
 {
     return payments.field(u"AziProf"_s).storedBytes() ==

@@ -16,9 +16,6 @@ Currency OtherAmounts(bool isProfessional, const Read &read)
 /** What an invoice comes to: base, VAT and other amounts. Throws OverflowError. */
 Currency GrossAmount(Currency base, Currency vat, Currency others);
 
-/** What of an invoice is paid out. Throws OverflowError. */
-Currency NetAmount(Currency gross, Currency withheld);
-
 /*
  * These read the current payment of an open set. They throw DatabaseError: NoCurrentRecord,
  * FieldMissing, TypeMismatch for an amount that is none, and FieldTooSmall for one out of range.
