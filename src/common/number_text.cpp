@@ -35,9 +35,4 @@ bool IsInGroupsOfThree(QStringView text, QChar mark)
     return first > 0;
 }
 
-QString SignedNumberText(qint32 value)
-{
-    return (value < 0 ? QString() : u" "_s) + QString::number(value);
-}
-
 } // namespace saldoro

@@ -21,7 +21,4 @@ QString RateText(double value);
  *  and stands nowhere else. That they are digits is not looked at. */
 bool IsInGroupsOfThree(QStringView text, QChar mark);
 
-/** A whole number with its sign, which is a blank for a number that is not negative. */
-QString SignedNumberText(qint32 value);
-
 } // namespace saldoro

@@ -1,7 +1,6 @@
 #include "invoice/invoice_form.h"
 
 #include "common/ending.h"
-#include "common/number_text.h"
 #include "controls/date_box.h"
 #include "controls/message_box.h"
 #include "controls/notice_strip.h"
@@ -67,7 +66,8 @@ void InvoiceForm::load()
     SizeWindow(*this, (m_page->sizeHint() + below).expandedTo(TwipsToPixels(least, *this)));
     CentraForm(*this);
     loadPayment();
-    m_number->setText(u"Pagamento N. "_s + SignedNumberText(paymentNumber()));
+    // The second blank is the sign of a number that is not negative.
+    m_number->setText(u"Pagamento N.  %1"_s.arg(paymentNumber()));
     m_allocation->RecalcAllocationTotal();
     m_creditor->creditorBox().setFocus(Qt::OtherFocusReason);
     m_open = true;

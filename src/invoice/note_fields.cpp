@@ -21,48 +21,42 @@ using namespace Qt::StringLiterals;
 class NoteBox : public QPlainTextEdit
 {
 public:
-    explicit NoteBox(QWidget *parent = nullptr);
+    explicit NoteBox(QWidget *parent)
+        : QPlainTextEdit(parent)
+    {
+        setTabChangesFocus(true);
+    }
 
-    void showNote(const QString &note);
-    QString note() const;
+    void showNote(const QString &note)
+    {
+        m_shown = note;
+        setPlainText(note);
+        document()->setModified(false);
+    }
+
+    QString note() const
+    {
+        if (!document()->isModified())
+            return m_shown;
+        QString text = toPlainText();
+        if (m_shown.contains(u"\r\n"_s))
+            text.replace(QLatin1Char('\n'), u"\r\n"_s);
+        return text;
+    }
 
     /** A few lines; a form may give it more. */
     QSize sizeHint() const override { return minimumSizeHint(); }
-    QSize minimumSizeHint() const override;
+
+    QSize minimumSizeHint() const override
+    {
+        constexpr int lines = 4;
+        constexpr int characters = 30;
+        return {characters * fontMetrics().averageCharWidth(), lines * fontMetrics().lineSpacing()};
+    }
 
 private:
     QString m_shown;
 };
-
-NoteBox::NoteBox(QWidget *parent)
-    : QPlainTextEdit(parent)
-{
-    setTabChangesFocus(true);
-}
-
-QSize NoteBox::minimumSizeHint() const
-{
-    constexpr int lines = 4;
-    constexpr int characters = 30;
-    return {characters * fontMetrics().averageCharWidth(), lines * fontMetrics().lineSpacing()};
-}
-
-void NoteBox::showNote(const QString &note)
-{
-    m_shown = note;
-    setPlainText(note);
-    document()->setModified(false);
-}
-
-QString NoteBox::note() const
-{
-    if (!document()->isModified())
-        return m_shown;
-    QString text = toPlainText();
-    if (m_shown.contains(u"\r\n"_s))
-        text.replace(QLatin1Char('\n'), u"\r\n"_s);
-    return text;
-}
 
 NoteFields::NoteFields(FieldNavigation &navigation, QWidget *parent)
     : QWidget(parent)
