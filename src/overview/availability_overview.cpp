@@ -16,7 +16,7 @@ void appendBudgetRow(TextTable &overview, const RecordSet &budget)
 {
     const int row = overview.rows();
     overview.setRows(row + 1);
-    overview.setRow(row);
+    overview.setCurrentCell(row, OverviewColumn::Cod);
     const auto code = [&] { return overview.text(row, OverviewColumn::Cod); };
     WithDetail(Detail::Row, QString::number(row), [&] {
         WithDetail(Detail::Item, code, [&] {
@@ -68,14 +68,8 @@ void FillAvailabilityOverview(TextTable &overview, const ProgramValues &values)
     overview.setRows(1);
     for (; !budget.eof(); budget.moveNext())
         appendBudgetRow(overview, budget);
-
-    const int lastRow = overview.rows() - 1;
-    for (int row = 1; row <= lastRow; ++row) {
-        overview.setRow(row);
-        overview.setColumn(OverviewColumn::Cod);
-        if (!spese.isEmpty())
-            fillAmounts(overview, row, spese);
-    }
+    for (int row = 1; row < overview.rows() && !spese.isEmpty(); ++row)
+        fillAmounts(overview, row, spese);
 }
 
 } // namespace saldoro
