@@ -2,7 +2,6 @@
 
 #include "common/errors.h"
 #include "exchange/command_options.h"
-#include "platform/whole_file.h"
 
 #include <QCommandLineParser>
 
@@ -89,11 +88,6 @@ CommandLine ParseCommandLine(const QStringList &words)
         (form->repeated == 0 ? more > 0 : more % form->repeated != 0))
         throw misuse(u"Dopo %1 ci vuole: %2"_s.arg(line.command, form->operands));
     return line;
-}
-
-QString UsageText()
-{
-    return QString::fromUtf8(ReadWholeFile(u":/uso.txt"_s));
 }
 
 } // namespace saldoro

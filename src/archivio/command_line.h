@@ -21,7 +21,4 @@ struct CommandLine
  *  Throws SaldoroError for what can't be understood. */
 CommandLine ParseCommandLine(const QStringList &words);
 
-/** How to call the program. */
-QString UsageText();
-
 } // namespace saldoro

@@ -7,6 +7,7 @@
 #include "exchange/missing_payment_values.h"
 #include "platform/console.h"
 #include "platform/process.h"
+#include "platform/whole_file.h"
 #include "store/archive_paths.h"
 #include "verify/verification.h"
 
@@ -70,7 +71,7 @@ Outcome run(const CommandLine &line)
     if (line.command == "esporta"_L1)
         return {Done, ExportProject(line.operands[0], line.operands[1],
                                     line.options.contains(CommandOption::Overwrite))};
-    return {Done, line.command == "--aiuto"_L1 ? UsageText()
+    return {Done, line.command == "--aiuto"_L1 ? QString::fromUtf8(ReadWholeFile(u":/uso.txt"_s))
                                                : u"saldoro-archivio %1\n"_s.arg(VersionText)};
 }
 

@@ -60,8 +60,7 @@ public:
     public:
         explicit BulkChange(TextTable &table);
         ~BulkChange();
-        BulkChange(const BulkChange &) = delete;
-        BulkChange &operator=(const BulkChange &) = delete;
+        Q_DISABLE_COPY_MOVE(BulkChange)
 
     private:
         TextTable &m_table;
