@@ -19,18 +19,6 @@ struct CommandForm
     qsizetype repeated = 0;   ///< operands at the end that may be given more than once
 };
 
-const QMap<QString, CommandForm> &commandForms()
-{
-    static const QMap<QString, CommandForm> forms{
-        {u"verifica"_s, {u"CARTELLA"_s, {u"--codici="_s}}},
-        {u"imposta"_s, {u"CARTELLA PAGAMENTO CAMPO VALORE"_s, {}, 3}},
-        {u"importa"_s,
-         {u"CARTELLA_CSV CARTELLA"_s,
-          {CommandOption::NewProject, CommandOption::EvenSo, CommandOption::Replace + u'='}}},
-        {u"esporta"_s, {u"CARTELLA CARTELLA_CSV"_s, {CommandOption::Overwrite}}}};
-    return forms;
-}
-
 SaldoroError misuse(const QString &problem)
 {
     return SaldoroError(problem, u"Con --aiuto si leggono le istruzioni."_s);
@@ -74,13 +62,20 @@ void readWords(QStringList words, const CommandForm &form, CommandLine &line)
 
 CommandLine ParseCommandLine(const QStringList &words)
 {
+    static const QMap<QString, CommandForm> forms{
+        {u"verifica"_s, {u"CARTELLA"_s, {u"--codici="_s}}},
+        {u"imposta"_s, {u"CARTELLA PAGAMENTO CAMPO VALORE"_s, {}, 3}},
+        {u"importa"_s,
+         {u"CARTELLA_CSV CARTELLA"_s,
+          {CommandOption::NewProject, CommandOption::EvenSo, CommandOption::Replace + u'='}}},
+        {u"esporta"_s, {u"CARTELLA CARTELLA_CSV"_s, {CommandOption::Overwrite}}}};
     if (const QString asked = request(words); !asked.isEmpty())
         return {asked, {}, {}};
     if (words.isEmpty())
         throw misuse(u"Manca il comando: verifica, imposta, importa o esporta."_s);
     CommandLine line{words.first(), {}, {}};
-    const auto form = commandForms().find(line.command);
-    if (form == commandForms().end())
+    const auto form = forms.find(line.command);
+    if (form == forms.end())
         throw misuse(u"Il comando %1 non esiste."_s.arg(line.command));
     readWords(words, *form, line);
     const qsizetype more = line.operands.size() - form->operands.count(u' ') - 1;
