@@ -79,7 +79,22 @@ struct RecordSet::Data
         change = wanted;
     }
 
-    void setCriterion(const QString &text);
+    void setCriterion(const QString &text)
+    {
+        // A walk through all matches asks the same again and again.
+        if (criterion && text == criterionText)
+            return;
+        criterion.reset();
+        std::optional<Criterion> wanted = ParseCriterion(text);
+        if (!wanted)
+            throw error(DatabaseFault::SyntaxError, {}, text);
+        criterionColumn = columnOf(wanted->field);
+        const FieldDef &field = rows->fields()[criterionColumn];
+        if (!wanted->fits(field))
+            throw error(DatabaseFault::TypeMismatch, field.name, text);
+        criterion = std::move(wanted);
+        criterionText = text;
+    }
 
     void findAfter(int start)
     {
@@ -88,23 +103,6 @@ struct RecordSet::Data
         goTo(noMatch ? Nowhere : match);
     }
 };
-
-void RecordSet::Data::setCriterion(const QString &text)
-{
-    // A walk through all matches asks the same again and again.
-    if (criterion && text == criterionText)
-        return;
-    criterion.reset();
-    std::optional<Criterion> wanted = ParseCriterion(text);
-    if (!wanted)
-        throw error(DatabaseFault::SyntaxError, {}, text);
-    criterionColumn = columnOf(wanted->field);
-    const FieldDef &field = rows->fields()[criterionColumn];
-    if (!wanted->fits(field))
-        throw error(DatabaseFault::TypeMismatch, field.name, text);
-    criterion = std::move(wanted);
-    criterionText = text;
-}
 
 RecordSet::RecordSet(std::unique_ptr<RecordRows> rows)
     : m_data(new Data{std::move(rows)})
