@@ -1,4 +1,5 @@
 #include "common/amount_text.h"
+#include "exchange/creditor_tables.h"
 #include "exchange/pasted_table.h"
 
 #include <QTest>
@@ -140,6 +141,40 @@ private slots:
         pasted.setColumn(u"Importo"_s, -1);
         QVERIFY(!pasted.isReady());
         QVERIFY(pasted.remark().startsWith(u"Manca la colonna Importo"_s));
+    }
+
+    /** Companies that can't be added as they are pasted. */
+    void companies()
+    {
+        const KnownCreditors known{
+            {u"Edil Valle"_s, u"Uno"_s}, {{}, {}}, {u"Edil Valle"_s}, {}, {}};
+        PastedTable pasted(CompanyList(),
+                           [&known](const TableRows &rows) { return CompanyFaults(rows, known); });
+        QStringList cells{u"Nome\tMandanti"_s};
+        QStringList expected{u"intestazione"_s};
+        for (const auto &[row, reason] :
+             std::initializer_list<std::pair<const char *, const char *>>{
+                 {"ATI Po\tUno; Due; Edil Valle", ""},
+                 {"ATI Adda\tDue; due", "la mandante «due» è scritta due volte."},
+                 {"ATI Oglio\tDue; Ati Oglio", "«Ati Oglio» non può essere mandante di sé stessa."},
+                 {"edil valle\t", "«edil valle» c'è già."},
+                 {"uno\t", ""},
+                 {"Tre\t", ""},
+                 {"TRE\t", "«TRE» c'è già."}}) {
+            cells.append(QString::fromUtf8(row));
+            expected.append(QString::fromUtf8(reason));
+        }
+        const auto reasons = [&] {
+            pasted.setText(cells.join(u'\n'));
+            QStringList all;
+            for (const PastedRow &row : pasted.rows())
+                all.append(row.reason);
+            return all;
+        };
+        QCOMPARE(reasons(), expected);
+        cells[5] += u"Due"_s; // which does not make it an association
+        expected[5] = u"«uno» è già in archivio e resta com'è: togliere le mandanti."_s;
+        QCOMPARE(reasons(), expected);
     }
 
     /** Several rows go and come back together, whatever they were, and the header stays out. */

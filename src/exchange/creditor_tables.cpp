@@ -11,6 +11,7 @@
 #include "store/internal_codes.h"
 
 #include <algorithm>
+#include <limits>
 #include <set>
 #include <utility>
 
@@ -34,13 +35,15 @@ RecordSet recordsOf(const Database &database, const QString &table)
 }
 
 /** One more than the highest number. */
-qint32 nextNumber(RecordSet &records, const QString &field)
+qint32 nextNumber(const Database &database, const QString &table, const QString &field)
 {
     qint32 highest = 0;
-    for (records.moveFirst(); !records.eof(); records.moveNext()) {
+    for (RecordSet records = recordsOf(database, table); !records.eof(); records.moveNext()) {
         if (!records.field(field).isNull())
             highest = std::max(highest, records.field(field).integer());
     }
+    if (highest == std::numeric_limits<qint32>::max())
+        throw DatabaseError(DatabaseFault::FieldTooSmall, database.path(), table, field);
     return highest + 1;
 }
 
@@ -53,12 +56,13 @@ void add(RecordSet &records, const QList<std::pair<QString, NewValue>> &values)
 }
 
 /** The number of a company, which is added when it is not there. */
-qint32 companyNumber(RecordSet &companies, const QString &name, const NewValue &kind = {})
+qint32 companyNumber(const Database &database, const QString &name, const NewValue &kind = {})
 {
+    RecordSet companies = recordsOf(database, u"Anag"_s);
     companies.findFirst(u"nominativo = '"_s + RaddoppiaApici(name) + u"'"_s);
     if (!companies.noMatch())
         return companies.field(u"ID"_s).integer();
-    const qint32 number = nextNumber(companies, u"ID"_s);
+    const qint32 number = nextNumber(database, u"Anag"_s, u"ID"_s);
     add(companies, {{u"ID"_s, number}, {u"nominativo"_s, name}, {u"TipImprese"_s, kind}});
     return number;
 }
@@ -74,20 +78,19 @@ QStringList membersOf(const TableRow &row)
 
 void addCompanies(const Database &database, const TableRows &rows)
 {
-    RecordSet companies = recordsOf(database, u"Anag"_s);
     RecordSet participants = recordsOf(database, u"Partecip"_s);
     RecordSet principals = recordsOf(database, u"Manda"_s);
     // All by their own kind first: a member may be an association, too.
     for (const TableRow &row : rows)
-        companyNumber(companies, TextOf(row.first()),
+        companyNumber(database, TextOf(row.first()),
                       membersOf(row).isEmpty() ? NewValue() : AssociationKind.toString());
     for (const TableRow &row : rows) {
-        const qint32 number = companyNumber(companies, TextOf(row.first()));
+        const qint32 number = companyNumber(database, TextOf(row.first()));
         add(participants,
-            {{u"Nord"_s, nextNumber(participants, u"Nord"_s)}, {u"AnagRel"_s, number}});
+            {{u"Nord"_s, nextNumber(database, u"Partecip"_s, u"Nord"_s)}, {u"AnagRel"_s, number}});
         for (const QString &member : membersOf(row))
             add(principals,
-                {{u"AnagPar"_s, number}, {u"AnagRel"_s, companyNumber(companies, member)}});
+                {{u"AnagPar"_s, number}, {u"AnagRel"_s, companyNumber(database, member)}});
     }
 }
 
@@ -105,7 +108,7 @@ void addProfessionals(RecordSet &sheet, const TableRows &rows)
     }
 }
 
-void setContractor(RecordSet &sheet, RecordSet companies, const QString &contractor,
+void setContractor(RecordSet &sheet, const Database &companies, const QString &contractor,
                    const ProgramValues &values)
 {
     const QString item = CodiceEsterno(values, InternalCode::Contractor);
@@ -143,14 +146,47 @@ QList<CellFault> RepeatedNames(const TableRows &rows, const QStringList &known)
     return faults;
 }
 
+QList<CellFault> CompanyFaults(const TableRows &rows, const KnownCreditors &known)
+{
+    const std::set<QString, TextOrder> registered(known.companies.begin(), known.companies.end());
+    QList<CellFault> faults = RepeatedNames(rows, known.participants);
+    for (int row = 1; row <= rows.size(); ++row) {
+        const QString name = TextOf(rows[row - 1].first());
+        const QStringList members = membersOf(rows[row - 1]);
+        std::set<QString, TextOrder> told{name};
+        for (const QString &member : members) {
+            if (!told.insert(member).second)
+                faults.append(
+                    {row, u"Mandanti"_s,
+                     (AreEqualTexts(member, name) ? u"«%1» non può essere mandante di sé stessa."_s
+                                                  : u"la mandante «%1» è scritta due volte."_s)
+                         .arg(member)});
+        }
+        if (!members.isEmpty() && registered.contains(name))
+            faults.append(
+                {row, u"Mandanti"_s,
+                 u"«%1» è già in archivio e resta com'è: togliere le mandanti."_s.arg(name)});
+    }
+    return faults;
+}
+
 KnownCreditors ReadCreditors(const ProgramValues &values)
 {
     KnownCreditors known;
     RecordSet companies = recordsOf(Database::open(CompaniesPath(values)), u"Anag"_s);
     for (; !companies.eof(); companies.moveNext()) {
-        known.companies.append(companies.field(u"nominativo"_s).textOrEmpty());
-        known.members.append(Principals(values, companies.field(u"ID"_s).integer()).join(u"; "_s));
+        const QString name = companies.field(u"nominativo"_s).textOrEmpty();
+        if (name.isEmpty())
+            continue;
+        // What has no number, or one that is none, has no members either.
+        const bool isNumbered =
+            !companies.field(u"ID"_s).isNull() && companies.field(u"ID"_s).isOfItsKind();
+        known.companies.append(name);
+        known.members.append(
+            isNumbered ? Principals(values, companies.field(u"ID"_s).integer()).join(u"; "_s)
+                       : QString());
     }
+    known.participants = ParticipatingCompanies(values, {});
     known.professionals = ProfessionalCreditors(values);
     const QString item = CodiceEsterno(values, InternalCode::Contractor);
     RecordSet sheet = OpenContractSheet(values);
@@ -177,7 +213,7 @@ QStringList AddCreditors(const ProgramValues &values, const TableRows &companies
     addCompanies(companyRegister, companies);
     addProfessionals(sheet, professionals);
     if (!contractor.isEmpty())
-        setContractor(sheet, recordsOf(companyRegister, u"Anag"_s), contractor, values);
+        setContractor(sheet, companyRegister, contractor, values);
     transaction.commit();
     copies.keep();
     return paths;

@@ -20,18 +20,24 @@ namespace saldoro {
 const ExchangedTable &CompanyList();
 const ExchangedTable &ProfessionalList();
 
+/** The names of all creditors that a project holds. */
+struct KnownCreditors
+{
+    QStringList companies;    ///< of the register; those without a name are left out
+    QStringList members;      ///< for each company those of the association, with "; " between them
+    QStringList participants; ///< the companies that take part in the procedure
+    QStringList professionals;
+    QString contractor; ///< empty for none
+};
+
 /** Names that are among @p known or stand twice among @p rows, whatever their letter case; a
  *  fault's line is the row's number, from 1. */
 QList<CellFault> RepeatedNames(const TableRows &rows, const QStringList &known);
 
-/** The names of all creditors that a project holds. */
-struct KnownCreditors
-{
-    QStringList companies;
-    QStringList members; ///< for each company those of the association, with "; " between them
-    QStringList professionals;
-    QString contractor; ///< empty for none
-};
+/** RepeatedNames() of companies, for which those that take part are known; also members that stand
+ *  twice in a row or are the association itself, and members of a company that is in the register
+ *  already, where it stays what it is. */
+QList<CellFault> CompanyFaults(const TableRows &rows, const KnownCreditors &known);
 
 /** Throws DatabaseError. */
 KnownCreditors ReadCreditors(const ProgramValues &values);
@@ -39,14 +45,15 @@ KnownCreditors ReadCreditors(const ProgramValues &values);
 /**
  * Adds companies and professionals (rows of their lists) to the project, and makes @p contractor, a
  * company's name, the contractor, which is added when it is no company yet; empty leaves it as it
- * is. Members that are no companies yet become such, but take no part by themselves. Names must be
- * new, see RepeatedNames(): a company that is there does not become an association. New companies
- * get the numbers after the highest one, and so do their places in the procedure. Professionals get
- * the first free items I01, I02...
+ * is. A company that is in the register already takes part from now on, and stays what it is there.
+ * Members that are no companies yet become such, but take no part by themselves. There are no
+ * CompanyFaults() and no RepeatedNames(). New companies get the numbers after the highest one, and
+ * so do their places in the procedure. Professionals get the first free items I01, I02...
  *
  * All or nothing, in one transaction over both databases; copies are made beside both first.
- * Returns the copies' paths. Throws DatabaseError, and FileError, also for a database without a
- * plain journal; then nothing is changed, and there are no copies.
+ * Returns the copies' paths. Throws DatabaseError, FieldTooSmall when there is no higher number,
+ * and FileError, also for a database without a plain journal; then nothing is changed, and there
+ * are no copies.
  */
 QStringList AddCreditors(const ProgramValues &values, const TableRows &companies,
                          const TableRows &professionals, const QString &contractor);

@@ -26,7 +26,7 @@ FrmCreditori::FrmCreditori(ProgramValues values, QWidget *parent)
     , m_values(std::move(values))
     , m_known(ReadCreditors(m_values))
     , m_companies(CompanyList(),
-                  [this](const TableRows &rows) { return RepeatedNames(rows, m_known.companies); })
+                  [this](const TableRows &rows) { return CompanyFaults(rows, m_known); })
     , m_professionals(
           ProfessionalList(),
           [this](const TableRows &rows) { return RepeatedNames(rows, m_known.professionals); })
@@ -40,6 +40,8 @@ FrmCreditori::FrmCreditori(ProgramValues values, QWidget *parent)
     for (qsizetype at = 0; at < companyLines.size(); ++at) {
         if (!m_known.members[at].isEmpty())
             companyLines[at] += u" (mandanti: %1)"_s.arg(m_known.members[at]);
+        if (!m_known.participants.contains(m_known.companies[at]))
+            companyLines[at] += u" (non partecipa)"_s;
     }
     auto *companies = makePage(m_companies, u"Imprese"_s, companyLines);
     companies->layout()->addWidget(
@@ -77,6 +79,9 @@ QWidget *FrmCreditori::makePage(PastedTable &pasted, const QString &name, const 
     cells->setObjectName(name);
     column->addWidget(cells, 2);
     connect(cells, &PasteTable::changed, this, &FrmCreditori::showState);
+    // The row of that number is another company's from now on.
+    connect(cells, &PasteTable::replaced, this,
+            [this] { m_contractor->setItemData(m_contractor->currentIndex(), 0); });
     return page;
 }
 
@@ -84,14 +89,23 @@ void FrmCreditori::showState()
 {
     const QString chosen =
         m_contractor->count() == 0 ? m_known.contractor : m_contractor->currentText();
+    const int row = m_contractor->currentData().toInt(); // that is pasted; 0 for none
     const QSignalBlocker blocker(m_contractor);
     m_contractor->clear();
     if (!m_known.companies.contains(m_known.contractor))
         m_contractor->addItem(m_known.contractor);
     m_contractor->addItems(m_known.companies);
-    for (const TableRow &company : m_companies.taken().rows)
-        m_contractor->addItem(TextOf(company.first()));
-    m_contractor->setCurrentText(chosen);
+    const GivenTable &pasted = m_companies.taken();
+    for (qsizetype at = 0; at < pasted.rows.size(); ++at) {
+        const QString name = TextOf(pasted.rows[at].first());
+        if (!m_known.companies.contains(name, Qt::CaseInsensitive))
+            m_contractor->addItem(name, pasted.lines[at]);
+    }
+    // The chosen company, by its row when its name is corrected; never another one.
+    m_contractor->setCurrentText(m_known.contractor);
+    if (const int at = row > 0 ? m_contractor->findData(row) : m_contractor->findText(chosen);
+        at >= 0)
+        m_contractor->setCurrentIndex(at);
     m_write->setEnabled(hasChanges() && m_companies.count(PastedState::Faulty) == 0 &&
                         m_professionals.count(PastedState::Faulty) == 0);
 }

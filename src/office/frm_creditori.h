@@ -9,8 +9,11 @@
 
 namespace saldoro {
 
-/** Companies and professionals of a contract, pasted from a spreadsheet or typed, beside those that
- *  are there already, and which company is the contractor. */
+/**
+ * Companies and professionals of a contract, pasted from a spreadsheet or typed, beside those that
+ * are there already, and which company is the contractor. A pasted company that is chosen stays so
+ * when its cell is corrected; when it stays out, the contractor of the archive is chosen again.
+ */
 class FrmCreditori : public QWidget
 {
     Q_OBJECT

@@ -106,7 +106,8 @@ void PasteTable::replaceRows(const std::function<void()> &action)
 {
     if (!m_pasted.rows().isEmpty() && !ChiediConferma(u"Sostituire le righe che ci sono già?"_s))
         return;
-    Attempt(action);
+    if (Attempt(action))
+        emit replaced();
     showAll();
     m_view->resizeColumnsToContents();
     int row = 0; // or the first one to be corrected

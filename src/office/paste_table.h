@@ -25,6 +25,8 @@ public:
     explicit PasteTable(PastedTable &pasted, QWidget *parent = nullptr);
 
 signals:
+    /** Other rows stand in the place of those that were there; changed() follows. */
+    void replaced();
     /** The rows that are taken may be others. */
     void changed();
 
