@@ -1,7 +1,6 @@
 #include "invoice/payment_save.h"
 
 #include "common/amount_text.h"
-#include "common/characters.h"
 #include "common/errors.h"
 #include "database/database.h"
 #include "invoice/allocation_table.h"
@@ -10,7 +9,7 @@
 #include "store/contract_sheet.h"
 #include "store/mandate_note.h"
 #include "store/payment_numbers.h"
-#include "store/table_definitions.h"
+#include "store/table_rows.h"
 
 namespace saldoro {
 
@@ -18,19 +17,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** What to write where the ledger takes null but no empty text. */
-NewValue textOrNull(const QString &text)
-{
-    return text.isEmpty() ? NewValue() : NewValue(text);
-}
-
 void fillPayment(RecordSet &payments, const PaymentRecord &record)
 {
     payments.set(u"AziProf"_s, KindCode(record.kind));
     payments.set(u"Npag"_s, record.number);
-    payments.set(u"Creditore"_s, textOrNull(record.creditore));
+    payments.set(u"Creditore"_s, TextOrNull(record.creditore));
     payments.set(u"NFat"_s, record.nFat);
-    payments.set(u"Del"_s, record.del == EmptyDateText ? NewValue() : textOrNull(record.del));
+    payments.set(u"Del"_s, record.del == EmptyDateText ? NewValue() : TextOrNull(record.del));
     payments.set(u"Memo"_s, record.memo);
     payments.set(u"Descrizione"_s, record.descrizione);
     for (const AmountField &field : AmountChainOf(record.kind).fields) {
@@ -51,23 +44,6 @@ void writePayment(const Database &ledger, const PaymentRecord &record)
     payments.update();
 }
 
-void writeAllocation(RecordSet &allocations, qint32 paymentNumber, const TextTable &grid, int row)
-{
-    const QString code = grid.text(row, AllocationColumn::Cod);
-    if (FindAllocation(allocations, code)) {
-        allocations.edit();
-    } else {
-        const QString description = grid.text(row, AllocationColumn::Descrizione);
-        allocations.addNew();
-        allocations.set(u"RelNpag"_s, paymentNumber);
-        allocations.set(u"Cod"_s, textOrNull(code));
-        allocations.set(u"Descrizione"_s,
-                        textOrNull(LeftCharacters(description, LedgerSize::Descrizione)));
-    }
-    allocations.set(u"Importo"_s, ImportoDaTesto(grid.text(row, AllocationColumn::Importo)));
-    allocations.update();
-}
-
 } // namespace
 
 void SavePagamento(ProgramValues &values, const PaymentRecord &record, const TextTable &grid)
@@ -78,7 +54,9 @@ void SavePagamento(ProgramValues &values, const PaymentRecord &record, const Tex
             RecordSet allocations = OpenAllocations(ledger, record.number);
             writePayment(ledger, record);
             for (int row = 1; row < grid.rows(); ++row)
-                writeAllocation(allocations, record.number, grid, row);
+                SaveAllocation(allocations, record.number, grid.text(row, AllocationColumn::Cod),
+                               grid.text(row, AllocationColumn::Descrizione),
+                               ImportoDaTesto(grid.text(row, AllocationColumn::Importo)));
         }
         values.MandateText = ComposeMandateNote(record.mandato, record.mandatoDell);
         ScriviVoceStringa(values, VoceMandato(values, record.number), ItemTag::None,

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "common/currency.h"
 #include "database/database.h"
 
 #include <QString>
 
 namespace saldoro {
 
-/** The ledger's allocations of one payment, updatable. What a payment's save writes into them, cut
- * to what the columns hold, is decided in invoice/payment_save. */
+/** The ledger's allocations of one payment, updatable. */
 RecordSet OpenAllocations(const Database &ledger, qint32 paymentNumber);
 
 /**
@@ -15,5 +15,11 @@ RecordSet OpenAllocations(const Database &ledger, qint32 paymentNumber);
  * empty code finds the row whose code is null: that is how an empty code is stored.
  */
 bool FindAllocation(RecordSet &allocations, const QString &code);
+
+/** Writes an amount into the allocation of that cost item, which is added when the payment has
+ * none. An added one gets the description, cut to LedgerSize::Descrizione; the others keep theirs.
+ */
+void SaveAllocation(RecordSet &allocations, qint32 paymentNumber, const QString &code,
+                    const QString &description, Currency amount);
 
 } // namespace saldoro

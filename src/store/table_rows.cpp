@@ -64,6 +64,11 @@ QString TextOf(const NewValue &value)
     return ValueAs<QString>(value).value_or(QString());
 }
 
+NewValue TextOrNull(const QString &text)
+{
+    return text.isEmpty() ? NewValue() : NewValue(text);
+}
+
 qsizetype FirstRow(const TableRows &rows, const QString &text)
 {
     const auto found = std::ranges::find_if(

@@ -38,6 +38,9 @@ std::optional<Value> ValueAs(const NewValue &value)
 /** The text of a value; empty for any other. */
 QString TextOf(const NewValue &value);
 
+/** What to write where a table takes null but no empty text. */
+NewValue TextOrNull(const QString &text);
+
 /** The first row that has an equal text in its first field, as the databases compare, at which
  *  their searches stop, too; -1 for none. The text is not empty. */
 qsizetype FirstRow(const TableRows &rows, const QString &text);
