@@ -119,7 +119,7 @@ std::optional<NewValue> ValueOfCell(const QString &cell, FieldType type, Notatio
 std::optional<NewValue> SureValueOfCell(const QString &cell, FieldType type, Notation notation,
                                         QString &problem)
 {
-    const auto value = ValueOfCell(cell, type, notation);
+    auto value = ValueOfCell(cell, type, notation);
     if (!value) {
         problem = u"«%1» non è %2, o è fuori misura."_s.arg(
             LeftCharacters(cell, MostCharactersQuoted), expectedValue(type, notation));

@@ -39,7 +39,7 @@ bool isBlank(const CellRow &row)
 class RowsReader
 {
 public:
-    RowsReader(const CellColumns &columns, const ExchangedTable &table, TableDef stored,
+    RowsReader(const CellColumns &columns, const ExchangedTable &table, const TableDef &stored,
                std::optional<Notation> notation, QList<CellFault> &faults)
         : m_columns(columns)
         , m_table(table)
@@ -144,9 +144,10 @@ QString GivenTable::rowName(qsizetype row) const
 }
 
 GivenTable TypedRowsOf(QList<CellRow> rows, const CellColumns &columns, const ExchangedTable &table,
-                       TableDef stored, std::optional<Notation> notation, QList<CellFault> &faults)
+                       const TableDef &stored, std::optional<Notation> notation,
+                       QList<CellFault> &faults)
 {
-    return RowsReader(columns, table, std::move(stored), notation, faults).read(std::move(rows));
+    return RowsReader(columns, table, stored, notation, faults).read(std::move(rows));
 }
 
 } // namespace saldoro

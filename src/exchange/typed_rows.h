@@ -34,6 +34,7 @@ struct GivenTable
  * Throws FieldMissing when @p stored lacks one of the table's fields.
  */
 GivenTable TypedRowsOf(QList<CellRow> rows, const CellColumns &columns, const ExchangedTable &table,
-                       TableDef stored, std::optional<Notation> notation, QList<CellFault> &faults);
+                       const TableDef &stored, std::optional<Notation> notation,
+                       QList<CellFault> &faults);
 
 } // namespace saldoro
