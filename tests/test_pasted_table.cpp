@@ -90,6 +90,8 @@ private slots:
             "lordo» o «4. Importo netto»: è stata presa la prima di queste colonne. Se è "
             "un'altra, indicarla qui sopra.\nI codici sono più lunghi delle descrizioni: se le "
             "colonne sono scambiate, indicarle qui sopra.");
+        add("numbers in a column without a name", "\tCodice\tDescrizione\tImporto\n1\tA1\tScavi\t5",
+            "s intestazione\nA1|Scavi|5,00\n= 5,00 pronto");
         add("semicolons for tabs", "A1;\"Scavi; e muri\";5,00\n",
             "A1|Scavi; e muri|5,00\n= 5,00 pronto");
         add("one column", "A1\nA2",

@@ -26,6 +26,12 @@ struct CellColumns
     /** Needed fields that a cell of nearly their name fills, with that name. */
     QList<std::pair<QString, QString>> guesses = {};
 
+    /** The cell that fills a field; -1 for none, and for a field of other tables. */
+    qsizetype columnOf(const QString &field, const ExchangedTable &table) const
+    {
+        const qsizetype place = table.place(field);
+        return place < 0 ? -1 : places.indexOf(place);
+    }
     /** How far it is from naming all needed fields: less is better. */
     auto lack() const { return std::pair(missing.size(), guesses.size()); }
 };

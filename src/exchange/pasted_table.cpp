@@ -3,6 +3,7 @@
 #include "common/characters.h"
 #include "common/errors.h"
 #include "exchange/cell_values.h"
+#include "exchange/pasted_columns.h"
 
 #include <QRegularExpression>
 
@@ -50,46 +51,18 @@ void PastedTable::setRows(const QList<CellRow> &rows, const QStringList &warning
 {
     m_warnings = warnings;
     m_international.clear();
-    m_columns = GuessColumns(rows, m_table);
-    qsizetype width = m_table.definition.fields().size();
-    for (const CellRow &row : rows)
-        width = std::max(width, row.cells.size());
-    m_columns.places.resize(width, CellColumns::Unknown);
-    // A field without a name stands where it usually does, if that column is no other's.
-    const QStringList fields = m_table.fieldNames();
-    for (qsizetype place = 0; place < fields.size(); ++place) {
-        const bool isExpected = rows.isEmpty() || m_table.neededFields.contains(fields[place]);
-        if (isExpected && columnOf(fields[place]) < 0 && m_columns.places[place] < 0)
-            m_columns.places[place] = place;
-    }
+    m_columns = PastedColumns(rows, m_table);
     m_doubts.clear();
     for (const QString &field : m_table.neededFields)
-        m_doubts[field] = m_columns.firstRow == 0
-                              ? QString()
-                              : doubtOf(field, rows[m_columns.firstRow - 1].cells);
+        m_doubts[field] = ColumnDoubt(field, rows, m_columns, m_table);
     m_rows.clear();
     for (const CellRow &row : rows) {
         m_rows.append(PastedRow());
         for (const QString &cell : row.cells)
             m_rows.last().cells.append(plainCell(cell));
-        m_rows.last().cells.resize(width);
+        m_rows.last().cells.resize(columns());
     }
     judge();
-}
-
-QString PastedTable::doubtOf(const QString &field, const QStringList &header) const
-{
-    QStringList names;
-    for (qsizetype column = 0; column < header.size(); ++column) {
-        const QString name = header[column].simplified();
-        const bool isTaken = column == columnOf(field);
-        if (isTaken || (m_columns.places[column] < 0 && MayMean(name, field)))
-            names.insert(isTaken ? 0 : names.size(), u"«%1. %2»"_s.arg(column + 1).arg(name));
-    }
-    return names.size() < 2
-               ? QString()
-               : u"%1 può essere %2: è stata presa la prima di queste colonne. Se è "
-                 "un'altra, indicarla qui sopra."_s.arg(caption(field), names.join(u" o "_s));
 }
 
 void PastedTable::setText(const QString &text)
@@ -110,18 +83,12 @@ void PastedTable::addRow()
     judge();
 }
 
-QString PastedTable::caption(const QString &field)
-{
-    static const QMap<QString, QString> captions{{u"Voce"_s, u"Codice"_s},
-                                                 {u"Descri"_s, u"Descrizione"_s}};
-    return captions.value(field, field);
-}
-
 QString PastedTable::columnName(qsizetype column) const
 {
     const qsizetype place = m_columns.places[column];
     const QString number = QString::number(column + 1) + u'.';
-    return place < 0 ? number : number + u' ' + caption(m_table.definition.fields()[place].name);
+    return place < 0 ? number
+                     : number + u' ' + FieldCaption(m_table.definition.fields()[place].name);
 }
 
 QString PastedTable::columnSample(qsizetype column) const
@@ -136,8 +103,7 @@ QString PastedTable::columnSample(qsizetype column) const
 
 qsizetype PastedTable::columnOf(const QString &field) const
 {
-    const qsizetype place = m_table.place(field);
-    return place < 0 ? -1 : m_columns.places.indexOf(place);
+    return m_columns.columnOf(field, m_table);
 }
 
 void PastedTable::setColumn(const QString &field, qsizetype column)
@@ -187,7 +153,7 @@ QString PastedTable::setAsideReason(qsizetype row) const
     if (filled == 0)
         return u"riga vuota"_s;
     if (columnOf(key) < 0 || cells[columnOf(key)].isEmpty())
-        return u"senza %1: titolo o totale"_s.arg(caption(key));
+        return u"senza %1: titolo o totale"_s.arg(FieldCaption(key));
     if (filled == 1 && m_table.neededFields.size() > 1)
         return u"una cella sola: titolo, o testo che non è diviso in celle"_s;
     return {};
@@ -234,7 +200,7 @@ void PastedTable::judge()
     m_taken = TypedRowsOf(rows, columns, m_table, m_table.definition, notation, faults);
     m_taken.source = u"Celle incollate"_s;
     for (const CellFault &fault : std::as_const(faults))
-        addFault(fault.line, caption(fault.field) + u": "_s + fault.problem);
+        addFault(fault.line, FieldCaption(fault.field) + u": "_s + fault.problem);
     for (qsizetype row = 0; row < m_taken.rows.size(); ++row)
         requireFields(m_taken.lines[row], m_taken.rows[row]);
     dropFaulty();
@@ -268,10 +234,10 @@ void PastedTable::requireFields(int line, const TableRow &row)
     for (const QString &field : m_table.neededFields) {
         const NewValue &value = row[m_table.place(field)];
         if (isSheetError(TextOf(value)))
-            addFault(line, u"%1: «%2» è un errore del foglio elettronico."_s.arg(caption(field),
-                                                                                 TextOf(value)));
+            addFault(line, u"%1: «%2» è un errore del foglio elettronico."_s.arg(
+                               FieldCaption(field), TextOf(value)));
         if (value == NewValue())
-            addFault(line, u"manca %1."_s.arg(caption(field)));
+            addFault(line, u"manca %1."_s.arg(FieldCaption(field)));
     }
 }
 
@@ -295,7 +261,7 @@ QString PastedTable::remark() const
     QStringList remarks = m_warnings + m_faultsOfAll;
     for (const QString &field : m_table.neededFields)
         remarks.append(columnOf(field) < 0
-                           ? u"Manca la colonna %1: indicarla qui sopra."_s.arg(caption(field))
+                           ? u"Manca la colonna %1: indicarla qui sopra."_s.arg(FieldCaption(field))
                            : m_doubts.value(field));
     const auto letters = [this](const QString &field) {
         qsizetype sum = 0;

@@ -60,8 +60,6 @@ public:
     const ExchangedTable &table() const { return m_table; }
     const QList<PastedRow> &rows() const { return m_rows; }
     qsizetype columns() const { return m_columns.places.size(); }
-    /** What a field is called on the screen: "Codice" for `Voce`. */
-    static QString caption(const QString &field);
     /** The number of a column, from 1, with the caption of its field: "2. Descrizione". */
     QString columnName(qsizetype column) const;
     /** What the header says of a column, or else its first cell. */
@@ -95,8 +93,6 @@ private:
     void readInItalian();
     /** Gives the column that had the amounts its cells back, but for those corrected since. */
     void restoreAmounts(qsizetype column);
-    /** The columns that a field may be by the names in the header, if there are several. */
-    QString doubtOf(const QString &field, const QStringList &header) const;
     QString setAsideReason(qsizetype row) const;
     void addFault(int line, const QString &reason);
 

@@ -5,6 +5,7 @@
 #include "controls/message_box.h"
 #include "controls/screen_reader.h"
 #include "exchange/csv_table.h"
+#include "exchange/pasted_columns.h"
 #include "office/form_parts.h"
 #include "office/task.h"
 
@@ -88,10 +89,9 @@ QLayout *PasteTable::makeColumnBoxes()
     for (const QString &field : m_pasted.table().fieldNames()) {
         auto *box = new ChoiceBox;
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        const QString caption =
-            field == "Importo"_L1 ? u"I&mporto"_s : u'&' + PastedTable::caption(field);
+        const QString caption = field == "Importo"_L1 ? u"I&mporto"_s : u'&' + FieldCaption(field);
         row->addWidget(MakeField(caption, Qt::Horizontal, box, u"Colonna_"_s + field,
-                                 u"Quale colonna delle celle è "_s + PastedTable::caption(field)),
+                                 u"Quale colonna delle celle è "_s + FieldCaption(field)),
                        1);
         m_columnBoxes[field] = box;
         connect(box, &QComboBox::activated, this, [this, field](int choice) {
