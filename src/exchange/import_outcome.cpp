@@ -1,6 +1,5 @@
 #include "exchange/import_outcome.h"
 
-#include "common/characters.h"
 #include "common/message_lines.h"
 #include "exchange/command_options.h"
 
@@ -26,8 +25,7 @@ QStringList LinesOf(const Findings &findings)
 {
     QStringList lines;
     for (const Finding &finding : findings)
-        lines.append(WithUnseenMarked(
-            finding.problem.isEmpty() ? finding.place : finding.place + u": "_s + finding.problem));
+        lines.append(LineOf(finding));
     return lines;
 }
 

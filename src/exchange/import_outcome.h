@@ -28,7 +28,7 @@ struct ImportOutcome
  *  all, how many more there are. */
 QStringList FirstLinesOf(const Findings &findings);
 
-/** "Place: problem" of each finding. */
+/** LineOf() each finding. */
 QStringList LinesOf(const Findings &findings);
 
 /** A finding that is one line, complete in itself. */

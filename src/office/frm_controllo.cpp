@@ -56,7 +56,7 @@ void FrmControllo::check()
     QStringList lines;
     const auto verify = [&] {
         for (const Finding &finding : VerifyProject(m_folder))
-            lines.append(u"%1: %2\n%3"_s.arg(finding.place, finding.problem, finding.remedy));
+            lines.append(LineOf(finding) + u'\n' + finding.remedy);
     };
     if (!AttemptLong(*this, windowTitle(), verify))
         return m_findings->addItem(

@@ -22,13 +22,13 @@ constexpr std::array<std::pair<FindingGroup, QStringView>, 8> Groups{{
     {FindingGroup::Contract, u"Appaltatore"},
 }};
 
-QString lines(const Finding &finding)
-{
-    return u"  - "_s + WithUnseenMarked(finding.place + u": "_s + finding.problem) +
-           u"\n    Che fare: "_s + finding.remedy + u'\n';
-}
-
 } // namespace
+
+QString LineOf(const Finding &finding)
+{
+    return WithUnseenMarked(finding.problem.isEmpty() ? finding.place
+                                                      : finding.place + u": "_s + finding.problem);
+}
 
 QString FindingsReport(const Findings &findings)
 {
@@ -37,7 +37,8 @@ QString FindingsReport(const Findings &findings)
         QString body;
         for (const Finding &finding : findings) {
             if (finding.group == group)
-                body += lines(finding);
+                body +=
+                    u"  - "_s + LineOf(finding) + u"\n    Che fare: "_s + finding.remedy + u'\n';
         }
         if (!body.isEmpty())
             report += title.toString() + u'\n' + body + u'\n';

@@ -90,8 +90,9 @@ void Verification::read(const Database &database, ArchiveFile file)
 
 void Verification::tryWriting(const Database &database, ArchiveFile file)
 {
-    const bool isWritten = file == ArchiveFile::Ledger || file == ArchiveFile::Contract;
-    if (isWritten && !QFileInfo(database.path()).isWritable())
+    if (file != ArchiveFile::Ledger && file != ArchiveFile::Contract)
+        return; // the program only reads the others
+    if (!QFileInfo(database.path()).isWritable())
         return m_ofFiles.append(
             fileFault(database.path(), DatabaseError(DatabaseFault::ReadOnly, database.path())));
     try {

@@ -36,11 +36,11 @@ private:
 
 /**
  * Reads the databases of the project in @p folder (of the machine) without changing anything and
- * applies every check. What the next save writes is tried on a copy in memory of each database that
- * was read without a finding. Missing or damaged files, tables and fields are findings too. The
- * code map is that of the same archive unless @p codes names another file. Shows its Progress.
- * Throws as Verification::read(), and FileError when the write-ahead log of another database lies
- * beside one.
+ * applies every check. What the next save writes is tried on a copy in memory of the ledger and the
+ * contract if they were read without a finding. Missing or damaged files, tables and fields are
+ * findings too. The code map is that of the same archive unless @p codes names another file. Shows
+ * its Progress. Throws as Verification::read(), and FileError when the write-ahead log of another
+ * database lies beside one.
  */
 Findings VerifyProject(const QString &folder, const QString &codes = {});
 
