@@ -6,6 +6,7 @@
 #include "office/form_parts.h"
 #include "office/frm_appalti.h"
 #include "office/frm_controllo.h"
+#include "store/project_open_mark.h"
 
 #include <QFileDialog>
 #include <QProgressDialog>
@@ -121,7 +122,12 @@ private slots:
         const auto *findings = Find<QListWidget>(*check, u"Difetti"_s);
         QCOMPARE(findings->count(), 1);
         QVERIFY(findings->item(0)->text().startsWith(u"Pagamento 2"_s));
-        Play(check, u"to Data, type 01022020, click Imposta"_s);
+        {
+            const ProjectOpenMark saldoro(office.folder(u"00112"_s));
+            Play(check, u"to Data, type 01022020, click Imposta"_s);
+            QVERIFY(office.messages.takeLast().contains(u"L'appalto è aperto in Saldoro."_s));
+        }
+        Play(check, u"click Imposta"_s);
         QCOMPARE(findings->item(0)->text(), u"Nessun difetto."_s);
         QVERIFY(office.messages.last().contains(u"Saldoro copia"_s));
         QCOMPARE(office.rows(u"00112"_s, u"Saldoro.mdb"_s, u"SELECT Npag, Del FROM Fatture"_s),

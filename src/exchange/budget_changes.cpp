@@ -34,8 +34,10 @@ QList<BudgetChange> BudgetChanges(const TableRows &before, const TableRows &afte
     const qsizetype descriptionColumn = budget.place(u"Descri"_s);
     const qsizetype amountColumn = budget.place(u"Importo"_s);
     std::set<QString, TextOrder> paid;
+    const qsizetype paidColumn = TableNamed(u"Spese"_s)->place(u"Cod"_s);
     for (const TableRow &row : allocations)
-        paid.insert(TextOf(row[TableNamed(u"Spese"_s)->place(u"Cod"_s)]));
+        paid.insert(TextOf(row[paidColumn]));
+    paid.erase(QString()); // of allocations without a code
     std::map<QString, const TableRow *, TextOrder> old;
     for (const TableRow &row : before)
         old.emplace(TextOf(row[codeColumn]), &row);

@@ -5,9 +5,11 @@
 #include "exchange/archive_tables.h"
 #include "exchange/cell_values.h"
 #include "store/payment_numbers.h"
+#include "store/project_open_mark.h"
 #include "store/table_definitions.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 namespace saldoro {
 
@@ -62,6 +64,7 @@ void setValue(RecordSet &payments, const QString &field, const QString &text)
 
 QString SetPaymentValues(const QString &ledger, const QStringList &words)
 {
+    RequireClosed(QFileInfo(ledger).path()); // a form would write what it has loaded
     const Database database = Database::open(ledger);
     Transaction transaction(database); // from here on nobody else changes what the copy holds
     QString copy = database.backUpBeside();

@@ -12,9 +12,9 @@ namespace saldoro {
  * writes it. Puts a copy of the ledger beside it first and gives the copy's path.
  *
  * Throws SaldoroError, with nothing changed, for words that can't be read, or not for sure as in
- * SureValueOfCell(), when no payment or more than one has the number, when the field holds a value
- * and when the table has triggers; also DatabaseError, FileError. The number of words is a multiple
- * of three, and none is empty.
+ * SureValueOfCell(), when no payment or more than one has the number, when the field holds a value,
+ * when the table has triggers and while the project is open; also DatabaseError, FileError. The
+ * number of words is a multiple of three, and none is empty.
  */
 QString SetPaymentValues(const QString &ledger, const QStringList &words);
 

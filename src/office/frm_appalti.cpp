@@ -245,16 +245,18 @@ void FrmAppalti::checkContract()
 
 void FrmAppalti::copyContract()
 {
+    const QString contract = currentFolder(); // which the list may lose while the dialog is open
     const QString folder = askFolder(this, u"Dove mettere la copia"_s);
     QString copy;
-    if (!folder.isEmpty() && AttemptLong(*this, u"Copia dell'appalto"_s,
-                                         [&] { copy = CopyProject(currentFolder(), folder); }))
+    if (!folder.isEmpty() &&
+        AttemptLong(*this, u"Copia dell'appalto"_s, [&] { copy = CopyProject(contract, folder); }))
         ShowMessage(MessageKind::Information,
                     u"La copia degli archivi sta in:\n"_s + NativePaths({copy}));
 }
 
 void FrmAppalti::exportContract()
 {
+    const QString contract = currentFolder();
     const QString folder = askFolder(this, u"Dove scrivere i file CSV"_s);
     if (folder.isEmpty())
         return;
@@ -263,7 +265,7 @@ void FrmAppalti::exportContract()
         return;
     QString summary;
     if (AttemptLong(*this, u"Esportazione in CSV"_s,
-                    [&] { summary = ExportProject(currentFolder(), folder, overwrite); }))
+                    [&] { summary = ExportProject(contract, folder, overwrite); }))
         ShowMessage(MessageKind::Information,
                     u"Tabelle scritte in %1:\n\n%2"_s.arg(NativePaths({folder}), summary));
 }

@@ -71,7 +71,7 @@ QWidget *FrmCreditori::makePage(PastedTable &pasted, const QString &name, const 
     auto *page = new QWidget;
     auto *column = new QVBoxLayout(page);
     auto *list = new QListWidget;
-    list->addItems(known);
+    ShowLines(*list, known);
     column->addWidget(MakeField(u"&Già in archivio"_s, Qt::Vertical, list, name + u"_note"_s,
                                 u"Ciò che c'è già resta com'è"_s),
                       1);
@@ -133,7 +133,8 @@ void FrmCreditori::write()
 
 void FrmCreditori::closeEvent(QCloseEvent *event)
 {
-    event->setAccepted(m_isWritten || !hasChanges() ||
+    const bool isEmpty = m_companies.rows().isEmpty() && m_professionals.rows().isEmpty();
+    event->setAccepted(m_isWritten || (isEmpty && !hasChanges()) ||
                        ChiediConferma(u"Le righe nuove vanno perse. Chiudere?"_s));
 }
 
