@@ -45,10 +45,8 @@ QString AllocationTotal(const TextTable &grid)
 void DeleteCurrentRow(TextTable &grid, const ProgramValues &values, qint32 paymentNumber)
 {
     {
-        const Database ledger = Database::open(LedgerPath(values));
-        RecordSet allocations = OpenAllocations(ledger, paymentNumber);
-        if (FindAllocation(allocations, grid.text(grid.row(), AllocationColumn::Cod)))
-            allocations.deleteRecord();
+        RecordSet allocations = OpenAllocations(Database::open(LedgerPath(values)), paymentNumber);
+        DeleteAllocation(allocations, grid.text(grid.row(), AllocationColumn::Cod));
     }
     const TextTable::BulkChange change(grid);
     for (int row = grid.row() + 1; row < grid.rows(); ++row) {

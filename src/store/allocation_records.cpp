@@ -10,13 +10,10 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-RecordSet OpenAllocations(const Database &ledger, qint32 paymentNumber)
-{
-    return ledger.openRecordSet(u"SELECT * FROM Spese WHERE "_s +
-                                AllocationsCriterion(paymentNumber));
-}
+namespace {
 
-bool FindAllocation(RecordSet &allocations, const QString &code)
+/** Makes the allocation of that cost item the current record; true when there is one. */
+bool find(RecordSet &allocations, const QString &code)
 {
     if (allocations.isEmpty())
         return false;
@@ -30,10 +27,18 @@ bool FindAllocation(RecordSet &allocations, const QString &code)
     return !allocations.noMatch();
 }
 
+} // namespace
+
+RecordSet OpenAllocations(const Database &ledger, qint32 paymentNumber)
+{
+    return ledger.openRecordSet(u"SELECT * FROM Spese WHERE "_s +
+                                AllocationsCriterion(paymentNumber));
+}
+
 void SaveAllocation(RecordSet &allocations, qint32 paymentNumber, const QString &code,
                     const QString &description, Currency amount)
 {
-    if (FindAllocation(allocations, code)) {
+    if (find(allocations, code)) {
         allocations.edit();
     } else {
         allocations.addNew();
@@ -44,6 +49,12 @@ void SaveAllocation(RecordSet &allocations, qint32 paymentNumber, const QString 
     }
     allocations.set(u"Importo"_s, amount);
     allocations.update();
+}
+
+void DeleteAllocation(RecordSet &allocations, const QString &code)
+{
+    if (find(allocations, code))
+        allocations.deleteRecord();
 }
 
 } // namespace saldoro
