@@ -56,7 +56,7 @@ void CheckRepeated(const CheckedProject &project, Findings &findings)
     }
 }
 
-void CheckInvoices(const CheckedProject &project, Findings &findings)
+void CheckAllocatedTotals(const CheckedProject &project, Findings &findings)
 {
     if (project.table(u"Fatture"_s) == nullptr)
         return;

@@ -14,7 +14,7 @@ namespace saldoro {
 void CheckRepeated(const CheckedProject &project, Findings &findings);
 
 /** Allocations of no payment, and payments whose allocations do not add up to their invoice. */
-void CheckInvoices(const CheckedProject &project, Findings &findings);
+void CheckAllocatedTotals(const CheckedProject &project, Findings &findings);
 
 /** Allocations to an unknown cost item, to one in other letter case, and without a readable
  *  amount. */

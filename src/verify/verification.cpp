@@ -111,7 +111,7 @@ Findings Verification::findings() const
     Findings findings = m_ofFiles;
     const CheckedProject project(m_tables);
     for (const auto &check : {CheckValues, CheckCodes, CheckContractor, CheckRepeated, CheckBudget,
-                              CheckItems, CheckPayments, CheckNumbering, CheckInvoices}) {
+                              CheckItems, CheckPayments, CheckNumbering, CheckAllocatedTotals}) {
         const Progress step(u"Controllo"_s);
         check(project, findings);
     }
