@@ -6,19 +6,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** How many lines end in @p text: LF, CR LF and CR. */
-int lineEnds(QStringView text)
-{
-    int ends = 0;
-    char16_t before = 0;
-    for (const QChar character : text) {
-        const char16_t unit = character.unicode();
-        ends += unit == u'\r' || (unit == u'\n' && before != u'\r') ? 1 : 0;
-        before = unit;
-    }
-    return ends;
-}
-
 /** Reads one text; throws CellFault. */
 class Reader
 {
@@ -94,7 +81,7 @@ private:
                 cell = part.toString(); // most cells are one part
             else
                 cell += part;
-            m_line += lineEnds(part);
+            m_line += LineEnds(part);
             m_at = end + 1;
             if (isAt(u'"')) // it seemed to end the cell, and is the first of two
                 cell += u'"';
@@ -113,6 +100,18 @@ private:
 };
 
 } // namespace
+
+int LineEnds(QStringView text)
+{
+    int ends = 0;
+    char16_t before = 0;
+    for (const QChar character : text) {
+        const char16_t unit = character.unicode();
+        ends += unit == u'\r' || (unit == u'\n' && before != u'\r') ? 1 : 0;
+        before = unit;
+    }
+    return ends;
+}
 
 TextRows RowsOfText(QStringView text, QChar separator, qsizetype most)
 {

@@ -31,6 +31,9 @@ struct TextRows
     std::optional<CellFault> fault;
 };
 
+/** How many lines end in @p text: with LF, CR LF or CR. */
+int LineEnds(QStringView text);
+
 /**
  * Parts a text into rows of cells. A cell that holds the separator, a quote or the end of a line
  * stands in quotes, quotes within are doubled, lines end with LF, CR LF or CR. Blanks count as any

@@ -33,11 +33,28 @@ QString otherKind(const QByteArray &bytes)
         return u"è scritto in UTF-16 (in alcuni programmi si chiama Unicode): salvarlo in UTF-8."_s;
     if (const qsizetype at = bytes.indexOf('\0'); at >= 0)
         return u"alla riga %1 c'è un carattere nullo (NUL), che nessun testo contiene: il file è "
-               "rovinato o non è un CSV."_s.arg(bytes.first(at).count('\n') + 1);
+               "rovinato o non è un CSV."_s.arg(LineEnds(QString::fromLatin1(bytes.first(at))) + 1);
     if (bytes.sliced(bytes.startsWith(Utf8Mark) ? Utf8Mark.size() : 0).startsWith("#TYPE"))
         return u"comincia con una riga «#TYPE» di un altro programma: toglierla, o esportare senza "
                "il tipo."_s;
     return {};
+}
+
+/** The text of bytes that are not all in UTF-8, line by line, and its first line that is not. */
+std::pair<QString, int> mixedText(QByteArrayView bytes)
+{
+    const auto isLineEnd = [](char byte) { return byte == '\n' || byte == '\r'; };
+    std::pair<QString, int> result;
+    auto &[text, oddLine] = result;
+    while (!bytes.isEmpty()) {
+        const qsizetype end = std::ranges::find_if(bytes, isLineEnd) - bytes.begin();
+        const QByteArrayView line = bytes.first(std::min(end + 1, bytes.size()));
+        if (oddLine == 0 && !line.isValidUtf8())
+            oddLine = LineEnds(text) + 1;
+        text += TextOfStoredBytes(line);
+        bytes = bytes.sliced(line.size());
+    }
+    return result;
 }
 
 /** The text of a file. Lines that are not in UTF-8 are taken for the Western code page, which is a
@@ -53,13 +70,7 @@ QString textOf(const QString &path, QStringList &warnings, QList<CellFault> &fau
     const QByteArray bytes = file.sliced(isMarked ? Utf8Mark.size() : 0);
     if (bytes.isValidUtf8())
         return TextOfUtf8(bytes);
-    QStringList lines;
-    int oddLine = 0;
-    for (const QByteArray &line : bytes.split('\n')) {
-        lines.append(TextOfStoredBytes(line));
-        if (oddLine == 0 && !line.isValidUtf8())
-            oddLine = static_cast<int>(lines.size());
-    }
+    const auto [text, oddLine] = mixedText(bytes);
     if (isMarked)
         faults.append({oddLine,
                        {},
@@ -70,7 +81,7 @@ QString textOf(const QString &path, QStringList &warnings, QList<CellFault> &fau
             u"%1, riga %2: non è in UTF-8, ed è stata letta in Windows-1252: guardare le "
             "lettere accentate."_s.arg(QFileInfo(path).fileName())
                 .arg(oddLine));
-    return lines.join(u'\n');
+    return text;
 }
 
 /** The separator of a text, and the columns that its header names. It is the one with which the
