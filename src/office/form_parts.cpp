@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QBoxLayout>
+#include <QDir>
 #include <QLabel>
 #include <QListWidget>
 #include <QShortcut>
@@ -72,6 +73,11 @@ void ShowLines(QListWidget &list, const QStringList &lines)
     list.clear();
     list.addItems(FirstLines(lines, u"Ce ne sono altri %1, che qui non si leggono."_s, most));
     list.setCurrentRow(0);
+}
+
+QString NativePaths(const QStringList &paths)
+{
+    return QDir::toNativeSeparators(paths.join(u'\n'));
 }
 
 void SetUpModal(QWidget &form, const QString &name, const QString &title, QSize size)

@@ -43,6 +43,9 @@ QLayout *MakeLastRow(QPushButton *write, QWidget &form);
  *  out many more takes seconds in which nothing moves. The first becomes current. */
 void ShowLines(QListWidget &list, const QStringList &lines);
 
+/** Paths as the system writes them, a line each. */
+QString NativePaths(const QStringList &paths);
+
 /** Makes a form with all its fields one that is modal to its parent, is closed by Esc and deletes
  *  itself when it is closed; to be called before it is shown. @p size in twips. */
 void SetUpModal(QWidget &form, const QString &name, const QString &title, QSize size);

@@ -4,7 +4,6 @@
 #include "platform/progress.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QElapsedTimer>
 #include <QProgressDialog>
 #include <QScopeGuard>
@@ -56,11 +55,6 @@ bool AttemptLong(QWidget &parent, const QString &title, const std::function<void
     });
     const auto end = qScopeGuard([] { Progress::setWatcher({}); });
     return Attempt(action);
-}
-
-QString NativePaths(const QStringList &paths)
-{
-    return QDir::toNativeSeparators(paths.join(u'\n'));
 }
 
 } // namespace saldoro

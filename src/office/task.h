@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 #include <functional>
 
@@ -16,8 +15,5 @@ bool Attempt(const std::function<void()> &action);
 /** As Attempt(), with a window over @p parent that shows the Progress of the action and lets the
  *  user cancel it, once it takes more than a moment; false, too, when it is cancelled. */
 bool AttemptLong(QWidget &parent, const QString &title, const std::function<void()> &action);
-
-/** Paths as the system writes them, a line each. */
-QString NativePaths(const QStringList &paths);
 
 } // namespace saldoro
