@@ -9,7 +9,8 @@
 
 namespace saldoro {
 
-/** What a project loses with the rows that an import drops. */
+/** What a project loses with the rows that an import drops. Values in fields that are unknown or
+ *  not given are none of it: ChangeOf() finds these. */
 struct ImportLosses
 {
     Findings errors;            ///< items that the program itself has written

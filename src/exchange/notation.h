@@ -17,9 +17,9 @@ enum class Notation
     International ///< 1,234.56 and 2024-12-31
 };
 
-/** The notation that the amounts and days in the rows behind the header are written in throughout:
- *  no value where some cells are of one and some of the other, or none tells. Cells that are no
- *  values do not count. */
+/** The notation in which all amounts and days in the rows behind the header are written: no value
+ *  where some cells are in one and some in the other, or none tells. Cells that are no values
+ *  do not count. What one cell is worth: exchange/cell_values. */
 std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColumns &columns,
                                      const ExchangedTable &table);
 

@@ -10,6 +10,9 @@ namespace saldoro {
  * of that number and kind is changed, else added; an allocation of the same code gets the new
  * amount and keeps its description, else one is added; none is deleted here.
  *
+ * An empty creditor, day, cost item's code or cost item's description is stored as TextOrNull(),
+ * the empty mask of a day, too; other empty texts stay empty texts.
+ *
  * The stored description of a cost item is cut to its column, that of the mandate note to 60
  * characters. Any other text longer than its column throws FieldTooSmall before its own row is
  * written. Errors pass, with the detail "Pagamento"; rows written before stay.

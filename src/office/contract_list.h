@@ -14,7 +14,7 @@ namespace saldoro {
  * Fills a table with the contracts of an archive, a row each. The codes are there at once, the
  * figures follow while the event loop runs; if the codes are those of an earlier reading, its
  * figures stand until then. A contract that is locked lets the others go first and is tried again
- * until a moment has passed since the reading began.
+ * until a moment has passed since the reading began. Which folders are contracts: ContractCodes().
  */
 class ContractList : public QObject
 {
