@@ -46,9 +46,10 @@ KnownCreditors ReadCreditors(const ProgramValues &values);
  * Adds companies and professionals (rows of their lists) to the project, and makes @p contractor, a
  * company's name, the contractor, which is added when it is no company yet; empty leaves it as it
  * is. A company that is in the register already takes part from now on, and stays what it is there.
- * Members that are no companies yet become such, but take no part by themselves. There are no
- * CompanyFaults() and no RepeatedNames(). New companies get the numbers after the highest one, and
- * so do their places in the procedure. Professionals get the first free items I01, I02...
+ * Members that are no companies yet become such, but take no part by themselves. The caller has
+ * made sure that CompanyFaults() of the companies and RepeatedNames() of the professionals find
+ * nothing. New companies get the numbers after the highest one, and so do their places in the
+ * procedure. Professionals get the first free items I01, I02...
  *
  * All or nothing, in one transaction over both databases; copies are made beside both first.
  * Returns the copies' paths. Throws DatabaseError, FieldTooSmall when there is no higher number,

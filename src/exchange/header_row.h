@@ -45,8 +45,9 @@ CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table)
 inline constexpr qsizetype MostHeaderRows = 20; ///< that are looked at
 
 /** As FindColumns(), for a header that was not written for this program. Where another column is
- *  headed for the code, "Voce" means the description. A row that names a single field may be one of
- *  values: it is a header only if that is all that is needed and the name is exact. */
+ *  headed for the code, "Voce" means the description; `missing`, `unknown` and `guesses` leave
+ *  this out of account. A row that names a single needed field may be one of values: it counts as
+ *  a header only when the table needs one field and the name is exact. */
 CellColumns GuessColumns(const QList<CellRow> &rows, const ExchangedTable &table);
 
 } // namespace saldoro

@@ -25,10 +25,11 @@ struct ImportOptions
  *
  * Everything happens in one transaction over all databases. Before it ends the project is checked
  * as it will be, and a copy is put beside each database that changes. A new project's folder gets
- * its name when it is complete. A refused import leaves no files; if that renaming fails, the
- * folders above the new one stay. What an import that died has made aside stays, see AsideName().
+ * its name when it is complete. A refused import leaves no files. If that renaming fails, the
+ * folders above the project's stay, and a code map that was there before keeps what was written
+ * into it, with its copy. What an import that died has made aside stays, see AsideName().
  * Throws SaldoroError, also for a new folder whose name can't be a contract's code, and what the
- * watcher of Progress throws; nothing is written then.
+ * watcher of Progress throws; nothing else is written then.
  */
 ImportOutcome ImportTables(const QString &projectFolder, const QList<GivenTable> &tables,
                            const ImportOptions &options);

@@ -12,8 +12,8 @@ namespace saldoro {
 QStringList ProfessionalCreditors(const ProgramValues &values);
 
 /** Companies of the procedure whose name starts with @p prefix (which may hold wildcards), by
- *  name; one that takes part twice, twice. An empty prefix gives all. Companies without a name are
- *  left out. */
+ *  name; one that takes part twice, twice. An empty prefix gives all. Companies whose name is null
+ *  are left out; a name that is an empty text gives an empty line. */
 QStringList ParticipatingCompanies(const ProgramValues &values, const QString &prefix);
 
 } // namespace saldoro
