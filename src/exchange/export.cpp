@@ -25,8 +25,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Appends a value's cell, a NUL for one that can't be told. Texts stand in quotes, which codes
- *  made of digits need and the empty text. */
+/** Appends a value's cell, a NUL for one that a cell can't express. Texts stand in quotes, which
+ *  codes made of digits need and the empty text. */
 void appendCell(QString &line, const NewValue &value)
 {
     if (const auto *text = std::get_if<QString>(&value))
@@ -39,7 +39,8 @@ void appendCell(QString &line, const NewValue &value)
         line += day->isValid() ? FormatData(*day) : QString(QChar(0));
 }
 
-/** Why a file can't tell a row: empty when it can. A row without a value is none of a file. */
+/** Why a CSV file can't express a row; empty when it can. A row without any value can't be one of a
+ *  file. */
 QString untold(const ExchangedTable &table, const TableRow &row)
 {
     if (row.count(NewValue()) == row.size())
@@ -56,7 +57,7 @@ QString untold(const ExchangedTable &table, const TableRow &row)
 struct TableFile
 {
     QByteArray content;
-    QStringList untolds; ///< rows that it can't tell
+    QStringList untolds; ///< rows that it can't express
     QString summary;
 };
 

@@ -11,10 +11,10 @@ namespace saldoro {
  * the machine; that of the files is made when it is not there.
  *
  * Throws SaldoroError, with no file changed, for a file that is there already (unless @p
- * overwrite), for a stored value that CSV can't tell, and for a file that can't be written whole or
- * is known not to be replaceable; also what the watcher of Progress throws. If a renaming fails or
- * the process dies, every file is the old or the new one, never half of one. A mark then stays in
- * the folder; the error names the new ones.
+ * overwrite), for a stored value that a CSV cell can't express, and for a file that can't be
+ * written whole or is known not to be replaceable; also what the watcher of Progress throws. If a
+ * renaming fails or the process dies, every file is the old or the new one, never half of one. A
+ * mark then stays in the folder; the error names the new ones.
  */
 QString ExportProject(const QString &projectFolder, const QString &csvFolder,
                       bool overwrite = false);

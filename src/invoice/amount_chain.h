@@ -9,7 +9,7 @@
 
 namespace saldoro {
 
-/** The amounts of an invoice. A company has Importo to TotaleFattura, but no AltriImporti. */
+/** The amounts of an invoice. A company has Importo, AliquotaIva, ImportoIva, TotaleFattura. */
 enum class Amount
 {
     Prestazione,

@@ -150,7 +150,8 @@ void FrmAppalti::load()
         m_contracts->read(root());
         showState(0, m_grid->table().rows() - 1);
     } catch (const FileError &error) {
-        m_place->setText(QString(error.message()).simplified()); // a box would make it active again
+        // Closing a message box would activate the window, which would load it again.
+        m_place->setText(QString(error.message()).simplified());
     }
 }
 

@@ -11,10 +11,10 @@
 namespace saldoro {
 
 /**
- * A table that cells are pasted into from a spreadsheet (Ctrl+V), or a CSV file dropped on. Above
- * it stands which column is which field, below it what will be taken. The first column says what
- * becomes of each row. Cells are corrected in their place, rows left out by Canc. The focus that it
- * is given goes to the cells.
+ * A table into which cells are pasted from a spreadsheet (Ctrl+V) or a CSV file is dropped. Boxes
+ * above it choose the column of each field. A line below counts the rows to be taken and says what
+ * calls for attention. The first column says what becomes of each row. The user corrects a cell in
+ * its place and leaves rows out by Canc. The focus that the widget is given goes to the cells.
  */
 class PasteTable : public QWidget
 {

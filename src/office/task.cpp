@@ -43,7 +43,8 @@ bool AttemptLong(QWidget &parent, const QString &title, const std::function<void
     dialog.setObjectName(u"Avanzamento"_s);
     dialog.setWindowTitle(title);
     dialog.setWindowModality(Qt::WindowModal);
-    dialog.setMinimumDuration(std::numeric_limits<int>::max()); // it shows itself at its end, too
+    // The dialog would also show itself once this time has passed.
+    dialog.setMinimumDuration(std::numeric_limits<int>::max());
     Progress::setWatcher([&](const QString &state) {
         if (time.elapsed() < moment)
             return;

@@ -11,9 +11,9 @@ namespace saldoro {
 
 /**
  * A file that is written whole or not at all. The constructor writes it aside, in the same folder;
- * replace() then puts it in the place of an earlier file of that name. Until then the
- * earlier file is as it was. An object that is destroyed without having replaced
- * anything leaves nothing behind. To replace several files together, construct all of them first.
+ * replace() then puts it in the place of an earlier file of that name. Until then the earlier file
+ * is as it was. An object that is destroyed without having replaced anything leaves nothing behind.
+ * To replace several files together, construct all of them first.
  *
  * Failures are FileErrors with the path and the most likely cause.
  */

@@ -18,8 +18,8 @@ namespace saldoro {
 Database CreateLedgerDatabase(const QString &projectFolder);
 
 /** Creates a database with all its tables, which are empty. A journal that lies there is the
- *  caller's to look for. Throws FileExists, FileMissing (no such
- *  folder), ReadOnly, DiskFull; a failure in between leaves the file without tables. */
+ *  caller's to look for. Throws FileExists, FileMissing (no such folder), ReadOnly, DiskFull; a
+ *  failure in between leaves the file without tables. */
 Database CreateArchiveFile(const QString &path, ArchiveFile file);
 
 } // namespace saldoro
