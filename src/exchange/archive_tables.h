@@ -35,7 +35,8 @@ const std::vector<ExchangedTable> &ExchangedTables();
 /** The one of that name, in any letter case; null for none. */
 const ExchangedTable *TableNamed(const QString &name);
 
-/** The fields that a database has in the table and no file does; none where it lacks the table. */
+/** The fields that a database has in the table beside those of @p table; none when it lacks the
+ *  table. */
 QStringList UnknownFields(const Database &database, const ExchangedTable &table);
 
 /** The sum of `Importo` over rows of a table that has it, nulls being 0: "1.234,56", or "fuori

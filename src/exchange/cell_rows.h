@@ -35,13 +35,13 @@ struct TextRows
 int LineEnds(QStringView text);
 
 /**
- * Parts a text into rows of cells. A cell that holds the separator, a quote or the end of a line
- * stands in quotes, quotes within are doubled, lines end with LF, CR LF or CR. Blanks count as any
- * other character.
+ * Parts a text into rows of cells. Lines end with LF, CR LF or CR. A cell that holds the separator,
+ * a quote or the end of a line stands in quotes, and each quote within is doubled. Blanks count as
+ * any other character.
  *
- * With a tab as separator, which is how programs put cells on the clipboard, a quote in any other
- * place is a character like others; with other separators it is a fault, as is the mark of a file's
- * beginning in a cell without quotes.
+ * Programs put cells on the clipboard with tabs between them. With a tab as separator a quote in
+ * any other place is a character like others. With another separator it is a fault, and so is a
+ * byte order mark in a cell without quotes.
  *
  * @param most rows that are read; the rest of the text is not looked at.
  */

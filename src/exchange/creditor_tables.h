@@ -34,9 +34,9 @@ struct KnownCreditors
  *  fault's line is the row's number, from 1. */
 QList<CellFault> RepeatedNames(const TableRows &rows, const QStringList &known);
 
-/** RepeatedNames() of companies, for which those that take part are known; also members that stand
- *  twice in a row or are the association itself, and members of a company that is in the register
- *  already, where it stays what it is. */
+/** RepeatedNames() of companies, the known ones being those that take part. It is also a fault if a
+ *  member stands twice in its row or is the association itself, and if a company that is in the
+ *  register already, where it stays what it is, is given members. */
 QList<CellFault> CompanyFaults(const TableRows &rows, const KnownCreditors &known);
 
 /** Throws DatabaseError. */

@@ -12,9 +12,9 @@ namespace saldoro {
  *
  * Throws SaldoroError, with no file changed, for a file that is there already (unless @p
  * overwrite), for a stored value that a CSV cell can't express, and for a file that can't be
- * written whole or is known not to be replaceable; also what the watcher of Progress throws. If a
+ * written whole or evidently can't be replaced; also what the watcher of Progress throws. If a
  * renaming fails or the process dies, every file is the old or the new one, never half of one. A
- * mark then stays in the folder; the error names the new ones.
+ * mark then stays in the folder, and the error names the files that are new.
  */
 QString ExportProject(const QString &projectFolder, const QString &csvFolder,
                       bool overwrite = false);

@@ -23,7 +23,7 @@ struct CellColumns
     QStringList missing = {};     ///< needed fields without a cell
     QStringList unknown = {};     ///< names that are no field's
     QStringList doubled = {};     ///< names that stand twice; the second fills no field
-    /** Needed fields that a cell of nearly their name fills, with that name. */
+    /** Needed fields that are filled by a cell with a similar name only, each with that name. */
     QList<std::pair<QString, QString>> guesses = {};
 
     /** The cell that fills a field; -1 for none, and for a field of other tables. */

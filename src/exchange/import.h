@@ -12,8 +12,8 @@ namespace saldoro {
 /** How an import goes about a project. */
 struct ImportOptions
 {
-    bool createProject = false; ///< makes the project's folders, and the setting when there is none
-    bool evenSo = false;        ///< writes also what is refused
+    bool createProject = false; ///< makes the project's folders; sets the archives root if unset
+    bool evenSo = false;        ///< writes in spite of refusals
     QStringList replacedTables; ///< tables whose rows the new ones replace
 };
 
@@ -27,7 +27,7 @@ struct ImportOptions
  * as it will be, and a copy is put beside each database that changes. A new project's folder gets
  * its name when it is complete. A refused import leaves no files. If that renaming fails, the
  * folders above the project's stay, and a code map that was there before keeps what was written
- * into it, with its copy. What an import that died has made aside stays, see AsideName().
+ * into it, with its copy. If the process dies, what it has made aside stays, see AsideName().
  * Throws SaldoroError, also for a new folder whose name can't be a contract's code, and what the
  * watcher of Progress throws; nothing else is written then.
  */

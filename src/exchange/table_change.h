@@ -15,10 +15,10 @@ struct TableChange
 {
     TableRows stored = {}; ///< as it is
     TableRows rows = {};   ///< as it will be
-    /** For each row the place of the stored one from which it takes the fields that it does not
-     *  name. */
+    /** For each of @ref rows the place of its partner in @ref stored, from which it takes the
+     *  fields that are not given; no value without a partner. */
     QList<std::optional<qsizetype>> formers = {};
-    bool isNeeded = true; ///< false: the table is so already
+    bool isNeeded = true; ///< false when the table holds these rows already
 };
 
 /**
@@ -33,7 +33,7 @@ TableChange ChangeOf(const Database &database, const GivenTable &given, QStringL
 /** The key of a row, "A|3". */
 QString KeyOf(const ExchangedTable &table, const TableRow &row);
 
-/** The stored rows whose key is that of no row to come. */
+/** The stored rows whose key none of the new rows has. */
 TableRows DroppedRows(const ExchangedTable &table, const TableChange &change);
 
 /** Writes the change; to be called within a transaction. Throws DatabaseError, and what the watcher

@@ -13,8 +13,8 @@ namespace saldoro {
 /**
  * Fills a table with the contracts of an archive, a row each. The codes are there at once, the
  * figures follow while the event loop runs; if the codes are those of an earlier reading, its
- * figures stand until then. A contract that is locked lets the others go first and is tried again
- * until a moment has passed since the reading began. Which folders are contracts: ContractCodes().
+ * figures stand until then. A locked contract is tried again after the others, until a moment has
+ * passed since the reading began. Which folders are contracts: ContractCodes().
  */
 class ContractList : public QObject
 {
@@ -35,7 +35,7 @@ public:
     QString currentNote() const;
 
 signals:
-    /** So many of all contracts have been read. */
+    /** @p done of @p all contracts have been read. */
     void progressed(int done, int all);
 
 private:

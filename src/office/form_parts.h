@@ -23,20 +23,20 @@ protected:
 };
 
 /**
- * Puts a caption before a field, beside or above it, in a widget of their own, which is returned.
- * The field is described, too.
+ * Puts a caption before or above a field and returns the widget that holds both. Describes the
+ * field, too.
  *
  * @param caption with the mnemonic that leads to the field, and without ":"; the accessible name.
  */
 QWidget *MakeField(const QString &caption, Qt::Orientation direction, QWidget *field,
                    const QString &name, const QString &hint);
 
-/** A button that acts as by Attempt(). A cell that is being edited is taken over first; if the
- *  button can't be pressed any more then, it does nothing. */
+/** A button that attempts @p action, see Attempt(). It first takes over a cell that is being
+ *  edited; if the button is disabled or hidden after that, it does nothing more. */
 QPushButton *MakeButton(const QString &name, const QString &caption, const QString &hint,
                         const std::function<void()> &action);
 
-/** The last row of a form that writes: @p write, and a button that closes the form without it. */
+/** The last row of a form that writes: @p write, and a button that only closes the form. */
 QLayout *MakeLastRow(QPushButton *write, QWidget &form);
 
 /** Fills a list with lines, of which it shows a thousand and says how many more there are: to lay
@@ -46,8 +46,8 @@ void ShowLines(QListWidget &list, const QStringList &lines);
 /** Paths as the system writes them, a line each. */
 QString NativePaths(const QStringList &paths);
 
-/** Makes a form with all its fields one that is modal to its parent, is closed by Esc and deletes
- *  itself when it is closed; to be called before it is shown. @p size in twips. */
+/** Makes a form modal to its parent. Esc closes it, and closing deletes it. To be called when the
+ *  form has all its fields, before it is shown. @p size in twips. */
 void SetUpModal(QWidget &form, const QString &name, const QString &title, QSize size);
 
 } // namespace saldoro

@@ -13,7 +13,8 @@ class FlexGrid;
 
 /**
  * The window of an office that works without the suite: its contracts, where they lie, and what can
- * be done to one. It is read again whenever it becomes active. Failures are told and leave it open.
+ * be done to one. It reads them again whenever it becomes active. After a failure, which is shown,
+ * the window stays open.
  */
 class FrmAppalti : public QWidget
 {

@@ -11,8 +11,9 @@
 namespace saldoro {
 
 /**
- * The cost items of a contract, pasted from a spreadsheet: of a new contract, whose code is asked
- * for, or a new variant of the budget of one that is there, beside which stands what changes.
+ * Cost items that are pasted from a spreadsheet. They make a new contract, for whose code the form
+ * asks, or a new variant of the budget of a contract that is there; the form then shows what
+ * changes.
  */
 class FrmVoci : public QWidget
 {

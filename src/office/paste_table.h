@@ -25,9 +25,9 @@ public:
     explicit PasteTable(PastedTable &pasted, QWidget *parent = nullptr);
 
 signals:
-    /** Other rows stand in the place of those that were there; changed() follows. */
+    /** New rows have replaced all earlier ones; changed() follows. */
     void replaced();
-    /** The rows that are taken may be others. */
+    /** The rows that are taken may have changed. */
     void changed();
 
 protected:
@@ -39,7 +39,7 @@ private:
     void setUpView();
     QLayout *makeColumnBoxes();
     void paste();
-    /** Puts rows in the place of those that are there, once the user agrees. */
+    /** Replaces all rows by @p action; if there are any, only once the user agrees. */
     void replaceRows(const std::function<void()> &action);
     void addRow();
     void toggleRows();

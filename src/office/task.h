@@ -12,8 +12,8 @@ namespace saldoro {
  *  is false. */
 bool Attempt(const std::function<void()> &action);
 
-/** As Attempt(), with a window over @p parent that shows the Progress of the action and lets the
- *  user cancel it, once it takes more than a moment; false, too, when it is cancelled. */
+/** As Attempt(). Once the action takes more than a moment, a window over @p parent shows its
+ *  Progress and lets the user cancel it; the result is then false, too. */
 bool AttemptLong(QWidget &parent, const QString &title, const std::function<void()> &action);
 
 } // namespace saldoro

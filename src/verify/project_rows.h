@@ -34,8 +34,8 @@ struct ProjectTable
 /** The tables of a project that can be read, by their names. */
 using ProjectTables = std::map<QString, ProjectTable>;
 
-/** A payment, an allocation or a cost item. There is no value where the field holds null or what is
- *  not of its kind. */
+/** A payment, an allocation or a cost item. What is read from a field has no value when the field
+ *  holds null or a value of another kind. */
 struct CheckedRow
 {
     const ProjectTable *table = nullptr;

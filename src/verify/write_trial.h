@@ -8,9 +8,9 @@ namespace saldoro {
 /** Whether the program adds records to a table. */
 bool IsAddedTo(const QString &table);
 
-/** Adds to @p copy, the copy of a database in memory, records such as the next payments and the
- *  work at closing add. Throws the DatabaseError that stops the first one: a rule of the file, or a
- *  format that can only be read. */
+/** Adds records to @p copy, the copy of a database in memory, as the next payments and the work at
+ *  closing will. Throws the DatabaseError of the first record that can't be added: a rule of the
+ *  file forbids it, or its format can only be read. */
 void TryWriting(const Database &copy, ArchiveFile file);
 
 } // namespace saldoro
