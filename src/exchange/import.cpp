@@ -75,8 +75,7 @@ private:
 
     bool isGiven(const QString &name) const
     {
-        return std::ranges::any_of(
-            m_tables, [&name](const GivenTable &table) { return table.table == TableNamed(name); });
+        return std::ranges::count(m_tables, TableNamed(name), &GivenTable::table) > 0;
     }
 
     /** What needs no look into the databases. */
