@@ -59,6 +59,22 @@ private slots:
         QVERIFY_THROWS_EXCEPTION(BoundsError, ItemsOnOffer(items, grid));
     }
 
+    /** After the editor has been left for another field, digits may be meant for that. */
+    void digitsBehindTheEditor()
+    {
+        open(2);
+        for (const QString &leaving : {u"click Text1_0"_s, u"Tab"_s}) {
+            d->play(u"to MSFlexGrid1, Return, Ctrl+A, type 12, "_s + leaving + u", type 9"_s);
+            QCOMPARE(seen(), u"A1|x|1.300,00;A2|x|12,00 = 1.312,00 at MSFlexGrid1"_s);
+        }
+        for (const QString &turning : {u"Up, Down"_s, u"to Text1_0, to MSFlexGrid1"_s}) {
+            d->play(u"Return, Tab, "_s + turning + u", type 7, Return"_s);
+            QCOMPARE(seen(), u"A1|x|1.300,00;A2|x|7,00 = 1.307,00 at MSFlexGrid1"_s);
+            d->play(u"type 8, Return"_s); // the user has gone back by Enter
+            QCOMPARE(seen(), u"A1|x|1.300,00;A2|x|8,00 = 1.308,00 at MSFlexGrid1"_s);
+        }
+    }
+
     void insertsByKeyboard()
     {
         open(1);

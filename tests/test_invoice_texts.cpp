@@ -1,6 +1,7 @@
 #include "form_driver.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMimeData>
@@ -77,10 +78,12 @@ private slots:
         QCOMPARE(d->text(u"Text2_3"_s), u"1.500,00"_s);
     }
 
-    /** A field that the focus has not entered would keep the dropped text as it is: the total would
-     *  stay behind, and the point would count as thousands. */
-    void aDropTakesTheFocus()
+    /** A field that the focus has not entered would keep a text from elsewhere as it is: the total
+     *  would stay behind, a point would count as thousands, an impossible date would be no date. */
+    void textsFromElsewhereTakeTheFocus()
     {
+        d->archive.execute(LedgerPath(d->values),
+                           u"INSERT INTO Spese (RelNpag, Cod, Importo) VALUES (1, 'A1', 10000)"_s);
         d->open(CreditorKind::Company, 1);
         QMimeData dropped;
         dropped.setText(u"1000.50"_s);
@@ -88,10 +91,36 @@ private slots:
         QCOMPARE(d->focused(), u"Text2_0"_s);
         d->play(u"Tab"_s);
         QCOMPARE(d->texts(u"Text2_0 Text2_3"_s), u"1.000,50 1.000,50"_s);
-        d->play(u"to MaskEdBox1_0, type 31022024"_s);
-        dropOn(*d->find<QLineEdit>(u"Text2_0"_s), dropped);
-        QCOMPARE(d->texts(u"Text2_0 Text2_3"_s), u"1.000,50 1.000,50"_s);
-        QCOMPARE(d->focused(), u"MaskEdBox1_0"_s);
+        const auto drop = [&](QWidget &box) { dropOn(box, dropped); };
+        const auto openMenu = [](QWidget &box) {
+            const QPoint place = box.rect().center();
+            QContextMenuEvent event(QContextMenuEvent::Mouse, place, box.mapToGlobal(place));
+            QApplication::sendEvent(&box, &event);
+            if (QWidget *menu = QApplication::activePopupWidget())
+                menu->close();
+        };
+        const auto middleClick = [](QWidget &box) { QTest::mouseClick(&box, Qt::MiddleButton); };
+        for (const auto &[steps, start] :
+             {std::pair(u"to Text1_0"_s, u"Text1_0"_s),
+              {u"to MSFlexGrid1, Return"_s, u"edtTxt"_s},
+              {u"to MaskEdBox1_0, type 31022024"_s, u"MaskEdBox1_0"_s}}) {
+            for (const auto &[field, act] :
+                 QList<std::pair<QString, std::function<void(QWidget &)>>>{
+                     {u"Text2_2"_s, drop},
+                     {u"Text2_2"_s, openMenu},
+                     {u"Text2_2"_s, middleClick},
+                     {u"MandatoDell"_s, openMenu},
+                     {u"MandatoDell"_s, middleClick}}) {
+                d->play(u"to MaskEdBox1_0, Ctrl+A, Del, "_s + steps);
+                QCOMPARE(d->focused(), start);
+                const QString before = d->text(field);
+                act(*d->find<QLineEdit>(field));
+                const bool isRefused = start == "MaskEdBox1_0"_L1;
+                QCOMPARE(d->focused(), isRefused ? start : field);
+                if (isRefused)
+                    QCOMPARE(d->text(field), before);
+            }
+        }
     }
 
     void untouchedNoteStays()

@@ -197,8 +197,10 @@ void DateBox::keyPressEvent(QKeyEvent *event)
 void DateBox::inputMethodEvent(QInputMethodEvent *event)
 {
     if (event->commitString().isEmpty())
-        QLineEdit::inputMethodEvent(event);
-    else if (!isReadOnly())
+        return QLineEdit::inputMethodEvent(event);
+    QInputMethodEvent composed; // what was being composed no longer shows
+    QLineEdit::inputMethodEvent(&composed);
+    if (!isReadOnly())
         insert(event->commitString());
 }
 

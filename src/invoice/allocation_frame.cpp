@@ -44,6 +44,7 @@ AllocationFrame::AllocationFrame(const QString &caption, const TextTable &overvi
 {
     setObjectName(u"Frame2"_s);
     addGrid();
+    expectDigits();
     addEditor();
     addPickList();
     auto *bottom = new QHBoxLayout;
@@ -120,12 +121,20 @@ void AllocationFrame::addGrid()
             openEditor();
     });
     connect(m_grid, &FlexGrid::textTyped, this, [this](const QString &text) {
-        if (!text.front().isDigit() || !table().currentIndex().isValid() ||
+        if (m_isFocusTakenBack || !text.front().isDigit() || !table().currentIndex().isValid() ||
             table().column() != AllocationColumn::Importo)
             return;
         openEditor();
         m_editor->setText(text); // with nothing selected, so that the next digit follows
     });
+}
+
+void AllocationFrame::expectDigits()
+{
+    const auto expect = [this] { m_isFocusTakenBack = false; };
+    m_navigation.watch(*m_grid, {}, expect);
+    connect(m_grid, &FlexGrid::pressed, this, expect);
+    connect(&table(), &TextTable::currentMoved, this, expect);
 }
 
 void AllocationFrame::addEditor()
@@ -243,6 +252,7 @@ void AllocationFrame::editorLeft()
     WriteAmount(table(), m_editedRow, m_typed.typed);
     m_editor->hide();
     RecalcAllocationTotal();
+    m_isFocusTakenBack = window()->focusWidget() != m_grid;
     m_grid->setFocus(Qt::OtherFocusReason);
 }
 

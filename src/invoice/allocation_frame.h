@@ -50,6 +50,8 @@ protected:
 
 private:
     void addGrid();
+    /** Digits open the editor again once the user has turned to the grid, or has left it. */
+    void expectDigits();
     void addEditor();
     void addPickList();
     QLayout *makeButtons();
@@ -74,6 +76,9 @@ private:
     QLineEdit *m_total;
     QList<OfferedItem> m_offered; ///< line by line in the pick list
     int m_editedRow = 0;
+    /** Leaving the editor has sent the focus back here from where the user was heading; what is
+     *  typed may be meant for that place. */
+    bool m_isFocusTakenBack = false;
     TypedAllocation m_typed; ///< the text is set when the editor is left
 };
 

@@ -139,8 +139,12 @@ bool FieldNavigation::eventFilter(QObject *watched, QEvent *event)
         m_clickedInto = byMouse ? &line : nullptr;
         return false;
     }
+    case QEvent::MouseButtonPress:
+        return !mayBeChanged(line, *event);
     case QEvent::MouseButtonRelease:
-        if (std::exchange(m_clickedInto, nullptr) != &line)
+        if (!mayBeChanged(line, *event))
+            return true;
+        if (std::exchange(m_clickedInto, nullptr) != &line || !line.hasFocus())
             return false;
         // The press moves the cursor, and at the release the line copies what is selected to the
         // X11 selection. Only after both can the whole text be selected without being copied.
@@ -148,14 +152,21 @@ bool FieldNavigation::eventFilter(QObject *watched, QEvent *event)
         if (!line.hasSelectedText())
             line.selectAll();
         return true;
+    case QEvent::ContextMenu:
     case QEvent::Drop:
-        if (moveTo(line))
-            return false;
-        event->ignore(); // what has the focus can't be left
-        return true;
+        return !mayBeChanged(line, *event);
     default:
         return false;
     }
+}
+
+bool FieldNavigation::mayBeChanged(QLineEdit &line, QEvent &event)
+{
+    const bool isPress = event.isPointerEvent();
+    if ((isPress && static_cast<QMouseEvent &>(event).button() != Qt::MiddleButton) || moveTo(line))
+        return true;
+    event.ignore();
+    return false;
 }
 
 void FieldNavigation::moveOn(QLineEdit &line, QEvent &enter)
