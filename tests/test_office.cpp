@@ -107,6 +107,33 @@ private slots:
         QVERIFY(office.messages.isEmpty());
     }
 
+    /** A contract that is gone for a while, as on a disk in the network, gives way to no other. */
+    void vanishedContract()
+    {
+        ContractsArchive office;
+        office.copy(u"00050"_s);
+        FrmAppalti form;
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        const TextTable &list = Find<FlexGrid>(form, u"Elenco"_s)->table();
+        const auto *open = Find<QPushButton>(form, u"Apri"_s);
+        const auto comeBack = [&form] {
+            QEvent activated(QEvent::ActivationChange);
+            QApplication::sendEvent(&form, &activated);
+        };
+        Play(&form, u"to Elenco, End"_s);
+        QCOMPARE(list.text(list.row(), 0), u"00112"_s);
+        const QString folder = office.folder(u"00112"_s);
+        QVERIFY(QDir().rename(folder, folder + u".nuovo"_s));
+        comeBack();
+        QCOMPARE(list.row(), 0);
+        QVERIFY(!open->isEnabled());
+        QVERIFY(QDir().rename(folder + u".nuovo"_s, folder));
+        comeBack();
+        QCOMPARE(list.text(list.row(), 0), u"00112"_s);
+        QVERIFY(open->isEnabled());
+    }
+
     /** A payment's day that lacks is found and set; copy and CSV files are complete. */
     void checkCopyAndExport()
     {

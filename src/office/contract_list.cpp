@@ -77,7 +77,10 @@ void ContractList::setCurrentCode(const QString &code)
 
 void ContractList::read(const QString &root)
 {
-    const QString current = currentCode();
+    if (root != m_root)
+        m_chosen.clear();
+    else if (!currentCode().isEmpty())
+        m_chosen = currentCode();
     const QStringList codes = ContractCodes(root);
     QStringList before;
     for (int row = 1; row < m_table.rows(); ++row)
@@ -87,8 +90,9 @@ void ContractList::read(const QString &root)
         m_table.setRows(1 + static_cast<int>(codes.size()));
         for (int row = 1; row < m_table.rows(); ++row)
             m_table.setText(row, 0, codes[row - 1]);
-        m_table.setRow(codes.isEmpty() ? 0 : 1);
-        setCurrentCode(current);
+        // One that is gone gives way to no other: what is done next would be done to that.
+        m_table.setRow(codes.isEmpty() || !m_chosen.isEmpty() ? 0 : 1);
+        setCurrentCode(m_chosen);
     }
     m_root = root;
     m_waiting.resize(codes.size());

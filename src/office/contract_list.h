@@ -24,8 +24,8 @@ public:
     /** @p table must outlive the object. */
     explicit ContractList(TextTable &table, QObject *parent = nullptr);
 
-    /** Reads the contracts below the archives root @p root; the current one stays current if it is
-     *  still there. A reading that is going on is given up. */
+    /** Reads the contracts below the archives root @p root. The current one stays current; while it
+     *  is not there, none is. A reading that is going on is given up. */
     void read(const QString &root);
 
     /** Code of the current contract; empty without one. */
@@ -44,7 +44,8 @@ private:
     bool readContract(int row);
 
     TextTable &m_table;
-    QString m_root; ///< of the archives
+    QString m_root;   ///< of the archives
+    QString m_chosen; ///< code of the contract that was current last
     QList<int> m_waiting;
     QElapsedTimer m_since;
     QTimer m_next;
