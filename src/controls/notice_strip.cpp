@@ -83,7 +83,10 @@ void NoticeStrip::showLines(const QString &worth, const QList<Notice> &notices)
              notice.weight == NoticeWeight::Danger);
     }
     setText(u"<p style='white-space:pre'>"_s + lines.join(u"<br>"_s) + u"</p>"_s);
-    setToolTip(spoken.join(u'\n'));
+    // Names and descriptions in a notice may look like markup.
+    setToolTip(spoken.isEmpty() ? QString()
+                                : u"<p style='white-space:pre'>"_s +
+                                      spoken.join(u'\n').toHtmlEscaped() + u"</p>"_s);
     const QStringList before = accessibleName().split(u'\n');
     setAccessibleName(spoken.join(u'\n'));
     if (std::ranges::all_of(spoken, [&](const QString &line) { return before.contains(line); }))
