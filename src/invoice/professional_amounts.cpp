@@ -9,6 +9,13 @@ using enum AmountRole;
 
 namespace {
 
+void leaveFee(AmountTexts &texts, Amount field)
+{
+    texts.showTyped(field);
+    texts.show(Importo, texts.dueWithholdingBase() + texts.amount(CassaPrev));
+    texts.show(SoggettaRA, texts.dueWithholdingBase());
+}
+
 void leaveVatRate(AmountTexts &texts)
 {
     // A text test: 0,00 counts as an amount that the user wants, unlike the withholding's.
@@ -26,23 +33,36 @@ void leaveWithholdingRate(AmountTexts &texts)
 
 void leaveProfessionalAmount(AmountTexts &texts, Amount field)
 {
-    if (field == Prestazione || field == Contributo || field == CassaPrev) {
-        texts.showTyped(field);
-        texts.show(Importo, texts.dueWithholdingBase() + texts.amount(CassaPrev));
-        texts.show(SoggettaRA, texts.dueWithholdingBase());
-    } else if (field == AliquotaRA || field == ImportoRA || field == Netto) {
-        if (field == AliquotaRA)
-            leaveWithholdingRate(texts);
-        else if (field == ImportoRA)
-            texts.showTyped(ImportoRA);
-        texts.show(Netto, texts.dueNet());
-    } else {
-        if (field == AliquotaIva)
-            leaveVatRate(texts);
-        else if (!StaysPlain(field))
+    switch (field) {
+    case Prestazione:
+    case Contributo:
+    case CassaPrev:
+        leaveFee(texts, field);
+        return;
+    case AliquotaIva:
+        leaveVatRate(texts);
+        break;
+    case Importo:
+    case ImportoIva:
+    case AltriImporti:
+    case TotaleFattura:
+    case SoggettaRA:
+        if (!StaysPlain(field))
             texts.showTyped(field);
-        texts.show(TotaleFattura, texts.dueTotal());
+        break;
+    case AliquotaRA:
+        leaveWithholdingRate(texts);
+        texts.show(Netto, texts.dueNet());
+        return;
+    case ImportoRA:
+        texts.showTyped(ImportoRA);
+        texts.show(Netto, texts.dueNet());
+        return;
+    case Netto:
+        texts.show(Netto, texts.dueNet());
+        return;
     }
+    texts.show(TotaleFattura, texts.dueTotal());
 }
 
 } // namespace
