@@ -92,6 +92,10 @@ private slots:
             "colonne sono scambiate, indicarle qui sopra.");
         add("numbers in a column without a name", "\tCodice\tDescrizione\tImporto\n1\tA1\tScavi\t5",
             "s intestazione\nA1|Scavi|5,00\n= 5,00 pronto");
+        add("a header that names another column for the amounts",
+            "Codice\tDescrizione\tQuantità\tTotale\nA1\tScavi\t10\t5.000,00",
+            "s intestazione\n! manca Importo.\n= 0,00\nManca la colonna Importo: indicarla qui "
+            "sopra.");
         add("semicolons for tabs", "A1;\"Scavi; e muri\";5,00\n",
             "A1|Scavi; e muri|5,00\n= 5,00 pronto");
         add("one column", "A1\nA2",

@@ -26,9 +26,12 @@ CellColumns PastedColumns(const QList<CellRow> &rows, const ExchangedTable &tabl
     // Numbers or notes often stand in a column without a name.
     std::ranges::replace(columns.places, CellColumns::Nameless, CellColumns::Unknown);
     columns.places.resize(width, CellColumns::Unknown);
+    const QStringList header =
+        columns.firstRow == 0 ? QStringList() : rows[columns.firstRow - 1].cells;
     for (qsizetype place = 0; place < fields.size(); ++place) {
         const bool isExpected = rows.isEmpty() || table.neededFields.contains(fields[place]);
-        if (isExpected && columns.columnOf(fields[place], table) < 0 && columns.places[place] < 0)
+        const bool isFree = columns.places[place] < 0 && header.value(place).simplified().isEmpty();
+        if (isExpected && isFree && columns.columnOf(fields[place], table) < 0)
             columns.places[place] = place;
     }
     return columns;

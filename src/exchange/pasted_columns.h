@@ -11,7 +11,8 @@ namespace saldoro {
 QString FieldCaption(const QString &field);
 
 /** Which column of pasted cells is which field, for as many columns as the widest row has: the one
- *  that a header names, or else for a needed field the usual one if it is no other's. Without rows
+ *  that a header names, or else for a needed field the usual one if it has no name and is no
+ *  other's. Without rows
  *  each field has its usual column. All other columns fill no field, whatever they hold. */
 CellColumns PastedColumns(const QList<CellRow> &rows, const ExchangedTable &table);
 
