@@ -77,8 +77,8 @@ QString CodeProblem(const QString &code, const QStringList &codes)
         return u"Il codice non può contenere "_s + match.captured() + u'.';
     if (isUnfinished(code))
         return u"Il codice non può finire con "_s + UnfinishedEnd.toString() + u'.';
-    if (code != code.trimmed() || code.endsWith(u'.'))
-        return u"Il codice non può avere spazi all'inizio o alla fine, né finire con un punto."_s;
+    if (code != code.trimmed() || code.startsWith(u'.') || code.endsWith(u'.')) // hidden on Linux
+        return u"Il codice non può cominciare né finire con uno spazio o un punto."_s;
     if (device.match(code).hasMatch())
         return u"%1 è un nome riservato da Windows."_s.arg(code);
     if (code.size() > longest)
