@@ -188,6 +188,10 @@ void TestExchange::exportRefuses()
     QVERIFY(HasExportedFiles(out));
     QVERIFY(refusal().contains(u"Il file c'è già."_s));
     QCOMPARE(ContentsOf(out).size(), 1);
+    // A name with "\\" is looked at where it is written to.
+    WriteFile(out + u"/sotto/Spese.csv"_s, "mio");
+    QVERIFY_THROWS_EXCEPTION(FileError, ExportProject(office.project(), out + u"\\sotto"_s));
+    QVERIFY(QDir(out + u"/sotto"_s).removeRecursively());
     // One file that can't be replaced keeps all as they are.
     QVERIFY(QDir().mkpath(out + u"/Spese.csv"_s));
     QVERIFY_THROWS_EXCEPTION(FileError, ExportProject(office.project(), out, true));

@@ -9,6 +9,7 @@
 #include "exchange/cell_values.h"
 #include "exchange/command_options.h"
 #include "exchange/made_files.h"
+#include "platform/machine_path.h"
 #include "platform/progress.h"
 #include "platform/whole_file.h"
 #include "store/archive_paths.h"
@@ -165,16 +166,17 @@ void RefuseMixedFiles(const QString &csvFolder)
 
 QString ExportProject(const QString &projectFolder, const QString &csvFolder, bool overwrite)
 {
+    const QString folder = MachinePath(csvFolder); // where the files are written to
     if (!overwrite)
-        RefuseMixedFiles(csvFolder);
+        RefuseMixedFiles(folder);
     QStringList paths;
     for (const ExchangedTable &table : ExchangedTables())
-        paths.append(targetPath(csvFolder, table.fileName(), overwrite));
+        paths.append(targetPath(folder, table.fileName(), overwrite));
     const QList<TableFile> files = filesOf(ExistingFolder(projectFolder));
     refuseUntold(files);
     MadeFiles made; // goes when no file has come into it
-    made.makeFolder(csvFolder);
-    QString summary = QFileInfo::exists(markPath(csvFolder))
+    made.makeFolder(folder);
+    QString summary = QFileInfo::exists(markPath(folder))
                           ? u"L'esportazione di prima non era arrivata in fondo.\n"_s
                           : QString();
     std::vector<WholeFile> written;
@@ -182,7 +184,7 @@ QString ExportProject(const QString &projectFolder, const QString &csvFolder, bo
         written.emplace_back(paths[place], files[place].content);
         summary += files[place].summary + u'\n';
     }
-    WholeFile(markPath(csvFolder), "Finché c'è questo file, i file CSV sono in parte vecchi.\r\n")
+    WholeFile(markPath(folder), "Finché c'è questo file, i file CSV sono in parte vecchi.\r\n")
         .replace();
     QStringList replaced;
     WithDetail(
@@ -193,7 +195,7 @@ QString ExportProject(const QString &projectFolder, const QString &csvFolder, bo
                 replaced.append(ExchangedTables()[place].fileName());
             }
         });
-    QFile::remove(markPath(csvFolder));
+    QFile::remove(markPath(folder));
     made.keep();
     return summary;
 }
