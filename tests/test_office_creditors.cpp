@@ -100,6 +100,39 @@ private slots:
         }
     }
 
+    /** A contractor of the register that has no link to it gets one, though its name stays. */
+    void contractorWithoutLink()
+    {
+        ContractsArchive office;
+        BareFile(office.folder(u"00112"_s) + u"/Appalto.mdb"_s)
+            .rows(u"UPDATE SchedaProgetto SET Stringa = 'Alfa', Link = NULL"_s);
+        BareFile(office.folder(u"00112"_s) + u"/AZIDB.mdb"_s)
+            .rows(u"INSERT INTO Anag VALUES (3, 'Alfa', 'x')"_s);
+        auto *form = new FrmCreditori(office.project.archive.values(), nullptr);
+        form->show();
+        QVERIFY(QTest::qWaitForWindowActive(form));
+        Play(form, u"Alt+S"_s);
+        QCOMPARE(office.rows(u"00112"_s, u"Appalto.mdb"_s,
+                             u"SELECT Stringa, Link FROM SchedaProgetto"_s),
+                 u"Alfa|3"_s);
+    }
+
+    /** A number that anything still refers to is not given to another company, and what another
+     *  window has added meanwhile is not added twice. */
+    void othersMeanwhile()
+    {
+        const SoundProject project;
+        const ProgramValues &values = project.archive.values();
+        project.archive.execute(project.path(u'A'), u"INSERT INTO Manda VALUES (7, 9)"_s);
+        const TableRows rows{{u"Nuova"_s, NewValue()}};
+        AddCreditors(values, rows, {}, {});
+        const QString stored = u"SELECT * FROM Anag; SELECT * FROM Partecip"_s;
+        QCOMPARE(project.archive.rows(project.path(u'A'), stored), u"10|Nuova|-\n1|10"_s);
+        const auto before = ContentsOf(project.folder());
+        QVERIFY_THROWS_EXCEPTION(SaldoroError, AddCreditors(values, rows, {}, {}));
+        QCOMPARE(ContentsOf(project.folder()), before);
+    }
+
     /** Behind the highest number there is none: nothing is written. */
     void noHigherNumber()
     {

@@ -34,17 +34,22 @@ RecordSet recordsOf(const Database &database, const QString &table)
     return database.openRecordSet(u"SELECT * FROM "_s + table);
 }
 
-/** One more than the highest number. */
-qint32 nextNumber(const Database &database, const QString &table, const QString &field)
+/** One more than the highest number in fields that are named "Table.Field". */
+qint32 nextNumber(const Database &database, const QStringList &fields)
 {
-    qint32 highest = 0;
-    for (RecordSet records = recordsOf(database, table); !records.eof(); records.moveNext()) {
-        if (!records.field(field).isNull())
-            highest = std::max(highest, records.field(field).integer());
+    qint32 next = 1;
+    for (const QString &name : fields) {
+        const QString table = name.section(u'.', 0, 0);
+        const QString field = name.section(u'.', 1);
+        for (RecordSet records = recordsOf(database, table); !records.eof(); records.moveNext()) {
+            const qint32 number =
+                records.field(field).isNull() ? 0 : records.field(field).integer();
+            if (number == std::numeric_limits<qint32>::max())
+                throw DatabaseError(DatabaseFault::FieldTooSmall, database.path(), table, field);
+            next = std::max(next, number + 1);
+        }
     }
-    if (highest == std::numeric_limits<qint32>::max())
-        throw DatabaseError(DatabaseFault::FieldTooSmall, database.path(), table, field);
-    return highest + 1;
+    return next;
 }
 
 void add(RecordSet &records, const QList<std::pair<QString, NewValue>> &values)
@@ -62,7 +67,9 @@ qint32 companyNumber(const Database &database, const QString &name, const NewVal
     companies.findFirst(u"nominativo = '"_s + RaddoppiaApici(name) + u"'"_s);
     if (!companies.noMatch())
         return companies.field(u"ID"_s).integer();
-    const qint32 number = nextNumber(database, u"Anag"_s, u"ID"_s);
+    // Also of companies that are gone: what still refers to them would be the new one's.
+    const qint32 number = nextNumber(
+        database, {u"Anag.ID"_s, u"Partecip.AnagRel"_s, u"Manda.AnagRel"_s, u"Manda.AnagPar"_s});
     add(companies, {{u"ID"_s, number}, {u"nominativo"_s, name}, {u"TipImprese"_s, kind}});
     return number;
 }
@@ -87,7 +94,7 @@ void addCompanies(const Database &database, const TableRows &rows)
     for (const TableRow &row : rows) {
         const qint32 number = companyNumber(database, TextOf(row.first()));
         add(participants,
-            {{u"Nord"_s, nextNumber(database, u"Partecip"_s, u"Nord"_s)}, {u"AnagRel"_s, number}});
+            {{u"Nord"_s, nextNumber(database, {u"Partecip.Nord"_s})}, {u"AnagRel"_s, number}});
         for (const QString &member : membersOf(row))
             add(principals,
                 {{u"AnagPar"_s, number}, {u"AnagRel"_s, companyNumber(database, member)}});
@@ -190,8 +197,10 @@ KnownCreditors ReadCreditors(const ProgramValues &values)
     known.professionals = ProfessionalCreditors(values);
     const QString item = CodiceEsterno(values, InternalCode::Contractor);
     RecordSet sheet = OpenContractSheet(values);
-    if (FindItem(sheet, item))
+    if (FindItem(sheet, item)) {
         known.contractor = sheet.field(u"Stringa"_s).textOrEmpty();
+        known.isContractorLinked = !sheet.field(u"Link"_s).isNull();
+    }
     return known;
 }
 
@@ -203,6 +212,11 @@ QStringList AddCreditors(const ProgramValues &values, const TableRows &companies
     const Database contract = Database::open(ContractPath(values));
     const Database companyRegister = contract.attach(CompaniesPath(values));
     Transaction transaction(contract);
+    const KnownCreditors known = ReadCreditors(values);
+    if (!CompanyFaults(companies, known).isEmpty() ||
+        !RepeatedNames(professionals, known.professionals).isEmpty())
+        throw SaldoroError(u"Imprese e professionisti sono cambiati nel frattempo."_s,
+                           u"Chiudere questa finestra e aprirla di nuovo."_s);
     MadeFiles copies;
     QStringList paths;
     for (const Database *database : {&contract, &companyRegister}) {

@@ -27,7 +27,8 @@ struct KnownCreditors
     QStringList members;      ///< for each company those of the association, with "; " between them
     QStringList participants; ///< the companies that take part in the procedure
     QStringList professionals;
-    QString contractor; ///< empty for none
+    QString contractor;              ///< empty for none
+    bool isContractorLinked = false; ///< to a company, by whatever number
 };
 
 /** Names that are among @p known or stand twice among @p rows, whatever their letter case; a
@@ -46,15 +47,15 @@ KnownCreditors ReadCreditors(const ProgramValues &values);
  * Adds companies and professionals (rows of their lists) to the project, and makes @p contractor, a
  * company's name, the contractor, which is added when it is no company yet; empty leaves it as it
  * is. A company that is in the register already takes part from now on, and stays what it is there.
- * Members that are no companies yet become such, but take no part by themselves. The caller has
- * made sure that CompanyFaults() of the companies and RepeatedNames() of the professionals find
- * nothing. New companies get the numbers after the highest one, and so do their places in the
- * procedure. Professionals get the first free items I01, I02...
+ * Members that are no companies yet become such, but take no part by themselves. New companies get
+ * the numbers after the highest one that any table of their register holds, and so do their places
+ * in the procedure. Professionals get the first free items I01, I02...
  *
  * All or nothing, in one transaction over both databases; copies are made beside both first.
- * Returns the copies' paths. Throws DatabaseError, FieldTooSmall when there is no higher number,
- * and FileError, also for a database without a plain journal; then nothing is changed, and there
- * are no copies.
+ * Returns the copies' paths. Throws SaldoroError when CompanyFaults() of the companies or
+ * RepeatedNames() of the professionals find something by now; DatabaseError, FieldTooSmall when
+ * there is no higher number; and FileError, also for a database without a plain journal. Then
+ * nothing is changed, and there are no copies.
  */
 QStringList AddCreditors(const ProgramValues &values, const TableRows &companies,
                          const TableRows &professionals, const QString &contractor);

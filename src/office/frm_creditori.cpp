@@ -98,7 +98,11 @@ void FrmCreditori::showState()
     const GivenTable &pasted = m_companies.taken();
     for (qsizetype at = 0; at < pasted.rows.size(); ++at) {
         const QString name = TextOf(pasted.rows[at].first());
-        if (!m_known.companies.contains(name, Qt::CaseInsensitive))
+        if (m_known.companies.contains(name, Qt::CaseInsensitive))
+            continue;
+        if (name == m_known.contractor)
+            m_contractor->setItemData(0, pasted.lines[at]);
+        else
             m_contractor->addItem(name, pasted.lines[at]);
     }
     // The chosen company, by its row when its name is corrected; never another one.
@@ -106,7 +110,8 @@ void FrmCreditori::showState()
     if (const int at = row > 0 ? m_contractor->findData(row) : m_contractor->findText(chosen);
         at >= 0)
         m_contractor->setCurrentIndex(at);
-    m_write->setEnabled(hasChanges() && m_companies.count(PastedState::Faulty) == 0 &&
+    m_write->setEnabled((hasChanges() || !newContractor().isEmpty()) &&
+                        m_companies.count(PastedState::Faulty) == 0 &&
                         m_professionals.count(PastedState::Faulty) == 0);
 }
 
@@ -116,13 +121,20 @@ bool FrmCreditori::hasChanges() const
            m_contractor->currentText() != m_known.contractor;
 }
 
+QString FrmCreditori::newContractor() const
+{
+    const QString name = m_contractor->currentText();
+    const bool isCompany =
+        m_known.companies.contains(name) || m_contractor->currentData().toInt() > 0;
+    return name != m_known.contractor || (isCompany && !m_known.isContractorLinked) ? name
+                                                                                    : QString();
+}
+
 void FrmCreditori::write()
 {
     RequireClosed(MachinePath(ProjectFolder(m_values)));
-    const QString contractor = m_contractor->currentText();
-    const QStringList copies =
-        AddCreditors(m_values, m_companies.taken().rows, m_professionals.taken().rows,
-                     contractor == m_known.contractor ? QString() : contractor);
+    const QStringList copies = AddCreditors(m_values, m_companies.taken().rows,
+                                            m_professionals.taken().rows, newContractor());
     ShowMessage(
         MessageKind::Information,
         u"Imprese e professionisti sono stati scritti. Gli archivi com'erano stanno in:\n"_s +

@@ -30,6 +30,9 @@ private:
     void showState();
     void write();
     bool hasChanges() const;
+    /** The contractor to be written: another one, or one that is a company and has no link to it;
+     *  else empty. */
+    QString newContractor() const;
 
     ProgramValues m_values;
     KnownCreditors m_known;
