@@ -107,6 +107,19 @@ private slots:
         QVERIFY(office.messages.isEmpty());
     }
 
+    /** Saldoro would look for the contract in the folder that is set now. */
+    void folderSetMeanwhile()
+    {
+        ContractsArchive office;
+        FrmAppalti form;
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        StoreArchivesRoot(office.settings.path());
+        Play(&form, u"to Elenco, Return"_s);
+        QVERIFY(office.messages.takeLast().contains(u"è cambiata nel frattempo"_s));
+        QCOMPARE(Find<FlexGrid>(form, u"Elenco"_s)->table().rows(), 1);
+    }
+
     /** A contract that is gone for a while, as on a disk in the network, gives way to no other. */
     void vanishedContract()
     {

@@ -28,6 +28,8 @@ public:
      *  is not there, none is. A reading that is going on is given up. */
     void read(const QString &root);
 
+    /** The archives root that was read last. */
+    const QString &root() const { return m_root; }
     /** Code of the current contract; empty without one. */
     QString currentCode() const;
     void setCurrentCode(const QString &code);

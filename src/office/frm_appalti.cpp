@@ -174,7 +174,7 @@ QString FrmAppalti::root() const
 
 QString FrmAppalti::currentFolder() const
 {
-    return ContractFolder(root(), m_contracts->currentCode());
+    return ContractFolder(m_contracts->root(), m_contracts->currentCode());
 }
 
 void FrmAppalti::openFolder()
@@ -208,6 +208,11 @@ void FrmAppalti::openContract()
         return;
     if (!StoredArchivesRoot())
         StoreArchivesRoot(root());
+    if (root() != m_contracts->root()) { // where Saldoro would look for the contract
+        load();
+        throw SaldoroError(u"La cartella degli archivi è cambiata nel frattempo."_s,
+                           u"L'elenco è stato riletto: scegliere di nuovo l'appalto."_s);
+    }
     startSaldoro(m_contracts->currentCode());
 }
 
@@ -217,7 +222,8 @@ void FrmAppalti::createContract()
     connect(form, &FrmVoci::written, this, [this](const QString &code) {
         load();
         m_contracts->setCurrentCode(code);
-        Attempt([this] { openContract(); });
+        if (m_contracts->currentCode() == code)
+            Attempt([this] { openContract(); });
     });
     BringToFront(*form);
 }
@@ -225,14 +231,14 @@ void FrmAppalti::createContract()
 void FrmAppalti::replaceBudget()
 {
     RequireClosed(currentFolder());
-    BringToFront(*new FrmVoci(root(), m_contracts->currentCode(), this));
+    BringToFront(*new FrmVoci(m_contracts->root(), m_contracts->currentCode(), this));
 }
 
 void FrmAppalti::addCreditors()
 {
     RequireClosed(currentFolder());
     ProgramValues values;
-    values.ArchiveRoot = root();
+    values.ArchiveRoot = m_contracts->root();
     values.ProjectCode = m_contracts->currentCode();
     BringToFront(*new FrmCreditori(values, this));
 }
