@@ -119,6 +119,10 @@ void TestImportReplacement::takesOverOrRefuses()
     check("UltimaPerVariante", "", "Voce;Descri;Importo\nA1;Scavi;99\n",
           "cambiate:\n  B2 (Ponti): tolta, era 50,00\n  A1 (Scavi): da 100,00 a 99,00\n",
           "A1|Scavi|990000", false);
+    check("UltimaPerVariante", "", "Voce;Descri;Importo\nB2;Scavi;50\nA1;Muri;90\n",
+          "cambiate:\n  B2 (Scavi): era «Ponti»\n  A1 (Muri): da 100,00 a 90,00, era «Scavi», ed è "
+          "già pagata\n",
+          "B2|Scavi|500000\nA1|Muri|900000", false);
     check("UltimaPerVariante", "INSERT INTO UltimaPerVariante VALUES ('A0', 'Muri', NULL)",
           withoutPaid, "già pagata\n  A0 (Muri): tolta, era senza importo\n", "B2|Ponti|500000");
     check("UltimaPerVariante", "", "Voce;Descri;Importo\n", "2 righe, resterebbe vuota.", nullptr,

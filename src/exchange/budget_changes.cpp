@@ -19,11 +19,18 @@ QString BudgetChange::text() const
         return amount ? FormatImporto(*amount) : u"senza importo"_s;
     };
     const QString item = WithUnseenMarked(code + u" ("_s + description + u"): "_s);
+    const QString paid = isPaid ? u", ed è già pagata"_s : QString();
     if (isDropped)
-        return item + u"tolta, era "_s + shown(before) +
-               (isPaid ? u", ed è già pagata"_s : QString());
-    return isNew ? item + u"nuova, "_s + shown(after)
-                 : item + u"da "_s + shown(before) + u" a "_s + shown(after);
+        return item + u"tolta, era "_s + shown(before) + paid;
+    if (isNew)
+        return item + u"nuova, "_s + shown(after);
+    QStringList changed;
+    if (before != after)
+        changed.append(u"da "_s + shown(before) + u" a "_s + shown(after));
+    if (formerDescription.isEmpty())
+        return item + changed.join(QString());
+    changed.append(u"era «"_s + WithUnseenMarked(formerDescription) + u'»');
+    return item + changed.join(u", "_s) + paid;
 }
 
 QList<BudgetChange> BudgetChanges(const TableRows &before, const TableRows &after,
@@ -47,10 +54,14 @@ QList<BudgetChange> BudgetChanges(const TableRows &before, const TableRows &afte
         const auto former = old.find(change.code);
         change.isNew = former == old.end();
         change.after = ValueAs<Currency>(row[amountColumn]);
-        if (!change.isNew)
+        if (!change.isNew) {
             change.before = ValueAs<Currency>((*former->second)[amountColumn]);
+            const QString description = TextOf((*former->second)[descriptionColumn]);
+            if (description != change.description)
+                change.formerDescription = description;
+        }
         change.isPaid = paid.contains(change.code);
-        if (change.isNew || change.before != change.after)
+        if (change.isNew || change.before != change.after || !change.formerDescription.isEmpty())
             changes.append(change);
     }
     for (const TableRow &row : after)

@@ -10,8 +10,7 @@
 
 namespace saldoro {
 
-/** A cost item that only one of two budgets has, or that has another amount; another description
- *  alone is no change. */
+/** A cost item that only one of two budgets has, or that has another amount or description. */
 struct BudgetChange
 {
     QString code;
@@ -21,9 +20,10 @@ struct BudgetChange
     // Amounts; no value for a null or an item that is not there.
     std::optional<Currency> before = {};
     std::optional<Currency> after = {};
-    bool isPaid = false; ///< payments are allocated to it
+    bool isPaid = false;            ///< payments are allocated to it
+    QString formerDescription = {}; ///< where it is another one
 
-    /** "A1 (Scavi): da 1.000,00 a 1.200,00". */
+    /** "A1 (Scavi): da 1.000,00 a 1.200,00", "A1 (Ponti): era «Scavi», ed è già pagata". */
     QString text() const;
 };
 
