@@ -68,8 +68,8 @@ public:
 
     /** Whether the value is null or exactly what its field declares: a count of ten-thousandths; a
      *  whole number within the bounds of the field; a day as yyyy-MM-dd, in which other marks may
-     * stand for "-" and a time may follow, or the empty text. True in fields of other kinds. Throws
-     * nothing. */
+     *  stand for "-" and a time may follow, or the empty text. True in fields of other kinds.
+     *  Throws nothing. */
     bool isOfItsKind() const;
 
     /** The bytes of a stored text, also of a day; no value for a null, a number, and bytes that are

@@ -29,8 +29,8 @@ public:
 
     /** Appends a record with @p values in the order of the fields, and the rest from the record
      *  that was at the place @p former of the stored order, counted from 0; without one the file's
-     * defaults. Throws TypeMismatch, FieldTooSmall, ZeroLengthRefused, NullValue for a field that
-     * the file wants filled, NotStored, DiskFull. */
+     *  defaults. Throws TypeMismatch, FieldTooSmall, ZeroLengthRefused, NullValue for a field that
+     *  the file wants filled, NotStored, DiskFull. */
     void add(const QList<NewValue> &values, std::optional<qsizetype> former);
 
 private:

@@ -71,7 +71,7 @@ public:
     void setCell(qsizetype row, qsizetype column, const QString &text);
     /** Leaves rows out, or takes them in again if all of them are left out. The header and the rows
      *  above it stay what they are among other rows; alone they are taken in, which means that
-     * there is no header. */
+     *  there is no header. */
     void toggle(const QList<int> &rows);
 
     /** The rows that are taken; their lines are their numbers among rows(), from 1. */

@@ -16,7 +16,7 @@ RecordSet OpenAllocations(const Database &ledger, qint32 paymentNumber);
  */
 
 /** Writes an amount into the allocation of that cost item, which is added when the payment has
- * none. An added one gets the description, cut to LedgerSize::Descrizione; the others keep theirs.
+ *  none. An added one gets the description, cut to LedgerSize::Descrizione; the others keep theirs.
  */
 void SaveAllocation(RecordSet &allocations, qint32 paymentNumber, const QString &code,
                     const QString &description, Currency amount);
