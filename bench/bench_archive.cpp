@@ -5,7 +5,7 @@
 #include "platform/machine_path.h"
 #include "store/archive_paths.h"
 #include "store/code_map.h"
-#include "store/contract_codes.h"
+#include "store/contract_folders.h"
 #include "store/internal_codes.h"
 #include "store/mandate_note.h"
 

@@ -5,7 +5,7 @@
 #include "controls/flex_grid.h"
 #include "office/contract_list.h"
 #include "overview/frm_principale.h"
-#include "store/contract_codes.h"
+#include "store/contract_folders.h"
 
 #include <QApplication>
 #include <QEventLoop>

@@ -2,7 +2,7 @@
 #include "database_probe.h"
 #include "platform/progress.h"
 #include "sound_project.h"
-#include "store/contract_codes.h"
+#include "store/contract_folders.h"
 #include "store/listed_contract.h"
 #include "store/project_copy.h"
 

@@ -24,8 +24,9 @@ enum class MessageAnswer
 
 /**
  * Shows a modal message box under the application's title and waits for the answer. Esc or closing
- * the box answers No to a question. A key that was down before the box came answers nothing (see
- * IsKeyHeld). All message boxes are shown by this function, except PrintError()'s on Windows.
+ * the box answers No to a question; the underlined letters answer also without Alt. A key that was
+ * down before the box came answers nothing (see IsKeyHeld). All message boxes are shown by this
+ * function, except PrintError()'s on Windows.
  */
 MessageAnswer ShowMessage(MessageKind kind, const QString &text);
 

@@ -8,7 +8,7 @@
 #include "exchange/table_change.h"
 #include "platform/whole_file.h"
 #include "store/archive_paths.h"
-#include "store/contract_codes.h"
+#include "store/contract_folders.h"
 #include "store/project_open_mark.h"
 #include "verify/verification.h"
 

@@ -6,7 +6,7 @@
 #include "platform/registry.h"
 #include "store/archive_paths.h"
 #include "store/archives_root.h"
-#include "store/contract_codes.h"
+#include "store/contract_folders.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -3,7 +3,7 @@
 #include "common/amount_text.h"
 #include "common/date_text.h"
 #include "common/errors.h"
-#include "store/contract_codes.h"
+#include "store/contract_folders.h"
 #include "store/listed_contract.h"
 
 #include <QFileInfo>

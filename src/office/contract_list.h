@@ -14,7 +14,8 @@ namespace saldoro {
  * Fills a table with the contracts of an archive, a row each. The codes are there at once, the
  * figures follow while the event loop runs; if the codes are those of an earlier reading, its
  * figures stand until then. A locked contract is tried again after the others, until a moment has
- * passed since the reading began. Which folders are contracts: ContractCodes().
+ * passed since the reading began. Which folders are contracts, and which code a new one gets:
+ * store/contract_folders.
  */
 class ContractList : public QObject
 {

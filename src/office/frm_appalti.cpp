@@ -15,7 +15,7 @@
 #include "office/task.h"
 #include "platform/process.h"
 #include "store/archives_root.h"
-#include "store/contract_codes.h"
+#include "store/contract_folders.h"
 #include "store/project_copy.h"
 #include "store/project_open_mark.h"
 

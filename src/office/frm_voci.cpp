@@ -6,7 +6,7 @@
 #include "office/form_parts.h"
 #include "office/paste_table.h"
 #include "office/task.h"
-#include "store/contract_codes.h"
+#include "store/contract_folders.h"
 #include "store/project_open_mark.h"
 #include "verify/contract_checks.h"
 

@@ -6,7 +6,8 @@
 namespace saldoro {
 
 /*
- * The contracts of an archive and their codes, which are the names of their folders.
+ * The contracts of an archive and their codes, which are the names of their folders. The codes of
+ * items: store/internal_codes.
  */
 
 /** The folder of the contracts below an archives root, a path of the machine; it may be missing. */

@@ -1,4 +1,4 @@
-#include "store/contract_codes.h"
+#include "store/contract_folders.h"
 
 #include "common/characters.h"
 #include "platform/machine_path.h"
