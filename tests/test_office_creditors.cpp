@@ -112,9 +112,21 @@ private slots:
         form->show();
         QVERIFY(QTest::qWaitForWindowActive(form));
         Play(form, u"Alt+S"_s);
-        QCOMPARE(office.rows(u"00112"_s, u"Appalto.mdb"_s,
-                             u"SELECT Stringa, Link FROM SchedaProgetto"_s),
-                 u"Alfa|3"_s);
+        const QString stored = u"SELECT Stringa, Link FROM SchedaProgetto"_s;
+        QCOMPARE(office.rows(u"00112"_s, u"Appalto.mdb"_s, stored), u"Alfa|3"_s);
+        // One that the register lacks follows no pasted cell of its name.
+        BareFile(office.folder(u"00112"_s) + u"/Appalto.mdb"_s)
+            .rows(u"UPDATE SchedaProgetto SET Stringa = 'Zeta'"_s);
+        form = new FrmCreditori(office.project.archive.values(), nullptr);
+        form->show();
+        QVERIFY(QTest::qWaitForWindowActive(form));
+        QGuiApplication::clipboard()->setText(u"Zeta"_s);
+        Play(Find(*form, u"Imprese"_s), u"to Celle, Ctrl+V"_s);
+        Play(form, u"F2"_s);
+        Play(form, u"type Altra, Return, Alt+S"_s);
+        QCOMPARE(office.rows(u"00112"_s, u"Appalto.mdb"_s, stored), u"Zeta|3"_s);
+        QVERIFY(office.rows(u"00112"_s, u"AZIDB.mdb"_s, u"SELECT nominativo FROM Anag"_s)
+                    .contains(u"Altra"_s));
     }
 
     /** A number that anything still refers to is not given to another company, and what another

@@ -15,6 +15,7 @@
 #include <QSignalBlocker>
 #include <QTabWidget>
 
+#include <algorithm>
 #include <utility>
 
 namespace saldoro {
@@ -98,11 +99,7 @@ void FrmCreditori::showState()
     const GivenTable &pasted = m_companies.taken();
     for (qsizetype at = 0; at < pasted.rows.size(); ++at) {
         const QString name = TextOf(pasted.rows[at].first());
-        if (m_known.companies.contains(name, Qt::CaseInsensitive))
-            continue;
-        if (name == m_known.contractor)
-            m_contractor->setItemData(0, pasted.lines[at]);
-        else
+        if (name != m_known.contractor && !m_known.companies.contains(name, Qt::CaseInsensitive))
             m_contractor->addItem(name, pasted.lines[at]);
     }
     // The chosen company, by its row when its name is corrected; never another one.
@@ -124,10 +121,14 @@ bool FrmCreditori::hasChanges() const
 QString FrmCreditori::newContractor() const
 {
     const QString name = m_contractor->currentText();
-    const bool isCompany =
-        m_known.companies.contains(name) || m_contractor->currentData().toInt() > 0;
-    return name != m_known.contractor || (isCompany && !m_known.isContractorLinked) ? name
-                                                                                    : QString();
+    const auto isCompany = [&] {
+        return m_known.companies.contains(name) ||
+               std::ranges::any_of(m_companies.taken().rows, [&name](const TableRow &company) {
+                   return TextOf(company.first()) == name;
+               });
+    };
+    const bool isNew = name != m_known.contractor || (!m_known.isContractorLinked && isCompany());
+    return isNew ? name : QString();
 }
 
 void FrmCreditori::write()
