@@ -34,13 +34,11 @@ RecordSet recordsOf(const Database &database, const QString &table)
     return database.openRecordSet(u"SELECT * FROM "_s + table);
 }
 
-/** One more than the highest number in fields that are named "Table.Field". */
-qint32 nextNumber(const Database &database, const QStringList &fields)
+/** One more than the highest number in those fields, each behind its table. */
+qint32 nextNumber(const Database &database, const QList<std::pair<QString, QString>> &fields)
 {
     qint32 next = 1;
-    for (const QString &name : fields) {
-        const QString table = name.section(u'.', 0, 0);
-        const QString field = name.section(u'.', 1);
+    for (const auto &[table, field] : fields) {
         for (RecordSet records = recordsOf(database, table); !records.eof(); records.moveNext()) {
             const qint32 number =
                 records.field(field).isNull() ? 0 : records.field(field).integer();
@@ -68,8 +66,10 @@ qint32 companyNumber(const Database &database, const QString &name, const NewVal
     if (!companies.noMatch())
         return companies.field(u"ID"_s).integer();
     // Also of companies that are gone: what still refers to them would be the new one's.
-    const qint32 number = nextNumber(
-        database, {u"Anag.ID"_s, u"Partecip.AnagRel"_s, u"Manda.AnagRel"_s, u"Manda.AnagPar"_s});
+    const qint32 number = nextNumber(database, {{u"Anag"_s, u"ID"_s},
+                                                {u"Partecip"_s, u"AnagRel"_s},
+                                                {u"Manda"_s, u"AnagRel"_s},
+                                                {u"Manda"_s, u"AnagPar"_s}});
     add(companies, {{u"ID"_s, number}, {u"nominativo"_s, name}, {u"TipImprese"_s, kind}});
     return number;
 }
@@ -93,8 +93,8 @@ void addCompanies(const Database &database, const TableRows &rows)
                       membersOf(row).isEmpty() ? NewValue() : AssociationKind.toString());
     for (const TableRow &row : rows) {
         const qint32 number = companyNumber(database, TextOf(row.first()));
-        add(participants,
-            {{u"Nord"_s, nextNumber(database, {u"Partecip.Nord"_s})}, {u"AnagRel"_s, number}});
+        add(participants, {{u"Nord"_s, nextNumber(database, {{u"Partecip"_s, u"Nord"_s}})},
+                           {u"AnagRel"_s, number}});
         for (const QString &member : membersOf(row))
             add(principals,
                 {{u"AnagPar"_s, number}, {u"AnagRel"_s, companyNumber(database, member)}});
