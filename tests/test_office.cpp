@@ -6,6 +6,7 @@
 #include "office/form_parts.h"
 #include "office/frm_appalti.h"
 #include "office/frm_controllo.h"
+#include "office/frm_voci.h"
 #include "store/project_open_mark.h"
 
 #include <QFileDialog>
@@ -118,6 +119,13 @@ private slots:
         Play(&form, u"to Elenco, Return"_s);
         QVERIFY(office.messages.takeLast().contains(u"è cambiata nel frattempo"_s));
         QCOMPARE(Find<FlexGrid>(form, u"Elenco"_s)->table().rows(), 1);
+        // Where there are no archives, their disk may not be there.
+        for (const bool isWanted : {false, true}) {
+            office.answer = isWanted ? MessageAnswer::Yes : MessageAnswer::No;
+            Play(&form, u"to Elenco, Alt+N"_s);
+            QVERIFY(office.messages.takeLast().contains(u"non ci sono archivi"_s));
+            QCOMPARE(form.findChild<FrmVoci *>() != nullptr, isWanted);
+        }
     }
 
     /** A contract that is gone for a while, as on a disk in the network, gives way to no other. */
@@ -164,7 +172,7 @@ private slots:
         QVERIFY(findings->item(0)->text().startsWith(u"Pagamento 2"_s));
         {
             const ProjectOpenMark saldoro(office.folder(u"00112"_s));
-            Play(check, u"to Data, type 01022020, click Imposta"_s);
+            Play(check, u"to Data, type 1/2/20, click Imposta"_s);
             QVERIFY(office.messages.takeLast().contains(u"L'appalto è aperto in Saldoro."_s));
         }
         Play(check, u"click Imposta"_s);

@@ -13,6 +13,7 @@
 #include "office/frm_creditori.h"
 #include "office/frm_voci.h"
 #include "office/task.h"
+#include "platform/machine_path.h"
 #include "platform/process.h"
 #include "store/archives_root.h"
 #include "store/contract_folders.h"
@@ -25,6 +26,7 @@
 #include <QDir>
 #include <QEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QUrl>
@@ -139,8 +141,8 @@ void FrmAppalti::load()
 {
     try {
         m_place->setText(
-            QDir::toNativeSeparators(root()) +
-            (StoredArchivesRoot() ? QString() : u" (proposta: nasce con il primo appalto)"_s));
+            QDir::toNativeSeparators(MachinePath(root() + u'\\')) +
+            (UsedArchivesRoot() ? QString() : u" (proposta: nasce con il primo appalto)"_s));
         m_place->setToolTip(m_place->text()); // whole, where the field shows a part
         m_none = QFileInfo(ContractsFolder(root())).isReadable()
                      ? u"Nessun appalto."_s
@@ -168,8 +170,8 @@ void FrmAppalti::showState(int done, int all)
 
 QString FrmAppalti::root() const
 {
-    const auto stored = StoredArchivesRoot();
-    return stored ? *stored : ArchivesRootOf(ProposedArchivesRoot());
+    const auto used = UsedArchivesRoot();
+    return used ? *used : ArchivesRootOf(ProposedArchivesRoot());
 }
 
 QString FrmAppalti::currentFolder() const
@@ -192,11 +194,11 @@ void FrmAppalti::chooseFolder()
     if (folder.isEmpty())
         return;
     const QString chosen = ArchivesRootOf(folder);
-    const auto stored = StoredArchivesRoot();
-    if (stored && *stored != chosen &&
+    const auto used = UsedArchivesRoot();
+    if (used && *used != chosen &&
         !ChiediConferma(u"La cartella degli archivi vale per Saldoro e per tutti i programmi che "
                         "usano gli stessi archivi: cercheranno gli appalti in «%1» e non più in "
-                        "«%2». Cambiarla?"_s.arg(chosen, *stored)))
+                        "«%2». Cambiarla?"_s.arg(chosen, MachinePath(*used + u'\\'))))
         return;
     StoreArchivesRoot(chosen);
     load();
@@ -206,7 +208,7 @@ void FrmAppalti::openContract()
 {
     if (m_contracts->currentCode().isEmpty())
         return;
-    if (!StoredArchivesRoot())
+    if (!UsedArchivesRoot())
         StoreArchivesRoot(root());
     if (root() != m_contracts->root()) { // where Saldoro would look for the contract
         load();
@@ -218,11 +220,17 @@ void FrmAppalti::openContract()
 
 void FrmAppalti::createContract()
 {
-    auto *form = new FrmVoci(ArchivesRootOf(root()), {}, this);
-    connect(form, &FrmVoci::written, this, [this](const QString &code) {
+    const QString where = root();
+    if (UsedArchivesRoot() && !QFileInfo::exists(ContractsFolder(where)) &&
+        !ChiediConferma(u"In «%1» non ci sono archivi. Se stanno su un disco che non è collegato, "
+                        "rispondere No e collegarlo. Cominciare qui un archivio nuovo?"_s.arg(
+                            MachinePath(where + u'\\'))))
+        return;
+    auto *form = new FrmVoci(ArchivesRootOf(where), {}, this);
+    connect(form, &FrmVoci::written, this, [this, where](const QString &code) {
         load();
         m_contracts->setCurrentCode(code);
-        if (m_contracts->currentCode() == code)
+        if (root() == where && m_contracts->currentCode() == code)
             Attempt([this] { openContract(); });
     });
     BringToFront(*form);

@@ -3,8 +3,10 @@
 #include "common/errors.h"
 #include "platform/machine_path.h"
 #include "platform/registry.h"
+#include "store/archive_paths.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace saldoro {
@@ -20,6 +22,14 @@ QString ArchivesRootSetting()
 std::optional<QString> StoredArchivesRoot()
 {
     return ReadRegistryValue(SettingsKey.toString(), ArchiveRootValue.toString());
+}
+
+std::optional<QString> UsedArchivesRoot()
+{
+    auto root = StoredArchivesRoot();
+    if (!root && QFileInfo(MachinePath(ArchiveFolders::Appalti.toString())).isDir())
+        root = QString();
+    return root;
 }
 
 QString ProposedArchivesRoot()

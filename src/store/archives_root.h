@@ -23,6 +23,10 @@ QString ArchivesRootSetting();
  *  can't be read. */
 std::optional<QString> StoredArchivesRoot();
 
+/** The archives root in use: as it is set, or else empty, which is the root of the disk, when
+ *  archives lie there; no value when there are none. Throws FileError as StoredArchivesRoot(). */
+std::optional<QString> UsedArchivesRoot();
+
 /** Where the archives of an office without the suite are proposed to lie: a folder among the user's
  *  documents, which may not be there yet. */
 QString ProposedArchivesRoot();
