@@ -41,7 +41,10 @@ private:
             PlantItems(*sound, u"('A1','Scavi',90000000),('B2','Ponti',NULL)"_s,
                        u"(1,'A1',1220000),(2,'A1',600000),(2,'B2',15000)"_s);
             sound->execute(ContractPath(sound->values()),
-                           u"INSERT INTO SchedaProgetto (Voce, Link) VALUES ('D0101', 4)"_s);
+                           u"INSERT INTO SchedaProgetto (Voce, Stringa, Link) VALUES ('D0101', "
+                           "'Edil Valle', 4)"_s);
+            sound->execute(CompaniesPath(sound->values()),
+                           u"INSERT INTO Anag VALUES (4, 'Edil Valle', '')"_s);
             PlantPayments(*sound, "('A',1,'Edil Valle','2020-01-31',1000000,220000,77),"
                                   "('P',2,'Ing. Po','2020-02-01',500000,110000,5000)");
             sound->execute(LedgerPath(sound->values()),

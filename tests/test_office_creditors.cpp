@@ -28,8 +28,8 @@ private slots:
         BareFile(contract).rows(u"INSERT INTO SchedaProgetto (Voce, Funzione, Stringa) VALUES "
                                 "('I01', 17, 'Ing. Po')"_s);
         BareFile(office.folder(u"00112"_s) + u"/AZIDB.mdb"_s)
-            .rows(u"INSERT INTO Anag VALUES (4, 'Edil Valle', 'x'), (2, 'Ada', 'x'), (NULL, "
-                  "'Senza', 'x'); INSERT INTO Partecip VALUES (1, 4)"_s);
+            .rows(
+                u"INSERT INTO Anag VALUES (2, 'Ada', 'x'), (NULL, 'Senza', 'x'); INSERT INTO Partecip VALUES (1, 4)"_s);
         FrmAppalti form;
         form.show();
         QVERIFY(QTest::qWaitForWindowActive(&form));
@@ -55,7 +55,7 @@ private slots:
         QTRY_VERIFY(!list);
         QCOMPARE(office.rows(u"00112"_s, u"AZIDB.mdb"_s,
                              u"SELECT * FROM Anag; SELECT * FROM Partecip; SELECT * FROM Manda"_s),
-                 u"4|Edil Valle|x\n2|Ada|x\n-|Senza|x\n5|ATI Po|ATI\n6|Nova "
+                 u"4|Edil Valle|\n2|Ada|x\n-|Senza|x\n5|ATI Po|ATI\n6|Nova "
                  u"srl|ATI\n7|Uno|-\n1|4\n2|5\n3|6\n"
                  "4|2\n5|4\n5|6\n6|7"_s);
         QCOMPARE(office.rows(u"00112"_s, u"Appalto.mdb"_s,
@@ -69,11 +69,8 @@ private slots:
     void chosenContractor()
     {
         ContractsArchive office;
-        const QString folder = office.folder(u"00112"_s);
-        BareFile(folder + u"/Appalto.mdb"_s)
-            .rows(u"UPDATE SchedaProgetto SET Stringa = 'Edil Valle'"_s);
-        BareFile(folder + u"/AZIDB.mdb"_s)
-            .rows(u"INSERT INTO Anag VALUES (3, 'Alfa', 'x'), (4, 'Edil Valle', 'x')"_s);
+        BareFile(office.folder(u"00112"_s) + u"/AZIDB.mdb"_s)
+            .rows(u"INSERT INTO Anag VALUES (3, 'Alfa', 'x')"_s);
         FrmCreditori form(office.project.archive.values(), nullptr);
         form.setAttribute(Qt::WA_DeleteOnClose, false);
         form.show();
@@ -100,20 +97,24 @@ private slots:
         }
     }
 
-    /** A contractor of the register that has no link to it gets one, though its name stays. */
+    /** A contractor of the register that is not linked to it, or to another company, gets its link,
+     *  though its name stays. */
     void contractorWithoutLink()
     {
         ContractsArchive office;
-        BareFile(office.folder(u"00112"_s) + u"/Appalto.mdb"_s)
-            .rows(u"UPDATE SchedaProgetto SET Stringa = 'Alfa', Link = NULL"_s);
         BareFile(office.folder(u"00112"_s) + u"/AZIDB.mdb"_s)
             .rows(u"INSERT INTO Anag VALUES (3, 'Alfa', 'x')"_s);
-        auto *form = new FrmCreditori(office.project.archive.values(), nullptr);
-        form->show();
-        QVERIFY(QTest::qWaitForWindowActive(form));
-        Play(form, u"Alt+S"_s);
         const QString stored = u"SELECT Stringa, Link FROM SchedaProgetto"_s;
-        QCOMPARE(office.rows(u"00112"_s, u"Appalto.mdb"_s, stored), u"Alfa|3"_s);
+        FrmCreditori *form = nullptr;
+        for (const QString &link : {u"NULL"_s, u"0"_s, u"4"_s, u"9"_s}) {
+            BareFile(office.folder(u"00112"_s) + u"/Appalto.mdb"_s)
+                .rows(u"UPDATE SchedaProgetto SET Stringa = 'Alfa', Link = "_s + link);
+            form = new FrmCreditori(office.project.archive.values(), nullptr);
+            form->show();
+            QVERIFY(QTest::qWaitForWindowActive(form));
+            Play(form, u"Alt+S"_s);
+            QCOMPARE(office.rows(u"00112"_s, u"Appalto.mdb"_s, stored), u"Alfa|3"_s);
+        }
         // One that the register lacks follows no pasted cell of its name.
         BareFile(office.folder(u"00112"_s) + u"/Appalto.mdb"_s)
             .rows(u"UPDATE SchedaProgetto SET Stringa = 'Zeta'"_s);
@@ -139,7 +140,8 @@ private slots:
         const TableRows rows{{u"Nuova"_s, NewValue()}};
         AddCreditors(values, rows, {}, {});
         const QString stored = u"SELECT * FROM Anag; SELECT * FROM Partecip"_s;
-        QCOMPARE(project.archive.rows(project.path(u'A'), stored), u"10|Nuova|-\n1|10"_s);
+        QCOMPARE(project.archive.rows(project.path(u'A'), stored),
+                 u"4|Edil Valle|\n10|Nuova|-\n1|10"_s);
         const auto before = ContentsOf(project.folder());
         QVERIFY_THROWS_EXCEPTION(SaldoroError, AddCreditors(values, rows, {}, {}));
         QCOMPARE(ContentsOf(project.folder()), before);

@@ -156,7 +156,20 @@ void TestVerify::finds()
         "Appalto.mdb, tabella SchedaProgetto: il prossimo salvataggio si fermerà qui: Una regola");
     add("C", "UPDATE SchedaProgetto SET Link = NULL", "Appaltatore (voce D0101): manca il coll");
     add("C", "UPDATE SchedaProgetto SET Link = 0", "Appaltatore (voce D0101): non è collegato");
+    add("C", "UPDATE SchedaProgetto SET Link = 5",
+        "Appaltatore (voce D0101): il collegamento (Link) 5 non porta");
+    add("C", "UPDATE SchedaProgetto SET Stringa = 'Alfa'",
+        "Appaltatore (voce D0101): si chiama «Alfa», ma il suo collegamento (Link) porta "
+        "all'impresa «Edil Valle»");
     add("C", "DELETE FROM SchedaProgetto", "");
+    add("A",
+        "INSERT INTO Anag VALUES (4, 'Beta', ''), (7, 'Gamma', ''), (NULL, '', ''), (NULL, '', '');"
+        "INSERT INTO Partecip VALUES (1, 4), (2, 5), (3, NULL);"
+        "INSERT INTO Manda VALUES (4, 7), (4, 6), (8, 7)",
+        "Anag, riga 2: il numero (ID) 4 è già di un'altra impresa\n"
+        "Partecip, riga 2: nessuna impresa ha il numero (AnagRel) 5\n"
+        "Manda, riga 2: nessuna impresa ha il numero (AnagRel) 6\n"
+        "Manda, riga 3: nessuna impresa ha il numero (AnagPar) 8");
     add("K",
         "UPDATE Funzioni SET CodExt = 'Q''1' WHERE CodInt = 'DA1'; UPDATE Funzioni SET Desc = NULL "
         "WHERE CodInt IN ('P99', 'QS1A'); DELETE FROM Funzioni WHERE CodInt IN ('P98P', 'QS1P')",

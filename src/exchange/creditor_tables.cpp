@@ -5,10 +5,12 @@
 #include "exchange/made_files.h"
 #include "store/archive_paths.h"
 #include "store/code_map.h"
+#include "store/contract_folders.h"
 #include "store/contract_sheet.h"
 #include "store/contractor_and_principals.h"
 #include "store/creditor_search.h"
 #include "store/internal_codes.h"
+#include "store/project_open_mark.h"
 
 #include <algorithm>
 #include <limits>
@@ -141,14 +143,27 @@ const ExchangedTable &ProfessionalList()
     return table;
 }
 
-QList<CellFault> RepeatedNames(const TableRows &rows, const QStringList &known)
+QList<CellFault> NameFaults(const TableRows &rows, const QStringList &known)
 {
+    // What lists have above the names, and nobody is called.
+    static const QStringList headings{u"Appaltatore"_s,    u"Azienda"_s,
+                                      u"Cognome"_s,        u"Cognome e nome"_s,
+                                      u"Nome e cognome"_s, u"Cognome nome"_s,
+                                      u"Nome cognome"_s,   u"Creditore"_s,
+                                      u"Denominazione"_s,  u"Ditta"_s,
+                                      u"Impresa"_s,        u"Imprese"_s,
+                                      u"Nominativo"_s,     u"Operatore economico"_s,
+                                      u"Professionista"_s, u"Professionisti"_s,
+                                      u"Ragione sociale"_s};
     std::set<QString, TextOrder> names(known.begin(), known.end());
     QList<CellFault> faults;
     for (int row = 1; row <= rows.size(); ++row) {
         const QString name = TextOf(rows[row - 1].first());
         if (!names.insert(name).second)
             faults.append({row, u"Nome"_s, u"«%1» c'è già."_s.arg(name)});
+        if (headings.contains(name, Qt::CaseInsensitive))
+            faults.append(
+                {row, u"Nome"_s, u"«%1» intitola una colonna: tralasciare la riga."_s.arg(name)});
     }
     return faults;
 }
@@ -156,7 +171,7 @@ QList<CellFault> RepeatedNames(const TableRows &rows, const QStringList &known)
 QList<CellFault> CompanyFaults(const TableRows &rows, const KnownCreditors &known)
 {
     const std::set<QString, TextOrder> registered(known.companies.begin(), known.companies.end());
-    QList<CellFault> faults = RepeatedNames(rows, known.participants);
+    QList<CellFault> faults = NameFaults(rows, known.participants);
     for (int row = 1; row <= rows.size(); ++row) {
         const QString name = TextOf(rows[row - 1].first());
         const QStringList members = membersOf(rows[row - 1]);
@@ -180,6 +195,11 @@ QList<CellFault> CompanyFaults(const TableRows &rows, const KnownCreditors &know
 KnownCreditors ReadCreditors(const ProgramValues &values)
 {
     KnownCreditors known;
+    const QString item = CodiceEsterno(values, InternalCode::Contractor);
+    RecordSet sheet = OpenContractSheet(values);
+    const bool hasContractor = FindItem(sheet, item);
+    if (hasContractor)
+        known.contractor = sheet.field(u"Stringa"_s).textOrEmpty();
     RecordSet companies = recordsOf(Database::open(CompaniesPath(values)), u"Anag"_s);
     for (; !companies.eof(); companies.moveNext()) {
         const QString name = companies.field(u"nominativo"_s).textOrEmpty();
@@ -192,21 +212,19 @@ KnownCreditors ReadCreditors(const ProgramValues &values)
         known.members.append(
             isNumbered ? Principals(values, companies.field(u"ID"_s).integer()).join(u"; "_s)
                        : QString());
+        if (hasContractor && isNumbered && AreEqualTexts(name, known.contractor) &&
+            sheet.field(u"Link"_s).textOrEmpty() == companies.field(u"ID"_s).text())
+            known.isContractorLinked = true;
     }
     known.participants = ParticipatingCompanies(values, {});
     known.professionals = ProfessionalCreditors(values);
-    const QString item = CodiceEsterno(values, InternalCode::Contractor);
-    RecordSet sheet = OpenContractSheet(values);
-    if (FindItem(sheet, item)) {
-        known.contractor = sheet.field(u"Stringa"_s).textOrEmpty();
-        known.isContractorLinked = !sheet.field(u"Link"_s).isNull();
-    }
     return known;
 }
 
 QStringList AddCreditors(const ProgramValues &values, const TableRows &companies,
                          const TableRows &professionals, const QString &contractor)
 {
+    RequireClosed(ContractFolder(values.ArchiveRoot, values.ProjectCode));
     for (const QString &path : {ContractPath(values), CompaniesPath(values)})
         Database::requirePlainJournal(path);
     const Database contract = Database::open(ContractPath(values));
@@ -214,7 +232,7 @@ QStringList AddCreditors(const ProgramValues &values, const TableRows &companies
     Transaction transaction(contract);
     const KnownCreditors known = ReadCreditors(values);
     if (!CompanyFaults(companies, known).isEmpty() ||
-        !RepeatedNames(professionals, known.professionals).isEmpty())
+        !NameFaults(professionals, known.professionals).isEmpty())
         throw SaldoroError(u"Imprese e professionisti sono cambiati nel frattempo."_s,
                            u"Chiudere questa finestra e aprirla di nuovo."_s);
     MadeFiles copies;

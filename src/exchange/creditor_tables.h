@@ -28,14 +28,14 @@ struct KnownCreditors
     QStringList participants; ///< the companies that take part in the procedure
     QStringList professionals;
     QString contractor;              ///< empty for none
-    bool isContractorLinked = false; ///< to a company, by whatever number
+    bool isContractorLinked = false; ///< to a company of its name
 };
 
-/** Names that are among @p known or stand twice among @p rows, whatever their letter case; a
- *  fault's line is the row's number, from 1. */
-QList<CellFault> RepeatedNames(const TableRows &rows, const QStringList &known);
+/** Names that are among @p known or stand twice among @p rows, whatever their letter case, and
+ *  headings of lists such as "Ragione sociale"; a fault's line is the row's number, from 1. */
+QList<CellFault> NameFaults(const TableRows &rows, const QStringList &known);
 
-/** RepeatedNames() of companies, the known ones being those that take part. It is also a fault if a
+/** NameFaults() of companies, the known ones being those that take part. It is also a fault if a
  *  member stands twice in its row or is the association itself, and if a company that is in the
  *  register already, where it stays what it is, is given members. */
 QList<CellFault> CompanyFaults(const TableRows &rows, const KnownCreditors &known);
@@ -52,10 +52,10 @@ KnownCreditors ReadCreditors(const ProgramValues &values);
  * in the procedure. Professionals get the first free items I01, I02...
  *
  * All or nothing, in one transaction over both databases; copies are made beside both first.
- * Returns the copies' paths. Throws SaldoroError when CompanyFaults() of the companies or
- * RepeatedNames() of the professionals find something by now; DatabaseError, FieldTooSmall when
- * there is no higher number; and FileError, also for a database without a plain journal. Then
- * nothing is changed, and there are no copies.
+ * Returns the copies' paths. Throws SaldoroError while any program has the project open, and when
+ * CompanyFaults() of the companies or NameFaults() of the professionals find something by now;
+ * DatabaseError, FieldTooSmall when there is no higher number; and FileError, also for a database
+ * without a plain journal. Then nothing is changed, and there are no copies.
  */
 QStringList AddCreditors(const ProgramValues &values, const TableRows &companies,
                          const TableRows &professionals, const QString &contractor);

@@ -4,9 +4,6 @@
 #include "office/form_parts.h"
 #include "office/paste_table.h"
 #include "office/task.h"
-#include "platform/machine_path.h"
-#include "store/archive_paths.h"
-#include "store/project_open_mark.h"
 
 #include <QBoxLayout>
 #include <QCloseEvent>
@@ -30,7 +27,7 @@ FrmCreditori::FrmCreditori(ProgramValues values, QWidget *parent)
                   [this](const TableRows &rows) { return CompanyFaults(rows, m_known); })
     , m_professionals(
           ProfessionalList(),
-          [this](const TableRows &rows) { return RepeatedNames(rows, m_known.professionals); })
+          [this](const TableRows &rows) { return NameFaults(rows, m_known.professionals); })
     , m_contractor(new ChoiceBox)
     , m_write(MakeButton(u"Scrivi"_s, u"&Salva"_s,
                          u"Aggiunge imprese e professionisti all'appalto"_s, [this] { write(); }))
@@ -133,7 +130,6 @@ QString FrmCreditori::newContractor() const
 
 void FrmCreditori::write()
 {
-    RequireClosed(MachinePath(ProjectFolder(m_values)));
     const QStringList copies = AddCreditors(m_values, m_companies.taken().rows,
                                             m_professionals.taken().rows, newContractor());
     ShowMessage(

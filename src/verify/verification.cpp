@@ -110,8 +110,9 @@ Findings Verification::findings() const
 {
     Findings findings = m_ofFiles;
     const CheckedProject project(m_tables);
-    for (const auto &check : {CheckValues, CheckCodes, CheckContractor, CheckRepeated, CheckBudget,
-                              CheckItems, CheckPayments, CheckNumbering, CheckAllocatedTotals}) {
+    for (const auto &check :
+         {CheckValues, CheckCodes, CheckContractor, CheckCompanies, CheckRepeated, CheckBudget,
+          CheckItems, CheckPayments, CheckNumbering, CheckAllocatedTotals}) {
         const Progress step(u"Controllo"_s);
         check(project, findings);
     }
