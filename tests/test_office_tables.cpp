@@ -1,5 +1,6 @@
 #include "contracts_archive.h"
 #include "controls/flex_grid.h"
+#include "exchange/budget_changes.h"
 #include "file_content.h"
 #include "form_driver.h"
 #include "office/frm_appalti.h"
@@ -254,6 +255,8 @@ private slots:
         QCOMPARE(office.rows(u"00112"_s, u"Appalto.mdb"_s, budget),
                  u"A1|Scavi|95000000\nC3|Tetti|10000"_s);
         QVERIFY(office.messages.last().contains(u"Appalto copia"_s));
+        QFile::remove(office.folder(u"00112"_s) + u"/Saldoro.mdb"_s); // never opened: unpaid
+        QVERIFY(!CompareBudget(office.folder(u"00112"_s), {}).first().isPaid);
     }
 };
 

@@ -96,6 +96,8 @@ private slots:
             "Codice\tDescrizione\tQuantità\tTotale\nA1\tScavi\t10\t5.000,00",
             "s intestazione\n! manca Importo.\n= 0,00\nManca la colonna Importo: indicarla qui "
             "sopra.");
+        add("an item that is spelt like a header", "COD3\tImprevisti\t100,00\nA1\tScavi\t5",
+            "COD3|Imprevisti|100,00\nA1|Scavi|5,00\n= 105,00 pronto");
         add("semicolons for tabs", "A1;\"Scavi; e muri\";5,00\n",
             "A1|Scavi; e muri|5,00\n= 5,00 pronto");
         add("one column", "A1\nA2",
@@ -166,7 +168,9 @@ private slots:
                  {"edil valle\t", "«edil valle» c'è già."},
                  {"uno\t", ""},
                  {"Tre\t", ""},
-                 {"TRE\t", "«TRE» c'è già."}}) {
+                 {"TRE\t", "«TRE» c'è già."},
+                 {"ragione sociale\t",
+                  "«ragione sociale» intitola una colonna: tralasciare la riga."}}) {
             cells.append(QString::fromUtf8(row));
             expected.append(QString::fromUtf8(reason));
         }
@@ -181,6 +185,8 @@ private slots:
         cells[5] += u"Due"_s; // which does not make it an association
         expected[5] = u"«uno» è già in archivio e resta com'è: togliere le mandanti."_s;
         QCOMPARE(reasons(), expected);
+        pasted.setText(u"Cognome\tNome\nPo\tAda"_s);
+        QVERIFY(pasted.remark().startsWith(u"Nome può essere «2. Nome» o «1. Cognome»"_s));
     }
 
     /** Several rows go and come back together, whatever they were, and the header stays out. */

@@ -67,9 +67,8 @@ public:
     QString textOrEmpty() const { return PlainText(*m_value, m_field->type); }
 
     /** Whether the value is null or exactly what its field declares: a count of ten-thousandths; a
-     *  whole number within the bounds of the field; a day as yyyy-MM-dd, in which other marks may
-     *  stand for "-" and a time may follow, or the empty text. True in fields of other kinds.
-     *  Throws nothing. */
+     *  whole number within the bounds of the field; a day as yyyy-MM-dd, which a time may follow,
+     *  or the empty text. True in fields of other kinds. Throws nothing. */
     bool isOfItsKind() const;
 
     /** The bytes of a stored text, also of a day; no value for a null, a number, and bytes that are
@@ -87,7 +86,8 @@ public:
      */
     qint32 integer() const;
 
-    /** The day of a date field; an invalid QDate for the empty text that some date fields hold. */
+    /** The day of a date field, also with other marks than "-"; an invalid QDate for the empty text
+     * that some date fields hold. */
     QDate date() const;
     /** As date(), a null or anything that is no date giving an invalid QDate. */
     QDate dateOrNone() const;

@@ -3,6 +3,7 @@
 #include "common/amount_text.h"
 #include "common/characters.h"
 #include "database/text_order.h"
+#include "platform/machine_path.h"
 #include "store/archive_paths.h"
 
 #include <algorithm>
@@ -80,8 +81,10 @@ QList<BudgetChange> CompareBudget(const QString &projectFolder, const TableRows 
 {
     const auto stored = [&projectFolder](const QString &name) {
         const ExchangedTable &table = *TableNamed(name);
-        return StoredRows(Database::open(ArchiveFilePath(table.archive, projectFolder)),
-                          table.definition);
+        const QString path = ArchiveFilePath(table.archive, projectFolder);
+        return table.archive == ArchiveFile::Ledger && !IsTaken(path) // never opened in Saldoro
+                   ? TableRows()
+                   : StoredRows(Database::open(path), table.definition);
     };
     return BudgetChanges(stored(u"UltimaPerVariante"_s), budget, stored(u"Spese"_s));
 }

@@ -10,7 +10,8 @@
 
 namespace saldoro {
 
-/** A cost item that only one of two budgets has, or that has another amount or description. */
+/** A cost item that only one of two budgets has, or that has another amount or another
+ *  description than the one it had. */
 struct BudgetChange
 {
     QString code;
@@ -37,7 +38,8 @@ QList<BudgetChange> BudgetChanges(const TableRows &before, const TableRows &afte
                                   const TableRows &allocations);
 
 /** As BudgetChanges(), from what the project in @p projectFolder (of the machine) holds to
- *  @p budget; writes nothing. Throws DatabaseError, and what the watcher of Progress throws. */
+ *  @p budget; writes nothing. A ledger that is not there yet counts as empty. Throws DatabaseError,
+ * and what the watcher of Progress throws. */
 QList<BudgetChange> CompareBudget(const QString &projectFolder, const TableRows &budget);
 
 } // namespace saldoro

@@ -1,6 +1,7 @@
 #include "exchange/header_row.h"
 
 #include "common/characters.h"
+#include "exchange/cell_values.h"
 
 #include <algorithm>
 
@@ -12,6 +13,11 @@ namespace {
 
 /** What the heading of a column of codes begins with, in any letter case. */
 const QLatin1StringView codeHeading("cod");
+
+bool isAmount(const QString &cell)
+{
+    return AmountOf(cell, Notation::Italian) || AmountOf(cell, Notation::International);
+}
 
 /** The columns that a row names; those of needed fields also by names much like theirs. */
 CellColumns columnsOf(const CellRow &row, qsizetype firstRow, const ExchangedTable &table)
@@ -70,7 +76,8 @@ bool MayMean(const QString &name, const QString &field)
 {
     constexpr qsizetype sameLetters = 3;
     return name.startsWith(field.first(std::min(sameLetters, field.size())), Qt::CaseInsensitive) ||
-           (field == "Voce"_L1 && name.startsWith(codeHeading, Qt::CaseInsensitive));
+           (field == "Voce"_L1 && name.startsWith(codeHeading, Qt::CaseInsensitive)) ||
+           (field == "Nome"_L1 && name.endsWith(field, Qt::CaseInsensitive)); // "Cognome"
 }
 
 CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table)
@@ -95,7 +102,10 @@ CellColumns GuessColumns(const QList<CellRow> &rows, const ExchangedTable &table
     const bool isSure = columns.missing.isEmpty() && columns.guesses.isEmpty();
     if (columns.firstRow == 0 || (found == 1 && !isSure))
         return {};
-    tellCodeFromItem(columns, rows[columns.firstRow - 1].cells, table);
+    const QStringList &header = rows[columns.firstRow - 1].cells;
+    if (!columns.guesses.isEmpty() && std::ranges::any_of(header, isAmount))
+        return {}; // an item such as "COD3, Imprevisti, 100,00"
+    tellCodeFromItem(columns, header, table);
     return columns;
 }
 

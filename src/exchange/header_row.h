@@ -47,7 +47,8 @@ inline constexpr qsizetype MostHeaderRows = 20; ///< that are looked at
 /** As FindColumns(), for a header that was not written for this program. Where another column is
  *  headed for the code, "Voce" means the description; `missing`, `unknown` and `guesses` leave
  *  this out of account. A row that names a single needed field may be one of values: it counts as
- *  a header only when the table needs one field and the name is exact. */
+ *  a header only when the table needs one field and the name is exact. One that names fields by
+ *  guess and has an amount is one of values, too. */
 CellColumns GuessColumns(const QList<CellRow> &rows, const ExchangedTable &table);
 
 } // namespace saldoro

@@ -73,6 +73,7 @@ void FrmControllo::check()
 
 void FrmControllo::setDay()
 {
+    m_day->settle();
     const QString copy = SetPaymentValues(ArchiveFilePath(ArchiveFile::Ledger, m_folder),
                                           {m_payments->currentText(), u"Del"_s, m_day->text()});
     ShowMessage(MessageKind::Information,
