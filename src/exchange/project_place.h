@@ -16,7 +16,7 @@ struct ProjectPlace
  *  for any other folder. */
 ProjectPlace ProjectPlaceOf(const QString &folder);
 
-/** Makes the place's root the archives root when none is set yet. Returns what to tell the
+/** Makes the place's root the archives root when none is in use yet. Returns what to tell the
  *  user: what was set, and how to open the project unless another root is set. Throws FileError. */
 QString AdoptArchivesRoot(const ProjectPlace &place);
 
