@@ -37,8 +37,12 @@ void TestImport::comesIn()
     for (const auto &[file, rows] : cases) {
         const Office office;
         office.put(u"ultimaPERvariante"_s, file);
-        WriteFile(office.csv() + u"/appunti.txt"_s, "x");
+        for (const QString &other :
+             {u"appunti.txt"_s, u"spese.csv.txt"_s, u"UltimaPerVariante.ods"_s})
+            WriteFile(office.csv() + u'/' + other, "x");
         const QString said = office.import();
+        QCOMPARE(said.count(u"non è stato letto"_s), 1);
+        QVERIFY(said.contains(u"spese.csv.txt: non è stato letto"_s));
         QVERIFY2(said.contains(u"UltimaPerVariante: "_s), qPrintable(said));
         QCOMPARE(office.rows(ArchiveFile::Contract,
                              u"SELECT Voce, Descri, Importo FROM UltimaPerVariante"_s),

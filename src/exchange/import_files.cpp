@@ -19,9 +19,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** The CSV files of a folder by the table that each is for. */
-std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, Findings &errors)
+/** The CSV files of a folder by the table that each is for. Errors and warnings about others go to
+ *  @p outcome. */
+std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, ImportOutcome &outcome)
 {
+    Findings &errors = outcome.errors;
     std::map<const ExchangedTable *, QString> paths;
     // What has the name and is no file, such as a link to what is missing, is told when it is read.
     constexpr auto any = QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot;
@@ -32,6 +34,13 @@ std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, Findin
         else if (!paths.try_emplace(table, file.filePath()).second)
             errors.append(
                 LineFinding(file.fileName() + u": un altro file è per la stessa tabella."_s));
+    }
+    for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files)) {
+        const ExchangedTable *table = TableNamed(file.baseName()); // of "Spese.csv.txt", too
+        const bool isOther = file.suffix().compare("csv"_L1, Qt::CaseInsensitive) != 0;
+        if (table != nullptr && isOther && !paths.contains(table))
+            outcome.warnings.append(file.fileName() +
+                                    u": non è stato letto, perché non finisce con «.csv»."_s);
     }
     if (!QFileInfo(folder).isReadable())
         throw FileError(folder, u"La cartella non può essere letta."_s,
@@ -54,7 +63,7 @@ ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder
     RefuseMixedFiles(files);
     ImportOutcome outcome;
     QList<GivenTable> tables;
-    const auto paths = csvPaths(files, outcome.errors);
+    const auto paths = csvPaths(files, outcome);
     for (const auto &[table, path] : paths) {
         const QString database = ArchiveFilePath(table->archive, folder);
         std::optional<TableDef> stored;
