@@ -1,9 +1,11 @@
 #include "controls/enter_and_held_keys.h"
 #include "controls/message_box.h"
+#include "controls/prompt_button.h"
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -42,6 +44,23 @@ private slots:
                      key == Qt::Key_S ? MessageAnswer::Yes : MessageAnswer::No);
             QVERIFY(isOpen);
         }
+    }
+
+    /** A screen reader's press, which is no input of the window system. */
+    void pressBehindABox()
+    {
+        QWidget form;
+        PromptButton button(u"Command2"_s, u"&Annulla"_s, {}, &form);
+        const QSignalSpy presses(&button, &QPushButton::clicked);
+        form.show();
+        QTimer::singleShot(0, this, [&] {
+            button.click();
+            QApplication::activeModalWidget()->close();
+        });
+        ShowMessage(MessageKind::Question, u"?"_s);
+        QCOMPARE(presses.count(), 0);
+        button.click();
+        QCOMPARE(presses.count(), 1);
     }
 
     void boxes()

@@ -22,6 +22,15 @@ PromptButton::PromptButton(const QString &objectName, const QString &caption, co
     });
 }
 
+// A screen reader's press is no event that the toolkit could hold back. It would destroy the form
+// that is waiting for an answer, or act a second time.
+bool PromptButton::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked)
+        blockSignals(event->type() == QEvent::WindowBlocked);
+    return QPushButton::event(event);
+}
+
 void PromptButton::keyPressEvent(QKeyEvent *event)
 {
     if (!IsEnter(*event) || !IsKeyHeld())

@@ -8,7 +8,8 @@ namespace saldoro {
 /**
  * A button that acts at once when its mnemonic is typed. The toolkit's first shows itself pressed
  * for a tenth of a second, and what a quick typist writes meanwhile still goes to the old field.
- * A key that is held down presses it once: the next button may be another form's.
+ * A key that is held down presses it once: the next button may be another form's. While a message
+ * box waits for its answer, screen readers can't press the buttons of other windows either.
  */
 class PromptButton : public QPushButton
 {
@@ -20,6 +21,7 @@ public:
                  QWidget *parent = nullptr);
 
 protected:
+    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 };
 
