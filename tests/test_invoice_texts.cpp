@@ -1,5 +1,6 @@
 #include "form_driver.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDropEvent>
@@ -121,6 +122,25 @@ private slots:
                     QCOMPARE(d->text(field), before);
             }
         }
+    }
+
+    /** It asks neither for the focus nor whether the text fits. */
+    void whatAScreenReaderWrites()
+    {
+        d->open(CreditorKind::Company, 1);
+        for (const auto &[field, text, shown] :
+             {std::tuple{u"Text2_0"_s, u"1000.50"_s, u"1000.50"_s},
+              {u"Text2_1"_s, u"22.5"_s, u"22.5"_s},
+              {u"Text1_1"_s, u"12/2024-bis/PA\n"_s, u"12/2024-bi"_s},
+              {u"Text1_1"_s, u"\n13/2024-bis/PA"_s, u"13/2024-bi"_s}, // where the focus is
+              {u"MaskEdBox1_0"_s, u"1/2/2024"_s, u"01/02/2024"_s}}) {
+            auto *spoken = QAccessible::queryAccessibleInterface(d->find(field));
+            const auto length = static_cast<int>(d->text(field).size());
+            spoken->editableTextInterface()->replaceText(0, length, text);
+            QCOMPARE(d->focused() + u' ' + d->text(field), field + u' ' + shown);
+        }
+        QCOMPARE(d->texts(u"Text2_0 Text2_1 Text2_2 Text2_3"_s),
+                 u"1.000,50 22.5 225,11 1.225,61"_s);
     }
 
     void untouchedNoteStays()

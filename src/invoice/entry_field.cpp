@@ -59,6 +59,10 @@ EntryField::EntryField(QWidget *parent, int mostCharacters)
     connect(this, &QLineEdit::textChanged, this, [this](const QString &text) {
         if (CharacterCount(text) < m_mostCharacters)
             m_isCut = false;
+        if (m_refused.isNull() || text != m_refused)
+            return;
+        m_refused = {}; // a screen reader writes what is refused all the same
+        showText(text);
     });
 }
 
