@@ -1,6 +1,7 @@
 #include "archive_probe.h"
 #include "controls/flex_grid.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHelpEvent>
@@ -120,6 +121,15 @@ private slots:
         m_grid->clearFocus();
         m_grid->setFocus(Qt::TabFocusReason);
         QCOMPARE(state(), u"1,0 [1-1,0-2]"_s);
+    }
+
+    /** A screen reader selects a row, but does not make it current. */
+    void whatIsSelectedIsCurrent()
+    {
+        open(FlexGrid::Selection::Rows, 9);
+        m_grid->table().setRow(2);
+        QVERIFY(QAccessible::queryAccessibleInterface(m_grid)->tableInterface()->selectRow(6));
+        QTRY_COMPARE(state(), u"7,0 [7-7,0-2]"_s);
     }
 
     void columnsGrow()

@@ -5,6 +5,7 @@
 #include "invoice/allocation_table.h"
 #include "invoice/cost_item_choice.h"
 
+#include <QAccessible>
 #include <QListWidget>
 #include <QScrollBar>
 
@@ -89,6 +90,23 @@ private slots:
         QCOMPARE(seen(), u"A2|Murature|0,00;|| = 0,00 at List1"_s);
         QCOMPARE(m_list->count(), 2);
         QCOMPARE(m_list->currentRow(), 0);
+    }
+
+    /** A screen reader selects a line of the list and a row of the grid below it. */
+    void takesTheSelectedItem()
+    {
+        open(3);
+        d->play(u"click Command3"_s);
+        const auto spoken = QAccessible::queryAccessibleInterface;
+        const auto select = [](QAccessibleInterface *item) {
+            item->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        };
+        select(spoken(m_list)->child(1));
+        QTRY_COMPARE(m_list->currentRow(), 1);
+        select(spoken(m_grid)->tableInterface()->cellAt(0, 0));
+        QTRY_COMPARE(m_grid->table().row(), 1);
+        d->play(u"Return"_s);
+        QCOMPARE(seen(), u"A1|x|9,00;B10|Spese tecniche| = 9,00 at edtTxt"_s);
     }
 
     void abandonedInsertionLeavesNoRow()

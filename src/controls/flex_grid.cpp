@@ -60,6 +60,7 @@ FlexGrid::FlexGrid(Selection selection, QWidget *parent)
     , m_selection(selection)
 {
     setModel(&m_table);
+    FollowSelection(*this);
     setUpLook();
     setSelectionMode(SingleSelection);
     setSelectionBehavior(m_selection == Selection::Rows ? SelectRows : SelectItems);

@@ -18,6 +18,7 @@ PopupList::PopupList(QWidget *form)
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setAutoFillBackground(true);
     hide();
+    FollowSelection(*this);
     connect(this, &QListWidget::itemClicked, this, &PopupList::choose);
 }
 

@@ -34,6 +34,18 @@ void GiveWindowsTheirRole()
     QAccessible::installFactory(plainWindow);
 }
 
+void FollowSelection(QAbstractItemView &view)
+{
+    // Queued: what becomes current in the usual way is selected before.
+    const auto follow = [&view] {
+        const QModelIndexList selected = view.selectionModel()->selectedIndexes();
+        if (!selected.isEmpty() && !selected.contains(view.currentIndex()))
+            view.setCurrentIndex(selected.first());
+    };
+    QObject::connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, &view, follow,
+                     Qt::QueuedConnection);
+}
+
 void TellFocus(QWidget &control)
 {
     const auto tell = [&control] {

@@ -48,9 +48,10 @@ bool PickItem(TextTable &grid, const OfferedItem &item)
     const QString code = PickedCode(item.line);
     if (code.isEmpty())
         return false;
-    grid.setText(grid.row(), AllocationColumn::Cod, code);
-    grid.setText(grid.row(), AllocationColumn::Descrizione, item.description);
-    grid.setColumn(AllocationColumn::Importo);
+    const int row = grid.rows() - 1; // a screen reader may have selected another one
+    grid.setText(row, AllocationColumn::Cod, code);
+    grid.setText(row, AllocationColumn::Descrizione, item.description);
+    grid.setCurrentCell(row, AllocationColumn::Importo);
     return true;
 }
 
