@@ -165,9 +165,11 @@ private slots:
         d->play(u"type 8, Up, Down, PgUp, Home, F2"_s);
         QCOMPARE(d->focused() + m_editor->text(), u"edtTxt8"_s);
         QCOMPARE(m_grid->table().row(), 2);
-        // A digit opens it, too, and goes on from there.
-        d->play(u"Escape, type 1, type 2"_s);
-        QCOMPARE(d->focused() + m_editor->text(), u"edtTxt12"_s);
+        // A digit opens it, too, and goes on from there; so does what may stand before it.
+        for (const QString &amount : {u"12"_s, u"-5"_s, u".7"_s, u",8"_s}) {
+            d->play(u"Escape, type %1, type %2"_s.arg(amount.first(1), amount.last(1)));
+            QCOMPARE(d->focused() + m_editor->text(), u"edtTxt"_s + amount);
+        }
         d->play(u"Escape, Left, type 3"_s);
         QVERIFY(m_editor->isHidden());
     }

@@ -121,11 +121,13 @@ void AllocationFrame::addGrid()
             openEditor();
     });
     connect(m_grid, &FlexGrid::textTyped, this, [this](const QString &text) {
-        if (m_isFocusTakenBack || !text.front().isDigit() || !table().currentIndex().isValid() ||
+        // A sign or mark in front is a part of the amount: -5 must not become 5.
+        const bool isAmount = text.front().isDigit() || u"-+.,"_s.contains(text.front());
+        if (m_isFocusTakenBack || !isAmount || !table().currentIndex().isValid() ||
             table().column() != AllocationColumn::Importo)
             return;
         openEditor();
-        m_editor->setText(text); // with nothing selected, so that the next digit follows
+        m_editor->setText(text); // with nothing selected, so that the next one follows
     });
 }
 
