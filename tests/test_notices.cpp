@@ -137,6 +137,7 @@ A Text2_0:9,00 Text2_3:9,00 total:10,00 -> restano da ripartire -1,00
 A cost:A1=600,00 stored:A1=100,00 cost:B2=640,00
 A cost:A1=600,01 stored:A1=100,00 -> Voce A1: 600,01 supera di 0,01
 A cost:B2=640,01 cost:Z9=1,00 -> B2: 640,01 supera di 0,01|Z9: il quadro
+A cost:A1=1,00 cost:B2=2,00 cost:a1=3,00 -> Voce a1: c'è due volte
 A cost:A1=500,00 open:A1=501 -> supera di 1,00 -> 501,00
 A cost:A1=1.234,00 open:A1=1.234,00 -> vale 1,23, non 1.234,00. Scrivere 1234.00 (o Esc) -> 1,23
 A cost:A1=1,23 closed:A1=1.234,00 -> Scrivere 1234.00

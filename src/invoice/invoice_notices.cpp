@@ -90,6 +90,7 @@ void tellAllocations(const InvoiceState &state, Notices &all)
 {
     const auto keyOf = [](const QString &code) { return ComparableText(code.trimmed().toUtf8()); };
     QHash<QByteArray, int> items;
+    QSet<QByteArray> seen;
     for (int row = state.overview->rows() - 1; row > 0; --row)
         items[keyOf(state.overview->text(row, OverviewColumn::Cod))] = row;
     const TypedAllocation &last = state.typedAllocation;
@@ -108,7 +109,12 @@ void tellAllocations(const InvoiceState &state, Notices &all)
                     Danger, field,
                     u"Voce %1: %2%3"_s.arg(code, misread, last.isOpen ? u" (o Esc)"_s : u""_s));
         }
-        const int item = items.value(keyOf(code));
+        const QByteArray key = keyOf(code);
+        if (seen.contains(key))
+            all.tell(Danger, field,
+                     u"Voce %1: c'è due volte, «Conferma» ne salva una sola: unirle"_s.arg(code));
+        seen.insert(key);
+        const int item = items.value(key);
         const Currency left = item > 0 ? available(state, code, item) : Currency();
         const Currency beyond = ImportoDaTesto(QString(amount)) - left;
         if (item == 0)
