@@ -124,6 +124,8 @@ private slots:
         QCOMPARE(seen(u"Codice"_s), u"uno / due"_s);
         second.deleteAll(u"Tipi"_s);
         QCOMPARE(seen(u"count(*)"_s), u"1 / 0"_s);
+        RecordSet copied = second.copyInMemory().openRecordSet(u"SELECT * FROM Sua"_s);
+        QCOMPARE(Walk(copied, u"n"_s), u"1"_s);
         const Transaction reading(second, TransactionKind::Reading);
         RecordSet set = second.openRecordSet(u"SELECT * FROM Tipi"_s);
         QVERIFY(set.isEmpty());

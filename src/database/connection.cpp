@@ -189,7 +189,8 @@ void Connection::startClock() const
 
 void Connection::copyTo(Connection &copy) const
 {
-    sqlite3_backup *backup = sqlite3_backup_init(copy.handle(), "main", handle(), "main");
+    sqlite3_backup *backup =
+        sqlite3_backup_init(copy.handle(), copy.m_schema.toLatin1(), handle(), m_schema.toLatin1());
     if (backup == nullptr)
         copy.fail(sqlite3_errcode(copy.handle()), {});
     constexpr int allPages = -1;

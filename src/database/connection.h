@@ -50,8 +50,8 @@ public:
     /** Paths of the files by which the engine ties the journals of several files together. They lie
      *  beside the first file. The engine leaves one behind when it can't commit. */
     QStringList superJournals() const;
-    /** Deletes the ties that are not among @p others, unless a journal is left that may need one.
-     */
+    /** Deletes the super-journals that are not among @p others, unless a journal is left that may
+     *  need one. */
     void removeSuperJournalsBut(const QStringList &others) const;
 
     /** Whether the file takes no changes, whatever the access. */
@@ -65,8 +65,7 @@ public:
     /** Starts the time that one read may take. The engine gives up when it is over. */
     void startClock() const;
 
-    /** Replaces the content of @p copy by that of this file and flushes it to the disk. Both are
-     *  the first file of their connection. */
+    /** Replaces the content of @p copy by that of this file and flushes it to the disk. */
     void copyTo(Connection &copy) const;
 
     /** Throws the error that @p code stands for. */
