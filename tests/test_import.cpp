@@ -1,4 +1,6 @@
 #include "office.h"
+#include "platform/machine_path.h"
+#include "platform/progress.h"
 #include "platform/registry.h"
 
 #include <QTest>
@@ -15,6 +17,7 @@ private slots:
     void refuses();
     void setsTheArchivesRootOnce();
     void leavesWhatOthersMade();
+    void tellsWhatStays();
 };
 
 void TestImport::comesIn()
@@ -152,6 +155,38 @@ void TestImport::leavesWhatOthersMade()
         QVERIFY_THROWS_EXCEPTION(
             FileError, ImportFiles(contracts.filePath(code), office.csv(), {true, true, {}}));
     QCOMPARE(contracts.entryList(), before);
+}
+
+/** When a new project can't get its name, what was written into the shared code map stays. */
+void TestImport::tellsWhatStays()
+{
+    const Office office;
+    const auto putCode = [&](const QByteArray &code) {
+        office.put(u"Funzioni"_s, "CodInt;CodExt;Desc\nDA1;" + code + ";x\n");
+    };
+    putCode("X");
+    QVERIFY(office.import(true).contains(u"Funzioni: 1 riga"_s));
+    const QString other = QFileInfo(MachinePath(office.project())).dir().filePath(u"00040"_s);
+    Progress::setWatcher([&](const QString &state) {
+        if (state == "Controllo"_L1)
+            QDir().mkdir(other);
+    });
+    const auto outcome = [&] {
+        try {
+            ImportFiles(other, office.csv(), {true, true, {u"Funzioni"_s}});
+        } catch (const SaldoroError &error) {
+            QDir().rmdir(other);
+            return error.detail(Detail::Outcome);
+        }
+        return QString();
+    };
+    QCOMPARE(outcome(), u"Niente è stato scritto."_s);
+    putCode("Y");
+    const QString told = outcome();
+    Progress::setWatcher({});
+    const QString copy = told.section(u"fuorché la tabella dei codici: com'era sta in "_s, 1);
+    QCOMPARE(BareFile(copy).rows(u"SELECT CodExt FROM Funzioni"_s), u"X"_s);
+    QCOMPARE(office.rows(ArchiveFile::Codes, u"SELECT CodExt FROM Funzioni"_s), u"Y"_s);
 }
 
 void TestImport::setsTheArchivesRootOnce()

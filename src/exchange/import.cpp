@@ -258,7 +258,13 @@ ImportOutcome newProject(const QString &folder, const QList<GivenTable> &tables,
     ImportOutcome outcome = ProjectImport(aside, tables, options).run();
     try {
         if (outcome.isDone)
-            PutInPlace(aside, folder);
+            WithDetail(
+                Detail::Outcome,
+                outcome.copies.isEmpty() // the code map is new, or as it was
+                    ? QString()
+                    : u"Niente è stato scritto, fuorché la tabella dei codici: com'era sta in "_s +
+                          outcome.copies.join(u", "_s),
+                [&] { PutInPlace(aside, folder); });
     } catch (...) {
         QDir(aside).removeRecursively();
         if (!hadCodes)

@@ -27,9 +27,9 @@ struct ImportOptions
  * as it will be, and a copy is put beside each database that changes. A new project's folder gets
  * its name when it is complete. A refused import leaves no files. If that renaming fails, the
  * folders above the project's stay, and a code map that was there before keeps what was written
- * into it, with its copy. If the process dies, what it has made aside stays, see AsideName().
- * Throws SaldoroError, also for a new folder whose name can't be a contract's code, and what the
- * watcher of Progress throws; nothing else is written then.
+ * into it, with its copy, which the error tells. If the process dies, what it has made aside stays,
+ * see AsideName(). Throws SaldoroError, also for a new folder whose name can't be a contract's
+ * code, and what the watcher of Progress throws; nothing else is written then.
  */
 ImportOutcome ImportTables(const QString &projectFolder, const QList<GivenTable> &tables,
                            const ImportOptions &options);
