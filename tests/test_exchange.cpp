@@ -2,6 +2,7 @@
 #include "exchange/archive_tables.h"
 #include "exchange/cell_values.h"
 #include "exchange/export.h"
+#include "exchange/missing_payment_values.h"
 #include "office.h"
 #include "platform/machine_path.h"
 #include "platform/progress.h"
@@ -102,6 +103,7 @@ private slots:
     void takesTheExample();
     void exportRefuses();
     void exportsOneMoment();
+    void listsPaymentsWithoutDay();
 };
 
 void TestExchange::values()
@@ -256,6 +258,18 @@ void TestExchange::exportsOneMoment()
     Progress::setWatcher({});
     QCOMPARE(tries, 1);
     QVERIFY2(said.contains(u"Spese: 1 riga"_s), qPrintable(said));
+}
+
+/** A payment without a number can't be told from others, and so not be given a day. */
+void TestExchange::listsPaymentsWithoutDay()
+{
+    const Office office;
+    office.putBudget("A1;Scavi;1\n");
+    office.import();
+    office.rows(ArchiveFile::Ledger, u"INSERT INTO Fatture(Npag, Del) VALUES (3, NULL), "
+                                     "(NULL, NULL), (1, '2024-01-31'), (2, NULL)"_s);
+    QCOMPARE(PaymentsWithoutDay(ArchiveFilePath(ArchiveFile::Ledger, office.project())),
+             QStringList({u"3"_s, u"2"_s}));
 }
 
 QTEST_GUILESS_MAIN(TestExchange)

@@ -94,8 +94,8 @@ QStringList PaymentsWithoutDay(const QString &ledger)
     RecordSet payments = Database::open(ledger).openRecordSet(u"SELECT * FROM Fatture"_s);
     QStringList numbers;
     for (; !payments.eof(); payments.moveNext()) {
-        if (payments.field(u"Del"_s).isNull())
-            numbers.append(payments.field(u"Npag"_s).textOrEmpty());
+        if (payments.field(u"Del"_s).isNull() && !payments.field(u"Npag"_s).isNull())
+            numbers.append(payments.field(u"Npag"_s).text());
     }
     return numbers;
 }

@@ -7,9 +7,10 @@ namespace saldoro {
 
 /**
  * Gives payments of a ledger values that they lack, without which the main screen does not open:
- * all of them or none. Each is told by three words: the number of the payment, the field (one of
- * SettablePaymentFields() in any letter case) and a day or an amount as an Italian spreadsheet
- * writes it. Puts a copy of the ledger beside it first and gives the copy's path.
+ * all of them or none. Each is told by three words: the number of the payment, the field (Del,
+ * Importo or ImportoIVA in any letter case, see SettablePaymentFields()) and a day or an amount as
+ * an Italian spreadsheet writes it. Puts a copy of the ledger beside it first and gives the copy's
+ * path.
  *
  * Throws SaldoroError, with nothing changed, for words that can't be read, or not for sure as in
  * SureValueOfCell(), when no payment or more than one has the number, when the field holds a value,
@@ -18,8 +19,8 @@ namespace saldoro {
  */
 QString SetPaymentValues(const QString &ledger, const QStringList &words);
 
-/** Numbers of the payments of a ledger that lack their day, in stored order. Throws DatabaseError,
- *  FileError. */
+/** Numbers of the payments of a ledger that lack their day, in stored order; one without a number
+ *  is left out. Throws DatabaseError, FileError. */
 QStringList PaymentsWithoutDay(const QString &ledger);
 
 } // namespace saldoro
