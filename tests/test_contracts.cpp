@@ -1,5 +1,6 @@
 #include "common/errors.h"
 #include "database_probe.h"
+#include "office/contract_list.h"
 #include "platform/progress.h"
 #include "sound_project.h"
 #include "store/contract_folders.h"
@@ -77,6 +78,21 @@ private slots:
         QCOMPARE(ReadListedContract(project.folder(), 0).payments, 0);
         QFile::link(u"nowhere"_s, project.folder() + u"/Saldoro.mdb"_s);
         QVERIFY_THROWS_EXCEPTION(DatabaseError, ReadListedContract(project.folder(), 0));
+    }
+
+    /** Figures stand until they are read again, but not those of another archive. */
+    void figuresOfAnotherArchive()
+    {
+        const SoundProject projects[2];
+        TextTable table;
+        ContractList list(table);
+        list.read(projects[0].archive.values().ArchiveRoot);
+        QTRY_COMPARE(table.text(1, 1), u"2"_s);
+        list.read(projects[0].archive.values().ArchiveRoot);
+        QCOMPARE(table.text(1, 1), u"2"_s);
+        list.read(projects[1].archive.values().ArchiveRoot);
+        QCOMPARE(table.text(1, 1), QString());
+        QCOMPARE(list.currentCode(), u"00112"_s);
     }
 
     /** The databases are copied as they stand at one moment; a copy that is broken off goes. */

@@ -85,7 +85,7 @@ void ContractList::read(const QString &root)
     QStringList before;
     for (int row = 1; row < m_table.rows(); ++row)
         before.append(m_table.text(row, 0));
-    if (const TextTable::BulkChange change(m_table); codes != before) {
+    if (const TextTable::BulkChange change(m_table); codes != before || root != m_root) {
         m_table.setRows(1);
         m_table.setRows(1 + static_cast<int>(codes.size()));
         for (int row = 1; row < m_table.rows(); ++row)

@@ -12,10 +12,10 @@ namespace saldoro {
 
 /**
  * Fills a table with the contracts of an archive, a row each. The codes are there at once, the
- * figures follow while the event loop runs; if the codes are those of an earlier reading, its
- * figures stand until then. A locked contract is tried again after the others, until a moment has
- * passed since the reading began. Which folders are contracts, and which code a new one gets:
- * store/contract_folders.
+ * figures follow while the event loop runs; as long as archive and codes are the same as before,
+ * the earlier figures stand until then. A locked contract is tried again after the others, until a
+ * moment has passed since the reading began. Which folders are contracts, and which code a new one
+ * gets: store/contract_folders.
  */
 class ContractList : public QObject
 {
@@ -26,7 +26,8 @@ public:
     explicit ContractList(TextTable &table, QObject *parent = nullptr);
 
     /** Reads the contracts below the archives root @p root. The current one stays current; while it
-     *  is not there, none is. A reading that is going on is given up. */
+     *  is not there, none is. With another root the first one is. A reading that is going on is
+     *  given up. */
     void read(const QString &root);
 
     /** The archives root that was read last. */
