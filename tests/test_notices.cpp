@@ -123,12 +123,13 @@ P Text2_5:10.50 Text2_3:1.050,00 total:1.050,00 -> Altri Importi: «10.50»
 P Text2_5:1.050 Text2_3:1.050,00 total:1.050,00
 P Text2_4:10400.00 -> Somma soggetta a R.A.: «10400.00» vale 1.040.000,00
 P @Text2_3:5 Text2_0:7,00 total:7,00 -> -> va perso: uscendo dal campo torna 7,00
-P Text2_0:9,00 Text2_1:22 Text2_2:1,00 -> 1,00 non torna, il 22% di 9,00 è 1,98: riscriverla
+P Text2_0:9,00 Text2_1:22 Text2_2:1,00 -> Importo IVA: 1,00 non torna, il 22% di 9,00 è 1,98: riscriverla
 A @Text2_0:9.00 Text2_1:22 Text2_2:1,00 total:10,00 -> è 1,98: ripassare l'aliquota -> 9,00
 A Text2_0:9,00 @Text2_1:10 before:10 Text2_2:1,00 total:9,90 -> dall'aliquota 1,00 diventa 0,90 -> 10
 A Text2_0:9,00 @Text2_1:20 before:10 Text2_2:0,90 total:10,80 -> -> 20
 A Text2_0:9,00 @Text2_1:10 before:10 total:9,90 -> -> 10
-P Text2_4:100,00 Text5_0:20 Text5_1:10,00 -> 10,00 non torna, il 20% di 100,00 è 20,00: azzerarla
+P Text2_4:100,00 Text5_0:20 Text5_1:10,00 -> Importo R.A.: 10,00 non torna, il 20% di 100,00 è 20,00: azzerarla
+P Text2_0:9.000.000.000,00 Text2_1:100000000000 Text2_2:1,00
 P Text2_0:9,00 Text2_3:8,00 Text5_2:9,00 total:8,00 -> indietro, ora è 9,00|indietro, ora è 8,00
 A Text2_0:9,00 Text2_3:8 total:8,00 -> 8 si confronta ma non si salva|scritto 8 e non 8,00
 A Text2_0:5.500,00 @Text2_3:5500.00 total:5.500,00 -> è scritto 5500.00 e non 5.500,00 -> com'è
@@ -161,6 +162,7 @@ A kind:P -> Il pagamento 7 c'è già, e dell'altro tipo
 A unlisted -> Il pagamento 7 è stato eliminato. «Conferma» lo rimette
 A new unstored -> nel frattempo
 A unstored unlisted -> non c'è. «Conferma» ne aggiunge)"_s;
+        QMap<CreditorKind, QSet<QString>> fields;
         for (const QString &line : cases.split(u'\n').mid(1)) {
             const QStringList wanted = (line + u" -> -> "_s).split(u" ->"_s);
             const HeldState held(wanted[0]);
@@ -169,6 +171,16 @@ A unstored unlisted -> non c'è. «Conferma» ne aggiunge)"_s;
             const QString worth = wanted[2].trimmed();
             QVERIFY2(told.worth.contains(worth) && told.worth.isEmpty() == worth.isEmpty(),
                      qPrintable(line + u" told:\n"_s + told.worth));
+            for (const Notice &notice : told.list)
+                fields[held.state.shown.kind] += notice.field;
+        }
+        // The forms have the controls that get a bar.
+        FormDriver driver;
+        for (const auto &[kind, names] : fields.asKeyValueRange()) {
+            driver.open(kind, 1);
+            for (const QString &name : names)
+                QVERIFY2(name.isEmpty() || driver.form->findChild<QWidget *>(name),
+                         qPrintable(name));
         }
     }
 
@@ -205,6 +217,7 @@ A unstored unlisted -> non c'è. «Conferma» ne aggiunge)"_s;
         const auto strip = [&] { return Find<QLabel>(*form, u"Avvisi"_s); };
         const auto told = [&] { return strip()->accessibleName(); };
         QTRY_COMPARE(told(), u"Avviso: Pagato più del previsto: B2 (-1,50)"_s);
+        QVERIFY(Find(*form, u"MSFlexGrid2"_s)->accessibleDescription().startsWith(u"Pagato più"_s));
         const ProjectOpenMark other(p.project.folder());
         p.main.load();
         QTRY_VERIFY(told().contains(u"in un'altra finestra"_s));
