@@ -131,11 +131,14 @@ private slots:
                            VersionText, BuildText(OwnVersion()), date, time));
         QCOMPARE(QDir().entryList(QDir::Files), QStringList{name});
 
-        QVERIFY(QFile::remove(name) && QDir().mkdir(name)); // a folder stands in the way
-        const QString said = runWithoutDisplay(program, u"/INI"_s);
+        const QString unseen = u"Pro\u200Bva"_s;
+        QVERIFY(QFile::remove(name) && QFile::rename(program, u"bin/"_s + unseen) &&
+                QDir().mkdir(unseen + u".ini"_s)); // a folder stands in the way
+        const QString said = runWithoutDisplay(u"bin/"_s + unseen, u"/INI"_s);
         QVERIFY2(said.startsWith(u"1, Al posto del file"), qPrintable(said));
-        QVERIFY2(said.contains(QDir::toNativeSeparators(QDir().absoluteFilePath(name))),
-                 qPrintable(said));
+        QVERIFY2(
+            said.contains(QDir::toNativeSeparators(QDir().absoluteFilePath(u"Pro\uFFFDva.ini"_s))),
+            qPrintable(said));
     }
 
     void updateCheck()

@@ -22,7 +22,7 @@ int writeManifest()
     try {
         saldoro::WriteUpdateManifest();
     } catch (const std::exception &error) {
-        saldoro::PrintError(saldoro::ErrorReport(error) + u'\n');
+        saldoro::PrintError(saldoro::Harmless(saldoro::ErrorReport(error)) + u'\n');
         return saldoro::Application::ErrorStatus;
     }
     return 0;
