@@ -63,7 +63,7 @@ void readWords(QStringList words, const CommandForm &form, CommandLine &line)
 CommandLine ParseCommandLine(const QStringList &words)
 {
     static const QMap<QString, CommandForm> forms{
-        {u"verifica"_s, {u"CARTELLA"_s, {u"--codici="_s}}},
+        {u"verifica"_s, {u"CARTELLA"_s, {CommandOption::Codes + u'='}}},
         {u"imposta"_s, {u"CARTELLA PAGAMENTO CAMPO VALORE"_s, {}, 3}},
         {u"importa"_s,
          {u"CARTELLA_CSV CARTELLA"_s,

@@ -36,7 +36,7 @@ struct Outcome
 
 Outcome verifyProject(const CommandLine &line)
 {
-    const QStringList codes = line.options[u"--codici"_s];
+    const QStringList codes = line.options[CommandOption::Codes];
     const Findings findings =
         VerifyProject(ExistingFolder(line.operands.first()), codes.value(codes.size() - 1));
     return {findings.isEmpty() ? Done : Found, FindingsReport(findings)};

@@ -4,8 +4,9 @@
 
 namespace saldoro {
 
-/** The options of `saldoro-archivio` that the messages of imports and exports name. */
+/** The options of `saldoro-archivio`. */
 namespace CommandOption {
+inline constexpr QLatin1StringView Codes("--codici");
 inline constexpr QLatin1StringView NewProject("--nuovo");
 inline constexpr QLatin1StringView Replace("--sostituisci");
 inline constexpr QLatin1StringView EvenSo("--comunque");
