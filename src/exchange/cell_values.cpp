@@ -25,14 +25,6 @@ bool take(QStringView &text, QChar character)
     return true;
 }
 
-/** Whether three digits stand behind the first comma, as decimals or as thousands. */
-bool hasThreeDecimals(QStringView cell)
-{
-    const qsizetype mark = cell.indexOf(u',');
-    const auto isDigit = [cell](qsizetype at) { return at < cell.size() && cell[at].isDigit(); };
-    return mark >= 0 && isDigit(mark + 3) && !isDigit(mark + 4);
-}
-
 /** How a value of that type is written. Not for texts. */
 QString expectedValue(FieldType type, Notation notation)
 {
@@ -125,7 +117,7 @@ std::optional<NewValue> SureValueOfCell(const QString &cell, FieldType type, Not
             LeftCharacters(cell, MostCharactersQuoted), expectedValue(type, notation));
         return std::nullopt;
     }
-    if (notation == Notation::Italian && hasThreeDecimals(cell) &&
+    if (notation == Notation::Italian && cell.contains(u',') && // or both read the same
         ValueOfCell(cell, type, Notation::International).value_or(*value) != *value) {
         problem =
             u"«%1» può essere mille volte tanto: scriverlo con due o quattro decimali."_s.arg(cell);

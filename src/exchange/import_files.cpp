@@ -11,7 +11,6 @@
 
 #include <map>
 #include <optional>
-#include <utility>
 
 namespace saldoro {
 

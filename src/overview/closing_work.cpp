@@ -30,9 +30,8 @@ struct Run
 };
 
 /** Number of payments in the set, which the documents count in 16 bits. */
-qint16 paymentCount(RecordSet &fatture, const QString &creditors)
+qint16 paymentCount(const RecordSet &fatture, const QString &creditors)
 {
-    fatture.moveLast();
     const int count = fatture.recordCount();
     if (count > std::numeric_limits<qint16>::max()) {
         OverflowError error(u"I pagamenti di un tipo sono più di 32.767: i documenti non possono "
@@ -41,7 +40,6 @@ qint16 paymentCount(RecordSet &fatture, const QString &creditors)
         error.addDetail(Detail::Payments, creditors);
         throw error;
     }
-    fatture.moveFirst();
     return static_cast<qint16>(count);
 }
 

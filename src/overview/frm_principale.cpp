@@ -12,8 +12,7 @@
 #include "overview/main_screen_notices.h"
 #include "overview/payment_opening_and_deletion.h"
 #include "overview/payments_list.h"
-#include "platform/machine_path.h"
-#include "store/archive_paths.h"
+#include "store/contract_folders.h"
 #include "store/payment_numbers.h"
 
 #include <QBoxLayout>
@@ -133,7 +132,7 @@ bool FrmPrincipale::lists(qint32 paymentNumber) const
 void FrmPrincipale::lookForOtherWindows()
 {
     if (!m_mark)
-        m_mark.emplace(MachinePath(ProjectFolder(m_values)));
+        m_mark.emplace(ContractFolder(m_values.ArchiveRoot, m_values.ProjectCode));
     m_isOpenElsewhere = m_mark->isOpenElsewhere();
     m_strip->refreshSoon();
 }

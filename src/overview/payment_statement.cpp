@@ -13,19 +13,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString withoutOuterBlanks(QString text)
-{
-    while (text.startsWith(u' '))
-        text.remove(0, 1);
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text;
-}
-
 QString title(const RecordSet &payment)
 {
     const FieldValue day = payment.field(u"Del"_s);
-    return u"Nr. "_s + withoutOuterBlanks(payment.field(u"NFat"_s).textOrEmpty()) + u" del "_s +
+    return u"Nr. "_s + payment.field(u"NFat"_s).textOrEmpty().trimmed() + u" del "_s +
            (day.isNull() ? QString() : FormatData(day.date()));
 }
 

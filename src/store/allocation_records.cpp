@@ -15,8 +15,6 @@ namespace {
 /** Makes the allocation of that cost item the current record; true when there is one. */
 bool find(RecordSet &allocations, const QString &code)
 {
-    if (allocations.isEmpty())
-        return false;
     if (code.isEmpty()) {
         allocations.moveFirst();
         while (!allocations.eof() && !allocations.field(u"Cod"_s).isNull())

@@ -1,8 +1,6 @@
 #include "verify/payment_checks.h"
 
-#include "common/characters.h"
 #include "common/creditor_kind.h"
-#include "common/message_lines.h"
 #include "store/payment_numbers.h"
 #include "store/table_definitions.h"
 
