@@ -12,8 +12,8 @@ inline constexpr QStringView ProfessionalPayment = u"Pagamento a un professionis
 } // namespace ManualChapter
 
 /**
- * The manual, in a window that stays above the forms while they can be used. Esc closes it; it does
- * not keep the program running.
+ * The manual, in a window above the forms, which stay usable. Esc closes it; it does not keep the
+ * program running.
  */
 class ManualWindow : public QTextBrowser
 {

@@ -16,9 +16,9 @@ struct CommandLine
 };
 
 /** Reads the words after the program's name: a command, then its operands and options in any order,
- *  "--option=value" as well as "--option value"; behind "--" no word is an option, and a negative
- *  number is none of `imposta`. --aiuto and --versione, in English too, go before all others.
- *  Throws SaldoroError for what can't be understood. */
+ *  "--option=value" as well as "--option value"; behind "--" no word is an option. `imposta` has
+ *  no options: each of its words is an operand, a negative amount too. --aiuto and --versione, in
+ *  English too, go before all others. Throws SaldoroError for what can't be understood. */
 CommandLine ParseCommandLine(const QStringList &words);
 
 } // namespace saldoro

@@ -115,8 +115,8 @@ enum class DatabaseFault
     Other              ///< anything else that the engine reports
 };
 
-/** A failure of the database layer; with the details File (a path of the machine), Table and Field
- *  as far as they are known. */
+/** A failure of the database layer; with the details File (a path of the machine), Table, Field and
+ *  Particulars (the constructor's @c extra) as far as they are known. */
 class DatabaseError : public SaldoroError
 {
 public:

@@ -18,7 +18,8 @@ QString RaddoppiaApici(const QString &text);
  * one character, `#` one digit, `[list]` one of the listed characters or ranges, `[!list]` one that
  * is not listed. `[]` stands for nothing at all, `[!]` for `!`. Every other character, `_` and `%`
  * included, stands for itself, and so does a `[` that is never closed or that opens a range which
- * runs backwards. Letter case is ignored; ranges go by the numbers of the characters.
+ * runs backwards. Letter case is ignored; ranges go by the numbers of the characters in lower
+ * case.
  */
 class LikePattern
 {

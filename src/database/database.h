@@ -37,7 +37,8 @@ public:
 
     /** Opens an existing file for reading and writing; one that can't be written opens too, and
      *  only refuses changes. @p lockWait replaces LockWaitMilliseconds for this and all later
-     *  actions. Throws FileMissing, NotADatabase, ReadFailed, Locked. */
+     *  actions. Throws FileMissing, NotADatabase, ReadFailed, Locked, and ReadOnly when a change
+     *  was broken off that it has no right to undo. */
     static Database open(const QString &path, int lockWait = LockWaitMilliseconds);
 
     /** As open(), but no change can reach the file through it. */
@@ -104,7 +105,7 @@ public:
      *  between two changes that must be copied with it. True for what is no database. Does not open
      *  the database, since that would make the companions. */
     static bool hasPlainJournal(const QString &path);
-    /** What is wrong with a file that has no plain journal, in Italian. */
+    /** What is wrong with a file without a plain journal, in Italian, to stand behind its name. */
     static QString noPlainJournalProblem();
     /** Throws FileError for such a file. */
     static void requirePlainJournal(const QString &path);

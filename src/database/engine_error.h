@@ -15,7 +15,7 @@ std::optional<DatabaseFault> FileFault(const QString &path);
 
 /**
  * Throws the DatabaseError that stands for the result code @p code of the engine; std::bad_alloc
- * when that is out of memory.
+ * when that is out of memory. The Italian texts are those of common/errors.cpp.
  *
  * @param message the engine's own words, from which names of tables and fields are taken
  * @param path the file, as a path of the machine

@@ -57,10 +57,10 @@ public:
     /** The last record that was not removed, or NoRow. */
     int lastLive() const;
 
-    /** Each writes one record in one statement, which changes nothing when it throws. A new record
-     *  comes last. update() is false when the file does not hold the record any more. Throws
-     *  NotStored when a rule of the table kept the record from being written; what a trigger did
-     *  itself stays. */
+    /** Each writes one record in one statement. A new record comes last. update() is false when the
+     *  file does not hold the record any more. Throws NotStored when a rule of the table kept the
+     *  record from being written. When it throws, the record is as it was; only what a trigger did
+     *  by itself stays. */
     void insert(const RecordChanges &values);
     bool update(int row, const RecordChanges &values);
     void remove(int row);

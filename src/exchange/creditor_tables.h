@@ -35,21 +35,22 @@ struct KnownCreditors
  *  headings of lists such as "Ragione sociale"; a fault's line is the row's number, from 1. */
 QList<CellFault> NameFaults(const TableRows &rows, const QStringList &known);
 
-/** NameFaults() of companies, the known ones being those that take part. It is also a fault if a
- *  member stands twice in its row or is the association itself, and if a company that is in the
- *  register already, where it stays what it is, is given members. */
+/** NameFaults() of companies, the known ones being those that take part. Further faults: a member
+ *  twice in a row, an association as its own member, members for a company that is in the register
+ *  already. */
 QList<CellFault> CompanyFaults(const TableRows &rows, const KnownCreditors &known);
 
 /** Throws DatabaseError. */
 KnownCreditors ReadCreditors(const ProgramValues &values);
 
 /**
- * Adds companies and professionals (rows of their lists) to the project, and makes @p contractor, a
- * company's name, the contractor, which is added when it is no company yet; empty leaves it as it
- * is. A company that is in the register already takes part from now on, and stays what it is there.
- * Members that are no companies yet become such, but take no part by themselves. New companies get
- * the numbers after the highest one that any table of their register holds, and so do their places
- * in the procedure. Professionals get the first free items I01, I02...
+ * Adds companies and professionals (rows of their lists) to the project. Makes @p contractor the
+ * contractor; a company of that name is added if there is none. An empty name leaves the contractor
+ * as it is (how a chosen one follows its corrected name: office/frm_creditori). A company that is
+ * in the register already takes part from now on, and stays what it is there. Members that are no
+ * companies yet become such, but take no part by themselves. New companies are numbered on from the
+ * highest number that any table of the register holds, new places in the procedure from the highest
+ * place. Professionals get the first free items I01, I02...
  *
  * All or nothing, in one transaction over both databases; copies are made beside both first.
  * Returns the copies' paths. Throws SaldoroError while any program has the project open, and when

@@ -10,7 +10,7 @@
 namespace saldoro {
 
 /** What a project loses with the rows that an import drops. Values in fields that are unknown or
- *  not given are none of it: ChangeOf() finds these. */
+ *  not given are no part of it: ChangeOf() finds those. */
 struct ImportLosses
 {
     Findings errors;            ///< items that the program itself has written

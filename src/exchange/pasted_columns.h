@@ -10,10 +10,9 @@ namespace saldoro {
 /** What a field is called on the screen: "Codice" for `Voce`. */
 QString FieldCaption(const QString &field);
 
-/** Which column of pasted cells is which field, for as many columns as the widest row has: the one
- *  that a header names, or else for a needed field the usual one if it has no name and is no
- *  other's. Without rows
- *  each field has its usual column. All other columns fill no field, whatever they hold. */
+/** The field of each column of pasted cells; as many columns as the widest row or the table has. A
+ *  field has the column that the header names. A needed field without one has its usual column, if
+ *  that has no name and no other field. Without rows every field has its usual column. */
 CellColumns PastedColumns(const QList<CellRow> &rows, const ExchangedTable &table);
 
 /** The columns that a field may be by the names in the header, if there are several, as a remark in

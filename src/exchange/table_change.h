@@ -23,10 +23,10 @@ struct TableChange
 
 /**
  * Works out how given rows replace the stored ones; writes nothing. A new row and a stored one are
- * a pair when they share a key that no other row has, new or stored. A line goes to @p errors for a
- * table that can't be replaced and for each stored row without a partner that would lose values of
- * fields that are unknown here; also of fields that @p given does not name, if a new row has its
- * key. Throws DatabaseError, and what the watcher of Progress throws.
+ * a pair when they share a key that no other row has, new or stored. @p errors gets a line for a
+ * table that can't be replaced, and one for each stored row without a partner that would lose
+ * something: values of unknown fields and, if a new row has its key, of fields that @p given does
+ * not name. Throws DatabaseError, and what the watcher of Progress throws.
  */
 TableChange ChangeOf(const Database &database, const GivenTable &given, QStringList &errors);
 

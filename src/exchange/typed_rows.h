@@ -28,9 +28,9 @@ struct GivenTable
  * Reads the rows behind the header; those without any value are passed over. @p stored is the
  * table as the archive defines it. A cell that can't be read, or whose value @p stored can't hold,
  * is a fault; in the row an invalid day stands for it (see TableRow). A short row is accepted if
- * the missing fields may be null and the last row has all its cells. Without a notation values are
- * read in Italian. What is read in Italian and would be another amount in the other notation is a
- * fault.
+ * the missing fields may be null and the last row has all its cells, a longer one in the Italian
+ * notation if the cells too many are blank. Without a notation values are read in Italian. What is
+ * read in Italian and would be another amount in the other notation is a fault.
  *
  * Throws FieldMissing when @p stored lacks one of the table's fields.
  */

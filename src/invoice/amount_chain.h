@@ -46,8 +46,8 @@ inline bool StaysPlain(Amount field)
 enum class Reach
 {
     InTurn,   ///< by Enter and Tab
-    OnRequest ///< only by mnemonic or click: the field stays plain when it is left, so passing
-              ///< through it would change its value
+    OnRequest ///< only by mnemonic or click: a derived field that stays plain when it is left, so
+              ///< passing through it would change its value
 };
 
 /** All that there is to know of one amount field of an invoice form. */

@@ -72,8 +72,8 @@ private:
     void takeFocus(QWidget &control);
     void follow(QWidget *now);
     bool leaveCurrent();
-    /** Before a drop, a menu or a press of the middle button, which may write into a line that a
-     *  click has not brought the focus to, moves the focus there. False when that is refused. */
+    /** A drop, a menu and a press of the middle button may write into a line without the focus.
+     *  Moves the focus there first; false when that is refused. */
     bool mayBeChanged(QLineEdit &line, QEvent &event);
     void moveOn(QLineEdit &line, QEvent &enter);
 

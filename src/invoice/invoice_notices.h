@@ -40,7 +40,8 @@ struct InvoiceState
     QMap<Amount, AmountPast> past = {};
 
     bool isMeantNew = false; ///< opened by "Nuovo"
-    bool isListed = true;    ///< whether the main screen's list, read last, has its number
+    /** Whether the main screen's list, read last, has its number; the ledger before setListed(). */
+    bool isListed = true;
     QString note = {};       ///< as it was loaded
     QString contractor = {}; ///< the creditor that a new payment to a company starts with
 

@@ -11,8 +11,9 @@ namespace saldoro {
 
 /**
  * Companies and professionals of a contract, pasted from a spreadsheet or typed, beside those that
- * are there already, and which company is the contractor. A pasted company that is chosen stays so
- * when its cell is corrected; when it stays out, the contractor of the archive is chosen again.
+ * are there already, and which company is the contractor. A pasted company that is chosen stays
+ * chosen when its name is corrected. When its row is no longer taken, the archive's contractor is
+ * chosen.
  */
 class FrmCreditori : public QWidget
 {

@@ -19,8 +19,9 @@ void PrepareAvailabilityOverview(TextTable &overview);
  * "Pagato" and "Disponibilità" blank and "Spesa" as first written, "0" for a null budget.
  *
  * Throws DatabaseError, also for a null code, description or allocated amount and, when the ledger
- * has allocations, for a code that holds an apostrophe, and OverflowError; details "Voce", "Riga"
- * for a null code or description, and "Pagamento" for an allocation. The rows written so far stay.
+ * has allocations, for a code that holds an apostrophe. Throws OverflowError for a sum beyond the
+ * currency range. The details are "Voce", "Riga" for a null code or description, and "Pagamento"
+ * for an allocation. The rows written so far stay.
  */
 void FillAvailabilityOverview(TextTable &overview, const ProgramValues &values);
 

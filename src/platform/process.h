@@ -7,9 +7,10 @@
 namespace saldoro {
 
 /**
- * Starts a program, given by its archive path, and does not wait for it; its window opens in the
- * usual size and gets the focus. Returns false when it can't be started; throws nothing. On Windows
- * the arguments stand behind the program's name as they are, each after one blank.
+ * Starts a program, given by its archive path or path of the machine, and does not wait for it; its
+ * window opens in the usual size and gets the focus. Returns false when it can't be started; throws
+ * nothing. On Windows the arguments stand behind the program's name as they are, each after one
+ * blank.
  */
 bool StartDetached(const QString &program, const QStringList &arguments);
 

@@ -25,8 +25,8 @@ QString FirstFreeCode(const QStringList &codes);
 
 /** Why a new contract can't have that code, as a sentence in Italian; empty when it can. A code
  *  must be able to name a folder on Windows and on Linux, has at most 60 characters (one beyond the
- *  basic plane counts twice), does not end in UnfinishedEnd, does not begin with a full stop, has
- *  no characters that no screen shows, and is none of @p codes in any letter case. */
+ *  basic plane counts twice), does not end in UnfinishedEnd, does not begin with a full stop or a
+ *  blank, has no characters that no screen shows, and is none of @p codes in any letter case. */
 QString CodeProblem(const QString &code, const QStringList &codes);
 
 } // namespace saldoro

@@ -22,8 +22,8 @@ namespace saldoro {
 
 /** Tags of the items, in `Funzione`. */
 namespace ItemTag {
-/** Of what this program writes. The suite's readers go by the item's code and give the tag of these
- *  no meaning. */
+/** Of documents, totals and mandate notes. The suite's readers go by the item's code and give the
+ *  tag of these no meaning. */
 inline constexpr qint16 None = 0;
 inline constexpr qint16 Contractor = 1;
 inline constexpr qint16 Professional = 17;

@@ -25,7 +25,7 @@ struct Contractor
  *  A contractor without a link value (null) throws NullValue; database errors pass. */
 Contractor LoadContractor(const ProgramValues &values);
 
-/** Principals of the association @p IdImpresa, by name. */
+/** Principals of the association @p IdImpresa, by name; one without a name is an empty text. */
 QStringList Principals(const ProgramValues &values, qint32 IdImpresa);
 
 } // namespace saldoro

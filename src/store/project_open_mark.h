@@ -11,8 +11,8 @@ namespace saldoro {
  * Says that this program has a project open, for as long as the object lives. The mark is a lock
  * file in the user's own settings folder, so only programs of the same user on the same machine see
  * it. A program that died leaves no mark that counts. A mark that can't be written (no such folder,
- * full disk) is left out in silence: it is only there to warn, and to keep two imports from making
- * the same project.
+ * full disk) is left out in silence. It warns, keeps others from changing an open project, and two
+ * imports from making the same one.
  */
 class ProjectOpenMark
 {

@@ -57,6 +57,8 @@ TableDef fattureTable()
     table.appendField(u"Del"_s, FieldType::Date, 0, orEmpty);
     table.appendField(u"Memo"_s, FieldType::Memo, 0, orEmpty);
     table.appendField(u"Descrizione"_s, FieldType::Text, LedgerSize::Descrizione, orEmpty);
+    // A company's payment leaves some null, see invoice/company_amounts and verify/write_trial. The
+    // statements need some, see overview/payment_statement and verify/payment_checks.
     for (const QString &amount :
          {u"Aliquota"_s, u"Importo"_s, u"ImportoIVA"_s, u"AliquotaRA"_s, u"ImportoPrest"_s,
           u"Contributo"_s, u"CassaPrev"_s, u"ImportoRA"_s, u"AltriImporti01"_s}) {

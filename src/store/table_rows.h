@@ -15,11 +15,11 @@ namespace saldoro {
 using TableRow = QList<NewValue>;
 using TableRows = QList<TableRow>;
 
-/** How stored values are taken that are not of their field's kind. */
+/** How a stored value is taken that can't be given back exactly. */
 enum class Reading
 {
-    Exact,    ///< as an invalid day, see TableRow
-    AsProgram ///< as its text; readable days and texts as the forms read them
+    Exact,    ///< as an invalid day
+    AsProgram ///< a value of another kind as its text, a day without its time
 };
 
 /** The rows of a table, or of a stored query, in stored order, with Progress. Throws DatabaseError,
@@ -41,8 +41,8 @@ QString TextOf(const NewValue &value);
 /** What to write where a table takes null but no empty text. */
 NewValue TextOrNull(const QString &text);
 
-/** The first row that has an equal text in its first field, as the databases compare, at which
- *  their searches stop, too; -1 for none. The text is not empty. */
+/** The first row whose first field has an equal text, as the databases compare; their searches find
+ *  the same one. -1 for none. @p text is not empty. */
 qsizetype FirstRow(const TableRows &rows, const QString &text);
 
 } // namespace saldoro

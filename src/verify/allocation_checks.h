@@ -5,11 +5,6 @@
 
 namespace saldoro {
 
-/*
- * Rules of the check. Each adds what it finds to the findings; what needs a table that can't be
- * read is passed over.
- */
-
 /** A cost item twice in a payment. */
 void CheckRepeated(const CheckedProject &project, Findings &findings);
 

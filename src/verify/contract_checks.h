@@ -5,11 +5,6 @@
 
 namespace saldoro {
 
-/*
- * Rules of the check. Each adds what it finds to the findings; what needs a table that can't be
- * read is passed over.
- */
-
 /** The internal codes that the program needs. */
 void CheckCodes(const CheckedProject &project, Findings &findings);
 

@@ -6,7 +6,7 @@
 
 namespace saldoro {
 
-/** What a finding is about; the report lists them in this order. */
+/** What a finding is about, as FindingsReport() lists them. */
 enum class FindingGroup
 {
     Files,

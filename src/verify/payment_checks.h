@@ -5,11 +5,6 @@
 
 namespace saldoro {
 
-/*
- * Rules of the check. Each adds what it finds to the findings; what needs a table that can't be
- * read is passed over.
- */
-
 /** Values that a payment lacks, its kind and its sum. */
 void CheckPayments(const CheckedProject &project, Findings &findings);
 

@@ -53,7 +53,8 @@ struct CheckedRow
     bool isNull(const QString &field) const { return table->isNull(place, field); }
 };
 
-/** A project as the checks see it. A table that can't be read has no rows. */
+/** A project as the checks see it. Each adds what it finds to the findings. A table that can't be
+ *  read has no rows; what needs it is passed over. */
 struct CheckedProject
 {
     const ProjectTables &tables;
