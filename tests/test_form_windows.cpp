@@ -164,6 +164,7 @@ private slots:
         QCOMPARE(program.told(), u"A 1 P 2"_s);
         QVERIFY(QTest::qWaitForWindowActive(first));
         QVERIFY(!first->isMinimized());
+        QTRY_VERIFY(Find(*first, u"Avvisi"_s)->accessibleName().contains(u"1, non il 3"_s));
 
         Play(first, u"click Command1"_s); // saves, though payment 3 is current
         QCOMPARE(program.list.text(1, 1), u"!Edil Valle"_s);

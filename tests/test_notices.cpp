@@ -61,6 +61,8 @@ struct HeldState
                 *target = text;
         }
         past.isRewritten = past.isRewritten || name == u"rewritten";
+        if (name == u"asked")
+            state.askedNumber = text.toInt();
         if (name == u"kind")
             shown.storedKind = text;
         if (name == u"cut")
@@ -158,6 +160,8 @@ A memo:x note:x
 A new unstored unlisted @Text1_0 creditore:E contractor:E -> «Ricerca» elenca chi
 A new unstored unlisted @Text1_1 creditore:E contractor:E
 A new -> Il pagamento 7 c'è già e «Conferma» lo riscrive
+A asked:8 -> È rimasto aperto il pagamento 7, non il 8
+A asked:7
 A kind:P -> Il pagamento 7 c'è già, e dell'altro tipo
 A unlisted -> Il pagamento 7 è stato eliminato. «Conferma» lo rimette
 A new unstored -> nel frattempo

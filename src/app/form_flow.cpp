@@ -81,6 +81,7 @@ void FormFlow::showInvoiceForm(CreditorKind kind, bool isNew)
                 [this, kind] { invoiceFormUnloaded(kind); });
         shown = std::move(form);
     }
+    shown->setAskedNumber(m_values.CurrentPaymentNumber);
     BringToFront(*shown);
 }
 

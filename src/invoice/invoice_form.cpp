@@ -207,6 +207,12 @@ PaymentRecord InvoiceForm::shown() const
     return record;
 }
 
+void InvoiceForm::setAskedNumber(qint32 number)
+{
+    m_loaded.askedNumber = number;
+    m_strip->refreshSoon();
+}
+
 void InvoiceForm::setListed(bool isListed)
 {
     m_loaded.isListed = isListed;

@@ -40,6 +40,9 @@ public:
 
     /** Tells the form that "Nuovo" has opened it; only the notices go by that. */
     void setMeantNew() { m_loaded.isMeantNew = true; }
+    /** Tells the form which payment was asked for when it came to the front, which may be another
+     *  than its own; only the notices go by that. */
+    void setAskedNumber(qint32 number);
     /** Tells the form whether the main screen, which has read the payments again, lists its number;
      *  only the notices go by that. */
     void setListed(bool isListed);

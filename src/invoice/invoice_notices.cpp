@@ -51,6 +51,10 @@ void tellTexts(const InvoiceState &state, Notices &all)
     const PaymentRecord &shown = state.shown;
     if (const QString text = numberText(state); !text.isEmpty())
         all.tell(Danger, {}, u"Il pagamento %1 %2"_s.arg(QString::number(shown.number), text));
+    if (state.askedNumber != 0 && state.askedNumber != shown.number)
+        all.tell(Danger, {},
+                 u"È rimasto aperto il pagamento %1, non il %2: chiuderlo e riprovare"_s.arg(
+                     QString::number(shown.number), QString::number(state.askedNumber)));
     if (shown.del == EmptyDateText)
         all.tell(
             Danger, state.dateBox,

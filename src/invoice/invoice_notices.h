@@ -39,6 +39,7 @@ struct InvoiceState
     QString focus = {};       ///< object name of the control that has the focus
     QMap<Amount, AmountPast> past = {};
 
+    qint32 askedNumber = 0;  ///< of the payment that was asked for last; 0 for its own
     bool isMeantNew = false; ///< opened by "Nuovo"
     /** Whether the main screen's list, read last, has its number; the ledger before setListed(). */
     bool isListed = true;
