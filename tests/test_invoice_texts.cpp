@@ -150,8 +150,9 @@ private slots:
             LedgerPath(d->values),
             u"INSERT INTO Fatture (AziProf, Npag, Memo) VALUES ('P', 1, '%1')"_s.arg(note));
         d->answer = MessageAnswer::Yes;
-        for (const auto &[steps, stored] :
-             {std::pair{u"type x"_s, note}, {u"to Memo, Return"_s, u"\r\na\r\nb c"_s}}) {
+        QApplication::clipboard()->setMimeData(new QMimeData); // nothing at all
+        for (const auto &[steps, stored] : {std::pair{u"type x, to Memo, Ctrl+V"_s, note},
+                                            {u"to Memo, Return"_s, u"\r\na\r\nb c"_s}}) {
             d->open(CreditorKind::Professional, 1);
             d->play(steps + u", click Command1"_s);
             QCOMPARE(d->archive.ledgerRows(u"SELECT Memo FROM Fatture"_s), stored);

@@ -7,6 +7,7 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QMimeData>
 #include <QPlainTextEdit>
 
 namespace saldoro {
@@ -52,6 +53,14 @@ public:
         constexpr int lines = 4;
         constexpr int characters = 30;
         return {characters * fontMetrics().averageCharWidth(), lines * fontMetrics().lineSpacing()};
+    }
+
+protected:
+    /** A clipboard that holds nothing at all would crash the toolkit. */
+    void insertFromMimeData(const QMimeData *source) override
+    {
+        if (source->hasText())
+            QPlainTextEdit::insertFromMimeData(source);
     }
 
 private:
