@@ -5,6 +5,7 @@
 #include "common/errors.h"
 #include "store/payment_amounts.h"
 
+#include <QRegularExpression>
 #include <QStringBuilder>
 
 namespace saldoro {
@@ -15,8 +16,9 @@ namespace {
 
 QString title(const RecordSet &payment)
 {
+    static const QRegularExpression outerBlanks(u"\\A +| +\\z"_s); // no tabs
     const FieldValue day = payment.field(u"Del"_s);
-    return u"Nr. "_s + payment.field(u"NFat"_s).textOrEmpty().trimmed() + u" del "_s +
+    return u"Nr. "_s + payment.field(u"NFat"_s).textOrEmpty().remove(outerBlanks) + u" del "_s +
            (day.isNull() ? QString() : FormatData(day.date()));
 }
 
