@@ -64,10 +64,14 @@ private slots:
         add("no header, blanks of a web page, CR LF, a minus sign, a quote within",
             "A1\u00a0\t Scavi 5\"\t1.000,00\u00a0€\r\nA2\tRibasso\t\u2212100,00\r\n",
             "A1|Scavi 5\"|1.000,00\nA2|Ribasso|-100,00\n= 900,00 pronto");
+        add("ditto marks, which open no quoted cell",
+            "Codice\tDescrizione\tImporto\tNota\nA1\tScavi\t1,00\t\"\nA2\t\"\t2,00\t\"\n"
+            "A3\t\"\t3,00\t\n",
+            "s intestazione\nA1|Scavi|1,00\nA2|\"|2,00\nA3|\"|3,00\n= 6,00 pronto");
         add("Voce beside a code is the description; errors and invisible letters of a sheet",
-            "\tVoce\tCod.\tImporto\n\tScavi\tA1\u200b\t1\n\tMuri\t#N/D\x01\t2",
+            "\tVoce\tCod.\tImporto\n\tScavi\tA1\u200b\t1\n\tMuri\t#N/D\x01\t2\n\tErr:502\t#1\t3",
             "s intestazione\nA1|Scavi|1,00\n! Codice: «#N/D» è un errore del foglio "
-            "elettronico.\n= 1,00");
+            "elettronico.\n! Descrizione: «Err:502» è un errore del foglio elettronico.\n= 1,00");
         add("another order by the header", "Importo\tDescrizione\tCodice\n12,50\tScavi\tA1",
             "s intestazione\nA1|Scavi|12,50\n= 12,50 pronto");
         add("the other notation throughout", "A1\tScavi\t1,234.50\nA2\tMuri\t1,234\nA3\tTetti\t7",
@@ -170,7 +174,8 @@ private slots:
                  {"Tre\t", ""},
                  {"TRE\t", "«TRE» c'è già."},
                  {"ragione sociale\t",
-                  "«ragione sociale» intitola una colonna: tralasciare la riga."}}) {
+                  "«ragione sociale» intitola una colonna: tralasciare la riga."},
+                 {"ATI Serio\t\"Due\nTre\ndue\"", "la mandante «due» è scritta due volte."}}) {
             cells.append(QString::fromUtf8(row));
             expected.append(QString::fromUtf8(reason));
         }

@@ -73,10 +73,10 @@ private:
             const qsizetype end = m_text.indexOf(u'"', m_at);
             if (end < 0 && !isLenient())
                 fail(u"le virgolette aperte non vengono chiuse"_s);
-            isClosed = end >= 0;
+            const QStringView part = end < 0 ? QStringView() : m_text.sliced(m_at, end - m_at);
+            isClosed = end >= 0 && !(isLenient() && part.contains(m_separator));
             if (!isClosed)
                 break;
-            const QStringView part = m_text.sliced(m_at, end - m_at);
             if (cell.isNull())
                 cell = part.toString(); // most cells are one part
             else

@@ -24,10 +24,10 @@ QString plainCell(const QString &cell)
     return plain.isEmpty() ? QString() : plain;
 }
 
-/** What a spreadsheet shows in place of a value that it has none for. */
+/** What a spreadsheet shows in place of a value that it has none for; "#1" may be a code. */
 bool isSheetError(const QString &cell)
 {
-    static const QRegularExpression error(u"\\A#[A-Z0-9/]+[!?]?\\z"_s);
+    static const QRegularExpression error(u"\\A(?:#N/[AD]|#[A-Z0-9/]+[!?]|Err:\\d+)\\z"_s);
     return error.match(cell).hasMatch();
 }
 
@@ -56,10 +56,15 @@ void PastedTable::setRows(const QList<CellRow> &rows, const QStringList &warning
     for (const QString &field : m_table.neededFields)
         m_doubts[field] = ColumnDoubt(field, rows, m_columns, m_table);
     m_rows.clear();
+    const bool haveMembers = m_table.place(u"Mandanti"_s) >= 0;
     for (const CellRow &row : rows) {
         m_rows.append(PastedRow());
-        for (const QString &cell : row.cells)
+        for (QString cell : row.cells) {
+            // One on each line. Which column has them may be said later.
+            if (haveMembers && m_rows.last().cells.size() != columnOf(u"Nome"_s))
+                cell.replace(u'\n', u';');
             m_rows.last().cells.append(plainCell(cell));
+        }
         m_rows.last().cells.resize(columns());
     }
     judge();

@@ -36,6 +36,8 @@ struct PastedRow
  * When all amounts turn out to be in the international notation they are rewritten in the Italian
  * one, also in rows that stay out. A column that is no longer the one of the amounts gets its cells
  * back as they were.
+ *
+ * A cell of several lines becomes one line; where it may hold members, with ";" between them.
  */
 class PastedTable
 {
