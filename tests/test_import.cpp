@@ -202,6 +202,9 @@ void TestImport::setsTheArchivesRootOnce()
     QCOMPARE(ContentOf(setting), "[altra]\nx=1\n[software\\Dornvale\\zelt]\ndrivers=\"" +
                                      office.path(u"è"_s).toUtf8() + "\"\ny=2\n");
     QVERIFY(office.import().endsWith(u"uguale)\n"_s + opening));
+    const QString odd = QFileInfo(office.project()).path() + u"/L'Aquila  &2"_s;
+    QVERIFY(ImportFiles(odd, office.csv(), {true, false, {}})
+                .summary.endsWith(u"saldoro 'TUSMQDE7WL'\\''Aquila  &2'\n"_s));
     WriteFile(setting, "[Software\\Dornvale\\ZELT]\ndrivers=/altrove\n");
     QVERIFY(office.import().contains(u"in un'altra cartella, «/altrove»"_s));
     QVERIFY_THROWS_EXCEPTION(FileError, ImportFiles(office.path(u"qui"_s), office.csv(), {}));

@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace saldoro {
 
@@ -19,10 +20,13 @@ namespace {
 
 QString command(const ProjectPlace &place)
 {
+    static const QRegularExpression plain(u"\\A[\\w.-]+\\z"_s);
     const bool isWindows = RegistryFilePath().isEmpty(); // its registry is no file
+    QString argument = LaunchToken.toString() + place.code;
+    if (!isWindows && !plain.match(argument).hasMatch()) // a shell would take it for something else
+        argument = u'\'' + argument.replace(u'\'', u"'\\''"_s) + u'\'';
     return (isWindows ? u"Saldoro.exe"_s : u"saldoro"_s) +
-           (place.code == DefaultProject ? u", o dal menu"_s
-                                         : u' ' + LaunchToken.toString() + place.code);
+           (place.code == DefaultProject ? u", o dal menu"_s : u' ' + argument);
 }
 
 } // namespace
