@@ -95,6 +95,9 @@ private slots:
             paste(pasted);
             QCOMPARE(box->currentText(), chosen);
         }
+        paste(u"Sigma\nSigma"_s); // can't be saved
+        Play(&form, u"to Appaltatore, Alt+S"_s);
+        QCOMPARE(box->currentText(), u"Edil Valle"_s);
     }
 
     /** A contractor of the register that is not linked to it, or to another company, gets its link,
@@ -163,6 +166,19 @@ private slots:
             QVERIFY(error.detail(Detail::File).endsWith(u"AZIDB.mdb"_s));
         }
         QCOMPARE(ContentsOf(project.folder()), before);
+    }
+
+    /** A name that does not fit is told: it may be one of many. */
+    void tooLongName()
+    {
+        const SoundProject project;
+        const QString name(256, u'x');
+        try {
+            AddCreditors(project.archive.values(), {{name, NewValue()}}, {}, {});
+            QFAIL("was written");
+        } catch (const DatabaseError &error) {
+            QCOMPARE(error.detail(Detail::Creditor), name);
+        }
     }
 };
 

@@ -207,6 +207,10 @@ private slots:
                  u"Righe da prendere: 1    Totale: 12,50"_s);
         office.answer = MessageAnswer::Yes; // to the question whether to replace them
         QCOMPARE(drop("A1;Scavi;7\nB1;Muri;8"), u"Righe da prendere: 2    Totale: 15,00"_s);
+        Play(&form, u"to Celle, Ctrl+End, Del"_s); // which chooses the row that it goes to
+        QVERIFY(Find<QLabel>(form, u"Somma"_s)
+                    ->text()
+                    .startsWith(u"Righe da prendere: 1    Totale: 7,00"_s));
         // A guess at the letters is told; the header stays out when all rows go and come back.
         QCOMPARE(drop("Voce;Descri;Importo\nA1;Citt\xE0;7"),
                  u"Righe da prendere: 1    Totale: 7,00"_s);

@@ -1,5 +1,6 @@
 #include "exchange/creditor_tables.h"
 
+#include "common/errors.h"
 #include "database/criterion.h"
 #include "database/text_order.h"
 #include "exchange/made_files.h"
@@ -72,7 +73,9 @@ qint32 companyNumber(const Database &database, const QString &name, const NewVal
                                                 {u"Partecip"_s, u"AnagRel"_s},
                                                 {u"Manda"_s, u"AnagRel"_s},
                                                 {u"Manda"_s, u"AnagPar"_s}});
-    add(companies, {{u"ID"_s, number}, {u"nominativo"_s, name}, {u"TipImprese"_s, kind}});
+    WithDetail(Detail::Creditor, name, [&] {
+        add(companies, {{u"ID"_s, number}, {u"nominativo"_s, name}, {u"TipImprese"_s, kind}});
+    });
     return number;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QSize>
 #include <QString>
 #include <QStringList>
@@ -15,11 +16,19 @@ class QWidget;
 
 namespace saldoro {
 
-/** A box to choose from. The wheel, turned to scroll something else, does not change it. */
+/** A box to choose from. The wheel, turned to scroll something else, does not change it, nor does a
+ *  letter with Alt, meant for a button that is disabled. */
 class ChoiceBox : public QComboBox
 {
 protected:
     void wheelEvent(QWheelEvent *event) override { event->ignore(); }
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->modifiers().testFlag(Qt::AltModifier) && !event->text().isEmpty())
+            event->ignore();
+        else
+            QComboBox::keyPressEvent(event);
+    }
 };
 
 /**

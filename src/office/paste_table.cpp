@@ -14,6 +14,7 @@
 #include <QClipboard>
 #include <QDropEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QPushButton>
 #include <QShortcut>
@@ -27,10 +28,30 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/** Keys with Ctrl would move the current cell alone: rows that are out of sight would stay the
+ *  chosen ones. */
+class Cells : public QTableWidget
+{
+protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
+                                                         const QEvent *event) const override
+    {
+        const auto *key = dynamic_cast<const QKeyEvent *>(event);
+        if (key == nullptr || key->key() == Qt::Key_Space)
+            return QTableWidget::selectionCommand(index, event);
+        const QKeyEvent plain(key->type(), key->key(), key->modifiers() & ~Qt::ControlModifier);
+        return QTableWidget::selectionCommand(index, &plain);
+    }
+};
+
+} // namespace
+
 PasteTable::PasteTable(PastedTable &pasted, QWidget *parent)
     : QWidget(parent)
     , m_pasted(pasted)
-    , m_view(new QTableWidget)
+    , m_view(new Cells)
     , m_sum(new QLabel)
 {
     setUpView();
