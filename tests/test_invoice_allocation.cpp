@@ -203,6 +203,11 @@ private slots:
         d->play(u"type 9, Alt+R"_s);
         QTRY_COMPARE(d->focused(), u"List2"_s);
         QCOMPARE(d->text(u"Text3"_s), u"86,00"_s);
+        // A composed letter does not get into the total.
+        QInputMethodEvent composed;
+        composed.setCommitString(u"é"_s);
+        QCoreApplication::sendEvent(d->find(u"Text3"_s), &composed);
+        QCOMPARE(d->text(u"Text3"_s), u"86,00"_s);
     }
 
     void editorScrollsWithItsCell()

@@ -83,6 +83,9 @@ void AllocationFrame::readInto(InvoiceState &state) const
 
 bool AllocationFrame::eventFilter(QObject *watched, QEvent *event)
 {
+    // The toolkit lets a composed letter into a line that is read-only.
+    if (watched == m_total)
+        return event->type() == QEvent::InputMethod;
     if (watched != m_editor || event->type() != QEvent::KeyPress)
         return false;
     // The Enter that picked the item may still be held down; it must not confirm an empty amount.
@@ -186,6 +189,7 @@ QLayout *AllocationFrame::makeTotals()
              u"Somma degli importi ripartiti sulle voci di spesa"_s);
     m_total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_total->setReadOnly(true);
+    m_total->installEventFilter(this);
     m_total->setMinimumWidth(BoxWidth(*m_total, WidestAmount));
     m_total->setFocusPolicy(Qt::ClickFocus);
     m_invoiceTotal->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
