@@ -128,6 +128,9 @@ void TestImport::refuses()
             QCOMPARE(office.import(true).contains(u"Saldoro.mdb: creato"_s), !evenSo);
         }
     };
+    const Office alone;
+    WriteFile(alone.csv() + u"/Spese.csv.txt"_s, "x");
+    QVERIFY(alone.import().contains(u"Errori:\n  Spese.csv.txt: non è stato letto"_s));
     check(errors, true);
     check(doubts, false);
 }

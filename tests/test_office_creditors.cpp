@@ -117,6 +117,7 @@ private slots:
             QVERIFY(QTest::qWaitForWindowActive(form));
             Play(form, u"Alt+S"_s);
             QCOMPARE(office.rows(u"00112"_s, u"Appalto.mdb"_s, stored), u"Alfa|3"_s);
+            QVERIFY(office.messages.last().endsWith(u"è ora collegato a «Alfa»."_s));
         }
         // One that the register lacks follows no pasted cell of its name.
         BareFile(office.folder(u"00112"_s) + u"/Appalto.mdb"_s)

@@ -102,6 +102,8 @@ private slots:
             "sopra.");
         add("an item that is spelt like a header", "COD3\tImprevisti\t100,00\nA1\tScavi\t5",
             "COD3|Imprevisti|100,00\nA1|Scavi|5,00\n= 105,00 pronto");
+        add("a header with a year", "Cod.\tDescrizione\t2024\tImporto\nA1\tScavi\t3,00\t5,00",
+            "s intestazione\nA1|Scavi|5,00\n= 5,00 pronto");
         add("semicolons for tabs", "A1;\"Scavi; e muri\";5,00\n",
             "A1|Scavi; e muri|5,00\n= 5,00 pronto");
         add("one column", "A1\nA2",

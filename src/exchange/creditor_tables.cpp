@@ -149,15 +149,11 @@ const ExchangedTable &ProfessionalList()
 QList<CellFault> NameFaults(const TableRows &rows, const QStringList &known)
 {
     // What lists have above the names, and nobody is called.
-    static const QStringList headings{u"Appaltatore"_s,    u"Azienda"_s,
-                                      u"Cognome"_s,        u"Cognome e nome"_s,
-                                      u"Nome e cognome"_s, u"Cognome nome"_s,
-                                      u"Nome cognome"_s,   u"Creditore"_s,
-                                      u"Denominazione"_s,  u"Ditta"_s,
-                                      u"Impresa"_s,        u"Imprese"_s,
-                                      u"Nominativo"_s,     u"Operatore economico"_s,
-                                      u"Professionista"_s, u"Professionisti"_s,
-                                      u"Ragione sociale"_s};
+    static const QStringList headings =
+        u"Appaltatore,Azienda,Aziende,Cognome,Cognome e nome,Cognome nome,Creditore,Creditori,"
+        "Denominazione,Ditta,Ditte,Fornitore,Fornitori,Impresa,Imprese,Nome cognome,"
+        "Nome e cognome,Nominativo,Operatore economico,Professionista,Professionisti,"
+        "Ragione sociale"_s.split(u',');
     std::set<QString, TextOrder> names(known.begin(), known.end());
     QList<CellFault> faults;
     for (int row = 1; row <= rows.size(); ++row) {

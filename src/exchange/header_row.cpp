@@ -103,7 +103,8 @@ CellColumns GuessColumns(const QList<CellRow> &rows, const ExchangedTable &table
     if (columns.firstRow == 0 || (found == 1 && !isSure))
         return {};
     const QStringList &header = rows[columns.firstRow - 1].cells;
-    if (!columns.guesses.isEmpty() && std::ranges::any_of(header, isAmount))
+    if (!columns.missing.isEmpty() && !columns.guesses.isEmpty() &&
+        std::ranges::any_of(header, isAmount))
         return {}; // an item such as "COD3, Imprevisti, 100,00"
     tellCodeFromItem(columns, header, table);
     return columns;

@@ -256,15 +256,13 @@ ImportOutcome newProject(const QString &folder, const QList<GivenTable> &tables,
     const QString codes = ArchiveFilePath(ArchiveFile::Codes, folder);
     const bool hadCodes = QFileInfo::exists(codes);
     ImportOutcome outcome = ProjectImport(aside, tables, options).run();
+    QString kept; // without copies the code map is new, or as it was
+    if (!outcome.copies.isEmpty())
+        kept = u"Niente è stato scritto, fuorché la tabella dei codici: com'era sta in "_s +
+               outcome.copies.join(u", "_s);
     try {
         if (outcome.isDone)
-            WithDetail(
-                Detail::Outcome,
-                outcome.copies.isEmpty() // the code map is new, or as it was
-                    ? QString()
-                    : u"Niente è stato scritto, fuorché la tabella dei codici: com'era sta in "_s +
-                          outcome.copies.join(u", "_s),
-                [&] { PutInPlace(aside, folder); });
+            WithDetail(Detail::Outcome, kept, [&] { PutInPlace(aside, folder); });
     } catch (...) {
         QDir(aside).removeRecursively();
         if (!hadCodes)

@@ -37,9 +37,14 @@ std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, Import
     for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files)) {
         const ExchangedTable *table = TableNamed(file.baseName()); // of "Spese.csv.txt", too
         const bool isOther = file.suffix().compare("csv"_L1, Qt::CaseInsensitive) != 0;
-        if (table != nullptr && isOther && !paths.contains(table))
-            outcome.warnings.append(file.fileName() +
-                                    u": non è stato letto, perché non finisce con «.csv»."_s);
+        if (table == nullptr || !isOther || paths.contains(table))
+            continue;
+        const QString line =
+            file.fileName() + u": non è stato letto, perché non finisce con «.csv»."_s;
+        if (paths.empty())
+            errors.append(LineFinding(line));
+        else
+            outcome.warnings.append(line);
     }
     if (!QFileInfo(folder).isReadable())
         throw FileError(folder, u"La cartella non può essere letta."_s,

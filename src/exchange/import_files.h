@@ -5,8 +5,8 @@
 namespace saldoro {
 
 /** Fills tables of a project with the CSV files of a folder (of the machine), each named for its
- *  table; a warning names others that are named for a table without such a file. Throws as
- * ImportTables(), and FileError for files that can't be read. */
+ *  table. Other files with such a name are told, unless their table has its CSV file. Throws as
+ *  ImportTables(), and FileError for files that can't be read. */
 ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder,
                           const ImportOptions &options);
 

@@ -130,12 +130,16 @@ QString FrmCreditori::newContractor() const
 
 void FrmCreditori::write()
 {
-    const QStringList copies = AddCreditors(m_values, m_companies.taken().rows,
-                                            m_professionals.taken().rows, newContractor());
+    const QString contractor = newContractor();
+    const QStringList copies =
+        AddCreditors(m_values, m_companies.taken().rows, m_professionals.taken().rows, contractor);
     ShowMessage(
         MessageKind::Information,
         u"Imprese e professionisti sono stati scritti. Gli archivi com'erano stanno in:\n"_s +
-            NativePaths(copies));
+            NativePaths(copies) +
+            (contractor.isEmpty()
+                 ? QString()
+                 : u"\n\nL'appaltatore è ora collegato a «%1»."_s.arg(contractor)));
     m_isWritten = true;
     close();
 }
