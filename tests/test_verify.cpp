@@ -158,10 +158,13 @@ void TestVerify::finds()
     add("C", "UPDATE SchedaProgetto SET Link = 0", "Appaltatore (voce D0101): non è collegato");
     add("C", "UPDATE SchedaProgetto SET Link = 5",
         "Appaltatore (voce D0101): il collegamento (Link) 5 non porta");
-    add("C", "UPDATE SchedaProgetto SET Stringa = 'Alfa'",
-        "Appaltatore (voce D0101): si chiama «Alfa», ma il suo collegamento (Link) porta "
-        "all'impresa «Edil Valle»");
+    add("C", "UPDATE SchedaProgetto SET Stringa = 'Edilvalle'", "");
     add("C", "DELETE FROM SchedaProgetto", "");
+    const char *another = "Appaltatore (voce D0101): si chiama «Edil Valle», ma il suo "
+                          "collegamento (Link) porta all'impresa «Alfa»";
+    add("A", "UPDATE Anag SET nominativo = 'Alfa'; INSERT INTO Anag VALUES (5, 'edil valle', '')",
+        another);
+    add("A", "UPDATE Anag SET nominativo = 'Alfa', TipImprese = 'ATI'", another);
     add("A",
         "INSERT INTO Anag VALUES (4, 'Beta', ''), (7, 'Gamma', ''), (NULL, '', ''), (NULL, '', '');"
         "INSERT INTO Partecip VALUES (1, 4), (2, 5), (3, NULL);"

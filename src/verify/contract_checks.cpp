@@ -2,13 +2,13 @@
 
 #include "common/characters.h"
 #include "database/text_order.h"
+#include "store/contractor_and_principals.h"
 #include "store/internal_codes.h"
 #include "store/pick_limits.h"
 
 #include <QSet>
 
 #include <algorithm>
-#include <array>
 #include <set>
 #include <tuple>
 
@@ -90,8 +90,8 @@ QStringList spellingFaults(const QString &code)
     return faults;
 }
 
-/** What is wrong with the contractor's link to the register; null for a register that can't be
- *  read. */
+/** What is wrong with the contractor's link; empty for nothing. @p companies is null when the
+ *  register can't be read. A link that the office can mend: ReadCreditors(). */
 QString linkFault(const ProjectTable &sheet, qsizetype row, const ProjectTable *companies)
 {
     const auto link = sheet.value<qint32>(row, u"Link"_s);
@@ -110,12 +110,21 @@ QString linkFault(const ProjectTable &sheet, qsizetype row, const ProjectTable *
     if (company == companies->rows.end())
         return u"il collegamento (Link) %1 non porta a nessuna impresa dell'anagrafe: «Mandanti» "
                "resta disabilitato."_s.arg(*link);
-    const QString name = TextOf((*company)[companies->definition.place(u"nominativo"_s)]);
+    const auto nameOf = [at = companies->definition.place(u"nominativo"_s)](const TableRow &each) {
+        return TextOf(each[at]);
+    };
     const QString contractor = sheet.value<QString>(row, u"Stringa"_s).value_or(QString());
-    return AreEqualTexts(name, contractor)
+    const bool isNamed = std::ranges::any_of(companies->rows, [&](const TableRow &each) {
+        return AreEqualTexts(nameOf(each), contractor);
+    });
+    // Another spelling of the same company changes nothing.
+    const bool isHarmless =
+        !isNamed &&
+        TextOf((*company)[companies->definition.place(u"TipImprese"_s)]) != AssociationKind;
+    return isHarmless || AreEqualTexts(nameOf(*company), contractor)
                ? QString()
-               : u"si chiama «%1», ma il suo collegamento (Link) porta all'impresa «%2»: si "
-                 "propongono le mandanti di questa."_s.arg(contractor, name);
+               : u"si chiama «%1», ma il suo collegamento (Link) porta all'impresa «%2»: "
+                 "«Mandanti» segue questa."_s.arg(contractor, nameOf(*company));
 }
 
 } // namespace
@@ -175,11 +184,10 @@ void CheckCompanies(const CheckedProject &project, Findings &findings)
         if (number)
             known.insert(*number);
     }
-    const std::array<std::tuple<QString, QString, QString>, 3> references{
-        {{u"Partecip"_s, u"AnagRel"_s, u"l'impresa non si trova fra i creditori."_s},
-         {u"Manda"_s, u"AnagRel"_s, u"la mandante non si trova fra i creditori."_s},
-         {u"Manda"_s, u"AnagPar"_s, u"nessuno propone la mandante."_s}}};
-    for (const auto &[name, field, consequence] : references) {
+    for (const auto &[name, field, consequence] :
+         {std::tuple{u"Partecip"_s, u"AnagRel"_s, u"l'impresa non si trova fra i creditori."_s},
+          {u"Manda"_s, u"AnagRel"_s, u"la mandante non si trova fra i creditori."_s},
+          {u"Manda"_s, u"AnagPar"_s, u"nessuno propone la mandante."_s}}) {
         const ProjectTable *table = project.table(name);
         for (qsizetype row = 0; table != nullptr && row < table->rows.size(); ++row) {
             const auto number = table->value<qint32>(row, field);

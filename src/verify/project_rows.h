@@ -53,8 +53,8 @@ struct CheckedRow
     bool isNull(const QString &field) const { return table->isNull(place, field); }
 };
 
-/** A project as the checks see it. Each adds what it finds to the findings. A table that can't be
- *  read has no rows; what needs it is passed over. */
+/** A project as the checks see it. Each check adds what it finds to the findings and passes over
+ *  what needs a table that can't be read; such a table has no rows here. */
 struct CheckedProject
 {
     const ProjectTables &tables;

@@ -13,9 +13,9 @@ class Verification
 {
 public:
     /** Reads the tables of a database. What can't be read is a finding, and so are triggers and
-     *  tables that the program writes but can't. Throws DatabaseError for a file that is locked or
-     *  that can't be read without being changed (Locked, ReadOnly), FileError for one with a change
-     *  that was broken off, and what the watcher of Progress throws. */
+     *  tables that can't be written although the program writes them. Throws DatabaseError for a
+     * file that is locked or that can't be read without being changed (Locked, ReadOnly), FileError
+     * for one with a change that was broken off, and what the watcher of Progress throws. */
     void read(const Database &database, ArchiveFile file);
 
     /** The tables that could be read. */
@@ -37,7 +37,7 @@ private:
 /**
  * Reads the databases of the project in @p folder (of the machine) without changing anything and
  * applies every check. What the next save writes is tried on a copy in memory of the ledger and the
- * contract if they were read without a finding; one that can't be written is a finding itself.
+ * contract if they were read without a finding; a file that can't be written is a finding.
  * Missing or damaged files, tables and fields are findings too. The code map is that of the same
  * archive unless @p codes names another file. Shows its Progress. Throws as Verification::read(),
  * and FileError when the write-ahead log of another database lies beside one.
