@@ -119,7 +119,7 @@ private slots:
     {
         Project project;
         const QString payment =
-            u"INSERT INTO Fatture VALUES ('%1', %2, 'ing. Niccolò D''Amìco', ' 1 2 ',"
+            u"INSERT INTO Fatture VALUES ('%1', %2, 'ing. Niccolò D''Amìco', ' 1 2\u00a0 ',"
             " '2002-03-05', replace(' riga 1||{riga} 3|', '|', char(13, 10)), 'Saldo ', NULL,"
             " 123456789500, 2080050, 200000, 10000000, -400050, 200049, 2000000, 1500000)"_s;
         const QString nulls =
@@ -135,20 +135,21 @@ private slots:
                  "Titolo (fattura) ...........: Nr.  del \n"
                  "Importo totale pagato ......: 1.200,00\n"
                  "Altri Importi ..............: 0,00"_s);
-        const QString professional = u"Numero Pagamento ...........: 12\r\n"
-                                     "Creditore ..................: ing. Niccolò D'Amìco\r\n"
-                                     "Descrizione ................: Saldo \r\n"
-                                     "Titolo (fattura) ...........: Nr. 1 2 del 05/03/2002\r\n"
-                                     "Importo totale pagato ......: 12.346.036,96\r\n"
-                                     "Altri Importi ..............: 150,00\r\n"
-                                     "Elenco analitico voci spesa \r\n"
-                                     "  Importo Prestazione ......: 1.000,00\r\n"
-                                     "  Contributo pre.le 4% .....: -40,01\r\n"
-                                     "  Cassa Previdenza 2% ......: 20,00\r\n"
-                                     "  Iva lavori ...............: 208,01\r\n"
-                                     "  Importo R.A. .............: 200,00\r\n"
-                                     "  Note ..:\r\n"
-                                     " riga 1\r\n\r\n{riga} 3\r\n"_s;
+        const QString professional =
+            u"Numero Pagamento ...........: 12\r\n"
+            "Creditore ..................: ing. Niccolò D'Amìco\r\n"
+            "Descrizione ................: Saldo \r\n"
+            "Titolo (fattura) ...........: Nr. 1 2\u00a0 del 05/03/2002\r\n"
+            "Importo totale pagato ......: 12.346.036,96\r\n"
+            "Altri Importi ..............: 150,00\r\n"
+            "Elenco analitico voci spesa \r\n"
+            "  Importo Prestazione ......: 1.000,00\r\n"
+            "  Contributo pre.le 4% .....: -40,01\r\n"
+            "  Cassa Previdenza 2% ......: 20,00\r\n"
+            "  Iva lavori ...............: 208,01\r\n"
+            "  Importo R.A. .............: 200,00\r\n"
+            "  Note ..:\r\n"
+            " riga 1\r\n\r\n{riga} 3\r\n"_s;
         QCOMPARE(project.document(u"P99P"_s).text, MeantText(professional));
         QCOMPARE(project.document(u"P99"_s).text,
                  MeantText(u"Numero Pagamento ...........: 13\r\n"_s +

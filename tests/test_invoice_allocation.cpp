@@ -107,6 +107,10 @@ private slots:
         QTRY_COMPARE(m_grid->table().row(), 1);
         d->play(u"Return"_s);
         QCOMPARE(seen(), u"A1|x|9,00;B10|Spese tecniche| = 9,00 at edtTxt"_s);
+        d->play(u"type 4"_s);
+        select(spoken(m_grid)->tableInterface()->cellAt(0, 2));
+        d->play(u"Escape"_s);
+        QCOMPARE(seen(), u"A1|x|9,00;B10|Spese tecniche|0,00 = 9,00 at MSFlexGrid1"_s);
     }
 
     void abandonedInsertionLeavesNoRow()

@@ -2,6 +2,7 @@
 #include "form_driver.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -178,6 +179,7 @@ private slots:
                 continue;
             }
             QCOMPARE(d->text(u"Text1_0"_s), names.section(u'|', 0, 0));
+            QCOMPARE(d->find<QLineEdit>(u"Text1_0"_s)->selectedText(), d->text(u"Text1_0"_s));
             QVERIFY(list->isHidden() && confirm->isEnabled());
         }
     }

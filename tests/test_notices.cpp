@@ -131,7 +131,6 @@ A Text2_0:9,00 @Text2_1:10 before:10 Text2_2:1,00 total:9,90 -> dall'aliquota 1,
 A Text2_0:9,00 @Text2_1:20 before:10 Text2_2:0,90 total:10,80 -> -> 20
 A Text2_0:9,00 @Text2_1:10 before:10 total:9,90 -> -> 10
 P Text2_4:100,00 Text5_0:20 Text5_1:10,00 -> Importo R.A.: 10,00 non torna, il 20% di 100,00 è 20,00: azzerarla
-P Text2_0:9.000.000.000,00 Text2_1:100000000000 Text2_2:1,00
 P Text2_0:9,00 Text2_3:8,00 Text5_2:9,00 total:8,00 -> indietro, ora è 9,00|indietro, ora è 8,00
 A Text2_0:9,00 Text2_3:8 total:8,00 -> 8 si confronta ma non si salva|scritto 8 e non 8,00
 A Text2_0:5.500,00 @Text2_3:5500.00 total:5.500,00 -> è scritto 5500.00 e non 5.500,00 -> com'è

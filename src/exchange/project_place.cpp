@@ -53,13 +53,14 @@ QString AdoptArchivesRoot(const ProjectPlace &place)
 {
     const auto present = UsedArchivesRoot();
     QString opened = u"Per aprire il progetto: "_s + command(place) + u'\n';
-    const auto folder = [](const QString &root) { return MachinePath(root + u'\\'); };
-    if (present &&
-        QDir(folder(*present)).canonicalPath() == QDir(folder(place.root)).canonicalPath())
+    const auto folder = [](const QString &root) {
+        return QDir(MachinePath(root + u'\\')).canonicalPath();
+    };
+    if (present && folder(*present) == folder(place.root))
         return opened;
     if (present)
         return u"Saldoro cerca gli archivi in un'altra cartella, «%1»: finché l'impostazione non "
-               "cambia questo progetto non si apre.\n"_s.arg(folder(*present));
+               "cambia questo progetto non si apre.\n"_s.arg(ShownRoot(*present));
     WithDetail(Detail::AlreadyDone,
                u"il progetto c'è; manca l'impostazione che dice dove stanno gli archivi"_s,
                [&] { StoreArchivesRoot(place.root); });

@@ -44,7 +44,7 @@ AllocationFrame::AllocationFrame(const QString &caption, const TextTable &overvi
 {
     setObjectName(u"Frame2"_s);
     addGrid();
-    expectDigits();
+    expectTyping();
     addEditor();
     addPickList();
     auto *bottom = new QHBoxLayout;
@@ -93,7 +93,7 @@ bool AllocationFrame::eventFilter(QObject *watched, QEvent *event)
         return true;
     m_grid->scrollTo(m_grid->currentIndex());
     if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
-        QString amount = table().currentText();
+        QString amount = table().text(m_editedRow, AllocationColumn::Importo);
         m_editor->setText(PuntoDecimale(amount)); // leaving the editor writes the same amount
         m_navigation.moveTo(*m_grid);
     } else {
@@ -125,7 +125,7 @@ void AllocationFrame::addGrid()
     });
     connect(m_grid, &FlexGrid::textTyped, this, [this](const QString &text) {
         // A sign or mark in front is a part of the amount: -5 must not become 5.
-        const bool isAmount = text.front().isDigit() || u"-+.,"_s.contains(text.front());
+        const bool isAmount = text.front().isDigit() || u"-.,"_s.contains(text.front());
         if (m_isFocusTakenBack || !isAmount || !table().currentIndex().isValid() ||
             table().column() != AllocationColumn::Importo)
             return;
@@ -134,7 +134,7 @@ void AllocationFrame::addGrid()
     });
 }
 
-void AllocationFrame::expectDigits()
+void AllocationFrame::expectTyping()
 {
     const auto expect = [this] { m_isFocusTakenBack = false; };
     m_navigation.watch(*m_grid, {}, expect);

@@ -51,7 +51,7 @@ protected:
 private:
     void addGrid();
     /** Digits open the editor again once the user has turned to the grid, or has left it. */
-    void expectDigits();
+    void expectTyping();
     void addEditor();
     void addPickList();
     QLayout *makeButtons();

@@ -1,7 +1,6 @@
 #include "invoice/amount_notices.h"
 
 #include "common/amount_text.h"
-#include "common/errors.h"
 #include "common/number_text.h"
 #include "invoice/typed_worth.h"
 
@@ -98,17 +97,13 @@ struct AmountNotices
 
     void tellShare(Amount rate, Amount base, Amount share, const QString &wayOut)
     {
-        try {
-            const QString due = FormatImporto(then.share(base, rate));
-            const QString held = FormatImporto(then.amount(share));
-            if (held != due)
-                add(Caution, share,
-                    u"%1 non torna, il %2% di %3 è %4: %5"_s.arg(
-                        held, TypedWorth(then.text(rate), TypedNotation::Rate),
-                        FormatImporto(then.amount(base)), due, wayOut));
-        } catch (const OverflowError &) {
-            // No field that is left now computes the share, or looking ahead had thrown.
-        }
+        const QString due = FormatImporto(then.share(base, rate));
+        const QString held = FormatImporto(then.amount(share));
+        if (held != due)
+            add(Caution, share,
+                u"%1 non torna, il %2% di %3 è %4: %5"_s.arg(
+                    held, TypedWorth(then.text(rate), TypedNotation::Rate),
+                    FormatImporto(then.amount(base)), due, wayOut));
     }
 
     /** Tells that VAT typed by hand is about to give way to the computed one. */

@@ -101,9 +101,10 @@ void CreditorFields::preparePickList()
     Describe(*m_list, u"List2"_s, u"Creditori"_s,
              u"Frecce e Invio, o un clic, per scegliere il creditore; Esc per rinunciare"_s);
     connect(m_list, &PopupList::answered, this, [this](int row) {
-        if (row >= 0)
-            m_creditor->showText(m_list->item(row)->text());
-        m_navigation.moveTo(*m_creditor);
+        if (!m_navigation.moveTo(*m_creditor) || row < 0)
+            return;
+        m_creditor->showText(m_list->item(row)->text());
+        m_creditor->selectAll();
     });
     m_navigation.watch(*m_list, {}, [this] { m_list->hide(); });
 }

@@ -50,7 +50,7 @@ void FieldNavigation::addLine(QLineEdit &line, Handler entered, Handler left)
 {
     line.installEventFilter(this);
     watch(line, std::move(entered), std::move(left));
-    // While a control has the focus, only a pick and screen readers write into another one.
+    // While a control has the focus, only screen readers write into another one.
     // Entering that one may rewrite the text, so it is put in again, as if it were pasted.
     connect(&line, &QLineEdit::textChanged, this, [this, &line](const QString &text) {
         const QString written = text;

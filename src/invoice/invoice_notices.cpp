@@ -113,12 +113,12 @@ void tellAllocations(const InvoiceState &state, Notices &all)
                     Danger, field,
                     u"Voce %1: %2%3"_s.arg(code, misread, last.isOpen ? u" (o Esc)"_s : u""_s));
         }
-        const QByteArray key = keyOf(code);
-        if (seen.contains(key))
+        const QByteArray stored = ComparableText(code.toUtf8()); // by which saving finds it
+        if (seen.contains(stored))
             all.tell(Danger, field,
                      u"Voce %1: c'è due volte, «Conferma» ne salva una sola: unirle"_s.arg(code));
-        seen.insert(key);
-        const int item = items.value(key);
+        seen.insert(stored);
+        const int item = items.value(keyOf(code));
         const Currency left = item > 0 ? available(state, code, item) : Currency();
         const Currency beyond = ImportoDaTesto(QString(amount)) - left;
         if (item == 0)

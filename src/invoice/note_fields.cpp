@@ -59,7 +59,7 @@ protected:
     /** A clipboard that holds nothing at all would crash the toolkit. */
     void insertFromMimeData(const QMimeData *source) override
     {
-        if (source->hasText())
+        if (source && !source->text().isEmpty())
             QPlainTextEdit::insertFromMimeData(source);
     }
 

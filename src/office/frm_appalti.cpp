@@ -13,7 +13,6 @@
 #include "office/frm_creditori.h"
 #include "office/frm_voci.h"
 #include "office/task.h"
-#include "platform/machine_path.h"
 #include "platform/process.h"
 #include "store/archives_root.h"
 #include "store/contract_folders.h"
@@ -140,9 +139,9 @@ QWidget *FrmAppalti::makeContractButtons()
 void FrmAppalti::load()
 {
     try {
-        m_place->setText(
-            QDir::toNativeSeparators(MachinePath(root() + u'\\')) +
-            (UsedArchivesRoot() ? QString() : u" (proposta: nasce con il primo appalto)"_s));
+        m_place->setText(ShownRoot(root()) + (UsedArchivesRoot()
+                                                  ? QString()
+                                                  : u" (proposta: nasce con il primo appalto)"_s));
         m_place->setToolTip(m_place->text()); // whole, where the field shows a part
         m_none = QFileInfo(ContractsFolder(root())).isReadable()
                      ? u"Nessun appalto."_s
@@ -198,7 +197,7 @@ void FrmAppalti::chooseFolder()
     if (used && *used != chosen &&
         !ChiediConferma(u"La cartella degli archivi vale per Saldoro e per tutti i programmi che "
                         "usano gli stessi archivi: cercheranno gli appalti in «%1» e non più in "
-                        "«%2». Cambiarla?"_s.arg(chosen, MachinePath(*used + u'\\'))))
+                        "«%2». Cambiarla?"_s.arg(chosen, ShownRoot(*used))))
         return;
     StoreArchivesRoot(chosen);
     load();
@@ -224,7 +223,7 @@ void FrmAppalti::createContract()
     if (UsedArchivesRoot() && !QFileInfo::exists(ContractsFolder(where)) &&
         !ChiediConferma(u"In «%1» non ci sono archivi. Se stanno su un disco che non è collegato, "
                         "rispondere No e collegarlo. Cominciare qui un archivio nuovo?"_s.arg(
-                            MachinePath(where + u'\\'))))
+                            ShownRoot(where))))
         return;
     auto *form = new FrmVoci(ArchivesRootOf(where), {}, this);
     connect(form, &FrmVoci::written, this, [this, where](const QString &code) {

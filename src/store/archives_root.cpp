@@ -32,6 +32,11 @@ std::optional<QString> UsedArchivesRoot()
     return root;
 }
 
+QString ShownRoot(const QString &root)
+{
+    return QDir::toNativeSeparators(root.isEmpty() ? QDir::rootPath() : root);
+}
+
 QString ProposedArchivesRoot()
 {
     return QDir::toNativeSeparators(

@@ -27,6 +27,9 @@ std::optional<QString> StoredArchivesRoot();
  *  archives lie there; no value when there are none. Throws FileError as StoredArchivesRoot(). */
 std::optional<QString> UsedArchivesRoot();
 
+/** An archives root as people read it: an empty one is the root of the disk. */
+QString ShownRoot(const QString &root);
+
 /** Where the archives of an office without the suite are proposed to lie: a folder among the user's
  *  documents, which may not be there yet. */
 QString ProposedArchivesRoot();
