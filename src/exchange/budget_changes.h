@@ -39,7 +39,7 @@ QList<BudgetChange> BudgetChanges(const TableRows &before, const TableRows &afte
 
 /** As BudgetChanges(), from what the project in @p projectFolder (of the machine) holds to
  *  @p budget; writes nothing. A ledger that is not there yet counts as empty. Throws DatabaseError,
- * and what the watcher of Progress throws. */
+ *  and what the watcher of Progress throws. */
 QList<BudgetChange> CompareBudget(const QString &projectFolder, const TableRows &budget);
 
 } // namespace saldoro

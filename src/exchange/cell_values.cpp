@@ -117,7 +117,7 @@ std::optional<NewValue> SureValueOfCell(const QString &cell, FieldType type, Not
             LeftCharacters(cell, MostCharactersQuoted), expectedValue(type, notation));
         return std::nullopt;
     }
-    if (notation == Notation::Italian && cell.contains(u',') && // or both read the same
+    if (notation == Notation::Italian && cell.contains(u',') && // without one both read the same
         ValueOfCell(cell, type, Notation::International).value_or(*value) != *value) {
         problem =
             u"«%1» può essere mille volte tanto: scriverlo con due o quattro decimali."_s.arg(cell);

@@ -19,7 +19,7 @@ enum class Notation
 
 /** The notation in which all amounts and days in the rows behind the header are written: no value
  *  where some cells are in one and some in the other, or none tells. Cells that are no values
- *  do not count. What one cell is worth: exchange/cell_values. Who rewrites: PastedTable. */
+ *  do not count. What one cell is worth: exchange/cell_values. PastedTable rewrites the cells. */
 std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColumns &columns,
                                      const ExchangedTable &table);
 

@@ -30,7 +30,8 @@ struct GivenTable
  * is a fault; in the row an invalid day stands for it (see TableRow). A short row is accepted if
  * the missing fields may be null and the last row has all its cells, a longer one in the Italian
  * notation if the cells too many are blank. Without a notation values are read in Italian. What is
- * read in Italian and would be another amount in the other notation is a fault.
+ * read in Italian and would be another amount in the other notation is a fault. What is wrong
+ * with codes beside each other is left to the check (verify/contract_checks).
  *
  * Throws FieldMissing when @p stored lacks one of the table's fields.
  */
