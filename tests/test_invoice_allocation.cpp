@@ -1,9 +1,6 @@
 #include "archive_probe.h"
-#include "common/errors.h"
 #include "controls/flex_grid.h"
 #include "form_driver.h"
-#include "invoice/allocation_table.h"
-#include "invoice/cost_item_choice.h"
 
 #include <QAccessible>
 #include <QListWidget>
@@ -45,19 +42,6 @@ private slots:
                      u"B10  Spese tecniche L.640,00;a1   voce L.-1,00;Q7654321voce L.-1,00"_s);
             d->play(u"End, Return, Return"_s);
         }
-    }
-
-    void offers201ItemsAtMost()
-    {
-        TextTable items(5);
-        TextTable grid;
-        PrepareAllocations(grid);
-        AddRow(grid, {u" V1 "_s});
-        while (items.rows() <= 202)
-            AddRow(items, {u"V%1"_s.arg(items.rows())});
-        QCOMPARE(ItemsOnOffer(items, grid).size(), 201);
-        grid.setText(1, 0, {});
-        QVERIFY_THROWS_EXCEPTION(BoundsError, ItemsOnOffer(items, grid));
     }
 
     /** After the editor has been left for another field, digits may be meant for that. */

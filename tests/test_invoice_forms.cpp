@@ -1,5 +1,9 @@
+#include "archive_probe.h"
 #include "common/ending.h"
+#include "common/errors.h"
 #include "form_driver.h"
+#include "invoice/allocation_table.h"
+#include "invoice/cost_item_choice.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -182,6 +186,19 @@ private slots:
             QCOMPARE(d->find<QLineEdit>(u"Text1_0"_s)->selectedText(), d->text(u"Text1_0"_s));
             QVERIFY(list->isHidden() && confirm->isEnabled());
         }
+    }
+
+    void offers201ItemsAtMost()
+    {
+        TextTable items(5);
+        TextTable grid;
+        PrepareAllocations(grid);
+        AddRow(grid, {u" V1 "_s});
+        while (items.rows() <= 202)
+            AddRow(items, {u"V%1"_s.arg(items.rows())});
+        QCOMPARE(ItemsOnOffer(items, grid).size(), 201);
+        grid.setText(1, 0, {});
+        QVERIFY_THROWS_EXCEPTION(BoundsError, ItemsOnOffer(items, grid));
     }
 
     void unloadsOnce()

@@ -272,16 +272,6 @@ ImportOutcome newProject(const QString &folder, const QList<GivenTable> &tables,
     return outcome;
 }
 
-/** A setting that can't be written is only a warning: the project has been imported by now. */
-void adoptRoot(const ProjectPlace &place, ImportOutcome &outcome)
-{
-    try {
-        outcome.summary += AdoptArchivesRoot(place);
-    } catch (const SaldoroError &error) {
-        outcome.warnings.append(error.message());
-    }
-}
-
 } // namespace
 
 ImportOutcome ImportTables(const QString &projectFolder, const QList<GivenTable> &tables,
@@ -295,8 +285,12 @@ ImportOutcome ImportTables(const QString &projectFolder, const QList<GivenTable>
         return QFileInfo::exists(folder) ? ProjectImport(folder, tables, options).run()
                                          : newProject(folder, tables, options);
     });
-    if (place && outcome.isDone)
-        adoptRoot(*place, outcome);
+    try {
+        if (place && outcome.isDone)
+            outcome.summary += AdoptArchivesRoot(*place);
+    } catch (const SaldoroError &error) {
+        outcome.warnings.append(error.message()); // the project has been imported by now
+    }
     return outcome;
 }
 
