@@ -100,6 +100,18 @@ private slots:
         QCOMPARE(box.text(), u"01/02/2003"_s);
     }
 
+    void clickBeyondAComposedLetter()
+    {
+        DateBox box;
+        box.setDateText(u"01/02/1___"_s);
+        box.show();
+        QInputMethodEvent composing(u"´"_s, {});
+        QCoreApplication::sendEvent(&box, &composing);
+        QTest::mouseClick(&box, Qt::LeftButton, {}, box.rect().center() + QPoint(300, 0));
+        QTest::keyClick(&box, Qt::Key_9);
+        QCOMPARE(box.text(), u"01/02/19__"_s);
+    }
+
     void settling()
     {
         for (const auto &[shown, settled] : // nothing where the box must not be left

@@ -134,7 +134,9 @@ DateBox::DateBox(QWidget *parent)
     setAcceptDrops(false);
     const auto remember = [this] {
         m_before = text();
-        m_start = hasSelectedText() ? selectionStart() : cursorPosition();
+        // A click beyond a letter that is being composed sets the cursor beyond the text.
+        m_start = hasSelectedText() ? selectionStart()
+                                    : std::min(cursorPosition(), static_cast<int>(text().size()));
     };
     connect(this, &QLineEdit::textChanged, this, remember);
     connect(this, &QLineEdit::cursorPositionChanged, this, remember);
