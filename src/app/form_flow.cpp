@@ -50,7 +50,8 @@ void FormFlow::showChooser()
     connect(m_chooser.get(), &FrmNuovaFattura::continued, this,
             [this](CreditorKind kind) { showInvoiceForm(kind, true); });
     offerManual(*m_chooser, ManualChapter::MainScreen);
-    connect(m_chooser.get(), &FrmNuovaFattura::finished, this, &FormFlow::chooserFinished);
+    connect(m_chooser.get(), &FrmNuovaFattura::finished, this, &FormFlow::chooserFinished,
+            Qt::SingleShotConnection); // two presses may wait for it
     raiseChooser();
 }
 
