@@ -52,8 +52,8 @@ void FieldNavigation::addLine(QLineEdit &line, Handler entered, Handler left)
     watch(line, std::move(entered), std::move(left));
     // While a control has the focus, only screen readers write into another one.
     // Entering that one may rewrite the text, so it is put in again, as if it were pasted.
-    connect(&line, &QLineEdit::textChanged, this, [this, &line](const QString &text) {
-        const QString written = text;
+    connect(&line, &QLineEdit::textChanged, this, [this, &line] {
+        const QString written = line.text();
         if (m_current && m_current != &line && moveTo(line))
             line.insert(written);
     });
