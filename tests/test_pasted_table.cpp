@@ -192,6 +192,9 @@ private slots:
         cells[5] += u"Due"_s; // which does not make it an association
         expected[5] = u"«uno» è già in archivio e resta com'è: togliere le mandanti."_s;
         QCOMPARE(reasons(), expected);
+        pasted.setText(u"Ragione sociale\tMandanti\nATI Adige\tDue;Tre"_s);
+        QCOMPARE(pasted.rows().first().reason, u"intestazione"_s);
+        QCOMPARE(TextOf(pasted.taken().rows.first()[1]), u"Due;Tre"_s);
         pasted.setText(u"Cognome\tNome\nPo\tAda"_s);
         QVERIFY(pasted.remark().startsWith(u"Nome può essere «2. Nome» o «1. Cognome»"_s));
     }

@@ -3,6 +3,7 @@
 #include "common/errors.h"
 #include "database/criterion.h"
 #include "database/text_order.h"
+#include "exchange/header_row.h"
 #include "exchange/made_files.h"
 #include "store/archive_paths.h"
 #include "store/code_map.h"
@@ -148,19 +149,13 @@ const ExchangedTable &ProfessionalList()
 
 QList<CellFault> NameFaults(const TableRows &rows, const QStringList &known)
 {
-    // What lists have above the names, and nobody is called.
-    static const QStringList headings =
-        u"Appaltatore,Azienda,Aziende,Cognome,Cognome e nome,Cognome nome,Creditore,Creditori,"
-        "Denominazione,Ditta,Ditte,Fornitore,Fornitori,Impresa,Imprese,Nome cognome,"
-        "Nome e cognome,Nominativo,Operatore economico,Professionista,Professionisti,"
-        "Ragione sociale"_s.split(u',');
     std::set<QString, TextOrder> names(known.begin(), known.end());
     QList<CellFault> faults;
     for (int row = 1; row <= rows.size(); ++row) {
         const QString name = TextOf(rows[row - 1].first());
         if (!names.insert(name).second)
             faults.append({row, u"Nome"_s, u"«%1» c'è già."_s.arg(name)});
-        if (headings.contains(name, Qt::CaseInsensitive))
+        if (IsNameHeading(name))
             faults.append(
                 {row, u"Nome"_s, u"«%1» intitola una colonna: tralasciare la riga."_s.arg(name)});
     }

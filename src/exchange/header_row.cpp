@@ -72,12 +72,22 @@ void tellCodeFromItem(CellColumns &columns, const QStringList &header, const Exc
 
 } // namespace
 
+bool IsNameHeading(const QString &text)
+{
+    static const QStringList headings =
+        u"Appaltatore,Azienda,Aziende,Cognome,Cognome e nome,Cognome nome,Creditore,Creditori,"
+        "Denominazione,Ditta,Ditte,Fornitore,Fornitori,Impresa,Imprese,Nome cognome,"
+        "Nome e cognome,Nominativo,Operatore economico,Professionista,Professionisti,"
+        "Ragione sociale"_s.split(u',');
+    return headings.contains(text, Qt::CaseInsensitive);
+}
+
 bool MayMean(const QString &name, const QString &field)
 {
     constexpr qsizetype sameLetters = 3;
     return name.startsWith(field.first(std::min(sameLetters, field.size())), Qt::CaseInsensitive) ||
            (field == "Voce"_L1 && name.startsWith(codeHeading, Qt::CaseInsensitive)) ||
-           (field == "Nome"_L1 && name.endsWith(field, Qt::CaseInsensitive)); // "Cognome"
+           (field == "Nome"_L1 && IsNameHeading(name));
 }
 
 CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table)
@@ -99,7 +109,9 @@ CellColumns GuessColumns(const QList<CellRow> &rows, const ExchangedTable &table
 {
     CellColumns columns = FindColumns(rows, table);
     const qsizetype found = table.neededFields.size() - columns.missing.size();
-    const bool isSure = columns.missing.isEmpty() && columns.guesses.isEmpty();
+    const bool isSure =
+        columns.missing.isEmpty() &&
+        (columns.guesses.isEmpty() || IsNameHeading(columns.guesses.first().second));
     if (columns.firstRow == 0 || (found == 1 && !isSure))
         return {};
     const QStringList &header = rows[columns.firstRow - 1].cells;

@@ -36,6 +36,10 @@ struct CellColumns
     auto lack() const { return std::pair(missing.size(), guesses.size()); }
 };
 
+/** Whether lists have that text above the names of companies or people, in any letter case. Nobody
+ *  is called so. */
+bool IsNameHeading(const QString &text);
+
 /** Whether a column of that name may well be meant for a needed field. */
 bool MayMean(const QString &name, const QString &field);
 
@@ -47,8 +51,8 @@ inline constexpr qsizetype MostHeaderRows = 20; ///< that are looked at
 /** As FindColumns(), for a header that was not written for this program. Where another column is
  *  headed for the code, "Voce" means the description; `missing`, `unknown` and `guesses` leave
  *  this out of account. A row that names a single needed field may be one of values: it counts as
- *  a header only when the table needs one field and the name is exact. One that names fields by
- *  guess and has an amount is one of values, too. */
+ *  a header only when the table needs one field and the name is exact or IsNameHeading(). One
+ *  that names only some needed fields, by guess too, and has an amount is one of values as well. */
 CellColumns GuessColumns(const QList<CellRow> &rows, const ExchangedTable &table);
 
 } // namespace saldoro
