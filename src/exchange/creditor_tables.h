@@ -28,7 +28,7 @@ struct KnownCreditors
     QStringList participants; ///< the companies that take part in the procedure
     QStringList professionals;
     QString contractor;              ///< empty for none
-    bool isContractorLinked = false; ///< to a company of its name
+    bool isContractorLinked = false; ///< to a company of its name, see CheckContractor()
 };
 
 /** Names that are among @p known or stand twice among @p rows, whatever their letter case, and

@@ -50,7 +50,8 @@ protected:
 
 private:
     void addGrid();
-    /** Digits open the editor again once the user has turned to the grid, or has left it. */
+    /** What is typed opens the editor again once the user has turned to the grid, or has left it.
+     */
     void expectTyping();
     void addEditor();
     void addPickList();

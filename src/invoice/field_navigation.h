@@ -27,7 +27,7 @@ QLabel *LabelFor(QWidget &field, const QString &caption);
  * How the controls of an invoice form behave, whatever they hold: Enter moves on as Tab does, the
  * whole text is selected on entry, a date box is not left with an impossible date, and a button
  * works only once the field that had the focus is settled. A line into which a screen reader writes
- * gets the focus.
+ * gets the focus, unless such a date keeps it.
  *
  * A control counts as left only when another one of the window gets the focus: message boxes, menus
  * and other windows set off no recalculation. Handlers run after the focus has moved. A handler may

@@ -9,7 +9,7 @@
 namespace saldoro {
 
 /** What the check of a contract finds, with what to do, as ShowLines() shows it. Payments that lack
- * their day can be given it. */
+ *  their day can be given it. */
 class FrmControllo : public QWidget
 {
     Q_OBJECT

@@ -8,12 +8,6 @@ namespace saldoro {
 /** The internal codes that the program needs. */
 void CheckCodes(const CheckedProject &project, Findings &findings);
 
-/** The link of the contractor's item in the contract sheet, if there is one, and its company. */
-void CheckContractor(const CheckedProject &project, Findings &findings);
-
-/** The numbers of companies: of the register, of those that take part and of members. */
-void CheckCompanies(const CheckedProject &project, Findings &findings);
-
 /** Codes and descriptions of the cost items, and their number. */
 void CheckBudget(const CheckedProject &project, Findings &findings);
 

@@ -4,6 +4,7 @@
 #include "platform/progress.h"
 #include "store/table_definitions.h"
 #include "verify/allocation_checks.h"
+#include "verify/company_checks.h"
 #include "verify/contract_checks.h"
 #include "verify/payment_checks.h"
 #include "verify/value_checks.h"

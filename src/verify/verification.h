@@ -14,8 +14,9 @@ class Verification
 public:
     /** Reads the tables of a database. What can't be read is a finding, and so are triggers and
      *  tables that can't be written although the program writes them. Throws DatabaseError for a
-     * file that is locked or that can't be read without being changed (Locked, ReadOnly), FileError
-     * for one with a change that was broken off, and what the watcher of Progress throws. */
+     *  file that is locked or that can't be read without being changed (Locked, ReadOnly),
+     *  FileError for one with a change that was broken off, and what the watcher of Progress
+     *  throws. */
     void read(const Database &database, ArchiveFile file);
 
     /** The tables that could be read. */
