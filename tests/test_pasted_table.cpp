@@ -66,8 +66,8 @@ private slots:
             "A1|Scavi 5\"|1.000,00\nA2|Ribasso|-100,00\n= 900,00 pronto");
         add("ditto marks, which open no quoted cell",
             "Codice\tDescrizione\tImporto\tNota\nA1\tScavi\t1,00\t\"\nA2\t\"\t2,00\t\"\n"
-            "A3\t\"\t3,00\t\n",
-            "s intestazione\nA1|Scavi|1,00\nA2|\"|2,00\nA3|\"|3,00\n= 6,00 pronto");
+            "A3\t\"\t3,00\t\"\n\"\t\"\t4,00\t\n",
+            "s intestazione\nA1|Scavi|1,00\nA2|\"|2,00\nA3|\"|3,00\n\"|\"|4,00\n= 10,00 pronto");
         add("Voce beside a code is the description; errors and invisible letters of a sheet",
             "\tVoce\tCod.\tImporto\n\tScavi\tA1\u200b\t1\n\tMuri\t#N/D\x01\t2\n\tErr:502\t#1\t3",
             "s intestazione\nA1|Scavi|1,00\n! Codice: «#N/D» è un errore del foglio "

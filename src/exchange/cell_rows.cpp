@@ -40,6 +40,10 @@ private:
         return isAtEnd() || isAt(m_separator) || isAt(u'\n') || isAt(u'\r');
     }
     bool isLenient() const { return m_separator == u'\t'; }
+    bool isBetweenCells(QStringView part) const
+    {
+        return part.contains(m_separator) || part == u"\n" || part == u"\r\n";
+    }
     [[noreturn]] void fail(const QString &problem) const
     {
         throw CellFault{m_line, {}, problem + u": il resto non è stato letto."_s};
@@ -74,7 +78,7 @@ private:
             if (end < 0 && !isLenient())
                 fail(u"le virgolette aperte non vengono chiuse"_s);
             const QStringView part = end < 0 ? QStringView() : m_text.sliced(m_at, end - m_at);
-            isClosed = end >= 0 && !(isLenient() && part.contains(m_separator));
+            isClosed = end >= 0 && !(isLenient() && isBetweenCells(part));
             if (!isClosed)
                 break;
             if (cell.isNull())
