@@ -70,7 +70,7 @@ struct HeldState
         if (name == u"cost")
             AddRow(allocations, {pair[0], {}, pair[1]});
         if (name == u"stored")
-            state.storedAllocations[pair[0]] = pair[1];
+            state.storedAllocations.insert(pair[0], pair[1]);
         if (name == u"open" || name == u"closed")
             state.typedAllocation = {pair[0], pair[1], name == u"open"};
     }
@@ -138,6 +138,7 @@ A Text2_0:9,00 Text2_3:9,00 total:7,00 -> restano da ripartire 2,00
 A Text2_0:9,00 Text2_3:9,00 total:10,00 -> restano da ripartire -1,00
 A cost:A1=600,00 stored:A1=100,00 cost:B2=640,00
 A cost:A1=600,01 stored:A1=100,00 -> Voce A1: 600,01 supera di 0,01
+A cost:A1=600,01 stored:A1=60,00 stored:A1=40,00 -> supera di 0,01 ciò che resta, 600,00
 A cost:B2=640,01 cost:Z9=1,00 -> B2: 640,01 supera di 0,01|Z9: il quadro
 A cost:A1=1,00 cost:B2=2,00 cost:a1=3,00 -> Voce a1: c'è due volte
 A cost:A1=500,00 open:A1=501 -> supera di 1,00 -> 501,00

@@ -184,8 +184,8 @@ void InvoiceForm::loadPayment()
     m_loaded.isListed = payment.storedKind.has_value();
     const TextTable &stored = m_allocation->table();
     for (int row = 1; row < stored.rows(); ++row)
-        m_loaded.storedAllocations[stored.text(row, AllocationColumn::Cod)] =
-            stored.text(row, AllocationColumn::Importo);
+        m_loaded.storedAllocations.insert(stored.text(row, AllocationColumn::Cod),
+                                          stored.text(row, AllocationColumn::Importo));
 }
 
 void InvoiceForm::savePayment()

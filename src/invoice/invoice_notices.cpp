@@ -87,7 +87,10 @@ Currency available(const InvoiceState &state, const QString &code, int overviewR
     QString left = state.overview->text(overviewRow, OverviewColumn::Disponibilita);
     if (left.isEmpty()) // nothing is allocated yet
         left = state.overview->text(overviewRow, OverviewColumn::Spesa);
-    return ImportoDaTesto(left) + ImportoDaTesto(state.storedAllocations.value(code));
+    Currency all = ImportoDaTesto(left);
+    for (QString stored : state.storedAllocations.values(code))
+        all += ImportoDaTesto(stored);
+    return all;
 }
 
 void tellAllocations(const InvoiceState &state, Notices &all)

@@ -53,7 +53,7 @@ struct InvoiceState
 
     const TextTable *allocations = nullptr;
     const TextTable *overview = nullptr;
-    QHash<QString, QString> storedAllocations = {}; ///< amounts by code, as they were loaded
+    QMultiHash<QString, QString> storedAllocations = {}; ///< amounts by code, as they were loaded
     TypedAllocation typedAllocation = {};
     QString allocationTotal = {};
 };
