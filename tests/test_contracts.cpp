@@ -78,6 +78,9 @@ private slots:
         QCOMPARE(ReadListedContract(project.folder(), 0).payments, 0);
         QFile::link(u"nowhere"_s, project.folder() + u"/Saldoro.mdb"_s);
         QVERIFY_THROWS_EXCEPTION(DatabaseError, ReadListedContract(project.folder(), 0));
+        const QTemporaryDir target;
+        QVERIFY_THROWS_EXCEPTION(DatabaseError, CopyProject(project.folder(), target.path()));
+        QVERIFY(QDir(target.path()).isEmpty());
     }
 
     /** Figures stand until they are read again, but not those of another archive. */

@@ -185,7 +185,12 @@ private slots:
     {
         const QString ledger = MachinePath(LedgerPath(m_archive->values()));
         QVERIFY(QFile::remove(ledger));
-        // Nor where one is missing that needs its journal.
+        // Nor where the disk is away that a link leads to, or one is missing that needs its
+        // journal.
+        if (QSysInfo::kernelType() != "winnt"_L1) {
+            QVERIFY(QFile::link(u"nowhere"_s, ledger) && start({}));
+            QVERIFY(!QFile::exists(ledger) && QFile::remove(ledger));
+        }
         WriteFile(ledger + u"-journal"_s, "x");
         QVERIFY_THROWS_EXCEPTION(FileError, start({}));
         QVERIFY(!QFile::exists(ledger) && QFile::remove(ledger + u"-journal"_s));

@@ -7,8 +7,6 @@
 #include "store/archive_paths.h"
 #include "store/archives_root.h"
 
-#include <QFileInfo>
-
 namespace saldoro {
 
 void InitInstallSettings(ProgramValues &values)
@@ -35,7 +33,9 @@ bool StartUp(ProgramValues &values, const QString &tail, std::optional<Database>
         return false;
     }
     values.ProjectCode = ProjectCodeFromTail(tail);
-    if (!QFileInfo(MachinePath(LedgerPath(values))).isFile())
+    // What stands there and is no ledger, such as a link whose disk is away, is told when it is
+    // read.
+    if (!IsTaken(MachinePath(LedgerPath(values))))
         createdLedger = CreateLedgerDatabase(ProjectFolder(values));
     return true;
 }

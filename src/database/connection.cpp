@@ -3,6 +3,7 @@
 #include "database/criterion.h"
 #include "database/engine_error.h"
 #include "database/text_order.h"
+#include "platform/machine_path.h"
 
 #include <QDir>
 #include <QFile>
@@ -47,11 +48,10 @@ void CreateEmptyFile(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
-        const QFileInfo info(path);
-        if (info.exists())
+        if (IsTaken(path))
             throw DatabaseError(DatabaseFault::FileExists, path);
-        throw DatabaseError(info.absoluteDir().exists() ? DatabaseFault::ReadOnly
-                                                        : DatabaseFault::FileMissing,
+        throw DatabaseError(QFileInfo(path).absoluteDir().exists() ? DatabaseFault::ReadOnly
+                                                                   : DatabaseFault::FileMissing,
                             path);
     }
 }

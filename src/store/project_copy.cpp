@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "database/database.h"
+#include "platform/machine_path.h"
 #include "platform/progress.h"
 #include "platform/whole_file.h"
 #include "store/archive_paths.h"
@@ -22,7 +23,7 @@ QString CopyProject(const QString &folder, const QString &target)
     databases.push_back(Database::open(ArchiveFilePath(ArchiveFile::Contract, folder)));
     for (const ArchiveFile file : ArchiveFileList) {
         const QString path = ArchiveFilePath(file, folder);
-        if (file != ArchiveFile::Contract && QFileInfo::exists(path))
+        if (file != ArchiveFile::Contract && IsTaken(path))
             databases.push_back(databases.front().attach(path));
     }
     for (const Database &database : databases)

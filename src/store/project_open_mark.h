@@ -10,9 +10,10 @@ namespace saldoro {
 /**
  * Says that this program has a project open, for as long as the object lives. The mark is a lock
  * file in the user's own settings folder, so only programs of the same user on the same machine see
- * it. A program that died leaves no mark that counts. The mark warns of a second window, keeps
- * other programs from changing an open project, and two imports from making the same one. One that
- * can't be written (no such folder, full disk) is left out in silence.
+ * it. A program that died leaves no mark that counts. The mark warns of a second window, and keeps
+ * two imports from making the same project. RequireClosed() refuses changes to an open one; an
+ * import does, too, unless it is told to go on even so. A mark that can't be written (no such
+ * folder, full disk) is left out in silence.
  */
 class ProjectOpenMark
 {
