@@ -120,6 +120,7 @@ P @Text5_0:22,5 -> Aliquota R.A.: «22,5» vale 22, non 22.5. Scrivere 22.5 -> 2
 P @Text5_0:4.500 -> -> 4.5 per cento
 P @Text2_1:45 before:4.5 -> Aliquota IVA: era 4.5, entrando nel campo è diventata 45 -> 45 per cento
 P Text2_1:45 before:4.5 rewritten
+P @Text2_5:1,234.56 Text2_3:1,23 total:1,23 -> vale 1,23, non 1.234,56. Scrivere 1.234,56 -> 1,23
 P @Text2_5:10.50 -> vale 1.050,00, non 10,50. Scrivere 10,50|Fattura 1.050,00: -> 1.050,00
 P Text2_5:10.50 Text2_3:1.050,00 total:1.050,00 -> Altri Importi: «10.50»
 P Text2_5:1.050 Text2_3:1.050,00 total:1.050,00

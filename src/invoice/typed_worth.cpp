@@ -78,7 +78,8 @@ QString MisreadLine(const QString &typed, TypedNotation notation)
     QString meant = worth;
     QString wayOut;
     if (notation == TypedNotation::Comma && typed.contains(u'.') && !isGrouped(typed)) {
-        wayOut = meant = TypedWorth(typed, TypedNotation::Point);
+        wayOut = meant =
+            TypedWorth(typed.contains(u',') ? meantPlain(typed) : typed, TypedNotation::Point);
     } else if (notation != TypedNotation::Comma &&
                (typed.contains(u',') || (notation == TypedNotation::Point && isGrouped(typed)))) {
         wayOut = meantPlain(typed);
