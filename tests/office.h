@@ -20,7 +20,9 @@ public:
 
     QString path(const QString &name) const { return m_folder.filePath(name); }
     QString csv() const { return path(u"csv"_s); }
-    QString project() const { return path(u"è/archivi.qx/ZELT/LAVORI/APPALTI/00039"_s); }
+    /** Archives stand under any name; one with a mark like those for values has been misread. */
+    QString root() const { return path(u"è %1"_s); }
+    QString project() const { return root() + u"/archivi.qx/ZELT/LAVORI/APPALTI/00039"_s; }
 
     /** Puts a CSV file for that table. */
     void put(const QString &table, const QByteArray &bytes) const

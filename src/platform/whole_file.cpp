@@ -163,7 +163,7 @@ QString AsideName(const QString &path)
 {
     QString aside = path + UnfinishedEnd.toString();
     for (int number = 2; IsTaken(aside); ++number)
-        aside = u"%1 %2"_s.arg(path).arg(number) + UnfinishedEnd.toString();
+        aside = path + u' ' + QString::number(number) + UnfinishedEnd.toString();
     return aside;
 }
 
