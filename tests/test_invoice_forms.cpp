@@ -150,8 +150,7 @@ private slots:
              {std::tuple{Professional, u"type x, click Command5"_s, u"Zeta|Rì"_s},
               {Company, u"type d'E, Shift+Tab, Shift+Tab, Return"_s, u"d'este bis|D'Este Srl"_s},
               {Company, u"type ?d, Alt+R"_s, u"Edil_1"_s},
-              {Company, u"type Fuori, Alt+R, Return"_s,
-               u"Nessun nome da scegliere; Esc per tornare"_s},
+              {Company, u"type Fuori, Alt+R, Return"_s, QString()}, // an empty list
               {Company, u"Backspace, Alt+R"_s, u"ATI Ponte|d'este bis|D'Este Srl|Edil_1"_s},
               {Company, u"Shift+Tab, Return"_s, u"Edil_1|Fuori"_s}}) {
             d->open(kind, 1);
@@ -167,7 +166,7 @@ private slots:
                 QStringList offered;
                 for (int line = 0; line < list->count(); ++line)
                     offered += list->item(line)->text();
-                QCOMPARE(offered.join(u'|'), names);
+                QCOMPARE(offered, names.split(u'|', Qt::SkipEmptyParts));
                 d->play(leave);
                 QVERIFY(list->isHidden() && d->form->isVisible());
                 QCOMPARE(d->focused(), next);
@@ -176,12 +175,13 @@ private slots:
             QVERIFY(!confirm->isEnabled());
             d->play(u"to Text1_0, "_s + steps);
             QTRY_VERIFY(list->isVisible());
-            QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                              list->visualItemRect(list->item(0)).center());
-            if (names.endsWith(u"Esc per tornare"_s)) { // to be read only
-                QVERIFY(list->isVisible());
+            if (names.isEmpty()) {
+                const auto *strip = d->find(u"Avvisi"_s);
+                QTRY_VERIFY(strip->accessibleName().contains(u"Nessun nome da scegliere"_s));
                 continue;
             }
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                              list->visualItemRect(list->item(0)).center());
             QCOMPARE(d->text(u"Text1_0"_s), names.section(u'|', 0, 0));
             QCOMPARE(d->find<QLineEdit>(u"Text1_0"_s)->selectedText(), d->text(u"Text1_0"_s));
             QVERIFY(list->isHidden() && confirm->isEnabled());

@@ -32,6 +32,7 @@ struct HeldState
         state.focus = tokens.section(u'@', 1).section(u' ', 0, 0).section(u':', 0, 0);
         state.isMeantNew = tokens.contains(u" new"_s);
         state.isListed = !tokens.contains(u" unlisted"_s);
+        state.offersNone = tokens.contains(u" none"_s);
         if (tokens.contains(u" unstored"_s))
             shown.storedKind.reset();
     }
@@ -155,6 +156,7 @@ A del:01/02/1998
 A mandatoDell:ibera -> «ibera» non è una data
 A mandato:12/delibera -> si riaprirà come «12/»
 A cut:Text1_0 -> tagliato
+A none -> Nessun nome da scegliere
 A new unstored unlisted memo:x note:x -> Le note sono dell'ultimo pagamento
 A new unstored unlisted memo:y note:x
 A memo:x note:x

@@ -10,8 +10,6 @@
 
 namespace saldoro {
 
-using namespace Qt::StringLiterals;
-
 PopupList::PopupList(QWidget *form)
     : QListWidget(form)
 {
@@ -26,15 +24,11 @@ void PopupList::open(const QStringList &lines, const QWidget &control, int down)
 {
     clear();
     addItems(lines);
-    if (lines.isEmpty()) {
-        addItem(u"Nessun nome da scegliere; Esc per tornare"_s);
-        item(0)->setFlags(Qt::ItemIsEnabled); // to be read, not to be chosen
-    }
     setCurrentRow(0);
     const QRect room = window()->rect();
     const QPoint corner = control.mapTo(window(), QPoint(0, down));
     const int width = std::min(control.width(), room.width());
-    int height = count() * sizeHintForRow(0) + 2 * frameWidth();
+    int height = std::max(count() * sizeHintForRow(0), fontMetrics().height()) + 2 * frameWidth();
     if (sizeHintForColumn(0) + 2 * frameWidth() > width)
         height += horizontalScrollBar()->sizeHint().height();
     height = std::min(height, std::max(room.height() - corner.y(), room.height() / 2));
@@ -58,7 +52,7 @@ void PopupList::keyPressEvent(QKeyEvent *event)
 
 void PopupList::choose(const QListWidgetItem *line)
 {
-    if (line->flags().testFlag(Qt::ItemIsSelectable))
+    if (line)
         emit answered(row(line));
 }
 

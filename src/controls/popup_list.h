@@ -18,7 +18,7 @@ public:
     /** Shows @p lines over @p control, its top @p down pixels below the control's top, and takes
      *  the focus. The list is as wide as the control and as high as its lines, if the form has
      *  room. Near the bottom of the form it stands higher, so as to get half the form's height.
-     *  Without lines it shows one that says so and can't be picked. */
+     *  Without lines it has the room of one. */
     void open(const QStringList &lines, const QWidget &control, int down);
 
 signals:

@@ -49,6 +49,11 @@ QPushButton *CreditorFields::addList(const QString &objectName, const QString &c
     return button;
 }
 
+bool CreditorFields::offersNone() const
+{
+    return m_list->isVisible() && m_list->count() == 0;
+}
+
 void CreditorFields::showRecord(const PaymentRecord &record)
 {
     m_creditor->showText(record.creditore);

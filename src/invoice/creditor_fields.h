@@ -38,6 +38,8 @@ public:
     EntryField &creditorBox() const { return *m_creditor; }
     /** Of the invoice's date. */
     DateBox &dateBox() const { return *m_date; }
+    /** Whether the pick list is open and has no name. */
+    bool offersNone() const;
 
     void showRecord(const PaymentRecord &record);
     void readInto(PaymentRecord &record) const;

@@ -241,6 +241,7 @@ Notices InvoiceForm::notices() const
     m_allocation->readInto(state);
     state.dateBox = m_creditor->dateBox().objectName();
     state.dateLeft = m_creditor->dateBox().leftWith();
+    state.offersNone = m_creditor->offersNone();
     state.mandateDateLeft = m_notes->mandateDate().leftWith();
     for (const EntryField *field : findChildren<EntryField *>()) {
         if (field->isCut())

@@ -69,6 +69,8 @@ void tellTexts(const InvoiceState &state, Notices &all)
         all.tell(Danger, u"Mandato"_s,
                  u"Per via di «del» si riaprirà come «%1», senza la data: toglierlo"_s.arg(
                      back.mandato));
+    if (state.offersNone)
+        all.tell(Remark, u"List2"_s, u"Nessun nome da scegliere; Esc per tornare"_s);
     if (shown.storedKind)
         return;
     if (!shown.memo.isEmpty() && shown.memo == state.note)

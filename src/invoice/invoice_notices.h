@@ -44,6 +44,7 @@ struct InvoiceState
     /** Whether the main screen's list, read last, has its number; the ledger before setListed(). */
     bool isListed = true;
     QString note = {};       ///< as it was loaded
+    bool offersNone = false; ///< see CreditorFields
     QString contractor = {}; ///< the creditor that a new payment to a company starts with
 
     QString dateBox = {};  ///< object name of the box of the invoice's date
