@@ -176,11 +176,6 @@ qint64 Connection::lastRowId() const
     return sqlite3_last_insert_rowid(handle());
 }
 
-int Connection::changesSoFar() const
-{
-    return sqlite3_total_changes(handle());
-}
-
 void Connection::startClock() const
 {
     constexpr std::chrono::seconds longestRead{20};

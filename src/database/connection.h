@@ -59,8 +59,6 @@ public:
 
     /** The row id of the record that was added last. */
     qint64 lastRowId() const;
-    /** How many records were changed since the connection was opened, by triggers too. */
-    int changesSoFar() const;
 
     /** Starts the time that one read may take. The engine gives up when it is over. */
     void startClock() const;

@@ -33,11 +33,6 @@ QString definitionOf(const std::shared_ptr<Connection> &file, const QString &typ
     return query.step() ? query.text(0) : QString();
 }
 
-QString qualified(const std::shared_ptr<Connection> &file, const QString &table)
-{
-    return file->schema() + u'.' + QuotedName(table);
-}
-
 } // namespace
 
 Database::Database(std::shared_ptr<Connection> file)
@@ -84,7 +79,8 @@ std::optional<TableDef> Database::tableDef(const QString &name) const
     if (definition.isEmpty())
         return std::nullopt;
     TableDef table(name);
-    const Statement columns(m_file, u"SELECT * FROM "_s + qualified(m_file, name), name);
+    const Statement columns(m_file, u"SELECT * FROM "_s + QualifiedName(m_file->schema(), name),
+                            name);
     for (const FieldDef &field : columns.fields(0))
         table.appendField(field.name, field.type, field.size,
                           !definition.contains(QuotedName(ZeroLengthConstraint + field.name)));
@@ -112,7 +108,7 @@ QStringList Database::triggersOf(const QString &table) const
 
 void Database::deleteAll(const QString &table)
 {
-    const QString from = u" FROM "_s + qualified(m_file, table);
+    const QString from = u" FROM "_s + QualifiedName(m_file->schema(), table);
     Statement(m_file, u"DELETE"_s + from, table).run();
     if (Statement(m_file, u"SELECT 1"_s + from, table).step())
         throw DatabaseError(DatabaseFault::NotStored, path(), table);

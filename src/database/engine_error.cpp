@@ -60,7 +60,7 @@ constexpr std::array<std::pair<int, DatabaseFault>, 16> codeFaults{{
     {SQLITE_NOTADB, DatabaseFault::NotADatabase},
     {SQLITE_CORRUPT, DatabaseFault::NotADatabase},
     {SQLITE_FULL, DatabaseFault::DiskFull},
-    // These come before anything was to be written, so nothing is lost.
+    // The engine gives these before it writes, so no write is lost.
     {SQLITE_IOERR_READ, DatabaseFault::ReadFailed},
     {SQLITE_IOERR_SHORT_READ, DatabaseFault::ReadFailed},
     {SQLITE_IOERR_FSTAT, DatabaseFault::ReadFailed},

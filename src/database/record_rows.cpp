@@ -27,7 +27,7 @@ RecordRows::RecordRows(std::shared_ptr<Connection> file, Statement query, const 
     : m_file(std::move(file))
     , m_query(std::move(query))
     , m_origin{m_file->path(), table}
-    , m_target{m_file->schema() + u'.' + QuotedName(table), rowIdName}
+    , m_target{QualifiedName(m_file->schema(), table), rowIdName}
     , m_fields(m_query->fields(areUpdatable() ? 1 : 0))
 {
 }
@@ -80,12 +80,9 @@ int RecordRows::lastLive() const
 
 void RecordRows::insert(const RecordChanges &values)
 {
-    const int before = m_file->changesSoFar();
     const int changed = write(InsertSql(m_target, namesOf(values)), values, {});
     const qint64 id = m_file->lastRowId();
-    // Triggers that changed something may have taken the record away again.
-    const bool isAlone = m_file->changesSoFar() - before == changed;
-    requireStored(changed == 1 && (isAlone || isInFile(id)));
+    requireStored(changed == 1 && isInFile(id)); // a trigger may have taken it away again
     append(id);
     ++m_liveCount;
     keep(static_cast<int>(m_records.size()) - 1, values);

@@ -84,13 +84,17 @@ QString QuotedName(const QString &name)
     return u'"' + QString(name).replace(u'"', u"\"\""_s) + u'"';
 }
 
+QString QualifiedName(const QString &schema, const QString &table)
+{
+    return schema + u'.' + QuotedName(table);
+}
+
 QString CreateTableSql(const TableDef &table, const QString &schema)
 {
     QStringList fields;
     for (const FieldDef &field : table.fields())
         fields.append(fieldSql(field));
-    return u"CREATE TABLE "_s + schema + u'.' + QuotedName(table.name()) + u" ("_s +
-           fields.join(u", "_s) + u')';
+    return u"CREATE TABLE %1 (%2)"_s.arg(QualifiedName(schema, table.name()), fields.join(u", "_s));
 }
 
 QString InsertSql(const TableTarget &table, const QStringList &fields)

@@ -42,6 +42,9 @@ struct TableTarget
 /** @p name as a quoted identifier. */
 QString QuotedName(const QString &name);
 
+/** The quoted name of a table behind that of its file's schema. */
+QString QualifiedName(const QString &schema, const QString &table);
+
 /** The names of constraints that refuse empty texts begin so; the name of the field follows. */
 inline constexpr QLatin1StringView ZeroLengthConstraint("ZeroLength ");
 

@@ -25,7 +25,8 @@ struct FieldDef
     FieldType type = FieldType::Text;
     /** Most characters of a text field; 0 for every other type. */
     int size = 0;
-    /** Whether an empty text may be stored; null is always accepted. */
+    /** Whether an empty text may be stored; null is always accepted. Where not, the file itself
+     *  refuses it (CreateTableSql()), and RefusalOf() tells it beforehand. */
     bool allowZeroLength = false;
 };
 

@@ -19,7 +19,7 @@ TableRefill::TableRefill(const Database &database, const QString &table, const Q
     : m_file(database.m_file)
     , m_table(table)
 {
-    const QString target = m_file->schema() + u'.' + QuotedName(table);
+    const QString target = QualifiedName(m_file->schema(), table);
     const QList<FieldDef> all = Statement(m_file, u"SELECT * FROM "_s + target, table).fields(0);
     for (const QString &field : fields) {
         const qsizetype at = PlaceOf(all, field);

@@ -35,8 +35,8 @@ enum class AmountRole
 };
 
 /** Whether a field of a professional's note stays in the plain form it was typed in when it is
- *  left. Its text is later read as display form, where points are dropped. Not for a company's
- *  TotaleFattura, which stays so, too. */
+ *  left, although its text is later read as display form, where points are dropped. A company's
+ *  TotaleFattura stays as typed, too, but is no such field: its text is only compared. */
 inline bool StaysPlain(Amount field)
 {
     return field == Amount::AltriImporti || field == Amount::SoggettaRA;

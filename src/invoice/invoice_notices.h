@@ -41,7 +41,8 @@ struct InvoiceState
 
     qint32 askedNumber = 0;  ///< of the payment that was asked for last; 0 for its own
     bool isMeantNew = false; ///< opened by "Nuovo"
-    /** Whether the main screen's list, read last, has its number; the ledger before setListed(). */
+    /** Whether the main screen lists a payment of this number; until it has told so, whether the
+     *  ledger held one when the form was opened. */
     bool isListed = true;
     QString note = {};       ///< as it was loaded
     bool offersNone = false; ///< see CreditorFields

@@ -11,8 +11,6 @@
 
 #include <string>
 #include <windows.h>
-#else
-#include <QRegularExpression>
 #endif
 
 namespace saldoro {
@@ -75,34 +73,16 @@ QString RegistryFilePath()
 
 #else
 
-namespace {
-
-/** The type in front of a value. */
-QRegularExpressionMatch typeOf(const QString &value)
-{
-    static const QRegularExpression typeInFront(u"\\AREG_(SZ|EXPAND_SZ|BINARY|DWORD):"_s,
-                                                QRegularExpression::CaseInsensitiveOption);
-    return typeInFront.match(value);
-}
-
-} // namespace
-
 std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &valueName)
 {
     std::optional<QString> value = FindIniValue(RegistryFilePath(), keyPath, valueName);
-    if (!value)
-        return std::nullopt;
-    const auto type = typeOf(*value);
-    if (type.hasMatch() && type.captured(1).toUpper() != u"SZ")
-        return std::nullopt;
-    return TrimAtNul(value->sliced(type.capturedLength()));
+    if (value)
+        value = TrimAtNul(*value);
+    return value;
 }
 
 void SetRegistryValue(const QString &keyPath, const QString &valueName, const QString &text)
 {
-    if (typeOf(text).hasMatch())
-        throw FileError(RegistryFilePath(), u"«%1» non verrebbe riletto com'è."_s.arg(text),
-                        u"Scegliere un nome che non comincia con «REG_»."_s);
     SetIniValue(RegistryFilePath(), keyPath, valueName, text);
 }
 

@@ -8,8 +8,9 @@ namespace saldoro {
 
 /**
  * Reads a text value of the per-user settings: @p valueName of the key @p keyPath below the current
- * user's root. A missing key or value, and a value of another type than plain text, give no value.
- * The text ends at its first NUL. Throws FileError when the settings are there and can't be read.
+ * user's root. A missing key or value gives none, and so does a value of the registry that is of
+ * another type than plain text. The text ends at its first NUL. Throws FileError when the settings
+ * are there and can't be read.
  *
  * On Windows the settings are the registry. Elsewhere they are the file RegistryFilePath(), an INI
  * file read by the rules of FindIniValue: a key is a section, its values are lines below it.
@@ -17,9 +18,7 @@ namespace saldoro {
  *     [Software\Dornvale\ZELT]
  *     drivers=/srv/archivi
  *
- * Double quotes around a text keep blanks at its ends. A value of another type begins with its
- * type, as in "name=REG_EXPAND_SZ:text" or "name=REG_DWORD:5" (also REG_BINARY); "REG_SZ:" stands
- * for plain text.
+ * Double quotes around a text keep blanks at its ends.
  */
 std::optional<QString> ReadRegistryValue(const QString &keyPath, const QString &valueName);
 

@@ -9,6 +9,7 @@ namespace saldoro {
 
 /*
  * The per-user setting that says where the archives lie, which holds for all programs of the suite.
+ * It is kept by platform/registry.
  */
 
 /** The key of the setting below the current user's root, and the name of its value. */
