@@ -78,10 +78,11 @@ private slots:
             "A1|Scavi|1.234,50\nA2|Muri|1.234,00\nA3|Tetti|7,00\n= 2.475,50 pronto\n"
             "Gli importi erano scritti come 1,234.56: sono stati letti tutti così e riscritti "
             "all'italiana.");
-        add("both notations", "A1\tScavi\t1.234,50\nA2\tMuri\t1,234.50\nA3\tTetti\t1,234",
+        add("both notations",
+            "A1\tScavi\t1.234,50\nA2\tMuri\t1,234.50\nA3\tTetti\t1,234\nA4\tPali\t1.234.567",
             "A1|Scavi|1.234,50\n! Importo: «1,234.50» non è un importo come 1.234,56, o è fuori "
             "misura.\n! Importo: «1,234» può essere mille volte tanto: scriverlo con due o "
-            "quattro decimali.\n= 1.234,50");
+            "quattro decimali.\nA4|Pali|1.234.567,00\n= 1.235.801,50");
         add("what may be a thousand times as much", "A1\tScavi\t1,234",
             "! Importo: «1,234» può essere mille volte tanto: scriverlo con due o quattro "
             "decimali.\n= 0,00");
@@ -155,6 +156,25 @@ private slots:
         pasted.setColumn(u"Importo"_s, -1);
         QVERIFY(!pasted.isReady());
         QVERIFY(pasted.remark().startsWith(u"Manca la colonna Importo"_s));
+    }
+
+    /** An amount that may be a thousand times as much stays one while other cells are corrected,
+     *  until it is itself; what is typed by hand makes none of others. */
+    void amountsOfBothNotations()
+    {
+        PastedTable pasted(budget());
+        pasted.setText(u"A1\tScavi\t1000.00\nA2\tMuri\t250.125"_s);
+        const QString fault = u"! Importo: «250.125» può essere mille volte tanto: scriverlo con "
+                              "due o quattro decimali.\n"_s;
+        QVERIFY(told(pasted).endsWith(fault + u"= 0,00"_s));
+        pasted.setCell(0, 2, u"1000,00"_s);
+        pasted.setColumn(u"Descri"_s, 1);
+        QCOMPARE(told(pasted), u"A1|Scavi|1.000,00\n"_s + fault + u"= 1.000,00"_s);
+        pasted.setCell(1, 2, u"250,1250"_s);
+        QVERIFY(told(pasted).endsWith(u"= 1.250,13 pronto"_s));
+        pasted.setText(u"A1\tScavi\t1.000\nA2\tMuri\t2.000"_s);
+        pasted.setCell(1, 2, u"2000.00"_s);
+        QCOMPARE(pasted.count(PastedState::Faulty), 1);
     }
 
     /** Companies that can't be added as they are pasted. */

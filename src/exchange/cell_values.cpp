@@ -108,17 +108,22 @@ std::optional<NewValue> ValueOfCell(const QString &cell, FieldType type, Notatio
     return cell;
 }
 
-std::optional<NewValue> SureValueOfCell(const QString &cell, FieldType type, Notation notation,
-                                        QString &problem)
+std::optional<NewValue> SureValueOfCell(const QString &cell, FieldType type,
+                                        std::optional<Notation> notation, QString &problem)
 {
-    auto value = ValueOfCell(cell, type, notation);
+    const Notation used = notation.value_or(Notation::Italian);
+    auto value = ValueOfCell(cell, type, used);
     if (!value) {
         problem = u"«%1» non è %2, o è fuori misura."_s.arg(
-            LeftCharacters(cell, MostCharactersQuoted), expectedValue(type, notation));
+            LeftCharacters(cell, MostCharactersQuoted), expectedValue(type, used));
         return std::nullopt;
     }
-    if (notation == Notation::Italian && cell.contains(u',') && // without one both read the same
-        ValueOfCell(cell, type, Notation::International).value_or(*value) != *value) {
+    const bool isAnother =
+        used == Notation::Italian && cell.contains(u',') && // without one both read the same
+        ValueOfCell(cell, type, Notation::International).value_or(*value) != *value;
+    const bool isUnsure =
+        !notation && type == FieldType::Currency && !cell.contains(u',') && cell.count(u'.') == 1;
+    if (isAnother || isUnsure) {
         problem =
             u"«%1» può essere mille volte tanto: scriverlo con due o quattro decimali."_s.arg(cell);
         return std::nullopt;

@@ -35,9 +35,10 @@ std::optional<qint32> WholeOf(QStringView text);
 std::optional<NewValue> ValueOfCell(const QString &cell, FieldType type, Notation notation);
 
 /** As ValueOfCell(). An amount in the Italian notation has no value, either, if the other notation
- *  reads it as another amount. Where there is no value, @p problem says why, in Italian. */
-std::optional<NewValue> SureValueOfCell(const QString &cell, FieldType type, Notation notation,
-                                        QString &problem);
+ *  reads it as another amount; without a notation it is read in Italian, and "250.125" has none,
+ *  which may be three decimals. Where there is no value, @p problem says why, in Italian. */
+std::optional<NewValue> SureValueOfCell(const QString &cell, FieldType type,
+                                        std::optional<Notation> notation, QString &problem);
 
 /** An amount in the Italian notation, with two decimals or four and without groups. */
 QString AmountCell(Currency amount);

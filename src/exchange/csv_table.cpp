@@ -6,6 +6,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace saldoro {
@@ -167,7 +168,7 @@ GivenTable tableOf(const QString &text, const ExchangedTable &table, const Table
     // A single fault may be a typing error, though the other notation has none.
     if (faults.size() > 1)
         cells = RowsOfText(text, separator); // the rows are used up
-    if (faults.size() > 1 && ToldNotation(cells.rows, columns, table) == other) {
+    if (faults.size() > 1 && ToldNotations(cells.rows, columns, table) == std::set{other}) {
         QList<CellFault> otherFaults;
         TypedRowsOf(std::move(cells.rows), columns, table, stored, other, otherFaults);
         if (otherFaults.size() + 1 < faults.size())

@@ -7,11 +7,10 @@
 
 namespace saldoro {
 
-std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColumns &columns,
-                                     const ExchangedTable &table)
+std::set<Notation> ToldNotations(const QList<CellRow> &rows, const CellColumns &columns,
+                                 const ExchangedTable &table)
 {
-    bool tellsItalian = false;
-    bool tellsOther = false;
+    std::set<Notation> told;
     for (qsizetype row = columns.firstRow; row < rows.size(); ++row) {
         const QStringList &cells = rows[row].cells;
         for (qsizetype cell = 0; cell < std::min(cells.size(), columns.places.size()); ++cell) {
@@ -20,12 +19,10 @@ std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColum
             const FieldType type = table.definition.fields()[columns.places[cell]].type;
             const bool isItalian = ValueOfCell(cells[cell], type, Notation::Italian).has_value();
             if (isItalian != ValueOfCell(cells[cell], type, Notation::International).has_value())
-                (isItalian ? tellsItalian : tellsOther) = true;
+                told.insert(isItalian ? Notation::Italian : Notation::International);
         }
     }
-    if (tellsItalian == tellsOther)
-        return std::nullopt;
-    return tellsItalian ? Notation::Italian : Notation::International;
+    return told;
 }
 
 } // namespace saldoro

@@ -2,7 +2,7 @@
 
 #include <QList>
 
-#include <optional>
+#include <set>
 
 namespace saldoro {
 
@@ -17,10 +17,10 @@ enum class Notation
     International ///< 1,234.56 and 2024-12-31
 };
 
-/** The notation in which all amounts and days in the rows behind the header are written: no value
- *  where some cells are in one and some in the other, or none tells. Cells that are no values
- *  do not count. What one cell is worth: exchange/cell_values. PastedTable rewrites the cells. */
-std::optional<Notation> ToldNotation(const QList<CellRow> &rows, const CellColumns &columns,
-                                     const ExchangedTable &table);
+/** The notations that amounts and days in the rows behind the header tell, each by a cell that the
+ *  other can't read. What one cell is worth: exchange/cell_values. PastedTable rewrites the cells.
+ */
+std::set<Notation> ToldNotations(const QList<CellRow> &rows, const CellColumns &columns,
+                                 const ExchangedTable &table);
 
 } // namespace saldoro

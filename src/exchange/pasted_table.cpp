@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace saldoro {
@@ -51,6 +52,7 @@ void PastedTable::setRows(const QList<CellRow> &rows, const QStringList &warning
 {
     m_warnings = warnings;
     m_international.clear();
+    m_areMixed = false;
     m_columns = PastedColumns(rows, m_table);
     m_doubts.clear();
     for (const QString &field : m_table.neededFields)
@@ -67,7 +69,7 @@ void PastedTable::setRows(const QList<CellRow> &rows, const QStringList &warning
         }
         m_rows.last().cells.resize(columns());
     }
-    judge();
+    judge(true);
 }
 
 void PastedTable::setText(const QString &text)
@@ -118,10 +120,12 @@ void PastedTable::setColumn(const QString &field, qsizetype column)
         m_columns.places[before] = CellColumns::Unknown;
     if (column >= 0)
         m_columns.places[column] = m_table.place(field);
-    if (columnOf(u"Importo"_s) != amounts)
+    if (columnOf(u"Importo"_s) != amounts) {
         restoreAmounts(amounts);
+        m_areMixed = false;
+    }
     m_doubts.remove(field);
-    judge();
+    judge(true);
 }
 
 void PastedTable::setCell(qsizetype row, qsizetype column, const QString &text)
@@ -190,19 +194,21 @@ void PastedTable::restoreAmounts(qsizetype column)
     m_international.clear();
 }
 
-void PastedTable::judge()
+void PastedTable::judge(bool areNew)
 {
     const QList<CellRow> rows = rowsToRead();
     CellColumns columns = m_columns;
     columns.firstRow = 0;
-    const std::optional<Notation> notation = ToldNotation(rows, columns, m_table);
-    if (notation == Notation::International) {
+    const std::set<Notation> told = ToldNotations(rows, columns, m_table);
+    if (told == std::set{Notation::International}) {
         readInItalian();
         judge();
         return;
     }
+    m_areMixed = m_areMixed || (areNew && told.size() > 1);
     QList<CellFault> faults;
-    m_taken = TypedRowsOf(rows, columns, m_table, m_table.definition, notation, faults);
+    m_taken = TypedRowsOf(rows, columns, m_table, m_table.definition,
+                          m_areMixed ? std::nullopt : std::optional(Notation::Italian), faults);
     m_taken.source = u"Celle incollate"_s;
     for (const CellFault &fault : std::as_const(faults))
         addFault(fault.line, FieldCaption(fault.field) + u": "_s + fault.problem);

@@ -35,7 +35,8 @@ struct PastedRow
  *
  * When all amounts turn out to be in the international notation they are rewritten in the Italian
  * one, also in rows that stay out. A column that is no longer the one of the amounts gets its cells
- * back as they were.
+ * back as they were. When amounts come in both notations "250.125" is a fault; correcting other
+ * cells does not make it sure.
  *
  * A cell of several lines becomes one line; where it may hold members, with ";" between them.
  */
@@ -85,7 +86,8 @@ public:
     bool isReady() const { return !m_taken.rows.isEmpty() && count(PastedState::Faulty) == 0; }
 
 private:
-    void judge();
+    /** @param areNew the amounts come from a source, and tell its notation. */
+    void judge(bool areNew = false);
     /** Sets aside what is no row of the table and gives the rows that may be. */
     QList<CellRow> rowsToRead();
     void requireFields(int line, const TableRow &row);
@@ -105,6 +107,7 @@ private:
     QMap<QString, QString> m_doubts; ///< what the header leaves open about a field
     /** Cells of the amounts before they were rewritten; empty when they were not. */
     QStringList m_international;
+    bool m_areMixed = false; ///< the amounts came in both notations
     QStringList m_warnings;
     QStringList m_faultsOfAll; ///< what the check says of all rows
     GivenTable m_taken;

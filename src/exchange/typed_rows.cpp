@@ -43,7 +43,7 @@ public:
                std::optional<Notation> notation, QList<CellFault> &faults)
         : m_columns(columns)
         , m_table(table)
-        , m_notation(notation.value_or(Notation::Italian))
+        , m_notation(notation)
         , m_faults(faults)
         , m_result{&table, {}}
     {
@@ -80,7 +80,7 @@ private:
                 return false;
         }
         return cells.size() <= places.size() ||
-               (m_notation == Notation::Italian &&
+               (m_notation != Notation::International &&
                 std::all_of(cells.begin() + places.size(), cells.end(),
                             std::mem_fn(&QString::isNull)));
     }
@@ -90,7 +90,7 @@ private:
         const QList<qsizetype> &places = m_columns.places;
         if (!hasItsCells(row.cells)) {
             const bool isParted =
-                m_notation != Notation::Italian && row.cells.size() > places.size();
+                m_notation == Notation::International && row.cells.size() > places.size();
             addFault(row.line,
                      u"le celle sono %1, e %2 nell'intestazione%3."_s.arg(row.cells.size())
                          .arg(places.size())
@@ -129,7 +129,7 @@ private:
 
     const CellColumns &m_columns;
     const ExchangedTable &m_table;
-    Notation m_notation;
+    std::optional<Notation> m_notation;
     QList<FieldDef> m_stored; ///< the fields as the archive has them
     bool m_isLastWhole = false;
     QList<CellFault> &m_faults;

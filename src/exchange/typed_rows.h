@@ -29,11 +29,12 @@ struct GivenTable
  * table as the archive defines it. A cell that can't be read, or whose value @p stored can't hold,
  * is a fault; in the row an invalid day stands for it (see TableRow). A short row is accepted if
  * the missing fields may be null and the last row has all its cells, a longer one in the Italian
- * notation if the cells too many are blank. Without a notation values are read in Italian. What is
- * read in Italian and would be another amount in the other notation is a fault. What is wrong
- * with codes beside each other is left to the check (verify/contract_checks).
+ * notation if the cells too many are blank. Without a notation values are read in Italian. An
+ * amount that both notations may mean, but differently, is a fault, see SureValueOfCell(). What is
+ * wrong with codes beside each other is left to the check (verify/contract_checks).
  *
- * Throws FieldMissing when @p stored lacks one of the table's fields.
+ * Throws FieldMissing when @p stored lacks one of the table's fields, and what the watcher of
+ * Progress throws.
  */
 GivenTable TypedRowsOf(QList<CellRow> rows, const CellColumns &columns, const ExchangedTable &table,
                        const TableDef &stored, std::optional<Notation> notation,
