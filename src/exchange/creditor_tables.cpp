@@ -14,8 +14,11 @@
 #include "store/internal_codes.h"
 #include "store/project_open_mark.h"
 
+#include <QHash>
+
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -38,20 +41,22 @@ RecordSet recordsOf(const Database &database, const QString &table)
     return database.openRecordSet(u"SELECT * FROM "_s + table);
 }
 
-/** One more than the highest number in those fields, each behind its table. */
-qint32 nextNumber(const Database &database, const QList<std::pair<QString, QString>> &fields)
+/** One more than @p last, which begins as the highest number in those fields, each behind its
+ *  table. */
+qint32 nextNumber(std::optional<qint32> &last, const Database &database,
+                  const QList<std::pair<QString, QString>> &fields)
 {
-    qint32 next = 1;
-    for (const auto &[table, field] : fields) {
+    for (const auto &[table, field] : last ? QList<std::pair<QString, QString>>() : fields) {
         for (RecordSet records = recordsOf(database, table); !records.eof(); records.moveNext()) {
-            const qint32 number =
-                records.field(field).isNull() ? 0 : records.field(field).integer();
-            if (number == std::numeric_limits<qint32>::max())
-                throw DatabaseError(DatabaseFault::FieldTooSmall, database.path(), table, field);
-            next = std::max(next, number + 1);
+            const FieldValue number = records.field(field);
+            last = std::max(last.value_or(0), number.isNull() ? 0 : number.integer());
         }
     }
-    return next;
+    if (last == std::numeric_limits<qint32>::max())
+        throw DatabaseError(DatabaseFault::FieldTooSmall, database.path(), fields.first().first,
+                            fields.first().second);
+    last = last.value_or(0) + 1;
+    return *last;
 }
 
 void add(RecordSet &records, const QList<std::pair<QString, NewValue>> &values)
@@ -60,24 +65,6 @@ void add(RecordSet &records, const QList<std::pair<QString, NewValue>> &values)
     for (const auto &[field, value] : values)
         records.set(field, value);
     records.update();
-}
-
-/** The number of a company, which is added when it is not there. */
-qint32 companyNumber(const Database &database, const QString &name, const NewValue &kind = {})
-{
-    RecordSet companies = recordsOf(database, u"Anag"_s);
-    companies.findFirst(u"nominativo = '"_s + RaddoppiaApici(name) + u"'"_s);
-    if (!companies.noMatch())
-        return companies.field(u"ID"_s).integer();
-    // Also of companies that are gone: what still refers to them would be the new one's.
-    const qint32 number = nextNumber(database, {{u"Anag"_s, u"ID"_s},
-                                                {u"Partecip"_s, u"AnagRel"_s},
-                                                {u"Manda"_s, u"AnagRel"_s},
-                                                {u"Manda"_s, u"AnagPar"_s}});
-    WithDetail(Detail::Creditor, name, [&] {
-        add(companies, {{u"ID"_s, number}, {u"nominativo"_s, name}, {u"TipImprese"_s, kind}});
-    });
-    return number;
 }
 
 QStringList membersOf(const TableRow &row)
@@ -89,23 +76,50 @@ QStringList membersOf(const TableRow &row)
     return members;
 }
 
-void addCompanies(const Database &database, const TableRows &rows)
+/** The register of companies, to which companies are added. */
+struct CompanyRegister
 {
-    RecordSet participants = recordsOf(database, u"Partecip"_s);
-    RecordSet principals = recordsOf(database, u"Manda"_s);
-    // All by their own kind first: a member may be an association, too.
-    for (const TableRow &row : rows)
-        companyNumber(database, TextOf(row.first()),
-                      membersOf(row).isEmpty() ? NewValue() : AssociationKind.toString());
-    for (const TableRow &row : rows) {
-        const qint32 number = companyNumber(database, TextOf(row.first()));
-        add(participants, {{u"Nord"_s, nextNumber(database, {{u"Partecip"_s, u"Nord"_s}})},
-                           {u"AnagRel"_s, number}});
-        for (const QString &member : membersOf(row))
-            add(principals,
-                {{u"AnagPar"_s, number}, {u"AnagRel"_s, companyNumber(database, member)}});
+    const Database &file;
+    RecordSet companies = recordsOf(file, u"Anag"_s);
+    std::optional<qint32> lastNumber = {};
+
+    /** The number of a company, which is added when it is not there. */
+    qint32 numberOf(const QString &name, const NewValue &kind = {})
+    {
+        companies.findFirst(u"nominativo = '"_s + RaddoppiaApici(name) + u"'"_s);
+        if (!companies.noMatch())
+            return companies.field(u"ID"_s).integer();
+        // Also of companies that are gone: what still refers to them would be the new one's.
+        const qint32 number = nextNumber(lastNumber, file,
+                                         {{u"Anag"_s, u"ID"_s},
+                                          {u"Partecip"_s, u"AnagRel"_s},
+                                          {u"Manda"_s, u"AnagRel"_s},
+                                          {u"Manda"_s, u"AnagPar"_s}});
+        WithDetail(Detail::Creditor, name, [&] {
+            add(companies, {{u"ID"_s, number}, {u"nominativo"_s, name}, {u"TipImprese"_s, kind}});
+        });
+        return number;
     }
-}
+
+    void addParticipants(const TableRows &rows)
+    {
+        RecordSet participants = recordsOf(file, u"Partecip"_s);
+        RecordSet principals = recordsOf(file, u"Manda"_s);
+        std::optional<qint32> lastPlace;
+        // All by their own kind first: a member may be an association, too.
+        for (const TableRow &row : rows)
+            numberOf(TextOf(row.first()),
+                     membersOf(row).isEmpty() ? NewValue() : AssociationKind.toString());
+        for (const TableRow &row : rows) {
+            const qint32 number = numberOf(TextOf(row.first()));
+            add(participants,
+                {{u"Nord"_s, nextNumber(lastPlace, file, {{u"Partecip"_s, u"Nord"_s}})},
+                 {u"AnagRel"_s, number}});
+            for (const QString &member : membersOf(row))
+                add(principals, {{u"AnagPar"_s, number}, {u"AnagRel"_s, numberOf(member)}});
+        }
+    }
+};
 
 void addProfessionals(RecordSet &sheet, const TableRows &rows)
 {
@@ -121,16 +135,28 @@ void addProfessionals(RecordSet &sheet, const TableRows &rows)
     }
 }
 
-void setContractor(RecordSet &sheet, const Database &companies, const QString &contractor,
+void setContractor(RecordSet &sheet, CompanyRegister &companies, const QString &contractor,
                    const ProgramValues &values)
 {
     const QString item = CodiceEsterno(values, InternalCode::Contractor);
-    ItemValues fields{{u"Stringa"_s, contractor},
-                      {u"Link"_s, companyNumber(companies, contractor)}};
+    ItemValues fields{{u"Stringa"_s, contractor}, {u"Link"_s, companies.numberOf(contractor)}};
     if (!FindItem(sheet, item))
         fields += {{u"Funzione"_s, ItemTag::Contractor},
                    {u"Descri"_s, DescrizioneFunzione(values, InternalCode::Contractor)}};
     WriteItem(sheet, item, fields);
+}
+
+/** The names of each company's members, in their order, by its number. */
+QHash<QString, QStringList> registeredMembers(const Database &database)
+{
+    QHash<QString, QStringList> members;
+    RecordSet records =
+        database.openRecordSet(u"SELECT Manda.AnagPar, Anag.nominativo FROM Anag INNER JOIN Manda "
+                               "ON Anag.ID = Manda.AnagRel ORDER BY Anag.nominativo"_s);
+    for (; !records.eof(); records.moveNext())
+        members[records.field(u"AnagPar"_s).textOrEmpty()].append(
+            records.field(u"nominativo"_s).textOrEmpty());
+    return members;
 }
 
 } // namespace
@@ -194,7 +220,9 @@ KnownCreditors ReadCreditors(const ProgramValues &values)
     const bool hasContractor = FindItem(sheet, item);
     if (hasContractor)
         known.contractor = sheet.field(u"Stringa"_s).textOrEmpty();
-    RecordSet companies = recordsOf(Database::open(CompaniesPath(values)), u"Anag"_s);
+    const Database database = Database::open(CompaniesPath(values));
+    const QHash<QString, QStringList> members = registeredMembers(database);
+    RecordSet companies = recordsOf(database, u"Anag"_s);
     for (; !companies.eof(); companies.moveNext()) {
         const QString name = companies.field(u"nominativo"_s).textOrEmpty();
         if (name.isEmpty())
@@ -204,8 +232,7 @@ KnownCreditors ReadCreditors(const ProgramValues &values)
             !companies.field(u"ID"_s).isNull() && companies.field(u"ID"_s).isOfItsKind();
         known.companies.append(name);
         known.members.append(
-            isNumbered ? Principals(values, companies.field(u"ID"_s).integer()).join(u"; "_s)
-                       : QString());
+            isNumbered ? members.value(companies.field(u"ID"_s).text()).join(u"; "_s) : QString());
         if (hasContractor && isNumbered && AreEqualTexts(name, known.contractor) &&
             sheet.field(u"Link"_s).textOrEmpty() == companies.field(u"ID"_s).text())
             known.isContractorLinked = true;
@@ -222,7 +249,7 @@ QStringList AddCreditors(const ProgramValues &values, const TableRows &companies
     for (const QString &path : {ContractPath(values), CompaniesPath(values)})
         Database::requirePlainJournal(path);
     const Database contract = Database::open(ContractPath(values));
-    const Database companyRegister = contract.attach(CompaniesPath(values));
+    const Database companyFile = contract.attach(CompaniesPath(values));
     Transaction transaction(contract);
     const KnownCreditors known = ReadCreditors(values);
     if (!CompanyFaults(companies, known).isEmpty() ||
@@ -231,15 +258,16 @@ QStringList AddCreditors(const ProgramValues &values, const TableRows &companies
                            u"Chiudere questa finestra e aprirla di nuovo."_s);
     MadeFiles copies;
     QStringList paths;
-    for (const Database *database : {&contract, &companyRegister}) {
+    for (const Database *database : {&contract, &companyFile}) {
         paths.append(database->backUpBeside());
         copies.add(paths.last());
     }
     RecordSet sheet = recordsOf(contract, u"SchedaProgetto"_s);
-    addCompanies(companyRegister, companies);
+    CompanyRegister registered{companyFile};
+    registered.addParticipants(companies);
     addProfessionals(sheet, professionals);
     if (!contractor.isEmpty())
-        setContractor(sheet, companyRegister, contractor, values);
+        setContractor(sheet, registered, contractor, values);
     transaction.commit();
     copies.keep();
     return paths;
