@@ -36,6 +36,7 @@ void TestImport::comesIn()
         {"\"Voce\";\"Descri\";\"Importo\"\nA1;\"\"\"x\"\"; a\r\n\r\nb\";\"1,5\"\nA2;\"\"\"\";1\n",
          "A1|\"x\"; a\r\n\r\nb|15000\nA2|\"|10000"},
         {"Voce;Descri;Importo\rA1;a;1\rA2;b;2\r", "A1|a|10000\nA2|b|20000"},
+        {"#TYPE Budget.Row\r\n\"Voce\",Descri,Importo\r\nA1,a,1\r\n", "A1|a|10000"},
         {names, ""}};
     for (const auto &[file, rows] : cases) {
         const Office office;

@@ -35,9 +35,6 @@ QString otherKind(const QByteArray &bytes)
     if (const qsizetype at = bytes.indexOf('\0'); at >= 0)
         return u"alla riga %1 c'è un carattere nullo (NUL), che nessun testo contiene: il file è "
                "rovinato o non è un CSV."_s.arg(LineEnds(QString::fromLatin1(bytes.first(at))) + 1);
-    if (bytes.sliced(bytes.startsWith(Utf8Mark) ? Utf8Mark.size() : 0).startsWith("#TYPE"))
-        return u"comincia con una riga «#TYPE» di un altro programma: toglierla, o esportare senza "
-               "il tipo."_s;
     return {};
 }
 
