@@ -54,7 +54,7 @@ private slots:
         form.show();
         QVERIFY(QTest::qWaitForWindowActive(&form));
         QGuiApplication::clipboard()->setText(
-            u"Cod\tVoce di spesa\tImporto\n\tTitolo\t\nA1\tScavi\t1.000,50\nA2\tMuri\tx\n"
+            u"Cod\tVoce di spesa\tImporto\n\tTitolo\t\nA1\tScavi\t1.000,50\nA2\tMuri\t<b>\n"
             "A3\tTetti\t7"_s);
         Play(&form, u"to Elenco, Alt+N"_s);
         auto *items = form.findChild<FrmVoci *>();
@@ -63,6 +63,10 @@ private slots:
         Play(items, u"to Codice, Tab"_s);
         QCOMPARE(QApplication::focusWidget()->objectName(), u"Colonna_Voce"_s);
         Play(items, u"to Celle, Ctrl+V, Right, Right, F2"_s);
+        QVERIFY(Find<QTableWidget>(*items, u"Celle"_s)
+                    ->item(3, 0)
+                    ->toolTip()
+                    .contains(u"«&lt;b&gt;»"_s)); // no markup
         Play(items, u"type 2, Return"_s);
         Play(items, u"Down, Del"_s);
         QCOMPARE(

@@ -142,7 +142,8 @@ void FrmAppalti::load()
         m_place->setText(ShownRoot(root()) + (UsedArchivesRoot()
                                                   ? QString()
                                                   : u" (proposta: nasce con il primo appalto)"_s));
-        m_place->setToolTip(m_place->text()); // whole, where the field shows a part
+        // Whole, where the field shows a part; the names of folders are no markup.
+        m_place->setToolTip(u"<p>%1</p>"_s.arg(m_place->text().toHtmlEscaped()));
         m_none = QFileInfo(ContractsFolder(root())).isReadable()
                      ? u"Nessun appalto."_s
                      : u"Nessun appalto: la cartella degli archivi non c'è o non si può leggere. "

@@ -1,6 +1,7 @@
 #include "controls/application_look.h"
 #include "controls/window_placement.h"
 #include "office/frm_appalti.h"
+#include "office/task.h"
 #include "platform/process.h"
 
 #include <QApplication>
@@ -13,6 +14,7 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     saldoro::SetUpLook(application);
     saldoro::KeepWindowSizes(saldoro::WindowSizesFile());
+    saldoro::HideProgress();
     saldoro::FrmAppalti contracts;
     contracts.show(); // and read when it becomes active
     return QApplication::exec();

@@ -230,6 +230,8 @@ void PasteTable::showRow(int row)
     const bool isFaulty = pasted.state == PastedState::Faulty;
     const bool isTaken = pasted.state == PastedState::Taken;
     const QStringList texts = QStringList{pasted.reason} + pasted.cells;
+    const QString toolTip = // in which pasted characters stand for themselves
+        pasted.reason.isEmpty() ? QString() : u"<p>%1</p>"_s.arg(pasted.reason.toHtmlEscaped());
     constexpr int faded = 45; // percent; still to be read on a light and on a dark ground
     const QColor grey =
         MixedColor(palette().color(QPalette::Text), palette().color(QPalette::Base), faded);
@@ -239,7 +241,7 @@ void PasteTable::showRow(int row)
             m_view->setItem(row, column, item = new QTableWidgetItem);
         const bool isState = column == 0;
         item->setText(texts[column]);
-        item->setToolTip(pasted.reason);
+        item->setToolTip(toolTip);
         item->setForeground(isFaulty || isTaken ? QBrush() : grey);
         QFont font;
         font.setBold(isState && isFaulty);

@@ -8,6 +8,8 @@
 #include <QProgressDialog>
 #include <QScopeGuard>
 
+#include <limits>
+
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
@@ -20,6 +22,11 @@ struct Cancelled
 };
 
 } // namespace
+
+void HideProgress()
+{
+    Progress::setWatcher([](const QString & /*state*/) {});
+}
 
 bool Attempt(const std::function<void()> &action)
 {
@@ -54,7 +61,7 @@ bool AttemptLong(QWidget &parent, const QString &title, const std::function<void
         if (dialog.wasCanceled())
             throw Cancelled();
     });
-    const auto end = qScopeGuard([] { Progress::setWatcher({}); });
+    const auto end = qScopeGuard(HideProgress);
     return Attempt(action);
 }
 
