@@ -46,7 +46,7 @@ public:
             return m_outcome;
         openDatabases();
         Transaction transaction(database(m_tables.first()));
-        const Findings known = verified().findings();
+        const Findings known = verified().check();
         planChanges();
         if (!m_outcome.errors.isEmpty())
             return m_outcome;
@@ -202,7 +202,7 @@ private:
         QSet<std::pair<QString, QString>> before;
         for (const Finding &finding : known)
             before.insert({finding.place, finding.problem});
-        for (Finding finding : verification.findings()) {
+        for (Finding finding : verification.check()) {
             const bool isKnown = before.contains({finding.place, finding.problem});
             for (const GivenTable &given : std::as_const(m_tables)) {
                 if (finding.row >= 0 && finding.row < given.rows.size() &&

@@ -80,13 +80,13 @@ void CheckAllocatedTotals(const CheckedProject &project, Findings &findings)
         // Payments of one number share their allocations; that is found elsewhere, as are sums
         // that can't be formed.
         const Allocated its = byNumber.value(payment.number.value_or(0));
-        if (!payment.number || its.payments > 1 || !its.sum || !payment.amount ||
-            ShownAmount(*payment.amount) == *its.sum)
+        if (!payment.number || its.payments > 1 || !its.sum || !payment.gross ||
+            ShownAmount(*payment.gross) == *its.sum)
             continue;
         findings.append(
             FindingAt(payment, FindingGroup::Allocations,
                       u"i conti di spesa sommano %1 e il totale della fattura è %2."_s.arg(
-                          FormatImporto(*its.sum), FormatImporto(*payment.amount)),
+                          FormatImporto(*its.sum), FormatImporto(*payment.gross)),
                       u"aprire il pagamento e correggere i conti di spesa o gli importi."_s));
     }
 }

@@ -69,7 +69,7 @@ void CheckContractor(const CheckedProject &project, Findings &findings)
         return; // a contract that has no contractor yet
     if (const QString fault = linkFault(*sheet, row, project.table(u"Anag"_s)); !fault.isEmpty())
         findings.append(
-            {FindingGroup::Contract, u"Appaltatore (voce "_s + item + u')', fault,
+            {FindingGroup::Companies, u"Appaltatore (voce "_s + item + u')', fault,
              u"scegliere di nuovo l'appaltatore nel programma che tiene la scheda dell'appalto, o "
              "salvarlo in «Imprese e professionisti» di Saldoro - Appalti."_s,
              sheet->definition.name(), row});
@@ -82,7 +82,7 @@ void CheckCompanies(const CheckedProject &project, Findings &findings)
         return;
     QSet<qint32> known;
     const auto add = [&](const ProjectTable &table, qsizetype row, const QString &problem) {
-        findings.append({FindingGroup::Contract,
+        findings.append({FindingGroup::Companies,
                          u"%1, riga %2"_s.arg(table.definition.name()).arg(row + 1), problem,
                          InTheArchive.toString(), table.definition.name(), row});
     };

@@ -19,7 +19,7 @@ constexpr std::array<std::pair<FindingGroup, QStringView>, 8> Groups{{
     {FindingGroup::Allocations, u"Conti di spesa dei pagamenti"},
     {FindingGroup::Budget, u"Voci di spesa dell'appalto"},
     {FindingGroup::Codes, u"Tabella dei codici"},
-    {FindingGroup::Contract, u"Appaltatore"},
+    {FindingGroup::Companies, u"Appaltatore e imprese"},
 }};
 
 } // namespace

@@ -16,7 +16,7 @@ enum class FindingGroup
     Allocations,
     Budget,
     Codes,
-    Contract
+    Companies ///< contractor, participants and members
 };
 
 /** One thing that will trip the clerk. */

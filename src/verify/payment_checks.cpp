@@ -115,7 +115,7 @@ void CheckPayments(const CheckedProject &project, Findings &findings)
                 "schermata principale si ferma a questa riga."_s,
                 InTheArchive);
         for (const NeededFields &need : neededFields()) {
-            if (need.professionalsOnly && payment.code != KindCode(CreditorKind::Professional))
+            if (need.professionalsOnly && payment.kind != KindCode(CreditorKind::Professional))
                 continue;
             for (const QString &field : need.fields) {
                 if (payment.isNull(field))
@@ -123,10 +123,10 @@ void CheckPayments(const CheckedProject &project, Findings &findings)
                         remedyOfNull(payment, field));
             }
         }
-        if (payment.code && !KindOfCode(*payment.code))
+        if (payment.kind && !KindOfCode(*payment.kind))
             add(u"il tipo di creditore (AziProf) è «%1» e non A (azienda) o P (professionista): "
                 "«Modifica» non apre il pagamento e i documenti di chiusura lo tralasciano o lo "
-                "contano fra gli altri."_s.arg(*payment.code),
+                "contano fra gli altri."_s.arg(*payment.kind),
                 InTheArchive);
     }
 }

@@ -24,7 +24,8 @@ QList<CheckedRow> rowsOf(const ProjectTable &table, const QString &number, const
         CheckedRow &row = rows[place];
         row.table = &table;
         row.place = place;
-        row.code = table.value<QString>(place, code);
+        if (!code.isEmpty())
+            row.code = table.value<QString>(place, code);
         if (row.code) {
             QByteArray &form = comparable[*row.code];
             if (form.isEmpty())
@@ -53,7 +54,7 @@ std::optional<Currency> grossAmount(const CheckedRow &payment)
     const auto amount = [&](const QString &field) {
         return payment.table->value<Currency>(payment.place, field);
     };
-    const Currency others = OtherAmounts(payment.code == KindCode(CreditorKind::Professional),
+    const Currency others = OtherAmounts(payment.kind == KindCode(CreditorKind::Professional),
                                          [&] { return amount(u"AltriImporti01"_s); });
     const auto base = amount(u"Importo"_s);
     const auto vat = amount(u"ImportoIVA"_s);
@@ -62,10 +63,11 @@ std::optional<Currency> grossAmount(const CheckedRow &payment)
 
 QList<CheckedRow> paymentsOf(const ProjectTable &fatture)
 {
-    QList<CheckedRow> rows = rowsOf(fatture, u"Npag"_s, u"AziProf"_s, {});
+    QList<CheckedRow> rows = rowsOf(fatture, u"Npag"_s, {}, {});
     for (CheckedRow &payment : rows) {
+        payment.kind = fatture.value<QString>(payment.place, u"AziProf"_s);
         try {
-            payment.amount = grossAmount(payment);
+            payment.gross = grossAmount(payment);
         } catch (const OverflowError &) {
             payment.isBeyondRange = true;
         }

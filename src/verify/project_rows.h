@@ -42,10 +42,12 @@ struct CheckedRow
     qsizetype place = 0;                 ///< in stored order, from 0
     int row = 0;                         ///< in the order in which the program shows them, from 1
     std::optional<qint32> number = {};   ///< of the payment
-    std::optional<QString> code = {};    ///< of the cost item; of a payment its kind of creditor
-    QByteArray comparableCode = {};      ///< the code in its ComparableText() form
-    std::optional<Currency> amount = {}; ///< of an allocation; what a payment adds up to
+    std::optional<QString> kind = {};    ///< of a payment's creditor
+    std::optional<Currency> gross = {};  ///< what a payment adds up to
     bool isBeyondRange = false;          ///< what a payment adds up to
+    std::optional<QString> code = {};    ///< of the cost item
+    QByteArray comparableCode = {};      ///< the code in its ComparableText() form
+    std::optional<Currency> amount = {}; ///< of an allocation
 
     /** What the clerk knows it by: "Pagamento 12 (riga 3, Edil Rossi)", "Voce A01 (riga 2)",
      *  "Conto di spesa alla riga 4 (pagamento 12, codice A01)". */

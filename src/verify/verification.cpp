@@ -75,7 +75,7 @@ void Verification::read(const Database &database, ArchiveFile file)
         guarded(database.path(), [&] {
             m_tables.insert_or_assign(
                 table.name(), ProjectTable{table, StoredRows(database, table, Reading::AsProgram)});
-            if (IsAddedTo(table.name()) && // for which it must not be a stored query
+            if (IsWrittenBySaldoro(table.name()) && // for which it must not be a stored query
                 !database.openRecordSet(u"SELECT * FROM "_s + table.name()).isUpdatable())
                 addOfFile(database.path(),
                           u"nella tabella %1 il programma non può scrivere: è un'interrogazione o "
@@ -107,15 +107,15 @@ void Verification::tryWriting(const Database &database, ArchiveFile file)
     }
 }
 
-Findings Verification::findings() const
+Findings Verification::check() const
 {
     Findings findings = m_ofFiles;
     const CheckedProject project(m_tables);
-    for (const auto &check :
+    for (const auto &rule :
          {CheckValues, CheckCodes, CheckContractor, CheckCompanies, CheckRepeated, CheckBudget,
           CheckItems, CheckPayments, CheckNumbering, CheckAllocatedTotals}) {
         const Progress step(u"Controllo"_s);
-        check(project, findings);
+        rule(project, findings);
     }
     return findings;
 }
@@ -137,7 +137,7 @@ Findings VerifyProject(const QString &folder, const QString &codes)
                 verification.tryWriting(database, file);
         });
     }
-    return verification.findings();
+    return verification.check();
 }
 
 } // namespace saldoro

@@ -21,8 +21,9 @@ public:
 
     /** The tables that could be read. */
     const ProjectTables &tables() const { return m_tables; }
-    /** What all of them show together. */
-    Findings findings() const;
+    /** Applies every check; finds what read() found, too. Throws what the watcher of Progress
+     *  throws. */
+    Findings check() const;
 
 private:
     friend Findings VerifyProject(const QString &folder, const QString &codes);

@@ -46,7 +46,7 @@ NewValue trialValue(const FieldDef &field, qint32 number, qint32 trial)
 
 } // namespace
 
-bool IsAddedTo(const QString &table)
+bool IsWrittenBySaldoro(const QString &table)
 {
     return !recordsOf(table).isEmpty();
 }

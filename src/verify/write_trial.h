@@ -6,7 +6,7 @@
 namespace saldoro {
 
 /** Whether the program adds records to a table. */
-bool IsAddedTo(const QString &table);
+bool IsWrittenBySaldoro(const QString &table);
 
 /** Adds records to @p copy, the copy of a database in memory, as the next payments and the work at
  *  closing will. Throws the DatabaseError of the first record that can't be added: a rule of the
