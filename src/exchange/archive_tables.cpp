@@ -40,10 +40,7 @@ const std::vector<ExchangedTable> &ExchangedTables()
         for (const ArchiveFile file : ArchiveFileList) {
             for (const TableDef &table : TablesOf(file)) {
                 const auto &[needed, key] = fieldsOf.at(table.name());
-                QStringList filled = needed.split(u' ');
-                if (table.name() == "UltimaPerVariante"_L1)
-                    filled.removeOne(u"Importo"_s); // a null budget counts as 0
-                result.push_back({file, table, needed.split(u' '), filled, key.split(u' ')});
+                result.push_back({table, needed.split(u' '), file, key.split(u' ')});
             }
         }
         return result;

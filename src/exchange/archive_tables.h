@@ -14,11 +14,11 @@ namespace saldoro {
 /** A table that a CSV file fills. */
 struct ExchangedTable
 {
-    ArchiveFile archive;
     TableDef definition;
     QStringList neededFields; ///< that a header must name
-    QStringList filledFields; ///< for which each row must have a cell
-    QStringList keyFields;    ///< that identify a row
+    // Not of lists that belong to no database.
+    ArchiveFile archive = {};
+    QStringList keyFields = {}; ///< that identify a row
 
     const QString &name() const { return definition.name(); }
     QString fileName() const { return name() + QStringLiteral(".csv"); }

@@ -32,7 +32,7 @@ struct BudgetChange
  * Compares two budgets, rows of `UltimaPerVariante`; codes that differ in letter case only are the
  * same. @p allocations are the rows of `Spese`. Dropped items that are paid come first, then the
  * other dropped ones, then those of @p after in their order. What an import refuses of them:
- * LossesOf().
+ * AddLosses().
  */
 QList<BudgetChange> BudgetChanges(const TableRows &before, const TableRows &after,
                                   const TableRows &allocations);

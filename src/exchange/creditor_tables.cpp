@@ -33,7 +33,7 @@ ExchangedTable listTable(const QString &name, const QStringList &fields)
     TableDef definition(name);
     for (const QString &field : fields)
         definition.appendField(field, FieldType::Memo);
-    return {ArchiveFile::Companies, definition, {u"Nome"_s}, {u"Nome"_s}, {u"Nome"_s}};
+    return {definition, {u"Nome"_s}};
 }
 
 RecordSet recordsOf(const Database &database, const QString &table)

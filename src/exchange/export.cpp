@@ -154,7 +154,7 @@ bool HasExportedFiles(const QString &csvFolder)
            });
 }
 
-void RefuseMixedFiles(const QString &csvFolder)
+void RefuseUnfinishedExport(const QString &csvFolder)
 {
     if (QFileInfo::exists(markPath(csvFolder)))
         throw FileError(
@@ -168,7 +168,7 @@ QString ExportProject(const QString &projectFolder, const QString &csvFolder, bo
 {
     const QString folder = MachinePath(csvFolder); // where the files are written to
     if (!overwrite)
-        RefuseMixedFiles(folder);
+        RefuseUnfinishedExport(folder);
     QStringList paths;
     for (const ExchangedTable &table : ExchangedTables())
         paths.append(targetPath(folder, table.fileName(), overwrite));

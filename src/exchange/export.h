@@ -24,6 +24,6 @@ QString ExportProject(const QString &projectFolder, const QString &csvFolder,
 bool HasExportedFiles(const QString &csvFolder);
 
 /** Throws FileError when the folder has the mark of an export that did not come to its end. */
-void RefuseMixedFiles(const QString &csvFolder);
+void RefuseUnfinishedExport(const QString &csvFolder);
 
 } // namespace saldoro

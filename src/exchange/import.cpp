@@ -18,7 +18,6 @@
 
 #include <algorithm>
 #include <map>
-#include <optional>
 #include <set>
 #include <utility>
 
@@ -70,8 +69,8 @@ private:
     QString path(ArchiveFile file) const { return ArchiveFilePath(file, m_folder); }
     QString fileName(ArchiveFile file) const { return QFileInfo(path(file)).fileName(); }
     const Database &database(const GivenTable &of) { return m_databases.at(of.table->archive); }
-    void addError(const QString &text) { m_outcome.errors.append(LineFinding(text)); }
-    void refuse(const QString &text) { m_outcome.refusals.append(LineFinding(text)); }
+    void addError(const QString &text) { m_outcome.errors.append(FindingOf(text)); }
+    void refuse(const QString &text) { m_outcome.refusals.append(FindingOf(text)); }
 
     bool isGiven(const QString &name) const
     {
@@ -193,11 +192,7 @@ private:
                     path(m_tables[at].table->archive),
                     u"L'archivio ha cambiato da sé ciò che vi è stato scritto (trigger)."_s,
                     u"Togliere i trigger dall'archivio, con l'aiuto dell'assistenza."_s);
-            const ImportLosses losses = LossesOf(m_tables[at], m_changes[at], tables);
-            if (!losses.budget.isEmpty())
-                m_budget = losses.budget;
-            m_outcome.errors += losses.errors;
-            m_outcome.refusals += losses.refusals;
+            m_budget += AddLosses(m_tables[at], m_changes[at], tables, m_outcome);
         }
         QSet<std::pair<QString, QString>> before;
         for (const Finding &finding : known)
@@ -274,20 +269,17 @@ ImportOutcome newProject(const QString &folder, const QList<GivenTable> &tables,
 
 } // namespace
 
-ImportOutcome ImportTables(const QString &projectFolder, const QList<GivenTable> &tables,
+ImportOutcome ImportTables(const QString &folder, const QList<GivenTable> &tables,
                            const ImportOptions &options)
 {
-    std::optional<ProjectPlace> place;
-    if (options.createProject)
-        place = ProjectPlaceOf(projectFolder);
-    const QString folder = place ? place->folder : ExistingFolder(projectFolder);
     ImportOutcome outcome = SayingNothingIsWritten([&] {
-        return QFileInfo::exists(folder) ? ProjectImport(folder, tables, options).run()
-                                         : newProject(folder, tables, options);
+        return options.createProject && !QFileInfo::exists(folder)
+                   ? newProject(folder, tables, options)
+                   : ProjectImport(folder, tables, options).run();
     });
     try {
-        if (place && outcome.isDone)
-            outcome.summary += AdoptArchivesRoot(*place);
+        if (options.createProject && outcome.isDone)
+            outcome.summary += AdoptArchivesRoot(ProjectPlaceOf(folder));
     } catch (const SaldoroError &error) {
         outcome.warnings.append(error.message()); // the project has been imported by now
     }

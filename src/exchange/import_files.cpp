@@ -29,10 +29,10 @@ std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, Import
     for (const QFileInfo &file : QDir(folder).entryInfoList({u"*.csv"_s}, any)) {
         const ExchangedTable *table = TableNamed(file.completeBaseName());
         if (table == nullptr)
-            errors.append(LineFinding(file.fileName() + u": nessuna tabella ha questo nome."_s));
+            errors.append(FindingOf(file.fileName() + u": nessuna tabella ha questo nome."_s));
         else if (!paths.try_emplace(table, file.filePath()).second)
             errors.append(
-                LineFinding(file.fileName() + u": un altro file è per la stessa tabella."_s));
+                FindingOf(file.fileName() + u": un altro file è per la stessa tabella."_s));
     }
     for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files)) {
         const ExchangedTable *table = TableNamed(file.baseName()); // of "Spese.csv.txt", too
@@ -42,7 +42,7 @@ std::map<const ExchangedTable *, QString> csvPaths(const QString &folder, Import
         const QString line =
             file.fileName() + u": non è stato letto, perché non finisce con «.csv»."_s;
         if (paths.empty())
-            errors.append(LineFinding(line));
+            errors.append(FindingOf(line));
         else
             outcome.warnings.append(line);
     }
@@ -64,7 +64,7 @@ ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder
     const QString folder = options.createProject ? ProjectPlaceOf(projectFolder).folder
                                                  : ExistingFolder(projectFolder);
     const QString files = ExistingFolder(csvFolder);
-    RefuseMixedFiles(files);
+    RefuseUnfinishedExport(files);
     ImportOutcome outcome;
     QList<GivenTable> tables;
     const auto paths = csvPaths(files, outcome);
@@ -82,7 +82,7 @@ ImportOutcome ImportFiles(const QString &projectFolder, const QString &csvFolder
     if (!outcome.errors.isEmpty())
         return outcome;
     const QStringList warnings = outcome.warnings;
-    outcome = ImportTables(projectFolder, tables, options);
+    outcome = ImportTables(folder, tables, options);
     outcome.warnings = warnings + outcome.warnings;
     return outcome;
 }

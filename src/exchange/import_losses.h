@@ -1,25 +1,19 @@
 #pragma once
 
 #include "exchange/budget_changes.h"
+#include "exchange/import_outcome.h"
 #include "exchange/table_change.h"
-#include "verify/findings.h"
 #include "verify/project_rows.h"
-
-#include <QList>
 
 namespace saldoro {
 
-/** What a project loses with the rows that an import drops. Values in fields that are unknown or
- *  not given are no part of it: ChangeOf() finds those. */
-struct ImportLosses
-{
-    Findings errors;            ///< items that the program itself has written
-    Findings refusals;          ///< payments, and cost items with payments
-    QList<BudgetChange> budget; ///< all changes of the budget, where there was one
-};
-
-/** @param project the tables as they will be. */
-ImportLosses LossesOf(const GivenTable &given, const TableChange &change,
-                      const ProjectTables &project);
+/** Adds what a project loses with the rows that an import drops: to the errors of @p outcome items
+ *  that the program itself has written, to its refusals payments, and cost items with payments.
+ *  Values in fields that are unknown or not given are no part of it: ChangeOf() finds those.
+ *
+ *  @param project the tables as they will be
+ *  @return all changes of the budget; none for another table and where there was none */
+QList<BudgetChange> AddLosses(const GivenTable &given, const TableChange &change,
+                              const ProjectTables &project, ImportOutcome &outcome);
 
 } // namespace saldoro

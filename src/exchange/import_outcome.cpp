@@ -16,7 +16,7 @@ QString headed(const QString &heading, const Findings &findings)
 {
     return findings.isEmpty()
                ? QString()
-               : heading + u"\n  "_s + FirstLinesOf(findings).join(u"\n  "_s) + u'\n';
+               : heading + u"\n  "_s + ShortenedLines(findings).join(u"\n  "_s) + u'\n';
 }
 
 } // namespace
@@ -29,7 +29,7 @@ QStringList LinesOf(const Findings &findings)
     return lines;
 }
 
-QStringList FirstLinesOf(const Findings &findings)
+QStringList ShortenedLines(const Findings &findings)
 {
     std::map<std::tuple<FindingGroup, QString, QString>, int> counts;
     Findings first;
@@ -52,17 +52,17 @@ QString ImportOutcome::remarks() const
 {
     Findings told;
     for (const QString &warning : warnings)
-        told.append(LineFinding(warning));
+        told.append(FindingOf(warning));
     return headed(u"Avvertimenti:"_s, told) + headed(u"Errori:"_s, errors) +
            headed(isDone ? u"Darà problemi più tardi:"_s
                          : u"Darebbe problemi più tardi (con %1 si importa lo stesso):"_s.arg(
                                CommandOption::EvenSo),
                   refusals) +
            headed(u"C'era già prima:"_s, known) +
-           (isDone ? QString() : u"Niente è stato scritto.\n"_s);
+           (isDone ? QString() : NothingWritten.toString() + u'\n');
 }
 
-Finding LineFinding(const QString &text)
+Finding FindingOf(const QString &text)
 {
     return {FindingGroup::Files, text, {}, {}};
 }

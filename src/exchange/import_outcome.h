@@ -19,26 +19,28 @@ struct ImportOutcome
     QStringList copies = {};   ///< paths of the databases as they were, where one has changed
     QString summary = {};      ///< what was written: rows and total of each table, changed items
 
-    /** Warnings, errors and findings with headings, as FirstLinesOf(), and whether nothing was
+    /** Warnings, errors and findings with headings, as ShortenedLines(), and whether nothing was
      *  written. */
     QString remarks() const;
 };
 
-/** LinesOf() those findings; of one group, table and field the first MostLinesTold and, last of
- *  all, how many more there are. */
-QStringList FirstLinesOf(const Findings &findings);
+/** The lines of the findings. Of each group, table and field only the first MostLinesTold; lines at
+ *  the end count the rest. */
+QStringList ShortenedLines(const Findings &findings);
 
 /** LineOf() each finding. */
 QStringList LinesOf(const Findings &findings);
 
 /** A finding that is one line, complete in itself. */
-Finding LineFinding(const QString &text);
+Finding FindingOf(const QString &text);
 
-/** Calls @p action; an error of it says that nothing was written. */
+inline constexpr QStringView NothingWritten = u"Niente è stato scritto.";
+
+/** Calls @p action; an error of it says so. */
 template <typename Action>
 auto SayingNothingIsWritten(const Action &action)
 {
-    return WithDetail(Detail::Outcome, QStringLiteral("Niente è stato scritto."), action);
+    return WithDetail(Detail::Outcome, NothingWritten.toString(), action);
 }
 
 } // namespace saldoro

@@ -4,11 +4,11 @@
 #include "database/database.h"
 #include "exchange/archive_tables.h"
 #include "exchange/cell_values.h"
+#include "exchange/made_files.h"
 #include "store/payment_numbers.h"
 #include "store/project_open_mark.h"
 #include "store/table_definitions.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 namespace saldoro {
@@ -67,25 +67,22 @@ QString SetPaymentValues(const QString &ledger, const QStringList &words)
     RequireClosed(QFileInfo(ledger).path()); // a form would write what it has loaded
     const Database database = Database::open(ledger);
     Transaction transaction(database); // from here on nobody else changes what the copy holds
-    QString copy = database.backUpBeside();
-    try {
-        RecordSet payments = database.openRecordSet(u"SELECT * FROM Fatture"_s);
-        if (!database.triggersOf(u"Fatture"_s).isEmpty())
-            throw refusal(
-                u"L'archivio ha regole proprie (trigger) che cambiano ciò che si scrive."_s);
-        for (qsizetype at = 0; at < words.size(); at += 3) {
-            WithDetail(Detail::Field, words[at + 1], [&] {
-                WithDetail(Detail::Payment, words[at], [&] {
-                    findPayment(payments, words[at]);
-                    setValue(payments, words[at + 1], words[at + 2]);
-                });
+    const QString copy = database.backUpBeside();
+    MadeFiles made; // goes when nothing is changed
+    made.add(copy);
+    RecordSet payments = database.openRecordSet(u"SELECT * FROM Fatture"_s);
+    if (!database.triggersOf(u"Fatture"_s).isEmpty())
+        throw refusal(u"L'archivio ha regole proprie (trigger) che cambiano ciò che si scrive."_s);
+    for (qsizetype at = 0; at < words.size(); at += 3) {
+        WithDetail(Detail::Field, words[at + 1], [&] {
+            WithDetail(Detail::Payment, words[at], [&] {
+                findPayment(payments, words[at]);
+                setValue(payments, words[at + 1], words[at + 2]);
             });
-        }
-        transaction.commit();
-    } catch (...) {
-        QFile::remove(copy); // of what has not changed
-        throw;
+        });
     }
+    transaction.commit();
+    made.keep();
     return copy;
 }
 

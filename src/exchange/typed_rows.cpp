@@ -43,10 +43,13 @@ public:
                std::optional<Notation> notation, QList<CellFault> &faults)
         : m_columns(columns)
         , m_table(table)
+        , m_filledFields(table.neededFields)
         , m_notation(notation)
         , m_faults(faults)
         , m_result{&table, {}}
     {
+        if (table.name() == "UltimaPerVariante"_L1)
+            m_filledFields.removeOne(u"Importo"_s); // a null budget counts as 0
         for (const FieldDef &field : table.definition.fields())
             m_stored.append(stored.field(field.name));
         for (const qsizetype place : columns.places) {
@@ -76,7 +79,7 @@ private:
         const QList<qsizetype> &places = m_columns.places;
         for (qsizetype cell = cells.size(); cell < places.size(); ++cell) {
             if (!m_isLastWhole ||
-                (places[cell] >= 0 && m_table.filledFields.contains(nameOf(places[cell]))))
+                (places[cell] >= 0 && m_filledFields.contains(nameOf(places[cell]))))
                 return false;
         }
         return cells.size() <= places.size() ||
@@ -129,6 +132,7 @@ private:
 
     const CellColumns &m_columns;
     const ExchangedTable &m_table;
+    QStringList m_filledFields; ///< for which each row must have a cell
     std::optional<Notation> m_notation;
     QList<FieldDef> m_stored; ///< the fields as the archive has them
     bool m_isLastWhole = false;

@@ -178,7 +178,7 @@ void PasteTable::dropEvent(QDropEvent *event)
             ImportOutcome read;
             const QList<CellRow> rows = ReadCsvRows(path, m_pasted.table(), read);
             if (!read.errors.isEmpty())
-                throw SaldoroError(FirstLinesOf(read.errors).join(u'\n'));
+                throw SaldoroError(ShortenedLines(read.errors).join(u'\n'));
             m_pasted.setRows(rows, read.warnings);
         });
     });
