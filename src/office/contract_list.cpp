@@ -90,7 +90,8 @@ void ContractList::read(const QString &root)
         m_table.setRows(1 + static_cast<int>(codes.size()));
         for (int row = 1; row < m_table.rows(); ++row)
             m_table.setText(row, 0, codes[row - 1]);
-        // One that is gone gives way to no other: what is done next would be done to that.
+        // When the current contract is gone no other becomes current: the user's next action would
+        // hit the wrong one.
         m_table.setRow(codes.isEmpty() || !m_chosen.isEmpty() ? 0 : 1);
         setCurrentCode(m_chosen);
     }

@@ -77,7 +77,7 @@ QWidget *FrmCreditori::makePage(PastedTable &pasted, const QString &name, const 
     cells->setObjectName(name);
     column->addWidget(cells, 2);
     connect(cells, &PasteTable::changed, this, &FrmCreditori::showState);
-    // The row of that number is another company's from now on.
+    // The row numbers belong to other companies now, so the chosen one forgets its row.
     connect(cells, &PasteTable::replaced, this,
             [this] { m_contractor->setItemData(m_contractor->currentIndex(), 0); });
     return page;

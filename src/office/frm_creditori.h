@@ -31,8 +31,8 @@ private:
     void showState();
     void write();
     bool hasChanges() const;
-    /** The contractor to be written: another one, or one that is a company and has no link to it;
-     *  else empty. */
+    /** The chosen contractor if it is another than the stored one, or if the stored one is a known
+     *  company that is not linked yet; else empty. */
     QString newContractor() const;
 
     ProgramValues m_values;
