@@ -67,7 +67,7 @@ QString SetPaymentValues(const QString &ledger, const QStringList &words)
     RequireClosed(QFileInfo(ledger).path()); // a form would write what it has loaded
     const Database database = Database::open(ledger);
     Transaction transaction(database); // from here on nobody else changes what the copy holds
-    const QString copy = database.backUpBeside();
+    QString copy = database.backUpBeside();
     MadeFiles made; // goes when nothing is changed
     made.add(copy);
     RecordSet payments = database.openRecordSet(u"SELECT * FROM Fatture"_s);
