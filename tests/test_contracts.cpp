@@ -55,14 +55,14 @@ private slots:
     {
         QFETCH(const QString, code);
         QFETCH(const QString, part);
-        const QString problem = CodeProblem(code, {u"Lotto A"_s});
+        const QString problem = ContractCodeProblem(code, {u"Lotto A"_s});
         QCOMPARE(problem.isEmpty(), part.isEmpty());
         QVERIFY2(problem.contains(part), qPrintable(problem));
     }
     void firstFreeCode()
     {
-        QCOMPARE(FirstFreeCode({}), u"00001"_s);
-        QCOMPARE(FirstFreeCode({u"00003"_s, u"00001"_s, u"2"_s}), u"00002"_s);
+        QCOMPARE(FirstFreeContractCode({}), u"00001"_s);
+        QCOMPARE(FirstFreeContractCode({u"00003"_s, u"00001"_s, u"2"_s}), u"00002"_s);
     }
 
     /** What a link that leads nowhere stands for is neither free nor new. */

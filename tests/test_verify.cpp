@@ -17,7 +17,7 @@ QString summary(const Findings &findings, const QString &expected)
     QStringList lines = expected.split(u'\n');
     lines.resize(findings.size());
     for (qsizetype place = 0; place < findings.size(); ++place) {
-        const QString text = findings[place].place + u": "_s + findings[place].problem;
+        const QString text = findings[place].subject + u": "_s + findings[place].problem;
         if (lines[place].isEmpty() || !text.startsWith(lines[place]))
             lines[place] = text;
     }

@@ -17,7 +17,7 @@
 
 namespace saldoro {
 
-/** What is written of a record: values by the places of their fields. */
+/** What is written of a record: values by the indexes of their fields. */
 using RecordChanges = std::map<int, StoredValue>;
 
 /**

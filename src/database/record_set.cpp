@@ -43,7 +43,7 @@ struct RecordSet::Data
 
     int columnOf(const QString &name) const
     {
-        const qsizetype column = PlaceOf(rows->fields(), name);
+        const qsizetype column = IndexOfField(rows->fields(), name);
         if (column < 0)
             throw error(DatabaseFault::FieldMissing, name);
         return static_cast<int>(column);

@@ -73,7 +73,7 @@ QString EngineQuery::textWithRowId(const QString &rowIdName) const
 QString RowIdName(const QList<FieldDef> &fields)
 {
     for (const QString &name : {u"_rowid_"_s, u"rowid"_s, u"oid"_s}) {
-        if (PlaceOf(fields, name) < 0)
+        if (IndexOfField(fields, name) < 0)
             return name;
     }
     return {};

@@ -28,7 +28,7 @@ const QList<std::pair<FieldType, QString>> &typeWords()
 
 } // namespace
 
-qsizetype PlaceOf(const QList<FieldDef> &fields, const QString &name)
+qsizetype IndexOfField(const QList<FieldDef> &fields, const QString &name)
 {
     for (qsizetype at = 0; at < fields.size(); ++at) {
         const QString &own = fields[at].name;
@@ -51,7 +51,7 @@ void TableDef::appendField(const QString &name, FieldType type, int size, bool a
 
 const FieldDef &TableDef::field(const QString &name) const
 {
-    const qsizetype at = place(name);
+    const qsizetype at = indexOf(name);
     if (at < 0)
         throw DatabaseError(DatabaseFault::FieldMissing, {}, m_name, name);
     return m_fields[at];

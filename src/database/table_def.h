@@ -30,8 +30,8 @@ struct FieldDef
     bool allowZeroLength = false;
 };
 
-/** Place of the field of that name, letter case ignored; -1 when there is none. */
-qsizetype PlaceOf(const QList<FieldDef> &fields, const QString &name);
+/** The index of the field of that name, letter case ignored; -1 when there is none. */
+qsizetype IndexOfField(const QList<FieldDef> &fields, const QString &name);
 
 /** Whether the field holds texts. */
 inline bool IsText(const FieldDef &field)
@@ -52,8 +52,8 @@ public:
     /** The field of that name, letter case ignored. Throws FieldMissing, which names no file. */
     const FieldDef &field(const QString &name) const;
 
-    /** As PlaceOf(), in the order of creation. */
-    qsizetype place(const QString &name) const { return PlaceOf(m_fields, name); }
+    /** As IndexOfField(), in the order of creation. */
+    qsizetype indexOf(const QString &name) const { return IndexOfField(m_fields, name); }
 
     const QString &name() const { return m_name; }
     const QList<FieldDef> &fields() const { return m_fields; }

@@ -22,7 +22,7 @@ TableRefill::TableRefill(const Database &database, const QString &table, const Q
     const QString target = QualifiedName(m_file->schema(), table);
     const QList<FieldDef> all = Statement(m_file, u"SELECT * FROM "_s + target, table).fields(0);
     for (const QString &field : fields) {
-        const qsizetype at = PlaceOf(all, field);
+        const qsizetype at = IndexOfField(all, field);
         if (at < 0)
             throw DatabaseError(DatabaseFault::FieldMissing, m_file->path(), table, field);
         m_fields.append(all[at]);

@@ -62,7 +62,7 @@ QStringList UnknownFields(const Database &database, const ExchangedTable &table)
     QStringList names;
     const auto stored = database.tableDef(table.name());
     for (const FieldDef &field : stored ? stored->fields() : QList<FieldDef>()) {
-        if (table.place(field.name) < 0)
+        if (table.indexOf(field.name) < 0)
             names.append(field.name);
     }
     return names;
@@ -79,11 +79,11 @@ TableRows StandardCodeRows()
 
 QString TotalText(const ExchangedTable &table, const TableRows &rows)
 {
-    const qsizetype place = table.place(u"Importo"_s);
+    const qsizetype amount = table.indexOf(u"Importo"_s);
     try {
         Currency total;
         for (const TableRow &row : rows)
-            total += ValueAs<Currency>(row[place]).value_or(Currency());
+            total += ValueAs<Currency>(row[amount]).value_or(Currency());
         return FormatImporto(total);
     } catch (const OverflowError &) {
         return u"fuori misura"_s;

@@ -24,9 +24,9 @@ struct ExchangedTable
     QString fileName() const { return name() + QStringLiteral(".csv"); }
     QStringList fieldNames() const;
     /** Place of a field, by its name in any letter case, among those of a row; -1 for none. */
-    qsizetype place(const QString &field) const { return definition.place(field); }
+    qsizetype indexOf(const QString &field) const { return definition.indexOf(field); }
     /** Whether its rows have amounts that add up. */
-    bool hasAmounts() const { return place(QStringLiteral("Importo")) >= 0; }
+    bool hasAmounts() const { return indexOf(QStringLiteral("Importo")) >= 0; }
 };
 
 /** The eight tables, those of one database next to each other. */

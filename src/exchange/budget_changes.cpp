@@ -38,11 +38,11 @@ QList<BudgetChange> BudgetChanges(const TableRows &before, const TableRows &afte
                                   const TableRows &allocations)
 {
     const ExchangedTable &budget = *TableNamed(u"UltimaPerVariante"_s);
-    const qsizetype codeColumn = budget.place(u"Voce"_s);
-    const qsizetype descriptionColumn = budget.place(u"Descri"_s);
-    const qsizetype amountColumn = budget.place(u"Importo"_s);
+    const qsizetype codeColumn = budget.indexOf(u"Voce"_s);
+    const qsizetype descriptionColumn = budget.indexOf(u"Descri"_s);
+    const qsizetype amountColumn = budget.indexOf(u"Importo"_s);
     std::set<QString, TextOrder> paid;
-    const qsizetype paidColumn = TableNamed(u"Spese"_s)->place(u"Cod"_s);
+    const qsizetype paidColumn = TableNamed(u"Spese"_s)->indexOf(u"Cod"_s);
     for (const TableRow &row : allocations)
         paid.insert(TextOf(row[paidColumn]));
     paid.erase(QString()); // of allocations without a code

@@ -69,7 +69,7 @@ void add(RecordSet &records, const QList<std::pair<QString, NewValue>> &values)
 
 QStringList membersOf(const TableRow &row)
 {
-    QStringList members = TextOf(row[CompanyList().place(u"Mandanti"_s)]).split(u';');
+    QStringList members = TextOf(row[CompanyList().indexOf(u"Mandanti"_s)]).split(u';');
     for (QString &member : members)
         member = member.trimmed();
     members.removeAll(QString());

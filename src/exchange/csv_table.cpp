@@ -131,7 +131,7 @@ int rowAboveHeader(const QList<CellRow> &rows, CellColumns columns, const Exchan
         QList<CellFault> faults;
         const GivenTable given = TypedRowsOf({rows[row]}, columns, table, stored, notation, faults);
         const auto isFilled = [&](const QString &field) {
-            return given.rows.first()[table.place(field)] != NewValue();
+            return given.rows.first()[table.indexOf(field)] != NewValue();
         };
         if (faults.isEmpty() && !given.rows.isEmpty() &&
             given.rows.first().count(NewValue()) + 1 < given.rows.first().size() &&
@@ -222,7 +222,7 @@ QList<CellRow> ReadCsvRows(const QString &path, const ExchangedTable &table, Imp
     const QString text = textOf(path, outcome.warnings, faults);
     const auto [separator, columns] = headerOf(text, table);
     const TextRows cells = RowsOfText(text, separator);
-    const qsizetype width = std::max(columns.places.size(), table.neededFields.size());
+    const qsizetype width = std::max(columns.fieldOfCell.size(), table.neededFields.size());
     for (const CellRow &row : cells.rows) {
         const QStringList more = row.cells.mid(width);
         if (separator == u',' && more.count(QString()) < more.size())

@@ -47,9 +47,9 @@ QString untold(const ExchangedTable &table, const TableRow &row)
     if (row.count(NewValue()) == row.size())
         return u"nessun valore"_s;
     QStringList fields;
-    for (qsizetype place = 0; place < row.size(); ++place) {
-        if (row[place] == NewValue(QDate()) || TextOf(row[place]).contains(QChar(0)))
-            fields.append(u"campo "_s + table.definition.fields()[place].name);
+    for (qsizetype field = 0; field < row.size(); ++field) {
+        if (row[field] == NewValue(QDate()) || TextOf(row[field]).contains(QChar(0)))
+            fields.append(u"campo "_s + table.definition.fields()[field].name);
     }
     return fields.join(u", "_s);
 }

@@ -27,26 +27,28 @@ CellColumns columnsOf(const CellRow &row, qsizetype firstRow, const ExchangedTab
     QStringList names;
     for (const QString &cell : row.cells) {
         names.append(cell.simplified().removeIf(IsUnseen));
-        columns.places.append(names.last().isEmpty() ? CellColumns::Nameless
-                                                     : table.place(names.last()));
-        if (columns.places.last() >= 0 && columns.places.count(columns.places.last()) > 1) {
+        columns.fieldOfCell.append(names.last().isEmpty() ? CellColumns::Nameless
+                                                          : table.indexOf(names.last()));
+        if (columns.fieldOfCell.last() >= 0 &&
+            columns.fieldOfCell.count(columns.fieldOfCell.last()) > 1) {
             columns.doubled.append(names.last());
-            columns.places.last() = CellColumns::Unknown;
+            columns.fieldOfCell.last() = CellColumns::Unknown;
         }
     }
     for (const QString &needed : table.neededFields) {
-        qsizetype cell = columns.places.indexOf(table.place(needed));
+        qsizetype cell = columns.fieldOfCell.indexOf(table.indexOf(needed));
         for (qsizetype other = 0; cell < 0 && other < names.size(); ++other) {
-            if (columns.places[other] == CellColumns::Unknown && MayMean(names[other], needed)) {
+            if (columns.fieldOfCell[other] == CellColumns::Unknown &&
+                MayMean(names[other], needed)) {
                 columns.guesses.append({needed, names[other]});
-                columns.places[cell = other] = table.place(needed);
+                columns.fieldOfCell[cell = other] = table.indexOf(needed);
             }
         }
         if (cell < 0)
             columns.missing.append(needed);
     }
     for (qsizetype cell = 0; cell < names.size(); ++cell) {
-        if (columns.places[cell] == CellColumns::Unknown)
+        if (columns.fieldOfCell[cell] == CellColumns::Unknown)
             columns.unknown.append(names[cell]);
     }
     return columns;
@@ -65,9 +67,10 @@ void tellCodeFromItem(CellColumns &columns, const QStringList &header, const Exc
     const qsizetype item = columnLike("voce"_L1);
     if (code < 0 || item < 0 || !columns.missing.contains(u"Descri"_s))
         return;
-    columns.places.replace(columns.places.indexOf(table.place(u"Voce"_s)), CellColumns::Unknown);
-    columns.places[code] = table.place(u"Voce"_s);
-    columns.places[item] = table.place(u"Descri"_s);
+    columns.fieldOfCell.replace(columns.fieldOfCell.indexOf(table.indexOf(u"Voce"_s)),
+                                CellColumns::Unknown);
+    columns.fieldOfCell[code] = table.indexOf(u"Voce"_s);
+    columns.fieldOfCell[item] = table.indexOf(u"Descri"_s);
 }
 
 } // namespace

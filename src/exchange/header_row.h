@@ -14,23 +14,23 @@ namespace saldoro {
 /** Which field of a table each cell of a row fills. */
 struct CellColumns
 {
-    // Places of cells that fill no field.
+    // What stands for the field of a cell that fills none.
     static constexpr qsizetype Unknown = -1;
     static constexpr qsizetype Nameless = -2;
 
-    QList<qsizetype> places = {}; ///< for each cell the place of its field in the table
-    qsizetype firstRow = 0;       ///< the one behind the header; 0 without a header
-    QStringList missing = {};     ///< needed fields without a cell
-    QStringList unknown = {};     ///< names that are no field's
-    QStringList doubled = {};     ///< names that stand twice; the second fills no field
+    QList<qsizetype> fieldOfCell = {}; ///< its index in the table, for each cell
+    qsizetype firstRow = 0;            ///< the one behind the header; 0 without a header
+    QStringList missing = {};          ///< needed fields without a cell
+    QStringList unknown = {};          ///< names that are no field's
+    QStringList doubled = {};          ///< names that stand twice; the second fills no field
     /** Needed fields that are filled by a cell with a similar name only, each with that name. */
     QList<std::pair<QString, QString>> guesses = {};
 
     /** The cell that fills a field; -1 for none, and for a field of other tables. */
     qsizetype columnOf(const QString &field, const ExchangedTable &table) const
     {
-        const qsizetype place = table.place(field);
-        return place < 0 ? -1 : places.indexOf(place);
+        const qsizetype index = table.indexOf(field);
+        return index < 0 ? -1 : fieldOfCell.indexOf(index);
     }
     /** How far it is from naming all needed fields: less is better. */
     auto lack() const { return std::pair(missing.size(), guesses.size()); }

@@ -196,13 +196,13 @@ private:
         }
         QSet<std::pair<QString, QString>> before;
         for (const Finding &finding : known)
-            before.insert({finding.place, finding.problem});
+            before.insert({finding.subject, finding.problem});
         for (Finding finding : verification.check()) {
-            const bool isKnown = before.contains({finding.place, finding.problem});
+            const bool isKnown = before.contains({finding.subject, finding.problem});
             for (const GivenTable &given : std::as_const(m_tables)) {
                 if (finding.row >= 0 && finding.row < given.rows.size() &&
                     finding.table == given.table->name())
-                    finding.place.prepend(given.rowName(finding.row) + u": "_s);
+                    finding.subject.prepend(given.rowName(finding.row) + u": "_s);
             }
             // Values and files that can't be read right are told by each command until they are.
             const bool isPassed = isKnown && finding.group != FindingGroup::Files &&
@@ -241,7 +241,8 @@ private:
 ImportOutcome newProject(const QString &folder, const QList<GivenTable> &tables,
                          const ImportOptions &options)
 {
-    if (const QString problem = CodeProblem(QFileInfo(folder).fileName(), {}); !problem.isEmpty())
+    if (const QString problem = ContractCodeProblem(QFileInfo(folder).fileName(), {});
+        !problem.isEmpty())
         throw FileError(folder, problem, u"Dare alla cartella un altro nome."_s);
     const ProjectOpenMark mark(folder);
     if (mark.isOpenElsewhere())

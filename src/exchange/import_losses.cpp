@@ -32,7 +32,7 @@ struct OwnItems
 OwnItems ownItems(const TableRows &codes)
 {
     OwnItems own;
-    const qsizetype external = TableNamed(u"Funzioni"_s)->place(u"CodExt"_s);
+    const qsizetype external = TableNamed(u"Funzioni"_s)->indexOf(u"CodExt"_s);
     for (const UsedCode &used : UsedCodes) {
         const qsizetype row = FirstRow(codes, used.code.toString());
         const QString item = row < 0 ? QString() : TextOf(codes[row][external]);
@@ -66,11 +66,11 @@ QList<BudgetChange> AddLosses(const GivenTable &given, const TableChange &change
         const QString key = KeyOf(table, row);
         if (table.name() == "Fatture"_L1)
             outcome.refusals.append(FindingOf(u"%1: toglie il pagamento %2 (%3)."_s.arg(
-                given.source, key, TextOf(row[table.place(u"Creditore"_s)]))));
+                given.source, key, TextOf(row[table.indexOf(u"Creditore"_s)]))));
         if (table.name() == "SchedaProgetto"_L1 && own.contains(key))
             outcome.errors.append(FindingOf(
                 u"%1: andrebbe persa la voce %2 (%3), che ha scritto Saldoro; aggiungerla al file."_s
-                    .arg(given.source, key, TextOf(row[table.place(u"Descri"_s)]))));
+                    .arg(given.source, key, TextOf(row[table.indexOf(u"Descri"_s)]))));
     }
     return budget;
 }

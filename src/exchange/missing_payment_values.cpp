@@ -52,7 +52,7 @@ void setValue(RecordSet &payments, const QString &field, const QString &text)
         throw refusal(u"Si possono impostare soltanto %1, %2 e %3."_s.arg(settable[0], settable[1],
                                                                           settable[2]));
     const QList<FieldDef> fields = TableNamed(u"Fatture"_s)->definition.fields();
-    const NewValue value = valueOf(text, fields[PlaceOf(fields, field)].type);
+    const NewValue value = valueOf(text, fields[IndexOfField(fields, field)].type);
     if (!payments.field(field).isNull())
         throw refusal(u"Il campo ha già un valore, che non viene sostituito."_s);
     payments.edit();

@@ -24,15 +24,16 @@ CellColumns PastedColumns(const QList<CellRow> &rows, const ExchangedTable &tabl
     for (const CellRow &row : rows)
         width = std::max(width, row.cells.size());
     // Numbers or notes often stand in a column without a name.
-    std::ranges::replace(columns.places, CellColumns::Nameless, CellColumns::Unknown);
-    columns.places.resize(width, CellColumns::Unknown);
+    std::ranges::replace(columns.fieldOfCell, CellColumns::Nameless, CellColumns::Unknown);
+    columns.fieldOfCell.resize(width, CellColumns::Unknown);
     const QStringList header =
         columns.firstRow == 0 ? QStringList() : rows[columns.firstRow - 1].cells;
-    for (qsizetype place = 0; place < fields.size(); ++place) {
-        const bool isExpected = rows.isEmpty() || table.neededFields.contains(fields[place]);
-        const bool isFree = columns.places[place] < 0 && header.value(place).simplified().isEmpty();
-        if (isExpected && isFree && columns.columnOf(fields[place], table) < 0)
-            columns.places[place] = place;
+    for (qsizetype index = 0; index < fields.size(); ++index) {
+        const bool isExpected = rows.isEmpty() || table.neededFields.contains(fields[index]);
+        const bool isFree =
+            columns.fieldOfCell[index] < 0 && header.value(index).simplified().isEmpty();
+        if (isExpected && isFree && columns.columnOf(fields[index], table) < 0)
+            columns.fieldOfCell[index] = index;
     }
     return columns;
 }
@@ -47,7 +48,7 @@ QString ColumnDoubt(const QString &field, const QList<CellRow> &rows, const Cell
     for (qsizetype column = 0; column < header.size(); ++column) {
         const QString name = header[column].simplified();
         const bool isTaken = column == columns.columnOf(field, table);
-        if (isTaken || (columns.places[column] < 0 && MayMean(name, field)))
+        if (isTaken || (columns.fieldOfCell[column] < 0 && MayMean(name, field)))
             names.insert(isTaken ? 0 : names.size(), u"«%1. %2»"_s.arg(column + 1).arg(name));
     }
     return names.size() < 2

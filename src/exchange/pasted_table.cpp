@@ -58,7 +58,7 @@ void PastedTable::setRows(const QList<CellRow> &rows, const QStringList &warning
     for (const QString &field : m_table.neededFields)
         m_doubts[field] = ColumnDoubt(field, rows, m_columns, m_table);
     m_rows.clear();
-    const bool haveMembers = m_table.place(u"Mandanti"_s) >= 0;
+    const bool haveMembers = m_table.indexOf(u"Mandanti"_s) >= 0;
     for (const CellRow &row : rows) {
         m_rows.append(PastedRow());
         for (QString cell : row.cells) {
@@ -92,10 +92,10 @@ void PastedTable::addRow()
 
 QString PastedTable::columnName(qsizetype column) const
 {
-    const qsizetype place = m_columns.places[column];
+    const qsizetype field = m_columns.fieldOfCell[column];
     const QString number = QString::number(column + 1) + u'.';
-    return place < 0 ? number
-                     : number + u' ' + FieldCaption(m_table.definition.fields()[place].name);
+    return field < 0 ? number
+                     : number + u' ' + FieldCaption(m_table.definition.fields()[field].name);
 }
 
 QString PastedTable::columnSample(qsizetype column) const
@@ -117,9 +117,9 @@ void PastedTable::setColumn(const QString &field, qsizetype column)
 {
     const qsizetype amounts = columnOf(u"Importo"_s);
     if (const qsizetype before = columnOf(field); before >= 0)
-        m_columns.places[before] = CellColumns::Unknown;
+        m_columns.fieldOfCell[before] = CellColumns::Unknown;
     if (column >= 0)
-        m_columns.places[column] = m_table.place(field);
+        m_columns.fieldOfCell[column] = m_table.indexOf(field);
     if (columnOf(u"Importo"_s) != amounts) {
         restoreAmounts(amounts);
         m_areMixed = false;
@@ -243,7 +243,7 @@ QList<CellRow> PastedTable::rowsToRead()
 void PastedTable::requireFields(int line, const TableRow &row)
 {
     for (const QString &field : m_table.neededFields) {
-        const NewValue &value = row[m_table.place(field)];
+        const NewValue &value = row[m_table.indexOf(field)];
         if (isSheetError(TextOf(value)))
             addFault(line, u"%1: «%2» è un errore del foglio elettronico."_s.arg(
                                FieldCaption(field), TextOf(value)));
@@ -277,7 +277,7 @@ QString PastedTable::remark() const
     const auto letters = [this](const QString &field) {
         qsizetype sum = 0;
         for (const TableRow &row : m_taken.rows)
-            sum += TextOf(row.value(m_table.place(field))).size();
+            sum += TextOf(row.value(m_table.indexOf(field))).size();
         return sum;
     };
     if (letters(u"Voce"_s) > letters(u"Descri"_s) && columnOf(u"Descri"_s) >= 0)

@@ -62,7 +62,7 @@ public:
 
     const ExchangedTable &table() const { return m_table; }
     const QList<PastedRow> &rows() const { return m_rows; }
-    qsizetype columns() const { return m_columns.places.size(); }
+    qsizetype columns() const { return m_columns.fieldOfCell.size(); }
     /** The number of a column, from 1, with the caption of its field: "2. Descrizione". */
     QString columnName(qsizetype column) const;
     /** What the header says of a column, or else its first cell. */

@@ -22,20 +22,20 @@ QString shownValue(const NewValue &value)
     return number == nullptr ? TextOf(value) : QString::number(*number);
 }
 
-/** The places of the rows of each key, as the databases compare keys. */
-using Places = QHash<QByteArray, QList<qsizetype>>;
+/** The indexes of the rows of each key, as the databases compare keys. */
+using RowsOfKey = QHash<QByteArray, QList<qsizetype>>;
 
 QByteArray comparableKey(const ExchangedTable &table, const TableRow &row)
 {
     return ComparableText(KeyOf(table, row).toUtf8());
 }
 
-Places placesOf(const ExchangedTable &table, const TableRows &rows)
+RowsOfKey rowsOfKeys(const ExchangedTable &table, const TableRows &rows)
 {
-    Places places;
-    for (qsizetype place = 0; place < rows.size(); ++place)
-        places[comparableKey(table, rows[place])].append(place);
-    return places;
+    RowsOfKey rowsOf;
+    for (qsizetype row = 0; row < rows.size(); ++row)
+        rowsOf[comparableKey(table, rows[row])].append(row);
+    return rowsOf;
 }
 
 /** For each stored row the fields with a value that nobody here knows. */
@@ -63,7 +63,7 @@ TableRows partOf(const TableRows &rows, const ExchangedTable &table, const QStri
     for (const TableRow &row : rows) {
         parts.append(TableRow());
         for (const QString &field : fields)
-            parts.last().append(row[table.place(field)]);
+            parts.last().append(row[table.indexOf(field)]);
     }
     return parts;
 }
@@ -86,23 +86,23 @@ void keepUnnamed(TableChange &change, const GivenTable &given, const QList<QStri
     QStringList unnamed = table.fieldNames();
     for (const QString &field : given.fields)
         unnamed.removeOne(field);
-    const Places old = placesOf(table, change.stored);
-    const Places coming = placesOf(table, given.rows);
-    for (qsizetype place = 0; place < change.stored.size(); ++place) {
-        const TableRow &row = change.stored[place];
+    const RowsOfKey old = rowsOfKeys(table, change.stored);
+    const RowsOfKey coming = rowsOfKeys(table, given.rows);
+    for (qsizetype at = 0; at < change.stored.size(); ++at) {
+        const TableRow &row = change.stored[at];
         const QByteArray key = comparableKey(table, row);
         const QList<qsizetype> takers = coming.value(key);
         const bool isPair = takers.size() == 1 && old.value(key).size() == 1;
-        QStringList kept = unknown.value(place);
+        QStringList kept = unknown.value(at);
         for (const QString &field : takers.isEmpty() ? QStringList() : unnamed) {
-            const NewValue &value = row[table.place(field)];
+            const NewValue &value = row[table.indexOf(field)];
             if (isPair)
-                change.rows[takers.first()][table.place(field)] = value;
+                change.rows[takers.first()][table.indexOf(field)] = value;
             if (value != NewValue())
                 kept.append(field);
         }
         if (isPair)
-            change.formers[takers.first()] = place;
+            change.formers[takers.first()] = at;
         else if (!kept.isEmpty())
             errors.append(
                 u"%1: la riga «%2» dell'archivio perderebbe i valori di %3, che il file non dà: %4."_s
@@ -118,7 +118,7 @@ QString KeyOf(const ExchangedTable &table, const TableRow &row)
 {
     QStringList parts;
     for (const QString &field : table.keyFields)
-        parts.append(shownValue(row[table.place(field)]));
+        parts.append(shownValue(row[table.indexOf(field)]));
     return parts.join(u'|');
 }
 
@@ -147,7 +147,7 @@ TableRows DroppedRows(const ExchangedTable &table, const TableChange &change)
     TableRows dropped;
     if (change.stored.isEmpty())
         return dropped;
-    const Places coming = placesOf(table, change.rows);
+    const RowsOfKey coming = rowsOfKeys(table, change.rows);
     for (const TableRow &row : change.stored) {
         if (!coming.contains(comparableKey(table, row)))
             dropped.append(row);

@@ -52,9 +52,9 @@ public:
             m_filledFields.removeOne(u"Importo"_s); // a null budget counts as 0
         for (const FieldDef &field : table.definition.fields())
             m_stored.append(stored.field(field.name));
-        for (const qsizetype place : columns.places) {
-            if (place >= 0)
-                m_result.fields.append(table.definition.fields()[place].name);
+        for (const qsizetype field : columns.fieldOfCell) {
+            if (field >= 0)
+                m_result.fields.append(table.definition.fields()[field].name);
         }
     }
 
@@ -62,7 +62,7 @@ public:
     {
         Progress progress(u"Lettura di "_s + m_table.name());
         const auto last = std::find_if_not(rows.rbegin(), rows.rend(), isBlank);
-        m_isLastWhole = last != rows.rend() && last->cells.size() >= m_columns.places.size();
+        m_isLastWhole = last != rows.rend() && last->cells.size() >= m_columns.fieldOfCell.size();
         for (qsizetype row = m_columns.firstRow; row < rows.size(); ++row) {
             if (!isBlank(rows[row]))
                 readRow(std::exchange(rows[row], {})); // the room serves the next ones
@@ -76,47 +76,47 @@ private:
      *  international notation a cell too many may be the decimals of an Italian amount. */
     bool hasItsCells(const QStringList &cells) const
     {
-        const QList<qsizetype> &places = m_columns.places;
-        for (qsizetype cell = cells.size(); cell < places.size(); ++cell) {
+        const QList<qsizetype> &fields = m_columns.fieldOfCell;
+        for (qsizetype cell = cells.size(); cell < fields.size(); ++cell) {
             if (!m_isLastWhole ||
-                (places[cell] >= 0 && m_filledFields.contains(nameOf(places[cell]))))
+                (fields[cell] >= 0 && m_filledFields.contains(nameOf(fields[cell]))))
                 return false;
         }
-        return cells.size() <= places.size() ||
+        return cells.size() <= fields.size() ||
                (m_notation != Notation::International &&
-                std::all_of(cells.begin() + places.size(), cells.end(),
+                std::all_of(cells.begin() + fields.size(), cells.end(),
                             std::mem_fn(&QString::isNull)));
     }
 
     void readRow(const CellRow &row)
     {
-        const QList<qsizetype> &places = m_columns.places;
+        const QList<qsizetype> &fields = m_columns.fieldOfCell;
         if (!hasItsCells(row.cells)) {
             const bool isParted =
-                m_notation == Notation::International && row.cells.size() > places.size();
+                m_notation == Notation::International && row.cells.size() > fields.size();
             addFault(row.line,
                      u"le celle sono %1, e %2 nell'intestazione%3."_s.arg(row.cells.size())
-                         .arg(places.size())
+                         .arg(fields.size())
                          .arg(isParted ? u": se gli importi hanno la virgola, salvare con «;»"_s
                                        : QString()));
             return;
         }
         TableRow values(m_stored.size());
-        for (qsizetype cell = 0; cell < std::min(places.size(), row.cells.size()); ++cell) {
+        for (qsizetype cell = 0; cell < std::min(fields.size(), row.cells.size()); ++cell) {
             const QString &text = row.cells[cell];
-            if (places[cell] == CellColumns::Nameless && !text.isNull())
+            if (fields[cell] == CellColumns::Nameless && !text.isNull())
                 addFault(row.line, u"la cella %1 sta in una colonna senza nome."_s.arg(cell + 1));
-            if (places[cell] < 0)
+            if (fields[cell] < 0)
                 continue;
             QString problem;
-            const auto value = SureValueOfCell(text, typeOf(places[cell]), m_notation, problem);
+            const auto value = SureValueOfCell(text, typeOf(fields[cell]), m_notation, problem);
             if (value)
-                problem = refusal(m_stored[places[cell]], *value);
+                problem = refusal(m_stored[fields[cell]], *value);
             if (value && problem.isEmpty()) {
-                values[places[cell]] = *value;
+                values[fields[cell]] = *value;
             } else {
-                addFault(row.line, problem, nameOf(places[cell]));
-                values[places[cell]] = QDate(); // stands for what no cell can tell
+                addFault(row.line, problem, nameOf(fields[cell]));
+                values[fields[cell]] = QDate(); // stands for what no cell can tell
             }
         }
         m_result.rows.append(std::move(values));
@@ -127,8 +127,8 @@ private:
     {
         m_faults.append({line, field, problem});
     }
-    const QString &nameOf(qsizetype place) const { return m_table.definition.fields()[place].name; }
-    FieldType typeOf(qsizetype place) const { return m_table.definition.fields()[place].type; }
+    const QString &nameOf(qsizetype field) const { return m_table.definition.fields()[field].name; }
+    FieldType typeOf(qsizetype field) const { return m_table.definition.fields()[field].type; }
 
     const CellColumns &m_columns;
     const ExchangedTable &m_table;

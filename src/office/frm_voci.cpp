@@ -29,9 +29,10 @@ QList<CellFault> budgetFaults(const TableRows &rows)
     CheckBudget(CheckedProject(budget), findings);
     QList<CellFault> faults;
     for (const Finding &finding : findings)
-        faults.append({static_cast<int>(finding.row) + 1,
-                       {},
-                       (finding.row < 0 ? finding.place + u": "_s : QString()) + finding.problem});
+        faults.append(
+            {static_cast<int>(finding.row) + 1,
+             {},
+             (finding.row < 0 ? finding.subject + u": "_s : QString()) + finding.problem});
     return faults;
 }
 
@@ -43,7 +44,7 @@ FrmVoci::FrmVoci(QString root, const QString &code, QWidget *parent)
     , m_isVariant(!code.isEmpty())
     , m_codes(ContractCodes(m_root))
     , m_pasted(*TableNamed(u"UltimaPerVariante"_s), budgetFaults)
-    , m_code(new QLineEdit(m_isVariant ? code : FirstFreeCode(m_codes)))
+    , m_code(new QLineEdit(m_isVariant ? code : FirstFreeContractCode(m_codes)))
     , m_codeProblem(new QLabel)
     , m_changes(new QListWidget)
     , m_refusals(new QListWidget)
@@ -112,7 +113,7 @@ QString FrmVoci::folder() const
 
 void FrmVoci::showState()
 {
-    const QString problem = m_isVariant ? QString() : CodeProblem(m_code->text(), m_codes);
+    const QString problem = m_isVariant ? QString() : ContractCodeProblem(m_code->text(), m_codes);
     m_codeProblem->setText(problem);
     m_refusals->parentWidget()->hide();
     m_write->setEnabled(problem.isEmpty() && m_pasted.isReady());

@@ -47,7 +47,7 @@ QStringList ContractCodes(const QString &root)
     return codes;
 }
 
-QString FirstFreeCode(const QStringList &codes)
+QString FirstFreeContractCode(const QStringList &codes)
 {
     constexpr int most = 99999;
     constexpr int width = 5;
@@ -59,7 +59,7 @@ QString FirstFreeCode(const QStringList &codes)
     return {};
 }
 
-QString CodeProblem(const QString &code, const QStringList &codes)
+QString ContractCodeProblem(const QString &code, const QStringList &codes)
 {
     // Names of devices: Windows takes them for those whatever follows behind a full stop.
     static const QRegularExpression device(

@@ -21,12 +21,12 @@ QString ContractFolder(const QString &root, const QString &code);
 QStringList ContractCodes(const QString &root);
 
 /** The lowest number of five digits, from 00001, that none of @p codes is; empty when all are. */
-QString FirstFreeCode(const QStringList &codes);
+QString FirstFreeContractCode(const QStringList &codes);
 
 /** Why a new contract can't have that code, as a sentence in Italian; empty when it can. A code
  *  must be able to name a folder on Windows and on Linux, has at most 60 characters (one beyond the
  *  basic plane counts twice), does not end in UnfinishedEnd, does not begin with a full stop or a
  *  blank, has no characters that no screen shows, and is none of @p codes in any letter case. */
-QString CodeProblem(const QString &code, const QStringList &codes);
+QString ContractCodeProblem(const QString &code, const QStringList &codes);
 
 } // namespace saldoro

@@ -28,16 +28,15 @@ QString linkFault(const ProjectTable &sheet, qsizetype row, const ProjectTable *
                "disabilitato."_s;
     if (!link || companies == nullptr)
         return {};
-    const auto number = companies->definition.place(u"ID"_s);
+    const auto number = companies->definition.indexOf(u"ID"_s);
     const auto company = std::ranges::find_if(companies->rows, [&](const TableRow &each) {
         return ValueAs<qint32>(each[number]) == link;
     });
     if (company == companies->rows.end())
         return u"il collegamento (Link) %1 non porta a nessuna impresa dell'anagrafe: «Mandanti» "
                "resta disabilitato."_s.arg(*link);
-    const auto nameOf = [at = companies->definition.place(u"nominativo"_s)](const TableRow &each) {
-        return TextOf(each[at]);
-    };
+    const auto nameOf = [at = companies->definition.indexOf(u"nominativo"_s)](
+                            const TableRow &each) { return TextOf(each[at]); };
     const QString contractor = sheet.value<QString>(row, u"Stringa"_s).value_or(QString());
     const bool isNamed = std::ranges::any_of(companies->rows, [&](const TableRow &each) {
         return AreEqualTexts(nameOf(each), contractor);
@@ -45,7 +44,7 @@ QString linkFault(const ProjectTable &sheet, qsizetype row, const ProjectTable *
     // Another spelling of the same company changes nothing.
     const bool isHarmless =
         !isNamed &&
-        TextOf((*company)[companies->definition.place(u"TipImprese"_s)]) != AssociationKind;
+        TextOf((*company)[companies->definition.indexOf(u"TipImprese"_s)]) != AssociationKind;
     return isHarmless || AreEqualTexts(nameOf(*company), contractor)
                ? QString()
                : u"si chiama «%1», ma il suo collegamento (Link) porta all'impresa «%2»: "

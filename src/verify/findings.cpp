@@ -26,8 +26,8 @@ constexpr std::array<std::pair<FindingGroup, QStringView>, 8> Groups{{
 
 QString LineOf(const Finding &finding)
 {
-    return WithUnseenMarked(finding.problem.isEmpty() ? finding.place
-                                                      : finding.place + u": "_s + finding.problem);
+    return WithUnseenMarked(
+        finding.problem.isEmpty() ? finding.subject : finding.subject + u": "_s + finding.problem);
 }
 
 QString FindingsReport(const Findings &findings)

@@ -23,7 +23,7 @@ enum class FindingGroup
 struct Finding
 {
     FindingGroup group = FindingGroup::Files;
-    QString place;   ///< names what it is about; the whole text when @ref problem is empty
+    QString subject; ///< names what it is about; the whole text when @ref problem is empty
     QString problem; ///< what is wrong and what comes of it
     QString remedy;  ///< what to do
     // What it is about, as far as that is one table, row or field.

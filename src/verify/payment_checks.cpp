@@ -60,13 +60,13 @@ bool isInPlace(const CheckedRow &payment)
     return !payment.number || *payment.number == NumberOfListRow(payment.row);
 }
 
-Finding numberingFinding(const CheckedRow &payment, const QString &place, const QString &problem)
+Finding numberingFinding(const CheckedRow &payment, const QString &subject, const QString &problem)
 {
     Finding finding = FindingAt(payment, FindingGroup::Numbering, problem,
                                 u"confrontare il numero della riga con la colonna Nr prima di "
                                 "modificare o eliminare, e far rimettere in ordine i numeri "
                                 "dall'assistenza."_s);
-    finding.place = place;
+    finding.subject = subject;
     return finding;
 }
 

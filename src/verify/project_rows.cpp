@@ -20,12 +20,12 @@ QList<CheckedRow> rowsOf(const ProjectTable &table, const QString &number, const
 {
     QList<CheckedRow> rows(table.rows.size());
     QHash<QString, QByteArray> comparable; // of few codes in many rows
-    for (qsizetype place = 0; place < rows.size(); ++place) {
-        CheckedRow &row = rows[place];
+    for (qsizetype at = 0; at < rows.size(); ++at) {
+        CheckedRow &row = rows[at];
         row.table = &table;
-        row.place = place;
+        row.storedRow = at;
         if (!code.isEmpty())
-            row.code = table.value<QString>(place, code);
+            row.code = table.value<QString>(at, code);
         if (row.code) {
             QByteArray &form = comparable[*row.code];
             if (form.isEmpty())
@@ -33,9 +33,9 @@ QList<CheckedRow> rowsOf(const ProjectTable &table, const QString &number, const
             row.comparableCode = form;
         }
         if (!number.isEmpty())
-            row.number = table.value<qint32>(place, number);
+            row.number = table.value<qint32>(at, number);
         if (!amount.isEmpty())
-            row.amount = table.value<Currency>(place, amount);
+            row.amount = table.value<Currency>(at, amount);
     }
     return rows;
 }
@@ -52,7 +52,7 @@ QList<CheckedRow> counted(QList<CheckedRow> rows)
 std::optional<Currency> grossAmount(const CheckedRow &payment)
 {
     const auto amount = [&](const QString &field) {
-        return payment.table->value<Currency>(payment.place, field);
+        return payment.table->value<Currency>(payment.storedRow, field);
     };
     const Currency others = OtherAmounts(payment.kind == KindCode(CreditorKind::Professional),
                                          [&] { return amount(u"AltriImporti01"_s); });
@@ -65,7 +65,7 @@ QList<CheckedRow> paymentsOf(const ProjectTable &fatture)
 {
     QList<CheckedRow> rows = rowsOf(fatture, u"Npag"_s, {}, {});
     for (CheckedRow &payment : rows) {
-        payment.kind = fatture.value<QString>(payment.place, u"AziProf"_s);
+        payment.kind = fatture.value<QString>(payment.storedRow, u"AziProf"_s);
         try {
             payment.gross = grossAmount(payment);
         } catch (const OverflowError &) {
@@ -94,7 +94,7 @@ QString CheckedRow::name() const
     if (table->definition.name() == "Spese"_L1)
         return u"Conto di spesa alla riga %1 (pagamento %2, codice %3)"_s.arg(
             shownRow, number ? shownNumber : u"mancante"_s, code.value_or(u"mancante"_s));
-    const QString creditor = table->value<QString>(place, u"Creditore"_s).value_or(QString());
+    const QString creditor = table->value<QString>(storedRow, u"Creditore"_s).value_or(QString());
     return u"Pagamento %1 (riga %2%3)"_s.arg(number ? shownNumber : u"senza numero"_s, shownRow,
                                              creditor.isEmpty() ? QString() : u", "_s + creditor);
 }
@@ -119,7 +119,8 @@ const ProjectTable *CheckedProject::table(const QString &name) const
 Finding FindingAt(const CheckedRow &row, FindingGroup group, const QString &problem,
                   QStringView remedy)
 {
-    return {group, row.name(), problem, remedy.toString(), row.table->definition.name(), row.place};
+    return {group,        row.name(), problem, remedy.toString(), row.table->definition.name(),
+            row.storedRow};
 }
 
 } // namespace saldoro

@@ -23,11 +23,11 @@ struct ProjectTable
     template <typename Value>
     std::optional<Value> value(qsizetype row, const QString &field) const
     {
-        return ValueAs<Value>(rows[row][definition.place(field)]);
+        return ValueAs<Value>(rows[row][definition.indexOf(field)]);
     }
     bool isNull(qsizetype row, const QString &field) const
     {
-        return rows[row][definition.place(field)] == NewValue();
+        return rows[row][definition.indexOf(field)] == NewValue();
     }
 };
 
@@ -39,12 +39,12 @@ using ProjectTables = std::map<QString, ProjectTable>;
 struct CheckedRow
 {
     const ProjectTable *table = nullptr;
-    qsizetype place = 0;                 ///< in stored order, from 0
+    qsizetype storedRow = 0;             ///< in stored order, from 0
     int row = 0;                         ///< in the order in which the program shows them, from 1
     std::optional<qint32> number = {};   ///< of the payment
     std::optional<QString> kind = {};    ///< of a payment's creditor
     std::optional<Currency> gross = {};  ///< what a payment adds up to
-    bool isBeyondRange = false;          ///< what a payment adds up to
+    bool isBeyondRange = false;          ///< whether that is more than an amount can be
     std::optional<QString> code = {};    ///< of the cost item
     QByteArray comparableCode = {};      ///< the code in its ComparableText() form
     std::optional<Currency> amount = {}; ///< of an allocation
@@ -52,7 +52,7 @@ struct CheckedRow
     /** What the clerk knows it by: "Pagamento 12 (riga 3, Edil Rossi)", "Voce A01 (riga 2)",
      *  "Conto di spesa alla riga 4 (pagamento 12, codice A01)". */
     QString name() const;
-    bool isNull(const QString &field) const { return table->isNull(place, field); }
+    bool isNull(const QString &field) const { return table->isNull(storedRow, field); }
 };
 
 /** A project as the checks see it. Each check adds what it finds to the findings and passes over

@@ -24,14 +24,14 @@ QString expectedInstead(FieldType type, const NewValue &value)
 }
 
 /** Rows of tables whose rows have no names are told by their number. */
-QString nameOfRow(const CheckedProject &project, const ProjectTable &table, qsizetype place)
+QString nameOfRow(const CheckedProject &project, const ProjectTable &table, qsizetype row)
 {
     for (const auto *rows : {&project.payments, &project.allocations, &project.budget}) {
         if (rows->isEmpty() || rows->first().table != &table)
             continue;
-        return std::ranges::find(*rows, place, &CheckedRow::place)->name();
+        return std::ranges::find(*rows, row, &CheckedRow::storedRow)->name();
     }
-    return u"Riga %1"_s.arg(place + 1);
+    return u"Riga %1"_s.arg(row + 1);
 }
 
 } // namespace
@@ -41,17 +41,17 @@ void CheckValues(const CheckedProject &project, Findings &findings)
     for (const auto &[name, table] : project.tables) {
         for (qsizetype at = 0; at < table.definition.fields().size(); ++at) {
             const FieldDef &field = table.definition.fields()[at];
-            for (qsizetype place = 0; !IsText(field) && place < table.rows.size(); ++place) {
-                const NewValue &value = table.rows[place][at];
+            for (qsizetype row = 0; !IsText(field) && row < table.rows.size(); ++row) {
+                const NewValue &value = table.rows[row][at];
                 const QString expected = expectedInstead(field.type, value);
                 if (!expected.isEmpty())
                     findings.append(
                         {FindingGroup::Values,
-                         u"%1, %2.%3"_s.arg(nameOfRow(project, table, place), name, field.name),
+                         u"%1, %2.%3"_s.arg(nameOfRow(project, table, row), name, field.name),
                          u"il valore «%1» non è %2: il programma si ferma quando lo "
                          "legge, o ne legge un altro."_s.arg(
                              LeftCharacters(TextOf(value), MostCharactersQuoted), expected),
-                         InTheArchive.toString(), name, place});
+                         InTheArchive.toString(), name, row});
             }
         }
     }

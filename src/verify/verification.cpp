@@ -32,14 +32,14 @@ void throwWhatHinders(const QString &path, const DatabaseError &error)
 
 Finding fileFault(const QString &path, const DatabaseError &error)
 {
-    QString place = QFileInfo(path).fileName();
+    QString subject = QFileInfo(path).fileName();
     for (const Detail detail : {Detail::Table, Detail::Field}) {
         const QString name = error.detail(detail);
         if (!name.isEmpty())
-            place += u", "_s + LabelOf(detail).toLower() + u' ' + name;
+            subject += u", "_s + LabelOf(detail).toLower() + u' ' + name;
     }
     const QString particulars = error.detail(Detail::Particulars);
-    return {FindingGroup::Files, place,
+    return {FindingGroup::Files, subject,
             error.problem() + (particulars.isEmpty() ? QString() : u" ("_s + particulars + u')'),
             error.remedy()};
 }
