@@ -153,6 +153,7 @@ check_clipboard() {
     wait_window 'Saldoro - Appalti' || fail 'the contracts are not listed'
     press alt+n
     wait_window 'Nuovo appalto' || fail 'no contract can be made'
+    sleep 1 # on a busy machine the window is the active one before it takes keys
     press ctrl+v alt+e
     wait_window "SALDORO APPALTO ($code)" || fail 'the program does not open on the new contract'
     press alt+c
