@@ -31,6 +31,7 @@ void appendBudgetRow(TextTable &overview, const RecordSet &budget)
 /** Everything that the ledger allocates to a cost item, whatever the payment. */
 Currency paidOn(RecordSet &spese, const QString &code)
 {
+    // An apostrophe stays single here, unlike in store/allocation_records, and ends the load.
     const QString criterion = u"Cod = '"_s + code + u'\'';
     const auto payment = [&] { return spese.field(u"RelNpag"_s).textOrEmpty(); };
     Currency paid;
