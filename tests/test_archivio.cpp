@@ -88,7 +88,10 @@ void TestArchivio::commandLine()
     refuse("esporta -- --versione", "Dopo esporta ci vuole: CARTELLA CARTELLA_CSV\n");
     // A stored control character is shown as one that is none.
     add("verifica P",
-        "1 Pagamenti\n  - Pagamento 3 (riga 3, x\uFFFD[31m): manca il valore di Del:");
+        "1 Pagamenti\n  - Pagamento 3 (riga 3, x\uFFFD[31m): manca il valore di Del: la schermata "
+        "principale si ferma a questa riga e non si apre.\n    Che fare: impostarlo "
+        "con «Controlla» di Saldoro - Appalti, o con saldoro-archivio imposta CARTELLA 3 Del "
+        "gg/mm/aaaa\n");
     add("verifica --codici P/Altrove.mdb P", "1 Archivi\n  - Altrove.mdb: L'archivio non è stato");
     add("verifica --codici=CSV/Qui.mdb -- P", "1 Archivi\n  - Qui.mdb: L'archivio non è stato");
     refuse("verifica", "Dopo verifica ci vuole: CARTELLA\n");

@@ -41,10 +41,12 @@ QString remedyOfNull(const CheckedRow &payment, const QString &field)
 {
     if (!payment.number || field == "Creditore"_L1 || field == "AziProf"_L1)
         return InTheArchive.toString();
-    if (SettablePaymentFields().contains(field))
-        return u"impostarlo con saldoro-archivio imposta CARTELLA %1 %2 %3"_s.arg(
-            QString::number(*payment.number), field,
-            field == "Del"_L1 ? u"gg/mm/aaaa"_s : u"1.234,56"_s);
+    if (SettablePaymentFields().contains(field)) {
+        const bool isDay = field == "Del"_L1;
+        return u"impostarlo con %1saldoro-archivio imposta CARTELLA %2 %3 %4"_s.arg(
+            isDay ? u"«Controlla» di Saldoro - Appalti, o con "_s : QString(),
+            QString::number(*payment.number), field, isDay ? u"gg/mm/aaaa"_s : u"1.234,56"_s);
+    }
     return u"aprire il pagamento e confermarlo: i campi vuoti diventano zero."_s;
 }
 
