@@ -208,7 +208,7 @@ void TestImport::setsTheArchivesRootOnce()
     QVERIFY(office.import().endsWith(u"uguale)\n"_s + opening));
     const QString odd = QFileInfo(office.project()).path() + u"/L'Aquila  &2"_s;
     QVERIFY(ImportFiles(odd, office.csv(), {true, false, {}})
-                .summary.endsWith(u"saldoro 'TUSMQDE7WL'\\''Aquila  &2'\n"_s));
+                .summary.endsWith(u"saldoro 'TUSMQDE7WL'\\''Aquila  &2', o dal menu\n"_s));
     WriteFile(setting, "[Software\\Dornvale\\ZELT]\ndrivers=/altrove\n");
     QVERIFY(office.import().contains(u"in un'altra cartella, «/altrove»"_s));
     QVERIFY_THROWS_EXCEPTION(FileError, ImportFiles(office.path(u"qui"_s), office.csv(), {}));

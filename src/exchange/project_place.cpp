@@ -26,7 +26,7 @@ QString command(const ProjectPlace &place)
     if (!isWindows && !plain.match(argument).hasMatch()) // a shell would take it for something else
         argument = u'\'' + argument.replace(u'\'', u"'\\''"_s) + u'\'';
     return (isWindows ? u"Saldoro.exe"_s : u"saldoro"_s) +
-           (place.code == DefaultProject ? u", o dal menu"_s : u' ' + argument);
+           (place.code == DefaultProject ? QString() : u' ' + argument) + u", o dal menu"_s;
 }
 
 } // namespace
