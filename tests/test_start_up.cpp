@@ -250,8 +250,9 @@ private slots:
         const auto restore = qScopeGuard([path = qgetenv("PATH")] { qputenv("PATH", path); });
         qputenv("PATH", "");
         const QString place = QCoreApplication::applicationDirPath() + u"/saldoro-archivio"_s;
-        const QString check = u"Per controllare l'archivio eseguire: \"%1\" verifica "_s.arg(
-            QDir::toNativeSeparators(place));
+        const QString check =
+            u"Per controllare l'archivio: «Controlla» in Saldoro - Appalti, oppure eseguire: "
+            "\"%1\" verifica "_s.arg(QDir::toNativeSeparators(place));
         QCOMPARE(report(DatabaseFault::NullValue, u"/a b/Saldoro.mdb"_s), check + u"\"/a b\""_s);
         QCOMPARE(report(DatabaseFault::NullValue, u"/a/chiavi.mdb"_s), check + u"CARTELLA"_s);
         QVERIFY(!report(DatabaseFault::Locked, u"/a/Saldoro.mdb"_s).contains(u"verifica"_s));

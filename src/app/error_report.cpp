@@ -77,7 +77,8 @@ QString ErrorReport(const std::exception &error)
     if (database->fault() == DatabaseFault::FileMissing)
         text += pathHint(database->detail(Detail::File));
     if (isAboutStoredValues(database->fault()))
-        text += u"\n\nPer controllare l'archivio eseguire: "_s +
+        text += u"\n\nPer controllare l'archivio: «Controlla» in Saldoro - Appalti, oppure "
+                "eseguire: "_s +
                 checkCommand(own->detail(Detail::File));
     return text;
 }
