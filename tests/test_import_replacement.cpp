@@ -38,6 +38,13 @@ void TestImportReplacement::replaces()
     WriteFile(journal, "x");
     QVERIFY(office.import().contains(u"Il file è di un archivio che manca."_s));
     QVERIFY(QFile::remove(journal) && office.import().contains(u"Appalto.mdb: creato"_s));
+#ifndef Q_OS_WIN
+    // Nor is a database made in the place of one whose disk is away.
+    const QString ledger = office.project() + u"/Saldoro.mdb"_s;
+    QVERIFY(QFile::rename(ledger, office.path(u"away"_s)) && QFile::link(u"nowhere"_s, ledger));
+    QVERIFY(office.import(true).contains(u"L'archivio non è stato trovato."_s));
+    QVERIFY(QFile::remove(ledger) && QFile::rename(office.path(u"away"_s), ledger));
+#endif
     office.put(u"ULTIMAPERVARIANTE"_s, "");
     if (QDir(office.csv()).count() > 3) // where letter case tells files apart
         QVERIFY(office.import().contains(u"un altro file è per la stessa tabella"_s));

@@ -6,6 +6,7 @@
 #include "exchange/made_files.h"
 #include "exchange/project_place.h"
 #include "exchange/table_change.h"
+#include "platform/machine_path.h"
 #include "platform/whole_file.h"
 #include "store/archive_paths.h"
 #include "store/contract_folders.h"
@@ -106,7 +107,7 @@ private:
             m_made.makeFolder(QFileInfo(path(ArchiveFile::Codes)).path());
         }
         for (const ArchiveFile file : ArchiveFileList) {
-            if (!QFileInfo::exists(path(file))) {
+            if (!IsTaken(path(file))) {
                 m_made.makeDatabase(path(file), file);
                 m_new.insert(file);
             }
