@@ -66,8 +66,9 @@ private slots:
             "A1|Scavi 5\"|1.000,00\nA2|Ribasso|-100,00\n= 900,00 pronto");
         add("ditto marks, which open no quoted cell",
             "Codice\tDescrizione\tImporto\tNota\nA1\tScavi\t1,00\t\"\nA2\t\"\t2,00\t\"\n"
-            "A3\t\"\t3,00\t\"\n\"\t\"\t4,00\t\n",
-            "s intestazione\nA1|Scavi|1,00\nA2|\"|2,00\nA3|\"|3,00\n\"|\"|4,00\n= 10,00 pronto");
+            "A3\t\"\t3,00\t\"\n\"\t\"\t4,00\t\"\n\n\"\t\"\t5,00\t\n",
+            "s intestazione\nA1|Scavi|1,00\nA2|\"|2,00\nA3|\"|3,00\n\"|\"|4,00\ns riga vuota\n"
+            "\"|\"|5,00\n= 15,00 pronto");
         add("Voce beside a code is the description; errors and invisible letters of a sheet",
             "\tVoce\tCod.\tImporto\n\tScavi\tA1\u200b\t1\n\tMuri\t#N/D\x01\t2\n\tErr:502\t#1\t3",
             "s intestazione\nA1|Scavi|1,00\n! Codice: «#N/D» è un errore del foglio "
@@ -172,6 +173,9 @@ private slots:
         QCOMPARE(told(pasted), u"A1|Scavi|1.000,00\n"_s + fault + u"= 1.000,00"_s);
         pasted.setCell(1, 2, u"250,1250"_s);
         QVERIFY(told(pasted).endsWith(u"= 1.250,13 pronto"_s));
+        pasted.setText(u"A1\tScavi\t1000.00\n\tMuri\t250.125"_s);
+        pasted.setCell(1, 0, u"A2"_s);
+        QVERIFY(told(pasted).startsWith(u"A1|Scavi|1.000,00\n"_s + fault));
         pasted.setText(u"A1\tScavi\t1.000\nA2\tMuri\t2.000"_s);
         pasted.setCell(1, 2, u"2000.00"_s);
         QCOMPARE(pasted.count(PastedState::Faulty), 1);

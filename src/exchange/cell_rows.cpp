@@ -42,7 +42,7 @@ private:
     bool isLenient() const { return m_separator == u'\t'; }
     bool isBetweenCells(QStringView part) const
     {
-        return part.contains(m_separator) || part == u"\n" || part == u"\r\n";
+        return part.contains(m_separator) || (LineEnds(part) > 0 && part.trimmed().isEmpty());
     }
     [[noreturn]] void fail(const QString &problem) const
     {

@@ -40,8 +40,8 @@ int LineEnds(QStringView text);
  * any other character.
  *
  * Programs put cells on the clipboard with tabs between them. With a tab as separator a quote in
- * any other place is an ordinary character, and so are two with a tab or nothing but the end of a
- * line between them: they are ditto marks of two cells. With another separator it is a fault,
+ * any other place is an ordinary character, and so are two with a tab or nothing but ends of lines
+ * and blanks between them: they are ditto marks of two cells. With another separator it is a fault,
  * and so is a byte order mark in a cell without quotes.
  *
  * @param most rows that are read; the rest of the text is not looked at.

@@ -181,6 +181,9 @@ void PastedTable::readInItalian()
     for (PastedRow &row : m_rows) {
         QString &cell = row.cells[columnOf(u"Importo"_s)];
         m_international.append(cell);
+        // "250.125" in a row that stays out may come in later.
+        m_areMixed = m_areMixed || (!AmountOf(cell, Notation::International) &&
+                                    AmountOf(cell, Notation::Italian));
         cell = inItalian(cell);
     }
 }
