@@ -11,15 +11,15 @@ using namespace saldoro;
 
 namespace {
 
-/** Places and problems, one a line, each cut to what is expected there if it begins so. */
+/** Subjects and problems, one a line, each cut to what is expected there if it begins so. */
 QString summary(const Findings &findings, const QString &expected)
 {
     QStringList lines = expected.split(u'\n');
     lines.resize(findings.size());
-    for (qsizetype place = 0; place < findings.size(); ++place) {
-        const QString text = findings[place].subject + u": "_s + findings[place].problem;
-        if (lines[place].isEmpty() || !text.startsWith(lines[place]))
-            lines[place] = text;
+    for (qsizetype at = 0; at < findings.size(); ++at) {
+        const QString text = findings[at].subject + u": "_s + findings[at].problem;
+        if (lines[at].isEmpty() || !text.startsWith(lines[at]))
+            lines[at] = text;
     }
     return lines.join(u'\n');
 }

@@ -23,7 +23,7 @@ struct ExchangedTable
     const QString &name() const { return definition.name(); }
     QString fileName() const { return name() + QStringLiteral(".csv"); }
     QStringList fieldNames() const;
-    /** Place of a field, by its name in any letter case, among those of a row; -1 for none. */
+    /** Index of a field, by its name in any letter case, among those of a row; -1 for none. */
     qsizetype indexOf(const QString &field) const { return definition.indexOf(field); }
     /** Whether its rows have amounts that add up. */
     bool hasAmounts() const { return indexOf(QStringLiteral("Importo")) >= 0; }

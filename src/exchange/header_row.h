@@ -51,7 +51,7 @@ inline constexpr qsizetype MostHeaderRows = 20; ///< that are looked at
 /** As FindColumns(), for a header that was not written for this program. Where another column is
  *  headed for the code, "Voce" means the description; `missing`, `unknown` and `guesses` are
  *  not corrected for that. A row that names a single needed field may be one of values: it counts
- * as a header only when the table needs one field and the name is exact or IsNameHeading(). One
+ *  as a header only when the table needs one field and the name is exact or IsNameHeading(). One
  *  that names only some needed fields, by guess too, and has an amount is one of values as well. */
 CellColumns GuessColumns(const QList<CellRow> &rows, const ExchangedTable &table);
 

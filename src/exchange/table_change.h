@@ -15,7 +15,7 @@ struct TableChange
 {
     TableRows stored = {}; ///< as it is
     TableRows rows = {};   ///< as it will be
-    /** For each of @ref rows the place of its partner in @ref stored, from which it takes the
+    /** For each of @ref rows the index of its partner in @ref stored, from which it takes the
      *  fields that are not given; no value without a partner. */
     QList<std::optional<qsizetype>> formers = {};
     bool isNeeded = true; ///< false when the table holds these rows already

@@ -42,8 +42,8 @@ inline constexpr QStringView InTheArchive =
 inline constexpr QStringView StopsClosing =
     u"la chiusura della schermata principale si ferma senza completare i documenti.";
 
-/** "Place: problem", or the place alone where that is the whole finding. It is one line: characters
- *  that no screen shows have a mark in their place. */
+/** "Subject: problem", or the subject alone where that is the whole finding. It is one line:
+ *  characters that no screen shows have a mark in their place. */
 QString LineOf(const Finding &finding);
 
 /** The report: the findings by their groups, within one in the order they were made, and a last
