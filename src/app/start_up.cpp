@@ -16,7 +16,7 @@ void InitInstallSettings(ProgramValues &values)
     try {
         values.ArchiveRoot = StoredArchivesRoot().value_or(QString());
     } catch (const FileError &) {
-        // The ledger will not be found, which says where the setting is.
+        // The ledger is then not found, and that error tells where the setting is.
     }
 }
 
@@ -33,8 +33,8 @@ bool StartUp(ProgramValues &values, const QString &tail, std::optional<Database>
         return false;
     }
     values.ProjectCode = ProjectCodeFromTail(tail);
-    // What stands there and is no ledger, such as a link whose disk is away, is told when it is
-    // read.
+    // Something else may have the name, such as a link to a disk that is away; the first read
+    // tells.
     if (!IsTaken(MachinePath(LedgerPath(values))))
         createdLedger = CreateLedgerDatabase(ProjectFolder(values));
     return true;

@@ -14,7 +14,7 @@ namespace saldoro {
 void InitInstallSettings(ProgramValues &values);
 
 /** The project code in a command-line tail: all that follows the launch token, verbatim; the
- *  default project's code when the tail does not begin with it. Of "/INI" see AsksForManifest(). */
+ *  default project's code when the tail does not begin with it. AsksForManifest() knows "/INI". */
 QString ProjectCodeFromTail(const QString &tail);
 
 /**

@@ -61,7 +61,8 @@ bool AsksForManifest(const QString &tail)
 
 void WriteUpdateManifest()
 {
-    // A manifest of that name in other letter case is the same file to the suite.
+    // This also replaces a manifest whose name is in other letter case: to the suite it is the
+    // same.
     WholeFile(ProgramName() + u".ini"_s, manifestText().toLocal8Bit()).replace();
 }
 

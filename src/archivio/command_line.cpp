@@ -38,7 +38,7 @@ QString request(const QStringList &words)
     return {};
 }
 
-/** Separates options from operands by the toolkit. */
+/** Lets the toolkit separate options from operands. */
 void readWords(QStringList words, const CommandForm &form, CommandLine &line)
 {
     QCommandLineParser parser;

@@ -17,8 +17,9 @@ struct CommandLine
 
 /** Reads the words after the program's name: a command, then its operands and options in any order,
  *  "--option=value" as well as "--option value"; behind "--" no word is an option. `imposta` has
- *  no options: each of its words is an operand, a negative amount too. --aiuto and --versione, in
- *  English too, go before all others. Throws SaldoroError for what can't be understood. */
+ *  no options: without "--" each of its words is an operand, a negative amount too. Where --aiuto,
+ *  --versione or their English names stand before "--", nothing else counts. Throws SaldoroError
+ * for what can't be understood. */
 CommandLine ParseCommandLine(const QStringList &words);
 
 } // namespace saldoro

@@ -8,10 +8,10 @@ namespace saldoro {
 /** The text of an empty date box. */
 inline constexpr QStringView EmptyDateText = u"__/__/____";
 
-/** A day of the years 0 to 9999 as dd/MM/yyyy; the empty text for an invalid date. */
+/** A day of the years 1 to 9999 as dd/MM/yyyy; the empty text for an invalid date. */
 QString FormatData(QDate day);
 
-/** A valid day of the years 0 to 9999 as yyyy-MM-dd. */
+/** A valid day of the years 1 to 9999 as yyyy-MM-dd. */
 QString IsoText(QDate day);
 
 /** The form of a day that is typed: d/m/yyyy or d/m/yy; day and month may have one digit or two. */

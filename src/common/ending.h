@@ -2,9 +2,9 @@
 
 namespace saldoro {
 
-/** True once an error has been reported and the program is ending. Forms that close from then on do
- *  no closing work, since documents and totals would come out half filled. For the thread of the
- *  user interface only. */
+/** True from when an error is about to be reported that ends the program. Forms that close from
+ * then on do no closing work, since documents and totals would come out half filled. For the thread
+ * of the user interface only. */
 bool IsEnding();
 
 /** The program only ever sets it to true; tests set it back. */

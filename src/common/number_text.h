@@ -5,10 +5,10 @@
 namespace saldoro {
 
 /**
- * Lenient reading of the number that a text begins with, used wherever a typed number is taken:
- * blanks (space, tab, line ends) are ignored anywhere, then an optional sign, digits with at most
- * one "." and an optional exponent are read up to the first character that cannot continue the
- * number. No number gives 0. A number beyond the range of a double gives infinity.
+ * Lenient reading of the number that a text begins with, used wherever a number is typed into an
+ * invoice form: blanks (space, tab, line ends) are ignored anywhere, then an optional sign, digits
+ * with at most one "." and an optional exponent are read up to the first character that cannot
+ * continue the number. No number gives 0. A number beyond the range of a double gives infinity.
  */
 double LeadingNumber(const QString &text);
 

@@ -6,12 +6,12 @@ namespace saldoro {
 
 /**
  * A box for a day with the mask "__/__/____". Typed digits fill the places one after the other and
- * replace what stands there; "/" after a single digit pads it (1/2/03 becomes 01/02/03),
- * Backspace and Canc empty the nearest filled place. A date may be pasted as 1/2/2003, 01022003 or
- * 1/2/03, which leaves the last two places empty. text() is what is shown, with "_" for places
- * still empty. Other characters go on to the parent; the rest is a line edit's. The toolkit's own
- * input mask can't show a text that is no date, leaves gaps where one clicks into the middle, has
- * no padding by "/", and takes a pasted 1/2/2003 apart.
+ * replace what stands there; "/" after a single digit pads it (typed 1/2/03 shows 01/02/03__),
+ * Backspace and Canc empty the nearest filled place. A date may be pasted as 1/2/2003,
+ * 01022003 or 1/2/03; the last form leaves two places empty. text() is what is shown, with "_" for
+ * places still empty. The parent gets every other character. In all else the box is a line edit.
+ * The toolkit's own input mask can't show a text that is no date, leaves gaps where one clicks into
+ * the middle, has no padding by "/", and takes a pasted 1/2/2003 apart.
  *
  * A text set by the program is shown as it is, even when it is no date; the first change by the
  * user then starts from the empty mask.
@@ -41,8 +41,8 @@ protected:
     void inputMethodEvent(QInputMethodEvent *event) override;
 
 private:
-    QString m_before; ///< the text that the next change finds
-    int m_start = 0;  ///< where that change begins
+    QString m_before; ///< the text before the user's next change
+    int m_start = 0;  ///< where that change will begin
     QString m_leftWith;
 };
 

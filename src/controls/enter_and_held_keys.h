@@ -7,7 +7,8 @@ namespace saldoro {
 /** Whether @p event is a press of Return or of Enter, which do the same everywhere. */
 bool IsEnter(const QEvent &event);
 
-/** Starts to watch the keys. A program that links this file watches them from its start. */
+/** Starts to watch the keys, which a program that links this file does from its start. The call
+ *  makes sure that it is linked. */
 void WatchKeyPresses();
 
 /**
@@ -16,9 +17,9 @@ void WatchKeyPresses();
  *
  * The toolkit's own mark on a press, isAutoRepeat(), is not enough on X11. The first repetition
  * that a newly opened window gets comes without the mark, and that is the one that matters here.
- * The first press after a release that no window of the program saw has the mark, and is no
- * repetition. But X11 tells a repetition as a release and a press that follow each other: either
- * the release has the mark, or both have the same time.
+ * If no window of the program saw the release, the next press has the mark although it is no
+ * repetition. On X11 a repetition is a release followed by a press: either the release has the
+ * mark, or both have the same time.
  */
 bool IsKeyHeld();
 

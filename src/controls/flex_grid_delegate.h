@@ -6,15 +6,15 @@
 
 namespace saldoro {
 
-/** Draws the cells of a grid. The selection is paler while the grid has no focus; only where single
- *  cells are selected, the current one has the toolkit's focus mark; a tool tip shows a text whole
- *  that does not fit its cell. */
+/** Draws the cells of a grid. The selection is paler while the grid has no focus; the current
+ *  cell has the toolkit's focus mark only where single cells are selected; a tool tip shows a text
+ * whole that does not fit its cell. */
 class FlexGridDelegate : public QStyledItemDelegate
 {
 public:
     FlexGridDelegate(FlexGrid::Selection selection, QObject *parent);
 
-    /** Pixels of a cell's width that its text can't use, in the style of @p view. */
+    /** Pixels that a column is to be wider than its text, in the style of @p view. */
     static int spaceAroundText(const QWidget &view);
 
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,

@@ -13,7 +13,7 @@ struct RichTextBox
 
 /** The working form of one closing of the main form: two boxes that are saved as documents of the
  *  project. Each starts out with its control name as text. It is never shown, so it has no
- *  window. */
+ *  window. When a box is emptied, and when not: overview/closing_work. */
 struct FrmElab
 {
     /** Gathers the overview, then the statements before the last. */

@@ -30,7 +30,8 @@ QString CopyProject(const QString &folder, const QString &target)
         Database::requirePlainJournal(database.path()); // others could write meanwhile
     const Transaction transaction(databases.front(), TransactionKind::Reading);
     for (const Database &database : databases)
-        database.tableDef(u"Fatture"_s); // the first read of a file fixes the moment
+        database.tableDef(
+            u"Fatture"_s); // any read keeps a file from changing; the table is no matter
     if (copy.exists())
         throw FileError(copy.path(), u"La cartella c'è già."_s, u"Riprovare fra un secondo."_s);
     MakeFolder(copy.path());

@@ -25,8 +25,8 @@ QString markStart(const QString &projectFolder)
 {
     const QFileInfo info(projectFolder);
     const QString path = info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
-    // A project is the same in any letter case. Whether a program of another machine lives, which
-    // has the same settings folder, can't be told.
+    // A project is the same in any letter case. Machines may share a settings folder, but none can
+    // tell whether a program of another one still runs: the machine is part of the name.
     const QByteArray place = path.toCaseFolded().toUtf8() + '\0' + QSysInfo::machineUniqueId();
     return QString::fromLatin1(QCryptographicHash::hash(place, QCryptographicHash::Sha1).toHex()) +
            u'-';

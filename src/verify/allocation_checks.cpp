@@ -77,8 +77,8 @@ void CheckAllocatedTotals(const CheckedProject &project, Findings &findings)
                 InTheArchive));
     }
     for (const CheckedRow &payment : project.payments) {
-        // Payments of one number share their allocations; that is found elsewhere, as are sums
-        // that can't be formed.
+        // Payments of one number share their allocations. They and gross amounts beyond the range
+        // are findings of payment_checks.
         const Allocated its = byNumber.value(payment.number.value_or(0));
         if (!payment.number || its.payments > 1 || !its.sum || !payment.gross ||
             ShownAmount(*payment.gross) == *its.sum)
