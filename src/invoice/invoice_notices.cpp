@@ -72,7 +72,7 @@ void tellTexts(const InvoiceState &state, Notices &all)
                  u"Per via di «del» si riaprirà come «%1», senza la data: toglierlo"_s.arg(
                      back.mandato));
     if (state.offersNone)
-        all.tell(Remark, u"List2"_s, u"Nessun nome da scegliere; Esc per tornare"_s);
+        all.tell(Caution, u"List2"_s, u"Nessun nome da scegliere; Esc per tornare"_s);
     if (shown.storedKind)
         return;
     if (!shown.memo.isEmpty() && shown.memo == state.note)
