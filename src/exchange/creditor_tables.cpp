@@ -41,22 +41,25 @@ RecordSet recordsOf(const Database &database, const QString &table)
     return database.openRecordSet(u"SELECT * FROM "_s + table);
 }
 
-/** One more than @p last, which begins as the highest number in those fields, each behind its
- *  table. */
+/** One more than @p last, which without a value is the highest number in those fields, each behind
+ *  its table. */
 qint32 nextNumber(std::optional<qint32> &last, const Database &database,
                   const QList<std::pair<QString, QString>> &fields)
 {
-    for (const auto &[table, field] : last ? QList<std::pair<QString, QString>>() : fields) {
-        for (RecordSet records = recordsOf(database, table); !records.eof(); records.moveNext()) {
-            const FieldValue number = records.field(field);
-            last = std::max(last.value_or(0), number.isNull() ? 0 : number.integer());
+    if (!last) {
+        last = 0;
+        for (const auto &[table, field] : fields) {
+            RecordSet records = recordsOf(database, table);
+            for (; !records.eof(); records.moveNext()) {
+                const FieldValue number = records.field(field);
+                last = std::max(*last, number.isNull() ? 0 : number.integer());
+            }
         }
     }
-    if (last == std::numeric_limits<qint32>::max())
+    if (*last == std::numeric_limits<qint32>::max())
         throw DatabaseError(DatabaseFault::FieldTooSmall, database.path(), fields.first().first,
                             fields.first().second);
-    last = last.value_or(0) + 1;
-    return *last;
+    return ++*last;
 }
 
 void add(RecordSet &records, const QList<std::pair<QString, NewValue>> &values)
