@@ -20,7 +20,7 @@ public:
 
     QString path(const QString &name) const { return m_folder.filePath(name); }
     QString csv() const { return path(u"csv"_s); }
-    /** Archives stand under any name; one with a mark like those for values has been misread. */
+    /** Archives stand under any name, also one with "%1", which a message would fill in. */
     QString root() const { return path(u"è %1"_s); }
     QString project() const { return root() + u"/archivi.qx/ZELT/LAVORI/APPALTI/00039"_s; }
 

@@ -18,8 +18,8 @@ class ManualWindow;
 /**
  * Owns the forms and ties them together: which form opens on which signal, and what happens to the
  * main form when another one closes. At most one form of each kind is open; asking for an open one
- * brings it to the front as it is. The main form takes itself out of use for the
- * chooser, and is put back here. F1 shows the manual at the chapter of the form.
+ * brings it to the front as it is. The main form takes itself out of use for the chooser,
+ * and is put back here. F1 shows the manual at the chapter of the form.
  */
 class FormFlow : public QObject
 {

@@ -33,8 +33,7 @@ bool StartUp(ProgramValues &values, const QString &tail, std::optional<Database>
         return false;
     }
     values.ProjectCode = ProjectCodeFromTail(tail);
-    // Something else may have the name, such as a link to a disk that is away; the first read
-    // tells.
+    // Something else of its name, such as a link to a disk that is away, is told when it is read.
     if (!IsTaken(MachinePath(LedgerPath(values))))
         createdLedger = CreateLedgerDatabase(ProjectFolder(values));
     return true;

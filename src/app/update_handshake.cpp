@@ -61,8 +61,7 @@ bool AsksForManifest(const QString &tail)
 
 void WriteUpdateManifest()
 {
-    // This also replaces a manifest whose name is in other letter case: to the suite it is the
-    // same.
+    // Also in the place of a manifest in other letter case, which to the suite is the same.
     WholeFile(ProgramName() + u".ini"_s, manifestText().toLocal8Bit()).replace();
 }
 

@@ -19,7 +19,7 @@ struct CommandLine
  *  "--option=value" as well as "--option value"; behind "--" no word is an option. `imposta` has
  *  no options: without "--" each of its words is an operand, a negative amount too. Where --aiuto,
  *  --versione or their English names stand before "--", nothing else counts. Throws SaldoroError
- * for what can't be understood. */
+ *  for what can't be understood. */
 CommandLine ParseCommandLine(const QStringList &words);
 
 } // namespace saldoro

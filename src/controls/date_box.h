@@ -7,8 +7,8 @@ namespace saldoro {
 /**
  * A box for a day with the mask "__/__/____". Typed digits fill the places one after the other and
  * replace what stands there; "/" after a single digit pads it (typed 1/2/03 shows 01/02/03__),
- * Backspace and Canc empty the nearest filled place. A date may be pasted as 1/2/2003,
- * 01022003 or 1/2/03; the last form leaves two places empty. text() is what is shown, with "_" for
+ * Backspace and Canc empty the nearest filled place. A date may be pasted as 1/2/2003, 01022003
+ * or 1/2/03; the last form leaves two places empty. text() is what is shown, with "_" for
  * places still empty. The parent gets every other character. In all else the box is a line edit.
  * The toolkit's own input mask can't show a text that is no date, leaves gaps where one clicks into
  * the middle, has no padding by "/", and takes a pasted 1/2/2003 apart.

@@ -8,7 +8,7 @@ namespace saldoro {
 
 /** Draws the cells of a grid. The selection is paler while the grid has no focus; the current
  *  cell has the toolkit's focus mark only where single cells are selected; a tool tip shows a text
- * whole that does not fit its cell. */
+ *  whole that does not fit its cell. */
 class FlexGridDelegate : public QStyledItemDelegate
 {
 public:

@@ -20,8 +20,8 @@ enum class FileAccess
     InMemory ///< an empty database; errors name the file, which must be a database, too
 };
 
-/** Makes a new, empty file, to become a database by FileAccess::Create. Throws FileExists,
- *  FileMissing (no such folder), ReadOnly. */
+/** Makes a new, empty file, to become a database by FileAccess::Create. Throws FileExists, also
+ *  for a link that leads nowhere, FileMissing (no such folder), ReadOnly. */
 void CreateEmptyFile(const QString &path);
 
 /**

@@ -86,8 +86,8 @@ public:
      */
     qint32 integer() const;
 
-    /** The day of a date field, also with other marks than "-"; an invalid QDate for the
-     *  empty text that some date fields hold. */
+    /** The day of a date field, also with other marks than "-"; an invalid QDate for the empty text
+     *  that some date fields hold. */
     QDate date() const;
     /** As date(), a null or anything that is no date giving an invalid QDate. */
     QDate dateOrNone() const;

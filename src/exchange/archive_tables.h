@@ -16,7 +16,7 @@ struct ExchangedTable
 {
     TableDef definition;
     QStringList neededFields; ///< that a header must name
-    // Not of lists that belong to no database.
+    // These mean nothing for lists that belong to no database.
     ArchiveFile archive = {};
     QStringList keyFields = {}; ///< that identify a row
 

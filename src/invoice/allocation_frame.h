@@ -50,8 +50,7 @@ protected:
 
 private:
     void addGrid();
-    /** What is typed opens the editor again once the user has turned to the grid, or has left it.
-     */
+    /** Typing opens the editor again once the user has turned to the grid, or has left it. */
     void expectTyping();
     void addEditor();
     void addPickList();

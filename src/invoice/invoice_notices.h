@@ -45,7 +45,7 @@ struct InvoiceState
      *  ledger held one when the form was opened. */
     bool isListed = true;
     QString note = {};       ///< as it was loaded
-    bool offersNone = false; ///< see CreditorFields
+    bool offersNone = false; ///< see CreditorFields::offersNone()
     QString contractor = {}; ///< the creditor that a new payment to a company starts with
 
     QString dateBox = {};  ///< object name of the box of the invoice's date

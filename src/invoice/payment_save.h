@@ -10,8 +10,9 @@ namespace saldoro {
  * of that number and kind is changed, else added; an allocation of the same code gets the new
  * amount and keeps its description, else one is added; none is deleted here.
  *
- * An empty creditor, code or description of a cost item is stored as null, and so is a date box
- * that shows the empty mask. Every other empty text is stored as an empty text.
+ * An empty creditor, code or description of a cost item is stored as null, and so is the day
+ * of the invoice while its box shows the empty mask. Every other empty text is stored as an empty
+ * text.
  *
  * The stored description of a cost item is cut to its column, that of the mandate note to 60
  * characters. Any other text longer than its column throws FieldTooSmall before its own row is

@@ -20,7 +20,7 @@ inline qint32 NextPaymentNumber(qsizetype payments)
 
 /** The number of the payment that is opened or deleted on a row of the payments list, counted from
  *  1. It is the number that the row shows as long as the numbers run 1, 2, 3 without gap or
- * repetition. */
+ *  repetition. */
 inline qint32 NumberOfListRow(int row)
 {
     return row;

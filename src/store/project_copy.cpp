@@ -30,8 +30,7 @@ QString CopyProject(const QString &folder, const QString &target)
         Database::requirePlainJournal(database.path()); // others could write meanwhile
     const Transaction transaction(databases.front(), TransactionKind::Reading);
     for (const Database &database : databases)
-        database.tableDef(
-            u"Fatture"_s); // any read keeps a file from changing; the table is no matter
+        database.tableDef(u"Fatture"_s); // reading anything keeps a file from changing
     if (copy.exists())
         throw FileError(copy.path(), u"La cartella c'è già."_s, u"Riprovare fra un secondo."_s);
     MakeFolder(copy.path());
