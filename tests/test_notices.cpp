@@ -167,6 +167,7 @@ A new -> Il pagamento 7 c'è già e «Conferma» lo riscrive
 A asked:8 -> È rimasto aperto il pagamento 7, non il 8
 A asked:7
 A kind:P -> Il pagamento 7 c'è già, e dell'altro tipo
+P kind:p new -> c'è già e «Conferma» lo riscrive
 A unlisted -> Il pagamento 7 è stato eliminato. «Conferma» lo rimette
 A new unstored -> nel frattempo
 A unstored unlisted -> non c'è. «Conferma» ne aggiunge)"_s;

@@ -16,7 +16,8 @@ enum class CreditorKind
 /** The text that a kind is stored as. */
 QString KindCode(CreditorKind kind);
 
-/** The kind that is stored as @p code; none for any other text, a lower-case one included. */
+/** The kind that is stored as @p code; none for any other text, a lower-case one included, which a
+ *  query for the kind finds all the same. */
 std::optional<CreditorKind> KindOfCode(const QString &code);
 
 } // namespace saldoro

@@ -21,7 +21,7 @@ QString numberText(const InvoiceState &state)
     const std::optional<QString> &stored = state.shown.storedKind;
     if (stored && !state.isListed)
         return u"è stato eliminato. «Conferma» lo rimette, «Annulla» no"_s;
-    if (stored && *stored != KindCode(state.shown.kind))
+    if (stored && !AreEqualTexts(*stored, KindCode(state.shown.kind))) // as the save finds it
         return u"c'è già, e dell'altro tipo: «Conferma» ne farebbe due con lo stesso numero"_s;
     if (stored && state.isMeantNew)
         return u"c'è già e «Conferma» lo riscrive. «Annulla» lo lascia com'è"_s;
