@@ -58,16 +58,6 @@ Currency AmountTexts::dueTotal() const
     return GrossAmount(amount(Importo), amount(ImportoIva), amount(AltriImporti));
 }
 
-Currency AmountTexts::dueWithholdingBase() const
-{
-    return amount(Amount::Prestazione) + amount(Amount::Contributo);
-}
-
-Currency AmountTexts::dueNet() const
-{
-    return amount(Amount::TotaleFattura) - amount(Amount::ImportoRA);
-}
-
 Currency AmountTexts::storedValue(const AmountField &field) const
 {
     return field.role == AmountRole::Rate ? PlainAmount(text(field.amount)) : amount(field.amount);
@@ -88,7 +78,7 @@ void AmountTexts::showStored(const QList<AmountField> &fields, const QMap<Amount
     const Currency total = GrossAmount(stored[Importo], stored[ImportoIva], stored[AltriImporti]);
     show(TotaleFattura, total);
     show(Netto, total - stored[ImportoRA]);
-    show(SoggettaRA, dueWithholdingBase());
+    show(SoggettaRA, DueWithholdingBase(*this));
 }
 
 const AmountField &AmountChain::at(Amount field) const

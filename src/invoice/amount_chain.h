@@ -34,20 +34,12 @@ enum class AmountRole
     Derived ///< an amount that leaving some field may write
 };
 
-/** Whether a field of a professional's note stays in the plain form it was typed in when it is
- *  left, although its text is later read as display form, where points are dropped. A company's
- *  TotaleFattura stays as typed, too, but is no such field: its text is only compared. */
-inline bool StaysPlain(Amount field)
-{
-    return field == Amount::AltriImporti || field == Amount::SoggettaRA;
-}
-
 /** How the keyboard gets to an amount. */
 enum class Reach
 {
     InTurn,   ///< by Enter and Tab
-    OnRequest ///< only by mnemonic or click: a derived field that stays plain when it is left, so
-              ///< passing through it would change its value
+    OnRequest ///< only by mnemonic or click: a derived field that is not shown anew when it is
+              ///< left, so passing through it would change its value
 };
 
 /** All that there is to know of one amount field of an invoice form. */
@@ -56,7 +48,7 @@ struct AmountField
     Amount amount = Amount::Importo;
     QString objectName; ///< of its box, e.g. "Text4_0"
     AmountRole role = AmountRole::Typed;
-    QString caption; ///< with its mnemonic; empty behind a rate, whose line and caption it shares
+    QString caption; ///< with its mnemonic, if any; empty behind a rate, whose line it shares
     QString hint;
     QString column = {}; ///< of the ledger; empty for a value that is not stored
     Reach reach = Reach::InTurn;
@@ -88,10 +80,8 @@ public:
     /** Base amount times rate over 100, multiplied and divided as floating point. Throws
      *  OverflowError also for an infinite rate. */
     Currency share(Amount base, Amount rate) const;
-    /** What three of the amounts should be, going by those that they are made of. */
+    /** What TotaleFattura should be by the amounts that it is made of. */
     Currency dueTotal() const;
-    Currency dueWithholdingBase() const;
-    Currency dueNet() const;
 
     /** What the column of @p field gets. */
     Currency storedValue(const AmountField &field) const;
@@ -120,7 +110,8 @@ struct AmountChain
 
 /**
  * Amounts of a company's invoice. VAT is computed again whenever the rate is left, and only then;
- * a later change of the taxable amount moves the total alone. A typed total stays as typed.
+ * a later change of the taxable amount moves the total alone. A typed total stays as typed until
+ * another amount is left.
  */
 const AmountChain &CompanyAmounts();
 
@@ -131,6 +122,15 @@ const AmountChain &CompanyAmounts();
  * zero, so a "0,50" in display form is replaced.
  */
 const AmountChain &ProfessionalAmounts();
+
+/** Whether a field of a professional's invoice stays in the plain form it was typed in when it is
+ *  left, although its text is later read as display form, where points are dropped. A company's
+ *  TotaleFattura stays as typed, too, but is no such field: its text is only compared. */
+bool StaysPlain(Amount field);
+
+/** What SoggettaRA and Netto should be by the amounts that they are made of. */
+Currency DueWithholdingBase(const AmountTexts &texts);
+Currency DueNet(const AmountTexts &texts);
 
 /** The one of the two that an invoice of @p kind has. */
 const AmountChain &AmountChainOf(CreditorKind kind);

@@ -47,7 +47,7 @@ struct AmountNotices
                             : u"è rimasto indietro, ora è %1: passare dall'aliquota IVA"_s);
         if (!isCompany) {
             tellShare(AliquotaRA, SoggettaRA, ImportoRA, u"azzerarla e ripassare l'aliquota"_s);
-            tellTotal(Netto, then.dueNet(),
+            tellTotal(Netto, DueNet(then),
                       u"è rimasto indietro, ora è %1: passare dall'aliquota R.A."_s);
         }
         compareTotals();

@@ -12,8 +12,9 @@ namespace {
 void leaveFee(AmountTexts &texts, Amount field)
 {
     texts.showTyped(field);
-    texts.show(Importo, texts.dueWithholdingBase() + texts.amount(CassaPrev));
-    texts.show(SoggettaRA, texts.dueWithholdingBase());
+    texts.show(Importo,
+               texts.amount(Prestazione) + texts.amount(Contributo) + texts.amount(CassaPrev));
+    texts.show(SoggettaRA, DueWithholdingBase(texts));
 }
 
 void leaveVatRate(AmountTexts &texts)
@@ -52,20 +53,35 @@ void leaveProfessionalAmount(AmountTexts &texts, Amount field)
         break;
     case AliquotaRA:
         leaveWithholdingRate(texts);
-        texts.show(Netto, texts.dueNet());
+        texts.show(Netto, DueNet(texts));
         return;
     case ImportoRA:
         texts.showTyped(ImportoRA);
-        texts.show(Netto, texts.dueNet());
+        texts.show(Netto, DueNet(texts));
         return;
     case Netto:
-        texts.show(Netto, texts.dueNet());
+        texts.show(Netto, DueNet(texts));
         return;
     }
     texts.show(TotaleFattura, texts.dueTotal());
 }
 
 } // namespace
+
+bool StaysPlain(Amount field)
+{
+    return field == AltriImporti || field == SoggettaRA;
+}
+
+Currency DueWithholdingBase(const AmountTexts &texts)
+{
+    return texts.amount(Prestazione) + texts.amount(Contributo);
+}
+
+Currency DueNet(const AmountTexts &texts)
+{
+    return texts.amount(TotaleFattura) - texts.amount(ImportoRA);
+}
 
 const AmountChain &ProfessionalAmounts()
 {
