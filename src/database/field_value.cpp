@@ -111,8 +111,7 @@ std::variant<StoredValue, DatabaseFault> StoredForm(const FieldDef &field, const
 std::optional<DatabaseFault> RefusalOf(const FieldDef &field, const NewValue &value)
 {
     const auto *text = std::get_if<QString>(&value);
-    if (text != nullptr && text->isEmpty() && !field.allowZeroLength &&
-        (IsText(field) || field.type == FieldType::Date))
+    if (text != nullptr && text->isEmpty() && RefusesEmptyText(field))
         return DatabaseFault::ZeroLengthRefused;
     if (text != nullptr && IsText(field) && (field.size == 0 || text->size() <= field.size))
         return std::nullopt;          // long tables are full of them

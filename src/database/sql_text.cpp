@@ -39,7 +39,7 @@ QString fieldSql(const FieldDef &field)
 {
     const QString name = QuotedName(field.name);
     QString declaration = name + u' ' + DeclaredType(field);
-    if (field.allowZeroLength || (!IsText(field) && field.type != FieldType::Date))
+    if (!RefusesEmptyText(field))
         return declaration;
     return declaration + u" CONSTRAINT "_s + QuotedName(ZeroLengthConstraint + field.name) +
            u" CHECK ("_s + name + u" <> '')"_s;

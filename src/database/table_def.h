@@ -39,6 +39,12 @@ inline bool IsText(const FieldDef &field)
     return field.type == FieldType::Text || field.type == FieldType::Memo;
 }
 
+/** Whether the file refuses an empty text for the field. */
+inline bool RefusesEmptyText(const FieldDef &field)
+{
+    return !field.allowZeroLength && (IsText(field) || field.type == FieldType::Date);
+}
+
 /** Definition of a table: its name and its fields in creation order. */
 class TableDef
 {

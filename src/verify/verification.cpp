@@ -12,6 +12,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
@@ -91,8 +93,8 @@ void Verification::read(const Database &database, ArchiveFile file)
 
 void Verification::tryWriting(const Database &database, ArchiveFile file)
 {
-    if (file != ArchiveFile::Ledger && file != ArchiveFile::Contract)
-        return; // the program only reads the others
+    if (std::ranges::none_of(TablesOf(file), IsWrittenBySaldoro, &TableDef::name))
+        return;
     if (!QFileInfo(database.path()).isWritable())
         return m_ofFiles.append(
             fileFault(database.path(), DatabaseError(DatabaseFault::ReadOnly, database.path())));
