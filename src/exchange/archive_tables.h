@@ -15,8 +15,8 @@ namespace saldoro {
 struct ExchangedTable
 {
     TableDef definition;
-    QStringList neededFields; ///< that a header must name
-    // These mean nothing for lists that belong to no database.
+    QStringList neededFields; ///< that a header must name; which values may lack: typed_rows
+    // A list that belongs to no database leaves these as they are.
     ArchiveFile archive = {};
     QStringList keyFields = {}; ///< that identify a row
 
@@ -29,7 +29,7 @@ struct ExchangedTable
     bool hasAmounts() const { return indexOf(QStringLiteral("Importo")) >= 0; }
 };
 
-/** The eight tables, those of one database next to each other. */
+/** The eight tables in the order of ArchiveFileList, and of TablesOf() within a database. */
 const std::vector<ExchangedTable> &ExchangedTables();
 
 /** The one of that name, in any letter case; null for none. */

@@ -2,7 +2,6 @@
 
 #include "common/currency.h"
 #include "database/field_value.h"
-#include "exchange/notation.h"
 
 #include <QDate>
 #include <QString>
@@ -10,6 +9,13 @@
 #include <optional>
 
 namespace saldoro {
+
+/** How amounts and days are written. */
+enum class Notation
+{
+    Italian,      ///< 1.234,56 and 31/12/2024
+    International ///< 1,234.56 and 2024-12-31
+};
 
 /**
  * The amount that a text states; no value for a text that states none exactly. Blanks and one "€"
@@ -34,9 +40,9 @@ std::optional<qint32> WholeOf(QStringView text);
  *  of the type. A null text gives null, an empty one stays an empty text in a date field, too. */
 std::optional<NewValue> ValueOfCell(const QString &cell, FieldType type, Notation notation);
 
-/** As ValueOfCell(). An amount in the Italian notation has no value, either, if the other notation
- *  reads it as another amount; without a notation it is read in Italian, and "250.125" has none,
- *  which may be three decimals. Where there is no value, @p problem says why, in Italian. */
+/** As ValueOfCell(), but an Italian amount that the other notation reads as another one has no
+ *  value. Without a notation the cell is read in Italian, and "250.125", which may have three
+ *  decimals, has no value. @p problem gets the reason for having none, in Italian. */
 std::optional<NewValue> SureValueOfCell(const QString &cell, FieldType type,
                                         std::optional<Notation> notation, QString &problem);
 

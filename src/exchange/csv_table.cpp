@@ -1,6 +1,7 @@
 #include "exchange/csv_table.h"
 
 #include "common/legacy_text.h"
+#include "exchange/told_notations.h"
 #include "platform/whole_file.h"
 
 #include <QFileInfo>

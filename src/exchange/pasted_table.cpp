@@ -2,8 +2,8 @@
 
 #include "common/characters.h"
 #include "common/errors.h"
-#include "exchange/cell_values.h"
 #include "exchange/pasted_columns.h"
+#include "exchange/told_notations.h"
 
 #include <QRegularExpression>
 

@@ -1,6 +1,5 @@
-#include "exchange/notation.h"
+#include "exchange/told_notations.h"
 
-#include "exchange/cell_values.h"
 #include "exchange/header_row.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "exchange/cell_values.h"
+
 #include <QList>
 
 #include <set>
@@ -9,13 +11,6 @@ namespace saldoro {
 struct CellColumns;
 struct CellRow;
 struct ExchangedTable;
-
-/** How amounts and days are written. */
-enum class Notation
-{
-    Italian,      ///< 1.234,56 and 31/12/2024
-    International ///< 1,234.56 and 2024-12-31
-};
 
 /** The notations that amounts and days in the rows behind the header tell, each by a cell that the
  *  other can't read. What one cell is worth: exchange/cell_values. PastedTable rewrites the cells.

@@ -2,7 +2,6 @@
 
 #include "common/characters.h"
 #include "common/errors.h"
-#include "exchange/cell_values.h"
 #include "platform/progress.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "exchange/cell_values.h"
 #include "exchange/header_row.h"
-#include "exchange/notation.h"
 
 #include <QList>
 #include <QString>
@@ -30,8 +30,8 @@ struct GivenTable
  * is a fault; in the row an invalid day stands for it (see TableRow). A short row is accepted if
  * the missing fields may be null and the last row has all its cells, a longer one in the Italian
  * notation if the cells too many are blank. Without a notation values are read in Italian. An
- * amount that both notations may mean, but differently, is a fault, see SureValueOfCell(). What is
- * wrong with codes beside each other is left to the check (verify/contract_checks).
+ * amount that both notations may mean, but differently, is a fault, see SureValueOfCell(). Codes
+ * that clash are left to the check (verify/contract_checks).
  *
  * Throws FieldMissing when @p stored lacks one of the table's fields, and what the watcher of
  * Progress throws.
