@@ -96,7 +96,7 @@ enum class DatabaseFault
     FileMissing,       ///< no such file, or its folder is missing
     FileExists,        ///< creation found a file of that name
     NotADatabase,      ///< the file is there but is no database, or is damaged
-    Locked,            ///< another program kept the file for the whole time-out
+    Locked,            ///< another program kept the file for Database::LockWaitMilliseconds
     ReadOnly,          ///< the file, the medium or the record set accepts no change
     DiskFull,          ///< no room left, or a write that the disk did not carry out
     ReadFailed,        ///< permissions, the disk or the network keep the file from being read

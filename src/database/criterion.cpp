@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /** A text without letter case, in which an accented letter is one character. */
-QString folded(const QString &text)
+QString composedFold(const QString &text)
 {
     return text.normalized(QString::NormalizationForm_C).toCaseFolded();
 }
@@ -46,7 +46,7 @@ std::optional<QString> listExpression(QList<uint> list)
  *  later one: the groups never give back what they took, which keeps the work small. */
 QString likeExpression(const QString &pattern)
 {
-    const QList<uint> characters = folded(pattern).toUcs4();
+    const QList<uint> characters = composedFold(pattern).toUcs4();
     QString expression = u"\\A"_s;
     QString part; // since the last "*"
     bool isBehindRun = false;
@@ -94,7 +94,7 @@ LikePattern::LikePattern(const QString &pattern)
 
 bool LikePattern::matches(const QString &text) const
 {
-    return m_expression.match(folded(text)).hasMatch();
+    return m_expression.match(composedFold(text)).hasMatch();
 }
 
 bool Criterion::fits(const FieldDef &of) const

@@ -79,11 +79,10 @@ public:
     RecordSet openRecordSet(const QString &sql) const;
 
     /** Writes a whole copy of the file beside it, as it stands on the disk between two changes of
-     *  other programs, and flushes it. The copy gets a name with date and time that
-     *  no file has: "Saldoro copia 2026-03-31 10.15.00.mdb". Until it is complete, also when the
-     *  process dies, that ends in ".nuovo". To be called before the first
-     *  change of a transaction on this connection. After Locked, ReadOnly, DiskFull or FileError
-     *  nothing is left.
+     *  other programs, and flushes it. The copy gets a name with date and time that no file has:
+     *  "Saldoro copia 2026-03-31 10.15.00.mdb"; until it is complete, also when the process dies,
+     *  the name ends in ".nuovo". To be called before the first change of a transaction on this
+     *  connection. After Locked, ReadOnly, DiskFull or FileError nothing is left.
      *  @return the copy's path of the machine */
     QString backUpBeside() const;
 

@@ -42,8 +42,8 @@ public:
     /** Moves to the first or last record; no current record (and eof) when the set is empty. */
     void moveFirst();
     void moveLast();
-    /** Moves on; past the last record eof() becomes true. Throws NoCurrentRecord at eof. After a
-     *  deletion it moves to the record that followed the deleted one. */
+    /** Moves on; past the last record eof() becomes true. Throws NoCurrentRecord once that is so.
+     *  After a deletion it moves to the record that followed the deleted one. */
     void moveNext();
 
     /**

@@ -15,7 +15,7 @@ bool isAscii(QByteArrayView text)
 }
 
 /** Base letters and accents apart, letter case removed. */
-QString folded(QByteArrayView text)
+QString decomposedFold(QByteArrayView text)
 {
     return TextOfStoredBytes(text).normalized(QString::NormalizationForm_D).toCaseFolded();
 }
@@ -37,8 +37,8 @@ int CompareText(QByteArrayView left, QByteArrayView right)
 {
     if (isAscii(left) && isAscii(right))
         return left.compare(right, Qt::CaseInsensitive);
-    const QString leftText = folded(left);
-    const QString rightText = folded(right);
+    const QString leftText = decomposedFold(left);
+    const QString rightText = decomposedFold(right);
     const int bare = withoutAccents(leftText).compare(withoutAccents(rightText));
     return bare != 0 ? bare : leftText.compare(rightText);
 }
@@ -47,7 +47,7 @@ QByteArray ComparableText(QByteArrayView text)
 {
     if (isAscii(text))
         return text.toByteArray().toLower();
-    return folded(text).toUtf8();
+    return decomposedFold(text).toUtf8();
 }
 
 } // namespace saldoro

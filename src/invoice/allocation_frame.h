@@ -20,7 +20,7 @@ class PopupList;
  *
  * The view's own editors are not used: they close when another window becomes the active one, and
  * Tab moves them to the next cell. The editor closes only when another control of the form gets the
- * focus, which then goes to the grid.
+ * focus; the grid then takes the focus from that control.
  */
 class AllocationFrame : public QGroupBox
 {
@@ -50,7 +50,8 @@ protected:
 
 private:
     void addGrid();
-    /** Typing opens the editor again once the user has turned to the grid, or has left it. */
+    /** From here on typing opens the editor again, see m_isFocusTakenBack: the user has turned to
+     *  the grid, or has left it. */
     void expectTyping();
     void addEditor();
     void addPickList();

@@ -9,7 +9,7 @@ namespace saldoro {
 
 /*
  * The allocation of one payment over cost items, worked on the grid's own table of code,
- * description and amount, whose current cell counts.
+ * description and amount.
  */
 
 /** Columns of the grid. */

@@ -11,10 +11,10 @@ inline constexpr QStringView WidestAmount = u"999.999.999,99";
 int BoxWidth(const QWidget &box, QStringView widest);
 
 /**
- * A line edit for one line of text that goes to a column of limited size. Its text has at most that
- * many characters and no line end or tab. Of what is pasted, dropped or written by a screen reader,
- * line ends and tabs at the ends go, a run of them inside becomes one blank, and as much is taken
- * as fits. A text that was dragged here and changed in this way also stays where it came from.
+ * A line edit for one line of text, of at most so many characters and without line ends and tabs.
+ * Of what is pasted, dropped or written by a screen reader, line ends and tabs at the ends go, a
+ * run of them inside becomes one blank, and as much is taken as fits. A text that was dragged here
+ * and changed in this way also stays where it came from.
  */
 class EntryField : public QLineEdit
 {

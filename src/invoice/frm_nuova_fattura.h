@@ -10,7 +10,8 @@ namespace saldoro {
 
 /**
  * The chooser of the kind of a new payment's creditor, company or professional. Its two buttons
- * are the only way out; Enter is "Continua". It stays above the other windows.
+ * are the only way out; Enter is "Continua" unless "Annulla" has the focus. It stays above the
+ * other windows.
  */
 class FrmNuovaFattura : public QDialog
 {

@@ -12,8 +12,8 @@ enum class TypedNotation
     Rate   ///< a percentage with the point before the decimals
 };
 
-/** How what is typed into an amount field is read once the field is left. Not for a company's
- *  TotaleFattura, which stays as it is typed. */
+/** How what is typed into an amount field is read once the field is left. Says nothing of a
+ *  company's TotaleFattura, which stays as it is typed. */
 TypedNotation NotationOf(const AmountField &field);
 
 /** What a typed text is read as, in the form in which it is shown. Throws OverflowError. */

@@ -26,8 +26,8 @@ public:
     explicit ContractList(TextTable &table, QObject *parent = nullptr);
 
     /** Reads the contracts below the archives root @p root. The current one stays current; while it
-     *  is not there, none is. With another root the first one is. A reading that is going on is
-     *  given up. */
+     *  is not there, none is. With another root the first one becomes current. A reading that is
+     * going on is given up. */
     void read(const QString &root);
 
     /** The archives root that was read last. */

@@ -6,7 +6,8 @@
 
 namespace saldoro {
 
-/** Cuts the table down to its header: five columns with their headings. */
+/** Cuts the table down to its header: five columns with their headings. Their widths:
+ *  frm_principale. */
 void PrepareAvailabilityOverview(TextTable &overview);
 
 /**

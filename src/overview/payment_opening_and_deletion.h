@@ -22,9 +22,9 @@ std::optional<CreditorKind> OpenPayment(ProgramValues &values, qint32 number);
 
 /**
  * Deletes a payment, each record on its own: first its mandate note in the contract database, then
- * all payments of that number, then all allocations with that number. A stale row loses its mandate
- * note, and allocations that no payment has. The remaining payments keep their numbers. Throws
- * DatabaseError; what was deleted before stays deleted.
+ * all payments of that number, then all allocations with that number. Of a stale row, the mandate
+ * note and the allocations of that number go, if there are any. The remaining payments keep their
+ * numbers. Throws DatabaseError; what was deleted before stays deleted.
  */
 void DeletePayment(const ProgramValues &values, qint32 number);
 

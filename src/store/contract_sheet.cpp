@@ -41,8 +41,8 @@ RecordSet findItemLike(const ProgramValues &values, const QString &pattern)
     return sheet;
 }
 
-/** Writes an item of the closed sheet. */
-void writeItem(const ProgramValues &values, const QString &item, const ItemValues &fields)
+/** WriteItem() of the closed sheet. */
+void openAndWrite(const ProgramValues &values, const QString &item, const ItemValues &fields)
 {
     WithDetail(Detail::Item, item, [&] {
         // The sheet has a note for every payment: only the items of that code are read and put in
@@ -86,32 +86,32 @@ void AggiornaVoceImporto(const ProgramValues &values, QStringView internalCode, 
     WithDetail(Detail::Code, internalCode.toString(), [&] {
         const RecordSet codes = FindCode(values, internalCode);
         const QString item = codes.field(u"CodExt"_s).text();
-        writeItem(values, item,
-                  {{u"Funzione"_s, qint32{tag}},
-                   {u"Descri"_s, codes.field(u"Desc"_s).textOrEmpty()},
-                   {u"Stringa"_s, EuroText(amount)},
-                   {u"Importo"_s, amount}});
+        openAndWrite(values, item,
+                     {{u"Funzione"_s, qint32{tag}},
+                      {u"Descri"_s, codes.field(u"Desc"_s).textOrEmpty()},
+                      {u"Stringa"_s, EuroText(amount)},
+                      {u"Importo"_s, amount}});
     });
 }
 
 void ScriviVoceFile(const ProgramValues &values, const QString &item, qint16 tag,
                     const QString &description, const QString &fileName)
 {
-    writeItem(values, item,
-              {{u"Voce"_s, item},
-               {u"Funzione"_s, qint32{tag}},
-               {u"Descri"_s, description},
-               {u"NomeFile"_s, fileName}});
+    openAndWrite(values, item,
+                 {{u"Voce"_s, item},
+                  {u"Funzione"_s, qint32{tag}},
+                  {u"Descri"_s, description},
+                  {u"NomeFile"_s, fileName}});
 }
 
 void ScriviVoceStringa(const ProgramValues &values, const QString &item, qint16 tag,
                        const QString &description, const QString &text)
 {
-    writeItem(values, item,
-              {{u"Voce"_s, item},
-               {u"Funzione"_s, qint32{tag}},
-               {u"Descri"_s, LeftCharacters(description, descriptionSize)},
-               {u"Stringa"_s, text}});
+    openAndWrite(values, item,
+                 {{u"Voce"_s, item},
+                  {u"Funzione"_s, qint32{tag}},
+                  {u"Descri"_s, LeftCharacters(description, descriptionSize)},
+                  {u"Stringa"_s, text}});
 }
 
 bool EsisteVoceLike(const ProgramValues &values, const QString &pattern)

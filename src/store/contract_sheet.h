@@ -15,9 +15,9 @@ namespace saldoro {
  * The items of the contract sheet. OpenContractSheet() leaves the database open with its set, in
  * which FindItem() and WriteItem() work; each other routine opens it, does one job and closes it.
  * Every write is one statement. Errors are DatabaseErrors, FieldTooSmall for a text longer than its
- * column. The detail "Voce" is the item that is written, or the pattern of StringaVoceLike();
- * EsisteVoceLike() and EliminaVociLike() add no detail. Items and patterns go into criteria as they
- * are: one apostrophe throws SyntaxError, two count as one.
+ * column. The detail "Voce" is the item that a routine writes, or the pattern of
+ * StringaVoceLike(); WriteItem(), EsisteVoceLike() and EliminaVociLike() add no detail. Items and
+ * patterns go into criteria as they are: one apostrophe throws SyntaxError, two count as one.
  */
 
 /** Tags of the items, in `Funzione`. */

@@ -34,9 +34,9 @@ QString ComposeMandateNote(const QString &mandato, const QString &mandatoDell);
 
 /**
  * Reads a note back: the number between the first "." and the first "del", the date behind that;
- * for a professional the date is as long as EmptyDateText at most, for a company the rest of the
- * note. Never fails: without a "." before "del" the number starts with the note, without "del" it
- * runs to the end and the date is empty.
+ * for a professional the date has at most the ten characters of EmptyDateText, for a company it is
+ * the rest of the note. Never fails: without a "." before "del" the number starts with the note,
+ * without "del" it runs to the end and the date is empty.
  */
 MandateNote ParseMandateNote(const QString &note, CreditorKind kind);
 
