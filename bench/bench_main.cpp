@@ -92,7 +92,7 @@ int contractsOf(const State &state)
 void contracts(State &state)
 {
     const QString root = BenchContracts(contractsOf(state));
-    FlexGrid grid(FlexGrid::Selection::Rows);
+    FlexGrid grid(FlexGrid::SelectRows);
     ContractList list(grid.table());
     grid.resize(900, 500);
     grid.show();

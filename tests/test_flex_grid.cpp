@@ -20,10 +20,10 @@ class TestFlexGrid : public QObject
 private slots:
     void keys()
     {
-        const auto rows = FlexGrid::Selection::Rows;
-        const auto cell = FlexGrid::Selection::Cell;
+        const auto rows = FlexGrid::SelectRows;
+        const auto cell = FlexGrid::SelectItems;
         for (const auto &[selection, keys, wanted] :
-             QList<std::tuple<FlexGrid::Selection, QList<Qt::Key>, QString>>{
+             QList<std::tuple<FlexGrid::SelectionBehavior, QList<Qt::Key>, QString>>{
                  {rows, {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up}, u"1,1 [1-1,0-2]"_s},
                  {rows, {Qt::Key_End, Qt::Key_Down}, u"200,1 [200-200,0-2]"_s},
                  {rows, {Qt::Key_End, Qt::Key_Home}, u"1,1 [1-1,0-2]"_s},
@@ -43,7 +43,7 @@ private slots:
 
     void copiesAndFinds()
     {
-        open(FlexGrid::Selection::Rows, 3);
+        open(FlexGrid::SelectRows, 3);
         m_grid->table().setHeader({u"Nr"_s, u"Creditore"_s, u"importo"_s});
         AddRow(m_grid->table(), {u"1"_s, u"Edil\tValle"_s, u"1.000,00"_s});
         AddRow(m_grid->table(), {u"2"_s, u"Po \"Srl\""_s, u"2,50"_s});
@@ -63,7 +63,7 @@ private slots:
 
     void activation()
     {
-        open(FlexGrid::Selection::Rows, 3);
+        open(FlexGrid::SelectRows, 3);
         m_grid->table().setRow(2);
         QSignalSpy activated(m_grid, &FlexGrid::cellActivated);
         const QSignalSpy deleted(m_grid, &FlexGrid::deletePressed);
@@ -85,7 +85,7 @@ private slots:
 
     void doubleClick()
     {
-        open(FlexGrid::Selection::Cell, 3);
+        open(FlexGrid::SelectItems, 3);
         QSignalSpy activated(m_grid, &FlexGrid::cellActivated);
         QStringList current;
         connect(m_grid, &FlexGrid::cellActivated, this, [&] { current += state(); });
@@ -103,7 +103,7 @@ private slots:
 
     void tableMovesTheView()
     {
-        open(FlexGrid::Selection::Rows, 200);
+        open(FlexGrid::SelectRows, 200);
         TextTable &table = m_grid->table();
         table.setRow(150);
         QCOMPARE(state(), u"150,0 [150-150,0-2]"_s);
@@ -126,7 +126,7 @@ private slots:
     /** A screen reader selects a row, but does not make it current. */
     void whatIsSelectedIsCurrent()
     {
-        open(FlexGrid::Selection::Rows, 9);
+        open(FlexGrid::SelectRows, 9);
         m_grid->table().setRow(2);
         auto *rows = QAccessible::queryAccessibleInterface(m_grid)->tableInterface();
         QVERIFY(rows && rows->selectRow(6));
@@ -135,7 +135,7 @@ private slots:
 
     void columnsGrow()
     {
-        open(FlexGrid::Selection::Rows, 3);
+        open(FlexGrid::SelectRows, 3);
         m_grid->table().setText(1, 1, QString(255, u'W')); // long texts are bounded
         const int dots = m_grid->logicalDpiX();
         QCOMPARE(m_grid->columnWidth(0), 400 * dots / 1440);
@@ -159,7 +159,7 @@ private slots:
 
     void cutTextsShowWhole()
     {
-        open(FlexGrid::Selection::Rows, 3);
+        open(FlexGrid::SelectRows, 3);
         m_grid->table().setText(1, 1, u"<"_s + QString(300, u'W'));
         const auto tipOver = [this](int row) {
             const QPoint place = middleOf(row, 1);
@@ -174,7 +174,7 @@ private slots:
 
 private:
     /** A window with the grid, which has the focus. */
-    void open(FlexGrid::Selection selection, int bodyRows)
+    void open(FlexGrid::SelectionBehavior selection, int bodyRows)
     {
         m_window = std::make_unique<QWidget>();
         m_grid = new FlexGrid(selection);

@@ -12,63 +12,28 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QtMath>
 
 #include <algorithm>
-#include <cmath>
 #include <vector>
 
 namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/** Widths of texts in one font, in pixels. Each letter is measured once: a table may hold a hundred
- *  thousand texts, and the toolkit is slow to measure one. */
-class LetterWidths
-{
-public:
-    explicit LetterWidths(const QFont &font)
-        : m_metrics(font)
-        , m_letters(letterCount, unknown)
-    {
-    }
-
-    int of(const QString &text)
-    {
-        qreal width = 0;
-        for (const QChar letter : text) {
-            qreal &known = m_letters[letter.unicode()];
-            if (known == unknown)
-                known = m_metrics.horizontalAdvance(letter);
-            width += known;
-        }
-        return static_cast<int>(std::ceil(width));
-    }
-
-private:
-    static constexpr size_t letterCount = 0x10000;
-    static constexpr qreal unknown = -1;
-    QFontMetricsF m_metrics;
-    std::vector<qreal> m_letters;
-};
-
-} // namespace
-
-FlexGrid::FlexGrid(Selection selection, QWidget *parent)
+FlexGrid::FlexGrid(SelectionBehavior selected, QWidget *parent)
     : QTableView(parent)
-    , m_selection(selection)
 {
     setModel(&m_table);
     FollowSelection(*this);
     setUpLook();
     setSelectionMode(SingleSelection);
-    setSelectionBehavior(m_selection == Selection::Rows ? SelectRows : SelectItems);
+    setSelectionBehavior(selected);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
     // The wheel scrolls without taking the focus from where the user is writing.
     setFocusPolicy(Qt::StrongFocus);
-    if (m_selection == Selection::Rows)
+    if (selectsRows())
         offerCopies();
     measureAll();
     connect(&m_table, &TextTable::modelReset, this, [this] {
@@ -86,7 +51,7 @@ FlexGrid::FlexGrid(Selection selection, QWidget *parent)
 
 void FlexGrid::setUpLook()
 {
-    setItemDelegate(new FlexGridDelegate(m_selection, this));
+    setItemDelegate(new FlexGridDelegate(this));
     setAlternatingRowColors(true);
     setWordWrap(false);
     setHorizontalScrollMode(ScrollPerPixel);
@@ -115,13 +80,13 @@ void FlexGrid::scrollTo(const QModelIndex &index, ScrollHint hint)
 {
     const int sideways = horizontalScrollBar()->value();
     QTableView::scrollTo(index, hint);
-    if (m_selection == Selection::Rows)
+    if (selectsRows())
         horizontalScrollBar()->setValue(sideways);
 }
 
 void FlexGrid::keyboardSearch(const QString &search)
 {
-    if (m_selection == Selection::Cell) {
+    if (!selectsRows()) {
         emit textTyped(search);
     } else if (m_searchColumn >= 0 && m_table.currentIndex().isValid()) {
         m_table.setColumn(m_searchColumn); // the toolkit searches the current one
@@ -209,7 +174,7 @@ void FlexGrid::currentChanged(const QModelIndex &current, const QModelIndex &pre
 QModelIndex FlexGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
     const QModelIndex current = currentIndex();
-    if (m_selection == Selection::Cell || !current.isValid())
+    if (!selectsRows() || !current.isValid())
         return QTableView::moveCursor(action, modifiers);
     if (action == MoveHome || action == MoveEnd)
         return current.siblingAtRow(action == MoveHome ? 0 : m_table.rowCount() - 1);
@@ -227,7 +192,7 @@ QItemSelectionModel::SelectionFlags FlexGrid::selectionCommand(const QModelIndex
     if (!index.isValid())
         return QItemSelectionModel::NoUpdate;
     const QItemSelectionModel::SelectionFlags flags = QItemSelectionModel::ClearAndSelect;
-    return m_selection == Selection::Rows ? flags | QItemSelectionModel::Rows : flags;
+    return selectsRows() ? flags | QItemSelectionModel::Rows : flags;
 }
 
 void FlexGrid::measureAll()
@@ -235,12 +200,26 @@ void FlexGrid::measureAll()
     const int rowHeight = fontMetrics().height() * 3 / 2;
     verticalHeader()->setDefaultSectionSize(rowHeight);
     horizontalHeader()->setMinimumHeight(rowHeight);
-    LetterWidths body(font());
+    // Each letter is measured once: a table may hold a hundred thousand texts, and the toolkit is
+    // slow to measure one.
+    constexpr qreal unknown = -1;
+    const QFontMetricsF metrics(font());
+    std::vector<qreal> letters(0x10000, unknown);
+    const auto widthOf = [&](const QString &text) {
+        qreal width = 0;
+        for (const QChar letter : text) {
+            qreal &known = letters[letter.unicode()];
+            if (known == unknown)
+                known = metrics.horizontalAdvance(letter);
+            width += known;
+        }
+        return qCeil(width);
+    };
     m_textWidths.clear();
     for (int column = 0; column < m_table.columns(); ++column) {
         int widest = horizontalHeader()->fontMetrics().horizontalAdvance(m_table.text(0, column));
         for (int row = 1; row < m_table.rows() && column != m_restColumn; ++row)
-            widest = std::max(widest, body.of(m_table.text(row, column)));
+            widest = std::max(widest, widthOf(m_table.text(row, column)));
         m_textWidths.append(widest);
     }
     fitColumns();

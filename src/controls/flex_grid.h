@@ -29,14 +29,9 @@ class FlexGrid : public QTableView
     Q_OBJECT
 
 public:
-    /** What the user selects: whole rows, or the one current cell. */
-    enum class Selection
-    {
-        Rows,
-        Cell
-    };
-
-    explicit FlexGrid(Selection selection, QWidget *parent = nullptr);
+    /** @param selected what the user selects: whole rows (SelectRows), or the one current cell
+     *  (SelectItems). */
+    explicit FlexGrid(SelectionBehavior selected, QWidget *parent = nullptr);
 
     /** The content; valid as long as the grid. */
     TextTable &table() { return m_table; }
@@ -75,6 +70,7 @@ protected:
                                                          const QEvent *event) const override;
 
 private:
+    bool selectsRows() const { return selectionBehavior() == SelectRows; }
     void setUpLook();
     void offerCopies();
     void measureAll();
@@ -83,7 +79,6 @@ private:
     /** Makes the table's current cell the view's. */
     void followTable();
 
-    Selection m_selection;
     TextTable m_table;
     QList<int> m_leastWidths; ///< pixels
     int m_restColumn = -1;

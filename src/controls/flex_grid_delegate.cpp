@@ -17,12 +17,6 @@ constexpr int slack = 4; ///< pixels that keep captions clear of the lines betwe
 
 } // namespace
 
-FlexGridDelegate::FlexGridDelegate(FlexGrid::Selection selection, QObject *parent)
-    : QStyledItemDelegate(parent)
-    , m_selection(selection)
-{
-}
-
 int FlexGridDelegate::spaceAroundText(const QWidget &view)
 {
     constexpr int gridLine = 1;
@@ -46,7 +40,8 @@ bool FlexGridDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
 void FlexGridDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (m_selection == FlexGrid::Selection::Rows)
+    const auto *view = static_cast<const QAbstractItemView *>(option->widget);
+    if (view->selectionBehavior() == QAbstractItemView::SelectRows)
         option->state &= ~QStyle::State_HasFocus;
     constexpr int paleness = 65;
     QPalette &palette = option->palette;

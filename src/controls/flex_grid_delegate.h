@@ -1,7 +1,5 @@
 #pragma once
 
-#include "controls/flex_grid.h"
-
 #include <QStyledItemDelegate>
 
 namespace saldoro {
@@ -12,7 +10,7 @@ namespace saldoro {
 class FlexGridDelegate : public QStyledItemDelegate
 {
 public:
-    FlexGridDelegate(FlexGrid::Selection selection, QObject *parent);
+    using QStyledItemDelegate::QStyledItemDelegate;
 
     /** Pixels that a column is to be wider than its text, in the style of @p view. */
     static int spaceAroundText(const QWidget &view);
@@ -22,9 +20,6 @@ public:
 
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
-
-private:
-    FlexGrid::Selection m_selection;
 };
 
 } // namespace saldoro

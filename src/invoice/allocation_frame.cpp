@@ -36,7 +36,7 @@ AllocationFrame::AllocationFrame(const QString &caption, const TextTable &overvi
     , m_values(values)
     , m_paymentNumber(paymentNumber)
     , m_navigation(navigation)
-    , m_grid(new FlexGrid(FlexGrid::Selection::Cell, this))
+    , m_grid(new FlexGrid(FlexGrid::SelectItems, this))
     , m_editor(new QLineEdit(m_grid->viewport()))
     , m_list(new PopupList(form))
     , m_invoiceTotal(new QLabel(this))

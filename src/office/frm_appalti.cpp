@@ -59,7 +59,7 @@ QString askFolder(QWidget *parent, const QString &title)
 } // namespace
 
 FrmAppalti::FrmAppalti()
-    : m_grid(new FlexGrid(FlexGrid::Selection::Rows))
+    : m_grid(new FlexGrid(FlexGrid::SelectRows))
     , m_contracts(new ContractList(m_grid->table(), this))
     , m_place(new QLineEdit)
     , m_state(new QLabel)

@@ -46,8 +46,8 @@ QLabel *makeHeading(const QString &name, const QString &text, QWidget *buddy)
 
 FrmPrincipale::FrmPrincipale(ProgramValues &values)
     : m_values(values)
-    , m_payments(new FlexGrid(FlexGrid::Selection::Rows, this))
-    , m_overview(new FlexGrid(FlexGrid::Selection::Rows, this))
+    , m_payments(new FlexGrid(FlexGrid::SelectRows, this))
+    , m_overview(new FlexGrid(FlexGrid::SelectRows, this))
     , m_strip(new NoticeStrip(this, NoticeStrip::Worth::Hidden, [this] {
         return MainScreenNotices(m_payments->table(), m_overview->table(), m_isOpenElsewhere);
     }))
