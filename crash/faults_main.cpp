@@ -206,7 +206,7 @@ int main(int argc, char *argv[])
     if (QDir(u"/dev/shm"_s).exists())
         qputenv("TMPDIR", "/dev/shm");
     const QCoreApplication application(argc, argv);
-    ReplaceMessageBoxes([](MessageKind, const QString &) { return MessageAnswer::Yes; });
+    ReplaceMessageBoxes([](MessageKind, const QString &) { return true; });
     const QStringList named = QCoreApplication::arguments().sliced(1);
     QString name = u"endless query"_s;
     try {

@@ -14,7 +14,7 @@ public:
     AnsweredBoxes()
         : m_before(ReplaceMessageBoxes([this](MessageKind kind, const QString &text) {
             messages += (kind == MessageKind::Critical ? QStringLiteral("!") : QString()) + text;
-            return kind == MessageKind::Question ? answer : MessageAnswer::Ok;
+            return saysYes;
         }))
     {
     }
@@ -24,7 +24,7 @@ public:
 
     QStringList messages;
     /** To questions. */
-    MessageAnswer answer = MessageAnswer::No;
+    bool saysYes = false;
 
 private:
     MessageAnswerer m_before;

@@ -17,7 +17,7 @@ class OpenProgram : public AnsweredBoxes
 public:
     OpenProgram()
     {
-        answer = MessageAnswer::Yes;
+        saysYes = true;
         PlantPayments(archive, "('A',3,'Cave Unite','2021-05-20',250000,55000,NULL)");
         archive.execute(ContractPath(values),
                         u"INSERT INTO SchedaProgetto (Voce) VALUES ('M0097_2'),('M0097_22')"_s);

@@ -59,7 +59,7 @@ private slots:
               {u"Alt+E, Alt+N"_s, question(3) + u" new 4"_s},
               {u"Alt+Q, Tab, Return"_s, u"new 4"_s}}) {
             OpenProgram program;
-            program.answer = MessageAnswer::No;
+            program.saysYes = false;
             program.play(steps);
             QCOMPARE(program.told(), opened);
         }
@@ -67,10 +67,9 @@ private slots:
 
     void deletes()
     {
-        for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
-            const bool deleted = answer == MessageAnswer::Yes;
+        for (const bool deleted : {false, true}) {
             OpenProgram program;
-            program.answer = answer;
+            program.saysYes = deleted;
             program.archive.execute(
                 LedgerPath(program.values), // all of that number go, whoever wrote them
                 u"INSERT INTO Fatture (Npag) VALUES (2);"

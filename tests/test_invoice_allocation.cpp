@@ -112,7 +112,7 @@ private slots:
         d->overview.setText(3, 0, u"   "_s); // without a code it is no choice
         d->play(u"click Command3, Return"_s);
         QCOMPARE(seen(), u"A1|x|1.300,00;A2|x|45,00 = 1.345,00 at MSFlexGrid1"_s);
-        d->answer = MessageAnswer::Yes;
+        d->saysYes = true;
         d->play(u"click Command3, hold Alt+E"_s); // once: one item
         QCOMPARE(seen(), u"A1|x|1.300,00 = 1.300,00 at Command4"_s);
         QCOMPARE(d->messages, QStringList(u"Vuoi eliminare il Cod. A2?"_s));
@@ -132,7 +132,7 @@ private slots:
         open(2);
         d->play(u"click Command4"_s); // the last row, to begin with
         QCOMPARE(seen(), u"A1|x|1.300,00;A2|x|45,00 = 1.345,00 at Command4"_s);
-        d->answer = MessageAnswer::Yes;
+        d->saysYes = true;
         click(1, 0);
         d->play(u"click Command4"_s);
         QCOMPARE(seen(), u"A2|x|45,00 = 45,00 at Command4"_s);

@@ -58,7 +58,7 @@ private slots:
             d->play(u"click Command1"_s); // and No
             QVERIFY(d->form->isVisible());
             QCOMPARE(d->archive.ledgerRows(u"SELECT * FROM Fatture"_s), QString());
-            d->answer = MessageAnswer::Yes;
+            d->saysYes = true;
             QString names = amounts + (company ? u" Text2_3"_s : u" Text2_4"_s);
             names.remove(m_typed);
             for (int pass = 0; pass < 2; ++pass) { // as typed, and as read back

@@ -65,7 +65,7 @@ private slots:
         const QString before = d->text(u"Text1_3"_s);
         d->find<QLineEdit>(u"Text1_3"_s)->insert(astral.first(1)); // half a character
         QCOMPARE(d->text(u"Text1_3"_s), before);
-        d->answer = MessageAnswer::Yes;
+        d->saysYes = true;
         d->play(u"Ctrl+Shift+Z, click Command1"_s);
         QCOMPARE(d->archive.ledgerRows(u"SELECT Creditore FROM Fatture"_s), full);
     }
@@ -149,7 +149,7 @@ private slots:
         d->archive.execute(
             LedgerPath(d->values),
             u"INSERT INTO Fatture (AziProf, Npag, Memo) VALUES ('P', 1, '%1')"_s.arg(note));
-        d->answer = MessageAnswer::Yes;
+        d->saysYes = true;
         QApplication::clipboard()->setMimeData(new QMimeData); // nothing at all
         for (const auto &[steps, stored] : {std::pair{u"type x, to Memo, Ctrl+V"_s, note},
                                             {u"to Memo, Return"_s, u"\r\na\r\nb c"_s}}) {

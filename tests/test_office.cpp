@@ -121,7 +121,7 @@ private slots:
         QCOMPARE(Find<FlexGrid>(form, u"Elenco"_s)->table().rows(), 1);
         // Where there are no archives, their disk may not be there.
         for (const bool isWanted : {false, true}) {
-            office.answer = isWanted ? MessageAnswer::Yes : MessageAnswer::No;
+            office.saysYes = isWanted;
             Play(&form, u"to Elenco, Alt+N"_s);
             QVERIFY(office.messages.takeLast().contains(u"non ci sono archivi"_s));
             QCOMPARE(form.findChild<FrmVoci *>() != nullptr, isWanted);

@@ -76,7 +76,7 @@ private slots:
         form.show();
         QVERIFY(QTest::qWaitForWindowActive(&form));
         auto *box = Find<QComboBox>(form, u"Appaltatore"_s);
-        office.answer = MessageAnswer::Yes; // to the question whether to replace rows
+        office.saysYes = true; // to the question whether to replace rows
         const auto paste = [&form](const QString &text) {
             QGuiApplication::clipboard()->setText(text);
             Play(Find(form, u"Imprese"_s), u"to Celle, Ctrl+V"_s);

@@ -209,7 +209,7 @@ private slots:
         QVERIFY(office.messages.last().startsWith(u"!voci.csv, riga 2: le celle sono 4"_s));
         QCOMPARE(drop("Voce,Descri,Importo\nA1,Scavi,\"12,50\""),
                  u"Righe da prendere: 1    Totale: 12,50"_s);
-        office.answer = MessageAnswer::Yes; // to the question whether to replace them
+        office.saysYes = true; // to the question whether to replace them
         QCOMPARE(drop("A1;Scavi;7\nB1;Muri;8"), u"Righe da prendere: 2    Totale: 15,00"_s);
         Play(&form, u"to Celle, Ctrl+End, Del"_s); // which chooses the row that it goes to
         QVERIFY(Find<QLabel>(form, u"Somma"_s)

@@ -225,7 +225,7 @@ private slots:
             QTimer::singleShot(0, qApp, [] { throw OverflowError(u"secondo"_s); });
             QCoreApplication::processEvents();
             throw std::runtime_error("third");
-            return MessageAnswer::Ok;
+            return false;
         });
         QDialog dialog;
         int dialogResult = -1;

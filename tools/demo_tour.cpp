@@ -238,10 +238,10 @@ private:
     QTextStream m_output{stdout};
 };
 
-MessageAnswer printMessage(MessageKind kind, const QString &text)
+bool printMessage(MessageKind kind, const QString &text)
 {
     QTextStream(stderr) << u'\n' << text << u'\n';
-    return kind == MessageKind::Question ? MessageAnswer::No : MessageAnswer::Ok;
+    return false;
 }
 
 /** The off-screen platform remarks on everything that needs a screen; only failures matter. */

@@ -22,7 +22,7 @@ MessageAnswerer &currentAnswerer()
 
 } // namespace
 
-MessageAnswer ShowMessage(MessageKind kind, const QString &text)
+bool ShowMessage(MessageKind kind, const QString &text)
 {
     if (currentAnswerer())
         return currentAnswerer()(kind, text);
@@ -37,21 +37,20 @@ MessageAnswer ShowMessage(MessageKind kind, const QString &text)
     box.setTextFormat(Qt::PlainText);
     // The program's windows stay above others; a box below them could not be answered.
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
-    if (!isQuestion) {
-        box.exec();
-        return MessageAnswer::Ok;
+    const QPushButton *yes = nullptr;
+    if (isQuestion) {
+        yes = box.addButton(u"&Sì"_s, QMessageBox::YesRole);
+        QPushButton *no = box.addButton(u"&No"_s, QMessageBox::NoRole);
+        box.setDefaultButton(no);
+        box.setEscapeButton(no);
     }
-    const QPushButton *yes = box.addButton(u"&Sì"_s, QMessageBox::YesRole);
-    QPushButton *no = box.addButton(u"&No"_s, QMessageBox::NoRole);
-    box.setDefaultButton(no);
-    box.setEscapeButton(no);
     box.exec();
-    return box.clickedButton() == yes ? MessageAnswer::Yes : MessageAnswer::No;
+    return isQuestion && box.clickedButton() == yes;
 }
 
 bool ChiediConferma(const QString &question)
 {
-    return ShowMessage(MessageKind::Question, question) == MessageAnswer::Yes;
+    return ShowMessage(MessageKind::Question, question);
 }
 
 MessageAnswerer ReplaceMessageBoxes(MessageAnswerer answerer)

@@ -14,27 +14,19 @@ enum class MessageKind
     Question     ///< no sign, Yes and No, No preset
 };
 
-/** The user's answer; boxes with only OK give Ok. */
-enum class MessageAnswer
-{
-    Ok,
-    Yes,
-    No
-};
-
 /**
- * Shows a modal message box under the application's title and waits for the answer. Esc or closing
- * the box answers No to a question; the underlined letters answer also without Alt. A key that was
- * down before the box came answers nothing (see IsKeyHeld). All message boxes are shown by this
- * function, except PrintError()'s on Windows.
+ * Shows a modal message box under the application's title, waits for the answer and returns whether
+ * it was Yes. Esc or closing the box answers No to a question; the underlined letters answer also
+ * without Alt. A key that was down before the box came answers nothing (see IsKeyHeld). All message
+ * boxes are shown by this function, except PrintError()'s on Windows.
  */
-MessageAnswer ShowMessage(MessageKind kind, const QString &text);
+bool ShowMessage(MessageKind kind, const QString &text);
 
 /** Asks a question with Yes and No, of which No is preset; true when the answer is Yes. */
 bool ChiediConferma(const QString &question);
 
-/** Answers a box in the user's place. */
-using MessageAnswerer = std::function<MessageAnswer(MessageKind kind, const QString &text)>;
+/** Answers a box in the user's place; true for Yes. */
+using MessageAnswerer = std::function<bool(MessageKind kind, const QString &text)>;
 
 /** From now on @p answerer answers instead of real boxes; an empty one brings them back. Returns
  *  the one before. For tests and for runs without a person. */

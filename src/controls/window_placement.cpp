@@ -18,11 +18,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Acts on each event of a type that a window gets, until the action says that it is done. */
+/** Acts on each event of a type that a window gets. */
 class WindowWatcher : public QObject
 {
 public:
-    using Action = std::function<bool(const QEvent &event)>;
+    using Action = std::function<void(const QEvent &event)>;
 
     WindowWatcher(QWidget &window, QEvent::Type type, Action action)
         : QObject(&window)
@@ -33,12 +33,10 @@ public:
     }
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
     {
-        if (event->type() == m_type && m_action(*event)) {
-            watched->removeEventFilter(this);
-            deleteLater();
-        }
+        if (event->type() == m_type)
+            m_action(*event);
         return false;
     }
 
@@ -95,10 +93,11 @@ void CentraForm(QWidget &form)
     if (form.isVisible())
         return;
     // The window system has framed a form by the time that it first makes it the active one.
-    new WindowWatcher(form, QEvent::WindowActivate, [&form](const QEvent & /*event*/) {
-        centre(form);
-        return true;
-    });
+    auto centreOnce = [&form, isDone = false](const QEvent & /*event*/) mutable {
+        if (!std::exchange(isDone, true))
+            centre(form);
+    };
+    new WindowWatcher(form, QEvent::WindowActivate, std::move(centreOnce));
 }
 
 void BringToFront(QWidget &form)
@@ -140,10 +139,9 @@ void SizeWindow(QWidget &window, QSize first)
         return;
     auto keep = [&window, kept = window.size()](const QEvent &hiding) mutable {
         if (hiding.spontaneous() || window.size() == kept || fillsTheScreen(window))
-            return false;
+            return;
         kept = window.size();
         QSettings(sizesFile(), QSettings::IniFormat).setValue(window.objectName(), kept);
-        return false;
     };
     new WindowWatcher(window, QEvent::Hide, std::move(keep));
 }
