@@ -1,13 +1,13 @@
 #include "controls/date_box.h"
 
 #include "common/date_text.h"
+#include "controls/edit_rule.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QRegularExpression>
-#include <QValidator>
 
 #include <algorithm>
 
@@ -80,54 +80,13 @@ private:
     }
 };
 
-/** Makes a mask's text of what the line edit has done to the one that was shown. */
-class DateMask : public QValidator
-{
-public:
-    /** @param before what is shown while nothing changes, and where a change would begin */
-    DateMask(const QString &before, const int &start, QObject *parent)
-        : QValidator(parent)
-        , m_before(before)
-        , m_start(start)
-    {
-    }
-
-    State validate(QString &text, int &cursor) const override
-    {
-        if (text == m_before ||
-            isAll(maskText, text)) // the toolkit also asks about what it was given
-            return Acceptable;
-        // What stood from first to last has given way to what stands before the cursor now.
-        const qsizetype first = std::min(m_start, cursor);
-        const qsizetype last = m_before.size() - (text.size() - cursor);
-        const QString typed = text.sliced(first, cursor - first).trimmed();
-        // Blanks, and a "/" alone, take nothing away.
-        if (!isAll(typeable, typed) || (typed.isEmpty() && first < cursor) ||
-            (typed == u"/" && first < last))
-            return Invalid;
-        MaskText mask{m_before, first};
-        if (isAll(TypedDayForm, typed) || isAll(eightDigits, typed) || !isAll(maskText, m_before))
-            mask = {EmptyDateText.toString(), 0};
-        else
-            mask.erase(first, last);
-        for (const QChar character : typed)
-            mask.type(character);
-        text = mask.text;
-        cursor = static_cast<int>(mask.cursor);
-        return Acceptable;
-    }
-
-private:
-    const QString &m_before;
-    const int &m_start;
-};
-
 } // namespace
 
 DateBox::DateBox(QWidget *parent)
     : QLineEdit(parent)
 {
-    setValidator(new DateMask(m_before, m_start, this));
+    setValidator(
+        new EditRule(this, [this](QString &text, int &cursor) { return mask(text, cursor); }));
     setDateText({});
     setInputMethodHints(Qt::ImhDate | Qt::ImhPreferNumbers | Qt::ImhNoPredictiveText);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -143,6 +102,31 @@ DateBox::DateBox(QWidget *parent)
     connect(this, &QLineEdit::selectionChanged, this, remember);
     connect(this, &QLineEdit::textChanged, this, &QWidget::updateGeometry);
     connect(this, &QLineEdit::textChanged, this, [this] { m_leftWith.clear(); });
+}
+
+/** Makes a mask's text of what the line edit has done to the one that was shown. */
+QValidator::State DateBox::mask(QString &text, int &cursor) const
+{
+    if (text == m_before || isAll(maskText, text)) // the toolkit also asks about what it was given
+        return QValidator::Acceptable;
+    // What stood from first to last has given way to what stands before the cursor now.
+    const qsizetype first = std::min(m_start, cursor);
+    const qsizetype last = m_before.size() - (text.size() - cursor);
+    const QString typed = text.sliced(first, cursor - first).trimmed();
+    // Blanks, and a "/" alone, take nothing away.
+    if (!isAll(typeable, typed) || (typed.isEmpty() && first < cursor) ||
+        (typed == u"/" && first < last))
+        return QValidator::Invalid;
+    MaskText masked{m_before, first};
+    if (isAll(TypedDayForm, typed) || isAll(eightDigits, typed) || !isAll(maskText, m_before))
+        masked = {EmptyDateText.toString(), 0};
+    else
+        masked.erase(first, last);
+    for (const QChar character : typed)
+        masked.type(character);
+    text = masked.text;
+    cursor = static_cast<int>(masked.cursor);
+    return QValidator::Acceptable;
 }
 
 void DateBox::setDateText(const QString &text)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QValidator>
 
 namespace saldoro {
 
@@ -41,6 +42,8 @@ protected:
     void inputMethodEvent(QInputMethodEvent *event) override;
 
 private:
+    QValidator::State mask(QString &text, int &cursor) const;
+
     QString m_before; ///< the text before the user's next change
     int m_start = 0;  ///< where that change will begin
     QString m_leftWith;

@@ -1,10 +1,10 @@
 #include "invoice/entry_field.h"
 
 #include "common/characters.h"
+#include "controls/edit_rule.h"
 
 #include <QDropEvent>
 #include <QRegularExpression>
-#include <QValidator>
 
 #include <utility>
 
@@ -24,27 +24,6 @@ QString cleaned(QString text)
 
 } // namespace
 
-/** Makes the line take back an edit that it can't hold. The toolkit's own limit counts units of the
- *  encoding, and some characters take two. Changing the text after the edit would empty the line's
- *  undo history. */
-class EntryField::Limit : public QValidator
-{
-public:
-    explicit Limit(EntryField &field)
-        : QValidator(&field)
-        , m_field(field)
-    {
-    }
-
-    State validate(QString &text, int &cursor) const override
-    {
-        return m_field.accepts(text, cursor) ? Acceptable : Invalid;
-    }
-
-private:
-    EntryField &m_field;
-};
-
 int BoxWidth(const QWidget &box, QStringView widest)
 {
     const int frame = 2 * box.fontMetrics().averageCharWidth();
@@ -55,7 +34,12 @@ EntryField::EntryField(QWidget *parent, int mostCharacters)
     : QLineEdit(parent)
     , m_mostCharacters(mostCharacters)
 {
-    setValidator(new Limit(*this));
+    // The line takes back an edit that it can't hold. The toolkit's own limit counts units of the
+    // encoding, and some characters take two. Changing the text after the edit would empty the
+    // line's undo history.
+    setValidator(new EditRule(this, [this](const QString &text, int cursor) {
+        return accepts(text, cursor) ? QValidator::Acceptable : QValidator::Invalid;
+    }));
     connect(this, &QLineEdit::textChanged, this, [this](const QString &text) {
         if (CharacterCount(text) < m_mostCharacters)
             m_isCut = false;

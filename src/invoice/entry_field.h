@@ -37,8 +37,6 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    class Limit;
-
     bool accepts(const QString &text, int cursor);
     void insertRefused();
 
