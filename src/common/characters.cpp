@@ -1,32 +1,22 @@
 #include "common/characters.h"
 
+#include <QList>
+
 namespace saldoro {
-
-namespace {
-
-/** How many code units the character at @p unit takes. */
-int unitsAt(const QString &text, qsizetype unit)
-{
-    const bool isPair =
-        text[unit].isHighSurrogate() && unit + 1 < text.size() && text[unit + 1].isLowSurrogate();
-    return isPair ? 2 : 1;
-}
-
-} // namespace
 
 qsizetype CharacterCount(const QString &text)
 {
-    qsizetype count = 0;
-    for (qsizetype unit = 0; unit < text.size(); unit += unitsAt(text, unit))
-        ++count;
-    return count;
+    return text.toUcs4().size();
 }
 
 QString LeftCharacters(const QString &text, qsizetype count)
 {
     qsizetype end = 0;
-    for (; end < text.size() && count > 0; --count)
-        end += unitsAt(text, end);
+    for (; end < text.size() && count > 0; --count) {
+        const bool isPair =
+            text[end].isHighSurrogate() && end + 1 < text.size() && text[end + 1].isLowSurrogate();
+        end += isPair ? 2 : 1;
+    }
     return text.left(end);
 }
 

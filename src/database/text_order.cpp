@@ -20,15 +20,10 @@ QString decomposedFold(QByteArrayView text)
     return TextOfStoredBytes(text).normalized(QString::NormalizationForm_D).toCaseFolded();
 }
 
-QString withoutAccents(const QString &decomposed)
+QString withoutAccents(QString decomposed)
 {
-    QString bare;
-    bare.reserve(decomposed.size());
-    for (const QChar character : decomposed) {
-        if (character.category() != QChar::Mark_NonSpacing)
-            bare.append(character);
-    }
-    return bare;
+    return decomposed.removeIf(
+        [](QChar character) { return character.category() == QChar::Mark_NonSpacing; });
 }
 
 } // namespace
