@@ -11,13 +11,11 @@
 
 #include <QTest>
 
-#include <csignal>
 #include <limits>
 #include <stdexcept>
-#include <utility>
 
 #ifndef Q_OS_WIN
-#include <sys/resource.h>
+#include "full_disk.h"
 #endif
 
 using namespace saldoro;
@@ -201,14 +199,10 @@ void TestExchange::exportRefuses()
     QVERIFY(QDir().rmdir(out + u"/Spese.csv"_s));
 #ifndef Q_OS_WIN
     // A disk that takes a part of a file, which the system tells when it is flushed.
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    const auto unlimited = std::exchange(limit.rlim_cur, 100);
-    std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &limit);
-    QVERIFY_THROWS_EXCEPTION(FileError, ExportProject(office.project(), out, true));
-    limit.rlim_cur = unlimited;
-    setrlimit(RLIMIT_FSIZE, &limit);
+    {
+        const FullDisk partly(100);
+        QVERIFY_THROWS_EXCEPTION(FileError, ExportProject(office.project(), out, true));
+    }
     QCOMPARE(ContentOf(out + u"/fatture.CSV"_s), "mio");
 #endif
     // Files that an export has left half replaced are neither taken nor added to.

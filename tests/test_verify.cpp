@@ -3,9 +3,14 @@
 #include "sound_project.h"
 #include "verify/verification.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTest>
+
+#ifndef Q_OS_WIN
+#include "full_disk.h"
+#endif
 
 using namespace saldoro;
 
@@ -34,6 +39,7 @@ class TestVerify : public QObject
 private slots:
     void finds();
     void unreadableFilesAreFindings();
+    void folderThatTakesNoFiles();
     void readsOneMoment();
     void aValueTakesNoLineOfTheReport();
 };
@@ -234,6 +240,29 @@ void TestVerify::unreadableFilesAreFindings()
         "L'archivio non è stato trovato.\nSaldoro.mdb: il file è danneggiato (\nSaldoro.mdb: nella "
         "tabella Spese il"_s;
     QCOMPARE(summary(VerifyProject(project.folder()).first(5), found), found);
+}
+
+/** A save makes files beside the databases. The trial leaves none. */
+void TestVerify::folderThatTakesNoFiles()
+{
+    const SoundProject project;
+    const QDir folder(project.folder());
+    const QString found = u"Cartella %1: il prossimo salvataggio si fermerà qui: "_s.arg(
+        QFileInfo(folder.path()).fileName());
+    const QStringList before = folder.entryList(QDir::AllEntries | QDir::Hidden);
+#ifndef Q_OS_WIN
+    {
+        const FullDisk disk(0);
+        QCOMPARE(summary(VerifyProject(folder.path()), found), found);
+    }
+    QVERIFY(QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner));
+    const QString closed = QFileInfo(folder.path()).isWritable() ? QString() : found; // superuser
+    QCOMPARE(summary(VerifyProject(folder.path()), closed), closed);
+    QVERIFY(QFile::setPermissions(folder.path(),
+                                  QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+#endif
+    QCOMPARE(VerifyProject(folder.path()).size(), 0);
+    QCOMPARE(folder.entryList(QDir::AllEntries | QDir::Hidden), before);
 }
 
 /** What another program saves between two tables does not show as a difference of theirs. */

@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "platform/progress.h"
+#include "platform/whole_file.h"
 #include "store/table_definitions.h"
 #include "verify/allocation_checks.h"
 #include "verify/company_checks.h"
@@ -10,6 +11,7 @@
 #include "verify/value_checks.h"
 #include "verify/write_trial.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -109,6 +111,19 @@ void Verification::tryWriting(const Database &database, ArchiveFile file)
     }
 }
 
+void Verification::tryFolder(const QString &folder)
+{
+    constexpr qsizetype journal = 65536; // bytes; more than that of a payment
+    try {
+        const WholeFile trial(AsideName(folder + u"/prova"_s), QByteArray(journal, ' '));
+    } catch (const FileError &error) {
+        m_ofFiles.append({FindingGroup::Files,
+                          u"Cartella "_s + QFileInfo(QDir(folder).absolutePath()).fileName(),
+                          u"il prossimo salvataggio si fermerà qui: "_s + error.problem(),
+                          error.remedy()});
+    }
+}
+
 Findings Verification::check() const
 {
     Findings findings = m_ofFiles;
@@ -139,6 +154,7 @@ Findings VerifyProject(const QString &folder, const QString &codes)
                 verification.tryWriting(database, file);
         });
     }
+    verification.tryFolder(folder);
     return verification.check();
 }
 

@@ -30,6 +30,7 @@ private:
     template <typename Action>
     void guarded(const QString &path, const Action &action);
     void tryWriting(const Database &database, ArchiveFile file);
+    void tryFolder(const QString &folder);
     void addOfFile(const QString &path, const QString &problem);
 
     ProjectTables m_tables;
@@ -39,10 +40,11 @@ private:
 /**
  * Reads the databases of the project in @p folder (of the machine) without changing anything and
  * applies every check. What the next save writes is tried on a copy in memory of the ledger and the
- * contract if they were read without a finding; a file that can't be written is a finding.
- * Missing or damaged files, tables and fields are findings too. The code map is that of the same
- * archive unless @p codes names another file. Shows its Progress. Throws as Verification::read(),
- * and FileError when the write-ahead log of another database lies beside one.
+ * contract if they were read without a finding; a file that can't be written is a finding, and so
+ * is a folder that takes no new file, of which one is made for a moment. Missing or damaged files,
+ * tables and fields are findings too. The code map is that of the same archive unless @p codes
+ * names another file. Shows its Progress. Throws as Verification::read(), and FileError when the
+ * write-ahead log of another database lies beside one.
  */
 Findings VerifyProject(const QString &folder, const QString &codes = {});
 
