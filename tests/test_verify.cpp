@@ -240,6 +240,10 @@ void TestVerify::unreadableFilesAreFindings()
         "L'archivio non è stato trovato.\nSaldoro.mdb: il file è danneggiato (\nSaldoro.mdb: nella "
         "tabella Spese il"_s;
     QCOMPARE(summary(VerifyProject(project.folder()).first(5), found), found);
+    const SoundProject unopened;
+    QVERIFY(QFile::remove(MachinePath(unopened.path(u'L'))));
+    const QString made = u"Saldoro.mdb: non c'è: Saldoro lo fa, vuoto, quando apre il progetto."_s;
+    QCOMPARE(summary(VerifyProject(unopened.folder()), made), made);
 }
 
 /** A save makes files beside the databases. The trial leaves none. */

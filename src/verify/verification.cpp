@@ -1,6 +1,7 @@
 #include "verify/verification.h"
 
 #include "common/errors.h"
+#include "platform/machine_path.h"
 #include "platform/progress.h"
 #include "platform/whole_file.h"
 #include "store/table_definitions.h"
@@ -143,6 +144,14 @@ Findings VerifyProject(const QString &folder, const QString &codes)
     for (const ArchiveFile file : ArchiveFileList) {
         const QString path =
             file == ArchiveFile::Codes && !codes.isEmpty() ? codes : ArchiveFilePath(file, folder);
+        if (file == ArchiveFile::Ledger && !IsTaken(path)) {
+            verification.m_ofFiles.append(
+                {FindingGroup::Files, QFileInfo(path).fileName(),
+                 u"non c'è: Saldoro lo fa, vuoto, quando apre il progetto."_s,
+                 u"niente, se il progetto è nuovo; se ha già dei pagamenti, rimettere al suo posto "
+                 "una copia di riserva del file prima di aprirlo."_s});
+            continue;
+        }
         verification.guarded(path, [&] {
             if (!Database::hasPlainJournal(path)) // to read it would make the other files
                 return verification.addOfFile(path, Database::noPlainJournalProblem());
