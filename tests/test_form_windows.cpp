@@ -1,9 +1,7 @@
 #include "app/application.h"
 #include "controls/window_placement.h"
+#include "manual_probe.h"
 #include "open_program.h"
-
-#include <QTextBlock>
-#include <QTextBrowser>
 
 using namespace saldoro;
 using namespace Qt::StringLiterals;
@@ -114,22 +112,12 @@ private slots:
     void manual()
     {
         OpenProgram program;
-        const auto check = [](QWidget &form, const QString &chapter) {
-            QVERIFY(QTest::qWaitForWindowActive(&form));
-            Play(&form, u"F1"_s);
-            QTRY_VERIFY(qobject_cast<QTextBrowser *>(QApplication::activeWindow()));
-            auto *manual = static_cast<QTextBrowser *>(QApplication::activeWindow());
-            QVERIFY(manual->windowFlags() & Qt::WindowStaysOnTopHint);
-            QCOMPARE(manual->cursorForPosition({30, 10}).block().text(), chapter);
-            QTest::keyClick(manual, Qt::Key_Escape);
-            QVERIFY(!manual->isVisible());
-        };
-        check(program.main, u"La schermata principale"_s);
+        CheckManual(program.main, u"F1"_s, u"La schermata principale"_s);
         program.modify(1);
-        check(*program.company(), u"Pagamento a un'azienda"_s);
+        CheckManual(*program.company(), u"F1"_s, u"Pagamento a un'azienda"_s);
         program.modify(2);
-        check(*program.forms.invoiceForm(CreditorKind::Professional),
-              u"Pagamento a un professionista"_s);
+        CheckManual(*program.forms.invoiceForm(CreditorKind::Professional), u"F1"_s,
+                    u"Pagamento a un professionista"_s);
     }
 
     void windowsKeepTheirSizes()

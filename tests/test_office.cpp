@@ -3,6 +3,7 @@
 #include "database_probe.h"
 #include "file_content.h"
 #include "form_driver.h"
+#include "manual_probe.h"
 #include "office/form_parts.h"
 #include "office/frm_appalti.h"
 #include "office/frm_controllo.h"
@@ -12,6 +13,7 @@
 #include <QFileDialog>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTableWidget>
 #include <QTimer>
 
@@ -106,6 +108,31 @@ private slots:
         QCOMPARE(findings->count(), 1);
         QVERIFY(findings->item(0)->text().startsWith(u"Il controllo non è arrivato in fondo"_s));
         QVERIFY(office.messages.isEmpty());
+    }
+
+    /** Every window has its chapter of the manual. */
+    void manual()
+    {
+        ContractsArchive office;
+        FrmAppalti form;
+        form.show();
+        const QString list = u"L'elenco degli appalti"_s;
+        for (const QString &keys : {u"F1"_s, u"to Elenco, Alt+M"_s})
+            CheckManual(form, keys, list);
+        for (const auto &[key, chapter] : {std::pair(u"Alt+N"_s, u"Copiare, incollare, creare"_s),
+                                           {u"Alt+I"_s, list},
+                                           {u"Alt+T"_s, u"Controllo degli archivi"_s}}) {
+            QTRY_COMPARE(QApplication::activeWindow(), &form);
+            Play(&form, u"to Elenco, "_s + key);
+            QWidget *opened = form.findChild<QWidget *>(
+                QRegularExpression(u"Frm(Voci|Creditori|Controllo)"_s), Qt::FindDirectChildrenOnly);
+            QVERIFY2(opened, qPrintable(key));
+            CheckManual(*opened, u"F1"_s, chapter);
+            opened->activateWindow(); // off screen no window manager does
+            Play(opened, u"Esc"_s);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            form.activateWindow();
+        }
     }
 
     /** Saldoro would look for the contract in the folder that is set now. */

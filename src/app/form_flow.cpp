@@ -1,13 +1,10 @@
 #include "app/form_flow.h"
 
-#include "app/manual_window.h"
 #include "common/ending.h"
 #include "controls/window_placement.h"
 #include "invoice/frm_nuova_fattura.h"
 #include "invoice/invoice_form.h"
 #include "overview/frm_principale.h"
-
-#include <QShortcut>
 
 namespace saldoro {
 
@@ -24,7 +21,8 @@ FormFlow::FormFlow(ProgramValues &values)
     // Queued: the window system is still busy with the form that it has made the active one.
     connect(m_main.get(), &FrmPrincipale::activatedOutOfUse, this, &FormFlow::raiseChooser,
             Qt::QueuedConnection);
-    offerManual(*m_main, ManualChapter::MainScreen);
+    m_manual.setWindowFlag(Qt::WindowStaysOnTopHint); // or it would open below the forms
+    m_manual.offerIn(*m_main, ManualChapter::MainScreen);
 }
 
 FormFlow::~FormFlow() = default;
@@ -34,22 +32,12 @@ InvoiceForm *FormFlow::invoiceForm(CreditorKind kind)
     return m_invoices[kind].get();
 }
 
-void FormFlow::offerManual(QWidget &form, QStringView heading)
-{
-    auto *help = new QShortcut(QKeySequence::HelpContents, &form);
-    connect(help, &QShortcut::activated, this, [this, heading] {
-        if (!m_manual)
-            m_manual = std::make_unique<ManualWindow>();
-        m_manual->showChapter(heading);
-    });
-}
-
 void FormFlow::showChooser()
 {
     m_chooser = std::make_unique<FrmNuovaFattura>(m_main.get());
     connect(m_chooser.get(), &FrmNuovaFattura::continued, this,
             [this](CreditorKind kind) { showInvoiceForm(kind, true); });
-    offerManual(*m_chooser, ManualChapter::MainScreen);
+    m_manual.offerIn(*m_chooser, ManualChapter::MainScreen);
     connect(m_chooser.get(), &FrmNuovaFattura::finished, this, &FormFlow::chooserFinished,
             Qt::SingleShotConnection); // two presses may wait for it
     raiseChooser();
@@ -76,8 +64,8 @@ void FormFlow::showInvoiceForm(CreditorKind kind, bool isNew)
         form->load();
         if (isNew)
             form->setMeantNew();
-        offerManual(*form, kind == CreditorKind::Company ? ManualChapter::CompanyPayment
-                                                         : ManualChapter::ProfessionalPayment);
+        m_manual.offerIn(*form, kind == CreditorKind::Company ? ManualChapter::CompanyPayment
+                                                              : ManualChapter::ProfessionalPayment);
         connect(form.get(), &InvoiceForm::unloaded, this,
                 [this, kind] { invoiceFormUnloaded(kind); });
         shown = std::move(form);

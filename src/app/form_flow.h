@@ -2,6 +2,7 @@
 
 #include "common/creditor_kind.h"
 #include "common/program_values.h"
+#include "controls/manual_window.h"
 
 #include <QObject>
 
@@ -13,7 +14,6 @@ namespace saldoro {
 class FrmNuovaFattura;
 class FrmPrincipale;
 class InvoiceForm;
-class ManualWindow;
 
 /**
  * Owns the forms and ties them together: which form opens on which signal, and what happens to the
@@ -36,7 +36,6 @@ public:
     InvoiceForm *invoiceForm(CreditorKind kind);
 
 private:
-    void offerManual(QWidget &form, QStringView heading);
     void showChooser();
     void raiseChooser();
     void chooserFinished();
@@ -48,7 +47,7 @@ private:
     std::unique_ptr<FrmPrincipale> m_main;
     std::unique_ptr<FrmNuovaFattura> m_chooser;
     std::map<CreditorKind, std::unique_ptr<InvoiceForm>> m_invoices;
-    std::unique_ptr<ManualWindow> m_manual; ///< null until it is asked for
+    ManualWindow m_manual;
 };
 
 } // namespace saldoro

@@ -41,19 +41,12 @@ namespace {
 void startSaldoro(const QString &code)
 {
     const QString name = u"Saldoro"_s;
-    QString program =
-        QStandardPaths::findExecutable(name, {QCoreApplication::applicationDirPath()});
+    QString program = QStandardPaths::findExecutable(name, {qApp->applicationDirPath()});
     if (program.isEmpty())
         program = QStandardPaths::findExecutable(name);
     if (program.isEmpty() || !StartDetached(program, {LaunchToken.toString() + code}))
         throw FileError(program.isEmpty() ? name : program, u"Saldoro non può essere avviato."_s,
                         u"Installare di nuovo il programma."_s);
-}
-
-/** The folder that the user chooses; empty for none. */
-QString askFolder(QWidget *parent, const QString &title)
-{
-    return QFileDialog::getExistingDirectory(parent, title, QDir::homePath());
 }
 
 } // namespace
@@ -77,6 +70,8 @@ FrmAppalti::FrmAppalti()
                                u"Crea un appalto con le voci di un foglio elettronico"_s,
                                [this] { createContract(); }));
     last->addStretch(1);
+    last->addWidget(MakeButton(u"Manuale"_s, u"&Manuale"_s, u"Mostra il manuale (F1)"_s,
+                               [this] { m_manual.showChapter(ManualChapter::Contracts); }));
     last->addWidget(
         MakeButton(u"Chiudi"_s, u"C&hiudi"_s, u"Chiude questa finestra"_s, [this] { close(); }));
     auto *whole = new QVBoxLayout(this);
@@ -89,6 +84,7 @@ FrmAppalti::FrmAppalti()
             [this] { Attempt([this] { openContract(); }); });
     connect(&m_grid->table(), &TextTable::currentMoved, this, [this] { showState(0, 0); });
     connect(m_contracts, &ContractList::progressed, this, &FrmAppalti::showState);
+    m_manual.offerIn(*this, ManualChapter::Contracts);
     m_grid->setFocus();
     SizeWindow(*this, TwipsToPixels({14400, 9000}, *this));
 }
@@ -139,9 +135,8 @@ QWidget *FrmAppalti::makeContractButtons()
 void FrmAppalti::load()
 {
     try {
-        m_place->setText(ShownRoot(root()) + (UsedArchivesRoot()
-                                                  ? QString()
-                                                  : u" (proposta: nasce con il primo appalto)"_s));
+        const QString proposal = u" (proposta: nasce con il primo appalto)"_s;
+        m_place->setText(ShownRoot(root()) + (UsedArchivesRoot() ? QString() : proposal));
         // Whole, where the field shows a part; the names of folders are no markup.
         m_place->setToolTip(u"<p>%1</p>"_s.arg(m_place->text().toHtmlEscaped()));
         m_none = QFileInfo(ContractsFolder(root())).isReadable()
@@ -177,6 +172,12 @@ QString FrmAppalti::root() const
 QString FrmAppalti::currentFolder() const
 {
     return ContractFolder(m_contracts->root(), m_contracts->currentCode());
+}
+
+void FrmAppalti::openForm(QWidget &form, QStringView chapter)
+{
+    m_manual.offerIn(form, chapter);
+    BringToFront(form);
 }
 
 void FrmAppalti::openFolder()
@@ -233,13 +234,14 @@ void FrmAppalti::createContract()
         if (root() == where && m_contracts->currentCode() == code)
             Attempt([this] { openContract(); });
     });
-    BringToFront(*form);
+    openForm(*form, ManualChapter::PastedItems);
 }
 
 void FrmAppalti::replaceBudget()
 {
     RequireClosed(currentFolder());
-    BringToFront(*new FrmVoci(m_contracts->root(), m_contracts->currentCode(), this));
+    openForm(*new FrmVoci(m_contracts->root(), m_contracts->currentCode(), this),
+             ManualChapter::PastedItems);
 }
 
 void FrmAppalti::addCreditors()
@@ -248,20 +250,21 @@ void FrmAppalti::addCreditors()
     ProgramValues values;
     values.ArchiveRoot = m_contracts->root();
     values.ProjectCode = m_contracts->currentCode();
-    BringToFront(*new FrmCreditori(values, this));
+    openForm(*new FrmCreditori(values, this), ManualChapter::Contracts);
 }
 
 void FrmAppalti::checkContract()
 {
     auto *form = new FrmControllo(currentFolder(), this);
-    BringToFront(*form);
+    openForm(*form, ManualChapter::Check);
     form->check();
 }
 
 void FrmAppalti::copyContract()
 {
     const QString contract = currentFolder(); // which the list may lose while the dialog is open
-    const QString folder = askFolder(this, u"Dove mettere la copia"_s);
+    const QString folder =
+        QFileDialog::getExistingDirectory(this, u"Dove mettere la copia"_s, QDir::homePath());
     QString copy;
     if (!folder.isEmpty() &&
         AttemptLong(*this, u"Copia dell'appalto"_s, [&] { copy = CopyProject(contract, folder); }))
@@ -272,7 +275,8 @@ void FrmAppalti::copyContract()
 void FrmAppalti::exportContract()
 {
     const QString contract = currentFolder();
-    const QString folder = askFolder(this, u"Dove scrivere i file CSV"_s);
+    const QString folder =
+        QFileDialog::getExistingDirectory(this, u"Dove scrivere i file CSV"_s, QDir::homePath());
     if (folder.isEmpty())
         return;
     const bool overwrite = HasExportedFiles(folder);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/manual_window.h"
+
 #include <QLabel>
 #include <QLineEdit>
 #include <QWidget>
@@ -48,12 +50,15 @@ private:
     QString root() const;
     QString currentFolder() const;
 
+    void openForm(QWidget &form, QStringView chapter);
+
     FlexGrid *m_grid;
     ContractList *m_contracts;
     QLineEdit *m_place;
     QLabel *m_state;
     QString m_none;             ///< what is said where there are no contracts
     QWidget *m_contractButtons; ///< in use while there is a current contract
+    ManualWindow m_manual;
 };
 
 } // namespace saldoro

@@ -1,4 +1,4 @@
-#include "app/manual_window.h"
+#include "controls/manual_window.h"
 
 #include "controls/window_placement.h"
 
@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QTextBlock>
 
 namespace saldoro {
@@ -33,15 +34,21 @@ ManualWindow::ManualWindow()
     connect(this, &QTextBrowser::anchorClicked, this,
             [this](const QUrl &link) { goTo(link.fragment()); });
     document()->setDocumentMargin(fontMetrics().height());
-    setSource(QUrl(u"qrc:/manuale/manuale.md"_s), QTextDocument::MarkdownResource);
     constexpr QSize firstSize(15900, 9300); // twips: as wide as its pictures
-    SetTopMost(*this);
     SizeWindow(*this, TwipsToPixels(firstSize, *this));
     CentraForm(*this);
 }
 
+void ManualWindow::offerIn(QWidget &form, QStringView heading)
+{
+    auto *help = new QShortcut(QKeySequence::HelpContents, &form);
+    connect(help, &QShortcut::activated, this, [this, heading] { showChapter(heading); });
+}
+
 void ManualWindow::showChapter(QStringView heading)
 {
+    if (source().isEmpty())
+        setSource(QUrl(u"qrc:/manuale/manuale.md"_s), QTextDocument::MarkdownResource);
     BringToFront(*this);
     goTo(anchorOf(heading.toString()));
 }
