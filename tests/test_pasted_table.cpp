@@ -178,7 +178,12 @@ private slots:
         QVERIFY(told(pasted).startsWith(u"A1|Scavi|1.000,00\n"_s + fault));
         pasted.setText(u"A1\tScavi\t1.000\nA2\tMuri\t2.000"_s);
         pasted.setCell(1, 2, u"2000.00"_s);
+        pasted.setColumn(u"Descri"_s, 1);
         QCOMPARE(pasted.count(PastedState::Faulty), 1);
+        // A row that comes in later tells how the amounts are written, too.
+        pasted.setText(u"A1\tScavi\t250.125\n\tMuri\t1000.00"_s);
+        pasted.setCell(1, 0, u"A2"_s);
+        QCOMPARE(pasted.count(PastedState::Faulty), 2);
     }
 
     /** Companies that can't be added as they are pasted. */

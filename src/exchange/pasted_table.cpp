@@ -8,7 +8,6 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
 namespace saldoro {
@@ -53,6 +52,7 @@ void PastedTable::setRows(const QList<CellRow> &rows, const QStringList &warning
     m_warnings = warnings;
     m_international.clear();
     m_areMixed = false;
+    m_written.clear();
     m_columns = PastedColumns(rows, m_table);
     m_doubts.clear();
     for (const QString &field : m_table.neededFields)
@@ -69,7 +69,7 @@ void PastedTable::setRows(const QList<CellRow> &rows, const QStringList &warning
         }
         m_rows.last().cells.resize(columns());
     }
-    judge(true);
+    judge();
 }
 
 void PastedTable::setText(const QString &text)
@@ -125,12 +125,13 @@ void PastedTable::setColumn(const QString &field, qsizetype column)
         m_areMixed = false;
     }
     m_doubts.remove(field);
-    judge(true);
+    judge();
 }
 
 void PastedTable::setCell(qsizetype row, qsizetype column, const QString &text)
 {
     m_rows[row].cells[column] = plainCell(text);
+    m_written.emplace(row, column);
     judge();
 }
 
@@ -197,7 +198,18 @@ void PastedTable::restoreAmounts(qsizetype column)
     m_international.clear();
 }
 
-void PastedTable::judge(bool areNew)
+QList<CellRow> PastedTable::asGiven(QList<CellRow> rows) const
+{
+    for (CellRow &row : rows) {
+        for (qsizetype column = 0; column < row.cells.size(); ++column) {
+            if (m_written.contains({row.line - 1, column}))
+                row.cells[column].clear();
+        }
+    }
+    return rows;
+}
+
+void PastedTable::judge()
 {
     const QList<CellRow> rows = rowsToRead();
     CellColumns columns = m_columns;
@@ -208,7 +220,7 @@ void PastedTable::judge(bool areNew)
         judge();
         return;
     }
-    m_areMixed = m_areMixed || (areNew && told.size() > 1);
+    m_areMixed = m_areMixed || ToldNotations(asGiven(rows), columns, m_table).size() > 1;
     QList<CellFault> faults;
     m_taken = TypedRowsOf(rows, columns, m_table, m_table.definition,
                           m_areMixed ? std::nullopt : std::optional(Notation::Italian), faults);

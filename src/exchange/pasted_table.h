@@ -8,6 +8,8 @@
 #include <QStringList>
 
 #include <functional>
+#include <set>
+#include <utility>
 
 namespace saldoro {
 
@@ -86,8 +88,10 @@ public:
     bool isReady() const { return !m_taken.rows.isEmpty() && count(PastedState::Faulty) == 0; }
 
 private:
-    /** @param areNew the amounts come from a source, and tell its notation. */
-    void judge(bool areNew = false);
+    void judge();
+    /** Rows without the cells that the user has written, which do not tell the source's notation.
+     */
+    QList<CellRow> asGiven(QList<CellRow> rows) const;
     /** Sets aside what is no row of the table and gives the rows that may be. */
     QList<CellRow> rowsToRead();
     void requireFields(int line, const TableRow &row);
@@ -104,6 +108,7 @@ private:
     Check m_check;
     QList<PastedRow> m_rows;
     CellColumns m_columns;
+    std::set<std::pair<qsizetype, qsizetype>> m_written; ///< cells, by row and column
     QMap<QString, QString> m_doubts; ///< what the header leaves open about a field
     /** Cells of the amounts before they were rewritten; empty when they were not. */
     QStringList m_international;
