@@ -36,6 +36,7 @@ void TestImport::comesIn()
         {"\"Voce\";\"Descri\";\"Importo\"\nA1;\"\"\"x\"\"; a\r\n\r\nb\";\"1,5\"\nA2;\"\"\"\";1\n",
          "A1|\"x\"; a\r\n\r\nb|15000\nA2|\"|10000"},
         {"Voce;Descri;Importo\rA1;a;1\rA2;b;2\r", "A1|a|10000\nA2|b|20000"},
+        {"Voce,Descri,Importo\nA1,a,\"1,234\"\nA2,b,0.5\n", "A1|a|12340000\nA2|b|5000"},
         {"#TYPE Budget.Row\r\n\"Voce\",Descri,Importo\r\nA1,a,1\r\n", "A1|a|10000"},
         {names, ""}};
     for (const auto &[file, rows] : cases) {
@@ -89,6 +90,9 @@ void TestImport::refuses()
          "Importo\n"},
         {"UltimaPerVariante", budget + "A1;x;1,234\nA2;x;0,500\n",
          "«1,234» può essere mille volte"},
+        {"UltimaPerVariante", budget + "A1;x;1000.00\nA2;x;250.125\nA3;x;1.234,50\n",
+         "riga 2, campo Importo: «1000.00» non è|riga 3, campo Importo: «250.125» può essere mille "
+         "volte"},
         {"Manda", "AnagPar;AnagRel;\n1;2;3\n", "riga 2: la cella 3 sta in una colonna"},
         {"UltimaPerVariante", budget + "A1;a \"b\";1\n", "riga 2: ci sono virgolette dentro"},
         {"UltimaPerVariante", budget + "A1;\"a\" b;1\n", "riga 2: dopo le virgolette chiuse"},

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -142,6 +143,40 @@ int rowAboveHeader(const QList<CellRow> &rows, CellColumns columns, const Exchan
     return 0;
 }
 
+/** The rows behind a header, whose separator tells the notation. */
+GivenTable rowsBelow(const CellColumns &columns, const QString &text, QChar separator,
+                     const ExchangedTable &table, const TableDef &stored, QList<CellFault> &faults)
+{
+    TextRows cells = RowsOfText(text, separator);
+    const bool isItalian = separator == u';';
+    const Notation own = isItalian ? Notation::Italian : Notation::International;
+    const Notation other = isItalian ? Notation::International : Notation::Italian;
+    const int lineAbove = rowAboveHeader(cells.rows, columns, table, stored, own);
+    GivenTable given = TypedRowsOf(std::move(cells.rows), columns, table, stored, own, faults);
+    if (!faults.isEmpty())
+        cells = RowsOfText(text, separator); // the rows are used up
+    const std::set<Notation> told =
+        faults.isEmpty() ? std::set{own} : ToldNotations(cells.rows, columns, table);
+    if (isItalian && told.size() > 1) { // "250.125" may be of the other one
+        faults.clear();
+        TypedRowsOf(std::move(cells.rows), columns, table, stored, std::nullopt, faults);
+    } else if (faults.size() > 1 && told == std::set{other}) { // a single one may be a typing error
+        QList<CellFault> otherFaults;
+        TypedRowsOf(std::move(cells.rows), columns, table, stored, other, otherFaults);
+        if (otherFaults.size() + 1 < faults.size())
+            faults = {{0,
+                       {},
+                       u"gli importi e le date sono scritti %1: salvare il file con «%2»."_s.arg(
+                           isItalian ? u"come 1234.56 e 2024-12-31"_s : u"all'italiana"_s,
+                           isItalian ? u","_s : u";"_s)}};
+    }
+    if (lineAbove > 0)
+        faults.append({lineAbove, {}, u"sta sopra l'intestazione, che va in cima al file."_s});
+    if (cells.fault)
+        faults.append(*cells.fault);
+    return given;
+}
+
 /** The rows of a text. */
 GivenTable tableOf(const QString &text, const ExchangedTable &table, const TableDef &stored,
                    QStringList &unknownFields, QList<CellFault> &faults)
@@ -155,30 +190,7 @@ GivenTable tableOf(const QString &text, const ExchangedTable &table, const Table
     if (!faults.isEmpty())
         return {&table, {}};
     unknownFields = columns.unknown;
-    TextRows cells = RowsOfText(text, separator);
-    const bool isItalian = separator == u';';
-    const Notation own = isItalian ? Notation::Italian : Notation::International;
-    const Notation other = isItalian ? Notation::International : Notation::Italian;
-    const int lineAbove = rowAboveHeader(cells.rows, columns, table, stored, own);
-    GivenTable given = TypedRowsOf(std::move(cells.rows), columns, table, stored, own, faults);
-    if (lineAbove > 0)
-        faults.append({lineAbove, {}, u"sta sopra l'intestazione, che va in cima al file."_s});
-    // A single fault may be a typing error, though the other notation has none.
-    if (faults.size() > 1)
-        cells = RowsOfText(text, separator); // the rows are used up
-    if (faults.size() > 1 && ToldNotations(cells.rows, columns, table) == std::set{other}) {
-        QList<CellFault> otherFaults;
-        TypedRowsOf(std::move(cells.rows), columns, table, stored, other, otherFaults);
-        if (otherFaults.size() + 1 < faults.size())
-            faults = {{0,
-                       {},
-                       u"gli importi e le date sono scritti %1: salvare il file con «%2»."_s.arg(
-                           isItalian ? u"come 1234.56 e 2024-12-31"_s : u"all'italiana"_s,
-                           isItalian ? u","_s : u";"_s)}};
-    }
-    if (cells.fault)
-        faults.append(*cells.fault);
-    return given;
+    return rowsBelow(columns, text, separator, table, stored, faults);
 }
 
 /** The faults of a file as findings, which name its table but no row of it. */
