@@ -103,8 +103,11 @@ private:
     void openDatabases()
     {
         if (m_options.createProject) {
-            m_made.makeFolder(m_folder);
-            m_made.makeFolder(QFileInfo(path(ArchiveFile::Codes)).path());
+            for (const QString &folder : {m_folder, QFileInfo(path(ArchiveFile::Codes)).path()}) {
+                if (IsTaken(folder) && !QFileInfo::exists(folder)) // a link to a disk that is away
+                    throw DatabaseError(DatabaseFault::FileMissing, folder);
+                m_made.makeFolder(folder);
+            }
         }
         for (const ArchiveFile file : ArchiveFileList) {
             if (!IsTaken(path(file))) {
@@ -275,7 +278,7 @@ ImportOutcome ImportTables(const QString &folder, const QList<GivenTable> &table
                            const ImportOptions &options)
 {
     ImportOutcome outcome = SayingNothingIsWritten([&] {
-        return options.createProject && !QFileInfo::exists(folder)
+        return options.createProject && !IsTaken(folder)
                    ? newProject(folder, tables, options)
                    : ProjectImport(folder, tables, options).run();
     });
