@@ -19,7 +19,7 @@ constexpr int randomTexts = 12;
 
 void writeCase(const QString &folder, const QString &name, const QString &text)
 {
-    WholeFile(folder + u'\\' + name + u".rtf"_s, [&](QIODevice &document) {
+    WholeFile(folder + u'/' + name + u".rtf"_s, [&](QIODevice &document) {
         return WriteRtf(document, text, u"Courier New"_s);
     }).replace();
     QFile file(folder + u'/' + name + u".txt"_s);

@@ -192,6 +192,13 @@ void TestExchange::exportRefuses()
     WriteFile(out + u"/sotto/Spese.csv"_s, "mio");
     QVERIFY_THROWS_EXCEPTION(FileError, ExportProject(office.project(), out + u"\\sotto"_s));
     QVERIFY(QDir(out + u"/sotto"_s).removeRecursively());
+#ifndef Q_OS_WIN
+    // But a folder may have it in its name.
+    QVERIFY(QDir().mkpath(out + u"\\altra"_s));
+    ExportProject(office.project(), out + u"\\altra"_s);
+    QCOMPARE(ContentsOf(out + u"\\altra"_s).size(), 8);
+    QVERIFY(!QFileInfo::exists(out + u"/altra"_s));
+#endif
     // One file that can't be replaced keeps all as they are.
     QVERIFY(QDir().mkpath(out + u"/Spese.csv"_s));
     QVERIFY_THROWS_EXCEPTION(FileError, ExportProject(office.project(), out, true));

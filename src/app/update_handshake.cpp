@@ -5,6 +5,7 @@
 #include "common/version.h"
 #include "controls/message_box.h"
 #include "platform/ini_file.h"
+#include "platform/machine_path.h"
 #include "platform/process.h"
 #include "platform/whole_file.h"
 #include "store/archive_paths.h"
@@ -62,7 +63,7 @@ bool AsksForManifest(const QString &tail)
 void WriteUpdateManifest()
 {
     // Also in the place of a manifest in other letter case, which to the suite is the same.
-    WholeFile(ProgramName() + u".ini"_s, manifestText().toLocal8Bit()).replace();
+    WholeFile(MachinePath(ProgramName() + u".ini"_s), manifestText().toLocal8Bit()).replace();
 }
 
 bool UpdateIsWaiting(const ProgramValues &values)

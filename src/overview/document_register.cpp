@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "overview/rtf_writer.h"
+#include "platform/machine_path.h"
 #include "platform/whole_file.h"
 #include "store/archive_paths.h"
 #include "store/code_map.h"
@@ -22,7 +23,8 @@ QString fileName(const ProgramValues &values, QStringView internalCode)
 
 void SaveDocument(const ProgramValues &values, const RichTextBox &box, QStringView internalCode)
 {
-    WholeFile(ProjectFolder(values) + u'\\' + fileName(values, internalCode), [&](QIODevice &file) {
+    const QString path = ProjectFolder(values) + u'\\' + fileName(values, internalCode);
+    WholeFile(MachinePath(path), [&](QIODevice &file) {
         return WriteRtf(file, box.text, box.fontName);
     }).replace();
 }

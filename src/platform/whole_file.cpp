@@ -124,7 +124,7 @@ void flushFolderOf(const QString &path)
 } // namespace
 
 WholeFile::WholeFile(const QString &path, const std::function<bool(QIODevice &)> &write)
-    : m_file(std::make_unique<QSaveFile>(MachinePath(path)))
+    : m_file(std::make_unique<QSaveFile>(path))
 {
     // Flushed here, since the toolkit's commit would overlook that there was no room, and put a cut
     // file in the place of the old one.

@@ -20,7 +20,7 @@ namespace saldoro {
 class WholeFile
 {
 public:
-    /** @param path archive path or path of the machine
+    /** @param path path of the machine
      *  @param write fills the file; returns false when the file did not take something
      *
      *  Throws when the file can't be written whole, the flush to the disk included, which on
