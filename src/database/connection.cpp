@@ -9,7 +9,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <chrono>
 #include <sqlite3.h>
 #include <utility>
 
@@ -176,10 +175,9 @@ qint64 Connection::lastRowId() const
     return sqlite3_last_insert_rowid(handle());
 }
 
-void Connection::startClock() const
+void Connection::startClock(std::chrono::seconds longest) const
 {
-    constexpr std::chrono::seconds longestRead{20};
-    m_engine->end = std::chrono::steady_clock::now() + longestRead;
+    m_engine->end = std::chrono::steady_clock::now() + longest;
 }
 
 void Connection::copyTo(Connection &copy) const

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
 #include <memory>
 
 struct sqlite3;
@@ -61,7 +62,8 @@ public:
     qint64 lastRowId() const;
 
     /** Starts the time that one statement may take. The engine gives up when it is over. */
-    void startClock() const;
+    void startClock(std::chrono::seconds longest = LongestRead) const;
+    static constexpr std::chrono::seconds LongestRead{20};
 
     /** Replaces the content of @p copy by that of this file and flushes it to the disk. */
     void copyTo(Connection &copy) const;
