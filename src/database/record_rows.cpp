@@ -27,7 +27,8 @@ RecordRows::RecordRows(std::shared_ptr<Connection> file, Statement query, const 
     : m_file(std::move(file))
     , m_query(std::move(query))
     , m_origin{m_file->path(), table}
-    , m_target{QualifiedName(m_file->schema(), table), rowIdName}
+    , m_target(QualifiedName(m_file->schema(), table))
+    , m_rowIdName(rowIdName)
     , m_fields(m_query->fields(areUpdatable() ? 1 : 0))
 {
 }
@@ -91,7 +92,7 @@ void RecordRows::insert(const RecordChanges &values)
 bool RecordRows::update(int row, const RecordChanges &values)
 {
     const qint64 id = record(row).id;
-    const int changed = write(UpdateSql(m_target, namesOf(values)), values, id);
+    const int changed = write(UpdateSql(m_target, namesOf(values), m_rowIdName), values, id);
     if (changed == 0 && !isInFile(id))
         return false;
     requireStored(changed == 1);
@@ -102,16 +103,15 @@ bool RecordRows::update(int row, const RecordChanges &values)
 void RecordRows::remove(int row)
 {
     const qint64 id = record(row).id;
-    requireStored(write(DeleteSql(m_target), {}, id) == 1 || !isInFile(id));
+    requireStored(write(DeleteSql(m_target, m_rowIdName), {}, id) == 1 || !isInFile(id));
     m_records[static_cast<size_t>(row)].values = nullptr;
     --m_liveCount;
 }
 
 bool RecordRows::isInFile(qint64 id) const
 {
-    Statement look(
-        m_file, u"SELECT 1 FROM "_s + m_target.name + u" WHERE "_s + m_target.rowIdName + u" = ?"_s,
-        m_origin.table);
+    Statement look(m_file, u"SELECT 1 FROM "_s + m_target + u" WHERE "_s + m_rowIdName + u" = ?"_s,
+                   m_origin.table);
     look.bind(1, id);
     return look.step();
 }

@@ -41,7 +41,7 @@ public:
     bool read();
 
     const RecordOrigin &origin() const { return m_origin; }
-    bool areUpdatable() const { return !m_target.rowIdName.isEmpty(); }
+    bool areUpdatable() const { return !m_rowIdName.isEmpty(); }
     const QList<FieldDef> &fields() const { return m_fields; }
 
     /** Holds the texts of the records, as long as these live. */
@@ -95,7 +95,8 @@ private:
     std::shared_ptr<Connection> m_file;
     std::optional<Statement> m_query; ///< as long as the records have not been read
     RecordOrigin m_origin;
-    TableTarget m_target;
+    QString m_target; ///< the table as SQL names it
+    QString m_rowIdName;
     QList<FieldDef> m_fields;
     std::pmr::monotonic_buffer_resource m_memory;
     std::vector<Record> m_records;

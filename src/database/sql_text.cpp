@@ -97,9 +97,9 @@ QString CreateTableSql(const TableDef &table, const QString &schema)
     return u"CREATE TABLE %1 (%2)"_s.arg(QualifiedName(schema, table.name()), fields.join(u", "_s));
 }
 
-QString InsertSql(const TableTarget &table, const QStringList &fields)
+QString InsertSql(const QString &table, const QStringList &fields)
 {
-    const QString into = u"INSERT OR ABORT INTO "_s + table.name;
+    const QString into = u"INSERT OR ABORT INTO "_s + table;
     if (fields.isEmpty())
         return into + u" DEFAULT VALUES"_s;
     const QStringList marks(fields.size(), u"?"_s);
@@ -107,15 +107,15 @@ QString InsertSql(const TableTarget &table, const QStringList &fields)
            u')';
 }
 
-QString UpdateSql(const TableTarget &table, const QStringList &fields)
+QString UpdateSql(const QString &table, const QStringList &fields, const QString &rowIdName)
 {
-    return u"UPDATE OR ABORT "_s + table.name + u" SET "_s + quoted(fields).join(u" = ?, "_s) +
-           u" = ? WHERE "_s + table.rowIdName + u" = ?"_s;
+    return u"UPDATE OR ABORT "_s + table + u" SET "_s + quoted(fields).join(u" = ?, "_s) +
+           u" = ? WHERE "_s + rowIdName + u" = ?"_s;
 }
 
-QString DeleteSql(const TableTarget &table)
+QString DeleteSql(const QString &table, const QString &rowIdName)
 {
-    return u"DELETE FROM "_s + table.name + u" WHERE "_s + table.rowIdName + u" = ?"_s;
+    return u"DELETE FROM "_s + table + u" WHERE "_s + rowIdName + u" = ?"_s;
 }
 
 } // namespace saldoro

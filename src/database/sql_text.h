@@ -32,13 +32,6 @@ EngineQuery EngineQueryFor(const QString &sql, const QString &schema);
  *  fields have all such names. */
 QString RowIdName(const QList<FieldDef> &fields);
 
-/** A table as the statements below name it. */
-struct TableTarget
-{
-    QString name; ///< quoted, with the file's
-    QString rowIdName;
-};
-
 /** @p name as a quoted identifier. */
 QString QuotedName(const QString &name);
 
@@ -51,10 +44,11 @@ inline constexpr QLatin1StringView ZeroLengthConstraint("ZeroLength ");
 /** The statement that makes a table in the file that is called @p schema. */
 QString CreateTableSql(const TableDef &table, const QString &schema);
 
-/** The statements on single records; the parameters are the values of the fields, then the id of
- *  the row. The table's own rules for conflicts do not count: a row that is in the way stays. */
-QString InsertSql(const TableTarget &table, const QStringList &fields);
-QString UpdateSql(const TableTarget &table, const QStringList &fields);
-QString DeleteSql(const TableTarget &table);
+/** The statements on single records of a table by its QualifiedName(); the parameters are the
+ *  values of the fields, then the id of the row. The table's own rules for conflicts do not count:
+ *  a row that is in the way stays. */
+QString InsertSql(const QString &table, const QStringList &fields);
+QString UpdateSql(const QString &table, const QStringList &fields, const QString &rowIdName);
+QString DeleteSql(const QString &table, const QString &rowIdName);
 
 } // namespace saldoro

@@ -42,7 +42,7 @@ TableRefill::TableRefill(const Database &database, const QString &table, const Q
             .run();
     }
     Database(m_file).deleteAll(table);
-    m_insert.emplace(m_file, InsertSql({target, {}}, fields), table);
+    m_insert.emplace(m_file, InsertSql(target, fields), table);
     if (others.isEmpty())
         return;
     QStringList names = others;
