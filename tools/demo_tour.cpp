@@ -238,7 +238,7 @@ private:
     QTextStream m_output{stdout};
 };
 
-bool printMessage(MessageKind kind, const QString &text)
+bool printMessage(MessageKind /*kind*/, const QString &text)
 {
     QTextStream(stderr) << u'\n' << text << u'\n';
     return false;

@@ -121,7 +121,7 @@ void Verification::tryFolder(const QString &folder)
         m_ofFiles.append({FindingGroup::Files,
                           u"Cartella "_s + QFileInfo(QDir(folder).absolutePath()).fileName(),
                           u"il prossimo salvataggio si fermerà qui: "_s + error.problem(),
-                          error.remedy()});
+                          u"controllare i permessi della cartella e lo spazio sul disco."_s});
     }
 }
 
