@@ -115,7 +115,15 @@ P Text4_0:12,50 typed:12.500 -> Importo Prestazione: «12.500» vale 12,50
 P Text4_0:13,50 typed:12.500
 P @Text4_0:1234,56 -> vale 1.234,00, non 1.234,56. Scrivere 1234.56 -> 1.234,00
 P @Text4_0:1,234.56 -> vale 1,00, non 1.234,56. Scrivere 1234.56 -> 1,00
-P @Text4_0:€_1000 -> «€ 1000» vale 0,00. Scrivere solo il numero -> 0,00
+P @Text4_0:€_1000 -> «€ 1000» vale 0,00. Scrivere solo cifre e un punto -> 0,00
+P @Text4_0:1.000.00 -> «1.000.00» vale 1,00. Scrivere solo cifre e un punto -> 1,00
+P Text4_0:1,00 typed:1'234.56 -> «1'234.56» vale 1,00. Scrivere solo cifre
+P @Text4_0:100- -> «100-» vale 100,00. Scrivere solo cifre -> 100,00
+P @Text4_0:l00 -> «l00» vale 0,00. Scrivere solo cifre -> 0,00
+P @Text4_0:1_000.50_€ -> -> «1 000.50 €» vale 1.000,50
+P @Text5_0:4/100 -> «4/100» vale 4. Scrivere solo cifre e un punto -> 4 per cento
+P @Text5_0:22% -> -> «22%» vale 22 per cento
+P @Text2_5:1'234,56 Text2_3:1,00 total:1,00 -> vale 1,00. Scrivere solo cifre e una virgola -> 1,00
 P @Text4_0:1e15 -> il programma si ferma -> «1e15» è più di quanto
 P @Text5_0:22,5 -> Aliquota R.A.: «22,5» vale 22, non 22.5. Scrivere 22.5 -> 22 per cento
 P @Text5_0:4.500 -> -> 4.5 per cento
@@ -146,6 +154,7 @@ A cost:A1=1,00 cost:B2=2,00 cost:a1=3,00 -> Voce a1: c'è due volte
 A cost:A1=500,00 open:A1=501 -> supera di 1,00 -> 501,00
 A cost:A1=1.234,00 open:A1=1.234,00 -> vale 1,23, non 1.234,00. Scrivere 1234.00 (o Esc) -> 1,23
 A cost:A1=1,23 closed:A1=1.234,00 -> Scrivere 1234.00
+A cost:A1=1,00 closed:A1=1.000.00 -> Voce A1: «1.000.00» vale 1,00
 A cost:A1=5,00 closed:A1=1.234,00
 A del:__/__/____ -> Senza data
 A del:31/02/2026 -> «31/02/2026» non è una data

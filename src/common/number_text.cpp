@@ -6,15 +6,28 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-double LeadingNumber(const QString &text)
+namespace {
+
+/** The number that a text begins with, if any, and then the rest, both without blanks. */
+QRegularExpressionMatch numberAndRest(const QString &text)
 {
     static const QRegularExpression blanks(u"[ \\t\\n\\r]"_s);
-    static const QRegularExpression number(
-        u"[+-]?(?:[0-9]+\\.?[0-9]*|\\.[0-9]+)(?:[eE][+-]?[0-9]+)?"_s);
-    const auto match =
-        number.match(QString(text).remove(blanks), 0, QRegularExpression::NormalMatch,
-                     QRegularExpression::AnchorAtOffsetMatchOption);
-    return match.captured().toDouble(); // infinity when it is beyond the range
+    static const QRegularExpression parts(
+        u"\\A([+-]?(?:[0-9]+\\.?[0-9]*|\\.[0-9]+)(?:[eE][+-]?[0-9]+)?)?(.*)"_s,
+        QRegularExpression::DotMatchesEverythingOption);
+    return parts.match(QString(text).remove(blanks));
+}
+
+} // namespace
+
+double LeadingNumber(const QString &text)
+{
+    return numberAndRest(text).captured(1).toDouble(); // infinity when it is beyond the range
+}
+
+QString BehindLeadingNumber(const QString &text)
+{
+    return numberAndRest(text).captured(2);
 }
 
 QString RateText(double value)

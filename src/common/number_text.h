@@ -12,6 +12,9 @@ namespace saldoro {
  */
 double LeadingNumber(const QString &text);
 
+/** What LeadingNumber() leaves unread, without blanks: "'000.50" of "1'000.50". */
+QString BehindLeadingNumber(const QString &text);
+
 /** Decimal text of a rate: "." as decimal point, up to 15 significant digits, no blanks, no
  *  trailing zeros, e.g. 22, 22.5, 0.5. Below 0.0001 and from 1E+15 on with an exponent: 1E-05. For
  *  finite values. */

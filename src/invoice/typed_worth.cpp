@@ -74,6 +74,7 @@ QString WorthLine(const QString &typed, TypedNotation notation)
 QString MisreadLine(const QString &typed, TypedNotation notation)
 {
     static const QRegularExpression digit(u"[1-9]"_s);
+    static const QRegularExpression lost(u"\\A-|[0-9]"_s); // as in "100-" and "1.000.00"
     const QString worth = TypedWorth(typed, notation);
     QString meant = worth;
     QString wayOut;
@@ -87,8 +88,12 @@ QString MisreadLine(const QString &typed, TypedNotation notation)
     }
     if (meant != worth)
         return u"%1 vale %2, non %3. Scrivere %4"_s.arg(quoted(typed), worth, meant, wayOut);
-    if (typed.contains(digit) && !worth.contains(digit))
-        return u"%1 vale %2. Scrivere solo il numero"_s.arg(quoted(typed), worth);
+    const bool isComma = notation == TypedNotation::Comma;
+    QString read = typed;
+    const QString rest = BehindLeadingNumber(isComma ? PuntoDecimale(read) : read);
+    if (rest.contains(lost) || (typed.contains(digit) && !worth.contains(digit)))
+        return u"%1 vale %2. Scrivere solo cifre e %3"_s.arg(
+            quoted(typed), worth, isComma ? u"una virgola"_s : u"un punto"_s);
     return {};
 }
 
