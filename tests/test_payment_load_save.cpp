@@ -35,6 +35,22 @@ private slots:
         }
     }
 
+    void aColumnOfTextsKeepsItsDays()
+    {
+        TestArchive archive;
+        ProgramValues values = archive.values();
+        archive.execute(LedgerPath(values),
+                        u"ALTER TABLE Fatture DROP COLUMN Del;"
+                        "ALTER TABLE Fatture ADD COLUMN Del TEXT;"
+                        "INSERT INTO Fatture (Npag, AziProf, Del) VALUES (5, 'A', '2026-03-01')"_s);
+        HeldForm form(CreditorKind::Company, 5);
+        form.load(values);
+        QCOMPARE(form.record.del, u"01/03/2026"_s);
+        QCOMPARE(FaultOf([&] { form.save(values); }),
+                 Fault(DatabaseFault::TypeMismatch, u"Fatture"_s, u"Del"_s));
+        QCOMPARE(archive.ledgerRows(u"SELECT Del FROM Fatture"_s), u"2026-03-01"_s);
+    }
+
     void nullsShowEmpty()
     {
         TestArchive archive;

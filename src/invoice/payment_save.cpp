@@ -1,6 +1,7 @@
 #include "invoice/payment_save.h"
 
 #include "common/amount_text.h"
+#include "common/date_text.h"
 #include "common/errors.h"
 #include "database/database.h"
 #include "invoice/allocation_table.h"
@@ -23,7 +24,8 @@ void fillPayment(RecordSet &payments, const PaymentRecord &record)
     payments.set(u"Npag"_s, record.number);
     payments.set(u"Creditore"_s, TextOrNull(record.creditore));
     payments.set(u"NFat"_s, record.nFat);
-    payments.set(u"Del"_s, record.del == EmptyDateText ? NewValue() : TextOrNull(record.del));
+    // As a day: a column of texts would keep dd/MM/yyyy, which no list could read again.
+    payments.set(u"Del"_s, record.del == EmptyDateText ? NewValue() : DayInBox(record.del));
     payments.set(u"Memo"_s, record.memo);
     payments.set(u"Descrizione"_s, record.descrizione);
     for (const AmountField &field : AmountChainOf(record.kind).fields) {
