@@ -163,6 +163,7 @@ A del:1_/__/____ left:1_/__/____ -> non è una data
 A del:01/02/1945 left:01/02/45__ -> «01/02/45» vale 01/02/1945
 A del:01/02/1998
 A del:12/10/0320 -> L'anno è il 320
+A del:12/10/2206 -> L'anno è il 2206
 A mandatoDell:ibera -> «ibera» non è una data
 A mandato:12/delibera -> si riaprirà come «12/»
 A cut:Text1_0 -> tagliato
