@@ -128,7 +128,9 @@ const AmountChain &ProfessionalAmounts();
  *  TotaleFattura stays as typed, too, but is no such field: its text is only compared. */
 bool StaysPlain(Amount field);
 
-/** What SoggettaRA and Netto should be by the amounts that they are made of. */
+/** What a professional's Importo, SoggettaRA and Netto should be by the amounts that they are made
+ *  of. */
+Currency DueVatBase(const AmountTexts &texts);
 Currency DueWithholdingBase(const AmountTexts &texts);
 Currency DueNet(const AmountTexts &texts);
 

@@ -41,7 +41,7 @@ struct AmountNotices
             tellTyped(field);
         tellShare(AliquotaIva, Importo, ImportoIva,
                   isCompany ? u"ripassare l'aliquota"_s : u"riscriverla"_s);
-        tellOverwrittenVat();
+        tellOverwrittenAmounts();
         tellTotal(TotaleFattura, then.dueTotal(),
                   isCompany ? u"si confronta ma non si salva, Importo e IVA fanno %1"_s
                             : u"è rimasto indietro, ora è %1: passare dall'aliquota IVA"_s);
@@ -106,19 +106,28 @@ struct AmountNotices
                     FormatImporto(then.amount(base)), due, wayOut));
     }
 
-    /** Tells that VAT typed by hand is about to give way to the computed one. */
-    void tellOverwrittenVat()
+    /** Tells that an amount which is not what the focused field made of it, by hand or as it was
+     *  imported, is about to give way to the computed one. */
+    void tellOverwritten(Amount held, Amount focused, Currency (*computed)(const AmountTexts &))
     {
-        if (!isCompany || !isFocused(chain.at(AliquotaIva)))
+        if (!isFocused(chain.at(focused)))
             return;
         AmountTexts before = now;
-        before.setText(AliquotaIva, state.past.value(AliquotaIva).before);
-        const QString vat = now.text(ImportoIva);
-        const QString next = then.text(ImportoIva);
-        if (!vat.isEmpty() && vat != next &&
-            vat != FormatImporto(before.share(Importo, AliquotaIva)))
-            add(Caution, ImportoIva,
-                u"uscendo dall'aliquota %1 diventa %2, da riscrivere poi"_s.arg(vat, next));
+        before.setText(focused, state.past.value(focused).before);
+        const QString text = now.text(held);
+        const QString next = then.text(held);
+        if (!text.isEmpty() && text != next && text != FormatImporto(computed(before)))
+            add(Danger, held, u"uscendo di qui %1 diventa %2, da riscrivere poi"_s.arg(text, next));
+    }
+
+    void tellOverwrittenAmounts()
+    {
+        if (isCompany)
+            return tellOverwritten(ImportoIva, AliquotaIva, [](const AmountTexts &texts) {
+                return texts.share(Importo, AliquotaIva);
+            });
+        for (const Amount fee : {Prestazione, Contributo, CassaPrev})
+            tellOverwritten(Importo, fee, DueVatBase);
     }
 
     void tellTotal(Amount total, Currency due, const QString &text)

@@ -12,8 +12,7 @@ namespace {
 void leaveFee(AmountTexts &texts, Amount field)
 {
     texts.showTyped(field);
-    texts.show(Importo,
-               texts.amount(Prestazione) + texts.amount(Contributo) + texts.amount(CassaPrev));
+    texts.show(Importo, DueVatBase(texts));
     texts.show(SoggettaRA, DueWithholdingBase(texts));
 }
 
@@ -71,6 +70,11 @@ void leaveProfessionalAmount(AmountTexts &texts, Amount field)
 bool StaysPlain(Amount field)
 {
     return field == AltriImporti || field == SoggettaRA;
+}
+
+Currency DueVatBase(const AmountTexts &texts)
+{
+    return texts.amount(Prestazione) + texts.amount(Contributo) + texts.amount(CassaPrev);
 }
 
 Currency DueWithholdingBase(const AmountTexts &texts)
