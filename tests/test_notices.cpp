@@ -111,6 +111,7 @@ P Text4_0:100,00 Text2_0:100,00 @Text2_1:22 -> Conti 0,00, Totale Fattura 122,00
 P @Text2_5:0.00 Text2_3:0,00 total:0,00 Text5_2:0,00 -> -> 0,00 (i decimali vanno dopo la virgola)
 P @Text4_0: -> -> Il campo vuoto vale 0,00 (i decimali vanno dopo il punto)
 P @Text4_0:12.500 -> «12.500» vale 12,50, non 12.500,00. Scrivere 12500 -> 12,50
+P @Text4_0:12.500_€ -> «12.500 €» vale 12,50, non 12.500,00. Scrivere 12500 € -> 12,50
 P Text4_0:12,50 typed:12.500 -> Importo Prestazione: «12.500» vale 12,50
 P Text4_0:13,50 typed:12.500
 P @Text4_0:1234,56 -> vale 1.234,00, non 1.234,56. Scrivere 1234.56 -> 1.234,00
@@ -133,6 +134,7 @@ P @Text2_5:1,234.56 Text2_3:1,23 total:1,23 -> vale 1,23, non 1.234,56. Scrivere
 P @Text2_5:10.50 -> vale 1.050,00, non 10,50. Scrivere 10,50|Fattura 1.050,00: -> 1.050,00
 P Text2_5:10.50 Text2_3:1.050,00 total:1.050,00 -> Altri Importi: «10.50»
 P Text2_5:1.050 Text2_3:1.050,00 total:1.050,00
+P Text2_5:1.050_€ Text2_3:1.050,00 total:1.050,00
 P Text2_4:10400.00 -> Somma soggetta a R.A.: «10400.00» vale 1.040.000,00
 P @Text2_3:5 Text2_0:7,00 total:7,00 -> -> va perso: uscendo dal campo torna 7,00
 P Text2_0:9,00 Text2_1:22 Text2_2:1,00 -> Importo IVA: 1,00 non torna, il 22% di 9,00 è 1,98: riscriverla

@@ -21,10 +21,11 @@ QString quoted(const QString &typed)
     return u'«' + start + (start == typed ? u"»"_s : u"…»"_s);
 }
 
-/** Whether points stand between groups of three digits, as in an amount that is shown. */
+/** Whether points stand between groups of three digits, as in an amount that is shown, perhaps with
+ *  its currency behind. */
 bool isGrouped(const QString &typed)
 {
-    static const QRegularExpression pointed(uR"(\A[+-]?([0-9.]*\.[0-9]+)(?:,[0-9]*)?\z)"_s);
+    static const QRegularExpression pointed(uR"(\A[+-]?([0-9.]*\.[0-9]+)(?:,[0-9]*)?[^0-9]*\z)"_s);
     return IsInGroupsOfThree(pointed.match(typed.trimmed()).captured(1), u'.');
 }
 
