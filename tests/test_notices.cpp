@@ -117,10 +117,13 @@ P Text4_0:13,50 typed:12.500
 P @Text4_0:1234,56 -> vale 1.234,00, non 1.234,56. Scrivere 1234.56 -> 1.234,00
 P @Text4_0:1,234.56 -> vale 1,00, non 1.234,56. Scrivere 1234.56 -> 1,00
 P @Text4_0:€_1000 -> «€ 1000» vale 0,00. Scrivere solo cifre e un punto -> 0,00
-P @Text4_0:1.000.00 -> «1.000.00» vale 1,00. Scrivere solo cifre e un punto -> 1,00
+P @Text4_0:1.000.00 -> «1.000.00» vale 1,00, non 1.000,00. Scrivere 1000.00 -> 1,00
 P Text4_0:1,00 typed:1'234.56 -> «1'234.56» vale 1,00. Scrivere solo cifre
 P @Text4_0:100- -> «100-» vale 100,00. Scrivere solo cifre -> 100,00
-P @Text4_0:l00 -> «l00» vale 0,00. Scrivere solo cifre -> 0,00
+P @Text4_0:850,00 -> -> 850,00
+P @Text4_0:8,159,010 -> vale 8,00, non 8.159.010,00. Scrivere 8159010 -> 8,00
+P @Text4_0:12a5 -> «12a5» vale 12,00. Scrivere solo cifre -> 12,00
+P @Text4_0:€_0 -> -> 0,00
 P @Text4_0:1_000.50_€ -> -> «1 000.50 €» vale 1.000,50
 P @Text5_0:4/100 -> «4/100» vale 4. Scrivere solo cifre e un punto -> 4 per cento
 P @Text5_0:22% -> -> «22%» vale 22 per cento
@@ -134,6 +137,9 @@ P @Text2_5:1,234.56 Text2_3:1,23 total:1,23 -> vale 1,23, non 1.234,56. Scrivere
 P @Text2_5:10.50 -> vale 1.050,00, non 10,50. Scrivere 10,50|Fattura 1.050,00: -> 1.050,00
 P Text2_5:10.50 Text2_3:1.050,00 total:1.050,00 -> Altri Importi: «10.50»
 P Text2_5:1.050 Text2_3:1.050,00 total:1.050,00
+P @Text2_5:2'373.32 Text2_3:2,00 total:2,00 -> vale 2,00. Scrivere solo cifre e una virgola -> 2,00
+P @Text2_5:873,- Text2_3:873,00 total:873,00 -> -> 873,00
+P Text2_5:5.335.24 Text2_3:533.524,00 total:533.524,00 -> non 5.335,24. Scrivere 5.335,24
 P Text2_5:1.050_€ Text2_3:1.050,00 total:1.050,00
 P Text2_4:10400.00 -> Somma soggetta a R.A.: «10400.00» vale 1.040.000,00
 P @Text2_3:5 Text2_0:7,00 total:7,00 -> -> va perso: uscendo dal campo torna 7,00
@@ -160,7 +166,7 @@ A cost:A1=1,00 cost:B2=2,00 cost:a1=3,00 -> Voce a1: c'è due volte
 A cost:A1=500,00 open:A1=501 -> supera di 1,00 -> 501,00
 A cost:A1=1.234,00 open:A1=1.234,00 -> vale 1,23, non 1.234,00. Scrivere 1234.00 (o Esc) -> 1,23
 A cost:A1=1,23 closed:A1=1.234,00 -> Scrivere 1234.00
-A cost:A1=1,00 closed:A1=1.000.00 -> Voce A1: «1.000.00» vale 1,00
+A cost:A1=1,00 closed:A1=1.000.00 -> Voce A1: «1.000.00» vale 1,00, non 1.000,00
 A cost:A1=5,00 closed:A1=1.234,00
 A del:__/__/____ -> Senza data
 A del:31/02/2026 -> «31/02/2026» non è una data

@@ -32,8 +32,10 @@ bool isGrouped(const QString &typed)
 /** The text in plain form, by the mark that seems to be meant as that of the decimals. */
 QString meantPlain(QString typed)
 {
-    const qsizetype comma = typed.indexOf(u',');
-    return comma >= 0 && typed.indexOf(u'.') > comma ? typed.remove(u',') : PuntoDecimale(typed);
+    if (typed.lastIndexOf(u'.') <= typed.lastIndexOf(u',') || isGrouped(typed))
+        return typed.count(u',') > 1 ? typed.remove(u',') : PuntoDecimale(typed);
+    const qsizetype decimals = typed.remove(u',').lastIndexOf(u'.');
+    return typed.first(decimals).remove(u'.') + typed.sliced(decimals);
 }
 
 } // namespace
@@ -75,24 +77,29 @@ QString WorthLine(const QString &typed, TypedNotation notation)
 QString MisreadLine(const QString &typed, TypedNotation notation)
 {
     static const QRegularExpression digit(u"[1-9]"_s);
-    static const QRegularExpression lost(u"\\A-|[0-9]"_s); // as in "100-" and "1.000.00"
+    static const QRegularExpression anyDigit(u"[0-9]"_s);
+    static const QRegularExpression minusBehind(u"[0-9]\\s*-[^0-9]*\\z"_s);
+    const bool isComma = notation == TypedNotation::Comma;
+    const bool hasGroups = isGrouped(typed) || typed.count(u'.') > 1;
     const QString worth = TypedWorth(typed, notation);
     QString meant = worth;
     QString wayOut;
-    if (notation == TypedNotation::Comma && typed.contains(u'.') && !isGrouped(typed)) {
-        wayOut = meant =
-            TypedWorth(typed.contains(u',') ? meantPlain(typed) : typed, TypedNotation::Point);
-    } else if (notation != TypedNotation::Comma &&
-               (typed.contains(u',') || (notation == TypedNotation::Point && isGrouped(typed)))) {
-        wayOut = meantPlain(typed);
-        meant = TypedWorth(wayOut, notation);
+    QString plain = typed;
+    if (isComma)
+        PuntoDecimale(plain);
+    if (isComma && typed.contains(u'.') && !isGrouped(typed)) {
+        plain = meantPlain(typed);
+        wayOut = meant = TypedWorth(plain, TypedNotation::Point);
+    } else if (!isComma &&
+               (typed.contains(u',') || (notation == TypedNotation::Point && hasGroups))) {
+        wayOut = plain = meantPlain(typed);
+        meant = TypedWorth(plain, notation);
     }
     if (meant != worth)
         return u"%1 vale %2, non %3. Scrivere %4"_s.arg(quoted(typed), worth, meant, wayOut);
-    const bool isComma = notation == TypedNotation::Comma;
-    QString read = typed;
-    const QString rest = BehindLeadingNumber(isComma ? PuntoDecimale(read) : read);
-    if (rest.contains(lost) || (typed.contains(digit) && !worth.contains(digit)))
+    const QString rest = BehindLeadingNumber(plain);
+    if (typed.contains(digit) &&
+        (rest.contains(anyDigit) || !worth.contains(digit) || typed.contains(minusBehind)))
         return u"%1 vale %2. Scrivere solo cifre e %3"_s.arg(
             quoted(typed), worth, isComma ? u"una virgola"_s : u"un punto"_s);
     return {};
