@@ -163,20 +163,6 @@ void TestImport::leavesWhatOthersMade()
         QVERIFY_THROWS_EXCEPTION(
             FileError, ImportFiles(contracts.filePath(code), office.csv(), {true, true, {}}));
     QCOMPARE(contracts.entryList(), before);
-#ifndef Q_OS_WIN
-    // What the link stands for is on a disk that is away.
-    const QString away = contracts.filePath(u"00041"_s);
-    QVERIFY(QFile::link(office.path(u"manca"_s), away));
-    try {
-        ImportFiles(away, office.csv(), {true, false, {}});
-        QFAIL("imported");
-    } catch (const SaldoroError &error) {
-        QVERIFY2(error.message().contains(u"L'archivio non è stato trovato."_s) &&
-                     error.detail(Detail::File).endsWith(u"/00041"_s),
-                 qPrintable(error.message()));
-    }
-    QVERIFY(!contracts.exists(u"00041.nuovo"_s));
-#endif
 }
 
 /** When a new project can't get its name, what was written into the shared code map stays. */

@@ -1,6 +1,7 @@
 #include "exchange/archive_tables.h"
 #include "office.h"
 #include "platform/machine_path.h"
+#include "platform/progress.h"
 #include "store/project_open_mark.h"
 
 #include <QTest>
@@ -27,12 +28,22 @@ void TestImportReplacement::replaces()
     QFile::link(u"nowhere"_s, office.csv() + u"/Spese.csv"_s);
     QVERIFY(office.import().contains(u"Il file non può essere letto."_s));
     QVERIFY(QFile::remove(office.csv() + u"/Spese.csv"_s));
-    // A name that is found taken only at the end: the new code map does not stay either.
+    // The same of a project: none is made in the place of what is away.
     QVERIFY(QDir().mkpath(QFileInfo(office.project()).path()) &&
             QFile::link(u"nowhere"_s, office.project()));
-    QVERIFY(office.import().contains(u"Il file c'è già."_s) && office.archive().isEmpty());
-    QVERIFY(QFile::remove(office.project()));
+    const QString away = office.import();
+    QVERIFY2(away.contains(u"L'archivio non è stato trovato.\nFile: "_s + office.project() + u'\n'),
+             qPrintable(away));
+    QVERIFY(office.archive().isEmpty() && QFile::remove(office.project()));
 #endif
+    // A name that is found taken only at the end: the new code map does not stay either.
+    Progress::setWatcher([&office](const QString &state) {
+        if (state == "Controllo"_L1)
+            QDir().mkdir(office.project());
+    });
+    QVERIFY(office.import().contains(u"Il file c'è già."_s) && office.archive().isEmpty());
+    Progress::setWatcher({});
+    QVERIFY(QDir().rmdir(office.project()));
     // The journal of a missing database is neither played into the new one nor deleted.
     const QString journal = office.project() + u"/Appalto.mdb-journal"_s;
     WriteFile(journal, "x");

@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace saldoro {
@@ -52,7 +53,6 @@ void PastedTable::setRows(const QList<CellRow> &rows, const QStringList &warning
     m_warnings = warnings;
     m_international.clear();
     m_areMixed = false;
-    m_written.clear();
     m_columns = PastedColumns(rows, m_table);
     m_doubts.clear();
     for (const QString &field : m_table.neededFields)
@@ -74,8 +74,7 @@ void PastedTable::setRows(const QList<CellRow> &rows, const QStringList &warning
 
 void PastedTable::setText(const QString &text)
 {
-    QString lines = text;
-    lines.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+    const QString lines = QString(text).replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
     const bool hasTabs = lines.contains(u'\t') || !lines.contains(u';');
     const TextRows read = RowsOfText(lines, hasTabs ? u'\t' : u';');
     if (read.fault)
@@ -131,7 +130,7 @@ void PastedTable::setColumn(const QString &field, qsizetype column)
 void PastedTable::setCell(qsizetype row, qsizetype column, const QString &text)
 {
     m_rows[row].cells[column] = plainCell(text);
-    m_written.emplace(row, column);
+    m_rows[row].written.insert(column);
     judge();
 }
 
@@ -198,29 +197,21 @@ void PastedTable::restoreAmounts(qsizetype column)
     m_international.clear();
 }
 
-QList<CellRow> PastedTable::asGiven(QList<CellRow> rows) const
-{
-    for (CellRow &row : rows) {
-        for (qsizetype column = 0; column < row.cells.size(); ++column) {
-            if (m_written.contains({row.line - 1, column}))
-                row.cells[column].clear();
-        }
-    }
-    return rows;
-}
-
 void PastedTable::judge()
 {
     const QList<CellRow> rows = rowsToRead();
     CellColumns columns = m_columns;
     columns.firstRow = 0;
-    const std::set<Notation> told = ToldNotations(rows, columns, m_table);
-    if (told == std::set{Notation::International}) {
+    if (ToldNotations(rows, columns, m_table) == std::set{Notation::International}) {
         readInItalian();
-        judge();
-        return;
+        return judge();
     }
-    m_areMixed = m_areMixed || ToldNotations(asGiven(rows), columns, m_table).size() > 1;
+    QList<CellRow> given = rows; // which tell how the source writes amounts
+    for (CellRow &row : given) {
+        for (const qsizetype column : m_rows[row.line - 1].written)
+            row.cells[column].clear();
+    }
+    m_areMixed = m_areMixed || ToldNotations(given, columns, m_table).size() > 1;
     QList<CellFault> faults;
     m_taken = TypedRowsOf(rows, columns, m_table, m_table.definition,
                           m_areMixed ? std::nullopt : std::optional(Notation::Italian), faults);

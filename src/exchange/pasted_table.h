@@ -4,12 +4,11 @@
 
 #include <QList>
 #include <QMap>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
-#include <set>
-#include <utility>
 
 namespace saldoro {
 
@@ -27,7 +26,8 @@ struct PastedRow
 {
     QStringList cells;
     PastedState state = PastedState::Taken;
-    QString reason = {}; ///< of the state, in Italian; empty for a row that is taken
+    QString reason = {};          ///< of the state, in Italian; empty for a row that is taken
+    QSet<qsizetype> written = {}; ///< cells that the user has written, not the source
 };
 
 /**
@@ -89,9 +89,6 @@ public:
 
 private:
     void judge();
-    /** Rows without the cells that the user has written, which do not tell the source's notation.
-     */
-    QList<CellRow> asGiven(QList<CellRow> rows) const;
     /** Sets aside what is no row of the table and gives the rows that may be. */
     QList<CellRow> rowsToRead();
     void requireFields(int line, const TableRow &row);
@@ -108,7 +105,6 @@ private:
     Check m_check;
     QList<PastedRow> m_rows;
     CellColumns m_columns;
-    std::set<std::pair<qsizetype, qsizetype>> m_written; ///< cells, by row and column
     QMap<QString, QString> m_doubts; ///< what the header leaves open about a field
     /** Cells of the amounts before they were rewritten; empty when they were not. */
     QStringList m_international;
