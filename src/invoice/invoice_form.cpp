@@ -139,8 +139,13 @@ void InvoiceForm::addPage()
     connect(qApp, &QApplication::focusChanged, area, [area](QWidget *, QWidget *now) {
         if (!area->isAncestorOf(now))
             return;
-        // The toolkit cares for the cursor only; the rest of the control may be out of sight.
+        // The toolkit cares for the cursor only; the rest of the control, and its caption, may be
+        // out of sight.
         QRect control(now->mapTo(area->widget(), QPoint()), now->size());
+        for (const QLabel *label : area->findChildren<QLabel *>()) {
+            if (label->buddy() == now)
+                control |= QRect(label->mapTo(area->widget(), QPoint()), label->size());
+        }
         control.setSize(control.size().boundedTo(area->viewport()->size()));
         area->ensureVisible(control.center().x(), control.center().y(), control.width() / 2 + 1,
                             control.height() / 2 + 1);
