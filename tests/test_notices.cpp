@@ -111,7 +111,10 @@ P Text4_0:100,00 Text2_0:100,00 @Text2_1:22 -> Conti 0,00, Totale Fattura 122,00
 P @Text2_5:0.00 Text2_3:0,00 total:0,00 Text5_2:0,00 -> -> 0,00 (i decimali vanno dopo la virgola)
 P @Text4_0: -> -> Il campo vuoto vale 0,00 (i decimali vanno dopo il punto)
 P @Text4_0:12.500 -> «12.500» vale 12,50, non 12.500,00. Scrivere 12500 -> 12,50
-P @Text4_0:12.500_€ -> «12.500 €» vale 12,50, non 12.500,00. Scrivere 12500 € -> 12,50
+P @Text4_0:12.500_€ -> «12.500 €» vale 12,50, non 12.500,00. Scrivere 12500 -> 12,50
+P @Text4_0:1000.50. -> -> 1.000,50
+P @Text4_0:1000.50_c.a. -> -> 1.000,50
+P @Text4_0:1.234,56,78 -> vale 1,23, non 1.234,56. Scrivere 1234.56 -> 1,23
 P Text4_0:12,50 typed:12.500 -> Importo Prestazione: «12.500» vale 12,50
 P Text4_0:13,50 typed:12.500
 P @Text4_0:1234,56 -> vale 1.234,00, non 1.234,56. Scrivere 1234.56 -> 1.234,00
@@ -138,6 +141,7 @@ P @Text2_5:10.50 -> vale 1.050,00, non 10,50. Scrivere 10,50|Fattura 1.050,00: -
 P Text2_5:10.50 Text2_3:1.050,00 total:1.050,00 -> Altri Importi: «10.50»
 P Text2_5:1.050 Text2_3:1.050,00 total:1.050,00
 P @Text2_5:2'373.32 Text2_3:2,00 total:2,00 -> vale 2,00. Scrivere solo cifre e una virgola -> 2,00
+P @Text2_5:10,50_c.a. Text2_3:10,50 total:10,50 -> -> 10,50
 P @Text2_5:873,- Text2_3:873,00 total:873,00 -> -> 873,00
 P Text2_5:5.335.24 Text2_3:533.524,00 total:533.524,00 -> non 5.335,24. Scrivere 5.335,24
 P Text2_5:1.050_€ Text2_3:1.050,00 total:1.050,00

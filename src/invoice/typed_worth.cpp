@@ -21,11 +21,10 @@ QString quoted(const QString &typed)
     return u'«' + start + (start == typed ? u"»"_s : u"…»"_s);
 }
 
-/** Whether points stand between groups of three digits, as in an amount that is shown, perhaps with
- *  its currency behind. */
+/** Whether points stand between groups of three digits, as in an amount that is shown. */
 bool isGrouped(const QString &typed)
 {
-    static const QRegularExpression pointed(uR"(\A[+-]?([0-9.]*\.[0-9]+)(?:,[0-9]*)?[^0-9]*\z)"_s);
+    static const QRegularExpression pointed(uR"(\A[+-]?([0-9.]*\.[0-9]+)(?:,[0-9]*)?\z)"_s);
     return IsInGroupsOfThree(pointed.match(typed.trimmed()).captured(1), u'.');
 }
 
@@ -33,7 +32,8 @@ bool isGrouped(const QString &typed)
 QString meantPlain(QString typed)
 {
     if (typed.lastIndexOf(u'.') <= typed.lastIndexOf(u',') || isGrouped(typed))
-        return typed.count(u',') > 1 ? typed.remove(u',') : PuntoDecimale(typed);
+        return typed.count(u',') > 1 && !typed.contains(u'.') ? typed.remove(u',')
+                                                              : PuntoDecimale(typed);
     const qsizetype decimals = typed.remove(u',').lastIndexOf(u'.');
     return typed.first(decimals).remove(u'.') + typed.sliced(decimals);
 }
@@ -79,20 +79,22 @@ QString MisreadLine(const QString &typed, TypedNotation notation)
     static const QRegularExpression digit(u"[1-9]"_s);
     static const QRegularExpression anyDigit(u"[0-9]"_s);
     static const QRegularExpression minusBehind(u"[0-9]\\s*-[^0-9]*\\z"_s);
+    static const QRegularExpression behind(u"[^0-9]*\\z"_s);
+    const QString number = QString(typed).remove(behind); // a point in words is no mark
     const bool isComma = notation == TypedNotation::Comma;
-    const bool hasGroups = isGrouped(typed) || typed.count(u'.') > 1;
+    const bool hasGroups = isGrouped(number) || number.count(u'.') > 1;
     const QString worth = TypedWorth(typed, notation);
     QString meant = worth;
     QString wayOut;
-    QString plain = typed;
+    QString plain = number;
     if (isComma)
         PuntoDecimale(plain);
-    if (isComma && typed.contains(u'.') && !isGrouped(typed)) {
-        plain = meantPlain(typed);
+    if (isComma && number.contains(u'.') && !isGrouped(number)) {
+        plain = meantPlain(number);
         wayOut = meant = TypedWorth(plain, TypedNotation::Point);
     } else if (!isComma &&
-               (typed.contains(u',') || (notation == TypedNotation::Point && hasGroups))) {
-        wayOut = plain = meantPlain(typed);
+               (number.contains(u',') || (notation == TypedNotation::Point && hasGroups))) {
+        wayOut = plain = meantPlain(number);
         meant = TypedWorth(plain, notation);
     }
     if (meant != worth)
