@@ -93,6 +93,8 @@ void TestImport::refuses()
         {"UltimaPerVariante", budget + "A1;x;1000.00\nA2;x;250.125\nA3;x;1.234,50\n",
          "riga 2, campo Importo: «1000.00» non è|riga 3, campo Importo: «250.125» può essere mille "
          "volte"},
+        {"UltimaPerVariante", budget + QByteArray("A1;x;1.000\n").repeated(23) + "A2;x;40.50\n",
+         "riga 25, campo Importo: «40.50» non è|riga 2, campo Importo: «1.000» può"},
         {"Manda", "AnagPar;AnagRel;\n1;2;3\n", "riga 2: la cella 3 sta in una colonna"},
         {"UltimaPerVariante", budget + "A1;a \"b\";1\n", "riga 2: ci sono virgolette dentro"},
         {"UltimaPerVariante", budget + "A1;\"a\" b;1\n", "riga 2: dopo le virgolette chiuse"},

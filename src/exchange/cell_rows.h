@@ -22,6 +22,8 @@ struct CellFault
     int line = 0;    ///< of the row, from 1; 0 stands for all rows
     QString field;   ///< of the table; empty when it is not about one
     QString problem; ///< Italian, in lower case and with a full stop
+
+    bool operator==(const CellFault &) const = default;
 };
 
 /** The rows of a text, up to the fault that keeps the rest from being read. */

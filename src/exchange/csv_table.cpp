@@ -143,6 +143,23 @@ int rowAboveHeader(const QList<CellRow> &rows, CellColumns columns, const Exchan
     return 0;
 }
 
+/** Adds the amounts of an Italian file that are in doubt. They come behind the faults that are
+ *  there: of many only some are shown, and the doubt may go with one of those. */
+void addDoubts(QList<CellRow> rows, const CellColumns &columns, const ExchangedTable &table,
+               const TableDef &stored, QList<CellFault> &faults)
+{
+    QList<CellFault> all;
+    TypedRowsOf(std::move(rows), columns, table, stored, std::nullopt, all);
+    qsizetype sure = 0;
+    const qsizetype sures = faults.size(); // which are among all, in this order
+    for (const CellFault &fault : std::as_const(all)) {
+        if (sure < sures && fault == faults[sure])
+            ++sure;
+        else
+            faults.append(fault);
+    }
+}
+
 /** The rows behind a header, whose separator tells the notation. */
 GivenTable rowsBelow(const CellColumns &columns, const QString &text, QChar separator,
                      const ExchangedTable &table, const TableDef &stored, QList<CellFault> &faults)
@@ -158,8 +175,7 @@ GivenTable rowsBelow(const CellColumns &columns, const QString &text, QChar sepa
     const std::set<Notation> told =
         faults.isEmpty() ? std::set{own} : ToldNotations(cells.rows, columns, table);
     if (isItalian && told.size() > 1) { // "250.125" may be of the other one
-        faults.clear();
-        TypedRowsOf(std::move(cells.rows), columns, table, stored, std::nullopt, faults);
+        addDoubts(std::move(cells.rows), columns, table, stored, faults);
     } else if (faults.size() > 1 && told == std::set{other}) { // a single one may be a typing error
         QList<CellFault> otherFaults;
         TypedRowsOf(std::move(cells.rows), columns, table, stored, other, otherFaults);
