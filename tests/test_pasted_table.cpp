@@ -180,6 +180,10 @@ private slots:
         pasted.setCell(1, 2, u"2000.00"_s);
         pasted.setColumn(u"Descri"_s, 1);
         QCOMPARE(pasted.count(PastedState::Faulty), 1);
+        pasted.setText(u"A1\tScavi\t1,234\nA2\tMuri\t"_s);
+        pasted.setCell(1, 2, u"2000.00"_s);
+        QCOMPARE(pasted.rows()[0].cells[2], u"1,234"_s);
+        QCOMPARE(pasted.count(PastedState::Faulty), 2);
         // A row that comes in later tells how the amounts are written, too.
         pasted.setText(u"A1\tScavi\t250.125\n\tMuri\t1000.00"_s);
         pasted.setCell(1, 0, u"A2"_s);

@@ -202,16 +202,17 @@ void PastedTable::judge()
     const QList<CellRow> rows = rowsToRead();
     CellColumns columns = m_columns;
     columns.firstRow = 0;
-    if (ToldNotations(rows, columns, m_table) == std::set{Notation::International}) {
-        readInItalian();
-        return judge();
-    }
     QList<CellRow> given = rows; // which tell how the source writes amounts
     for (CellRow &row : given) {
         for (const qsizetype column : m_rows[row.line - 1].written)
             row.cells[column].clear();
     }
-    m_areMixed = m_areMixed || ToldNotations(given, columns, m_table).size() > 1;
+    const std::set<Notation> told = ToldNotations(given, columns, m_table);
+    if (told == std::set{Notation::International}) {
+        readInItalian();
+        return judge();
+    }
+    m_areMixed = m_areMixed || told.size() > 1;
     QList<CellFault> faults;
     m_taken = TypedRowsOf(rows, columns, m_table, m_table.definition,
                           m_areMixed ? std::nullopt : std::optional(Notation::Italian), faults);
