@@ -117,7 +117,9 @@ struct AmountNotices
         const QString text = now.text(held);
         const QString next = then.text(held);
         if (!text.isEmpty() && text != next && text != FormatImporto(computed(before)))
-            add(Danger, held, u"uscendo di qui %1 diventa %2, da riscrivere poi"_s.arg(text, next));
+            add(Danger, held,
+                u"uscendo dal campo in cui si è, %1 diventa %2, da riscrivere poi"_s.arg(text,
+                                                                                         next));
     }
 
     void tellOverwrittenAmounts()
