@@ -30,9 +30,9 @@ QByteArrayView KeptText(QByteArrayView text, std::pmr::memory_resource &texts);
 
 /** The form in which @p value is stored in @p field, with a text put into @p texts, or the fault
  *  that forbids it: TypeMismatch, FieldTooSmall. Amounts go into currency and floating-point
- *  fields, whole numbers into all number fields, everything into undeclared ones; a text is never
- *  read as a number. Whether the field accepts an empty text is not looked at: the file refuses it
- *  (sql_text). */
+ *  fields, whole numbers into all number fields, everything but days into undeclared ones; a text
+ *  is never read as a number. Whether the field accepts an empty text is not looked at: the file
+ *  refuses it (sql_text). */
 std::variant<StoredValue, DatabaseFault> StoredForm(const FieldDef &field, const NewValue &value,
                                                     std::pmr::memory_resource &texts);
 

@@ -27,7 +27,7 @@ public:
 
     /** Reads the contracts below the archives root @p root. The current one stays current; while it
      *  is not there, none is. With another root the first one becomes current. A reading that is
-     * going on is given up. */
+     *  going on is given up. */
     void read(const QString &root);
 
     /** The archives root that was read last. */
