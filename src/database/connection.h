@@ -5,7 +5,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <chrono>
 #include <memory>
 
 struct sqlite3;
@@ -61,9 +60,9 @@ public:
     /** The row id of the record that was added last. */
     qint64 lastRowId() const;
 
-    /** Starts the time that one statement may take. The engine gives up when it is over. */
-    void startClock(std::chrono::seconds longest = LongestRead) const;
-    static constexpr std::chrono::seconds LongestRead{20};
+    /** Starts the time that one statement may take. The engine gives up when it is over, unless it
+     *  went by in waiting for the disk. */
+    void startClock() const;
 
     /** Replaces the content of @p copy by that of this file and flushes it to the disk. */
     void copyTo(Connection &copy) const;

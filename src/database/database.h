@@ -23,7 +23,7 @@ class Connection;
  * of the floors above opens a file and promises DatabaseError, that FileError passes, too. Other
  * programs of the suite use the same files: every action waits for a file that is locked, up to
  * LockWaitMilliseconds, before it throws Locked. One whose statement takes more than some 20
- * seconds throws Endless.
+ * seconds, not counting a slow disk, throws Endless.
  */
 class Database
 {

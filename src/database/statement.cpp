@@ -60,10 +60,10 @@ void Statement::bind(int position, const StoredValue &value)
         m_file->fail(code, m_table);
 }
 
-bool Statement::step(std::chrono::seconds longest)
+bool Statement::step()
 {
     if (sqlite3_stmt_busy(m_statement.get()) == 0) // at its beginning
-        m_file->startClock(longest);
+        m_file->startClock();
     const int code = sqlite3_step(m_statement.get());
     if (code != SQLITE_ROW && code != SQLITE_DONE) {
         sqlite3_reset(m_statement.get()); // keeps the failure's message

@@ -30,8 +30,8 @@ public:
     void bind(int position, const StoredValue &value);
 
     /** Runs to the next row; false at the end. A change outside a transaction is on the disk then.
-     *  The first step sets how long all of them may take. */
-    bool step(std::chrono::seconds longest = Connection::LongestRead);
+     */
+    bool step();
     /** Runs to the end and returns how many records an INSERT, UPDATE or DELETE changed; the number
      *  means nothing for other statements. The statement can be run again, also after a failure. */
     int run();
