@@ -154,6 +154,7 @@ P @Text4_0:0.00 before:0,00 Text2_0:9,00 Text2_3:9,00 Text5_2:9,00 total:9,00 ->
 P @Text4_2:1 before:2,00 Text4_0:7,00 Text2_0:9,00 Text2_3:8,00 Text5_2:8,00 total:8,00 -> -> 1,00
 P @Text4_1:2 Text2_0:7,00 Text4_0:7,00 Text2_3:9,00 Text5_2:9,00 total:9,00 -> -> 2,00
 P @Text4_1:2 before:2,00 Text4_0:7,00 Text2_0:9,00 Text2_3:9,00 Text5_2:9,00 total:9,00 -> -> 2,00
+A Text2_0:60,00 before:50,00 @Text2_1:10 before:10 Text2_2:5,00 total:66,00 -> -> 10
 A Text2_0:9,00 @Text2_1:20 before:10 Text2_2:0,90 total:10,80 -> -> 20
 A Text2_0:9,00 @Text2_1:10 before:10 total:9,90 -> -> 10
 P Text2_4:100,00 Text5_0:20 Text5_1:10,00 -> Importo R.A.: 10,00 non torna, il 20% di 100,00 è 20,00: azzerarla

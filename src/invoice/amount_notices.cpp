@@ -116,7 +116,11 @@ struct AmountNotices
         before.setText(focused, state.past.value(focused).before);
         const QString text = now.text(held);
         const QString next = then.text(held);
-        if (!text.isEmpty() && text != next && text != FormatImporto(computed(before)))
+        if (text.isEmpty() || text == next || text == FormatImporto(computed(before)))
+            return;
+        const QString base = state.past.value(Importo).before;
+        before.setText(Importo, base); // of which the amount may be, before that was changed
+        if (base.isEmpty() || text != FormatImporto(computed(before)))
             add(Danger, held,
                 u"uscendo dal campo in cui si è, %1 diventa %2, da riscrivere poi"_s.arg(text,
                                                                                          next));
