@@ -51,6 +51,20 @@ private slots:
         QCOMPARE(archive.ledgerRows(u"SELECT Del FROM Fatture"_s), u"2026-03-01"_s);
     }
 
+    /** As an import takes it, though the box lets nobody leave such a day. */
+    void aDayOfTheFirstCenturyStays()
+    {
+        TestArchive archive;
+        ProgramValues values = archive.values();
+        archive.execute(LedgerPath(values), u"INSERT INTO Fatture (Npag, AziProf, Del) VALUES "
+                                            "(5, 'A', '0024-03-15')"_s);
+        HeldForm form(CreditorKind::Company, 5);
+        form.load(values);
+        QCOMPARE(form.record.del, u"15/03/0024"_s);
+        form.save(values);
+        QCOMPARE(archive.ledgerRows(u"SELECT Del FROM Fatture"_s), u"0024-03-15"_s);
+    }
+
     void nullsShowEmpty()
     {
         TestArchive archive;

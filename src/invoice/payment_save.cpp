@@ -1,7 +1,6 @@
 #include "invoice/payment_save.h"
 
 #include "common/amount_text.h"
-#include "common/date_text.h"
 #include "common/errors.h"
 #include "database/database.h"
 #include "invoice/allocation_table.h"
@@ -24,8 +23,10 @@ void fillPayment(RecordSet &payments, const PaymentRecord &record)
     payments.set(u"Npag"_s, record.number);
     payments.set(u"Creditore"_s, TextOrNull(record.creditore));
     payments.set(u"NFat"_s, record.nFat);
-    // As a day: a column of texts would keep dd/MM/yyyy, which no list could read again.
-    payments.set(u"Del"_s, record.del == EmptyDateText ? NewValue() : DayInBox(record.del));
+    // As a day: a column of texts would keep dd/MM/yyyy, which no list could read again. A stored
+    // one that the box would not let go, of a year below 100, is a day, too.
+    const QDate day = QDate::fromString(record.del, u"dd/MM/yyyy"_s);
+    payments.set(u"Del"_s, record.del == EmptyDateText ? NewValue() : day);
     payments.set(u"Memo"_s, record.memo);
     payments.set(u"Descrizione"_s, record.descrizione);
     for (const AmountField &field : AmountChainOf(record.kind).fields) {
