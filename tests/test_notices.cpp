@@ -122,7 +122,10 @@ P @Text4_0:1,234.56 -> vale 1,00, non 1.234,56. Scrivere 1234.56 -> 1,00
 P @Text4_0:€_1000 -> «€ 1000» vale 0,00. Scrivere solo cifre e un punto -> 0,00
 P @Text4_0:1.000.00 -> «1.000.00» vale 1,00, non 1.000,00. Scrivere 1000.00 -> 1,00
 P Text4_0:1,00 typed:1'234.56 -> «1'234.56» vale 1,00. Scrivere solo cifre
-P @Text4_0:100- -> «100-» vale 100,00. Scrivere solo cifre -> 100,00
+P @Text4_0:100- -> «100-» vale 100,00, non -100,00. Scrivere -100 -> 100,00
+P @Text4_0:1.000-_€ -> vale 1,00, non -1.000,00. Scrivere -1000 -> 1,00
+P @Text4_0:100_-_acconto -> -> 100,00
+P @Text2_5:1.050,00- Text2_3:1.050,00 total:1.050,00 -> non -1.050,00. Scrivere -1.050,00 -> 1.050,00
 P @Text4_0:850,00 -> -> 850,00
 P @Text4_0:8,159,010 -> vale 8,00, non 8.159.010,00. Scrivere 8159010 -> 8,00
 P @Text4_0:12a5 -> «12a5» vale 12,00. Scrivere solo cifre -> 12,00

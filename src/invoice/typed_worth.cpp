@@ -78,9 +78,12 @@ QString MisreadLine(const QString &typed, TypedNotation notation)
 {
     static const QRegularExpression digit(u"[1-9]"_s);
     static const QRegularExpression anyDigit(u"[0-9]"_s);
-    static const QRegularExpression minusBehind(u"[0-9]\\s*-[^0-9]*\\z"_s);
+    static const QRegularExpression minusBehind(u"[0-9]\\s*-\\s*€?\\s*\\z"_s);
     static const QRegularExpression behind(u"[^0-9]*\\z"_s);
-    const QString number = QString(typed).remove(behind); // a point in words is no mark
+    QString number = QString(typed).remove(behind); // a point in words is no mark
+    const bool isNegative = typed.contains(minusBehind);
+    if (isNegative)
+        number.prepend(u'-');
     const bool isComma = notation == TypedNotation::Comma;
     const bool hasGroups = isGrouped(number) || number.count(u'.') > 1;
     const QString worth = TypedWorth(typed, notation);
@@ -89,19 +92,18 @@ QString MisreadLine(const QString &typed, TypedNotation notation)
     QString plain = number;
     if (isComma)
         PuntoDecimale(plain);
-    if (isComma && number.contains(u'.') && !isGrouped(number)) {
+    if (isComma && (isNegative || (number.contains(u'.') && !isGrouped(number)))) {
         plain = meantPlain(number);
         wayOut = meant = TypedWorth(plain, TypedNotation::Point);
-    } else if (!isComma &&
-               (number.contains(u',') || (notation == TypedNotation::Point && hasGroups))) {
+    } else if (!isComma && (isNegative || number.contains(u',') ||
+                            (notation == TypedNotation::Point && hasGroups))) {
         wayOut = plain = meantPlain(number);
         meant = TypedWorth(plain, notation);
     }
     if (meant != worth)
         return u"%1 vale %2, non %3. Scrivere %4"_s.arg(quoted(typed), worth, meant, wayOut);
     const QString rest = BehindLeadingNumber(plain);
-    if (typed.contains(digit) &&
-        (rest.contains(anyDigit) || !worth.contains(digit) || typed.contains(minusBehind)))
+    if (typed.contains(digit) && (rest.contains(anyDigit) || !worth.contains(digit)))
         return u"%1 vale %2. Scrivere solo cifre e %3"_s.arg(
             quoted(typed), worth, isComma ? u"una virgola"_s : u"un punto"_s);
     return {};
