@@ -81,7 +81,7 @@ void WriteProjectDocuments(ProgramValues &values, const TextTable &overview)
 {
     FrmElab form;
     form.listBox.text = OverviewText(overview);
-    if (!form.listBox.text.isEmpty()) // which sets the font with each line, so with none not at all
+    if (!form.listBox.text.isEmpty()) // each line sets the font, and without one it stays
         form.listBox.fontName = form.lastPaymentBox.fontName = u"Courier New"_s;
     SaveDocument(values, form.listBox, InternalCode::OverviewDocument);
     RegisterDocument(values, InternalCode::OverviewDocument);
