@@ -244,6 +244,8 @@ void TestVerify::unreadableFilesAreFindings()
     QVERIFY(QFile::remove(MachinePath(unopened.path(u'L'))));
     const QString made = u"Saldoro.mdb: non c'è: Saldoro lo fa, vuoto, quando apre il progetto."_s;
     QCOMPARE(summary(VerifyProject(unopened.folder()), made), made);
+    QVERIFY(QFile::remove(MachinePath(unopened.path(u'C')))); // no project any more
+    QVERIFY(!FindingsReport(VerifyProject(unopened.folder())).contains(made));
 }
 
 /** A save makes files beside the databases. The trial leaves none. */

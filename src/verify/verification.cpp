@@ -23,6 +23,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr QStringView stopsSaving = u"il prossimo salvataggio si fermerà qui: ";
+
 /** Throws on what is no finding: the file is in use or has a change that was broken off. */
 void throwWhatHinders(const QString &path, const DatabaseError &error)
 {
@@ -105,7 +107,7 @@ void Verification::tryWriting(const Database &database, ArchiveFile file)
         TryWriting(database.copyInMemory(), file);
     } catch (const DatabaseError &error) {
         Finding finding = fileFault(database.path(), error);
-        finding.problem.prepend(u"il prossimo salvataggio si fermerà qui: "_s);
+        finding.problem.prepend(stopsSaving);
         finding.remedy = u"chiedere a chi ha preparato l'archivio di togliere la regola che lo "
                          "vieta, o di rifare il file."_s;
         m_ofFiles.append(finding);
@@ -120,7 +122,7 @@ void Verification::tryFolder(const QString &folder)
     } catch (const FileError &error) {
         m_ofFiles.append({FindingGroup::Files,
                           u"Cartella "_s + QFileInfo(QDir(folder).absolutePath()).fileName(),
-                          u"il prossimo salvataggio si fermerà qui: "_s + error.problem(),
+                          stopsSaving.toString() + error.problem(),
                           u"controllare i permessi della cartella e lo spazio sul disco."_s});
     }
 }
@@ -144,7 +146,8 @@ Findings VerifyProject(const QString &folder, const QString &codes)
     for (const ArchiveFile file : ArchiveFileList) {
         const QString path =
             file == ArchiveFile::Codes && !codes.isEmpty() ? codes : ArchiveFilePath(file, folder);
-        if (file == ArchiveFile::Ledger && !IsTaken(path)) {
+        if (file == ArchiveFile::Ledger && !IsTaken(path) &&
+            IsTaken(ArchiveFilePath(ArchiveFile::Contract, folder))) { // it is a project
             verification.m_ofFiles.append(
                 {FindingGroup::Files, QFileInfo(path).fileName(),
                  u"non c'è: Saldoro lo fa, vuoto, quando apre il progetto."_s,
