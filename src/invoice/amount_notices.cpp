@@ -116,11 +116,11 @@ struct AmountNotices
         before.setText(focused, state.past.value(focused).before);
         const QString text = now.text(held);
         const QString next = then.text(held);
-        if (text.isEmpty() || text == next || text == FormatImporto(computed(before)))
+        if (text.isEmpty() || isWorth(text, next) || isWorth(text, FormatImporto(computed(before))))
             return;
         const QString base = state.past.value(Importo).before;
         before.setText(Importo, base); // of which the amount may be, before that was changed
-        if (base.isEmpty() || text != FormatImporto(computed(before)))
+        if (base.isEmpty() || !isWorth(text, FormatImporto(computed(before))))
             add(Danger, held,
                 u"uscendo dal campo in cui si è, %1 diventa %2, da riscrivere poi"_s.arg(text,
                                                                                          next));
@@ -132,8 +132,10 @@ struct AmountNotices
             return tellOverwritten(ImportoIva, AliquotaIva, [](const AmountTexts &texts) {
                 return texts.share(Importo, AliquotaIva);
             });
-        for (const Amount fee : {Prestazione, Contributo, CassaPrev})
+        for (const Amount fee : {Prestazione, Contributo, CassaPrev}) {
             tellOverwritten(Importo, fee, DueVatBase);
+            tellOverwritten(SoggettaRA, fee, DueWithholdingBase);
+        }
     }
 
     void tellTotal(Amount total, Currency due, const QString &text)
