@@ -116,25 +116,6 @@ private slots:
         }
     }
 
-    /** On a small screen the page scrolls to the field that has the focus, and to its caption. */
-    void captionsStayInSight()
-    {
-        InvoiceForm form(CreditorKind::Professional, m_values, m_overview);
-        form.resize(640, 450);
-        form.show();
-        QVERIFY(QTest::qWaitForWindowActive(&form));
-        int seen = 0;
-        for (const QLabel *label : form.findChildren<QLabel *>()) {
-            if (label->buddy() == nullptr)
-                continue;
-            label->buddy()->setFocus();
-            QVERIFY2(label->visibleRegion().boundingRect() == label->rect(),
-                     qPrintable(label->text()));
-            ++seen;
-        }
-        QVERIFY(seen > 10);
-    }
-
     void darkThemeIsReadable()
     {
         constexpr float apart = 0.5F;            // of the way from black to white

@@ -221,6 +221,24 @@ private slots:
                  QString());
     }
 
+    /** On a small screen the page scrolls to the field that has the focus, and to its caption. */
+    void captionsStayInSight()
+    {
+        d->open(CreditorKind::Professional, 1);
+        d->form->resize(640, 450);
+        d->play(u"to Command2"_s);
+        int seen = 0;
+        for (const QLabel *label : d->form->findChildren<QLabel *>()) {
+            if (label->buddy() == nullptr)
+                continue;
+            d->play(u"to "_s + label->buddy()->objectName());
+            QVERIFY2(label->visibleRegion().boundingRect() == label->rect(),
+                     qPrintable(label->text()));
+            ++seen;
+        }
+        QVERIFY(seen > 10);
+    }
+
 private:
     /** Goes through the controls, typing what is written behind some; lines are left by a key of
      *  their own. */
