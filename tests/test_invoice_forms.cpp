@@ -225,7 +225,7 @@ private slots:
     void captionsStayInSight()
     {
         d->open(CreditorKind::Professional, 1);
-        d->form->resize(640, 450);
+        d->form->resize(700, 450);
         d->play(u"to Command2"_s);
         int seen = 0;
         for (const QLabel *label : d->form->findChildren<QLabel *>()) {
