@@ -9,8 +9,8 @@ namespace saldoro {
 
 using namespace Qt::StringLiterals;
 
-/** Keys in an active form show the manual at that chapter, until Esc: above a form that stays above
- *  others, and else where it hides no dialog that the form opens later. */
+/** Keys in an active form show the manual at that chapter, until Esc. It stays above other windows
+ *  only where the form does: it would hide the dialogs of any other form. */
 inline void CheckManual(QWidget &form, const QString &keys, const QString &chapter)
 {
     QTRY_COMPARE(QApplication::activeWindow(), &form);

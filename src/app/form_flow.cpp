@@ -21,7 +21,6 @@ FormFlow::FormFlow(ProgramValues &values)
     // Queued: the window system is still busy with the form that it has made the active one.
     connect(m_main.get(), &FrmPrincipale::activatedOutOfUse, this, &FormFlow::raiseChooser,
             Qt::QueuedConnection);
-    m_manual.setWindowFlag(Qt::WindowStaysOnTopHint); // or it would open below the forms
     m_manual.offerIn(*m_main, ManualChapter::MainScreen);
 }
 

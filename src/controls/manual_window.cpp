@@ -3,11 +3,11 @@
 #include "controls/window_placement.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QKeyEvent>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTextBlock>
+#include <QTextBrowser>
 
 namespace saldoro {
 
@@ -23,55 +23,61 @@ QString anchorOf(const QString &heading)
     return heading.toLower().remove(dropped).replace(u' ', u'-');
 }
 
-} // namespace
-
-ManualWindow::ManualWindow()
+/** Scrolls to the heading that a link of that name leads to. */
+void goTo(QTextBrowser &browser, const QString &anchor)
 {
-    setObjectName(u"ManualWindow"_s);
-    setWindowTitle(u"Manuale di Saldoro"_s);
-    setAttribute(Qt::WA_QuitOnClose, false);
-    setOpenLinks(false); // the toolkit gives headings no anchors
-    connect(this, &QTextBrowser::anchorClicked, this,
-            [this](const QUrl &link) { goTo(link.fragment()); });
-    document()->setDocumentMargin(fontMetrics().height());
-    constexpr QSize firstSize(15900, 9300); // twips: as wide as its pictures
-    SizeWindow(*this, TwipsToPixels(firstSize, *this));
-    CentraForm(*this);
-}
-
-void ManualWindow::offerIn(QWidget &form, QStringView heading)
-{
-    auto *help = new QShortcut(QKeySequence::HelpContents, &form);
-    connect(help, &QShortcut::activated, this, [this, heading] { showChapter(heading); });
-}
-
-void ManualWindow::showChapter(QStringView heading)
-{
-    if (source().isEmpty())
-        setSource(QUrl(u"qrc:/manuale/manuale.md"_s), QTextDocument::MarkdownResource);
-    BringToFront(*this);
-    goTo(anchorOf(heading.toString()));
-}
-
-void ManualWindow::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else
-        QTextBrowser::keyPressEvent(event);
-}
-
-void ManualWindow::goTo(const QString &anchor)
-{
-    QTextBlock block = document()->begin();
+    const QTextDocument &manual = *browser.document();
+    QTextBlock block = manual.begin();
     while (block.isValid() &&
            (block.blockFormat().headingLevel() == 0 || anchorOf(block.text()) != anchor))
         block = block.next();
     if (!block.isValid())
         return;
-    setTextCursor(QTextCursor(block));
-    const QRectF place = document()->documentLayout()->blockBoundingRect(block);
-    verticalScrollBar()->setValue(static_cast<int>(place.top()));
+    browser.setTextCursor(QTextCursor(block));
+    const QRectF place = manual.documentLayout()->blockBoundingRect(block);
+    browser.verticalScrollBar()->setValue(static_cast<int>(place.top()));
+}
+
+std::unique_ptr<QTextBrowser> makeBrowser()
+{
+    auto browser = std::make_unique<QTextBrowser>();
+    browser->setObjectName(u"ManualWindow"_s);
+    browser->setWindowTitle(u"Manuale di Saldoro"_s);
+    browser->setAttribute(Qt::WA_QuitOnClose, false);
+    browser->setOpenLinks(false); // the toolkit gives headings no anchors
+    QObject::connect(browser.get(), &QTextBrowser::anchorClicked, browser.get(),
+                     [&manual = *browser](const QUrl &link) { goTo(manual, link.fragment()); });
+    QObject::connect(new QShortcut(Qt::Key_Escape, browser.get()), &QShortcut::activated,
+                     browser.get(), &QWidget::close);
+    browser->document()->setDocumentMargin(browser->fontMetrics().height());
+    browser->setSource(QUrl(u"qrc:/manuale/manuale.md"_s), QTextDocument::MarkdownResource);
+    constexpr QSize firstSize(15900, 9300); // twips: as wide as its pictures
+    SizeWindow(*browser, TwipsToPixels(firstSize, *browser));
+    CentraForm(*browser);
+    return browser;
+}
+
+} // namespace
+
+ManualWindow::ManualWindow() = default;
+
+ManualWindow::~ManualWindow() = default;
+
+void ManualWindow::offerIn(QWidget &form, QStringView heading)
+{
+    QObject::connect(new QShortcut(QKeySequence::HelpContents, &form), &QShortcut::activated, &form,
+                     [this, &form, heading] { showChapter(form, heading); });
+}
+
+void ManualWindow::showChapter(const QWidget &form, QStringView heading)
+{
+    if (!m_browser) {
+        m_browser = makeBrowser();
+        m_browser->setWindowFlag(Qt::WindowStaysOnTopHint,
+                                 form.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    }
+    BringToFront(*m_browser);
+    goTo(*m_browser, anchorOf(heading.toString()));
 }
 
 } // namespace saldoro

@@ -1,6 +1,11 @@
 #pragma once
 
-#include <QTextBrowser>
+#include <QStringView>
+
+#include <memory>
+
+class QTextBrowser;
+class QWidget;
 
 namespace saldoro {
 
@@ -15,26 +20,24 @@ inline constexpr QStringView Check = u"Controllo degli archivi";
 } // namespace ManualChapter
 
 /**
- * The manual, in a window of its own beside the forms, which stay usable. F1 shows it at the
- * chapter of the form. Esc closes it; it does not keep the program running.
+ * The manual of a program, in a window of its own beside the forms, which stay usable. Esc closes
+ * it; it does not keep the program running. The window is made when it is first asked for, since a
+ * start would take a tenth longer with it. The program has the manual among its resources.
  */
-class ManualWindow : public QTextBrowser
+class ManualWindow
 {
-    Q_OBJECT
-
 public:
-    /** Reads nothing yet. The program has the manual among its resources. */
     ManualWindow();
+    ~ManualWindow();
 
-    /** Lets F1 in @p form, which may go first, show the chapter of that heading. */
+    /** Lets F1 in @p form show the chapter of that heading. This object must live as long as the
+     *  form is used. */
     void offerIn(QWidget &form, QStringView heading);
-    void showChapter(QStringView heading);
-
-protected:
-    void keyPressEvent(QKeyEvent *event) override;
+    /** Shows that chapter to the user of @p form: above other windows if the form stays there. */
+    void showChapter(const QWidget &form, QStringView heading);
 
 private:
-    void goTo(const QString &anchor);
+    std::unique_ptr<QTextBrowser> m_browser; ///< null until it is asked for
 };
 
 } // namespace saldoro

@@ -41,7 +41,8 @@ namespace {
 void startSaldoro(const QString &code)
 {
     const QString name = u"Saldoro"_s;
-    QString program = QStandardPaths::findExecutable(name, {qApp->applicationDirPath()});
+    const QString ownFolder = QCoreApplication::applicationDirPath();
+    QString program = QStandardPaths::findExecutable(name, {ownFolder});
     if (program.isEmpty())
         program = QStandardPaths::findExecutable(name);
     if (program.isEmpty() || !StartDetached(program, {LaunchToken.toString() + code}))
@@ -71,7 +72,7 @@ FrmAppalti::FrmAppalti()
                                [this] { createContract(); }));
     last->addStretch(1);
     last->addWidget(MakeButton(u"Manuale"_s, u"&Manuale"_s, u"Mostra il manuale (F1)"_s,
-                               [this] { m_manual.showChapter(ManualChapter::Contracts); }));
+                               [this] { m_manual.showChapter(*this, ManualChapter::Contracts); }));
     last->addWidget(
         MakeButton(u"Chiudi"_s, u"C&hiudi"_s, u"Chiude questa finestra"_s, [this] { close(); }));
     auto *whole = new QVBoxLayout(this);

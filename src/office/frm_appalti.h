@@ -50,6 +50,7 @@ private:
     QString root() const;
     QString currentFolder() const;
 
+    /** Shows a form, in which F1 leads to that chapter. */
     void openForm(QWidget &form, QStringView chapter);
 
     FlexGrid *m_grid;
