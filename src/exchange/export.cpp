@@ -166,7 +166,7 @@ void RefuseUnfinishedExport(const QString &csvFolder)
 
 QString ExportProject(const QString &projectFolder, const QString &csvFolder, bool overwrite)
 {
-    const QString folder = QFileInfo(csvFolder).isDir() ? csvFolder : MachinePath(csvFolder);
+    const QString folder = GivenFolder(csvFolder);
     if (!overwrite)
         RefuseUnfinishedExport(folder);
     QStringList paths;

@@ -7,8 +7,8 @@ namespace saldoro {
 /**
  * Writes the eight tables of a project as CSV files in the Italian notation, in UTF-8 with a mark,
  * each database as it stands at one moment. Returns one line for each table: rows, total, columns
- * left out. A first line tells of an earlier export that was cut short. Both folders are paths of
- * the machine; that of the files is made when it is not there.
+ * left out. A first line tells of an earlier export that was cut short. Both folders are as
+ * GivenFolder() takes them; that of the files is made when it is not there.
  *
  * Throws SaldoroError, with no file changed, for a file that is there already or the mark of an
  * export that was cut short (unless @p overwrite), for a stored value that a CSV cell can't

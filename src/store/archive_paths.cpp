@@ -61,9 +61,14 @@ QString ArchiveFilePath(ArchiveFile file, const QString &folder)
     return MachinePath(QDir::cleanPath(place) % u'/' % names.at(static_cast<size_t>(file)));
 }
 
+QString GivenFolder(const QString &given)
+{
+    return QFileInfo(given).isDir() ? given : MachinePath(given);
+}
+
 QString ExistingFolder(const QString &given)
 {
-    QString folder = QFileInfo(given).isDir() ? given : MachinePath(given);
+    QString folder = GivenFolder(given);
     if (!QFileInfo(folder).isDir())
         throw FileError(folder, u"La cartella non esiste, o non può essere aperta."_s,
                         u"Controllare il nome della cartella e i permessi."_s);

@@ -67,8 +67,10 @@ QString UpdateFolder(const ProgramValues &values);
  * The databases of a project that is named by its folder, a path of the machine.
  */
 
-/** The folder as given, or the one of that name in other letter case. Throws FileError when there
- *  is none. */
+/** A folder that the user names, as a path of the machine: as it stands if there is one, else as
+ *  MachinePath() reads it, with other letter case and "\" between folders. */
+QString GivenFolder(const QString &given);
+/** The same. Throws FileError when there is none. */
 QString ExistingFolder(const QString &given);
 
 /** A database of the project, found in any letter case; the code map lies beside the folder of the
