@@ -86,19 +86,19 @@ QString MisreadLine(const QString &typed, TypedNotation notation)
         number.prepend(u'-');
     const bool isComma = notation == TypedNotation::Comma;
     const bool hasGroups = isGrouped(number) || number.count(u'.') > 1;
+    const bool hasOtherMarks =
+        isComma ? number.contains(u'.') && !isGrouped(number)
+                : number.contains(u',') || (notation == TypedNotation::Point && hasGroups);
     const QString worth = TypedWorth(typed, notation);
     QString meant = worth;
     QString wayOut;
     QString plain = number;
     if (isComma)
         PuntoDecimale(plain);
-    if (isComma && (isNegative || (number.contains(u'.') && !isGrouped(number)))) {
+    if (isNegative || hasOtherMarks) {
         plain = meantPlain(number);
-        wayOut = meant = TypedWorth(plain, TypedNotation::Point);
-    } else if (!isComma && (isNegative || number.contains(u',') ||
-                            (notation == TypedNotation::Point && hasGroups))) {
-        wayOut = plain = meantPlain(number);
-        meant = TypedWorth(plain, notation);
+        meant = TypedWorth(plain, isComma ? TypedNotation::Point : notation);
+        wayOut = isComma ? meant : plain;
     }
     if (meant != worth)
         return u"%1 vale %2, non %3. Scrivere %4"_s.arg(quoted(typed), worth, meant, wayOut);
