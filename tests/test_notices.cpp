@@ -152,9 +152,9 @@ P Text2_4:10400.00 -> Somma soggetta a R.A.: «10400.00» vale 1.040.000,00
 P @Text2_3:5 Text2_0:7,00 total:7,00 -> -> va perso: uscendo dal campo torna 7,00
 P Text2_0:9,00 Text2_1:22 Text2_2:1,00 -> Importo IVA: 1,00 non torna, il 22% di 9,00 è 1,98: riscriverla
 A @Text2_0:9.00 Text2_1:22 Text2_2:1,00 total:10,00 -> è 1,98: ripassare l'aliquota -> 9,00
-A Text2_0:9,00 @Text2_1:10 before:10 Text2_2:1,00 total:9,90 -> Importo IVA: uscendo dal campo in cui si è, 1,00 diventa 0,90 -> 10
-P @Text4_0:0.00 before:0,00 Text2_0:9,00 Text2_3:9,00 Text5_2:9,00 total:9,00 -> Iva: uscendo dal campo in cui si è, 9,00 diventa 0,00, da|Fattura: 9,00 è rim -> 0,00
-P @Text4_0:0.00 before:0,00 Text2_4:50,00 -> soggetta a R.A.: uscendo dal campo in cui si è, 50,00 diventa 0,00 -> 0,00
+A Text2_0:9,00 @Text2_1:10 before:10 Text2_2:1,00 total:9,90 -> Importo IVA: uscendo dal campo attivo 1,00 diventa 0,90 -> 10
+P @Text4_0:0.00 before:0,00 Text2_0:9,00 Text2_3:9,00 Text5_2:9,00 total:9,00 -> Iva: uscendo dal campo attivo 9,00 diventa 0,00, da|Fattura: 9,00 è rim -> 0,00
+P @Text4_0:0.00 before:0,00 Text2_4:50,00 -> soggetta a R.A.: uscendo dal campo attivo 50,00 diventa 0,00 -> 0,00
 P @Text4_0:5.00 before:0,00 Text2_4:5.00 Text5_0:20 Text5_1:1,00 -> «5.00» vale 500,00 -> 5,00
 P @Text4_2:1 before:2,00 Text4_0:7,00 Text2_0:9,00 Text2_3:8,00 Text5_2:8,00 total:8,00 -> -> 1,00
 P @Text4_1:2 Text2_0:7,00 Text4_0:7,00 Text2_3:9,00 Text5_2:9,00 total:9,00 -> -> 2,00

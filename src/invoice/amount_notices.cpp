@@ -106,8 +106,8 @@ struct AmountNotices
                     FormatImporto(then.amount(base)), due, wayOut));
     }
 
-    /** Tells that an amount which is not what the focused field made of it, by hand or as it was
-     *  imported, is about to give way to the computed one. */
+    /** Tells that leaving the focused field will replace an amount that was typed by hand or
+     *  imported by the computed one. */
     void tellOverwritten(Amount held, Amount focused, Currency (*computed)(const AmountTexts &))
     {
         if (!isFocused(chain.at(focused)))
@@ -118,12 +118,12 @@ struct AmountNotices
         const QString next = then.text(held);
         if (text.isEmpty() || isWorth(text, next) || isWorth(text, FormatImporto(computed(before))))
             return;
+        // The VAT may still be that of the taxable amount before its correction.
         const QString base = state.past.value(Importo).before;
-        before.setText(Importo, base); // of which the amount may be, before that was changed
+        before.setText(Importo, base);
         if (base.isEmpty() || !isWorth(text, FormatImporto(computed(before))))
             add(Danger, held,
-                u"uscendo dal campo in cui si è, %1 diventa %2, da riscrivere poi"_s.arg(text,
-                                                                                         next));
+                u"uscendo dal campo attivo %1 diventa %2, da riscrivere poi"_s.arg(text, next));
     }
 
     void tellOverwrittenAmounts()
