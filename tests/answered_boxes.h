@@ -14,7 +14,7 @@ public:
     AnsweredBoxes()
         : m_before(ReplaceMessageBoxes([this](MessageKind kind, const QString &text) {
             messages += (kind == MessageKind::Critical ? QStringLiteral("!") : QString()) + text;
-            return saysYes;
+            return kind == MessageKind::Question && saysYes;
         }))
     {
     }
