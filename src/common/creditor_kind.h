@@ -16,8 +16,8 @@ enum class CreditorKind
 /** The text that a kind is stored as. */
 QString KindCode(CreditorKind kind);
 
-/** The kind that is stored as @p code; none for any other text, a lower-case one included, which a
- *  query for the kind finds all the same. */
+/** The kind that is stored as @p code; none for any other text. A lower-case one is none here,
+ *  though a query for the kind finds it. */
 std::optional<CreditorKind> KindOfCode(const QString &code);
 
 } // namespace saldoro

@@ -69,12 +69,12 @@ struct Connection::Engine
     Engine &operator=(const Engine &) = delete;
     ~Engine() { sqlite3_close(handle); }
 
-    /** A slow disk takes time, too, but has the engine look far less often. */
+    /** A statement that waits for a slow disk makes few steps, and so few looks. */
     static int isTooLate(void *reading)
     {
-        constexpr int mostLooks = 1000;
+        constexpr int leastLooks = 1000;
         auto &engine = *static_cast<Engine *>(reading);
-        return ++engine.looks > mostLooks && std::chrono::steady_clock::now() > engine.end ? 1 : 0;
+        return ++engine.looks > leastLooks && std::chrono::steady_clock::now() > engine.end ? 1 : 0;
     }
 };
 

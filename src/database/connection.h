@@ -17,7 +17,7 @@ enum class FileAccess
     Create, ///< as ReadWrite; the file is empty and becomes a database without tables
     ReadWrite,
     ReadOnly,
-    InMemory ///< an empty database; errors name the file, which is there and not empty
+    InMemory ///< an empty database; errors name the file, which must exist and not be empty
 };
 
 /** Makes a new, empty file, to become a database by FileAccess::Create. Throws FileExists, also
@@ -60,8 +60,8 @@ public:
     /** The row id of the record that was added last. */
     qint64 lastRowId() const;
 
-    /** Starts the time that one statement may take. The engine gives up when it is over, unless it
-     *  went by in waiting for the disk. */
+    /** Starts the time that one statement may take. The engine gives up when it is over, unless
+     *  the disk took most of it. */
     void startClock() const;
 
     /** Replaces the content of @p copy by that of this file and flushes it to the disk. */

@@ -22,8 +22,8 @@ class Connection;
  * file also throws FileError when a write-ahead log of another one lies beside it. Where a function
  * of the floors above opens a file and promises DatabaseError, that FileError passes, too. Other
  * programs of the suite use the same files: every action waits for a file that is locked, up to
- * LockWaitMilliseconds, before it throws Locked. One whose statement takes more than some 20
- * seconds, not counting a slow disk, throws Endless.
+ * LockWaitMilliseconds, before it throws Locked. One whose statement keeps the engine at work
+ * for more than some 20 seconds throws Endless.
  */
 class Database
 {

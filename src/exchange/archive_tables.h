@@ -15,8 +15,9 @@ namespace saldoro {
 struct ExchangedTable
 {
     TableDef definition;
-    QStringList neededFields; ///< that a header must name; which values may lack: typed_rows
-    // A list that belongs to no database leaves these as they are.
+    /** Fields that a header must name. Which of their values may be missing: typed_rows. */
+    QStringList neededFields;
+    // Unused in a list that belongs to no database.
     ArchiveFile archive = {};
     QStringList keyFields = {}; ///< that identify a row
 

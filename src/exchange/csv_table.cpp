@@ -143,8 +143,8 @@ int rowAboveHeader(const QList<CellRow> &rows, CellColumns columns, const Exchan
     return 0;
 }
 
-/** Adds the amounts of an Italian file that are in doubt. They come behind the faults that are
- *  there: of many only some are shown, and the doubt may go with one of those. */
+/** Adds as faults the amounts of an Italian file that may be meant in the other notation. They come
+ *  behind the sure faults: of many faults only the first are shown. */
 void addDoubts(QList<CellRow> rows, const CellColumns &columns, const ExchangedTable &table,
                const TableDef &stored, QList<CellFault> &faults)
 {

@@ -46,7 +46,7 @@ bool MayMean(const QString &name, const QString &field);
 /** Looks among the first MostHeaderRows for the one that names the needed fields of @p table, in
  *  any letter case. Names much like them ("Descrizione" for Descri) count less, as guesses. */
 CellColumns FindColumns(const QList<CellRow> &rows, const ExchangedTable &table);
-inline constexpr qsizetype MostHeaderRows = 20; ///< that are looked at, also for the separator
+inline constexpr qsizetype MostHeaderRows = 20; ///< that are looked at, for the separator too
 
 /** As FindColumns(), for a header that was not written for this program. Where another column is
  *  headed for the code, "Voce" means the description; `missing`, `unknown` and `guesses` are

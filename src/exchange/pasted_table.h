@@ -35,10 +35,10 @@ struct PastedRow
  * without one it is the order of the needed fields. The user can say otherwise. After each change
  * every row is judged again.
  *
- * When all amounts turn out to be in the international notation they are rewritten in the Italian
- * one, also in rows that stay out. A column that is no longer the one of the amounts gets its cells
- * back as they were. When amounts come in both notations "250.125" is a fault; correcting other
- * cells does not make it sure.
+ * When all amounts of the source turn out to be in the international notation they are rewritten in
+ * the Italian one, also in rows that stay out. A column that is no longer the one of the amounts
+ * gets its cells back as they were. When amounts come in both notations "250.125" is a fault;
+ * correcting other cells does not make it sure.
  *
  * A cell of several lines becomes one line; where it may hold members, with ";" between them.
  */

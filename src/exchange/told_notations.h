@@ -13,7 +13,7 @@ struct CellRow;
 struct ExchangedTable;
 
 /** The notations that amounts and days in the rows behind the header tell, each by a cell that the
- *  other can't read. What one cell is worth: exchange/cell_values. PastedTable rewrites the cells.
+ *  other can't read. What one cell is worth: cell_values. Who rewrites pasted cells: PastedTable.
  */
 std::set<Notation> ToldNotations(const QList<CellRow> &rows, const CellColumns &columns,
                                  const ExchangedTable &table);

@@ -50,8 +50,8 @@ protected:
 
 private:
     void addGrid();
-    /** From here on typing opens the editor again, see m_isFocusTakenBack: the user has turned to
-     *  the grid, or has left it. */
+    /** Ends m_isFocusTakenBack whenever the user turns to the grid or leaves it: typing then opens
+     *  the editor again. */
     void expectTyping();
     void addEditor();
     void addPickList();

@@ -38,8 +38,8 @@ enum class AmountRole
 enum class Reach
 {
     InTurn,   ///< by Enter and Tab
-    OnRequest ///< only by mnemonic or click: a derived field that is not shown anew when it is
-              ///< left, so passing through it would change its value
+    OnRequest ///< only by mnemonic or click, for a derived field that leaving does not turn back
+              ///< into display form: merely passing through it would change its text
 };
 
 /** All that there is to know of one amount field of an invoice form. */

@@ -12,8 +12,8 @@ class FieldNavigation;
 
 /**
  * The block of amount fields of an invoice form: one column of right-aligned boxes beside their
- * labels, those that the form computes being tinted. What the boxes read is the state; one
- * that is entered turns into plain form, and the chain says what leaving one does to all.
+ * labels, those that the form computes being tinted. What the boxes read is the state. A box
+ * that gets the focus turns into plain form; what leaving it does to all: AmountChain.
  */
 class AmountFields : public QGroupBox
 {

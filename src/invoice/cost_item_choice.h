@@ -26,7 +26,7 @@ QList<OfferedItem> ItemsOnOffer(const TextTable &overview, const TextTable &grid
 /** Starts an insertion: an empty row, whose first cell becomes current. */
 void BeginInsertion(TextTable &grid);
 /** Puts the item into the last row and makes its amount current, for the editor to open on. Its
- *  code is PickedCode(). False, with nothing done, where that is empty: it is no choice. */
+ *  code is PickedCode(). False, with nothing done, when that is empty. */
 bool PickItem(TextTable &grid, const OfferedItem &item);
 /** Ends an insertion, with an item picked or without: an empty last row goes, the last row's amount
  *  becomes current. */

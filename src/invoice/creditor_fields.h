@@ -50,7 +50,7 @@ private:
     void preparePickList();
 
     FieldNavigation &m_navigation;
-    PopupList *m_list; ///< made before the creditor, so that Tab gets to it before him
+    PopupList *m_list; ///< made before m_creditor, so that Tab reaches it first
     EntryField *m_creditor;
     QHBoxLayout *m_buttons;
     QWidget *m_lastButton; ///< in the Tab order; the list while there is none

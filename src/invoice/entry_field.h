@@ -11,7 +11,7 @@ inline constexpr QStringView WidestAmount = u"999.999.999,99";
 int BoxWidth(const QWidget &box, QStringView widest);
 
 /**
- * A line edit for one line of text, of at most so many characters and without line ends and tabs.
+ * A line edit for one line of text with a bounded number of characters, without line ends and tabs.
  * Of what is pasted, dropped or written by a screen reader, line ends and tabs at the ends go, a
  * run of them inside becomes one blank, and as much is taken as fits. A text that was dragged here
  * and changed in this way also stays where it came from.

@@ -44,7 +44,7 @@ void tellDate(const QString &shown, const QString &left, const QString &field, N
     if (day.isValid() && day.year() < 2000 && typed.size() < EmptyDateText.size())
         all.tell(Caution, field,
                  u"«%1» vale %2. Scrivere l'anno intero"_s.arg(typed, FormatData(day)));
-    // The box takes no digit too many: who types one more before the year has such a year.
+    // Such a year comes from a digit too many, or of two that changed places.
     else if (day.isValid() && (day.year() < 1900 || day.year() > 2099))
         all.tell(Caution, field, u"L'anno è il %1: se è un errore, correggerlo"_s.arg(day.year()));
 }

@@ -23,8 +23,8 @@ void fillPayment(RecordSet &payments, const PaymentRecord &record)
     payments.set(u"Npag"_s, record.number);
     payments.set(u"Creditore"_s, TextOrNull(record.creditore));
     payments.set(u"NFat"_s, record.nFat);
-    // As a day: a column of texts would keep dd/MM/yyyy, which no list could read again. A stored
-    // one that the box would not let go, of a year below 100, is a day, too.
+    // As a day: a column of texts would keep dd/MM/yyyy, which no list could read again. Not by
+    // DayInBox(), for which a stored year below 100 is no date.
     const QDate day = QDate::fromString(record.del, u"dd/MM/yyyy"_s);
     payments.set(u"Del"_s, record.del == EmptyDateText ? NewValue() : day);
     payments.set(u"Memo"_s, record.memo);

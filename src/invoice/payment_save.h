@@ -16,8 +16,8 @@ namespace saldoro {
  *
  * The stored description of a cost item is cut to its column, that of the mandate note by
  * ScriviVoceStringa(). Any other text longer than its column throws FieldTooSmall before its own
- * row is written, and the day TypeMismatch where its column is not one of days. Errors pass, with
- * the detail "Pagamento"; rows written before stay.
+ * row is written, and the day TypeMismatch when it is none, or its column is not one of days.
+ * Errors pass, with the detail "Pagamento"; rows written before stay.
  */
 void SavePagamento(ProgramValues &values, const PaymentRecord &record, const TextTable &grid);
 

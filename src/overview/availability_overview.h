@@ -6,8 +6,8 @@
 
 namespace saldoro {
 
-/** Cuts the table down to its header: five columns with their headings. Their widths:
- *  frm_principale. */
+/** Cuts the table down to its header: five columns with their headings. frm_principale sets
+ *  their widths. */
 void PrepareAvailabilityOverview(TextTable &overview);
 
 /**

@@ -15,8 +15,8 @@ inline constexpr int Importo = 3;
 inline constexpr int Euro = 4;
 } // namespace PaymentColumn
 
-/** Cuts the table down to its header: five columns with their headings. Their widths:
- *  frm_principale. */
+/** Cuts the table down to its header: five columns with their headings. frm_principale sets
+ *  their widths. */
 void PreparePaymentsList(TextTable &payments);
 
 /** The payments of the ledger in the order of their numbers. A ledger that can't be opened, or
